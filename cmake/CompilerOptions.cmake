@@ -1,0 +1,22 @@
+# The one INTERFACE target that every target of ours links: language level, warnings, Qt's
+# strictness macros, sanitizers.
+add_library(ostrel_options INTERFACE)
+target_compile_features(ostrel_options INTERFACE cxx_std_20)
+target_compile_options(ostrel_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
+    -Woverloaded-virtual -Wnull-dereference -Wformat=2 -fno-omit-frame-pointer)
+target_compile_definitions(ostrel_options INTERFACE
+    QT_NO_CAST_FROM_ASCII
+    QT_NO_CAST_TO_ASCII
+    QT_NO_CAST_FROM_BYTEARRAY
+    QT_NO_URL_CAST_FROM_STRING
+    QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
+    QT_NO_KEYWORDS
+    QT_NO_FOREACH
+    QT_STRICT_ITERATORS)
+if(OSTREL_SANITIZE)
+    target_compile_options(ostrel_options INTERFACE -fsanitize=${OSTREL_SANITIZE} -fno-sanitize-recover=all)
+    target_link_options(ostrel_options INTERFACE -fsanitize=${OSTREL_SANITIZE})
+endif()
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)

@@ -1,0 +1,35 @@
+# One folder = one library. A folder's headers are found by base name, and only by those who link
+# its target, so the link lists below src/ are the layer diagram.
+#
+#   ostrel_library(model SOURCES Monitor.cpp … PUBLIC Qt6::Core PRIVATE simdjson::simdjson)
+function(ostrel_library name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+    add_library(ostrel_${name} STATIC ${ARG_SOURCES})
+    add_library(ostrel::${name} ALIAS ostrel_${name})
+    set_target_properties(ostrel_${name} PROPERTIES AUTOMOC ON)
+    target_include_directories(ostrel_${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(ostrel_${name} PUBLIC ${ARG_PUBLIC} PRIVATE ostrel_options ${ARG_PRIVATE})
+endfunction()
+
+# A GoogleTest program, each of whose tests is a test of CTest's.
+#
+#   ostrel_test(MonitorTest SOURCES MonitorTest.cpp LIBRARIES ostrel::model [TIMEOUT seconds]
+#               [LABELS …] [RUN_SERIAL])
+#
+# A program named in LABELS as "serial-…" or given RUN_SERIAL runs alone: use it for tests that
+# assert on a clock.
+function(ostrel_test name)
+    cmake_parse_arguments(ARG "RUN_SERIAL" "TIMEOUT" "SOURCES;LIBRARIES;LABELS" ${ARGN})
+    if(NOT ARG_TIMEOUT)
+        set(ARG_TIMEOUT 60)
+    endif()
+    add_executable(${name} ${ARG_SOURCES})
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+    target_link_libraries(${name} PRIVATE ostrel_options ${ARG_LIBRARIES} ostrel_test_main GTest::gmock GTest::gtest)
+    gtest_discover_tests(${name}
+        TEST_PREFIX ${name}.
+        DISCOVERY_TIMEOUT 60
+        PROPERTIES TIMEOUT ${ARG_TIMEOUT} LABELS "${ARG_LABELS}" RUN_SERIAL ${ARG_RUN_SERIAL}
+                   ENVIRONMENT "TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/tsan.supp")
+endfunction()
+include(GoogleTest)

@@ -1,0 +1,1 @@
+#include "JsonReader.h"

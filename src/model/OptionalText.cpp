@@ -1,0 +1,24 @@
+#include "OptionalText.h"
+
+namespace ostrel {
+
+OptionalText::OptionalText(const QString &text) : m_text(new Text(text)) {}
+
+OptionalText::OptionalText(const std::optional<QString> &text)
+    : m_text(text ? new Text(*text) : nullptr)
+{
+}
+
+QString OptionalText::value_or(const QString &fallback) const
+{
+    return m_text ? m_text->text : fallback;
+}
+
+bool operator==(const OptionalText &left, const OptionalText &right)
+{
+    if (!left.m_text || !right.m_text)
+        return !left.m_text && !right.m_text;
+    return left.m_text->text == right.m_text->text;
+}
+
+} // namespace ostrel

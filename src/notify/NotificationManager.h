@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Monitor.h"
+#include "NotificationCenter.h"
+#include "OptionalText.h"
+
+namespace ostrel {
+
+/// Composes the four kinds of notification and posts them. When to notify is not its business.
+/// Main thread only; holds no state.
+class NotificationManager
+{
+public:
+    /// @p center outlives the manager.
+    explicit NotificationManager(NotificationCenter &center);
+
+    void notifyDown(const Monitor &monitor, const OptionalText &error);
+    void notifyRecovery(const Monitor &monitor, Milliseconds responseTime);
+    void notifySlow(const Monitor &monitor, Milliseconds responseTime, Milliseconds threshold);
+    /// @p days until the certificate's expiry, negative when that is past.
+    void notifyCertificateExpiring(const Monitor &monitor, qint64 days);
+
+private:
+    NotificationCenter &m_center;
+};
+
+} // namespace ostrel

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "LoginItem.h"
+#include "NotificationCenter.h"
+#include "SingleInstance.h"
+#include "TerminationSignal.h"
+#include "WakeSignal.h"
+
+#include <functional>
+#include <memory>
+
+namespace ostrel {
+
+/// Shows a notification by the interface's own means, for desktops without a service for it.
+using NotificationPresenter = std::function<void(const NotificationRequest &)>;
+
+// The implementations of the ports that this build was configured for (OSTREL_PLATFORM). None of
+// these blocks, whatever the desktop lacks.
+
+[[nodiscard]] std::unique_ptr<NotificationCenter>
+makeNotificationCenter(NotificationPresenter presenter);
+[[nodiscard]] std::unique_ptr<WakeSignal> makeWakeSignal();
+[[nodiscard]] std::unique_ptr<LoginItem> makeLoginItem();
+/// @p storageDir exists.
+[[nodiscard]] std::unique_ptr<SingleInstance> makeSingleInstance(const QString &storageDir);
+[[nodiscard]] std::unique_ptr<TerminationSignal> makeTerminationSignal();
+
+} // namespace ostrel

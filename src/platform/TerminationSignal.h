@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QObject>
+
+namespace ostrel {
+
+/// Tells, on the main thread, that the system asks the program to end (SIGTERM, SIGINT).
+class TerminationSignal : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+Q_SIGNALS:
+    void terminationRequested();
+};
+
+} // namespace ostrel

@@ -1,0 +1,1 @@
+#include "OstrelApp.h"

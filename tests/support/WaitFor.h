@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QEventLoop>
+
+#include <chrono>
+
+namespace ostrel::test {
+
+/// Runs the event loop until @p condition holds; false where it doesn't within @p patience.
+template<typename Condition>
+[[nodiscard]] bool waitFor(Condition condition,
+                           std::chrono::milliseconds patience = std::chrono::seconds(10))
+{
+    const QDeadlineTimer deadline(patience);
+    while (!condition()) {
+        if (deadline.hasExpired())
+            return false;
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    return true;
+}
+
+} // namespace ostrel::test
