@@ -1,1 +1,156 @@
 #include "HttpCheck.h"
+
+#include "Address.h"
+#include "CertificateDays.h"
+#include "KeywordSearch.h"
+#include "NotificationManager.h"
+#include "SSLCaptureDelegate.h"
+#include "TransferTimeout.h"
+
+#include <QThreadPool>
+
+#include <utility>
+
+namespace ostrel {
+
+namespace {
+
+bool wantsKeyword(const Monitor &monitor)
+{
+    return monitor.keyword && !monitor.keyword->isEmpty();
+}
+
+HttpRequest makeRequest(const Monitor &monitor, const QUrl &url,
+                        const std::shared_ptr<TlsDelegate> &delegate)
+{
+    return {
+        .url = url.toEncoded(),
+        .method = rawValue(monitor.method).toLatin1(),
+        .userAgent = HttpCheck::userAgent,
+        .timeout = transferTimeout(monitor.timeout),
+        .bodyLimit = wantsKeyword(monitor) ? HttpCheck::searchedBodyLimit : 0,
+        .tlsDelegate = delegate,
+    };
+}
+
+/// Whether the body holds the monitor's keyword; nothing where there is none to look for or no
+/// text to look in.
+std::optional<bool> findKeyword(const Monitor &monitor, const HttpResult &result)
+{
+    if (!result.hasResponse || !wantsKeyword(monitor))
+        return std::nullopt;
+    const auto extent = result.isBodyTruncated ? BodyExtent::truncated : BodyExtent::complete;
+    const auto text = decodeBody(result.body, extent);
+    if (!text)
+        return std::nullopt;
+    return containsKeyword(*text, *monitor.keyword);
+}
+
+/// A site that asks for credentials, or forbids the anonymous client, is alive.
+bool isUpStatus(int statusCode)
+{
+    return (statusCode >= 200 && statusCode <= 399) || statusCode == 401 || statusCode == 403;
+}
+
+void applyStatusRule(Check &check)
+{
+    check.isUp = isUpStatus(*check.statusCode);
+    if (!check.isUp)
+        check.error = QStringLiteral("HTTP %1").arg(*check.statusCode);
+}
+
+/// A keyword that is missing, or there against the user's wish, turns the check down and takes the
+/// place of a status error; one that is as wished changes nothing.
+void applyKeywordRule(Check &check, const Monitor &monitor)
+{
+    if (!check.keywordFound || *check.keywordFound == monitor.keywordShouldExist)
+        return;
+    check.isUp = false;
+    const QString complaint = monitor.keywordShouldExist
+                                  ? QStringLiteral("Keyword '%1' not found")
+                                  : QStringLiteral("Keyword '%1' found (unexpected)");
+    check.error = complaint.arg(*monitor.keyword);
+}
+
+Check invalidAddressCheck(const Monitor &monitor, Timestamp timestamp)
+{
+    Check check = newCheck(monitor, timestamp);
+    check.error = QStringLiteral("Invalid URL");
+    return check;
+}
+
+} // namespace
+
+/// What one request has brought to light.
+struct HttpCheck::Outcome
+{
+    HttpResult result;
+    std::optional<bool> keywordFound;
+    std::optional<Timestamp> sslExpiresAt;
+};
+
+HttpCheck::HttpCheck(HttpClient &client, NotificationManager &notifications, WallClock now,
+                     QObject *parent)
+    : QObject(parent)
+    , m_client(client)
+    , m_notifications(notifications)
+    , m_now(std::move(now))
+{
+}
+
+QFuture<Check> HttpCheck::run(const Monitor &monitor)
+{
+    const auto url = parseAddress(monitor.url);
+    if (!url)
+        return QtFuture::makeReadyFuture(invalidAddressCheck(monitor, m_now()));
+
+    const auto delegate = std::make_shared<SSLCaptureDelegate>();
+    return m_client
+        .fetch(makeRequest(monitor, *url, delegate))
+        // A large body takes a while to search; neither the I/O thread nor this one waits for it.
+        .then(QThreadPool::globalInstance(),
+              [monitor, delegate](HttpResult result) {
+                  const auto keywordFound = findKeyword(monitor, result);
+                  result.body.clear();
+                  return Outcome{std::move(result), keywordFound, delegate->expiryDate()};
+              })
+        .then(this, [this, monitor](const Outcome &outcome) { return conclude(monitor, outcome); });
+}
+
+Check HttpCheck::conclude(const Monitor &monitor, const Outcome &outcome)
+{
+    Check check = newCheck(monitor, m_now());
+    check.responseTime = Milliseconds(outcome.result.elapsed).count();
+    check.sslExpiresAt = outcome.sslExpiresAt;
+    if (!outcome.result.hasResponse) {
+        check.error = outcome.result.error;
+        return check;
+    }
+
+    check.statusCode = outcome.result.statusCode;
+    check.keywordFound = outcome.keywordFound;
+    applyStatusRule(check);
+    applyKeywordRule(check, monitor);
+    notifyIfSlow(monitor, check);
+    notifyIfCertificateExpires(monitor, check);
+    return check;
+}
+
+void HttpCheck::notifyIfSlow(const Monitor &monitor, const Check &check)
+{
+    const Milliseconds responseTime(check.responseTime);
+    const auto &threshold = monitor.responseTimeThreshold;
+    if (check.isUp && threshold && *threshold < responseTime)
+        m_notifications.notifySlow(monitor, responseTime, *threshold);
+}
+
+void HttpCheck::notifyIfCertificateExpires(const Monitor &monitor, const Check &check)
+{
+    if (!check.sslExpiresAt)
+        return;
+    const qint64 days = wholeDaysBetween(m_now(), *check.sslExpiresAt);
+    if (monitor.sslExpiryWarningDays >= days)
+        m_notifications.notifyCertificateExpiring(monitor, days);
+}
+
+} // namespace ostrel

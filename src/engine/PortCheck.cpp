@@ -1,1 +1,62 @@
 #include "PortCheck.h"
+
+#include "Address.h"
+#include "TcpConnector.h"
+#include "TransferTimeout.h"
+
+#include <limits>
+#include <utility>
+
+namespace ostrel {
+
+namespace {
+
+std::optional<quint16> usablePort(const Monitor &monitor)
+{
+    constexpr qint64 highest = std::numeric_limits<quint16>::max();
+    if (!monitor.port || *monitor.port < 1 || *monitor.port > highest)
+        return std::nullopt;
+    return static_cast<quint16>(*monitor.port);
+}
+
+Check invalidPortCheck(const Monitor &monitor, Timestamp timestamp)
+{
+    Check check = newCheck(monitor, timestamp);
+    check.error = QStringLiteral("Invalid host/port");
+    return check;
+}
+
+Check concludedCheck(const Monitor &monitor, quint16 port, const TcpResult &result,
+                     Timestamp timestamp)
+{
+    Check check = newCheck(monitor, timestamp);
+    check.responseTime = Milliseconds(result.elapsed).count();
+    check.isUp = result.isConnected;
+    if (!check.isUp)
+        check.error = QStringLiteral("Port %1 closed or unreachable").arg(port);
+    return check;
+}
+
+} // namespace
+
+PortCheck::PortCheck(TcpConnector &connector, WallClock now, QObject *parent)
+    : QObject(parent)
+    , m_connector(connector)
+    , m_now(std::move(now))
+{
+}
+
+QFuture<Check> PortCheck::run(const Monitor &monitor)
+{
+    const auto port = usablePort(monitor);
+    if (!port)
+        return QtFuture::makeReadyFuture(invalidPortCheck(monitor, m_now()));
+
+    const QString host = hostOf(monitor.url).value_or(monitor.url);
+    return m_connector.connect(host, *port, transferTimeout(monitor.timeout))
+        .then(this, [this, monitor, port = *port](const TcpResult &result) {
+            return concludedCheck(monitor, port, result, m_now());
+        });
+}
+
+} // namespace ostrel

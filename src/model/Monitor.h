@@ -55,21 +55,22 @@ using Milliseconds = std::chrono::duration<double, std::milli>;
 /// One watched endpoint: a plain value, copied freely, identified by `id` alone.
 struct Monitor
 {
-    QUuid id;     ///< Never changes; keys the history.
-    QString name; ///< The user's label; may be empty.
-    QString url;  ///< The full address; for a port monitor, the host or an address that names it.
+    QUuid id;          ///< Never changes; keys the history.
+    QString name = {}; ///< The user's label; may be empty.
+    QString url =
+        {}; ///< The full address; for a port monitor, the host or an address that names it.
     HTTPMethod method = HTTPMethod::GET;
-    Seconds interval{60}; ///< From the end of one check to the start of the next.
-    Seconds timeout{30};  ///< Bounds a whole check.
+    Seconds interval{60};  ///< From the end of one check to the start of the next.
+    Seconds timeout{30};   ///< Bounds a whole check.
     bool isEnabled = true; ///< False while paused.
     bool notifyOnDown = true;
     bool notifyOnRecovery = true;
-    Timestamp createdAt;
+    Timestamp createdAt = {};
     MonitorType type = MonitorType::http;
-    std::optional<QString> keyword;
+    std::optional<QString> keyword = {};
     bool keywordShouldExist = true; ///< False: the keyword's presence is the failure.
-    std::optional<Milliseconds> responseTimeThreshold; ///< Slower than this is worth telling.
-    std::optional<qint64> port;
+    std::optional<Milliseconds> responseTimeThreshold = {}; ///< Slower than this is worth telling.
+    std::optional<qint64> port = {};
     qint64 sslExpiryWarningDays = 14; ///< Whole days before expiry from which on to warn.
 
     bool operator==(const Monitor &) const = default;
