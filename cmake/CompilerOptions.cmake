@@ -3,7 +3,9 @@
 add_library(ostrel_options INTERFACE)
 target_compile_features(ostrel_options INTERFACE cxx_std_20)
 target_compile_options(ostrel_options INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
+    # What the QML compiler generates shadows its own parameters; nothing else is forgiven.
+    $<$<NOT:$<BOOL:$<TARGET_PROPERTY:OSTREL_HAS_GENERATED_QML>>>:-Wshadow>
+    -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wnon-virtual-dtor
     -Woverloaded-virtual -Wnull-dereference -Wformat=2 -fno-omit-frame-pointer)
 target_compile_definitions(ostrel_options INTERFACE
     QT_NO_CAST_FROM_ASCII

@@ -1,1 +1,143 @@
-int main() {}
+#include "CheckCommand.h"
+#include "CommandLine.h"
+#include "HttpCheck.h"
+#include "HttpClient.h"
+#include "IoThread.h"
+#include "NotificationManager.h"
+#include "OstrelApp.h"
+#include "Platform.h"
+#include "PortCheck.h"
+#include "Sleeper.h"
+#include "StatusCommand.h"
+#include "TcpConnector.h"
+
+#include <QApplication>
+#include <QQuickWindow>
+
+#include <cstdio>
+#include <variant>
+
+namespace {
+
+using namespace ostrel;
+using namespace std::chrono_literals;
+
+constexpr int exitFailed = 1;
+
+void print(const QByteArray &text, std::FILE *stream = stdout)
+{
+    std::fwrite(text.constData(), 1, static_cast<std::size_t>(text.size()), stream);
+}
+
+/// The interface needs no more than lines, pictures and text, which are drawn in a fraction of the
+/// memory and time without OpenGL. A user who asks for another renderer gets it.
+void preferSoftwareRenderer()
+{
+    if (!qEnvironmentVariableIsSet("QT_QUICK_BACKEND") &&
+        !qEnvironmentVariableIsSet("QSG_RHI_BACKEND"))
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+}
+
+struct Program
+{
+    int argc;
+    char **argv;
+
+    int operator()(const RunInvocation &invocation)
+    {
+        preferSoftwareRenderer();
+        QApplication application(argc, argv);
+        QApplication::setDesktopFileName(QStringLiteral("ostrel"));
+
+        const auto instance = makeSingleInstance(invocation.dataDir);
+        switch (instance->claim(5s)) {
+        case SingleInstance::Claim::handedOver:
+            return 0;
+        case SingleInstance::Claim::failed:
+            print("ostrel: another Ostrel that doesn't answer uses " +
+                      invocation.dataDir.toLocal8Bit() + ", or the folder can't be used\n",
+                  stderr);
+            return exitFailed;
+        case SingleInstance::Claim::first:
+            break;
+        }
+        return watch(invocation, *instance);
+    }
+
+    int operator()(const CheckInvocation &invocation)
+    {
+        const QCoreApplication application(argc, argv);
+        const Check check = runCheckOnce(invocation);
+        print(describeCheck(invocation, check));
+        return exitCodeOf(check);
+    }
+
+    int operator()(const StatusInvocation &invocation)
+    {
+        print(readStatus(invocation));
+        return 0;
+    }
+
+    int operator()(const AnswerInvocation &invocation)
+    {
+        print(invocation.text.toLocal8Bit());
+        return 0;
+    }
+
+    int operator()(const UnusableInvocation &invocation)
+    {
+        print("ostrel: " + invocation.reason.toLocal8Bit() + "\nTry 'ostrel --help'.\n", stderr);
+        return exitUnusable;
+    }
+
+private:
+    static int watch(const RunInvocation &invocation, SingleInstance &instance)
+    {
+        const auto termination = makeTerminationSignal();
+        const auto notificationCenter = makeNotificationCenter({});
+        const auto wakeSignal = makeWakeSignal();
+        const auto loginItem = makeLoginItem();
+
+        IoThread ioThread;
+        QObject::connect(wakeSignal.get(), &WakeSignal::didWake, &instance,
+                         [&] { ioThread.renewConnections(); });
+        HttpClient httpClient(ioThread);
+        TcpConnector tcpConnector(ioThread);
+        NotificationManager notifications(*notificationCenter);
+        HttpCheck httpCheck(httpClient, notifications);
+        PortCheck portCheck(tcpConnector);
+        TimerSleeper sleeper;
+
+        OstrelApp app(invocation.dataDir, {
+                                              .httpCheck = httpCheck,
+                                              .portCheck = portCheck,
+                                              .notificationCenter = *notificationCenter,
+                                              .notifications = notifications,
+                                              .wakeSignal = *wakeSignal,
+                                              .sleeper = sleeper,
+                                              .loginItem = *loginItem,
+                                          });
+        QObject::connect(&instance, &SingleInstance::activationRequested, &app.delegate(),
+                         &AppDelegate::reopen);
+        QObject::connect(termination.get(), &TerminationSignal::terminationRequested, &app,
+                         &QCoreApplication::quit);
+        return app.show() ? QCoreApplication::exec() : exitFailed;
+    }
+};
+
+QStringList argumentsOf(int argc, char **argv)
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments += QString::fromLocal8Bit(argv[i]);
+    return arguments;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("Ostrel"));
+    QCoreApplication::setApplicationName(QStringLiteral("Ostrel"));
+    return std::visit(Program{argc, argv}, parseCommandLine(argumentsOf(argc, argv)));
+}

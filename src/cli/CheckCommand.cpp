@@ -1,0 +1,110 @@
+#include "CheckCommand.h"
+
+#include "CheckJson.h"
+#include "HttpCheck.h"
+#include "IoThread.h"
+#include "NotificationManager.h"
+#include "PortCheck.h"
+#include "TcpConnector.h"
+
+#include <QEventLoop>
+#include <QFutureWatcher>
+#include <QStringList>
+
+namespace ostrel {
+
+namespace {
+
+/// For a check that nobody is to be notified of.
+class SilentNotificationCenter : public NotificationCenter
+{
+public:
+    void requestAuthorization() override {}
+    void add(const NotificationRequest &) override {}
+};
+
+Check waitForResult(const QFuture<Check> &future)
+{
+    QEventLoop loop;
+    QFutureWatcher<Check> watcher;
+    QObject::connect(&watcher, &QFutureWatcherBase::finished, &loop, &QEventLoop::quit);
+    watcher.setFuture(future);
+    if (!future.isFinished())
+        loop.exec();
+    return future.result();
+}
+
+QString milliseconds(double value)
+{
+    return QString::asprintf("%.0f ms", value);
+}
+
+QString target(const Monitor &monitor)
+{
+    return monitor.port ? QStringLiteral("%1, port %2").arg(monitor.url).arg(*monitor.port)
+                        : monitor.url;
+}
+
+QString headline(const Monitor &monitor, const Check &check)
+{
+    QStringList parts = {check.isUp ? QStringLiteral("UP  ") : QStringLiteral("DOWN"),
+                         target(monitor)};
+    if (check.statusCode)
+        parts += QStringLiteral("HTTP %1").arg(*check.statusCode);
+    parts += milliseconds(check.responseTime);
+    return parts.join(QStringLiteral("  "));
+}
+
+QStringList details(const Monitor &monitor, const Check &check)
+{
+    QStringList lines;
+    if (check.error)
+        lines += *check.error;
+    const auto &threshold = monitor.responseTimeThreshold;
+    if (check.isUp && threshold && check.responseTime > threshold->count())
+        lines += QStringLiteral("Slow: the threshold is %1").arg(milliseconds(threshold->count()));
+    if (check.keywordFound && !check.error)
+        lines += *check.keywordFound ? QStringLiteral("Keyword found")
+                                     : QStringLiteral("Keyword not found, as wished");
+    if (check.sslExpiresAt)
+        lines += QStringLiteral("Certificate expires %1")
+                     .arg(QString::fromLatin1(formatTimestamp(*check.sslExpiresAt)));
+    return lines;
+}
+
+} // namespace
+
+Check runCheckOnce(const CheckInvocation &invocation)
+{
+    SilentNotificationCenter silence;
+    NotificationManager notifications(silence);
+    IoThread ioThread;
+    HttpClient client(ioThread);
+    TcpConnector connector(ioThread);
+    HttpCheck httpCheck(client, notifications);
+    PortCheck portCheck(connector);
+    MonitorCheck &check = invocation.monitor.type == MonitorType::http
+                              ? static_cast<MonitorCheck &>(httpCheck)
+                              : portCheck;
+    return waitForResult(check.run(invocation.monitor));
+}
+
+QByteArray describeCheck(const CheckInvocation &invocation, const Check &check)
+{
+    if (invocation.format == OutputFormat::json) {
+        std::string json;
+        appendCheck(json, check);
+        return QByteArray::fromStdString(json) + '\n';
+    }
+    QStringList lines = {headline(invocation.monitor, check)};
+    for (const QString &detail : details(invocation.monitor, check))
+        lines += QStringLiteral("      ") + detail;
+    return lines.join(QLatin1Char('\n')).toUtf8() + '\n';
+}
+
+int exitCodeOf(const Check &check)
+{
+    return check.isUp ? exitUp : exitDown;
+}
+
+} // namespace ostrel

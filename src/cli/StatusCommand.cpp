@@ -1,0 +1,135 @@
+#include "StatusCommand.h"
+
+#include "CheckJson.h"
+#include "MonitorStore.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QStringList>
+
+#include <algorithm>
+#include <array>
+
+namespace ostrel {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+struct UptimeWindow
+{
+    const char *name;
+    std::chrono::hours length;
+};
+constexpr std::array uptimeWindows = {UptimeWindow{"24h", 24h}, UptimeWindow{"7d", 7 * 24h},
+                                      UptimeWindow{"30d", 30 * 24h}};
+
+QString statusName(MonitorStatus status)
+{
+    switch (status) {
+    case MonitorStatus::up:
+        return QStringLiteral("up");
+    case MonitorStatus::down:
+        return QStringLiteral("down");
+    case MonitorStatus::paused:
+        return QStringLiteral("paused");
+    case MonitorStatus::pending:
+        return QStringLiteral("pending");
+    }
+    Q_UNREACHABLE();
+}
+
+QJsonObject checkObject(const Check &check)
+{
+    std::string json;
+    appendCheck(json, check);
+    return QJsonDocument::fromJson(QByteArray::fromStdString(json)).object();
+}
+
+QJsonObject uptimeObject(const MonitorStore &store, const Monitor &monitor)
+{
+    QJsonObject uptimes;
+    for (const auto &window : uptimeWindows)
+        uptimes.insert(QLatin1String(window.name), store.uptime(monitor.id, window.length));
+    return uptimes;
+}
+
+QJsonObject monitorObject(const MonitorStore &store, const Monitor &monitor)
+{
+    QJsonObject object{
+        {QStringLiteral("id"), monitor.id.toString(QUuid::WithoutBraces).toUpper()},
+        {QStringLiteral("name"), monitor.displayName()},
+        {QStringLiteral("url"), monitor.url},
+        {QStringLiteral("type"), rawValue(monitor.type)},
+        {QStringLiteral("status"), statusName(store.status(monitor))},
+        {QStringLiteral("uptime"), uptimeObject(store, monitor)},
+    };
+    if (const auto check = store.latestCheck(monitor))
+        object.insert(QStringLiteral("latestCheck"), checkObject(*check));
+    return object;
+}
+
+QString resultText(const std::optional<Check> &check)
+{
+    if (!check)
+        return QStringLiteral("not checked yet");
+    const QString time = QString::fromLatin1(formatTimestamp(check->timestamp));
+    const QString result = check->isUp ? QString::asprintf("%.0f ms", check->responseTime)
+                                       : check->error.value_or(QStringLiteral("Not responding"));
+    return QStringLiteral("%1 at %2").arg(result, time);
+}
+
+QString uptimeText(const MonitorStore &store, const Monitor &monitor)
+{
+    QStringList parts;
+    for (const auto &window : uptimeWindows) {
+        const double share = store.uptime(monitor.id, window.length);
+        parts += QString::asprintf("%s %.1f%%", window.name, share * 100);
+    }
+    return parts.join(QStringLiteral(", "));
+}
+
+QString monitorLine(const MonitorStore &store, const Monitor &monitor, qsizetype nameWidth)
+{
+    return QStringLiteral("%1  %2  %3  %4\n")
+        .arg(statusName(store.status(monitor)).toUpper().leftJustified(7),
+             monitor.displayName().leftJustified(nameWidth), uptimeText(store, monitor),
+             resultText(store.latestCheck(monitor)));
+}
+
+QByteArray describeForPeople(const MonitorStore &store)
+{
+    if (store.monitors().isEmpty())
+        return "No monitors\n";
+    qsizetype nameWidth = 0;
+    for (const Monitor &monitor : store.monitors())
+        nameWidth = std::max(nameWidth, monitor.displayName().size());
+    QString lines;
+    for (const Monitor &monitor : store.monitors())
+        lines += monitorLine(store, monitor, nameWidth);
+    return lines.toUtf8();
+}
+
+QByteArray describeAsJson(const MonitorStore &store)
+{
+    QJsonArray array;
+    for (const Monitor &monitor : store.monitors())
+        array.append(monitorObject(store, monitor));
+    return QJsonDocument(array).toJson(QJsonDocument::Indented);
+}
+
+} // namespace
+
+QByteArray describeStatus(const MonitorStore &store, OutputFormat format)
+{
+    return format == OutputFormat::json ? describeAsJson(store) : describeForPeople(store);
+}
+
+QByteArray readStatus(const StatusInvocation &invocation)
+{
+    const MonitorStore store(invocation.dataDir, MonitorStore::Access::readOnly);
+    return describeStatus(store, invocation.format);
+}
+
+} // namespace ostrel

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "CommandLine.h"
+
+#include <QByteArray>
+
+namespace ostrel {
+
+class MonitorStore;
+
+/// Every monitor of @p store with its status, last result and uptimes over 24 hours, 7 days and 30
+/// days, in the store's order: for people a line each, else a JSON array of objects with the keys
+/// "id", "name", "url", "type", "status", "latestCheck" (left out where there is none), and
+/// "uptime" with "24h", "7d" and "30d" in 0…1. UTF-8, with a newline at the end.
+[[nodiscard]] QByteArray describeStatus(const MonitorStore &store, OutputFormat format);
+
+/// describeStatus of the folder, which is only read.
+[[nodiscard]] QByteArray readStatus(const StatusInvocation &invocation);
+
+} // namespace ostrel

@@ -1,0 +1,34 @@
+import QtQuick
+
+import Ostrel.Theme
+
+Item {
+    id: root
+
+    required property MonitorListModel monitors
+
+    ListView {
+        id: list
+
+        anchors.fill: parent
+        anchors.margins: Theme.pageMargin
+        clip: true
+        focus: true
+        model: root.monitors
+        delegate: MonitorRowView {
+            width: list.width
+        }
+        Accessible.role: Accessible.List
+        Accessible.name: qsTr("Monitors")
+    }
+
+    Text {
+        anchors.centerIn: parent
+        visible: list.count === 0
+        text: qsTr("No monitors")
+        color: Theme.textSecondary
+        font: Theme.bodyFont
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
+    }
+}

@@ -1,0 +1,79 @@
+import QtQuick
+
+import Ostrel.Theme
+
+Item {
+    id: root
+
+    required property string name
+    required property string address
+    required property string statusText
+    required property string resultText
+    required property bool isUp
+    required property bool isDown
+
+    height: Theme.rowHeight
+    Accessible.role: Accessible.ListItem
+    Accessible.name: [name, statusText, resultText].filter(part => part.length > 0).join(", ")
+
+    Rectangle {
+        id: dot
+
+        anchors.verticalCenter: parent.verticalCenter
+        width: Theme.dotSize
+        height: Theme.dotSize
+        radius: Theme.dotSize / 2
+        color: root.isUp ? Theme.statusUp : root.isDown ? Theme.statusDown : Theme.statusMuted
+    }
+
+    Column {
+        anchors.left: dot.right
+        anchors.leftMargin: Theme.spacing
+        anchors.right: state.left
+        anchors.rightMargin: Theme.spacing
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: Theme.tightSpacing
+
+        Text {
+            width: parent.width
+            text: root.name
+            elide: Text.ElideRight
+            color: Theme.textPrimary
+            font: Theme.bodyFont
+        }
+
+        Text {
+            width: parent.width
+            text: root.address
+            elide: Text.ElideMiddle
+            color: Theme.textSecondary
+            font: Theme.captionFont
+        }
+    }
+
+    Column {
+        id: state
+
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        width: parent.width / 2
+        spacing: Theme.tightSpacing
+
+        Text {
+            width: parent.width
+            horizontalAlignment: Text.AlignRight
+            text: root.statusText
+            color: root.isDown ? Theme.statusDown : Theme.textPrimary
+            font: Theme.bodyFont
+        }
+
+        Text {
+            width: parent.width
+            horizontalAlignment: Text.AlignRight
+            elide: Text.ElideRight
+            text: root.resultText
+            color: Theme.textSecondary
+            font: Theme.captionFont
+        }
+    }
+}
