@@ -15,9 +15,7 @@ Item {
         clip: true
         focus: true
         model: root.monitors
-        delegate: MonitorRowView {
-            width: list.width
-        }
+        delegate: MonitorRowView {}
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Monitors")
     }

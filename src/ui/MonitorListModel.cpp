@@ -21,6 +21,12 @@ QString statusText(MonitorStatus status)
     Q_UNREACHABLE();
 }
 
+QString spokenText(QStringList parts)
+{
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral(", "));
+}
+
 } // namespace
 
 MonitorListModel::MonitorListModel(const MonitorStore &store, QObject *parent)
@@ -57,6 +63,8 @@ QVariant MonitorListModel::data(const QModelIndex &index, int role) const
         return statusText(status);
     case resultTextRole:
         return resultText(monitor);
+    case spokenTextRole:
+        return spokenText({monitor.displayName(), statusText(status), resultText(monitor)});
     case isUpRole:
         return status == MonitorStatus::up;
     case isDownRole:
@@ -73,6 +81,7 @@ QHash<int, QByteArray> MonitorListModel::roleNames() const
         {addressRole, "address"},
         {statusTextRole, "statusText"},
         {resultTextRole, "resultText"},
+        {spokenTextRole, "spokenText"},
         {isUpRole, "isUp"},
         {isDownRole, "isDown"},
     };

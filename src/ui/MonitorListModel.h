@@ -23,6 +23,7 @@ public:
         addressRole,
         statusTextRole,
         resultTextRole,
+        spokenTextRole, ///< The row as one sentence.
         isUpRole,
         isDownRole,
     };

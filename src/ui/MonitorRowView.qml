@@ -9,12 +9,14 @@ Item {
     required property string address
     required property string statusText
     required property string resultText
+    required property string spokenText
     required property bool isUp
     required property bool isDown
 
+    width: ListView.view.width
     height: Theme.rowHeight
     Accessible.role: Accessible.ListItem
-    Accessible.name: [name, statusText, resultText].filter(part => part.length > 0).join(", ")
+    Accessible.name: spokenText
 
     Rectangle {
         id: dot

@@ -1,0 +1,54 @@
+#include "CertificateDays.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace ostrel::test {
+
+namespace {
+
+struct Case
+{
+    const char *name;
+    const char *from;
+    const char *to;
+    const char *timeZone;
+    qint64 days;
+};
+
+class CertificateDaysTest : public testing::TestWithParam<Case>
+{
+};
+
+} // namespace
+
+TEST_P(CertificateDaysTest, CountsWholeCalendarDays)
+{
+    const Case &c = GetParam();
+    EXPECT_EQ(wholeDaysBetween(*parseTimestamp(c.from), *parseTimestamp(c.to),
+                               QTimeZone(QByteArray(c.timeZone))),
+              c.days);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, CertificateDaysTest,
+    testing::Values(
+        Case{"ExactlyADay", "2026-01-10T10:00:00Z", "2026-01-11T10:00:00Z", "UTC", 1},
+        Case{"ASecondLess", "2026-01-10T10:00:00Z", "2026-01-11T09:59:59Z", "UTC", 0},
+        Case{"ASecondMore", "2026-01-10T10:00:00Z", "2026-01-11T10:00:01Z", "UTC", 1},
+        Case{"Fourteen", "2026-01-10T10:00:00Z", "2026-01-24T10:00:00Z", "UTC", 14},
+        Case{"Now", "2026-01-10T10:00:00Z", "2026-01-10T10:00:00Z", "UTC", 0},
+        Case{"ExpiredAnHourAgo", "2026-01-10T10:00:00Z", "2026-01-10T09:00:00Z", "UTC", 0},
+        Case{"ExpiredTwoDaysAgo", "2026-01-10T10:00:00Z", "2026-01-08T10:00:00Z", "UTC", -2},
+        Case{"ExpiredNearlyTwoDaysAgo", "2026-01-10T10:00:00Z", "2026-01-08T10:00:01Z", "UTC", -1},
+        Case{"ExpiredOverTwoDaysAgo", "2026-01-10T10:00:00Z", "2026-01-08T09:00:00Z", "UTC", -2},
+        // Clocks go forward on 29 March 2026 in Berlin: that day has 23 hours.
+        Case{"ShortDay", "2026-03-28T11:00:00Z", "2026-03-29T10:00:00Z", "Europe/Berlin", 1},
+        Case{"ShortDayInUtc", "2026-03-28T11:00:00Z", "2026-03-29T10:00:00Z", "UTC", 0},
+        // And back on 25 October: 25 hours.
+        Case{"LongDay", "2026-10-24T10:00:00Z", "2026-10-25T10:59:59Z", "Europe/Berlin", 0},
+        Case{"FarFuture", "2026-01-01T00:00:00Z", "9999-12-31T23:59:59Z", "UTC", 2912443}),
+    [](const auto &info) { return std::string(info.param.name); });
+
+} // namespace ostrel::test

@@ -1,0 +1,86 @@
+#include "EngineFakes.h"
+
+#include <utility>
+
+namespace ostrel::test {
+
+namespace {
+
+Check outcomeOf(const Monitor &monitor, bool isUp)
+{
+    Check check = newCheck(monitor, systemNow());
+    check.isUp = isUp;
+    check.responseTime = 12;
+    if (!isUp)
+        check.error = QStringLiteral("HTTP 503");
+    return check;
+}
+
+} // namespace
+
+Monitor makeMonitor(const QString &name)
+{
+    return {.id = QUuid::createUuid(),
+            .name = name,
+            .url = QStringLiteral("https://shop.example/"),
+            .createdAt = systemNow()};
+}
+
+void ManualSleeper::sleep(Seconds duration, QObject *context, std::function<void()> wake)
+{
+    sleeps.push_back({duration, context, std::move(wake)});
+}
+
+void ManualSleeper::wakeAll()
+{
+    for (const Sleep &sleep : std::exchange(sleeps, {})) {
+        if (sleep.context)
+            sleep.wake();
+    }
+}
+
+QFuture<Check> ScriptedCheck::run(const Monitor &monitor)
+{
+    runs.push_back(monitor);
+    if (m_isHolding) {
+        QPromise<Check> promise;
+        promise.start();
+        auto future = promise.future();
+        m_held.emplace_back(monitor, std::move(promise));
+        return future;
+    }
+    bool isUp = true;
+    if (!m_outcomes.empty()) {
+        isUp = m_outcomes.front();
+        m_outcomes.pop_front();
+    }
+    return QtFuture::makeReadyFuture(outcomeOf(monitor, isUp));
+}
+
+void ScriptedCheck::willBe(std::initializer_list<bool> outcomes)
+{
+    m_outcomes.insert(m_outcomes.end(), outcomes);
+}
+
+void ScriptedCheck::hold()
+{
+    m_isHolding = true;
+}
+
+void ScriptedCheck::finishNext(bool isUp)
+{
+    auto [monitor, promise] = std::move(m_held.front());
+    m_held.pop_front();
+    promise.addResult(outcomeOf(monitor, isUp));
+    promise.finish();
+}
+
+QStringList RecordingNotificationCenter::kinds() const
+{
+    QStringList kinds;
+    for (const NotificationRequest &request : requests)
+        kinds += request.identifier.section(QLatin1Char('-'), 0, 0);
+    return kinds;
+}
+
+} // namespace ostrel::test

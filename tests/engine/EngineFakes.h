@@ -1,0 +1,76 @@
+#pragma once
+
+#include "Check.h"
+#include "Monitor.h"
+#include "MonitorCheck.h"
+#include "NotificationCenter.h"
+#include "Sleeper.h"
+
+#include <QFuture>
+#include <QPointer>
+#include <QPromise>
+#include <QStringList>
+
+#include <deque>
+#include <functional>
+#include <vector>
+
+namespace ostrel::test {
+
+/// A monitor with an id of its own.
+[[nodiscard]] Monitor makeMonitor(const QString &name = QStringLiteral("Shop"));
+
+/// Sleeps that end when the test says so.
+class ManualSleeper : public Sleeper
+{
+public:
+    struct Sleep
+    {
+        Seconds duration;
+        QPointer<QObject> context;
+        std::function<void()> wake;
+    };
+
+    void sleep(Seconds duration, QObject *context, std::function<void()> wake) override;
+
+    /// Ends the sleeps that have begun so far; new ones that begin meanwhile go on.
+    void wakeAll();
+
+    std::vector<Sleep> sleeps;
+};
+
+/// Checks whose outcome the test decides, at once or later.
+class ScriptedCheck : public MonitorCheck
+{
+public:
+    [[nodiscard]] QFuture<Check> run(const Monitor &monitor) override;
+
+    /// The outcomes of the next checks, in order; up once they are used up.
+    void willBe(std::initializer_list<bool> outcomes);
+    /// From now on checks stay under way until finishNext().
+    void hold();
+    void finishNext(bool isUp);
+
+    std::vector<Monitor> runs;
+
+private:
+    std::deque<bool> m_outcomes;
+    bool m_isHolding = false;
+    std::deque<std::pair<Monitor, QPromise<Check>>> m_held;
+};
+
+/// Keeps what was posted.
+class RecordingNotificationCenter : public NotificationCenter
+{
+public:
+    void requestAuthorization() override { ++authorizationRequests; }
+    void add(const NotificationRequest &request) override { requests.push_back(request); }
+
+    /// The identifiers without the monitor's id: "down", "up", "slow", "ssl".
+    [[nodiscard]] QStringList kinds() const;
+
+    std::vector<NotificationRequest> requests;
+    int authorizationRequests = 0;
+};
+
+} // namespace ostrel::test

@@ -1,0 +1,327 @@
+#include "MonitoringEngine.h"
+
+#include "EngineFakes.h"
+#include "MonitorStore.h"
+#include "NotificationManager.h"
+#include "PeriodicTask.h"
+#include "Printers.h"
+#include "WaitFor.h"
+#include "WakeSignal.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace ostrel::test {
+
+namespace {
+
+class MonitoringEngineTest : public testing::Test
+{
+protected:
+    /// Runs the sleeping tasks' next checks.
+    void nextRound()
+    {
+        sleeper.wakeAll();
+        QCoreApplication::processEvents();
+    }
+
+    /// Watches one monitor through @p outcomes, one check each.
+    void runThrough(std::initializer_list<bool> outcomes)
+    {
+        httpCheck.willBe(outcomes);
+        store.addMonitor(monitor);
+        engine.startMonitoring(monitor);
+        for (std::size_t round = 1; round < outcomes.size(); ++round)
+            nextRound();
+    }
+
+    QTemporaryDir folder;
+    MonitorStore store{folder.filePath(QStringLiteral("data"))};
+    ScriptedCheck httpCheck;
+    ScriptedCheck portCheck;
+    RecordingNotificationCenter center;
+    NotificationManager notifications{center};
+    WakeSignal wakeSignal;
+    ManualSleeper sleeper;
+    MonitoringEngine engine{{store, httpCheck, portCheck, notifications, wakeSignal, sleeper}};
+    Monitor monitor = makeMonitor();
+};
+
+const QStringList none;
+
+} // namespace
+
+TEST_F(MonitoringEngineTest, TheFirstCheckIsMadeAtOnceAndRecorded)
+{
+    runThrough({true});
+
+    ASSERT_EQ(store.checks(monitor.id).size(), 1u);
+    EXPECT_TRUE(store.checks(monitor.id).front().isUp);
+    ASSERT_EQ(sleeper.sleeps.size(), 1u);
+    EXPECT_EQ(sleeper.sleeps.front().duration, monitor.interval);
+}
+
+TEST_F(MonitoringEngineTest, TheSecondFailureInARowNotifiesOnce)
+{
+    runThrough({false, false, false, false});
+
+    EXPECT_EQ(store.checks(monitor.id).size(), 4u);
+    ASSERT_EQ(center.kinds(), QStringList{QStringLiteral("down")});
+    EXPECT_EQ(center.requests.front().body, QStringLiteral("HTTP 503"));
+    EXPECT_EQ(engine.consecutiveFailures().value(monitor.id), 4);
+}
+
+TEST_F(MonitoringEngineTest, OneFailureIsNotToldBeforeTheSecond)
+{
+    runThrough({false});
+    EXPECT_EQ(center.kinds(), none);
+
+    httpCheck.willBe({false});
+    nextRound();
+    EXPECT_EQ(center.kinds(), QStringList{QStringLiteral("down")});
+}
+
+TEST_F(MonitoringEngineTest, SingleFailuresNeverNotify)
+{
+    runThrough({false, true, false, true});
+    EXPECT_EQ(store.checks(monitor.id).size(), 4u);
+    EXPECT_EQ(center.kinds(), none);
+}
+
+TEST_F(MonitoringEngineTest, RecoveryAfterAnOutageIsToldOnce)
+{
+    runThrough({false, false, true, true});
+
+    EXPECT_EQ(center.kinds(), QStringList({QStringLiteral("down"), QStringLiteral("up")}));
+    EXPECT_EQ(center.requests.back().body, QStringLiteral("Responding in 12ms"));
+    ASSERT_TRUE(engine.consecutiveFailures().contains(monitor.id));
+    EXPECT_EQ(engine.consecutiveFailures().value(monitor.id), 0);
+}
+
+TEST_F(MonitoringEngineTest, WithoutNotifyOnDownTheOutageIsCountedAndItsEndTold)
+{
+    monitor.notifyOnDown = false;
+    runThrough({false, false});
+    EXPECT_EQ(engine.consecutiveFailures().value(monitor.id), 2);
+    EXPECT_EQ(center.kinds(), none);
+
+    nextRound();
+    EXPECT_EQ(center.kinds(), QStringList{QStringLiteral("up")});
+}
+
+TEST_F(MonitoringEngineTest, WithoutNotifyOnRecoveryTheEndIsNotTold)
+{
+    monitor.notifyOnRecovery = false;
+    runThrough({false, false, true});
+    EXPECT_EQ(center.kinds(), QStringList{QStringLiteral("down")});
+}
+
+TEST_F(MonitoringEngineTest, StartingTwiceDoesNothingTheSecondTime)
+{
+    store.addMonitor(monitor);
+    engine.start();
+    EXPECT_TRUE(engine.isRunning());
+    auto *task = engine.tasks().value(monitor.id);
+
+    engine.start();
+    EXPECT_EQ(engine.tasks().value(monitor.id), task);
+    EXPECT_EQ(httpCheck.runs.size(), 1u);
+}
+
+TEST_F(MonitoringEngineTest, StartWatchesTheEnabledMonitorsInTheStoresOrder)
+{
+    Monitor paused = makeMonitor(QStringLiteral("Paused"));
+    paused.isEnabled = false;
+    const Monitor second = makeMonitor(QStringLiteral("Second"));
+    for (const Monitor &each : {monitor, paused, second})
+        store.addMonitor(each);
+
+    engine.start();
+
+    ASSERT_EQ(httpCheck.runs.size(), 2u);
+    EXPECT_EQ(httpCheck.runs.at(0), monitor);
+    EXPECT_EQ(httpCheck.runs.at(1), second);
+    EXPECT_EQ(engine.tasks().size(), 2);
+    EXPECT_FALSE(engine.tasks().contains(paused.id));
+}
+
+TEST_F(MonitoringEngineTest, StartMonitoringADisabledMonitorOnlyStopsIt)
+{
+    runThrough({true});
+    monitor.isEnabled = false;
+    store.updateMonitor(monitor);
+    engine.startMonitoring(monitor);
+
+    EXPECT_TRUE(engine.tasks().isEmpty());
+    nextRound();
+    EXPECT_EQ(httpCheck.runs.size(), 1u);
+}
+
+TEST_F(MonitoringEngineTest, CheckNowChecksAPausedMonitorAndRecordsIt)
+{
+    monitor.isEnabled = false;
+    store.addMonitor(monitor);
+    engine.checkNow(monitor);
+
+    EXPECT_EQ(store.checks(monitor.id).size(), 1u);
+    EXPECT_TRUE(engine.tasks().isEmpty());
+    EXPECT_TRUE(sleeper.sleeps.empty());
+}
+
+TEST_F(MonitoringEngineTest, AWakeChecksEveryEnabledMonitorOnceMoreAtOnce)
+{
+    Monitor paused = makeMonitor(QStringLiteral("Paused"));
+    paused.isEnabled = false;
+    const Monitor second = makeMonitor(QStringLiteral("Second"));
+    for (const Monitor &each : {monitor, paused, second})
+        store.addMonitor(each);
+    engine.start();
+    const auto sleepsBefore = sleeper.sleeps.size();
+
+    Q_EMIT wakeSignal.didWake();
+
+    EXPECT_EQ(store.checks(monitor.id).size(), 2u);
+    EXPECT_EQ(store.checks(second.id).size(), 2u);
+    EXPECT_TRUE(store.checks(paused.id).empty());
+    EXPECT_EQ(sleeper.sleeps.size(), sleepsBefore) << "the periodic tasks keep their own timing";
+}
+
+TEST_F(MonitoringEngineTest, TheTypeDecidesWhichCheckRuns)
+{
+    monitor.type = MonitorType::port;
+    runThrough({true});
+    EXPECT_EQ(portCheck.runs.size(), 1u);
+    EXPECT_TRUE(httpCheck.runs.empty());
+}
+
+TEST_F(MonitoringEngineTest, EditsInTheStoreReachTheNextCheckAndTheIntervalOnlyANewTask)
+{
+    runThrough({true});
+    Monitor edited = monitor;
+    edited.url = QStringLiteral("https://other.example/");
+    edited.interval = Seconds(900);
+    store.updateMonitor(edited);
+    nextRound();
+
+    EXPECT_EQ(httpCheck.runs.back(), edited);
+    EXPECT_EQ(sleeper.sleeps.back().duration, monitor.interval);
+
+    engine.startMonitoring(edited);
+    EXPECT_EQ(sleeper.sleeps.back().duration, edited.interval);
+}
+
+TEST_F(MonitoringEngineTest, TheFirstCheckUsesTheGivenCopyWithoutAskingTheStore)
+{
+    engine.startMonitoring(monitor);
+    ASSERT_EQ(httpCheck.runs.size(), 1u);
+    EXPECT_EQ(httpCheck.runs.front(), monitor);
+}
+
+TEST_F(MonitoringEngineTest, ATaskWhoseMonitorIsGoneOrDisabledSkipsTheCheckAndGoesOnSleeping)
+{
+    runThrough({true});
+    store.deleteMonitor(monitor.id);
+    nextRound();
+    EXPECT_EQ(httpCheck.runs.size(), 1u);
+    ASSERT_EQ(sleeper.sleeps.size(), 1u);
+
+    store.addMonitor(monitor);
+    nextRound();
+    EXPECT_EQ(httpCheck.runs.size(), 2u);
+
+    monitor.isEnabled = false;
+    store.updateMonitor(monitor);
+    nextRound();
+    EXPECT_EQ(httpCheck.runs.size(), 2u);
+    EXPECT_EQ(sleeper.sleeps.size(), 1u);
+}
+
+TEST_F(MonitoringEngineTest, AStoppedMonitorsCheckInProgressIsStillRecorded)
+{
+    httpCheck.hold();
+    store.addMonitor(monitor);
+    engine.startMonitoring(monitor);
+    engine.stopMonitoring(monitor);
+    httpCheck.finishNext(true);
+
+    EXPECT_TRUE(waitFor([&] { return store.checks(monitor.id).size() == 1; }));
+    EXPECT_TRUE(engine.tasks().isEmpty());
+    EXPECT_TRUE(sleeper.sleeps.empty()) << "nothing goes on after that check";
+}
+
+TEST_F(MonitoringEngineTest, ADeletedMonitorsLateResultBringsBackNeitherMonitorNorTask)
+{
+    httpCheck.hold();
+    store.addMonitor(monitor);
+    engine.startMonitoring(monitor);
+    engine.stopMonitoring(monitor);
+    store.deleteMonitor(monitor.id);
+    httpCheck.finishNext(true);
+
+    EXPECT_TRUE(waitFor([&] { return store.checks(monitor.id).size() == 1; }))
+        << "a check of an unknown monitor is kept all the same";
+    EXPECT_TRUE(store.monitors().isEmpty());
+    EXPECT_TRUE(engine.tasks().isEmpty());
+    EXPECT_TRUE(sleeper.sleeps.empty());
+}
+
+TEST_F(MonitoringEngineTest, PausingKeepsTheFailureCount)
+{
+    runThrough({false, false});
+    engine.stopMonitoring(monitor);
+    httpCheck.willBe({false, true});
+    engine.startMonitoring(monitor);
+    EXPECT_EQ(center.kinds(), QStringList{QStringLiteral("down")}) << "not reported again";
+
+    nextRound();
+    EXPECT_EQ(center.kinds(), QStringList({QStringLiteral("down"), QStringLiteral("up")}));
+}
+
+TEST_F(MonitoringEngineTest, RestartingReplacesTheTask)
+{
+    runThrough({true});
+    engine.startMonitoring(monitor);
+    EXPECT_EQ(engine.tasks().size(), 1);
+    EXPECT_EQ(httpCheck.runs.size(), 2u);
+
+    nextRound();
+    EXPECT_EQ(httpCheck.runs.size(), 3u) << "the task that was replaced ended in its sleep";
+}
+
+TEST_F(MonitoringEngineTest, AResultThatDeletesItsMonitorIsHarmless)
+{
+    QObject::connect(&store, &MonitorStore::checksChanged, &engine, [&](const QUuid &id) {
+        if (id == monitor.id && !store.monitors().isEmpty()) {
+            engine.stopMonitoring(monitor);
+            store.deleteMonitor(monitor.id);
+        }
+    });
+    runThrough({true});
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+    EXPECT_TRUE(store.monitors().isEmpty());
+    EXPECT_TRUE(engine.tasks().isEmpty());
+}
+
+TEST_F(MonitoringEngineTest, ChangesOfItsFieldsAreAnnounced)
+{
+    int running = 0;
+    int tasks = 0;
+    int failures = 0;
+    QObject::connect(&engine, &MonitoringEngine::isRunningChanged, [&] { ++running; });
+    QObject::connect(&engine, &MonitoringEngine::tasksChanged, [&] { ++tasks; });
+    QObject::connect(&engine, &MonitoringEngine::consecutiveFailuresChanged, [&] { ++failures; });
+    store.addMonitor(monitor);
+    engine.start();
+
+    EXPECT_EQ(running, 1);
+    EXPECT_EQ(tasks, 2) << "one for the stop that every start begins with";
+    EXPECT_EQ(failures, 1);
+
+    engine.stopMonitoring(monitor);
+    engine.stopMonitoring(monitor);
+    EXPECT_EQ(tasks, 4) << "also where there was nothing to stop";
+}
+
+} // namespace ostrel::test
