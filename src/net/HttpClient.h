@@ -19,7 +19,7 @@ struct HttpRequest
     QByteArray method; ///< "GET", "HEAD" or "POST"; a POST carries no body.
     QByteArray userAgent;
     std::chrono::milliseconds timeout; ///< Bounds the whole exchange: look-up, all hops, the body.
-    qsizetype bodyLimit = 0; ///< How much of the body to keep, in bytes after decoding.
+    qsizetype bodyLimit = 0;           ///< How much of the body to keep, in bytes after decoding.
     std::shared_ptr<TlsDelegate> tlsDelegate; ///< May be null.
 };
 
