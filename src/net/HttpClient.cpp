@@ -35,7 +35,7 @@ bool isFetched(CURLU *url)
 QString refusalOf(const QByteArray &address)
 {
     const CurlUrl url(curl_url());
-    if (address.contains('\0'))
+    if (address.isEmpty() || address.contains('\0'))
         return malformedAddress();
     switch (curl_url_set(url.get(), CURLUPART_URL, address.constData(), 0)) {
     case CURLUE_OK:

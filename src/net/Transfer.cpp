@@ -29,7 +29,7 @@ CURL *Transfer::beginAnew(const TrustStore &trustStore)
 
 void Transfer::end(CURLcode code)
 {
-    report(code, elapsed());
+    report(code, elapsed(code));
 }
 
 QString Transfer::errorText(CURLcode code) const
@@ -75,10 +75,13 @@ milliseconds Transfer::timeLeft() const
     return std::max(m_timeout - spent, milliseconds(1));
 }
 
-microseconds Transfer::elapsed() const
+microseconds Transfer::elapsed(CURLcode code) const
 {
-    // The library's clock stops when the transfer ends. Ours would also count the other transfers
-    // that were served in the same turn of the loop.
+    // The library's clock stops when a transfer succeeds; ours also counts the others that were
+    // served in the same turn of the loop. But the library's isn't stopped by every failure: after
+    // a failed look-up it shows the time at which the look-up began.
+    if (code != CURLE_OK)
+        return duration_cast<microseconds>(Clock::now() - m_clockStart);
     curl_off_t sinceLastBeginning = 0;
     curl_easy_getinfo(m_handle.get(), CURLINFO_TOTAL_TIME_T, &sinceLastBeginning);
     return duration_cast<microseconds>(m_lastBeginning - m_clockStart) +

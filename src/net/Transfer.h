@@ -53,7 +53,7 @@ private:
     [[nodiscard]] CURL *beginAt(Clock::time_point now, const TrustStore &trustStore);
     void setCommonOptions(std::chrono::milliseconds timeout);
     [[nodiscard]] std::chrono::milliseconds timeLeft() const;
-    [[nodiscard]] std::chrono::microseconds elapsed() const;
+    [[nodiscard]] std::chrono::microseconds elapsed(CURLcode code) const;
 
     std::chrono::milliseconds m_timeout;
     Clock::time_point m_clockStart;
