@@ -31,8 +31,14 @@ class CompactOptional
 public:
     constexpr CompactOptional() = default;
     constexpr CompactOptional(std::nullopt_t) {}
-    constexpr CompactOptional(T value) : m_value(value) {}
-    constexpr CompactOptional(std::optional<T> value) : m_value(value.value_or(absent)) {}
+    constexpr CompactOptional(T value)
+        : m_value(value)
+    {
+    }
+    constexpr CompactOptional(std::optional<T> value)
+        : m_value(value.value_or(absent))
+    {
+    }
 
     [[nodiscard]] constexpr bool has_value() const { return m_value != absent; }
     constexpr explicit operator bool() const { return has_value(); }

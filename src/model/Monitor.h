@@ -59,8 +59,8 @@ struct Monitor
     QString name; ///< The user's label; may be empty.
     QString url;  ///< The full address; for a port monitor, the host or an address that names it.
     HTTPMethod method = HTTPMethod::GET;
-    Seconds interval{60}; ///< From the end of one check to the start of the next.
-    Seconds timeout{30};  ///< Bounds a whole check.
+    Seconds interval{60};  ///< From the end of one check to the start of the next.
+    Seconds timeout{30};   ///< Bounds a whole check.
     bool isEnabled = true; ///< False while paused.
     bool notifyOnDown = true;
     bool notifyOnRecovery = true;

@@ -2,7 +2,10 @@
 
 namespace ostrel {
 
-OptionalText::OptionalText(const QString &text) : m_text(new Text(text)) {}
+OptionalText::OptionalText(const QString &text)
+    : m_text(new Text(text))
+{
+}
 
 OptionalText::OptionalText(const std::optional<QString> &text)
     : m_text(text ? new Text(*text) : nullptr)

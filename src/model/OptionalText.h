@@ -27,7 +27,10 @@ public:
 private:
     struct Text : QSharedData
     {
-        explicit Text(const QString &value) : text(value) {}
+        explicit Text(const QString &value)
+            : text(value)
+        {
+        }
         QString text;
     };
     QExplicitlySharedDataPointer<const Text> m_text;

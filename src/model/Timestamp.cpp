@@ -31,8 +31,8 @@ void putDigits(char *text, int count, int value)
 
 bool hasSeparators(std::string_view text)
 {
-    return text[4] == '-' && text[7] == '-' && text[10] == 'T' && text[13] == ':'
-        && text[16] == ':' && text[19] == 'Z';
+    return text[4] == '-' && text[7] == '-' && text[10] == 'T' && text[13] == ':' &&
+           text[16] == ':' && text[19] == 'Z';
 }
 
 sys_seconds clampToStoredYears(sys_seconds second)
