@@ -17,14 +17,14 @@ struct Check
 {
     QUuid id;
     QUuid monitorId;
-    Timestamp timestamp;                ///< When the check was made.
-    CompactOptional<qint32> statusCode; ///< HTTP; absent where no response arrived.
+    Timestamp timestamp;                     ///< When the check was made.
+    CompactOptional<qint32> statusCode = {}; ///< HTTP; absent where no response arrived.
     bool isUp = false;
-    std::optional<bool> keywordFound; ///< Absent where no keyword was looked for.
-    double responseTime = 0;          ///< Milliseconds, also of a failed attempt.
-    OptionalText error;               ///< One line; absent when all was well.
-    CompactOptional<Timestamp>
-        sslExpiresAt; ///< The leaf certificate's not-after, where one was seen.
+    std::optional<bool> keywordFound = {}; ///< Absent where no keyword was looked for.
+    double responseTime = 0;               ///< Milliseconds, also of a failed attempt.
+    OptionalText error = {};               ///< One line; absent when all was well.
+    /// The leaf certificate's not-after, where one was seen.
+    CompactOptional<Timestamp> sslExpiresAt = {};
 
     bool operator==(const Check &) const = default;
 };
