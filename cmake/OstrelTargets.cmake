@@ -16,8 +16,7 @@ endfunction()
 #   ostrel_test(MonitorTest SOURCES MonitorTest.cpp LIBRARIES ostrel::model [TIMEOUT seconds]
 #               [LABELS …] [RUN_SERIAL])
 #
-# A program named in LABELS as "serial-…" or given RUN_SERIAL runs alone: use it for tests that
-# assert on a clock.
+# With RUN_SERIAL each runs alone: for tests of what a clock shows.
 function(ostrel_test name)
     cmake_parse_arguments(ARG "RUN_SERIAL" "TIMEOUT" "SOURCES;LIBRARIES;LABELS" ${ARGN})
     if(NOT ARG_TIMEOUT)
@@ -26,10 +25,14 @@ function(ostrel_test name)
     add_executable(${name} ${ARG_SOURCES})
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
     target_link_libraries(${name} PRIVATE ostrel_options ${ARG_LIBRARIES} ostrel_test_main GTest::gmock GTest::gtest)
-    gtest_discover_tests(${name}
-        TEST_PREFIX ${name}.
-        DISCOVERY_TIMEOUT 60
-        PROPERTIES TIMEOUT ${ARG_TIMEOUT} LABELS "${ARG_LABELS}" RUN_SERIAL ${ARG_RUN_SERIAL}
-                   ENVIRONMENT "TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/tsan.supp")
+    set(properties TIMEOUT ${ARG_TIMEOUT}
+        ENVIRONMENT TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/tsan.supp)
+    if(ARG_RUN_SERIAL)
+        list(APPEND properties RUN_SERIAL TRUE)
+    endif()
+    if(ARG_LABELS)
+        list(APPEND properties LABELS "${ARG_LABELS}")
+    endif()
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES ${properties})
 endfunction()
 include(GoogleTest)

@@ -9,6 +9,7 @@
 #include "PortCheck.h"
 #include "Sleeper.h"
 #include "StatusCommand.h"
+#include "StorageFolder.h"
 #include "TcpConnector.h"
 
 #include <QApplication>
@@ -49,6 +50,7 @@ struct Program
         QApplication application(argc, argv);
         QApplication::setDesktopFileName(QStringLiteral("ostrel"));
 
+        createPrivateFolder(invocation.dataDir);
         const auto instance = makeSingleInstance(invocation.dataDir);
         switch (instance->claim(5s)) {
         case SingleInstance::Claim::handedOver:

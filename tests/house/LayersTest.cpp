@@ -29,7 +29,8 @@ const QHash<QString, QStringList> &allowedFolders()
         {QStringLiteral("engine"),
          {QStringLiteral("model"), QStringLiteral("store"), QStringLiteral("net"),
           QStringLiteral("notify")}},
-        {QStringLiteral("platform"), {QStringLiteral("notify"), QStringLiteral("engine")}},
+        {QStringLiteral("platform"),
+         {QStringLiteral("model"), QStringLiteral("notify"), QStringLiteral("engine")}},
         {QStringLiteral("cli"), belowPlatform},
         {QStringLiteral("ui"), belowPlatform + QStringList{QStringLiteral("platform")}},
     };
