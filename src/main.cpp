@@ -13,10 +13,14 @@
 #include "TcpConnector.h"
 
 #include <QApplication>
+#include <QQmlExtensionPlugin>
 #include <QQuickWindow>
 
 #include <cstdio>
 #include <variant>
+
+Q_IMPORT_QML_PLUGIN(OstrelPlugin)
+Q_IMPORT_QML_PLUGIN(Ostrel_ThemePlugin)
 
 namespace {
 
