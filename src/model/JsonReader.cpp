@@ -131,12 +131,11 @@ bool skipValue(JsonValue &value)
     return skip(value, 0);
 }
 
-std::optional<std::size_t> keyIndex(ondemand::field &field, std::span<const std::string_view> keys,
-                                    std::size_t expected)
+std::optional<std::size_t> findKey(ondemand::field &field, std::span<const std::string_view> keys)
 {
-    for (std::size_t i = expected; i < expected + keys.size(); ++i) {
-        if (field.key().unsafe_is_equal(keys[i % keys.size()]))
-            return i % keys.size();
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        if (field.key().unsafe_is_equal(keys[i]))
+            return i;
     }
     // An escape in a key hides it from the comparison of raw texts.
     const auto key = valueOf(field.unescaped_key());

@@ -32,11 +32,19 @@ using JsonValue = simdjson::ondemand::value;
 [[nodiscard]] bool skipValue(JsonValue &value);
 
 /// The place in @p keys of the key of @p field, or the number of keys where it is none of them.
-/// The search begins at @p expected, so that keys in their usual order are found at once. Nothing
-/// for a malformed key.
-[[nodiscard]] std::optional<std::size_t> keyIndex(simdjson::ondemand::field &field,
-                                                  std::span<const std::string_view> keys,
-                                                  std::size_t expected);
+/// Nothing for a malformed key.
+[[nodiscard]] std::optional<std::size_t> findKey(simdjson::ondemand::field &field,
+                                                 std::span<const std::string_view> keys);
+
+/// As findKey(), for a key that is likely the one at @p expected.
+[[nodiscard]] inline std::optional<std::size_t> keyIndex(simdjson::ondemand::field &field,
+                                                         std::span<const std::string_view> keys,
+                                                         std::size_t expected)
+{
+    if (expected < keys.size() && field.key().unsafe_is_equal(keys[expected]))
+        return expected;
+    return findKey(field, keys);
+}
 
 /// Whether nothing follows what has been read of @p document.
 [[nodiscard]] bool isAtEnd(simdjson::ondemand::document &document);

@@ -9,15 +9,12 @@ namespace {
 
 using namespace std::chrono;
 
-/// The value of the @p count decimal digits at @p text, or -1 where there is anything else.
+/// The value of the @p count decimal digits at @p text.
 int digits(const char *text, int count)
 {
     int value = 0;
-    for (int i = 0; i < count; ++i) {
-        if (text[i] < '0' || text[i] > '9')
-            return -1;
+    for (int i = 0; i < count; ++i)
         value = value * 10 + (text[i] - '0');
-    }
     return value;
 }
 
@@ -27,6 +24,15 @@ void putDigits(char *text, int count, int value)
         text[i] = static_cast<char>('0' + value % 10);
         value /= 10;
     }
+}
+
+bool hasDigits(std::string_view text)
+{
+    constexpr std::size_t positions[] = {0, 1, 2, 3, 5, 6, 8, 9, 11, 12, 14, 15, 17, 18};
+    bool areDigits = true;
+    for (const std::size_t position : positions)
+        areDigits &= text[position] >= '0' && text[position] <= '9';
+    return areDigits;
 }
 
 bool hasSeparators(std::string_view text)
@@ -69,7 +75,7 @@ QByteArray formatTimestamp(Timestamp timestamp)
 
 std::optional<Timestamp> parseTimestamp(std::string_view text)
 {
-    if (text.size() != storedTimestampLength || !hasSeparators(text))
+    if (text.size() != storedTimestampLength || !hasSeparators(text) || !hasDigits(text))
         return std::nullopt;
 
     const int yearNumber = digits(text.data(), 4);
@@ -78,8 +84,6 @@ std::optional<Timestamp> parseTimestamp(std::string_view text)
     const int hour = digits(text.data() + 11, 2);
     const int minute = digits(text.data() + 14, 2);
     const int second = digits(text.data() + 17, 2);
-    if (std::min({yearNumber, monthNumber, dayNumber, hour, minute, second}) < 0)
-        return std::nullopt;
     if (hour > 23 || minute > 59 || second > 59)
         return std::nullopt;
 

@@ -2,7 +2,6 @@
 
 #include <QByteArrayView>
 
-#include <algorithm>
 #include <cstdint>
 
 namespace ostrel {
@@ -10,7 +9,7 @@ namespace ostrel {
 namespace {
 
 constexpr std::size_t uuidBytes = 16;
-constexpr std::uint8_t noDigit = 0xff;
+constexpr std::uint8_t noDigit = 0x10; // a bit that no digit's value has
 
 constexpr std::array<std::uint8_t, 256> hexDigitValues = [] {
     std::array<std::uint8_t, 256> values{};
@@ -59,14 +58,14 @@ std::optional<QUuid> parseUuid(std::string_view text)
         return std::nullopt;
 
     std::array<std::uint8_t, uuidBytes> bytes{};
-    std::uint8_t highest = 0;
+    unsigned bits = 0;
     for (std::size_t i = 0; i < uuidBytes; ++i) {
-        const std::uint8_t high = hexDigit(text[digitPositions[i]]);
-        const std::uint8_t low = hexDigit(text[digitPositions[i] + 1U]);
-        highest = std::max({highest, high, low});
+        const unsigned high = hexDigit(text[digitPositions[i]]);
+        const unsigned low = hexDigit(text[digitPositions[i] + 1U]);
+        bits |= high | low;
         bytes[i] = static_cast<std::uint8_t>(high << 4 | low);
     }
-    if (highest == noDigit)
+    if ((bits & noDigit) != 0)
         return std::nullopt;
     return QUuid::fromRfc4122(QByteArrayView(bytes.data(), qsizetype(bytes.size())));
 }
