@@ -163,13 +163,14 @@ public:
     {
         std::size_t expected = 0;
         for (auto member : object) {
-            ondemand::field field;
-            if (std::move(member).get(field) != SUCCESS)
+            if (member.error() != SUCCESS)
                 return false;
-            const auto key = keyIndex(field, checkKeys, expected);
-            if (!key || !readMember(*key, field.value()))
+            // Not moved out: copying a field stalls on its own stores.
+            ondemand::field &field = member.value_unsafe();
+            const std::size_t key = findKey(field, checkKeys, expected);
+            if (key == malformedKey || !readMember(key, field.value()))
                 return false;
-            expected = *key + 1;
+            expected = key == unknownKey ? expected : key + 1;
         }
         return (m_seen & requiredKeys) == requiredKeys;
     }
@@ -191,18 +192,19 @@ private:
             m_compactLength += checkKeys[key].size() + token.size() + punctuation;
         else
             m_isPlain = false;
-        m_seen |= 1U << key;
+        m_seen |= bitOf(key);
         return readField(m_check, key, value);
     }
 
     bool isPlainMember(std::size_t key, std::string_view token) const
     {
-        if (key >= checkKeys.size() || (m_seen & 1U << key) != 0 || isBlank(token.back()))
+        if (key == unknownKey || (m_seen & bitOf(key)) != 0 || isBlank(token.back()))
             return false;
         const bool isUuid = key <= std::size_t(CheckKey::monitorId);
         return !isUuid || (token.size() == uuidTextLength + 2 && !hasLowerCase(token));
     }
 
+    static KeySet bitOf(std::size_t key) { return key == unknownKey ? 0 : 1U << key; }
     static bool isBlank(char character) { return character <= ' ' && character >= 0; }
 
     static constexpr std::size_t punctuation = 4; // quotes, colon, and a comma or the brace

@@ -9,14 +9,31 @@ namespace {
 
 using namespace std::chrono;
 
-/// The value of the @p count decimal digits at @p text.
-int digits(const char *text, int count)
+/// Reads the two-digit numbers of a date.
+class DigitReader
 {
-    int value = 0;
-    for (int i = 0; i < count; ++i)
-        value = value * 10 + (text[i] - '0');
-    return value;
-}
+public:
+    explicit DigitReader(std::string_view text)
+        : m_text(text)
+    {
+    }
+
+    [[nodiscard]] int twoDigits(std::size_t position)
+    {
+        const int tens = m_text[position] - '0';
+        const int ones = m_text[position + 1] - '0';
+        // Without a branch: a million of these are read at the start.
+        m_areDigits &= (static_cast<unsigned>(tens) <= 9) & (static_cast<unsigned>(ones) <= 9);
+        return tens * 10 + ones;
+    }
+
+    /// Whether all characters so far were digits.
+    [[nodiscard]] bool areDigits() const { return m_areDigits != 0; }
+
+private:
+    std::string_view m_text;
+    unsigned m_areDigits = 1;
+};
 
 void putDigits(char *text, int count, int value)
 {
@@ -24,15 +41,6 @@ void putDigits(char *text, int count, int value)
         text[i] = static_cast<char>('0' + value % 10);
         value /= 10;
     }
-}
-
-bool hasDigits(std::string_view text)
-{
-    constexpr std::size_t positions[] = {0, 1, 2, 3, 5, 6, 8, 9, 11, 12, 14, 15, 17, 18};
-    bool areDigits = true;
-    for (const std::size_t position : positions)
-        areDigits &= text[position] >= '0' && text[position] <= '9';
-    return areDigits;
 }
 
 bool hasSeparators(std::string_view text)
@@ -75,16 +83,17 @@ QByteArray formatTimestamp(Timestamp timestamp)
 
 std::optional<Timestamp> parseTimestamp(std::string_view text)
 {
-    if (text.size() != storedTimestampLength || !hasSeparators(text) || !hasDigits(text))
+    if (text.size() != storedTimestampLength || !hasSeparators(text))
         return std::nullopt;
 
-    const int yearNumber = digits(text.data(), 4);
-    const int monthNumber = digits(text.data() + 5, 2);
-    const int dayNumber = digits(text.data() + 8, 2);
-    const int hour = digits(text.data() + 11, 2);
-    const int minute = digits(text.data() + 14, 2);
-    const int second = digits(text.data() + 17, 2);
-    if (hour > 23 || minute > 59 || second > 59)
+    DigitReader reader(text);
+    const int yearNumber = reader.twoDigits(0) * 100 + reader.twoDigits(2);
+    const int monthNumber = reader.twoDigits(5);
+    const int dayNumber = reader.twoDigits(8);
+    const int hour = reader.twoDigits(11);
+    const int minute = reader.twoDigits(14);
+    const int second = reader.twoDigits(17);
+    if (!reader.areDigits() || hour > 23 || minute > 59 || second > 59)
         return std::nullopt;
 
     const year_month_day date(year(yearNumber), month(static_cast<unsigned>(monthNumber)),
