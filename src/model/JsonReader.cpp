@@ -119,9 +119,10 @@ std::optional<qint64> readInteger(JsonValue &value)
     if (const auto integer = valueOf(value.get_int64()))
         return *integer;
 
-    constexpr double bound = 9223372036854775808.0; // 2^63, the first that 64 bits can't hold
+    // 2^63, which 64 bits can't hold. Its negative they can, but what lies below rounds to it too.
+    constexpr double bound = 9223372036854775808.0;
     const auto number = readNumber(value);
-    if (!number || *number != std::trunc(*number) || *number < -bound || *number >= bound)
+    if (!number || *number != std::trunc(*number) || *number <= -bound || *number >= bound)
         return std::nullopt;
     return static_cast<qint64>(*number);
 }
@@ -131,18 +132,21 @@ bool skipValue(JsonValue &value)
     return skip(value, 0);
 }
 
-std::optional<std::size_t> keyIndex(ondemand::field &field, std::span<const std::string_view> keys,
-                                    std::size_t expected)
+std::size_t findKey(ondemand::field &field, std::span<const std::string_view> keys,
+                    std::size_t expected)
 {
-    for (std::size_t i = expected; i < expected + keys.size(); ++i) {
-        if (field.key().unsafe_is_equal(keys[i % keys.size()]))
-            return i % keys.size();
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        const std::size_t index =
+            expected + i < keys.size() ? expected + i : expected + i - keys.size();
+        if (field.key().unsafe_is_equal(keys[index]))
+            return index;
     }
     // An escape in a key hides it from the comparison of raw texts.
     const auto key = valueOf(field.unescaped_key());
     if (!key)
-        return std::nullopt;
-    return std::size_t(std::ranges::find(keys, *key) - keys.begin());
+        return malformedKey;
+    const auto found = std::ranges::find(keys, *key);
+    return found == keys.end() ? unknownKey : std::size_t(found - keys.begin());
 }
 
 bool isAtEnd(ondemand::document &document)
