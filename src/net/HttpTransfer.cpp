@@ -11,8 +11,8 @@ namespace ostrel {
 namespace {
 
 /// The library reads up to a hundred buffers of a body in one go, with no look at the time-out,
-/// while every other transfer waits. Of the smallest size, so that even gzip, which makes at most a
-/// thousandfold of them, is done in a fraction of a second.
+/// while every other transfer waits. Of the smallest size, so that even with gzip, which makes at
+/// most a thousandfold of them, that is done in a fraction of a second.
 constexpr long receiveBufferSize = 1024;
 
 /// The most that a body may grow by in one turn of the loop: more than gzip can make of what is
@@ -38,7 +38,7 @@ void HttpTransfer::setUp(CURL *handle, const TrustStore &trustStore)
 {
     m_body.clear();
     m_isBodyTruncated = false;
-    m_isBomb = false;
+    m_refusal = CURLE_OK;
     curl_easy_setopt(handle, CURLOPT_URL, m_request.url.constData());
     curl_easy_setopt(handle, CURLOPT_USERAGENT, m_request.userAgent.constData());
     curl_easy_setopt(handle, CURLOPT_PROTOCOLS_STR, "http,https");
@@ -68,9 +68,11 @@ void HttpTransfer::report(CURLcode code, std::chrono::microseconds elapsed)
         result.body = std::move(m_body);
         result.isBodyTruncated = m_isBodyTruncated;
     } else {
-        result.error = m_isBomb ? QString::fromUtf8(curl_easy_strerror(CURLE_BAD_CONTENT_ENCODING))
-                                : errorText(code);
+        result.error = m_refusal == CURLE_OK ? errorText(code)
+                                             : QString::fromUtf8(curl_easy_strerror(m_refusal));
     }
+    // Whoever waits for the result may count on being the last to hold the delegate.
+    m_request.tlsDelegate.reset();
     m_promise.addResult(std::move(result));
     m_promise.finish();
 }
@@ -79,7 +81,9 @@ std::size_t HttpTransfer::didReceiveBody(char *bytes, std::size_t size, std::siz
                                          void *self)
 {
     auto *transfer = static_cast<HttpTransfer *>(self);
-    return transfer->keep(bytes, static_cast<qsizetype>(size * count)) ? size * count : 0;
+    transfer->keep(bytes, static_cast<qsizetype>(size * count));
+    transfer->m_refusal = transfer->refusal();
+    return transfer->m_refusal == CURLE_OK ? size * count : 0;
 }
 
 CURLcode HttpTransfer::didCreateTlsContext(CURL *handle, void *context, void *self)
@@ -120,14 +124,19 @@ void HttpTransfer::setTls(CURL *handle, const TrustStore &trustStore)
     curl_easy_setopt(handle, CURLOPT_SSL_CTX_DATA, this);
 }
 
-bool HttpTransfer::keep(const char *bytes, qsizetype count)
+void HttpTransfer::keep(const char *bytes, qsizetype count)
 {
     const qsizetype kept = std::clamp<qsizetype>(m_request.bodyLimit - m_body.size(), 0, count);
     m_body.append(bytes, kept);
     m_isBodyTruncated = m_isBodyTruncated || kept < count;
     m_bytesInTurn += count;
-    m_isBomb = m_bytesInTurn > maxBytesInTurn;
-    return !m_isBomb;
+}
+
+CURLcode HttpTransfer::refusal() const
+{
+    if (m_bytesInTurn > maxBytesInTurn)
+        return CURLE_BAD_CONTENT_ENCODING;
+    return isOverdue() ? CURLE_OPERATION_TIMEDOUT : CURLE_OK;
 }
 
 } // namespace ostrel

@@ -27,14 +27,15 @@ private:
 
     void setMethod(CURL *handle);
     void setTls(CURL *handle, const TrustStore &trustStore);
-    [[nodiscard]] bool keep(const char *bytes, qsizetype count);
+    void keep(const char *bytes, qsizetype count);
+    [[nodiscard]] CURLcode refusal() const;
 
     HttpRequest m_request;
     QPromise<HttpResult> m_promise;
     CurlList m_headers;
     QByteArray m_body;
     bool m_isBodyTruncated = false;
-    bool m_isBomb = false;
+    CURLcode m_refusal = CURLE_OK; ///< Why we broke off.
     qsizetype m_bytesInTurn = 0;
 };
 
