@@ -17,7 +17,7 @@ constexpr long receiveBufferSize = 1024;
 
 /// The most that a body may grow by in one turn of the loop: more than gzip can make of what is
 /// read in one. Other encodings have no such bound and can make gigabytes of a kilobyte.
-constexpr qsizetype maxBytesInTurn = 128 * 1024 * 1024;
+constexpr qsizetype maxBytesInTurn = qsizetype(128) * 1024 * 1024;
 
 /// An empty path is no path at all.
 const char *orNull(const QByteArray &path)
@@ -81,9 +81,10 @@ std::size_t HttpTransfer::didReceiveBody(char *bytes, std::size_t size, std::siz
                                          void *self)
 {
     auto *transfer = static_cast<HttpTransfer *>(self);
-    transfer->keep(bytes, static_cast<qsizetype>(size * count));
+    const std::size_t byteCount = size * count;
+    transfer->keep(bytes, static_cast<qsizetype>(byteCount));
     transfer->m_refusal = transfer->refusal();
-    return transfer->m_refusal == CURLE_OK ? size * count : 0;
+    return transfer->m_refusal == CURLE_OK ? byteCount : 0;
 }
 
 CURLcode HttpTransfer::didCreateTlsContext(CURL *handle, void *context, void *self)
