@@ -68,8 +68,7 @@ void HttpTransfer::report(CURLcode code, std::chrono::microseconds elapsed)
         result.body = std::move(m_body);
         result.isBodyTruncated = m_isBodyTruncated;
     } else {
-        result.error = m_refusal == CURLE_OK ? errorText(code)
-                                             : QString::fromUtf8(curl_easy_strerror(m_refusal));
+        result.error = m_refusal == CURLE_OK ? errorText(code) : refusalText(elapsed);
     }
     // Whoever waits for the result may count on being the last to hold the delegate.
     m_request.tlsDelegate.reset();
@@ -131,6 +130,15 @@ void HttpTransfer::keep(const char *bytes, qsizetype count)
     m_body.append(bytes, kept);
     m_isBodyTruncated = m_isBodyTruncated || kept < count;
     m_bytesInTurn += count;
+}
+
+QString HttpTransfer::refusalText(std::chrono::microseconds elapsed) const
+{
+    // As the library says it where it is the one to break off.
+    if (m_refusal == CURLE_OPERATION_TIMEDOUT)
+        return QStringLiteral("Operation timed out after %1 milliseconds")
+            .arg(std::chrono::floor<std::chrono::milliseconds>(elapsed).count());
+    return QString::fromUtf8(curl_easy_strerror(m_refusal));
 }
 
 CURLcode HttpTransfer::refusal() const

@@ -29,6 +29,7 @@ private:
     void setTls(CURL *handle, const TrustStore &trustStore);
     void keep(const char *bytes, qsizetype count);
     [[nodiscard]] CURLcode refusal() const;
+    [[nodiscard]] QString refusalText(std::chrono::microseconds elapsed) const;
 
     HttpRequest m_request;
     QPromise<HttpResult> m_promise;
