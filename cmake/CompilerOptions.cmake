@@ -6,7 +6,7 @@ target_compile_options(ostrel_options INTERFACE
     # What the QML compiler generates shadows its own parameters; nothing else is forgiven.
     $<$<NOT:$<BOOL:$<TARGET_PROPERTY:OSTREL_HAS_GENERATED_QML>>>:-Wshadow>
     -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wnon-virtual-dtor
-    -Woverloaded-virtual -Wnull-dereference -Wformat=2 -fno-omit-frame-pointer)
+    -Woverloaded-virtual -Wformat=2 -fno-omit-frame-pointer)
 target_compile_definitions(ostrel_options INTERFACE
     QT_NO_CAST_FROM_ASCII
     QT_NO_CAST_TO_ASCII
