@@ -1,1 +1,186 @@
 #include "FreedesktopLoginItem.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+#include <algorithm>
+#include <optional>
+
+namespace ostrel {
+
+namespace {
+
+constexpr qint64 maxEntrySize = 64 * 1024;
+
+using Keys = QHash<QString, QString>;
+
+QString configFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+}
+
+/// @p text as the value of a key of type string.
+QString escapedValue(QString text)
+{
+    return text.replace(u'\\', QStringLiteral("\\\\"))
+        .replace(u'\n', QStringLiteral("\\n"))
+        .replace(u'\t', QStringLiteral("\\t"))
+        .replace(u'\r', QStringLiteral("\\r"));
+}
+
+QString unescapedValue(const QString &value)
+{
+    static const QHash<QChar, QChar> meanings = {
+        {u's', u' '}, {u'n', u'\n'}, {u't', u'\t'}, {u'r', u'\r'}, {u'\\', u'\\'}};
+    QString text;
+    for (qsizetype i = 0; i < value.size(); ++i) {
+        const bool isEscape = value.at(i) == u'\\' && i + 1 < value.size();
+        text += isEscape ? meanings.value(value.at(i + 1), value.at(i + 1)) : value.at(i);
+        i += isEscape ? 1 : 0;
+    }
+    return text;
+}
+
+/// Whether @p c may stand in an argument of Exec without quotes.
+bool isUnreserved(QChar c)
+{
+    return !QStringView(u" \t\n\"'\\><~|&;$*?#()`").contains(c);
+}
+
+/// @p text as one argument of Exec.
+QString quotedArgument(QString text)
+{
+    text.replace(u'%', QStringLiteral("%%"));
+    if (std::ranges::all_of(text, isUnreserved))
+        return text;
+    for (const QChar special : {u'\\', u'"', u'`', u'$'})
+        text.replace(special, QString(u'\\') + special);
+    return u'"' + text + u'"';
+}
+
+/// The text between the quotes that @p command begins with.
+QString quotedStart(QStringView command)
+{
+    QString text;
+    for (qsizetype i = 1; i < command.size() && command.at(i) != u'"'; ++i) {
+        if (command.at(i) == u'\\' && i + 1 < command.size())
+            ++i;
+        text += command.at(i);
+    }
+    return text;
+}
+
+/// The program that @p command, the value of an Exec key, starts.
+QString programOf(const QString &command)
+{
+    const bool isQuoted = command.startsWith(u'"');
+    QString program = isQuoted ? quotedStart(command) : command.section(u' ', 0, 0);
+    return program.replace(QStringLiteral("%%"), QStringLiteral("%"));
+}
+
+/// The keys of @p text's group [Desktop Entry], which comes first.
+Keys desktopEntryKeys(const QString &text)
+{
+    Keys keys;
+    bool isInGroup = false;
+    for (const QString &line : text.split(u'\n')) {
+        if (line.startsWith(u'['))
+            isInGroup = line.trimmed() == QStringLiteral("[Desktop Entry]");
+        else if (isInGroup && line.contains(u'='))
+            keys.insert(line.section(u'=', 0, 0).trimmed(),
+                        unescapedValue(line.section(u'=', 1).trimmed()));
+    }
+    return keys;
+}
+
+/// The keys of the entry that stands in @p path; nothing where none can be read.
+std::optional<Keys> readEntry(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    return desktopEntryKeys(QString::fromUtf8(file.read(maxEntrySize)));
+}
+
+bool isDisabled(const Keys &entry)
+{
+    return entry.value(QStringLiteral("Hidden")) == QStringLiteral("true") ||
+           entry.value(QStringLiteral("X-GNOME-Autostart-enabled")) == QStringLiteral("false");
+}
+
+/// The file that the program @p name is, all links resolved; empty where there is none.
+QString resolvedProgram(const QString &name)
+{
+    return QFileInfo(QStandardPaths::findExecutable(name)).canonicalFilePath();
+}
+
+bool isSameProgram(const QString &name, const QString &executable)
+{
+    const QString program = resolvedProgram(name);
+    return !program.isEmpty() && program == QFileInfo(executable).canonicalFilePath();
+}
+
+} // namespace
+
+FreedesktopLoginItem::FreedesktopLoginItem()
+    : FreedesktopLoginItem(QCoreApplication::applicationFilePath())
+{
+}
+
+FreedesktopLoginItem::FreedesktopLoginItem(const QString &executable)
+    : m_executable(executable)
+    , m_file(configFolder() + QStringLiteral("/autostart/ostrel.desktop"))
+{
+}
+
+bool FreedesktopLoginItem::registerItem()
+{
+    if (isSettled())
+        return true;
+    QSaveFile file(m_file);
+    if (!QDir().mkpath(QFileInfo(m_file).path()) || !file.open(QIODevice::WriteOnly))
+        return false;
+    file.write(entry());
+    return file.commit();
+}
+
+bool FreedesktopLoginItem::unregisterItem()
+{
+    return QFile::remove(m_file) || !QFile::exists(m_file);
+}
+
+/// The installed program is named without its path, so that the entry outlives a move of it.
+QString FreedesktopLoginItem::command() const
+{
+    const auto name = QStringLiteral("ostrel");
+    return isSameProgram(name, m_executable) ? name : m_executable;
+}
+
+QByteArray FreedesktopLoginItem::entry() const
+{
+    const QString lines = QStringLiteral("[Desktop Entry]\n"
+                                         "Type=Application\n"
+                                         "Name=Ostrel\n"
+                                         "Exec=%1\n"
+                                         "TryExec=%2\n"
+                                         "Icon=ostrel\n"
+                                         "Terminal=false\n"
+                                         "X-GNOME-Autostart-Delay=2\n"
+                                         "X-KDE-autostart-after=panel\n"
+                                         "X-LXQt-Need-Tray=true\n");
+    return lines.arg(escapedValue(quotedArgument(command())), escapedValue(command())).toUtf8();
+}
+
+bool FreedesktopLoginItem::isSettled() const
+{
+    const auto keys = readEntry(m_file);
+    return keys && (isDisabled(*keys) ||
+                    isSameProgram(programOf(keys->value(QStringLiteral("Exec"))), m_executable));
+}
+
+} // namespace ostrel

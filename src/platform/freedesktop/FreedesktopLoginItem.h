@@ -1,1 +1,34 @@
 #pragma once
+
+#include "LoginItem.h"
+
+#include <QByteArray>
+#include <QString>
+
+namespace ostrel {
+
+/// The desktop's autostart entry, `autostart/ostrel.desktop` in the user's configuration folder.
+///
+/// An entry that starts this program already, and one that its user has disabled with the
+/// desktop's own settings, is left as it stands.
+class FreedesktopLoginItem final : public LoginItem
+{
+public:
+    /// For the running program.
+    FreedesktopLoginItem();
+    /// For the program at @p executable, an absolute path.
+    explicit FreedesktopLoginItem(const QString &executable);
+
+    bool registerItem() override;
+    bool unregisterItem() override;
+
+private:
+    [[nodiscard]] QString command() const;
+    [[nodiscard]] QByteArray entry() const;
+    [[nodiscard]] bool isSettled() const;
+
+    QString m_executable;
+    QString m_file;
+};
+
+} // namespace ostrel

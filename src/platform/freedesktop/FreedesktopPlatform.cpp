@@ -1,0 +1,35 @@
+#include "FreedesktopLoginItem.h"
+#include "FreedesktopNotificationCenter.h"
+#include "FreedesktopSingleInstance.h"
+#include "FreedesktopTerminationSignal.h"
+#include "FreedesktopWakeSignal.h"
+#include "Platform.h"
+
+namespace ostrel {
+
+std::unique_ptr<NotificationCenter> makeNotificationCenter(NotificationPresenter)
+{
+    return std::make_unique<FreedesktopNotificationCenter>();
+}
+
+std::unique_ptr<WakeSignal> makeWakeSignal()
+{
+    return std::make_unique<FreedesktopWakeSignal>();
+}
+
+std::unique_ptr<LoginItem> makeLoginItem()
+{
+    return std::make_unique<FreedesktopLoginItem>();
+}
+
+std::unique_ptr<SingleInstance> makeSingleInstance(const QString &storageDir)
+{
+    return std::make_unique<FreedesktopSingleInstance>(storageDir);
+}
+
+std::unique_ptr<TerminationSignal> makeTerminationSignal()
+{
+    return std::make_unique<FreedesktopTerminationSignal>();
+}
+
+} // namespace ostrel

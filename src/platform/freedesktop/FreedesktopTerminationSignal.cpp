@@ -1,1 +1,74 @@
 #include "FreedesktopTerminationSignal.h"
+
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace ostrel {
+
+namespace {
+
+/// Where the handler writes; -1 for nowhere. A handler may touch no more than a lock-free atomic.
+std::atomic<int> handlerEnd = -1;
+static_assert(std::atomic<int>::is_always_lock_free);
+
+extern "C" void tellOfSignal(int)
+{
+    const int interruptedErrno = errno;
+    const char byte = 0;
+    // A full pipe tells as much already.
+    [[maybe_unused]] const auto written = ::write(handlerEnd.load(), &byte, 1);
+    errno = interruptedErrno;
+}
+
+} // namespace
+
+FreedesktopTerminationSignal::FreedesktopTerminationSignal(QObject *parent)
+    : TerminationSignal(parent)
+{
+    std::array<int, 2> ends = {-1, -1};
+    if (::pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+        return;
+    m_readEnd = FileDescriptor(ends[0]);
+    m_writeEnd = FileDescriptor(ends[1]);
+    m_notifier = std::make_unique<QSocketNotifier>(m_readEnd.get(), QSocketNotifier::Read);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this,
+            &FreedesktopTerminationSignal::drain);
+    handlerEnd = m_writeEnd.get();
+    for (const int signalNumber : {SIGTERM, SIGINT, SIGHUP})
+        install(signalNumber);
+}
+
+FreedesktopTerminationSignal::~FreedesktopTerminationSignal()
+{
+    for (const auto &[signalNumber, action] : m_previous)
+        ::sigaction(signalNumber, &action, nullptr);
+    handlerEnd = -1;
+}
+
+void FreedesktopTerminationSignal::install(int signalNumber)
+{
+    struct sigaction previous = {};
+    ::sigaction(signalNumber, nullptr, &previous);
+    // A program started by nohup outlives its terminal.
+    if (signalNumber == SIGHUP && previous.sa_handler == SIG_IGN)
+        return;
+    struct sigaction action = {};
+    action.sa_handler = tellOfSignal;
+    action.sa_flags = SA_RESTART;
+    ::sigemptyset(&action.sa_mask);
+    if (::sigaction(signalNumber, &action, nullptr) == 0)
+        m_previous.emplace(signalNumber, previous);
+}
+
+void FreedesktopTerminationSignal::drain()
+{
+    std::array<char, 64> bytes;
+    while (::read(m_readEnd.get(), bytes.data(), bytes.size()) > 0) {
+    }
+    Q_EMIT terminationRequested();
+}
+
+} // namespace ostrel

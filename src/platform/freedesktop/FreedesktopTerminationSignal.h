@@ -1,1 +1,34 @@
 #pragma once
+
+#include "FileDescriptor.h"
+#include "TerminationSignal.h"
+
+#include <QSocketNotifier>
+
+#include <csignal>
+#include <map>
+#include <memory>
+
+namespace ostrel {
+
+/// SIGTERM, SIGINT and SIGHUP, carried from their handler to the event loop through a pipe. One
+/// object at a time; its end gives the signals back to who had them before.
+class FreedesktopTerminationSignal final : public TerminationSignal
+{
+    Q_OBJECT
+
+public:
+    explicit FreedesktopTerminationSignal(QObject *parent = nullptr);
+    ~FreedesktopTerminationSignal() override;
+
+private:
+    void install(int signalNumber);
+    void drain();
+
+    FileDescriptor m_readEnd;
+    FileDescriptor m_writeEnd;
+    std::unique_ptr<QSocketNotifier> m_notifier;
+    std::map<int, struct sigaction> m_previous; ///< By signal number.
+};
+
+} // namespace ostrel

@@ -1,0 +1,37 @@
+#include "Platform.h"
+#include "PortableLoginItem.h"
+#include "PortableNotificationCenter.h"
+#include "PortableSingleInstance.h"
+#include "PortableTerminationSignal.h"
+#include "PortableWakeSignal.h"
+
+#include <utility>
+
+namespace ostrel {
+
+std::unique_ptr<NotificationCenter> makeNotificationCenter(NotificationPresenter presenter)
+{
+    return std::make_unique<PortableNotificationCenter>(std::move(presenter));
+}
+
+std::unique_ptr<WakeSignal> makeWakeSignal()
+{
+    return std::make_unique<PortableWakeSignal>();
+}
+
+std::unique_ptr<LoginItem> makeLoginItem()
+{
+    return std::make_unique<PortableLoginItem>();
+}
+
+std::unique_ptr<SingleInstance> makeSingleInstance(const QString &storageDir)
+{
+    return std::make_unique<PortableSingleInstance>(storageDir);
+}
+
+std::unique_ptr<TerminationSignal> makeTerminationSignal()
+{
+    return std::make_unique<PortableTerminationSignal>();
+}
+
+} // namespace ostrel

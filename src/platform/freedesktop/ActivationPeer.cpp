@@ -1,0 +1,69 @@
+#include "ActivationPeer.h"
+
+#include "ActivationToken.h"
+
+#include <array>
+#include <chrono>
+#include <sys/socket.h>
+#include <unistd.h>
+#include <utility>
+
+namespace ostrel {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto timeout = 2s;
+constexpr QByteArrayView command = "activate ";
+
+} // namespace
+
+ActivationPeer::ActivationPeer(FileDescriptor socket, QObject *parent)
+    : QObject(parent)
+    , m_socket(std::move(socket))
+    , m_notifier(m_socket.get(), QSocketNotifier::Read)
+{
+    connect(&m_notifier, &QSocketNotifier::activated, this, &ActivationPeer::read);
+    connect(&m_timeout, &QTimer::timeout, this, &ActivationPeer::end);
+    m_timeout.start(timeout);
+}
+
+bool ActivationPeer::isOurs(const FileDescriptor &socket)
+{
+    ucred peer = {};
+    socklen_t size = sizeof(peer);
+    return ::getsockopt(socket.get(), SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0 &&
+           peer.uid == ::getuid();
+}
+
+void ActivationPeer::read()
+{
+    std::array<char, 512> bytes;
+    const auto count = ::recv(m_socket.get(), bytes.data(), bytes.size(), 0);
+    if (count <= 0)
+        return end();
+    m_received.append(bytes.data(), count);
+    const auto lineEnd = m_received.indexOf('\n');
+    if (lineEnd >= 0)
+        answer(m_received.first(lineEnd));
+    else if (m_received.size() > command.size() + maxActivationTokenLength)
+        end();
+}
+
+void ActivationPeer::answer(const QByteArray &line)
+{
+    end();
+    if (!line.startsWith(command) || line.size() > command.size() + maxActivationTokenLength)
+        return;
+    ::send(m_socket.get(), "ok\n", 3, MSG_NOSIGNAL);
+    Q_EMIT activationRequested(line.sliced(command.size()));
+}
+
+void ActivationPeer::end()
+{
+    m_notifier.setEnabled(false);
+    deleteLater();
+}
+
+} // namespace ostrel
