@@ -89,12 +89,18 @@ struct HttpCheck::Outcome
     std::optional<Timestamp> sslExpiresAt;
 };
 
-HttpCheck::HttpCheck(HttpClient &client, NotificationManager &notifications, WallClock now,
+HttpCheck::HttpCheck(Fetch fetch, NotificationManager &notifications, WallClock now,
                      QObject *parent)
     : QObject(parent)
-    , m_client(client)
+    , m_fetch(std::move(fetch))
     , m_notifications(notifications)
     , m_now(std::move(now))
+{
+}
+
+HttpCheck::HttpCheck(HttpClient &client, NotificationManager &notifications)
+    : HttpCheck([&client](const HttpRequest &request) { return client.fetch(request); },
+                notifications)
 {
 }
 
@@ -105,8 +111,7 @@ QFuture<Check> HttpCheck::run(const Monitor &monitor)
         return QtFuture::makeReadyFuture(invalidAddressCheck(monitor, m_now()));
 
     const auto delegate = std::make_shared<SSLCaptureDelegate>();
-    return m_client
-        .fetch(makeRequest(monitor, *url, delegate))
+    return m_fetch(makeRequest(monitor, *url, delegate))
         // A large body takes a while to search; neither the I/O thread nor this one waits for it.
         .then(QThreadPool::globalInstance(),
               [monitor, delegate](HttpResult result) {

@@ -5,10 +5,11 @@
 
 #include <QObject>
 
+#include <functional>
+
 namespace ostrel {
 
 class NotificationManager;
-class SSLCaptureDelegate;
 
 /// Fetches a monitor's address and judges the answer: the status code first, then the keyword.
 /// Sends the notifications that depend on the one response alone, "slow" and "certificate
@@ -25,9 +26,14 @@ public:
     /// How much of a decoded body is searched for the keyword, in bytes: 64 MiB.
     static constexpr qsizetype searchedBodyLimit = 64 * 1024 * 1024;
 
-    /// @p client and @p notifications outlive the check.
-    HttpCheck(HttpClient &client, NotificationManager &notifications, WallClock now = systemNow,
+    /// How a request is sent: HttpClient::fetch.
+    using Fetch = std::function<QFuture<HttpResult>(const HttpRequest &)>;
+
+    /// @p notifications outlives the check.
+    HttpCheck(Fetch fetch, NotificationManager &notifications, WallClock now = systemNow,
               QObject *parent = nullptr);
+    /// @p client outlives the check too.
+    HttpCheck(HttpClient &client, NotificationManager &notifications);
 
     [[nodiscard]] QFuture<Check> run(const Monitor &monitor) override;
 
@@ -38,7 +44,7 @@ private:
     void notifyIfSlow(const Monitor &monitor, const Check &check);
     void notifyIfCertificateExpires(const Monitor &monitor, const Check &check);
 
-    HttpClient &m_client;
+    Fetch m_fetch;
     NotificationManager &m_notifications;
     WallClock m_now;
 };

@@ -1,7 +1,6 @@
 #include "PortCheck.h"
 
 #include "Address.h"
-#include "TcpConnector.h"
 #include "TransferTimeout.h"
 
 #include <limits>
@@ -39,10 +38,17 @@ Check concludedCheck(const Monitor &monitor, quint16 port, const TcpResult &resu
 
 } // namespace
 
-PortCheck::PortCheck(TcpConnector &connector, WallClock now, QObject *parent)
+PortCheck::PortCheck(TcpConnect tcpConnect, WallClock now, QObject *parent)
     : QObject(parent)
-    , m_connector(connector)
+    , m_tcpConnect(std::move(tcpConnect))
     , m_now(std::move(now))
+{
+}
+
+PortCheck::PortCheck(TcpConnector &connector)
+    : PortCheck([&connector](const QString &host, quint16 port, std::chrono::milliseconds timeout) {
+        return connector.connect(host, port, timeout);
+    })
 {
 }
 
@@ -53,7 +59,7 @@ QFuture<Check> PortCheck::run(const Monitor &monitor)
         return QtFuture::makeReadyFuture(invalidPortCheck(monitor, m_now()));
 
     const QString host = hostOf(monitor.url).value_or(monitor.url);
-    return m_connector.connect(host, *port, transferTimeout(monitor.timeout))
+    return m_tcpConnect(host, *port, transferTimeout(monitor.timeout))
         .then(this, [this, monitor, port = *port](const TcpResult &result) {
             return concludedCheck(monitor, port, result, m_now());
         });

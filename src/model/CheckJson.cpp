@@ -1,1 +1,343 @@
 #include "CheckJson.h"
+
+#include "JsonReader.h"
+#include "UuidText.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace ostrel {
+
+namespace {
+
+using namespace simdjson;
+
+enum class CheckKey {
+    id,
+    monitorId,
+    timestamp,
+    statusCode,
+    responseTime,
+    isUp,
+    error,
+    sslExpiresAt,
+    keywordFound,
+};
+constexpr std::array<std::string_view, 9> checkKeys = {
+    "id",   "monitorId", "timestamp",    "statusCode",   "responseTime",
+    "isUp", "error",     "sslExpiresAt", "keywordFound",
+};
+
+using KeySet = unsigned;
+
+constexpr KeySet setOf(CheckKey key)
+{
+    return 1U << static_cast<unsigned>(key);
+}
+
+constexpr KeySet requiredKeys = setOf(CheckKey::id) | setOf(CheckKey::monitorId) |
+                                setOf(CheckKey::timestamp) | setOf(CheckKey::responseTime) |
+                                setOf(CheckKey::isUp);
+
+// Writing
+
+template<typename Number>
+void appendNumber(std::string &json, Number number)
+{
+    std::array<char, 32> text; // room for every double in its shortest form
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
+    json.append(text.data(), end);
+}
+
+void appendBool(std::string &json, bool value)
+{
+    json += value ? "true" : "false";
+}
+
+void appendUuid(std::string &json, const QUuid &id)
+{
+    const auto text = formatUuid(id);
+    json += '"';
+    json.append(text.data(), text.size());
+    json += '"';
+}
+
+void appendTimestamp(std::string &json, Timestamp timestamp)
+{
+    const QByteArray text = formatTimestamp(timestamp);
+    json += '"';
+    json.append(text.constData(), std::size_t(text.size()));
+    json += '"';
+}
+
+void appendEscaped(std::string &json, char character)
+{
+    static constexpr std::string_view digits = "0123456789abcdef";
+    const auto code = static_cast<unsigned char>(character);
+    if (character == '"' || character == '\\') {
+        json += '\\';
+        json += character;
+    } else if (code < 0x20) {
+        json += "\\u00";
+        json += digits[code >> 4];
+        json += digits[code & 0x0f];
+    } else {
+        json += character;
+    }
+}
+
+void appendText(std::string &json, const QString &text)
+{
+    json += '"';
+    for (const char character : text.toUtf8())
+        appendEscaped(json, character);
+    json += '"';
+}
+
+double finite(double number)
+{
+    return std::isfinite(number) ? number : 0;
+}
+
+// Reading
+
+std::optional<qint32> readStatusCode(JsonValue &value)
+{
+    using Limits = std::numeric_limits<qint32>;
+    const auto code = readInteger(value);
+    // The lowest number stands for an absent code.
+    if (!code || *code <= Limits::min() || *code > Limits::max())
+        return std::nullopt;
+    return static_cast<qint32>(*code);
+}
+
+bool readField(Check &check, std::size_t key, JsonValue &value)
+{
+    switch (static_cast<CheckKey>(key)) {
+    case CheckKey::id:
+        return assign(check.id, readUuid(value));
+    case CheckKey::monitorId:
+        return assign(check.monitorId, readUuid(value));
+    case CheckKey::timestamp:
+        return assign(check.timestamp, readTimestamp(value));
+    case CheckKey::statusCode:
+        return assign(check.statusCode, readStatusCode(value));
+    case CheckKey::responseTime:
+        return assign(check.responseTime, readNumber(value));
+    case CheckKey::isUp:
+        return assign(check.isUp, readBool(value));
+    case CheckKey::error:
+        return assign(check.error, readText(value));
+    case CheckKey::sslExpiresAt:
+        return assign(check.sslExpiresAt, readTimestamp(value));
+    case CheckKey::keywordFound:
+        return assign(check.keywordFound, readBool(value));
+    }
+    return skipValue(value);
+}
+
+bool isLowerCaseHex(char character)
+{
+    return character >= 'a' && character <= 'f';
+}
+
+/// Reads one check, and learns on the way whether its text can be kept as its stored form.
+class CheckReader
+{
+public:
+    /// False for anything but a whole check; then the other functions say nothing.
+    [[nodiscard]] bool read(ondemand::object &object)
+    {
+        std::size_t expected = 0;
+        for (auto member : object) {
+            ondemand::field field;
+            if (std::move(member).get(field) != SUCCESS)
+                return false;
+            const auto key = keyIndex(field, checkKeys, expected);
+            if (!key || !readMember(*key, field.value()))
+                return false;
+            expected = *key + 1;
+        }
+        return (m_seen & requiredKeys) == requiredKeys;
+    }
+
+    [[nodiscard]] Check &check() { return m_check; }
+
+    /// Whether a text of @p length, from brace to brace, holds nothing but known keys, each once,
+    /// upper-case UUIDs, and not one blank.
+    [[nodiscard]] bool isCompact(std::size_t length) const
+    {
+        return m_isPlain && length == m_compactLength;
+    }
+
+private:
+    bool readMember(std::size_t key, JsonValue &value)
+    {
+        const std::string_view token = value.raw_json_token();
+        const KeySet bit = 1U << key;
+        if (key >= checkKeys.size() || (m_seen & bit) != 0 || hasLowerCaseUuid(key, token))
+            m_isPlain = false;
+        else
+            m_compactLength += checkKeys[key].size() + lengthWithoutBlanks(token) + punctuation;
+        m_seen |= bit;
+        return readField(m_check, key, value);
+    }
+
+    static bool hasLowerCaseUuid(std::size_t key, std::string_view token)
+    {
+        return key <= std::size_t(CheckKey::monitorId) &&
+               std::ranges::any_of(token, isLowerCaseHex);
+    }
+
+    static std::size_t lengthWithoutBlanks(std::string_view token)
+    {
+        return token.find_last_not_of(" \t\r\n") + 1;
+    }
+
+    static constexpr std::size_t punctuation = 4; // quotes, colon, and a comma or the brace
+
+    Check m_check;
+    KeySet m_seen = 0;
+    bool m_isPlain = true;
+    std::size_t m_compactLength = 1; // the opening brace
+};
+
+/// Walks one document that alternates ids and arrays of checks.
+class CheckMapReader
+{
+public:
+    CheckMapReader(ondemand::document &document, CheckMapVisitor &visitor)
+        : m_document(document)
+        , m_visitor(visitor)
+    {
+    }
+
+    [[nodiscard]] bool read()
+    {
+        ondemand::array pairs;
+        if (m_document.get_array().get(pairs) != SUCCESS)
+            return false;
+        bool isIdNext = true;
+        for (auto element : pairs) {
+            JsonValue value;
+            if (std::move(element).get(value) != SUCCESS ||
+                !(isIdNext ? readId(value) : readHistory(value)))
+                return false;
+            isIdNext = !isIdNext;
+        }
+        return isIdNext && isAtEnd(m_document);
+    }
+
+private:
+    bool readId(JsonValue &value)
+    {
+        const auto id = readUuid(value);
+        if (id)
+            m_visitor.openHistory(*id);
+        return id.has_value();
+    }
+
+    bool readHistory(JsonValue &value)
+    {
+        ondemand::array history;
+        if (value.get_array().get(history) != SUCCESS)
+            return false;
+        for (auto element : history) {
+            JsonValue item;
+            if (std::move(element).get(item) != SUCCESS || !readCheck(item))
+                return false;
+        }
+        return true;
+    }
+
+    bool readCheck(JsonValue &value)
+    {
+        const char *begin = value.raw_json_token().data();
+        ondemand::object object;
+        CheckReader reader;
+        if (value.get_object().get(object) != SUCCESS || !reader.read(object))
+            return false;
+
+        const char *end = nullptr;
+        if (m_document.current_location().get(end) != SUCCESS)
+            return false;
+        const std::string_view text(begin, std::size_t(end - begin));
+        m_visitor.takeCheck(std::move(reader.check()), storedForm(reader, text));
+        return true;
+    }
+
+    std::string_view storedForm(CheckReader &reader, std::string_view text)
+    {
+        if (reader.isCompact(text.size()))
+            return text;
+        m_rewritten.clear();
+        appendCheck(m_rewritten, reader.check());
+        return m_rewritten;
+    }
+
+    ondemand::document &m_document;
+    CheckMapVisitor &m_visitor;
+    std::string m_rewritten;
+};
+
+} // namespace
+
+void appendCheck(std::string &json, const Check &check)
+{
+    json += R"({"id":)";
+    appendUuid(json, check.id);
+    json += R"(,"monitorId":)";
+    appendUuid(json, check.monitorId);
+    json += R"(,"timestamp":)";
+    appendTimestamp(json, check.timestamp);
+    if (check.statusCode) {
+        json += R"(,"statusCode":)";
+        appendNumber(json, *check.statusCode);
+    }
+    json += R"(,"responseTime":)";
+    appendNumber(json, finite(check.responseTime));
+    json += R"(,"isUp":)";
+    appendBool(json, check.isUp);
+    if (check.error) {
+        json += R"(,"error":)";
+        appendText(json, *check.error);
+    }
+    if (check.sslExpiresAt) {
+        json += R"(,"sslExpiresAt":)";
+        appendTimestamp(json, *check.sslExpiresAt);
+    }
+    if (check.keywordFound) {
+        json += R"(,"keywordFound":)";
+        appendBool(json, *check.keywordFound);
+    }
+    json += '}';
+}
+
+std::optional<Check> decodeCheck(QByteArrayView json)
+{
+    const padded_string text(json.data(), std::size_t(json.size()));
+    ondemand::parser parser;
+    ondemand::document document;
+    ondemand::object object;
+    CheckReader reader;
+    if (parser.iterate(text).get(document) != SUCCESS ||
+        document.get_object().get(object) != SUCCESS || !reader.read(object) || !isAtEnd(document))
+        return std::nullopt;
+    return std::move(reader.check());
+}
+
+bool decodeCheckMap(QByteArray json, CheckMapVisitor &visitor)
+{
+    const auto size = std::size_t(json.size());
+    // The parser reads, but never heeds, some bytes past the end.
+    json.reserve(json.size() + qsizetype(SIMDJSON_PADDING));
+    ondemand::parser parser;
+    ondemand::document document;
+    const padded_string_view text(json.constData(), size, size + SIMDJSON_PADDING);
+    return parser.iterate(text).get(document) == SUCCESS &&
+           CheckMapReader(document, visitor).read();
+}
+
+} // namespace ostrel

@@ -2,23 +2,42 @@
 
 #include "Check.h"
 
-#include <QByteArrayView>
+#include <QByteArray>
 #include <QUuid>
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace ostrel {
 
 /// Appends the stored form of @p check to @p json: one JSON object without white space, absent
 /// fields left out, dates in whole seconds, UUIDs upper case. A response time that is no finite
-/// number, which JSON can't hold, is written as 0.
+/// number, which JSON can't hold, is written as 0; an unpaired surrogate as a replacement
+/// character.
 void appendCheck(std::string &json, const Check &check);
 
 /// The check that @p json, one object, holds; nothing on the terms of decodeCheckMap.
 [[nodiscard]] std::optional<Check> decodeCheck(QByteArrayView json);
+
+/// Receives the stored histories in the order of the file.
+class CheckMapVisitor
+{
+public:
+    virtual ~CheckMapVisitor() = default;
+    /// Opens the history of @p monitorId. One of the same id that came before is void.
+    virtual void openHistory(const QUuid &monitorId) = 0;
+    /// The next check of the open history, with its stored form as appendCheck would write it, but
+    /// for the order of the keys and the spelling of numbers and escapes. @p stored is valid during
+    /// the call.
+    virtual void takeCheck(Check &&check, std::string_view stored) = 0;
+};
+
+/// Reads the stored map of histories: a JSON array that alternates a monitor's id and the array of
+/// its checks. Keys of a check may come in any order, unknown ones are passed over, of one that
+/// comes twice the last counts; UUIDs may be lower case. False, whatever @p visitor has received by
+/// then, if anything is malformed, a record lacks a required key or has a value of the wrong type
+/// (200.5 is no integer, null no string).
+[[nodiscard]] bool decodeCheckMap(QByteArray json, CheckMapVisitor &visitor);
 
 } // namespace ostrel

@@ -1,1 +1,54 @@
 #pragma once
+
+#include "Timestamp.h"
+
+#include <QString>
+#include <QUuid>
+
+#include <simdjson.h>
+
+#include <optional>
+#include <span>
+#include <string_view>
+
+// Strict readers of one JSON value each, for the decoders of this folder alone. Each gives nothing
+// for a value of another type, null among them, and for malformed JSON.
+
+namespace ostrel {
+
+using JsonValue = simdjson::ondemand::value;
+
+/// The text without its escapes, valid UTF-8, as long as the parser parses no other document.
+[[nodiscard]] std::optional<std::string_view> readString(JsonValue &value);
+[[nodiscard]] std::optional<QString> readText(JsonValue &value);
+[[nodiscard]] std::optional<QUuid> readUuid(JsonValue &value);
+[[nodiscard]] std::optional<Timestamp> readTimestamp(JsonValue &value);
+[[nodiscard]] std::optional<bool> readBool(JsonValue &value);
+[[nodiscard]] std::optional<double> readNumber(JsonValue &value);
+/// A whole number, however it is written (80, 80.0, 8e1), that 64 bits hold.
+[[nodiscard]] std::optional<qint64> readInteger(JsonValue &value);
+
+/// Whether @p value, of any type and nesting, is well-formed; passes it over.
+[[nodiscard]] bool skipValue(JsonValue &value);
+
+/// The place in @p keys of the key of @p field, or the number of keys where it is none of them.
+/// The search begins at @p expected, so that keys in their usual order are found at once. Nothing
+/// for a malformed key.
+[[nodiscard]] std::optional<std::size_t> keyIndex(simdjson::ondemand::field &field,
+                                                  std::span<const std::string_view> keys,
+                                                  std::size_t expected);
+
+/// Whether nothing follows what has been read of @p document.
+[[nodiscard]] bool isAtEnd(simdjson::ondemand::document &document);
+
+/// Stores @p value in @p target where there is one; false where there is none.
+template<typename Target, typename Value>
+[[nodiscard]] bool assign(Target &target, std::optional<Value> value)
+{
+    if (!value)
+        return false;
+    target = Target(*std::move(value));
+    return true;
+}
+
+} // namespace ostrel

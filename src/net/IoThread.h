@@ -1,25 +1,17 @@
 #pragma once
 
-#include <QByteArray>
+#include "TrustStore.h"
 
 #include <memory>
 
 namespace ostrel {
 
-/// Where the certificates of trusted authorities are.
-struct TrustStore
-{
-    QByteArray directory; ///< Hashed, as OpenSSL's rehash makes it; empty for none.
-    QByteArray file;      ///< A PEM bundle; empty for none.
-
-    /// What OpenSSL's SSL_CERT_DIR and SSL_CERT_FILE name, where one is set; else the system's
-    /// hashed directory, which is read as needed; else the system's bundle.
-    [[nodiscard]] static TrustStore system();
-};
-
 struct IoThreadConfiguration
 {
-    int maxConcurrentTransfers = 64;
+    /// A transfer that waits for a time-out holds its place. This leaves room for the healthy
+    /// addresses beside a hundred that swallow every packet, and keeps within the usual limit of
+    /// 1024 open files: a look-up takes a thread and four of them.
+    int maxConcurrentTransfers = 128;
     TrustStore trustStore = TrustStore::system();
 };
 
@@ -37,7 +29,8 @@ public:
     IoThread &operator=(const IoThread &) = delete;
 
     /// After a sleep, sockets and look-ups are worthless: forgets them all. Transfers under way
-    /// begin anew, once each, with their whole time-out before them. Any thread.
+    /// begin anew, with their whole time-out before them; one that had done so before has what is
+    /// left of it, so that nothing runs for ever. Any thread.
     void renewConnections();
 
     class Worker;

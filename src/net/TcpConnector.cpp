@@ -1,1 +1,59 @@
 #include "TcpConnector.h"
+
+#include "IoThreadWorker.h"
+#include "TcpTransfer.h"
+
+#include <QUrl>
+
+#include <memory>
+#include <utility>
+
+namespace ostrel {
+
+namespace {
+
+/// @p host as a URL holds it; empty for what can't be one.
+QByteArray encodedHost(const QString &host)
+{
+    if (host.contains(QChar::Null))
+        return {};
+    if (host.contains(u':'))
+        return '[' + host.toUtf8() + ']';
+    return host.contains(u'%') ? QByteArray() : QUrl::toAce(host);
+}
+
+/// Null where @p host or @p port can't be a target.
+CurlUrl targetOf(const QString &host, quint16 port)
+{
+    CurlUrl url(curl_url());
+    const auto set = [&url](CURLUPart part, const QByteArray &text) {
+        return curl_url_set(url.get(), part, text.constData(), 0) == CURLUE_OK;
+    };
+    const QByteArray name = encodedHost(host);
+    // The scheme is there because a URL needs one: nothing is sent.
+    const bool isTarget = !name.isEmpty() && set(CURLUPART_SCHEME, "http") &&
+                          set(CURLUPART_HOST, name) &&
+                          set(CURLUPART_PORT, QByteArray::number(port));
+    return isTarget ? std::move(url) : nullptr;
+}
+
+} // namespace
+
+TcpConnector::TcpConnector(IoThread &ioThread)
+    : m_ioThread(ioThread)
+{
+}
+
+QFuture<TcpResult> TcpConnector::connect(const QString &host, quint16 port,
+                                         std::chrono::milliseconds timeout)
+{
+    CurlUrl target = targetOf(host, port);
+    if (target == nullptr)
+        return QtFuture::makeReadyFuture(TcpResult{});
+    auto transfer = std::make_unique<TcpTransfer>(std::move(target), timeout);
+    QFuture<TcpResult> future = transfer->future();
+    m_ioThread.worker().submit(std::move(transfer));
+    return future;
+}
+
+} // namespace ostrel

@@ -75,7 +75,7 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"Markup", u"<title>OK</title>", u"<TITLE>ok", true},
         Case{"Emoji", u"status \U0001F7E2 fine", u"\U0001F7E2", true},
         Case{"Nul", u"plain", u"\u0001", false}),
-    [](const auto &info) { return std::string(info.param.name); });
+    [](const auto &each) { return std::string(each.param.name); });
 
 TEST(ContainsKeywordLocaleTest, TurkishKeepsDottedAndDotlessApart)
 {

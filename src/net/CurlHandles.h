@@ -1,0 +1,25 @@
+#pragma once
+
+#include <curl/curl.h>
+
+#include <memory>
+
+namespace ostrel {
+
+/// Gives a handle of the C library back with @p release.
+template<auto release>
+struct CurlRelease
+{
+    template<typename Handle>
+    void operator()(Handle *handle) const
+    {
+        release(handle);
+    }
+};
+
+using CurlEasy = std::unique_ptr<CURL, CurlRelease<curl_easy_cleanup>>;
+using CurlMulti = std::unique_ptr<CURLM, CurlRelease<curl_multi_cleanup>>;
+using CurlUrl = std::unique_ptr<CURLU, CurlRelease<curl_url_cleanup>>;
+using CurlList = std::unique_ptr<curl_slist, CurlRelease<curl_slist_free_all>>;
+
+} // namespace ostrel

@@ -1,0 +1,179 @@
+#include "IoThreadWorker.h"
+
+#include <algorithm>
+#include <csignal>
+#include <iterator>
+#include <limits>
+#include <utility>
+
+namespace ostrel {
+
+using namespace std::chrono;
+
+namespace {
+
+/// Setting up a transfer takes some 0.1 ms, during which no other is served: so few at a time that
+/// waiting for them doesn't show in a measured time, and so many that the turns of the loop, each
+/// of which looks at every transfer, don't cost more than the transfers.
+constexpr int admissionsPerTurn = 4;
+
+/// Ready sockets go before admissions, but may not hold them up for ever.
+constexpr auto longestWithoutAdmission = milliseconds(5);
+
+void initializeLibrary()
+{
+    static const CURLcode code = curl_global_init(CURL_GLOBAL_DEFAULT);
+    Q_UNUSED(code)
+}
+
+/// A peer that has gone is an error of its own transfer's, not the end of the program.
+void blockBrokenPipeSignal()
+{
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGPIPE);
+    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+}
+
+} // namespace
+
+IoThread::Worker::Worker(IoThreadConfiguration configuration)
+    : m_configuration(std::move(configuration))
+{
+    initializeLibrary();
+    m_multi.reset(curl_multi_init());
+    m_thread = std::thread([this] { run(); });
+}
+
+IoThread::Worker::~Worker()
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_requests.shallStop = true;
+        curl_multi_wakeup(m_multi.get());
+    }
+    m_thread.join();
+}
+
+void IoThread::Worker::submit(std::unique_ptr<Transfer> transfer)
+{
+    const std::lock_guard lock(m_mutex);
+    m_requests.submissions.push_back(std::move(transfer));
+    curl_multi_wakeup(m_multi.get());
+}
+
+void IoThread::Worker::renewConnections()
+{
+    const std::lock_guard lock(m_mutex);
+    m_requests.shallRenew = true;
+    curl_multi_wakeup(m_multi.get());
+}
+
+void IoThread::Worker::run()
+{
+    blockBrokenPipeSignal();
+    for (;;) {
+        const int readySockets = waitForWork();
+        Requests requests = takeRequests();
+        if (requests.shallStop)
+            break;
+        if (requests.shallRenew)
+            renew();
+        queue(std::move(requests.submissions));
+        if (readySockets == 0 || Clock::now() - m_lastAdmission > longestWithoutAdmission)
+            admitSome();
+        serve();
+        endFinished();
+    }
+    for (const auto &[handle, transfer] : m_running)
+        curl_multi_remove_handle(m_multi.get(), handle);
+    m_running.clear();
+    m_waiting.clear();
+}
+
+IoThread::Worker::Requests IoThread::Worker::takeRequests()
+{
+    const std::lock_guard lock(m_mutex);
+    return std::exchange(m_requests, {});
+}
+
+void IoThread::Worker::queue(std::deque<std::unique_ptr<Transfer>> submissions)
+{
+    std::move(submissions.begin(), submissions.end(), std::back_inserter(m_waiting));
+}
+
+void IoThread::Worker::renew()
+{
+    auto interrupted = std::exchange(m_running, {});
+    for (const auto &[handle, transfer] : interrupted)
+        curl_multi_remove_handle(m_multi.get(), handle);
+    {
+        const std::lock_guard lock(m_mutex);
+        m_multi.reset(curl_multi_init());
+    }
+    for (auto &[handle, transfer] : interrupted) {
+        CURL *freshHandle = transfer->beginAnew(m_configuration.trustStore);
+        start(std::move(transfer), freshHandle);
+    }
+}
+
+void IoThread::Worker::serve()
+{
+    for (const auto &[handle, transfer] : m_running)
+        transfer->didBeginTurn();
+    int stillRunning = 0;
+    curl_multi_perform(m_multi.get(), &stillRunning);
+}
+
+void IoThread::Worker::endFinished()
+{
+    int messagesLeft = 0;
+    while (const CURLMsg *message = curl_multi_info_read(m_multi.get(), &messagesLeft)) {
+        // The message dies with the handle's membership.
+        const CURLcode code = message->data.result;
+        auto finished = m_running.extract(message->easy_handle);
+        curl_multi_remove_handle(m_multi.get(), finished.key());
+        finished.mapped()->end(code);
+    }
+}
+
+int IoThread::Worker::waitForWork()
+{
+    const int patience = canAdmit() ? 0 : std::numeric_limits<int>::max();
+    int readySockets = 0;
+    curl_multi_poll(m_multi.get(), nullptr, 0, patience, &readySockets);
+    return readySockets;
+}
+
+bool IoThread::Worker::canAdmit() const
+{
+    const auto bound =
+        static_cast<std::size_t>(std::max(m_configuration.maxConcurrentTransfers, 1));
+    return !m_waiting.empty() && m_running.size() < bound;
+}
+
+void IoThread::Worker::admitSome()
+{
+    for (int i = 0; i < admissionsPerTurn && canAdmit(); ++i) {
+        std::unique_ptr<Transfer> transfer = std::move(m_waiting.front());
+        m_waiting.pop_front();
+        admit(std::move(transfer));
+    }
+}
+
+void IoThread::Worker::admit(std::unique_ptr<Transfer> transfer)
+{
+    m_lastAdmission = Clock::now();
+    CURL *handle = transfer->begin(m_configuration.trustStore);
+    start(std::move(transfer), handle);
+}
+
+void IoThread::Worker::start(std::unique_ptr<Transfer> transfer, CURL *handle)
+{
+    if (handle == nullptr || curl_multi_add_handle(m_multi.get(), handle) != CURLM_OK)
+        transfer->end(CURLE_OUT_OF_MEMORY);
+    else
+        m_running.emplace(handle, std::move(transfer));
+}
+
+} // namespace ostrel

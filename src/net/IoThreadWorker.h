@@ -1,0 +1,68 @@
+#pragma once
+
+#include "CurlHandles.h"
+#include "IoThread.h"
+#include "Transfer.h"
+
+#include <chrono>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <thread>
+#include <unordered_map>
+
+namespace ostrel {
+
+/// The loop of the I/O thread. Other threads call the constructor, the destructor, submit() and
+/// renewConnections(); everything else happens on the thread itself.
+class IoThread::Worker
+{
+public:
+    explicit Worker(IoThreadConfiguration configuration);
+    ~Worker();
+    Worker(const Worker &) = delete;
+    Worker &operator=(const Worker &) = delete;
+
+    /// Any thread.
+    void submit(std::unique_ptr<Transfer> transfer);
+    /// Any thread.
+    void renewConnections();
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    /// What other threads ask for, between two turns of the loop.
+    struct Requests
+    {
+        std::deque<std::unique_ptr<Transfer>> submissions;
+        bool shallRenew = false;
+        bool shallStop = false;
+    };
+
+    void run();
+    [[nodiscard]] Requests takeRequests();
+    void queue(std::deque<std::unique_ptr<Transfer>> submissions);
+    void renew();
+    void serve();
+    void endFinished();
+    /// The number of sockets that are ready, or none when the time has come for something else.
+    [[nodiscard]] int waitForWork();
+    [[nodiscard]] bool canAdmit() const;
+    void admitSome();
+    void admit(std::unique_ptr<Transfer> transfer);
+    void start(std::unique_ptr<Transfer> transfer, CURL *handle);
+
+    const IoThreadConfiguration m_configuration;
+
+    std::mutex m_mutex; ///< Guards m_requests, and m_multi against being replaced while woken.
+    Requests m_requests;
+    CurlMulti m_multi;
+
+    std::deque<std::unique_ptr<Transfer>> m_waiting;
+    std::unordered_map<CURL *, std::unique_ptr<Transfer>> m_running;
+    Clock::time_point m_lastAdmission;
+
+    std::thread m_thread;
+};
+
+} // namespace ostrel

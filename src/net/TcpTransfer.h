@@ -1,0 +1,28 @@
+#pragma once
+
+#include "TcpConnector.h"
+#include "Transfer.h"
+
+#include <QPromise>
+
+namespace ostrel {
+
+/// One attempt of TcpConnector's.
+class TcpTransfer final : public Transfer
+{
+public:
+    /// @p target names the host and the port.
+    TcpTransfer(CurlUrl target, std::chrono::milliseconds timeout);
+
+    [[nodiscard]] QFuture<TcpResult> future() const { return m_promise.future(); }
+
+protected:
+    void setUp(CURL *handle, const TrustStore &trustStore) override;
+    void report(CURLcode code, std::chrono::microseconds elapsed) override;
+
+private:
+    CurlUrl m_target;
+    QPromise<TcpResult> m_promise;
+};
+
+} // namespace ostrel

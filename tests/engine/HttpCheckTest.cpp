@@ -1,0 +1,288 @@
+#include "HttpCheck.h"
+
+#include "EngineFakes.h"
+#include "NotificationManager.h"
+#include "Printers.h"
+#include "WaitFor.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace ostrel::test {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+const Timestamp now = *parseTimestamp("2026-03-10T12:00:00Z");
+
+HttpResult response(int statusCode, const QByteArray &body = {},
+                    std::chrono::microseconds elapsed = 120ms)
+{
+    HttpResult result;
+    result.hasResponse = true;
+    result.statusCode = statusCode;
+    result.body = body;
+    result.elapsed = elapsed;
+    return result;
+}
+
+/// An HTTP check whose network is a value.
+class HttpCheckTest : public testing::Test
+{
+protected:
+    Check run()
+    {
+        auto future = check.run(monitor);
+        EXPECT_TRUE(waitFor([&] { return future.isFinished(); }));
+        return future.result();
+    }
+
+    HttpResult result = response(200);
+    std::optional<std::chrono::sys_seconds> certificateEnd;
+    std::vector<HttpRequest> requests;
+    RecordingNotificationCenter center;
+    NotificationManager notifications{center};
+    HttpCheck check{[this](const HttpRequest &request) {
+                        requests.push_back(request);
+                        if (certificateEnd)
+                            request.tlsDelegate->didReceiveLeafCertificate(*certificateEnd);
+                        return QtFuture::makeReadyFuture(result);
+                    },
+                    notifications, [] { return now; }};
+    Monitor monitor = makeMonitor();
+};
+
+const QStringList none;
+
+} // namespace
+
+TEST_F(HttpCheckTest, StatusRule)
+{
+    struct
+    {
+        int statusCode;
+        bool isUp;
+        const char *error;
+    } const cases[] = {
+        {200, true, nullptr},     {204, true, nullptr},     {304, true, nullptr},
+        {399, true, nullptr},     {401, true, nullptr},     {403, true, nullptr},
+        {400, false, "HTTP 400"}, {402, false, "HTTP 402"}, {404, false, "HTTP 404"},
+        {500, false, "HTTP 500"}, {503, false, "HTTP 503"}, {199, false, "HTTP 199"},
+        {999, false, "HTTP 999"}, {0, false, "HTTP 0"},
+    };
+    for (const auto &c : cases) {
+        result = response(c.statusCode);
+        const Check made = run();
+        EXPECT_EQ(made.isUp, c.isUp) << c.statusCode;
+        EXPECT_EQ(made.statusCode, CompactOptional<qint32>(c.statusCode));
+        EXPECT_EQ(made.error.has_value(), c.error != nullptr) << c.statusCode;
+        if (c.error) {
+            EXPECT_EQ(*made.error, QString::fromLatin1(c.error));
+        }
+    }
+}
+
+TEST_F(HttpCheckTest, AResponseFillsTheRecord)
+{
+    result = response(200, {}, 245123us);
+    const Check made = run();
+
+    EXPECT_FALSE(made.id.isNull());
+    EXPECT_EQ(made.monitorId, monitor.id);
+    EXPECT_EQ(made.timestamp, now);
+    EXPECT_DOUBLE_EQ(made.responseTime, 245.123);
+    EXPECT_FALSE(made.keywordFound.has_value());
+    EXPECT_FALSE(made.sslExpiresAt.has_value());
+    EXPECT_NE(run().id, made.id);
+}
+
+TEST_F(HttpCheckTest, TheRequestIsMadeFromTheMonitor)
+{
+    monitor.url = QString::fromUtf8("https://b\xc3\xbc"
+                                    "cher.example/a b?q=\xc3\xa9");
+    monitor.method = HTTPMethod::HEAD;
+    monitor.timeout = Seconds(2.5);
+    static_cast<void>(run());
+
+    ASSERT_EQ(requests.size(), 1u);
+    EXPECT_EQ(requests[0].url, QByteArray("https://xn--bcher-kva.example/a%20b?q=%C3%A9"));
+    EXPECT_EQ(requests[0].method, QByteArray("HEAD"));
+    EXPECT_EQ(requests[0].timeout, 2500ms);
+    EXPECT_EQ(requests[0].bodyLimit, 0) << "no body is kept where no keyword needs it";
+    EXPECT_EQ(requests[0].userAgent,
+              QByteArray("Mozilla/5.0 (Macintosh; Intel Mac OS X 14_0) AppleWebKit/605.1.15 "
+                         "(KHTML, like Gecko) Version/17.0 Safari/605.1.15"));
+}
+
+TEST_F(HttpCheckTest, AnUnparsableAddressIsInvalidWithoutARequest)
+{
+    for (const char *address : {"", "http://a b.example/", "http://[::1", "https://host:port/"}) {
+        monitor.url = QString::fromLatin1(address);
+        const Check made = run();
+        EXPECT_FALSE(made.isUp) << address;
+        EXPECT_EQ(made.error, OptionalText(QStringLiteral("Invalid URL"))) << address;
+        EXPECT_EQ(made.responseTime, 0) << address;
+        EXPECT_FALSE(made.statusCode.has_value()) << address;
+    }
+    EXPECT_TRUE(requests.empty());
+    EXPECT_EQ(center.kinds(), none);
+}
+
+TEST_F(HttpCheckTest, AnAddressWithoutASchemeIsHandedOverAsItIs)
+{
+    monitor.url = QStringLiteral("shop.example/login");
+    static_cast<void>(run());
+    ASSERT_EQ(requests.size(), 1u);
+    EXPECT_EQ(requests[0].url, QByteArray("shop.example/login"));
+}
+
+TEST_F(HttpCheckTest, ATransportErrorKeepsItsTextItsTimeAndTheCertificateSeenBefore)
+{
+    monitor.keyword = QStringLiteral("OK");
+    monitor.responseTimeThreshold = Milliseconds(1);
+    certificateEnd = std::chrono::floor<std::chrono::seconds>(now - 24h);
+    result = HttpResult();
+    result.error = QStringLiteral("SSL certificate problem: certificate has expired");
+    result.elapsed = 31ms;
+    const Check made = run();
+
+    EXPECT_FALSE(made.isUp);
+    EXPECT_EQ(made.error, OptionalText(result.error));
+    EXPECT_DOUBLE_EQ(made.responseTime, 31);
+    EXPECT_FALSE(made.statusCode.has_value());
+    EXPECT_FALSE(made.keywordFound.has_value());
+    EXPECT_EQ(made.sslExpiresAt, CompactOptional<Timestamp>(now - 24h));
+    EXPECT_EQ(center.kinds(), none) << "neither slow nor certificate is told on this path";
+}
+
+TEST_F(HttpCheckTest, KeywordRule)
+{
+    struct
+    {
+        const char *name;
+        int statusCode;
+        QByteArray body;
+        const char *keyword;
+        bool shouldExist;
+        bool isUp;
+        const char *error;
+        std::optional<bool> found;
+    } const cases[] = {
+        {"found whatever the case", 200, "ok", "OK", true, true, nullptr, true},
+        {"missing", 200, "failure", "OK", true, false, "Keyword 'OK' not found", false},
+        {"forbidden and found", 200, "Error 17", "error", false, false,
+         "Keyword 'error' found (unexpected)", true},
+        {"forbidden and missing", 200, "fine", "error", false, true, nullptr, false},
+        {"a keyword text replaces a status text", 500, "oops", "OK", true, false,
+         "Keyword 'OK' not found", false},
+        {"a keyword success is no success", 500, "OK", "OK", true, false, "HTTP 500", true},
+        {"no UTF-8: not enforced", 200, "\xff\xfe", "OK", true, true, nullptr, std::nullopt},
+        {"an empty keyword is none", 200, "x", "", true, true, nullptr, std::nullopt},
+        {"an empty body", 200, "", "OK", true, false, "Keyword 'OK' not found", false},
+        {"a pattern's characters are text", 200, "a%1b", "%1", false, false,
+         "Keyword '%1' found (unexpected)", true},
+    };
+    for (const auto &c : cases) {
+        monitor.keyword = QString::fromLatin1(c.keyword);
+        monitor.keywordShouldExist = c.shouldExist;
+        result = response(c.statusCode, c.body);
+        const Check made = run();
+        EXPECT_EQ(made.isUp, c.isUp) << c.name;
+        EXPECT_EQ(made.keywordFound, c.found) << c.name;
+        EXPECT_EQ(made.error.value_or(QStringLiteral("-")),
+                  QString::fromLatin1(c.error ? c.error : "-"))
+            << c.name;
+    }
+    EXPECT_EQ(requests.back().bodyLimit, 64 * 1024 * 1024);
+}
+
+TEST_F(HttpCheckTest, ABodyCutInTheMiddleOfACharacterIsStillSearched)
+{
+    monitor.keyword = QStringLiteral("OK");
+    result = response(200, "OK \xc3");
+    result.isBodyTruncated = true;
+    EXPECT_EQ(run().keywordFound, true);
+
+    result.isBodyTruncated = false;
+    EXPECT_EQ(run().keywordFound, std::nullopt);
+}
+
+TEST_F(HttpCheckTest, SlowIsStrictlyOverTheThresholdAndOnlyWhileUp)
+{
+    monitor.responseTimeThreshold = Milliseconds(500);
+    result = response(200, {}, 500ms);
+    static_cast<void>(run());
+    EXPECT_EQ(center.kinds(), none);
+
+    result = response(200, {}, 500001us);
+    const Check slow = run();
+    EXPECT_TRUE(slow.isUp);
+    EXPECT_FALSE(slow.error.has_value());
+    EXPECT_EQ(center.kinds(), QStringList{QStringLiteral("slow")});
+
+    result = response(500, {}, 900ms);
+    static_cast<void>(run());
+    EXPECT_EQ(center.kinds(), QStringList{QStringLiteral("slow")});
+}
+
+TEST_F(HttpCheckTest, SlowIsToldOnEveryCheckWhateverTheSwitchesSay)
+{
+    monitor.notifyOnDown = false;
+    monitor.notifyOnRecovery = false;
+    monitor.responseTimeThreshold = Milliseconds(100);
+    result = response(200, {}, 1234560us);
+    static_cast<void>(run());
+    static_cast<void>(run());
+    ASSERT_EQ(center.requests.size(), 2u);
+    EXPECT_EQ(center.requests[0].body, QStringLiteral("1235ms (threshold: 100ms)"));
+    EXPECT_EQ(center.requests[0].identifier, center.requests[1].identifier);
+}
+
+TEST_F(HttpCheckTest, AForbiddenKeywordThatIsFoundKeepsTheSlowRuleAway)
+{
+    monitor.keyword = QStringLiteral("error");
+    monitor.keywordShouldExist = false;
+    monitor.responseTimeThreshold = Milliseconds(1);
+    result = response(200, "an error");
+    EXPECT_FALSE(run().isUp);
+    EXPECT_EQ(center.kinds(), none);
+}
+
+TEST_F(HttpCheckTest, TheCertificateIsToldFromTheWarningDayOnUpOrDown)
+{
+    struct
+    {
+        const char *name;
+        std::chrono::seconds remaining;
+        int statusCode;
+        const char *body;
+    } const cases[] = {
+        {"a day too early", 15 * 24h, 200, nullptr},
+        {"exactly the warning day", 14 * 24h, 200, "Shop: 14 days remaining"},
+        {"down as well", 24h, 500, "Shop: 1 day remaining"},
+        {"expired", -48h, 200, "Shop: -2 days remaining"},
+    };
+    for (const auto &c : cases) {
+        center.requests.clear();
+        certificateEnd = std::chrono::floor<std::chrono::seconds>(now) + c.remaining;
+        result = response(c.statusCode);
+        const Check made = run();
+        EXPECT_EQ(made.sslExpiresAt, CompactOptional<Timestamp>(Timestamp(*certificateEnd)))
+            << c.name;
+        ASSERT_EQ(center.requests.size(), c.body ? 1u : 0u) << c.name;
+        if (c.body) {
+            EXPECT_EQ(center.requests[0].body, QString::fromLatin1(c.body)) << c.name;
+        }
+    }
+}
+
+TEST_F(HttpCheckTest, WithoutACertificateNothingIsToldOfOne)
+{
+    monitor.sslExpiryWarningDays = 100000;
+    EXPECT_FALSE(run().sslExpiresAt.has_value());
+    EXPECT_EQ(center.kinds(), none);
+}
+
+} // namespace ostrel::test

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "HostileServer.h"
+
+#include <chrono>
+
+namespace ostrel::test {
+
+// What a HostileServer may do on a connection. Unless said otherwise a behaviour waits for a
+// request first (Greeting::ReadRequest).
+
+/// Says nothing, ever.
+void staySilent(HostileConnection &connection, const SeenRequest &request);
+/// Promises a long body and sends a byte of it every 20 ms.
+void dripBytes(HostileConnection &connection, const SeenRequest &request);
+/// Sends response headers without end, as fast as they go.
+void sendEndlessHeaders(HostileConnection &connection, const SeenRequest &request);
+/// Sends a header of one line that has no end.
+void sendEndlessHeaderLine(HostileConnection &connection, const SeenRequest &request);
+/// Redirects to another path of its own, for ever, after 1 ms each.
+void redirectEndlessly(HostileConnection &connection, const SeenRequest &request);
+/// Sends a body without end, as fast as it goes.
+void sendEndlessBody(HostileConnection &connection, const SeenRequest &request);
+/// Sends bytes that aren't HTTP and closes.
+void sendGarbage(HostileConnection &connection, const SeenRequest &request);
+/// Resets the connection in the middle of a body.
+void resetInBody(HostileConnection &connection, const SeenRequest &request);
+/// Closes before the body is as long as was promised.
+void sendShortBody(HostileConnection &connection, const SeenRequest &request);
+/// Sends a body in chunks and closes before the last.
+void breakOffChunks(HostileConnection &connection, const SeenRequest &request);
+/// Sends a body without a length, which ends with the connection: "until the end".
+void sendBodyUntilClose(HostileConnection &connection, const SeenRequest &request);
+/// Sends zeros that gzip has made a thousandth of: 1 GiB when decoded.
+void sendGzipBomb(HostileConnection &connection, const SeenRequest &request);
+/// Sends zeros without end of which four bytes decode to 128 KiB (Zstandard).
+void sendEndlessZstdBomb(HostileConnection &connection, const SeenRequest &request);
+/// Sends "gzip decoded" in gzip.
+void sendGzip(HostileConnection &connection, const SeenRequest &request);
+/// "/" sets a cookie and redirects to "/next"; that answers 200 where it gets the cookie and 412
+/// otherwise. "/show" answers with the cookies that it got.
+void askForCookie(HostileConnection &connection, const SeenRequest &request);
+/// "/3" redirects to "/2" and so on down to "/0", which answers "arrived".
+void countRedirectsDown(HostileConnection &connection, const SeenRequest &request);
+/// "/301" redirects to "/arrived" with that status, likewise for every other; "/arrived" answers
+/// with the method it was asked with.
+void redirectWithStatus(HostileConnection &connection, const SeenRequest &request);
+/// "/404" answers with that status and the body "Status 404".
+void answerWithStatus(HostileConnection &connection, const SeenRequest &request);
+/// Without Greeting: answers a TLS client's hello, and then sends a certificate that is none.
+void sendBrokenCertificate(HostileConnection &connection, const SeenRequest &request);
+
+/// Answers "OK" after @p delay.
+[[nodiscard]] HostileServer::Behaviour answerAfter(std::chrono::milliseconds delay);
+/// Redirects to @p location.
+[[nodiscard]] HostileServer::Behaviour redirectTo(const QByteArray &location);
+/// Answers 200 with @p body.
+[[nodiscard]] HostileServer::Behaviour answerWith(const QByteArray &body);
+
+} // namespace ostrel::test

@@ -1,0 +1,112 @@
+#include "HostileConnection.h"
+
+#include <array>
+#include <cerrno>
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace ostrel::test {
+
+namespace {
+
+constexpr auto headEnd = "\r\n\r\n";
+
+SeenRequest parseHead(const QByteArray &head)
+{
+    QByteArrayList lines = head.split('\n');
+    for (QByteArray &line : lines)
+        line = line.trimmed();
+    const QByteArrayList words = lines.takeFirst().split(' ');
+    return {.method = words.value(0), .target = words.value(1), .headers = lines};
+}
+
+} // namespace
+
+std::optional<QByteArray> SeenRequest::header(const QByteArray &name) const
+{
+    for (const QByteArray &line : headers) {
+        const auto colon = line.indexOf(':');
+        if (line.left(colon).compare(name, Qt::CaseInsensitive) == 0)
+            return line.mid(colon + 1).trimmed();
+    }
+    return std::nullopt;
+}
+
+HostileConnection::HostileConnection(int descriptor, int stopDescriptor)
+    : m_descriptor(descriptor)
+    , m_stopDescriptor(stopDescriptor)
+{
+    fcntl(m_descriptor, F_SETFL, O_NONBLOCK);
+}
+
+HostileConnection::~HostileConnection()
+{
+    close(m_descriptor);
+}
+
+std::optional<SeenRequest> HostileConnection::readRequest()
+{
+    QByteArray head;
+    std::array<char, 4096> buffer{};
+    while (!head.contains(headEnd)) {
+        if (!waitFor(POLLIN))
+            return std::nullopt;
+        const ssize_t count = recv(m_descriptor, buffer.data(), buffer.size(), 0);
+        if (count <= 0)
+            return std::nullopt;
+        head.append(buffer.data(), count);
+    }
+    return parseHead(head.left(head.indexOf(headEnd)));
+}
+
+bool HostileConnection::send(const QByteArray &bytes)
+{
+    qsizetype sent = 0;
+    while (sent < bytes.size()) {
+        if (!waitFor(POLLOUT))
+            return false;
+        const auto left = static_cast<std::size_t>(bytes.size() - sent);
+        const ssize_t count = ::send(m_descriptor, bytes.constData() + sent, left, MSG_NOSIGNAL);
+        if (count < 0 && errno != EAGAIN)
+            return false;
+        sent += std::max<ssize_t>(count, 0);
+    }
+    return true;
+}
+
+bool HostileConnection::respond(const QByteArray &status, const QByteArray &body,
+                                const QByteArray &headers)
+{
+    return send("HTTP/1.1 " + status + "\r\n" + headers + "Content-Length: " +
+                QByteArray::number(body.size()) + "\r\nConnection: close\r\n\r\n" + body);
+}
+
+bool HostileConnection::pause(std::chrono::milliseconds time)
+{
+    pollfd stop{.fd = m_stopDescriptor, .events = POLLIN, .revents = 0};
+    return poll(&stop, 1, static_cast<int>(time.count())) == 0;
+}
+
+void HostileConnection::waitForTheEnd()
+{
+    std::array<char, 4096> buffer{};
+    while (waitFor(POLLIN) && recv(m_descriptor, buffer.data(), buffer.size(), 0) > 0) {
+    }
+}
+
+void HostileConnection::reset()
+{
+    const linger immediately{.l_onoff = 1, .l_linger = 0};
+    setsockopt(m_descriptor, SOL_SOCKET, SO_LINGER, &immediately, sizeof immediately);
+}
+
+bool HostileConnection::waitFor(short events)
+{
+    std::array<pollfd, 2> both{pollfd{.fd = m_descriptor, .events = events, .revents = 0},
+                               pollfd{.fd = m_stopDescriptor, .events = POLLIN, .revents = 0}};
+    return poll(both.data(), both.size(), -1) > 0 && both[1].revents == 0;
+}
+
+} // namespace ostrel::test

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayList>
+
+#include <chrono>
+#include <optional>
+
+namespace ostrel::test {
+
+/// A request's head, as a server saw it.
+struct SeenRequest
+{
+    QByteArray method;
+    QByteArray target;      ///< For example "/status/204?x=1".
+    QByteArrayList headers; ///< One line each, without the line's end.
+
+    /// The value of the header @p name (any case); nothing where there is none.
+    [[nodiscard]] std::optional<QByteArray> header(const QByteArray &name) const;
+};
+
+/// The server's end of one connection. Every function gives up, with false or nothing, when the
+/// peer has gone or the server stops.
+class HostileConnection
+{
+public:
+    /// Takes @p descriptor over. The server makes @p stopDescriptor readable when it stops.
+    HostileConnection(int descriptor, int stopDescriptor);
+    ~HostileConnection();
+    HostileConnection(const HostileConnection &) = delete;
+    HostileConnection &operator=(const HostileConnection &) = delete;
+
+    [[nodiscard]] std::optional<SeenRequest> readRequest();
+    bool send(const QByteArray &bytes);
+    /// Sends a whole response: a head made of @p status ("200 OK") and @p headers (each line with
+    /// its end), Content-Length, Connection: close, and @p body.
+    bool respond(const QByteArray &status, const QByteArray &body = {},
+                 const QByteArray &headers = {});
+    /// Does nothing for @p time.
+    bool pause(std::chrono::milliseconds time);
+    /// Does nothing until the peer has gone or the server stops.
+    void waitForTheEnd();
+    /// Closes with a reset instead of an orderly end.
+    void reset();
+
+private:
+    [[nodiscard]] bool waitFor(short events);
+
+    int m_descriptor;
+    int m_stopDescriptor;
+};
+
+} // namespace ostrel::test

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "TestCertificates.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QProcess>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <optional>
+
+namespace ostrel::test {
+
+/// One `server` block of nginx's configuration, on a port of its own.
+struct NginxSite
+{
+    /// Plain http where there is none.
+    std::optional<TestLeaf> leaf;
+    /// What the block says besides `listen` and the certificate. PORT_0 stands for the first
+    /// site's port, PORT_1 for the second's, and so on.
+    QByteArray directives = "location / { return 200 \"OK\"; }";
+};
+
+/// A real nginx of Debian's nginx-light, in a fresh folder and on free ports of 127.0.0.1, from
+/// construction to destruction. Works as root and as a normal user.
+class NginxServer
+{
+public:
+    /// Returns when every site accepts connections. Ends the program where nginx won't start.
+    explicit NginxServer(const QList<NginxSite> &sites);
+    ~NginxServer();
+    NginxServer(const NginxServer &) = delete;
+    NginxServer &operator=(const NginxServer &) = delete;
+
+    [[nodiscard]] quint16 port(int site = 0) const { return m_ports.at(site); }
+    /// "https://localhost:8443/path", or http for a site without a leaf.
+    [[nodiscard]] QByteArray url(int site = 0, const QByteArray &path = "/",
+                                 const QByteArray &host = "localhost") const;
+    /// The folder that paths in directives are relative to; files can be put there.
+    [[nodiscard]] QString folder() const { return m_folder.path(); }
+    /// One line for each request that has been answered: port, method, target, status, user agent.
+    [[nodiscard]] QStringList accessLog() const;
+
+private:
+    [[nodiscard]] bool start();
+    [[nodiscard]] bool waitUntilListening();
+    [[nodiscard]] QByteArray configuration() const;
+    [[nodiscard]] QByteArray block(int site) const;
+    [[nodiscard]] QByteArray withPorts(QByteArray directives) const;
+
+    QTemporaryDir m_folder;
+    QList<NginxSite> m_sites;
+    QList<quint16> m_ports;
+    QProcess m_process;
+};
+
+} // namespace ostrel::test
