@@ -108,7 +108,7 @@ void FreedesktopNotificationCenter::learnBodyFormat(const QDBusMessage &reply)
     m_bodyFormat = isMarkup ? BodyFormat::markup : BodyFormat::plain;
     sendWaiting();
     // What waited has waited long enough; the next notification asks the newcomer.
-    if (m_hasDaemonChanged)
+    if (m_hasDaemonChanged && reply.service() != m_daemon)
         m_bodyFormat = BodyFormat::unknown;
 }
 

@@ -1,0 +1,241 @@
+#include "FreedesktopLoginItem.h"
+
+#include "Printers.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace ostrel::test {
+namespace {
+
+/// A home folder with a program, and nothing on PATH but one empty folder.
+class FreedesktopLoginItemTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(path("config")));
+        qputenv("PATH", QFile::encodeName(path("bin")));
+        QDir(m_folder.path()).mkdir(QStringLiteral("bin"));
+    }
+
+    [[nodiscard]] QString path(const char *name) const
+    {
+        return m_folder.filePath(QString::fromUtf8(name));
+    }
+    [[nodiscard]] QString entryPath() const { return path("config/autostart/ostrel.desktop"); }
+
+    [[nodiscard]] QString makeProgram(const QString &relativePath)
+    {
+        const QString program = m_folder.filePath(relativePath);
+        QDir().mkpath(QFileInfo(program).path());
+        QFile file(program);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        EXPECT_TRUE(file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+        return program;
+    }
+
+    [[nodiscard]] QByteArray entry() const
+    {
+        QFile file(entryPath());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    void writeEntry(const QByteArray &text) const
+    {
+        QDir().mkpath(QFileInfo(entryPath()).path());
+        QFile file(entryPath());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+    }
+
+    /// The entry's line for @p key.
+    [[nodiscard]] QString valueOf(const char *key) const
+    {
+        for (const QByteArray &line : entry().split('\n')) {
+            if (line.startsWith(key + QByteArray("=")))
+                return QString::fromUtf8(line.sliced(line.indexOf('=') + 1));
+        }
+        return {};
+    }
+
+    QTemporaryDir m_folder;
+};
+
+TEST_F(FreedesktopLoginItemTest, NamesTheInstalledProgramWithoutItsPath)
+{
+    FreedesktopLoginItem item(makeProgram(QStringLiteral("bin/ostrel")));
+    EXPECT_TRUE(item.registerItem());
+    EXPECT_EQ(entry(), QByteArray("[Desktop Entry]\n"
+                                  "Type=Application\n"
+                                  "Name=Ostrel\n"
+                                  "Exec=ostrel\n"
+                                  "TryExec=ostrel\n"
+                                  "Icon=ostrel\n"
+                                  "Terminal=false\n"
+                                  "X-GNOME-Autostart-Delay=2\n"
+                                  "X-KDE-autostart-after=panel\n"
+                                  "X-LXQt-Need-Tray=true\n"));
+}
+
+TEST_F(FreedesktopLoginItemTest, NamesAProgramThatIsInstalledThroughALinkWithoutItsPath)
+{
+    const QString program = makeProgram(QStringLiteral("opt/ostrel"));
+    QFile::link(program, path("bin/ostrel"));
+    FreedesktopLoginItem item(program);
+    EXPECT_TRUE(item.registerItem());
+    EXPECT_EQ(valueOf("Exec"), QStringLiteral("ostrel"));
+}
+
+TEST_F(FreedesktopLoginItemTest, NamesAProgramThatIsNotInstalledByItsPath)
+{
+    const QString program = makeProgram(QStringLiteral("build/ostrel"));
+    (void)makeProgram(QStringLiteral("bin/ostrel")); // Another one of the same name.
+    FreedesktopLoginItem item(program);
+    EXPECT_TRUE(item.registerItem());
+    EXPECT_EQ(valueOf("Exec"), program);
+    EXPECT_EQ(valueOf("TryExec"), program);
+}
+
+struct PathCase
+{
+    const char *name;
+    const char *path;
+    const char *exec;    ///< Without the folder, as it stands in the file.
+    const char *tryExec; ///< Likewise.
+};
+
+void PrintTo(const PathCase &sample, std::ostream *out)
+{
+    *out << sample.name;
+}
+
+class FreedesktopLoginItemPathTest : public FreedesktopLoginItemTest,
+                                     public testing::WithParamInterface<PathCase>
+{
+};
+
+TEST_P(FreedesktopLoginItemPathTest, IsQuotedAndRecognized)
+{
+    FreedesktopLoginItem item(makeProgram(QString::fromUtf8(GetParam().path)));
+    ASSERT_TRUE(item.registerItem());
+    EXPECT_EQ(valueOf("Exec"), u'"' + m_folder.filePath(QString::fromUtf8(GetParam().exec)) + u'"');
+    EXPECT_EQ(valueOf("TryExec"), m_folder.filePath(QString::fromUtf8(GetParam().tryExec)));
+
+    // Had it not recognized its own entry, the comment would be gone.
+    writeEntry(entry() + "# kept\n");
+    ASSERT_TRUE(item.registerItem());
+    EXPECT_TRUE(entry().endsWith("# kept\n"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Paths, FreedesktopLoginItemPathTest,
+    testing::Values(PathCase{"Blank", "my programs/ostrel", "my programs/ostrel",
+                             "my programs/ostrel"},
+                    PathCase{"QuotationMark", "a\"b/ostrel", "a\\\\\"b/ostrel", "a\"b/ostrel"},
+                    PathCase{"Dollar", "a$b/ostrel", "a\\\\$b/ostrel", "a$b/ostrel"},
+                    PathCase{"Backslash", "a\\b/ostrel", "a\\\\\\\\b/ostrel", "a\\\\b/ostrel"},
+                    PathCase{"PercentAndBlank", "5 %u/ostrel", "5 %%u/ostrel", "5 %u/ostrel"},
+                    PathCase{"Umlaut", "f\xc3\xbcr mich/ostrel", "f\xc3\xbcr mich/ostrel",
+                             "f\xc3\xbcr mich/ostrel"}),
+    [](const auto &test) { return std::string(test.param.name); });
+
+TEST_F(FreedesktopLoginItemTest, EscapesPercentWithoutQuotes)
+{
+    const QString program = makeProgram(QStringLiteral("5%u/ostrel"));
+    FreedesktopLoginItem item(program);
+    ASSERT_TRUE(item.registerItem());
+    EXPECT_EQ(valueOf("Exec"), m_folder.filePath(QStringLiteral("5%%u/ostrel")));
+    EXPECT_EQ(valueOf("TryExec"), program);
+}
+
+TEST_F(FreedesktopLoginItemTest, IsIdempotent)
+{
+    FreedesktopLoginItem item(makeProgram(QStringLiteral("bin/ostrel")));
+    ASSERT_TRUE(item.registerItem());
+    const QByteArray first = entry();
+    EXPECT_TRUE(item.registerItem());
+    EXPECT_EQ(entry(), first);
+    EXPECT_EQ(QDir(path("config/autostart")).entryList(QDir::Files).size(), 1);
+
+    EXPECT_TRUE(item.unregisterItem());
+    EXPECT_FALSE(QFile::exists(entryPath()));
+    EXPECT_TRUE(item.unregisterItem());
+}
+
+TEST_F(FreedesktopLoginItemTest, LeavesAnEntryAloneThatStartsTheSameProgram)
+{
+    FreedesktopLoginItem item(makeProgram(QStringLiteral("bin/ostrel")));
+    const QByteArray own = "[Desktop Entry]\nType=Application\nName=Mine\n"
+                           "Exec=ostrel --data-dir /srv/watch\n";
+    writeEntry(own);
+    EXPECT_TRUE(item.registerItem());
+    EXPECT_EQ(entry(), own);
+}
+
+TEST_F(FreedesktopLoginItemTest, RespectsAnEntryThatItsUserHasHidden)
+{
+    FreedesktopLoginItem item(makeProgram(QStringLiteral("bin/ostrel")));
+    ASSERT_TRUE(item.registerItem());
+    const QByteArray hidden = entry() + "Hidden=true\n";
+    writeEntry(hidden);
+    EXPECT_TRUE(item.registerItem());
+    EXPECT_EQ(entry(), hidden);
+}
+
+TEST_F(FreedesktopLoginItemTest, RespectsAnEntryOfAnotherProgramThatItsUserHasDisabled)
+{
+    FreedesktopLoginItem item(makeProgram(QStringLiteral("bin/ostrel")));
+    const QByteArray disabled = "[Desktop Entry]\nType=Application\nName=Ostrel\n"
+                                "Exec=/old/ostrel\nX-GNOME-Autostart-enabled = false\n";
+    writeEntry(disabled);
+    EXPECT_TRUE(item.registerItem());
+    EXPECT_EQ(entry(), disabled);
+}
+
+TEST_F(FreedesktopLoginItemTest, ReplacesAnEntryWhoseProgramIsGone)
+{
+    FreedesktopLoginItem item(makeProgram(QStringLiteral("bin/ostrel")));
+    writeEntry("[Desktop Entry]\nType=Application\nName=Ostrel\nExec=/old/ostrel\n"
+               "[Desktop Action Off]\nHidden=true\n");
+    EXPECT_TRUE(item.registerItem());
+    EXPECT_EQ(valueOf("Exec"), QStringLiteral("ostrel"));
+}
+
+TEST_F(FreedesktopLoginItemTest, ReplacesAnEntryThatIsNone)
+{
+    FreedesktopLoginItem item(makeProgram(QStringLiteral("bin/ostrel")));
+    writeEntry(QByteArray("\0\xff=\n[", 5));
+    EXPECT_TRUE(item.registerItem());
+    EXPECT_EQ(valueOf("Exec"), QStringLiteral("ostrel"));
+}
+
+TEST_F(FreedesktopLoginItemTest, IsRefusedWhereItCantBeWritten)
+{
+    FreedesktopLoginItem item(makeProgram(QStringLiteral("bin/ostrel")));
+    QDir().mkpath(entryPath()); // A folder of that name.
+    EXPECT_FALSE(item.registerItem());
+    EXPECT_FALSE(item.unregisterItem());
+}
+
+TEST_F(FreedesktopLoginItemTest, IsValidToTheDesktopsOwnTool)
+{
+    const QString validator = QStandardPaths::findExecutable(
+        QStringLiteral("desktop-file-validate"), {QStringLiteral("/usr/bin")});
+    if (validator.isEmpty())
+        GTEST_SKIP() << "desktop-file-validate is not installed";
+    FreedesktopLoginItem item(makeProgram(QStringLiteral("a \"$%\\ b/ostrel")));
+    ASSERT_TRUE(item.registerItem());
+    QProcess process;
+    process.start(validator, {entryPath()});
+    ASSERT_TRUE(process.waitForFinished());
+    EXPECT_EQ(process.exitCode(), 0) << process.readAll().toStdString();
+}
+
+} // namespace
+} // namespace ostrel::test

@@ -1,0 +1,381 @@
+#include "FreedesktopNotificationCenter.h"
+
+#include "Printers.h"
+#include "StubNotificationDaemon.h"
+#include "WaitFor.h"
+
+#include <QDBusConnectionInterface>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace ostrel::test {
+namespace {
+
+using namespace std::chrono_literals;
+using Behaviour = StubNotificationDaemon::Behaviour;
+
+const auto shopDown = QStringLiteral("down-shop");
+const auto blogDown = QStringLiteral("down-blog");
+
+NotificationRequest request(const QString &identifier, const QString &body,
+                            InterruptionLevel level = InterruptionLevel::active)
+{
+    return {
+        .identifier = identifier, .title = QStringLiteral("T <b>&"), .body = body, .level = level};
+}
+
+/// A notification center on a private bus; the daemon is the test's business.
+class FreedesktopNotificationCenterTest : public testing::Test
+{
+protected:
+    void SetUp() override { ASSERT_TRUE(m_bus.isRunning()); }
+
+    void startDaemon(const QStringList &capabilities = {QStringLiteral("body")})
+    {
+        m_daemon.reset(); // Before the newcomer asks for the name.
+        ASSERT_TRUE(waitFor(
+            [&] { return !m_bus.hasOwner(QStringLiteral("org.freedesktop.Notifications")); }));
+        m_daemon = std::make_unique<StubNotificationDaemon>(m_bus, capabilities);
+        settle();
+    }
+    [[nodiscard]] bool daemonHas(int notifications) const
+    {
+        return waitFor([&] { return m_daemon->notifications().size() >= notifications; });
+    }
+    /// What comes after everything that was sent so far has been answered.
+    void addAndAwait(const QString &identifier, const QString &body)
+    {
+        const auto before = m_daemon->notifications().size();
+        m_center.add(request(identifier, body));
+        ASSERT_TRUE(daemonHas(static_cast<int>(before) + 1));
+        settle();
+    }
+    /// Lets every reply that the daemon has sent arrive: the bus answers in order.
+    void settle()
+    {
+        bool isAnswered = false;
+        const QDBusPendingCallWatcher watcher(m_connection.interface()->asyncCall(
+            QStringLiteral("NameHasOwner"), QStringLiteral("org.freedesktop.DBus")));
+        QObject::connect(&watcher, &QDBusPendingCallWatcher::finished, &watcher,
+                         [&] { isAnswered = true; });
+        ASSERT_TRUE(waitFor([&] { return isAnswered; }));
+        QCoreApplication::processEvents();
+    }
+    [[nodiscard]] QStringList bodies() const
+    {
+        QStringList all;
+        for (const auto &notification : m_daemon->notifications())
+            all.append(notification.body);
+        return all;
+    }
+    [[nodiscard]] QList<uint> replacedIds() const
+    {
+        QList<uint> all;
+        for (const auto &notification : m_daemon->notifications())
+            all.append(notification.replacesId);
+        return all;
+    }
+
+    static constexpr uint firstId = StubNotificationDaemon::firstId;
+
+    PrivateBus m_bus;
+    QDBusConnection m_connection = m_bus.connect();
+    std::unique_ptr<StubNotificationDaemon> m_daemon;
+    FreedesktopNotificationCenter m_center{m_connection, 200ms};
+};
+
+TEST_F(FreedesktopNotificationCenterTest, SendsAllThatTheProtocolAsksFor)
+{
+    startDaemon();
+    m_center.requestAuthorization();
+    m_center.add(request(shopDown, QStringLiteral("HTTP 503"), InterruptionLevel::timeSensitive));
+    ASSERT_TRUE(daemonHas(1));
+    const auto &sent = m_daemon->notifications().first();
+    EXPECT_EQ(sent.application, QStringLiteral("Ostrel"));
+    EXPECT_EQ(sent.replacesId, 0U);
+    EXPECT_EQ(sent.icon, QStringLiteral("ostrel"));
+    EXPECT_EQ(sent.title, QStringLiteral("T <b>&"));
+    EXPECT_EQ(sent.body, QStringLiteral("HTTP 503"));
+    EXPECT_TRUE(sent.actions.isEmpty());
+    EXPECT_EQ(sent.expiry, -1);
+    EXPECT_EQ(sent.hints.size(), 3);
+    EXPECT_EQ(sent.hints.value(QStringLiteral("urgency")), QVariant::fromValue<uchar>(2));
+    EXPECT_EQ(sent.hints.value(QStringLiteral("urgency")).typeId(), QMetaType::UChar);
+    EXPECT_EQ(sent.hints.value(QStringLiteral("sound-name")).toString(),
+              QStringLiteral("message-new-instant"));
+    EXPECT_EQ(sent.hints.value(QStringLiteral("desktop-entry")).toString(),
+              QStringLiteral("ostrel"));
+}
+
+TEST_F(FreedesktopNotificationCenterTest, HasTheUsualUrgencyUnlessItIsTimeSensitive)
+{
+    startDaemon();
+    addAndAwait(shopDown, QStringLiteral("1"));
+    const QVariantMap hints = m_daemon->notifications().first().hints;
+    EXPECT_EQ(hints.value(QStringLiteral("urgency")), QVariant::fromValue<uchar>(1));
+}
+
+TEST_F(FreedesktopNotificationCenterTest, EscapesBodiesWhereTheyAreMarkup)
+{
+    startDaemon({QStringLiteral("body"), QStringLiteral("body-markup")});
+    addAndAwait(shopDown, QStringLiteral("<b>& \"x\""));
+    EXPECT_EQ(m_daemon->notifications().first().body,
+              QStringLiteral("&lt;b&gt;&amp; &quot;x&quot;"));
+    EXPECT_EQ(m_daemon->notifications().first().title, QStringLiteral("T <b>&"));
+}
+
+TEST_F(FreedesktopNotificationCenterTest, LeavesBodiesAloneWhereTheyAreText)
+{
+    startDaemon({QStringLiteral("body"), QStringLiteral("body-hyperlinks")});
+    addAndAwait(shopDown, QStringLiteral("<b>&"));
+    EXPECT_EQ(bodies(), QStringList{QStringLiteral("<b>&")});
+}
+
+TEST_F(FreedesktopNotificationCenterTest, AsksForCapabilitiesOnceForEveryDaemon)
+{
+    startDaemon({QStringLiteral("body-markup")});
+    addAndAwait(shopDown, QStringLiteral("&1"));
+    addAndAwait(blogDown, QStringLiteral("&2"));
+    EXPECT_EQ(m_daemon->capabilityCalls(), 1);
+    EXPECT_EQ(bodies(), QStringList({QStringLiteral("&amp;1"), QStringLiteral("&amp;2")}));
+
+    startDaemon({QStringLiteral("body")});
+    addAndAwait(shopDown, QStringLiteral("&3"));
+    EXPECT_EQ(m_daemon->capabilityCalls(), 1);
+    EXPECT_EQ(bodies(), QStringList{QStringLiteral("&3")});
+}
+
+TEST_F(FreedesktopNotificationCenterTest, ReplacesByIdentifier)
+{
+    startDaemon();
+    addAndAwait(shopDown, QStringLiteral("1"));
+    addAndAwait(blogDown, QStringLiteral("2"));
+    addAndAwait(shopDown, QStringLiteral("3"));
+    addAndAwait(blogDown, QStringLiteral("4"));
+    EXPECT_EQ(replacedIds(), QList<uint>({0, 0, firstId, firstId + 1}));
+}
+
+TEST_F(FreedesktopNotificationCenterTest, ForgetsTheIdsOfADaemonThatIsGone)
+{
+    startDaemon();
+    addAndAwait(shopDown, QStringLiteral("1"));
+    startDaemon();
+    addAndAwait(shopDown, QStringLiteral("2"));
+    addAndAwait(shopDown, QStringLiteral("3"));
+    EXPECT_EQ(replacedIds(), QList<uint>({0, firstId}));
+}
+
+TEST_F(FreedesktopNotificationCenterTest, CoalescesWhileTheDaemonIsSlow)
+{
+    startDaemon();
+    addAndAwait(blogDown, QStringLiteral("0"));
+    m_daemon->setBehaviour(Behaviour::holds);
+    // Nobody answers while add runs: this thread is the daemon's as well.
+    m_center.add(request(shopDown, QStringLiteral("1")));
+    m_center.add(request(shopDown, QStringLiteral("2")));
+    m_center.add(request(shopDown, QStringLiteral("3")));
+    ASSERT_TRUE(daemonHas(2));
+    settle();
+    EXPECT_EQ(bodies(), QStringList({QStringLiteral("0"), QStringLiteral("1")}));
+
+    m_daemon->setBehaviour(Behaviour::answers);
+    m_daemon->answerHeld();
+    ASSERT_TRUE(daemonHas(3));
+    settle();
+    EXPECT_EQ(bodies(),
+              QStringList({QStringLiteral("0"), QStringLiteral("1"), QStringLiteral("3")}));
+    EXPECT_EQ(replacedIds(), QList<uint>({0, 0, firstId + 1}));
+}
+
+TEST_F(FreedesktopNotificationCenterTest, OneThatIsSlowDoesNotHoldUpTheOthers)
+{
+    startDaemon();
+    addAndAwait(QStringLiteral("first"), QStringLiteral("0"));
+    m_daemon->setBehaviour(Behaviour::holds);
+    m_center.add(request(shopDown, QStringLiteral("1")));
+    m_center.add(request(blogDown, QStringLiteral("2")));
+    ASSERT_TRUE(daemonHas(3));
+    EXPECT_EQ(bodies().last(), QStringLiteral("2"));
+}
+
+TEST_F(FreedesktopNotificationCenterTest, CoalescesWhileTheDaemonThinksAboutItsCapabilities)
+{
+    startDaemon({QStringLiteral("body-markup")});
+    m_daemon->setBehaviour(Behaviour::holds);
+    m_center.add(request(shopDown, QStringLiteral("1")));
+    m_center.add(request(blogDown, QStringLiteral("2")));
+    m_center.add(request(shopDown, QStringLiteral("&3")));
+    ASSERT_TRUE(waitFor([&] { return m_daemon->capabilityCalls() == 1; }));
+    m_daemon->setBehaviour(Behaviour::answers);
+    m_daemon->answerHeld();
+    ASSERT_TRUE(daemonHas(2));
+    settle();
+    EXPECT_EQ(bodies(), QStringList({QStringLiteral("&amp;3"), QStringLiteral("2")}));
+}
+
+TEST_F(FreedesktopNotificationCenterTest, StartsAfreshAfterADaemonThatWasSilent)
+{
+    startDaemon({QStringLiteral("body-markup")});
+    m_daemon->setBehaviour(Behaviour::holds);
+    m_center.add(request(shopDown, QStringLiteral("&1")));
+    // The capabilities are given up, and no answer means no markup; then the notification is.
+    ASSERT_TRUE(daemonHas(1));
+    m_center.add(request(shopDown, QStringLiteral("&2")));
+    ASSERT_TRUE(daemonHas(2));
+    EXPECT_EQ(bodies(), QStringList({QStringLiteral("&1"), QStringLiteral("&2")}));
+    EXPECT_EQ(replacedIds(), QList<uint>({0, 0}));
+}
+
+TEST_F(FreedesktopNotificationCenterTest, DropsWhatTheDaemonRefuses)
+{
+    startDaemon();
+    addAndAwait(shopDown, QStringLiteral("1"));
+    m_daemon->setBehaviour(Behaviour::fails);
+    addAndAwait(shopDown, QStringLiteral("2"));
+    m_daemon->setBehaviour(Behaviour::answers);
+    addAndAwait(shopDown, QStringLiteral("3"));
+    EXPECT_EQ(replacedIds(), QList<uint>({0, firstId, 0}));
+    EXPECT_EQ(m_daemon->notifications().size(), 3);
+}
+
+TEST_F(FreedesktopNotificationCenterTest, TakesADaemonWithoutCapabilitiesForOneOfText)
+{
+    startDaemon();
+    m_daemon->setBehaviour(Behaviour::fails);
+    m_center.add(request(shopDown, QStringLiteral("<b>&")));
+    ASSERT_TRUE(daemonHas(1));
+    EXPECT_EQ(bodies(), QStringList{QStringLiteral("<b>&")});
+}
+
+TEST_F(FreedesktopNotificationCenterTest, StartsAfreshAfterADaemonThatDiedAtWork)
+{
+    startDaemon();
+    addAndAwait(shopDown, QStringLiteral("1"));
+    m_daemon->setBehaviour(Behaviour::holds);
+    m_center.add(request(shopDown, QStringLiteral("2")));
+    ASSERT_TRUE(daemonHas(2));
+    m_center.add(request(shopDown, QStringLiteral("3")));
+    startDaemon();
+    ASSERT_TRUE(daemonHas(1));
+    EXPECT_EQ(bodies(), QStringList{QStringLiteral("3")});
+    EXPECT_EQ(replacedIds(), QList<uint>{0});
+}
+
+TEST_F(FreedesktopNotificationCenterTest, AsksTheNextDaemonWhereOneDiedOverItsCapabilities)
+{
+    startDaemon({QStringLiteral("body-markup")});
+    m_daemon->setBehaviour(Behaviour::holds);
+    m_center.add(request(shopDown, QStringLiteral("1")));
+    ASSERT_TRUE(waitFor([&] { return m_daemon->capabilityCalls() == 1; }));
+    startDaemon({QStringLiteral("body-markup")});
+    ASSERT_TRUE(daemonHas(1));
+    settle();
+    addAndAwait(shopDown, QStringLiteral("&2"));
+    EXPECT_EQ(bodies().last(), QStringLiteral("&amp;2"));
+}
+
+TEST_F(FreedesktopNotificationCenterTest, DropsEverythingWhileThereIsNoDaemon)
+{
+    m_center.add(request(shopDown, QStringLiteral("1")));
+    settle();
+    settle(); // The refusal of the capabilities is followed by that of the notification.
+    startDaemon();
+    addAndAwait(shopDown, QStringLiteral("2"));
+    EXPECT_EQ(bodies(), QStringList{QStringLiteral("2")});
+    EXPECT_EQ(replacedIds(), QList<uint>{0});
+}
+
+TEST_F(FreedesktopNotificationCenterTest, OutlivesTheBus)
+{
+    startDaemon();
+    addAndAwait(shopDown, QStringLiteral("1"));
+    m_bus.stop();
+    ASSERT_TRUE(waitFor([&] { return !m_connection.isConnected(); }));
+    m_center.add(request(shopDown, QStringLiteral("2")));
+    QCoreApplication::processEvents();
+}
+
+TEST_F(FreedesktopNotificationCenterTest, MayEndWhileTheDaemonIsThinking)
+{
+    startDaemon();
+    m_daemon->setBehaviour(Behaviour::holds);
+    {
+        FreedesktopNotificationCenter center(m_bus.connect());
+        center.add(request(shopDown, QStringLiteral("1")));
+        ASSERT_TRUE(waitFor([&] { return m_daemon->capabilityCalls() == 1; }));
+    }
+    m_daemon->answerHeld();
+    settle();
+    EXPECT_TRUE(m_daemon->notifications().isEmpty());
+}
+
+TEST_F(FreedesktopNotificationCenterTest, SendsTextThatTheBusWouldRefuse)
+{
+    startDaemon();
+    const QString hostile = QStringLiteral("a") + QChar(0xd800) + QChar(0xffff) + u'b';
+    addAndAwait(shopDown, hostile);
+    ASSERT_TRUE(m_connection.isConnected());
+    EXPECT_TRUE(m_daemon->notifications().first().body.startsWith(u'a'));
+}
+
+struct EnvironmentCase
+{
+    const char *name;
+    const char *address;
+    const char *runtimeFolder;
+};
+
+void PrintTo(const EnvironmentCase &sample, std::ostream *out)
+{
+    *out << sample.name;
+}
+
+/// Environments from which the bus library would find a bus only by starting one.
+class NoSessionBusTest : public testing::TestWithParam<EnvironmentCase>
+{
+};
+
+TEST_P(NoSessionBusTest, DropsEverything)
+{
+    qputenv("DBUS_SESSION_BUS_ADDRESS", GetParam().address);
+    qputenv("XDG_RUNTIME_DIR", GetParam().runtimeFolder);
+    qputenv("DISPLAY", ":99"); // Starting a bus takes one.
+    FreedesktopNotificationCenter center;
+    center.requestAuthorization();
+    center.add(request(shopDown, QStringLiteral("1")));
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(sessionBus().isConnected());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Environments, NoSessionBusTest,
+    testing::Values(EnvironmentCase{"Empty", "", ""},
+                    EnvironmentCase{"RuntimeFolderWithoutABus", "", "/nonexistent"},
+                    EnvironmentCase{"BusThatIsNoSocket", "", "/proc/self/root/bin/.."},
+                    EnvironmentCase{"Launching", "autolaunch:", ""},
+                    EnvironmentCase{"SocketThatIsGone", "unix:path=/nonexistent/bus", ""}),
+    [](const auto &test) { return std::string(test.param.name); });
+
+TEST(SessionBusTest, IsTheOneThatTheEnvironmentNames)
+{
+    PrivateBus bus;
+    qputenv("DBUS_SESSION_BUS_ADDRESS", bus.address().toUtf8());
+    StubNotificationDaemon daemon(bus);
+    FreedesktopNotificationCenter center;
+    center.add(request(shopDown, QStringLiteral("1")));
+    EXPECT_TRUE(waitFor([&] { return daemon.notifications().size() == 1; }));
+}
+
+TEST(SessionBusTest, IsFoundInTheRuntimeFolder)
+{
+    PrivateBus bus;
+    const QString path = bus.address().section(QStringLiteral("unix:path="), 1).section(u',', 0, 0);
+    qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+    qputenv("XDG_RUNTIME_DIR", path.section(u'/', 0, -2).toUtf8());
+    EXPECT_TRUE(sessionBus().isConnected());
+}
+
+} // namespace
+} // namespace ostrel::test

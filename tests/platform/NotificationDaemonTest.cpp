@@ -1,0 +1,163 @@
+#include "NotificationDaemon.h"
+
+#include "FreedesktopNotificationCenter.h"
+#include "NotificationManager.h"
+#include "Printers.h"
+#include "WaitFor.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+
+#include <gtest/gtest.h>
+
+namespace ostrel::test {
+
+void PrintTo(const ShownNotification &shown, std::ostream *out)
+{
+    *out << shown.id << " | urgency " << static_cast<int>(shown.urgency) << " | "
+         << shown.title.toStdString() << " | " << shown.body.toStdString();
+}
+
+namespace {
+
+using Bodies = NotificationDaemon::Bodies;
+using Urgency = ShownNotification::Urgency;
+
+Monitor shop()
+{
+    Monitor monitor;
+    monitor.id = QUuid(QStringLiteral("0a1b2c3d-4e5f-6789-abcd-ef0123456789"));
+    monitor.name = QStringLiteral("Shop <&>");
+    return monitor;
+}
+
+/// From the manager to what a real daemon shows.
+class NotificationDaemonTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(m_bus.isRunning());
+        ASSERT_TRUE(m_display.isRunning());
+    }
+    [[nodiscard]] bool displays(int count)
+    {
+        return waitFor([&] { return m_daemon.displayedCount() == count; });
+    }
+
+    /// Waits until all that was posted is shown. The daemon answers in order, so that an answer to
+    /// a question is preceded by those to the notifications sent before it; and the center sends
+    /// in three steps at most: the question for capabilities, the first notification of an
+    /// identifier, and the newest of those that came meanwhile.
+    void settle()
+    {
+        for (int step = 0; step < 3; ++step)
+            ASSERT_TRUE(askDaemon());
+    }
+    [[nodiscard]] bool askDaemon()
+    {
+        const QDBusPendingCallWatcher watcher(m_connection.asyncCall(
+            QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.Notifications"),
+                                           QStringLiteral("/org/freedesktop/Notifications"),
+                                           QStringLiteral("org.freedesktop.Notifications"),
+                                           QStringLiteral("GetServerInformation"))));
+        bool isAnswered = false;
+        QObject::connect(&watcher, &QDBusPendingCallWatcher::finished, &watcher,
+                         [&] { isAnswered = true; });
+        return waitFor([&] { return isAnswered; });
+    }
+
+    PrivateBus m_bus;
+    QDBusConnection m_connection = m_bus.connect();
+    VirtualDisplay m_display;
+    NotificationDaemon m_daemon{m_bus, m_display};
+    FreedesktopNotificationCenter m_center{m_connection};
+    NotificationManager m_manager{m_center};
+};
+
+TEST_F(NotificationDaemonTest, ShowsADownMonitorUrgentlyAndItsRecoveryAsUsual)
+{
+    ASSERT_TRUE(m_daemon.start());
+    m_manager.notifyDown(shop(), QStringLiteral("HTTP 503"));
+    ASSERT_TRUE(displays(1));
+    const auto down = m_daemon.closeAll();
+    ASSERT_EQ(down.size(), 1);
+    EXPECT_EQ(down.first().application, QStringLiteral("Ostrel"));
+    EXPECT_EQ(down.first().urgency, Urgency::critical);
+    EXPECT_EQ(down.first().title, QStringLiteral("Shop <&> is Down"));
+    EXPECT_EQ(down.first().body, QStringLiteral("HTTP 503"));
+
+    m_manager.notifyRecovery(shop(), Milliseconds(1234.56));
+    ASSERT_TRUE(displays(1));
+    const auto recovery = m_daemon.closeAll();
+    ASSERT_EQ(recovery.size(), 2);
+    EXPECT_EQ(recovery.first().urgency, Urgency::normal);
+    EXPECT_EQ(recovery.first().title, QStringLiteral("Shop <&> is Back Up"));
+    EXPECT_EQ(recovery.first().body, QStringLiteral("Responding in 1235ms"));
+}
+
+TEST_F(NotificationDaemonTest, ReplacesAnEarlierOneOfTheSameKindAndMonitor)
+{
+    ASSERT_TRUE(m_daemon.start());
+    for (const int milliseconds : {1100, 1200, 1300})
+        m_manager.notifySlow(shop(), Milliseconds(milliseconds), Milliseconds(1000));
+    m_manager.notifyCertificateExpiring(shop(), 14);
+    settle();
+    m_manager.notifySlow(shop(), Milliseconds(1400), Milliseconds(1000));
+    settle();
+    ASSERT_TRUE(displays(2));
+    const auto shown = m_daemon.closeAll();
+    ASSERT_EQ(shown.size(), 2);
+    QStringList bodies;
+    for (const auto &notification : shown)
+        bodies.append(notification.body);
+    bodies.sort();
+    EXPECT_EQ(bodies, QStringList({QStringLiteral("1400ms (threshold: 1000ms)"),
+                                   QStringLiteral("Shop <&>: 14 days remaining")}));
+}
+
+TEST_F(NotificationDaemonTest, ShowsMarkupLiterally)
+{
+    ASSERT_TRUE(m_daemon.start());
+    m_manager.notifyDown(shop(), QStringLiteral("<b>&"));
+    ASSERT_TRUE(displays(1));
+    EXPECT_EQ(m_daemon.closeAll().first().body, QStringLiteral("<b>&"));
+}
+
+TEST_F(NotificationDaemonTest, ShowsTextLiterallyWhereThereIsNoMarkup)
+{
+    NotificationDaemon plain(m_bus, m_display, Bodies::plain);
+    ASSERT_TRUE(plain.start());
+    m_manager.notifyDown(shop(), QStringLiteral("<b>&amp;"));
+    ASSERT_TRUE(waitFor([&] { return plain.displayedCount() == 1; }));
+    EXPECT_EQ(plain.closeAll().first().body, QStringLiteral("<b>&amp;"));
+}
+
+TEST_F(NotificationDaemonTest, GoesOnWithADaemonThatWasRestarted)
+{
+    ASSERT_TRUE(m_daemon.start());
+    m_manager.notifyDown(shop(), QStringLiteral("1"));
+    ASSERT_TRUE(displays(1));
+    m_daemon.stop();
+    m_manager.notifyDown(shop(), QStringLiteral("lost"));
+    ASSERT_TRUE(m_daemon.start());
+    m_manager.notifyDown(shop(), QStringLiteral("2"));
+    ASSERT_TRUE(displays(1));
+    settle();
+    m_manager.notifyDown(shop(), QStringLiteral("3"));
+    settle();
+    const auto shown = m_daemon.closeAll();
+    ASSERT_EQ(shown.size(), 1);
+    EXPECT_EQ(shown.first().body, QStringLiteral("3"));
+}
+
+TEST_F(NotificationDaemonTest, IsStartedByTheBusWhereItCanBe)
+{
+    m_daemon.makeActivatable();
+    m_manager.notifyDown(shop(), QStringLiteral("HTTP 503"));
+    ASSERT_TRUE(displays(1));
+    EXPECT_EQ(m_daemon.closeAll().first().body, QStringLiteral("HTTP 503"));
+}
+
+} // namespace
+} // namespace ostrel::test

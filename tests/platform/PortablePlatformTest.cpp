@@ -1,0 +1,81 @@
+#include "PortableLoginItem.h"
+#include "PortableNotificationCenter.h"
+#include "PortableWakeSignal.h"
+#include "WaitFor.h"
+
+#include <QList>
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace ostrel::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// A wake signal whose clock reads @p ticks in turn, one at the start and one at every tick.
+int wakesAfter(const std::vector<Timestamp::duration> &ticks)
+{
+    std::size_t read = 0;
+    const auto clock = [&] { return Timestamp(ticks.at(std::min(read++, ticks.size() - 1))); };
+    int wakes = 0;
+    PortableWakeSignal signal(clock, 1ms);
+    QObject::connect(&signal, &WakeSignal::didWake, [&] { ++wakes; });
+    EXPECT_TRUE(waitFor([&] { return read > ticks.size(); }));
+    return wakes;
+}
+
+TEST(PortableWakeSignalTest, SaysNothingWhileTicksComeInTime)
+{
+    EXPECT_EQ(wakesAfter({0s, 1s, 2s, 3s}), 0);
+}
+
+TEST(PortableWakeSignalTest, SaysNothingOfATickThatIsAsLateAsTheTolerance)
+{
+    EXPECT_EQ(wakesAfter({0ms, 30'001ms, 30'002ms}), 0);
+}
+
+TEST(PortableWakeSignalTest, TellsOnceOfATickThatIsLaterThanTheTolerance)
+{
+    EXPECT_EQ(wakesAfter({0ms, 30'002ms, 30'003ms}), 1);
+}
+
+TEST(PortableWakeSignalTest, TellsOfEverySleep)
+{
+    EXPECT_EQ(wakesAfter({0s, 600s, 601s, 3600s}), 2);
+}
+
+TEST(PortableWakeSignalTest, SaysNothingOfAClockThatIsSetBack)
+{
+    EXPECT_EQ(wakesAfter({7200s, 3600s, 3601s}), 0);
+}
+
+TEST(PortableNotificationCenterTest, HandsEveryRequestToThePresenter)
+{
+    QList<NotificationRequest> shown;
+    PortableNotificationCenter center([&](const auto &request) { shown.append(request); });
+    const NotificationRequest request = {.identifier = QStringLiteral("down-1"),
+                                         .title = QStringLiteral("Shop is Down"),
+                                         .body = QStringLiteral("HTTP 503"),
+                                         .level = InterruptionLevel::timeSensitive};
+    center.requestAuthorization();
+    center.add(request);
+    EXPECT_EQ(shown, QList<NotificationRequest>{request});
+}
+
+TEST(PortableNotificationCenterTest, DropsEverythingWithoutAPresenter)
+{
+    PortableNotificationCenter center(nullptr);
+    center.add({});
+}
+
+TEST(PortableLoginItemTest, IsRefused)
+{
+    PortableLoginItem item;
+    EXPECT_FALSE(item.registerItem());
+    EXPECT_FALSE(item.unregisterItem());
+}
+
+} // namespace
+} // namespace ostrel::test

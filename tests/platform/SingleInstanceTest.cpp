@@ -1,0 +1,362 @@
+#include "BoundProcess.h"
+#include "FreedesktopSingleInstance.h"
+#include "PortableSingleInstance.h"
+#include "Printers.h"
+#include "WaitFor.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <csignal>
+#include <fcntl.h>
+#include <memory>
+#include <string>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+#include <vector>
+
+namespace ostrel::test {
+namespace {
+
+using namespace std::chrono_literals;
+using Claim = SingleInstance::Claim;
+
+/// For a first program that answers.
+constexpr auto ample = 20s;
+/// For one that doesn't.
+constexpr auto brief = 300ms;
+
+/// Another start of the program, as a process of its own.
+class Start
+{
+public:
+    Start(const QString &platform, const QString &folder, std::chrono::milliseconds patience,
+          const QString &token = {})
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.remove(QStringLiteral("DESKTOP_STARTUP_ID"));
+        environment.insert(QStringLiteral("XDG_ACTIVATION_TOKEN"), token);
+        m_process.setProcessEnvironment(environment);
+        m_process.start(
+            QStringLiteral(OSTREL_PLATFORM_HELPER),
+            {QStringLiteral("claim"), platform, folder, QString::number(patience.count())});
+    }
+
+    [[nodiscard]] QByteArray nextLine() { return m_process.nextLine(30s); }
+    void signal(int number) { ::kill(static_cast<pid_t>(m_process.processId()), number); }
+    void killHard()
+    {
+        m_process.kill();
+        m_process.waitForFinished();
+    }
+
+private:
+    BoundProcess m_process;
+};
+
+/// Both implementations keep the same promises.
+class SingleInstanceTest : public testing::TestWithParam<const char *>
+{
+protected:
+    [[nodiscard]] std::unique_ptr<Start> start(std::chrono::milliseconds patience = ample,
+                                               const QString &token = {}) const
+    {
+        return std::make_unique<Start>(QString::fromUtf8(GetParam()), m_folder.path(), patience,
+                                       token);
+    }
+
+    QTemporaryDir m_folder;
+};
+
+TEST_P(SingleInstanceTest, TheSecondStartHandsOverWithItsToken)
+{
+    const auto first = start();
+    ASSERT_EQ(first->nextLine(), "first");
+    const auto second = start(ample, QStringLiteral("token-1 \u00fc"));
+    EXPECT_EQ(second->nextLine(), "handedOver");
+    EXPECT_EQ(first->nextLine(), "activated token-1 \xc3\xbc");
+
+    const auto third = start();
+    EXPECT_EQ(third->nextLine(), "handedOver");
+    EXPECT_EQ(first->nextLine(), "activated");
+}
+
+TEST_P(SingleInstanceTest, ATokenThatIsNoLineIsLeftOut)
+{
+    const auto first = start();
+    ASSERT_EQ(first->nextLine(), "first");
+    for (const QString &token : {QStringLiteral("a\nb"), QString(100'000, u'x')}) {
+        EXPECT_EQ(start(ample, token)->nextLine(), "handedOver");
+        EXPECT_EQ(first->nextLine(), "activated");
+    }
+}
+
+TEST_P(SingleInstanceTest, TheNextIsFirstAfterTheFirstWasKilled)
+{
+    const auto first = start();
+    ASSERT_EQ(first->nextLine(), "first");
+    first->killHard();
+    const auto next = start(brief);
+    EXPECT_EQ(next->nextLine(), "first");
+    EXPECT_EQ(start()->nextLine(), "handedOver");
+    EXPECT_EQ(next->nextLine(), "activated");
+}
+
+TEST_P(SingleInstanceTest, ASecondStartIsFirstWhereTheFirstEndsInsteadOfAnswering)
+{
+    const auto first = start();
+    ASSERT_EQ(first->nextLine(), "first");
+    first->signal(SIGSTOP);
+    const auto second = start(ample);
+    // Not a wait for something: the earlier the first is killed, the less is tested.
+    ::usleep(100'000);
+    first->killHard();
+    EXPECT_EQ(second->nextLine(), "first");
+}
+
+TEST_P(SingleInstanceTest, FoldersAreIndependent)
+{
+    const auto first = start();
+    ASSERT_EQ(first->nextLine(), "first");
+    const QTemporaryDir other;
+    Start elsewhere(QString::fromUtf8(GetParam()), other.path(), brief);
+    EXPECT_EQ(elsewhere.nextLine(), "first");
+}
+
+TEST_P(SingleInstanceTest, LongPathsWork)
+{
+    const QString folder = m_folder.filePath(QString(200, u'd') + u'/' + QString(200, u'e'));
+    ASSERT_TRUE(QDir().mkpath(folder));
+    const QString platform = QString::fromUtf8(GetParam());
+    Start first(platform, folder, ample);
+    ASSERT_EQ(first.nextLine(), "first");
+    Start second(platform, folder, ample);
+    EXPECT_EQ(second.nextLine(), "handedOver");
+    EXPECT_EQ(first.nextLine(), "activated");
+}
+
+TEST_P(SingleInstanceTest, OfManyStartsAtOnceExactlyOneIsFirst)
+{
+    std::vector<std::unique_ptr<Start>> starts;
+    for (int i = 0; i < 12; ++i)
+        starts.push_back(start());
+    int firsts = 0;
+    int handedOver = 0;
+    for (const auto &each : starts) {
+        const QByteArray line = each->nextLine();
+        firsts += line == "first" ? 1 : 0;
+        handedOver += line == "handedOver" ? 1 : 0;
+    }
+    EXPECT_EQ(firsts, 1);
+    EXPECT_EQ(handedOver, 11);
+}
+
+TEST_P(SingleInstanceTest, AFirstThatHangsIsAFailure)
+{
+    const auto first = start();
+    ASSERT_EQ(first->nextLine(), "first");
+    first->signal(SIGSTOP);
+    EXPECT_EQ(start(brief)->nextLine(), "failed");
+    first->signal(SIGCONT);
+    EXPECT_EQ(start()->nextLine(), "handedOver");
+}
+
+TEST_P(SingleInstanceTest, AFolderThatIsNoneIsAFailure)
+{
+    Start start(QString::fromUtf8(GetParam()), QStringLiteral("/dev/null"), brief);
+    EXPECT_EQ(start.nextLine(), "failed");
+}
+
+TEST_P(SingleInstanceTest, TheFolderIsFreeAgainWhenTheObjectEnds)
+{
+    for (int i = 0; i < 2; ++i) {
+        std::unique_ptr<SingleInstance> instance;
+        if (QByteArray(GetParam()) == "portable")
+            instance = std::make_unique<PortableSingleInstance>(m_folder.path());
+        else
+            instance = std::make_unique<FreedesktopSingleInstance>(m_folder.path());
+        EXPECT_EQ(instance->claim(brief), Claim::first);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Platforms, SingleInstanceTest, testing::Values("freedesktop", "portable"),
+                         [](const auto &test) { return std::string(test.param); });
+
+/// A first program in this process, and peers that don't keep to the protocol.
+class FreedesktopSingleInstanceTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_EQ(m_first.claim(brief), Claim::first);
+        QObject::connect(&m_first, &SingleInstance::activationRequested,
+                         [this](const QByteArray &token) { m_tokens.append(token); });
+    }
+
+    [[nodiscard]] QString path(const char *name) const
+    {
+        return m_folder.filePath(QString::fromUtf8(name));
+    }
+    [[nodiscard]] FileDescriptor connectPeer() const
+    {
+        sockaddr_un address = {};
+        address.sun_family = AF_UNIX;
+        std::ranges::copy(QFile::encodeName(path("ostrel.sock")), address.sun_path);
+        FileDescriptor peer(::socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
+        EXPECT_EQ(
+            ::connect(peer.get(), reinterpret_cast<const sockaddr *>(&address), sizeof(address)),
+            0);
+        return peer;
+    }
+    static void say(const FileDescriptor &peer, const QByteArray &text)
+    {
+        (void)::send(peer.get(), text.constData(), static_cast<std::size_t>(text.size()),
+                     MSG_NOSIGNAL);
+    }
+    /// What the first program answers until it hangs up.
+    static QByteArray answerTo(const FileDescriptor &peer)
+    {
+        QByteArray answer;
+        EXPECT_TRUE(waitFor([&] {
+            std::array<char, 64> bytes = {};
+            const auto count = ::recv(peer.get(), bytes.data(), bytes.size(), 0);
+            if (count > 0)
+                answer.append(bytes.data(), count);
+            return count == 0 || (count < 0 && errno == ECONNRESET);
+        }));
+        return answer;
+    }
+
+    QTemporaryDir m_folder;
+    FreedesktopSingleInstance m_first{m_folder.path()};
+    QList<QByteArray> m_tokens;
+};
+
+TEST_F(FreedesktopSingleInstanceTest, AnswersALineThatComesInPieces)
+{
+    const FileDescriptor peer = connectPeer();
+    for (const char *piece : {"acti", "vate ", "to", "ken", "\nrest"}) {
+        say(peer, piece);
+        QCoreApplication::processEvents();
+    }
+    EXPECT_EQ(answerTo(peer), "ok\n");
+    EXPECT_EQ(m_tokens, QList<QByteArray>{"token"});
+}
+
+TEST_F(FreedesktopSingleInstanceTest, HangsUpOnWhoeverDoesNotKeepToTheProtocol)
+{
+    for (const QByteArray &line :
+         {QByteArray("\n"), QByteArray("quit now\n"), QByteArray("activate"),
+          QByteArray(100'000, 'x'), "activate " + QByteArray(1025, 'x') + '\n'}) {
+        const FileDescriptor peer = connectPeer();
+        say(peer, line);
+        EXPECT_EQ(answerTo(peer), "");
+    }
+    EXPECT_TRUE(m_tokens.isEmpty());
+}
+
+TEST_F(FreedesktopSingleInstanceTest, SilentPeersAreBoundedInNumberAndTime)
+{
+    std::vector<FileDescriptor> silent;
+    for (int i = 0; i < 16; ++i) {
+        silent.push_back(connectPeer());
+        QCoreApplication::processEvents();
+    }
+    EXPECT_EQ(answerTo(connectPeer()), ""); // One too many.
+    for (const FileDescriptor &peer : silent)
+        EXPECT_EQ(answerTo(peer), "");
+    const FileDescriptor peer = connectPeer();
+    say(peer, "activate \n");
+    EXPECT_EQ(answerTo(peer), "ok\n");
+}
+
+TEST_F(FreedesktopSingleInstanceTest, APeerThatLeavesAtOnceDoesNoHarm)
+{
+    for (int i = 0; i < 100; ++i) {
+        say(connectPeer(), "activate token\n");
+        QCoreApplication::processEvents();
+    }
+    EXPECT_TRUE(waitFor([&] { return m_tokens.size() == 100; }));
+}
+
+TEST_F(FreedesktopSingleInstanceTest, ItsFilesAreItsUsersAlone)
+{
+    for (const char *name : {"ostrel.lock", "ostrel.sock"}) {
+        struct stat status = {};
+        ASSERT_EQ(::stat(QFile::encodeName(path(name)).constData(), &status), 0);
+        EXPECT_EQ(status.st_mode & 07777U, 0600U) << name;
+    }
+}
+
+TEST_F(FreedesktopSingleInstanceTest, ServesNoOtherUser)
+{
+    if (::getuid() != 0)
+        GTEST_SKIP() << "only root can be another user";
+    ASSERT_EQ(::chmod(QFile::encodeName(m_folder.path()).constData(), 0777), 0);
+    ASSERT_EQ(::chmod(QFile::encodeName(path("ostrel.sock")).constData(), 0666), 0);
+    constexpr uid_t nobody = 65534;
+    ASSERT_EQ(::seteuid(nobody), 0);
+    const FileDescriptor peer = connectPeer();
+    ASSERT_EQ(::seteuid(0), 0);
+    say(peer, "activate token\n");
+    EXPECT_EQ(answerTo(peer), "");
+    EXPECT_TRUE(m_tokens.isEmpty());
+}
+
+TEST_F(FreedesktopSingleInstanceTest, ItsLockIsNotInheritedByChildren)
+{
+    BoundProcess child;
+    child.start(QStringLiteral("sh"),
+                {QStringLiteral("-c"), QStringLiteral("ls -l /proc/self/fd; echo end")});
+    QByteArray line;
+    while (line != "end") {
+        line = child.nextLine();
+        ASSERT_FALSE(line.isEmpty());
+        EXPECT_FALSE(line.contains("ostrel")) << line.toStdString();
+        EXPECT_FALSE(line.contains("socket:")) << line.toStdString();
+    }
+}
+
+TEST(FreedesktopSingleInstanceFilesTest, ALockFileThatIsALinkIsAFailure)
+{
+    const QTemporaryDir folder;
+    QFile::link(folder.filePath(QStringLiteral("elsewhere")),
+                folder.filePath(QStringLiteral("ostrel.lock")));
+    FreedesktopSingleInstance instance(folder.path());
+    EXPECT_EQ(instance.claim(brief), Claim::failed);
+}
+
+TEST(FreedesktopSingleInstanceFilesTest, IsFirstAlsoWhereItsSocketCantBe)
+{
+    const QTemporaryDir folder;
+    QDir().mkpath(folder.filePath(QStringLiteral("ostrel.sock/full")));
+    FreedesktopSingleInstance first(folder.path());
+    EXPECT_EQ(first.claim(brief), Claim::first);
+    FreedesktopSingleInstance second(folder.path());
+    EXPECT_EQ(second.claim(brief), Claim::failed);
+}
+
+TEST(PortableSingleInstanceFilesTest, ARequestOfAnEarlierTimeIsTakenAway)
+{
+    const QTemporaryDir folder;
+    QDir().mkpath(folder.filePath(QStringLiteral(".ostrel-instance")));
+    const QString path = folder.filePath(QStringLiteral(".ostrel-instance/old.request"));
+    QFile request(path);
+    ASSERT_TRUE(request.open(QIODevice::WriteOnly));
+    PortableSingleInstance instance(folder.path());
+    bool isActivated = false;
+    QObject::connect(&instance, &SingleInstance::activationRequested, [&] { isActivated = true; });
+    EXPECT_EQ(instance.claim(brief), Claim::first);
+    EXPECT_FALSE(QFile::exists(path));
+    EXPECT_FALSE(isActivated);
+}
+
+} // namespace
+} // namespace ostrel::test

@@ -1,0 +1,64 @@
+#include "StubNotificationDaemon.h"
+
+#include <utility>
+
+namespace ostrel::test {
+
+namespace {
+
+QString daemonService()
+{
+    return QStringLiteral("org.freedesktop.Notifications");
+}
+
+} // namespace
+
+StubNotificationDaemon::StubNotificationDaemon(PrivateBus &bus, const QStringList &capabilities)
+    : m_connection(bus.connect())
+    , m_capabilities(capabilities)
+{
+    m_connection.registerObject(QStringLiteral("/org/freedesktop/Notifications"), this,
+                                QDBusConnection::ExportAllSlots);
+    m_connection.registerService(daemonService());
+}
+
+StubNotificationDaemon::~StubNotificationDaemon()
+{
+    QDBusConnection::disconnectFromBus(m_connection.name());
+}
+
+void StubNotificationDaemon::answerHeld()
+{
+    for (const QDBusMessage &reply : std::exchange(m_held, {}))
+        m_connection.send(reply);
+}
+
+QStringList StubNotificationDaemon::GetCapabilities()
+{
+    ++m_capabilityCalls;
+    behave(m_capabilities);
+    return m_capabilities;
+}
+
+uint StubNotificationDaemon::Notify(const QString &application, uint replacesId,
+                                    const QString &icon, const QString &title, const QString &body,
+                                    const QStringList &actions, const QVariantMap &hints,
+                                    int expiry)
+{
+    m_notifications.append({application, replacesId, icon, title, body, actions, hints, expiry});
+    const uint id = replacesId != 0 ? replacesId : m_nextId++;
+    behave(id);
+    return id;
+}
+
+void StubNotificationDaemon::behave(const QVariant &answer)
+{
+    if (m_behaviour == Behaviour::fails)
+        return sendErrorReply(QDBusError::Failed, QStringLiteral("not now"));
+    if (m_behaviour == Behaviour::answers)
+        return;
+    setDelayedReply(true);
+    m_held.append(message().createReply(answer));
+}
+
+} // namespace ostrel::test

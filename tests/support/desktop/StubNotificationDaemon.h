@@ -1,0 +1,78 @@
+#pragma once
+
+#include "PrivateBus.h"
+
+#include <QDBusContext>
+#include <QDBusMessage>
+#include <QList>
+#include <QObject>
+#include <QStringList>
+#include <QVariantMap>
+
+namespace ostrel::test {
+
+/// A notification daemon that keeps what it is told and behaves as badly as a test wants.
+///
+/// Lives in the test's own thread: whoever waits for it without an event loop waits in vain.
+class StubNotificationDaemon : public QObject, protected QDBusContext
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
+
+public:
+    enum class Behaviour {
+        answers,
+        holds, ///< Takes calls but answers them only with answerHeld.
+        fails, ///< Answers every call with an error.
+    };
+
+    /// One call of Notify, with all its arguments.
+    struct Notification
+    {
+        QString application;
+        uint replacesId = 0;
+        QString icon;
+        QString title;
+        QString body;
+        QStringList actions;
+        QVariantMap hints;
+        int expiry = 0;
+    };
+
+    /// @p bus outlives it. It leaves the bus when it ends, as a daemon does that crashes.
+    explicit StubNotificationDaemon(PrivateBus &bus,
+                                    const QStringList &capabilities = {QStringLiteral("body")});
+    ~StubNotificationDaemon() override;
+
+    /// How it takes the calls to come.
+    void setBehaviour(Behaviour behaviour) { m_behaviour = behaviour; }
+    /// Answers the calls that were held, in order.
+    void answerHeld();
+
+    [[nodiscard]] int capabilityCalls() const { return m_capabilityCalls; }
+    /// Every call of Notify so far, those that failed or were held included.
+    [[nodiscard]] const QList<Notification> &notifications() const { return m_notifications; }
+    /// The id that the first notification gets; each later one gets one more.
+    static constexpr uint firstId = 100;
+
+public Q_SLOTS:
+    // What it answers on the bus; the names and arguments are the protocol's.
+    QStringList GetCapabilities();
+    uint Notify(const QString &application, uint replacesId, const QString &icon,
+                const QString &title, const QString &body, const QStringList &actions,
+                const QVariantMap &hints, int expiry);
+
+private:
+    /// Holds the call being handled, or fails it; otherwise leaves @p answer to be returned.
+    void behave(const QVariant &answer);
+
+    QDBusConnection m_connection;
+    QStringList m_capabilities;
+    Behaviour m_behaviour = Behaviour::answers;
+    int m_capabilityCalls = 0;
+    uint m_nextId = firstId;
+    QList<Notification> m_notifications;
+    QList<QDBusMessage> m_held; ///< The replies, ready to send.
+};
+
+} // namespace ostrel::test
