@@ -16,20 +16,21 @@ endfunction()
 #   ostrel_test(MonitorTest SOURCES MonitorTest.cpp LIBRARIES ostrel::model [TIMEOUT seconds]
 #               [LABELS …] [RUN_SERIAL])
 #
-# A program named in LABELS as "serial-…" or given RUN_SERIAL runs alone: use it for tests that
-# assert on a clock.
+# With RUN_SERIAL each runs alone: for tests of what a clock shows.
 function(ostrel_test name)
     cmake_parse_arguments(ARG "RUN_SERIAL" "TIMEOUT" "SOURCES;LIBRARIES;LABELS" ${ARGN})
     if(NOT ARG_TIMEOUT)
         set(ARG_TIMEOUT 60)
     endif()
+    set(properties TIMEOUT ${ARG_TIMEOUT} RUN_SERIAL ${ARG_RUN_SERIAL}
+        ENVIRONMENT "TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/tsan.supp")
+    # An empty list would vanish from the arguments and take the next property's name for its value.
+    if(ARG_LABELS)
+        list(APPEND properties LABELS "${ARG_LABELS}")
+    endif()
     add_executable(${name} ${ARG_SOURCES})
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
     target_link_libraries(${name} PRIVATE ostrel_options ${ARG_LIBRARIES} ostrel_test_main GTest::gmock GTest::gtest)
-    gtest_discover_tests(${name}
-        TEST_PREFIX ${name}.
-        DISCOVERY_TIMEOUT 60
-        PROPERTIES TIMEOUT ${ARG_TIMEOUT} LABELS "${ARG_LABELS}" RUN_SERIAL ${ARG_RUN_SERIAL}
-                   ENVIRONMENT "TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/tsan.supp")
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES ${properties})
 endfunction()
 include(GoogleTest)

@@ -9,13 +9,18 @@
 #include "PortCheck.h"
 #include "Sleeper.h"
 #include "StatusCommand.h"
+#include "StorageFolder.h"
 #include "TcpConnector.h"
 
 #include <QApplication>
+#include <QQmlExtensionPlugin>
 #include <QQuickWindow>
 
 #include <cstdio>
 #include <variant>
+
+Q_IMPORT_QML_PLUGIN(OstrelPlugin)
+Q_IMPORT_QML_PLUGIN(Ostrel_ThemePlugin)
 
 namespace {
 
@@ -49,6 +54,7 @@ struct Program
         QApplication application(argc, argv);
         QApplication::setDesktopFileName(QStringLiteral("ostrel"));
 
+        createPrivateFolder(invocation.dataDir);
         const auto instance = makeSingleInstance(invocation.dataDir);
         switch (instance->claim(5s)) {
         case SingleInstance::Claim::handedOver:

@@ -108,10 +108,13 @@ QString generalHelp()
                 "Exit status: 0 up (or done), 1 down, 2 unusable arguments.\n");
 }
 
-QString dataDirOf(const QCommandLineParser &parser)
+/// The folder that is to be used, absolute; nothing for an empty one.
+std::optional<QString> dataDirOf(const QCommandLineParser &parser)
 {
+    if (!parser.isSet(text("data-dir")))
+        return MonitorStore::defaultStorageDir();
     const QString given = parser.value(text("data-dir"));
-    return given.isEmpty() ? MonitorStore::defaultStorageDir() : QDir(given).absolutePath();
+    return given.isEmpty() ? std::nullopt : std::optional(QDir(given).absolutePath());
 }
 
 /// The complaint about @p parser's outcome, with nothing where there is none.
@@ -124,8 +127,6 @@ std::optional<UnusableInvocation> complaint(const QCommandLineParser &parser,
             QStringLiteral("Unexpected argument '%1'.").arg(positionals.at(expectedPositionals)));
     if (positionals.size() < expectedPositionals)
         return unusable(text("An address is missing."));
-    if (parser.isSet(text("data-dir")) && parser.value(text("data-dir")).isEmpty())
-        return unusable(text("--data-dir needs a folder."));
     return std::nullopt;
 }
 
@@ -209,8 +210,11 @@ Invocation parseStatus(const QStringList &arguments)
         return unusable(parser.errorText());
     if (const auto problem = complaint(parser, 0))
         return *problem;
+    const auto dataDir = dataDirOf(parser);
+    if (!dataDir)
+        return unusableOption(parser, "data-dir");
     return StatusInvocation{
-        .dataDir = dataDirOf(parser),
+        .dataDir = *dataDir,
         .format = parser.isSet(text("json")) ? OutputFormat::json : OutputFormat::human,
     };
 }
@@ -223,7 +227,10 @@ Invocation parseRun(const QStringList &arguments)
         return unusable(parser.errorText());
     if (const auto problem = complaint(parser, 0))
         return *problem;
-    return RunInvocation{.dataDir = dataDirOf(parser)};
+    const auto dataDir = dataDirOf(parser);
+    if (!dataDir)
+        return unusableOption(parser, "data-dir");
+    return RunInvocation{.dataDir = *dataDir};
 }
 
 } // namespace
@@ -236,8 +243,7 @@ Invocation parseCommandLine(const QStringList &arguments)
     if (command == text("--version") || command == text("-v"))
         return AnswerInvocation{.text = QStringLiteral("ostrel %1\n").arg(text(OSTREL_VERSION))};
 
-    QStringList rest = arguments;
-    rest.removeAt(1);
+    const QStringList rest = arguments.mid(0, 1) + arguments.mid(2);
     if (command == text("check"))
         return parseCheck(rest);
     if (command == text("status"))

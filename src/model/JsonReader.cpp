@@ -131,18 +131,21 @@ bool skipValue(JsonValue &value)
     return skip(value, 0);
 }
 
-std::optional<std::size_t> keyIndex(ondemand::field &field, std::span<const std::string_view> keys,
-                                    std::size_t expected)
+std::size_t findKey(ondemand::field &field, std::span<const std::string_view> keys,
+                    std::size_t expected)
 {
-    for (std::size_t i = expected; i < expected + keys.size(); ++i) {
-        if (field.key().unsafe_is_equal(keys[i % keys.size()]))
-            return i % keys.size();
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        const std::size_t index =
+            expected + i < keys.size() ? expected + i : expected + i - keys.size();
+        if (field.key().unsafe_is_equal(keys[index]))
+            return index;
     }
     // An escape in a key hides it from the comparison of raw texts.
     const auto key = valueOf(field.unescaped_key());
     if (!key)
-        return std::nullopt;
-    return std::size_t(std::ranges::find(keys, *key) - keys.begin());
+        return malformedKey;
+    const auto found = std::ranges::find(keys, *key);
+    return found == keys.end() ? unknownKey : std::size_t(found - keys.begin());
 }
 
 bool isAtEnd(ondemand::document &document)

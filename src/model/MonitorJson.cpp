@@ -173,11 +173,11 @@ std::optional<Monitor> readMonitor(ondemand::object &object)
         ondemand::field field;
         if (std::move(member).get(field) != SUCCESS)
             return std::nullopt;
-        const auto key = keyIndex(field, monitorKeys, expected);
-        if (!key || !readField(monitor, *key, field.value()))
+        const std::size_t key = findKey(field, monitorKeys, expected);
+        if (key == malformedKey || !readField(monitor, key, field.value()))
             return std::nullopt;
-        seen |= 1U << *key;
-        expected = *key + 1;
+        seen |= key == unknownKey ? 0 : 1U << key;
+        expected = key == unknownKey ? expected : key + 1;
     }
     return (seen & requiredKeys) == requiredKeys ? std::optional(std::move(monitor)) : std::nullopt;
 }

@@ -1,8 +1,5 @@
 #include "UuidText.h"
 
-#include <QByteArrayView>
-
-#include <algorithm>
 #include <cstdint>
 
 namespace ostrel {
@@ -10,7 +7,7 @@ namespace ostrel {
 namespace {
 
 constexpr std::size_t uuidBytes = 16;
-constexpr std::uint8_t noDigit = 0xff;
+constexpr std::uint8_t noDigit = 0x10; // a bit that no digit's value has
 
 constexpr std::array<std::uint8_t, 256> hexDigitValues = [] {
     std::array<std::uint8_t, 256> values{};
@@ -29,6 +26,14 @@ constexpr std::array<std::uint8_t, uuidBytes> digitPositions = {0,  2,  4,  6,  
 bool hasHyphens(std::string_view text)
 {
     return text[8] == '-' && text[13] == '-' && text[18] == '-' && text[23] == '-';
+}
+
+QUuid uuidFrom(quint64 high, quint64 low)
+{
+    const auto byte = [low](int index) { return static_cast<uchar>(low >> (56 - 8 * index)); };
+    return QUuid(static_cast<uint>(high >> 32), static_cast<ushort>(high >> 16),
+                 static_cast<ushort>(high), byte(0), byte(1), byte(2), byte(3), byte(4), byte(5),
+                 byte(6), byte(7));
 }
 
 std::uint8_t hexDigit(char character)
@@ -58,17 +63,18 @@ std::optional<QUuid> parseUuid(std::string_view text)
     if (text.size() != uuidTextLength || !hasHyphens(text))
         return std::nullopt;
 
-    std::array<std::uint8_t, uuidBytes> bytes{};
-    std::uint8_t highest = 0;
+    std::array<quint64, 2> halves{};
+    unsigned bits = 0;
     for (std::size_t i = 0; i < uuidBytes; ++i) {
-        const std::uint8_t high = hexDigit(text[digitPositions[i]]);
-        const std::uint8_t low = hexDigit(text[digitPositions[i] + 1U]);
-        highest = std::max({highest, high, low});
-        bytes[i] = static_cast<std::uint8_t>(high << 4 | low);
+        const unsigned high = hexDigit(text[digitPositions[i]]);
+        const unsigned low = hexDigit(text[digitPositions[i] + 1U]);
+        bits |= high | low;
+        quint64 &half = halves[i / 8];
+        half = half << 8 | high << 4 | low;
     }
-    if (highest == noDigit)
+    if ((bits & noDigit) != 0)
         return std::nullopt;
-    return QUuid::fromRfc4122(QByteArrayView(bytes.data(), qsizetype(bytes.size())));
+    return uuidFrom(halves[0], halves[1]);
 }
 
 } // namespace ostrel

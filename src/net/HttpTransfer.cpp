@@ -10,10 +10,14 @@ namespace ostrel {
 
 namespace {
 
-/// The most that a body may grow by in one turn of the loop. One read from a socket can decode to
-/// gigabytes, in one go and with no look at the time-out, while every other transfer waits; no
-/// honest body comes near this.
-constexpr qsizetype maxBytesInTurn = 64 * 1024 * 1024;
+/// The library reads up to a hundred buffers of a body in one go, with no look at the time-out,
+/// while every other transfer waits. Of the smallest size, so that even gzip, which makes at most a
+/// thousandfold of them, is done in a fraction of a second.
+constexpr long receiveBufferSize = 1024;
+
+/// The most that a body may grow by in one turn of the loop: more than gzip can make of what is
+/// read in one. Other encodings have no such bound and can make gigabytes of a kilobyte.
+constexpr qsizetype maxBytesInTurn = 128 * 1024 * 1024;
 
 /// An empty path is no path at all.
 const char *orNull(const QByteArray &path)
@@ -45,6 +49,7 @@ void HttpTransfer::setUp(CURL *handle, const TrustStore &trustStore)
     // the next.
     curl_easy_setopt(handle, CURLOPT_COOKIEFILE, "");
     curl_easy_setopt(handle, CURLOPT_ACCEPT_ENCODING, "");
+    curl_easy_setopt(handle, CURLOPT_BUFFERSIZE, receiveBufferSize);
     curl_easy_setopt(handle, CURLOPT_WRITEFUNCTION, didReceiveBody);
     curl_easy_setopt(handle, CURLOPT_WRITEDATA, this);
     setMethod(handle);

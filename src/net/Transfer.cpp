@@ -7,8 +7,15 @@ namespace ostrel {
 
 using namespace std::chrono;
 
+namespace {
+
+/// The library counts milliseconds in an int.
+constexpr milliseconds longestTimeout(std::numeric_limits<int>::max() - 1);
+
+} // namespace
+
 Transfer::Transfer(milliseconds timeout)
-    : m_timeout(std::clamp(timeout, milliseconds(1), milliseconds(std::numeric_limits<int>::max())))
+    : m_timeout(std::clamp(timeout, milliseconds(1), longestTimeout))
 {
 }
 
@@ -54,7 +61,9 @@ CURL *Transfer::beginAt(Clock::time_point now, const TrustStore &trustStore)
 void Transfer::setCommonOptions(milliseconds timeout)
 {
     CURL *easy = m_handle.get();
-    const auto count = static_cast<long>(timeout.count());
+    // The library rounds what has passed up or down: without the extra millisecond it may give up
+    // before the time is over.
+    const auto count = static_cast<long>(timeout.count() + 1);
     curl_easy_setopt(easy, CURLOPT_PRIVATE, this);
     curl_easy_setopt(easy, CURLOPT_ERRORBUFFER, m_errorBuffer.data());
     curl_easy_setopt(easy, CURLOPT_TIMEOUT_MS, count);

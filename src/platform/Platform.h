@@ -18,7 +18,7 @@ using NotificationPresenter = std::function<void(const NotificationRequest &)>;
 // these blocks, whatever the desktop lacks.
 
 [[nodiscard]] std::unique_ptr<NotificationCenter>
-makeNotificationCenter(NotificationPresenter presenter);
+makeNotificationCenter(const NotificationPresenter &presenter);
 [[nodiscard]] std::unique_ptr<WakeSignal> makeWakeSignal();
 [[nodiscard]] std::unique_ptr<LoginItem> makeLoginItem();
 /// @p storageDir exists.

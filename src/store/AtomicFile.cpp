@@ -30,6 +30,9 @@ auto uninterrupted(Call call)
     return result;
 }
 
+/// What parsers like to have behind a text, so that giving it to them copies nothing.
+constexpr qsizetype spareRoom = 64;
+
 /// An open file. Negative where it could not be opened.
 class Descriptor
 {
@@ -175,7 +178,9 @@ std::optional<QByteArray> AtomicFile::read() const
     const auto size = file.isOpen() ? sizeOf(file.number()) : std::nullopt;
     if (!size)
         return std::nullopt;
-    QByteArray bytes(*size, Qt::Uninitialized);
+    QByteArray bytes;
+    bytes.reserve(*size + spareRoom);
+    bytes.resize(*size);
     if (!readAll(file.number(), bytes))
         return std::nullopt;
     return bytes;

@@ -4,17 +4,34 @@
 #include "UuidText.h"
 
 #include <algorithm>
+#include <bit>
+#include <iterator>
 
 namespace ostrel {
 
 namespace {
 
-/// Large enough for few pieces in a save, small enough to leave little room unused.
-constexpr std::size_t chunkSize = 16384;
+/// Large enough for few pieces in a save, small enough to leave little room unused at both ends of
+/// a history.
+constexpr std::size_t chunkSize = 4096;
 
-/// Checks by which room grows and shrinks: by a fixed number rather than a factor, since there are
-/// hundreds of thousands of checks and almost all of them lie in full histories.
-constexpr std::size_t roomStep = 64;
+/// How many dropped checks are removed at once. A history of 2000 that never has more than that
+/// before them stays within the 2048 that doubling has given it.
+constexpr std::size_t removedAtOnce = 48;
+
+/// Removes the first @p count elements, and gives back what a far longer list has needed.
+template<typename Element>
+void removeFirst(std::vector<Element> &list, std::size_t count)
+{
+    list.erase(list.begin(), list.begin() + static_cast<std::ptrdiff_t>(count));
+    const std::size_t room = std::bit_ceil(list.size());
+    if (list.capacity() <= room)
+        return;
+    std::vector<Element> smaller;
+    smaller.reserve(room);
+    std::ranges::move(list, std::back_inserter(smaller));
+    list.swap(smaller);
+}
 
 } // namespace
 
@@ -40,67 +57,64 @@ void CheckHistory::append(const Check &check)
 
 void CheckHistory::append(Check &&check, std::string_view stored)
 {
-    makeRoomForCheck();
-    std::string &chunk = chunkWithRoom(stored.size() + 1);
-    chunk += ',';
-    chunk += stored;
     m_checks.push_back(std::move(check));
     m_storedLengths.push_back(static_cast<quint32>(stored.size()));
+    appendText(",");
+    appendText(stored);
 }
 
 void CheckHistory::keepNewest(std::size_t count)
 {
     while (checks().size() > count)
         dropOldest();
-    if (m_dropped >= roomStep)
-        forgetDropped();
+    if (m_dropped >= removedAtOnce)
+        removeDropped();
 }
 
 void CheckHistory::appendStoredForm(std::vector<std::string_view> &pieces) const
 {
     pieces.emplace_back(m_opening);
-    const auto first = pieces.size();
-    pieces.insert(pieces.end(), m_chunks.begin(), m_chunks.end());
-    if (first < pieces.size())
-        pieces[first].remove_prefix(m_droppedText + 1); // and the comma before the first check
+    // Not the comma before the first check, which may be all that its chunk still holds.
+    std::size_t passedOver = m_droppedText + 1;
+    for (const std::string &chunk : m_chunks) {
+        pieces.push_back(std::string_view(chunk).substr(passedOver));
+        passedOver = 0;
+    }
     pieces.emplace_back("]");
 }
 
-void CheckHistory::makeRoomForCheck()
+void CheckHistory::appendText(std::string_view text)
 {
-    if (m_checks.size() < m_checks.capacity())
-        return;
-    m_checks.reserve(m_checks.size() + roomStep);
-    m_storedLengths.reserve(m_storedLengths.size() + roomStep);
-}
-
-std::string &CheckHistory::chunkWithRoom(std::size_t length)
-{
-    if (m_chunks.empty() || m_chunks.back().size() + length > m_chunks.back().capacity())
-        m_chunks.emplace_back().reserve(std::max(chunkSize, length));
-    return m_chunks.back();
+    while (!text.empty()) {
+        if (m_chunks.empty() || m_chunks.back().size() == chunkSize)
+            m_chunks.emplace_back().reserve(chunkSize);
+        std::string &chunk = m_chunks.back();
+        const auto part = text.substr(0, chunkSize - chunk.size());
+        chunk += part;
+        text.remove_prefix(part.size());
+    }
 }
 
 void CheckHistory::dropOldest()
 {
-    m_droppedText += 1 + m_storedLengths[m_dropped];
+    dropText(1 + m_storedLengths[m_dropped]);
     ++m_dropped;
-    if (m_droppedText == m_chunks.front().size()) {
+}
+
+void CheckHistory::dropText(std::size_t length)
+{
+    m_droppedText += length;
+    while (!m_chunks.empty() && m_droppedText >= m_chunks.front().size()) {
+        m_droppedText -= m_chunks.front().size();
         m_chunks.pop_front();
-        m_droppedText = 0;
     }
 }
 
-void CheckHistory::forgetDropped()
+void CheckHistory::removeDropped()
 {
-    const auto dropped = static_cast<std::ptrdiff_t>(m_dropped);
-    m_checks.erase(m_checks.begin(), m_checks.begin() + dropped);
-    m_storedLengths.erase(m_storedLengths.begin(), m_storedLengths.begin() + dropped);
+    removeFirst(m_checks, m_dropped);
+    removeFirst(m_storedLengths, m_dropped);
     m_dropped = 0;
-    if (m_checks.capacity() > m_checks.size() + 4 * roomStep) {
-        m_checks.shrink_to_fit();
-        m_storedLengths.shrink_to_fit();
-    }
 }
 
 } // namespace ostrel

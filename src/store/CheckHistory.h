@@ -33,10 +33,10 @@ public:
     void appendStoredForm(std::vector<std::string_view> &pieces) const;
 
 private:
-    void makeRoomForCheck();
-    std::string &chunkWithRoom(std::size_t length);
+    void appendText(std::string_view text);
+    void dropText(std::size_t length);
     void dropOldest();
-    void forgetDropped();
+    void removeDropped();
 
     std::string m_opening; ///< What comes before the first check in the file.
 
@@ -45,8 +45,9 @@ private:
     std::vector<quint32> m_storedLengths;
     std::size_t m_dropped = 0;
 
-    std::deque<std::string> m_chunks; ///< The stored forms, each after a comma.
-    std::size_t m_droppedText = 0;    ///< Bytes of the first chunk.
+    std::deque<std::string>
+        m_chunks;                  ///< The stored forms, each after a comma, one after the other.
+    std::size_t m_droppedText = 0; ///< Bytes of the first chunk.
 };
 
 } // namespace ostrel

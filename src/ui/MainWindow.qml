@@ -1,5 +1,6 @@
 import QtQuick
 
+import Ostrel
 import Ostrel.Theme
 
 Window {

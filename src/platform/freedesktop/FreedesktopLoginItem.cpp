@@ -15,7 +15,7 @@ namespace ostrel {
 
 namespace {
 
-constexpr qint64 maxEntrySize = 64 * 1024;
+constexpr qint64 maxEntrySize = 65'536;
 
 using Keys = QHash<QString, QString>;
 

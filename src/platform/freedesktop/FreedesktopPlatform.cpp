@@ -7,7 +7,7 @@
 
 namespace ostrel {
 
-std::unique_ptr<NotificationCenter> makeNotificationCenter(NotificationPresenter)
+std::unique_ptr<NotificationCenter> makeNotificationCenter(const NotificationPresenter &)
 {
     return std::make_unique<FreedesktopNotificationCenter>();
 }

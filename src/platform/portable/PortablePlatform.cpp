@@ -5,13 +5,11 @@
 #include "PortableTerminationSignal.h"
 #include "PortableWakeSignal.h"
 
-#include <utility>
-
 namespace ostrel {
 
-std::unique_ptr<NotificationCenter> makeNotificationCenter(NotificationPresenter presenter)
+std::unique_ptr<NotificationCenter> makeNotificationCenter(const NotificationPresenter &presenter)
 {
-    return std::make_unique<PortableNotificationCenter>(std::move(presenter));
+    return std::make_unique<PortableNotificationCenter>(presenter);
 }
 
 std::unique_ptr<WakeSignal> makeWakeSignal()

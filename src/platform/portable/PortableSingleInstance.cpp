@@ -43,7 +43,7 @@ std::optional<QString> writeRequest(const QString &mailbox)
 QByteArray takeRequest(const QString &path)
 {
     QFile file(path);
-    const QByteArray token =
+    QByteArray token =
         file.open(QIODevice::ReadOnly) ? file.read(maxActivationTokenLength) : QByteArray();
     file.remove();
     return token;

@@ -37,6 +37,24 @@ QByteArray deflated(const QByteArray &plain, int windowBits, int flush)
     return out;
 }
 
+QByteArray mebibyteOfZeros()
+{
+    return QByteArray(1024 * 1024, '\0');
+}
+
+/// After a full flush the decoder needs nothing of what went before, so that the piece can be sent
+/// again and again.
+QByteArray repeatableDeflated(const QByteArray &plain)
+{
+    return deflated(plain, -MAX_WBITS, Z_FULL_FLUSH);
+}
+
+/// The response's head and the gzip file's.
+QByteArray gzipHead()
+{
+    return encodedHead("gzip") + QByteArray("\x1F\x8B\x08\0\0\0\0\0\0\x03", 10);
+}
+
 QByteArray littleEndian(quint32 number)
 {
     QByteArray bytes;
@@ -142,20 +160,27 @@ void sendBodyUntilClose(HostileConnection &connection, const SeenRequest &)
 
 void sendGzipBomb(HostileConnection &connection, const SeenRequest &)
 {
-    constexpr int pieces = 1024;
-    const QByteArray zeros(1024 * 1024, '\0');
-    // After a full flush deflate knows nothing of what went before, so the piece can be repeated.
-    const QByteArray piece = deflated(zeros, -MAX_WBITS, Z_FULL_FLUSH);
+    constexpr int pieces = 256;
+    const QByteArray zeros = mebibyteOfZeros();
+    const QByteArray piece = repeatableDeflated(zeros);
     const auto *plain = reinterpret_cast<const Bytef *>(zeros.constData());
     const uLong pieceSum = crc32(0, plain, static_cast<uInt>(zeros.size()));
 
-    connection.send(encodedHead("gzip") + QByteArray("\x1F\x8B\x08\0\0\0\0\0\0\x03", 10));
+    connection.send(gzipHead());
     uLong sum = 0;
     for (int i = 0; i < pieces && connection.send(piece); ++i)
         sum = crc32_combine(sum, pieceSum, static_cast<z_off_t>(zeros.size()));
     const QByteArray lastBlock("\x03\x00", 2);
     connection.send(lastBlock + littleEndian(static_cast<quint32>(sum)) +
                     littleEndian(static_cast<quint32>(zeros.size() * pieces)));
+}
+
+void sendEndlessGzipBomb(HostileConnection &connection, const SeenRequest &)
+{
+    const QByteArray piece = repeatableDeflated(mebibyteOfZeros());
+    connection.send(gzipHead());
+    while (connection.send(piece)) {
+    }
 }
 
 void sendEndlessZstdBomb(HostileConnection &connection, const SeenRequest &)

@@ -31,8 +31,10 @@ void sendShortBody(HostileConnection &connection, const SeenRequest &request);
 void breakOffChunks(HostileConnection &connection, const SeenRequest &request);
 /// Sends a body without a length, which ends with the connection: "until the end".
 void sendBodyUntilClose(HostileConnection &connection, const SeenRequest &request);
-/// Sends zeros that gzip has made a thousandth of: 1 GiB when decoded.
+/// Sends zeros that gzip has made a thousandth of: 256 MiB when decoded.
 void sendGzipBomb(HostileConnection &connection, const SeenRequest &request);
+/// The same without end.
+void sendEndlessGzipBomb(HostileConnection &connection, const SeenRequest &request);
 /// Sends zeros without end of which four bytes decode to 128 KiB (Zstandard).
 void sendEndlessZstdBomb(HostileConnection &connection, const SeenRequest &request);
 /// Sends "gzip decoded" in gzip.

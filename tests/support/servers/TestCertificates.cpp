@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QUuid>
 
 #include <openssl/evp.h>
 #include <openssl/pem.h>
@@ -134,10 +135,12 @@ QByteArray TestCertificates::Identity::keyPem() const
 }
 
 TestCertificates::TestCertificates()
-    : m_authority(std::make_unique<Identity>(Identity::Profile{.name = "Test authority",
-                                                               .alternativeNames = {},
-                                                               .notAfter = now() + days(3650)},
-                                             nullptr))
+    // No two authorities have the same name, by which an issuer is found.
+    : m_authority(std::make_unique<Identity>(
+          Identity::Profile{.name = "Test authority " + QUuid::createUuid().toByteArray(),
+                            .alternativeNames = {},
+                            .notAfter = now() + days(3650)},
+          nullptr))
 {
     const unsigned long hash = X509_subject_name_hash(m_authority->certificate.get());
     QDir(m_folder.path()).mkdir(QStringLiteral("hashed"));

@@ -1,0 +1,238 @@
+#include "BareLoader.h"
+#include "MonitorStore.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <cstdio>
+#include <fcntl.h>
+#include <malloc.h>
+#include <numeric>
+#include <random>
+#include <unistd.h>
+
+// Prints what recording, loading, keeping and asking cost, each beside the bare machine doing the
+// same work in the same run. Takes the folder to work in, on the file system that is to be
+// measured; without one, a temporary folder.
+
+namespace {
+
+using namespace ostrel;
+using Clock = std::chrono::steady_clock;
+using Microseconds = std::chrono::duration<double, std::micro>;
+
+constexpr std::size_t checksPerMonitor = MonitorStore::maxChecksPerMonitor;
+constexpr Timestamp firstTimestamp = std::chrono::sys_days(std::chrono::year(2026) / 11 / 1);
+constexpr auto checkInterval = std::chrono::seconds(60);
+
+struct Figure
+{
+    double best = 0;
+    double median = 0;
+};
+
+Figure figureOf(std::vector<double> times)
+{
+    std::ranges::sort(times);
+    return {times.front(), times[times.size() / 2]};
+}
+
+template<typename Work>
+double microsecondsOf(Work work)
+{
+    const auto begin = Clock::now();
+    work();
+    return Microseconds(Clock::now() - begin).count();
+}
+
+template<typename Work>
+Figure measure(int rounds, Work work)
+{
+    std::vector<double> times;
+    for (int i = 0; i < rounds; ++i)
+        times.push_back(microsecondsOf(work));
+    return figureOf(times);
+}
+
+/// What an https monitor's check holds; one in fifty has failed.
+class CheckSource
+{
+public:
+    Check next(const QUuid &monitorId)
+    {
+        const int number = m_number++;
+        Check check;
+        check.id = QUuid::createUuid();
+        check.monitorId = monitorId;
+        check.timestamp = firstTimestamp + number % 100000 * checkInterval;
+        check.responseTime = std::uniform_int_distribution(80'000, 900'000)(m_random) / 1000.0;
+        check.isUp = number % 50 != 0;
+        check.statusCode = check.isUp ? 200 : 503;
+        check.sslExpiresAt = firstTimestamp + std::chrono::days(80);
+        if (!check.isUp)
+            check.error = QStringLiteral("HTTP 503 Service Unavailable");
+        return check;
+    }
+
+private:
+    std::minstd_rand m_random;
+    int m_number = 0;
+};
+
+std::string checksPath(const QString &folder)
+{
+    return QFile::encodeName(folder + QStringLiteral("/checks.json")).toStdString();
+}
+
+/// A folder of @p monitors histories that are full.
+std::vector<QUuid> fillFolder(const QString &folder, int monitors)
+{
+    CheckSource source;
+    std::vector<QUuid> ids;
+    std::vector<CheckHistory> histories;
+    for (int i = 0; i < monitors; ++i) {
+        const QUuid id = ids.emplace_back(QUuid::createUuid());
+        auto &history = histories.emplace_back(id);
+        for (std::size_t j = 0; j < checksPerMonitor; ++j)
+            history.append(source.next(id));
+    }
+    std::vector<std::string_view> pieces = {"["};
+    for (const auto &history : histories) {
+        if (pieces.size() > 1)
+            pieces.emplace_back(",");
+        history.appendStoredForm(pieces);
+    }
+    pieces.emplace_back("]");
+    QDir().mkpath(folder);
+    (void)AtomicFile(folder + QStringLiteral("/checks.json"))
+        .write(pieces, AtomicFile::Flush::none);
+    return ids;
+}
+
+std::size_t heapBytes()
+{
+    const auto info = ::mallinfo2();
+    return info.uordblks + info.hblkhd;
+}
+
+/// One write(2) of the same bytes and the rename.
+void writeBare(const std::string &path, const QByteArray &bytes)
+{
+    const std::string temporary = path + ".bare";
+    const int file = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+    const auto written = ::write(file, bytes.constData(), std::size_t(bytes.size()));
+    ::close(file);
+    ::rename(temporary.c_str(), path.c_str());
+    if (written != bytes.size())
+        std::puts("the bare write was cut short");
+}
+
+void printRow(const char *what, int monitors, Figure ours, Figure bare)
+{
+    std::printf("%-10s %8d %14.1f %14.1f %14.1f %14.1f %8.2f %8.2f\n", what, monitors, ours.best,
+                ours.median, bare.best, bare.median, ours.best / bare.best,
+                ours.median / bare.median);
+}
+
+void benchLoading(const QString &folder, int monitors)
+{
+    const int rounds = monitors == 100 ? 9 : 41;
+    std::vector<double> ours;
+    std::vector<double> bare;
+    // In turns, so that a slow moment of the machine meets both.
+    for (int i = 0; i < rounds; ++i) {
+        std::optional<MonitorStore> store;
+        ours.push_back(microsecondsOf([&] { store.emplace(folder); }));
+        store.reset();
+        std::vector<bench::PlainHistory> histories;
+        bare.push_back(microsecondsOf([&] { histories = bench::loadBare(checksPath(folder)); }));
+    }
+    printRow("load", monitors, figureOf(ours), figureOf(bare));
+}
+
+void benchRecording(const QString &folder, int monitors, const std::vector<QUuid> &ids)
+{
+    const int rounds = monitors == 100 ? 25 : 300;
+    CheckSource source;
+    MonitorStore store(folder);
+    std::vector<double> ours;
+    std::vector<double> bare;
+    const QString bareFolder = folder + QStringLiteral("/bare");
+    QDir().mkpath(bareFolder);
+    QFile file(folder + QStringLiteral("/checks.json"));
+    (void)file.open(QIODevice::ReadOnly);
+    const QByteArray bytes = file.readAll();
+    const std::string path = checksPath(bareFolder);
+    writeBare(path, bytes);
+    for (int i = 0; i < rounds; ++i) {
+        const Check check = source.next(ids[std::size_t(i) % ids.size()]);
+        ours.push_back(microsecondsOf([&] { store.addCheck(check); }));
+        bare.push_back(microsecondsOf([&] { writeBare(path, bytes); }));
+    }
+    printRow("record", monitors, figureOf(ours), figureOf(bare));
+}
+
+void benchMemory(const QString &folder, int monitors, const std::vector<QUuid> &ids)
+{
+    CheckSource source;
+    const std::size_t before = heapBytes();
+    MonitorStore store(folder);
+    const double count = double(monitors) * double(checksPerMonitor);
+    std::printf("%-10s %8d %14.1f bytes for each check after loading\n", "memory", monitors,
+                double(heapBytes() - before) / count);
+    if (monitors > 1)
+        return;
+    // Through every phase of trimming, and on till no loaded check is left.
+    double worst = 0;
+    for (std::size_t i = 0; i < checksPerMonitor + 100; ++i) {
+        store.addCheck(source.next(ids.front()));
+        worst = std::max(worst, double(heapBytes() - before) / count);
+    }
+    std::printf("%-10s %8d %14.1f bytes at most while recording 2100 more\n", "memory", monitors,
+                worst);
+}
+
+void benchQueries(const QString &folder, const std::vector<QUuid> &ids)
+{
+    const auto now = [] { return firstTimestamp + checksPerMonitor * checkInterval; };
+    const MonitorStore store(folder, MonitorStore::Access::readOnly, now);
+    const QUuid id = ids.front();
+    const auto window = std::chrono::hours(720);
+    Monitor monitor;
+    monitor.id = id;
+    double sink = 0;
+    const auto print = [&](const char *what, Figure figure) {
+        std::printf("%-24s %14.2f %14.2f us\n", what, figure.best, figure.median);
+    };
+    print("status", measure(2001, [&] { sink += double(store.status(monitor)); }));
+    print("uptime", measure(2001, [&] { sink += store.uptime(id, window); }));
+    print("averageResponseTime",
+          measure(2001, [&] { sink += store.averageResponseTime(id, window); }));
+    print("recentChecks",
+          measure(2001, [&] { sink += double(store.recentChecks(id, window).size()); }));
+    if (sink == 0)
+        std::puts("no query has answered");
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QTemporaryDir temporary;
+    const QString root = argc > 1 ? QFile::decodeName(argv[1]) : temporary.path();
+    std::printf("%-10s %8s %14s %14s %14s %14s %8s %8s\n", "", "monitors", "best us", "median us",
+                "bare best", "bare median", "best x", "median x");
+    for (const int monitors : {1, 10, 100}) {
+        const QString folder = root + QStringLiteral("/bench-%1").arg(monitors);
+        const auto ids = fillFolder(folder, monitors);
+        benchLoading(folder, monitors);
+        benchMemory(folder, monitors, ids);
+        benchRecording(folder, monitors, ids);
+        if (monitors == 1)
+            benchQueries(folder, ids);
+        QDir(folder).removeRecursively();
+    }
+    return 0;
+}

@@ -1,0 +1,87 @@
+#include "CheckCommand.h"
+
+#include "CheckJson.h"
+#include "HostileBehaviours.h"
+#include "Printers.h"
+
+#include <gtest/gtest.h>
+
+namespace ostrel::test {
+
+namespace {
+
+CheckInvocation invocation(const QByteArray &url)
+{
+    CheckInvocation check;
+    check.monitor.id = QUuid::createUuid();
+    check.monitor.url = QString::fromLatin1(url);
+    check.monitor.timeout = Seconds(5);
+    return check;
+}
+
+} // namespace
+
+TEST(CheckCommandTest, AnAddressThatAnswersIsUp)
+{
+    const HostileServer server(answerWith("welcome"));
+    CheckInvocation check = invocation(server.url());
+    check.monitor.keyword = QStringLiteral("WELCOME");
+    const Check made = runCheckOnce(check);
+
+    EXPECT_EQ(exitCodeOf(made), exitUp);
+    const QByteArray text = describeCheck(check, made);
+    EXPECT_TRUE(text.startsWith("UP    http://127.0.0.1:")) << text.toStdString();
+    EXPECT_TRUE(text.contains("HTTP 200")) << text.toStdString();
+    EXPECT_TRUE(text.endsWith("\n      Keyword found\n")) << text.toStdString();
+}
+
+TEST(CheckCommandTest, AnAddressThatFailsIsDownWithItsReason)
+{
+    const HostileServer server(answerWithStatus);
+    const CheckInvocation check = invocation(server.url("/503"));
+    const Check made = runCheckOnce(check);
+    EXPECT_EQ(exitCodeOf(made), exitDown);
+    EXPECT_TRUE(describeCheck(check, made).endsWith("\n      HTTP 503\n"));
+}
+
+TEST(CheckCommandTest, APortIsOpenOrClosed)
+{
+    const HostileServer server(staySilent);
+    CheckInvocation check = invocation("127.0.0.1");
+    check.monitor.type = MonitorType::port;
+    check.monitor.port = server.port();
+    EXPECT_EQ(exitCodeOf(runCheckOnce(check)), exitUp);
+
+    check.monitor.port = closedPort();
+    const Check made = runCheckOnce(check);
+    EXPECT_EQ(exitCodeOf(made), exitDown);
+    EXPECT_TRUE(describeCheck(check, made).contains("closed or unreachable"));
+}
+
+TEST(CheckCommandTest, JsonIsTheStoredForm)
+{
+    const HostileServer server(answerWith("welcome"));
+    CheckInvocation check = invocation(server.url());
+    check.format = OutputFormat::json;
+    const Check made = runCheckOnce(check);
+
+    const QByteArray json = describeCheck(check, made);
+    EXPECT_TRUE(json.endsWith("}\n"));
+    const auto read = decodeCheck(json.trimmed());
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->id, made.id);
+    EXPECT_EQ(read->responseTime, made.responseTime);
+}
+
+TEST(CheckCommandTest, SlowIsSaidAndStaysUp)
+{
+    using namespace std::chrono_literals;
+    const HostileServer server(answerAfter(60ms));
+    CheckInvocation check = invocation(server.url());
+    check.monitor.responseTimeThreshold = Milliseconds(50);
+    const Check made = runCheckOnce(check);
+    EXPECT_EQ(exitCodeOf(made), exitUp);
+    EXPECT_TRUE(describeCheck(check, made).contains("Slow: the threshold is 50 ms"));
+}
+
+} // namespace ostrel::test

@@ -1,0 +1,112 @@
+#include "StatusCommand.h"
+
+#include "MonitorStore.h"
+#include "Printers.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace ostrel::test {
+
+namespace {
+
+Check checkOf(const Monitor &monitor, bool isUp)
+{
+    Check check;
+    check.id = QUuid::createUuid();
+    check.monitorId = monitor.id;
+    check.timestamp = systemNow();
+    check.isUp = isUp;
+    check.responseTime = 245;
+    if (!isUp)
+        check.error = QStringLiteral("HTTP 503");
+    return check;
+}
+
+class StatusCommandTest : public testing::Test
+{
+protected:
+    StatusCommandTest()
+    {
+        MonitorStore store(dataDir);
+        for (Monitor *monitor : {&up, &down, &paused, &pending}) {
+            monitor->id = QUuid::createUuid();
+            monitor->url = QStringLiteral("https://%1.example/").arg(monitor->name);
+        }
+        paused.isEnabled = false;
+        for (const Monitor &monitor : {up, down, paused, pending})
+            store.addMonitor(monitor);
+        store.addCheck(checkOf(up, true));
+        store.addCheck(checkOf(down, true));
+        store.addCheck(checkOf(down, false));
+        store.addCheck(checkOf(paused, true));
+    }
+
+    QTemporaryDir folder;
+    const QString dataDir = folder.filePath(QStringLiteral("data"));
+    Monitor up{.id = {}, .name = QStringLiteral("up")};
+    Monitor down{.id = {}, .name = QStringLiteral("down")};
+    Monitor paused{.id = {}, .name = QStringLiteral("paused")};
+    Monitor pending{.id = {}, .name = QStringLiteral("pending")};
+};
+
+} // namespace
+
+TEST_F(StatusCommandTest, ForPeopleALineEach)
+{
+    const QByteArray text = readStatus({.dataDir = dataDir});
+    const auto lines = text.split('\n');
+    ASSERT_EQ(lines.size(), 5);
+    EXPECT_TRUE(
+        lines[0].startsWith("UP       up       24h 100.0%, 7d 100.0%, 30d 100.0%  245 ms at "))
+        << lines[0].toStdString();
+    EXPECT_TRUE(
+        lines[1].startsWith("DOWN     down     24h 50.0%, 7d 50.0%, 30d 50.0%  HTTP 503 at "))
+        << lines[1].toStdString();
+    EXPECT_TRUE(lines[2].startsWith("PAUSED   paused ")) << lines[2].toStdString();
+    EXPECT_TRUE(lines[3].endsWith("not checked yet")) << lines[3].toStdString();
+}
+
+TEST_F(StatusCommandTest, AsJsonEverythingInTheStoresOrder)
+{
+    const QByteArray text = readStatus({.dataDir = dataDir, .format = OutputFormat::json});
+    const QJsonArray monitors = QJsonDocument::fromJson(text).array();
+    ASSERT_EQ(monitors.size(), 4);
+    const QJsonObject second = monitors[1].toObject();
+    EXPECT_EQ(second[QStringLiteral("name")].toString(), QStringLiteral("down"));
+    EXPECT_EQ(second[QStringLiteral("id")].toString(),
+              down.id.toString(QUuid::WithoutBraces).toUpper());
+    EXPECT_EQ(second[QStringLiteral("status")].toString(), QStringLiteral("down"));
+    EXPECT_EQ(second[QStringLiteral("type")].toString(), QStringLiteral("http"));
+    EXPECT_EQ(second[QStringLiteral("uptime")][QStringLiteral("24h")].toDouble(), 0.5);
+    EXPECT_EQ(second[QStringLiteral("latestCheck")][QStringLiteral("error")].toString(),
+              QStringLiteral("HTTP 503"));
+    EXPECT_FALSE(monitors[3].toObject().contains(QStringLiteral("latestCheck")));
+}
+
+TEST_F(StatusCommandTest, ReadingLeavesTheFolderAsItIs)
+{
+    QFile leftover(dataDir + QStringLiteral("/checks.json.tmp"));
+    ASSERT_TRUE(leftover.open(QIODevice::WriteOnly));
+    leftover.close();
+    const auto before = QDir(dataDir).entryList(QDir::AllEntries | QDir::Hidden);
+
+    static_cast<void>(readStatus({.dataDir = dataDir}));
+    EXPECT_EQ(QDir(dataDir).entryList(QDir::AllEntries | QDir::Hidden), before);
+}
+
+TEST_F(StatusCommandTest, AFolderThatIsNotThereHasNoMonitorsAndIsNotMade)
+{
+    const QString missing = folder.filePath(QStringLiteral("missing"));
+    EXPECT_EQ(readStatus({.dataDir = missing}), QByteArray("No monitors\n"));
+    EXPECT_EQ(readStatus({.dataDir = missing, .format = OutputFormat::json}), QByteArray("[\n]\n"));
+    EXPECT_FALSE(QDir(missing).exists());
+}
+
+} // namespace ostrel::test

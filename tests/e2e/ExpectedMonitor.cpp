@@ -1,0 +1,68 @@
+#include "ExpectedMonitor.h"
+
+#include <QRegularExpression>
+
+namespace ostrel::test {
+
+namespace {
+
+// Short, so that a run of a few seconds sees several checks of each.
+constexpr Seconds interval{0.4};
+constexpr Seconds timeout{1.5};
+
+bool matches(const char *pattern, const OptionalText &text)
+{
+    if (!pattern || !text)
+        return !pattern && !text;
+    const QRegularExpression whole(QRegularExpression::anchoredPattern(QString::fromUtf8(pattern)));
+    return whole.match(*text).hasMatch();
+}
+
+Monitor newMonitor(const QString &name, const QString &url)
+{
+    return {.id = QUuid::createUuid(),
+            .name = name,
+            .url = url,
+            .interval = interval,
+            .timeout = timeout,
+            .createdAt = *parseTimestamp("2026-01-01T00:00:00Z")};
+}
+
+} // namespace
+
+QString ExpectedMonitor::complaintAbout(const Check &check) const
+{
+    if (check.monitorId != monitor.id || check.id.isNull())
+        return QStringLiteral("identity");
+    if (check.isUp != isUp)
+        return QStringLiteral("isUp, with error '%1'").arg(check.error.value_or({}));
+    if (check.statusCode != CompactOptional<qint32>(statusCode))
+        return QStringLiteral("status code %1").arg(check.statusCode.value_or(-1));
+    if (!matches(errorPattern, check.error))
+        return QStringLiteral("error '%1'").arg(check.error.value_or(QStringLiteral("(none)")));
+    if (check.keywordFound != keywordFound)
+        return QStringLiteral("keywordFound");
+    if (std::optional<Timestamp>(check.sslExpiresAt) != std::optional<Timestamp>(sslExpiresAt))
+        return QStringLiteral("sslExpiresAt");
+    return {};
+}
+
+Monitor webMonitor(const QString &name, const QByteArray &url)
+{
+    return newMonitor(name, QString::fromLatin1(url));
+}
+
+Monitor portMonitor(const QString &name, const QString &host, std::optional<qint64> port)
+{
+    Monitor monitor = newMonitor(name, host);
+    monitor.type = MonitorType::port;
+    monitor.port = port;
+    return monitor;
+}
+
+QString downNotification(const QString &name, const QString &bodyPattern)
+{
+    return QStringLiteral("%1 is Down\\|%2\\|critical").arg(name, bodyPattern);
+}
+
+} // namespace ostrel::test

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "Check.h"
+#include "Monitor.h"
+
+#include <QByteArray>
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+
+namespace ostrel::test {
+
+/// A monitor, and what the rules say of every check of it.
+struct ExpectedMonitor
+{
+    Monitor monitor;
+    bool isUp = true;
+    std::optional<int> statusCode = {};
+    const char *errorPattern = nullptr; ///< A regular expression for the whole text.
+    std::optional<bool> keywordFound = {};
+    std::optional<std::chrono::sys_seconds> sslExpiresAt = {};
+    /// What is shown of it in the end, each as "title|body|urgency": a regular expression.
+    QStringList notifications = {};
+
+    /// What is wrong with @p check, or nothing.
+    [[nodiscard]] QString complaintAbout(const Check &check) const;
+};
+
+[[nodiscard]] Monitor webMonitor(const QString &name, const QByteArray &url);
+[[nodiscard]] Monitor portMonitor(const QString &name, const QString &host,
+                                  std::optional<qint64> port);
+
+/// "NAME is Down", critical, with @p bodyPattern.
+[[nodiscard]] QString downNotification(const QString &name, const QString &bodyPattern);
+
+} // namespace ostrel::test

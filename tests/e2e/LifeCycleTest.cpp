@@ -1,0 +1,178 @@
+#include "ExpectedMonitor.h"
+#include "HostileBehaviours.h"
+#include "OstrelProgram.h"
+#include "VirtualDisplay.h"
+#include "WaitFor.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <gtest/gtest.h>
+
+namespace ostrel::test {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+QString text(const char *english)
+{
+    return QString::fromLatin1(english);
+}
+
+/// A display with a real window manager, through which windows are seen and closed.
+class Desktop
+{
+public:
+    Desktop()
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(text("DISPLAY"), display.name());
+        m_manager.setProcessEnvironment(environment);
+        m_manager.setStandardErrorFile(QProcess::nullDevice());
+        m_manager.start(text("openbox"), {text("--sm-disable")});
+    }
+
+    [[nodiscard]] bool isReady()
+    {
+        return waitFor([this] { return control({text("-m")}); });
+    }
+    [[nodiscard]] bool hasWindow() { return output().contains("Ostrel"); }
+    /// As the close button does.
+    [[nodiscard]] bool closeWindow() { return control({text("-c"), text("Ostrel")}); }
+
+    VirtualDisplay display;
+
+private:
+    QByteArray output()
+    {
+        control({text("-l")});
+        return m_control.readAllStandardOutput();
+    }
+
+    bool control(const QStringList &arguments)
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(text("DISPLAY"), display.name());
+        m_control.setProcessEnvironment(environment);
+        m_control.start(text("wmctrl"), arguments);
+        return m_control.waitForFinished() && m_control.exitCode() == 0;
+    }
+
+    BoundProcess m_manager;
+    QProcess m_control;
+};
+
+class LifeCycleTest : public testing::Test
+{
+protected:
+    LifeCycleTest()
+    {
+        program.setEnvironment(text("QT_QPA_PLATFORM"), text("xcb"));
+        program.setEnvironment(text("DISPLAY"), desktop.display.name());
+    }
+
+    [[nodiscard]] std::size_t checkCount() const
+    {
+        return program.readChecks()
+            .value_or(QHash<QUuid, std::vector<Check>>())
+            .value(monitor.id)
+            .size();
+    }
+
+    HostileServer server{answerWith("OK")};
+    Monitor monitor = webMonitor(text("Shop"), server.url());
+    Desktop desktop;
+    OstrelProgram program;
+};
+
+} // namespace
+
+TEST_F(LifeCycleTest, ClosingTheWindowGoesOnWatchingAndASecondStartShowsItAgain)
+{
+    ASSERT_TRUE(desktop.isReady());
+    program.writeMonitors({monitor});
+    ASSERT_TRUE(program.start());
+    ASSERT_TRUE(waitFor([this] { return desktop.hasWindow(); }));
+
+    ASSERT_TRUE(desktop.closeWindow());
+    ASSERT_TRUE(waitFor([this] { return !desktop.hasWindow(); }));
+    const std::size_t before = checkCount();
+    EXPECT_TRUE(waitFor([&] { return checkCount() >= before + 2; }));
+
+    EXPECT_EQ(program.run({}).exitCode, 0);
+    EXPECT_TRUE(waitFor([this] { return desktop.hasWindow(); }));
+    EXPECT_TRUE(program.isRunning());
+    EXPECT_EQ(program.stop(), 0);
+}
+
+TEST_F(LifeCycleTest, SigintEndsItCleanlyAndTheNextStartIsFirstAgain)
+{
+    for (int start = 0; start < 2; ++start) {
+        ASSERT_TRUE(program.start());
+        ASSERT_EQ(::kill(static_cast<pid_t>(program.processId()), SIGINT), 0);
+        EXPECT_TRUE(waitFor([this] { return !program.isRunning(); }));
+    }
+}
+
+TEST_F(LifeCycleTest, FirstStartMakesAPrivateFolderAndALoginItem)
+{
+    QDir(program.dataDir()).removeRecursively();
+    ASSERT_TRUE(program.start());
+    EXPECT_TRUE(waitFor([this] {
+        return QFile::exists(program.homeFile(text("config/autostart/ostrel.desktop")));
+    }));
+    EXPECT_EQ(program.stop(), 0);
+
+    constexpr QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
+                                          QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+    EXPECT_FALSE(QFileInfo(program.dataDir()).permissions() & others);
+}
+
+TEST_F(LifeCycleTest, StatusReadsTheFilesWhileItRuns)
+{
+    program.writeMonitors({monitor});
+    ASSERT_TRUE(program.start());
+    ASSERT_TRUE(waitFor([this] { return checkCount() > 0; }));
+
+    const auto status = program.run({text("status"), text("--json")});
+    EXPECT_EQ(status.exitCode, 0);
+    const QJsonArray monitors = QJsonDocument::fromJson(status.output).array();
+    ASSERT_EQ(monitors.size(), 1);
+    EXPECT_EQ(monitors[0][text("status")].toString(), text("up"));
+    EXPECT_EQ(program.stop(), 0);
+}
+
+TEST_F(LifeCycleTest, CheckMakesOneCheckAndTouchesNoFile)
+{
+    const auto up = program.run({text("check"), monitor.url});
+    EXPECT_EQ(up.exitCode, 0);
+    EXPECT_EQ(program.run({text("check"), text("http://127.0.0.1:%1/").arg(closedPort())}).exitCode,
+              1);
+    EXPECT_EQ(program.run({text("check"), text("--port"), text("x"), text("a")}).exitCode, 2);
+    EXPECT_EQ(QDir(program.dataDir()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+              QStringList());
+    EXPECT_EQ(server.requests().size(), 1);
+}
+
+TEST_F(LifeCycleTest, AFileThatCannotBeReadIsKept)
+{
+    QFile file(program.dataDir() + text("/checks.json"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("[\"broken");
+    file.close();
+    program.writeMonitors({monitor});
+    ASSERT_TRUE(program.start());
+    ASSERT_TRUE(waitFor([this] { return checkCount() > 0; }));
+    EXPECT_EQ(program.stop(), 0);
+
+    const QStringList kept =
+        QDir(program.dataDir()).entryList({text("checks.json.unreadable-*")}, QDir::Files);
+    ASSERT_EQ(kept.size(), 1);
+    EXPECT_EQ(program.file(kept[0]), QByteArray("[\"broken"));
+}
+
+} // namespace ostrel::test

@@ -1,0 +1,136 @@
+#include "OstrelProgram.h"
+
+#include "CheckJson.h"
+#include "MonitorJson.h"
+#include "WaitFor.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <csignal>
+#include <sys/file.h>
+#include <unistd.h>
+#include <utility>
+
+namespace ostrel::test {
+
+namespace {
+
+const QString program = QStringLiteral(OSTREL_PROGRAM);
+
+class HistoryCollector : public CheckMapVisitor
+{
+public:
+    void openHistory(const QUuid &monitorId) override
+    {
+        m_open = monitorId;
+        histories[m_open].clear();
+    }
+    void takeCheck(Check &&check, std::string_view) override
+    {
+        histories[m_open].push_back(std::move(check));
+    }
+
+    QHash<QUuid, std::vector<Check>> histories;
+
+private:
+    QUuid m_open;
+};
+
+/// Whether a program holds the lock at @p path.
+bool isLocked(const QString &path)
+{
+    QFile lock(path);
+    if (!lock.open(QIODevice::ReadOnly))
+        return false;
+    return ::flock(lock.handle(), LOCK_EX | LOCK_NB) != 0;
+}
+
+} // namespace
+
+OstrelProgram::OstrelProgram()
+    : m_environment(QProcessEnvironment::systemEnvironment())
+{
+    for (const char *name :
+         {"DISPLAY", "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "DBUS_SYSTEM_BUS_ADDRESS",
+          "http_proxy", "https_proxy", "all_proxy", "XDG_ACTIVATION_TOKEN"})
+        m_environment.remove(QString::fromLatin1(name));
+    setEnvironment(QStringLiteral("HOME"), m_home.path());
+    setEnvironment(QStringLiteral("XDG_DATA_HOME"), homeFile(QStringLiteral("data")));
+    setEnvironment(QStringLiteral("XDG_CONFIG_HOME"), homeFile(QStringLiteral("config")));
+    setEnvironment(QStringLiteral("XDG_CACHE_HOME"), homeFile(QStringLiteral("cache")));
+    setEnvironment(QStringLiteral("XDG_RUNTIME_DIR"), m_home.path());
+    setEnvironment(QStringLiteral("DBUS_SYSTEM_BUS_ADDRESS"),
+                   QStringLiteral("unix:path=") + homeFile(QStringLiteral("no-such-bus")));
+    setEnvironment(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    setEnvironment(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    QDir().mkpath(dataDir());
+}
+
+void OstrelProgram::setEnvironment(const QString &name, const QString &value)
+{
+    m_environment.insert(name, value);
+}
+
+void OstrelProgram::writeMonitors(const QList<Monitor> &monitors) const
+{
+    QFile file(dataDir() + QStringLiteral("/monitors.json"));
+    if (file.open(QIODevice::WriteOnly))
+        file.write(encodeMonitors(monitors));
+}
+
+bool OstrelProgram::start()
+{
+    m_process.setProcessEnvironment(m_environment);
+    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    m_process.start(program, QStringList());
+    return waitFor([this] {
+               return !isRunning() || isLocked(dataDir() + QStringLiteral("/ostrel.lock"));
+           }) &&
+           isRunning();
+}
+
+int OstrelProgram::stop()
+{
+    if (!m_process.stop() || m_process.exitStatus() != QProcess::NormalExit)
+        return -1;
+    return m_process.exitCode();
+}
+
+void OstrelProgram::kill()
+{
+    m_process.kill();
+    m_process.waitForFinished();
+}
+
+OstrelProgram::Outcome OstrelProgram::run(const QStringList &arguments) const
+{
+    BoundProcess process;
+    process.setProcessEnvironment(m_environment);
+    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process.start(program, arguments);
+    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
+        return {};
+    return {.exitCode = process.exitCode(), .output = process.readAllStandardOutput()};
+}
+
+QByteArray OstrelProgram::file(const QString &name) const
+{
+    QFile file(dataDir() + QLatin1Char('/') + name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+std::optional<QList<Monitor>> OstrelProgram::readMonitors() const
+{
+    return decodeMonitors(file(QStringLiteral("monitors.json")));
+}
+
+std::optional<QHash<QUuid, std::vector<Check>>> OstrelProgram::readChecks() const
+{
+    HistoryCollector collector;
+    if (!decodeCheckMap(file(QStringLiteral("checks.json")), collector))
+        return std::nullopt;
+    return collector.histories;
+}
+
+} // namespace ostrel::test

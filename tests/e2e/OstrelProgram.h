@@ -1,0 +1,61 @@
+#pragma once
+
+#include "BoundProcess.h"
+#include "Check.h"
+#include "Monitor.h"
+
+#include <QHash>
+#include <QList>
+#include <QProcessEnvironment>
+#include <QTemporaryDir>
+
+#include <optional>
+#include <vector>
+
+namespace ostrel::test {
+
+/// The real program, with a home of its own and, unless it is given more, neither display nor bus.
+class OstrelProgram
+{
+public:
+    OstrelProgram();
+
+    /// For the starts that follow.
+    void setEnvironment(const QString &name, const QString &value);
+    /// What the folder holds before the program sees it.
+    void writeMonitors(const QList<Monitor> &monitors) const;
+
+    /// Starts watching, and returns when it does: when its lock is there. False where it ends
+    /// instead.
+    [[nodiscard]] bool start();
+    [[nodiscard]] bool isRunning() const { return m_process.state() == QProcess::Running; }
+    /// SIGTERM; the exit code, or -1 where it doesn't end in an orderly way.
+    [[nodiscard]] int stop();
+    /// SIGKILL.
+    void kill();
+    [[nodiscard]] qint64 processId() const { return m_process.processId(); }
+
+    /// Runs the program with @p arguments and this folder beside the one that watches; its exit
+    /// code, and what it printed.
+    struct Outcome
+    {
+        int exitCode = -1;
+        QByteArray output;
+    };
+    [[nodiscard]] Outcome run(const QStringList &arguments) const;
+
+    [[nodiscard]] QString dataDir() const { return m_home.filePath(QStringLiteral("data/Vantry")); }
+    [[nodiscard]] QString homeFile(const QString &name) const { return m_home.filePath(name); }
+    [[nodiscard]] QByteArray file(const QString &name) const;
+
+    /// What a reader sees in the files at the moment; nothing where one doesn't load.
+    [[nodiscard]] std::optional<QList<Monitor>> readMonitors() const;
+    [[nodiscard]] std::optional<QHash<QUuid, std::vector<Check>>> readChecks() const;
+
+private:
+    QTemporaryDir m_home;
+    QProcessEnvironment m_environment;
+    BoundProcess m_process;
+};
+
+} // namespace ostrel::test

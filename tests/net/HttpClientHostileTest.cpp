@@ -1,0 +1,161 @@
+#include "FetchFixture.h"
+#include "HostileBehaviours.h"
+#include "Printers.h"
+
+#include <gmock/gmock.h>
+
+namespace ostrel::test {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto timeout = 400ms;
+constexpr auto grace = 500ms;
+
+HttpRequest hastyRequestFor(const QByteArray &url)
+{
+    HttpRequest request = requestFor(url);
+    request.timeout = timeout;
+    return request;
+}
+
+struct Hostility
+{
+    const char *name;
+    HostileServer::Behaviour behaviour;
+    HostileServer::Greeting greeting = HostileServer::Greeting::ReadRequest;
+    const char *scheme = "http";
+    bool lastsUntilTheTimeout = true;
+};
+
+void PrintTo(const Hostility &example, std::ostream *out)
+{
+    *out << example.name;
+}
+
+class HttpClientHostileTest : public FetchFixture, public testing::WithParamInterface<Hostility>
+{
+};
+
+TEST_P(HttpClientHostileTest, EndsInTimeWithOneError)
+{
+    const HostileServer server(GetParam().behaviour, GetParam().greeting);
+    const auto start = std::chrono::steady_clock::now();
+    QFuture<HttpResult> future =
+        m_client.fetch(hastyRequestFor(server.url("/0", GetParam().scheme)));
+    future.waitForFinished();
+    EXPECT_LE(std::chrono::steady_clock::now() - start, timeout + grace);
+
+    ASSERT_EQ(future.resultCount(), 1);
+    const HttpResult result = future.result();
+    EXPECT_FALSE(result.hasResponse);
+    EXPECT_FALSE(result.error.isEmpty());
+    EXPECT_FALSE(result.error.contains(u'\n'));
+    if (GetParam().lastsUntilTheTimeout) {
+        EXPECT_GE(result.elapsed, timeout);
+        EXPECT_THAT(result.error.toStdString(),
+                    testing::ContainsRegex("timed out after [4-9][0-9][0-9] milli"));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, HttpClientHostileTest,
+    testing::Values(
+        Hostility{"SilentAfterTheRequest", staySilent},
+        Hostility{"SilentInTheTlsHandshake", staySilent, HostileServer::Greeting::None, "https"},
+        Hostility{"DrippingBytes", dripBytes}, Hostility{"EndlessBody", sendEndlessBody},
+        Hostility{"EndlessGzipBomb", sendEndlessGzipBomb},
+        Hostility{"EndlessHeaders", sendEndlessHeaders, HostileServer::Greeting::ReadRequest,
+                  "http", false},
+        Hostility{"EndlessHeaderLine", sendEndlessHeaderLine, HostileServer::Greeting::ReadRequest,
+                  "http", false},
+        Hostility{"EndlessRedirects", redirectEndlessly, HostileServer::Greeting::ReadRequest,
+                  "http", false},
+        Hostility{"EndlessZstdBomb", sendEndlessZstdBomb, HostileServer::Greeting::ReadRequest,
+                  "http", false},
+        Hostility{"Garbage", sendGarbage, HostileServer::Greeting::ReadRequest, "http", false},
+        Hostility{"GarbageInTheTlsHandshake", sendGarbage, HostileServer::Greeting::None, "https",
+                  false},
+        Hostility{"ResetInBody", resetInBody, HostileServer::Greeting::ReadRequest, "http", false},
+        Hostility{"BrokenCertificate", sendBrokenCertificate, HostileServer::Greeting::None,
+                  "https", false}),
+    [](const auto &test) { return std::string(test.param.name); });
+
+class HttpClientTimeoutTest : public FetchFixture
+{
+};
+
+TEST_F(HttpClientTimeoutTest, BoundsTheRedirectsTogether)
+{
+    // Each hop alone would be in time.
+    const HostileServer server([](HostileConnection &connection, const SeenRequest &request) {
+        if (connection.pause(150ms))
+            redirectEndlessly(connection, request);
+    });
+    const HttpResult result = fetch(hastyRequestFor(server.url("/0")));
+    EXPECT_FALSE(result.hasResponse);
+    EXPECT_GE(result.elapsed, timeout);
+    EXPECT_LE(result.elapsed, timeout + grace);
+}
+
+TEST_F(HttpClientTimeoutTest, BoundsTheConnect)
+{
+    const BlackholePort target;
+    const QByteArray url = "http://127.0.0.1:" + QByteArray::number(target.port()) + "/";
+    const HttpResult result = fetch(hastyRequestFor(url));
+    EXPECT_GE(result.elapsed, timeout);
+    EXPECT_LE(result.elapsed, timeout + grace);
+    EXPECT_THAT(result.error.toStdString(),
+                testing::ContainsRegex("after [4-9][0-9][0-9] (ms|milliseconds)"));
+}
+
+TEST_F(HttpClientTimeoutTest, IsNeverReportedEarly)
+{
+    const HostileServer server(staySilent);
+    for (int i = 0; i < 20; ++i) {
+        HttpRequest request = requestFor(server.url());
+        request.timeout = std::chrono::milliseconds(5 + i);
+        EXPECT_GE(fetch(request).elapsed, request.timeout);
+    }
+}
+
+TEST_F(HttpClientTimeoutTest, OfNothingOrLessIsTheShortest)
+{
+    const HostileServer server(staySilent);
+    for (const auto shortest : {0ms, -1ms, -1000000ms, std::chrono::milliseconds::min()}) {
+        HttpRequest request = requestFor(server.url());
+        request.timeout = shortest;
+        const HttpResult result = fetch(request);
+        EXPECT_FALSE(result.hasResponse);
+        EXPECT_GE(result.elapsed, 1ms);
+        EXPECT_LE(result.elapsed, grace);
+    }
+}
+
+TEST_F(HttpClientTimeoutTest, OfYearsIsNoTimeout)
+{
+    const HostileServer server(answerAfter(20ms));
+    for (const std::chrono::milliseconds longest :
+         {std::chrono::milliseconds(std::chrono::years(100)), std::chrono::milliseconds::max()}) {
+        HttpRequest request = requestFor(server.url());
+        request.timeout = longest;
+        EXPECT_TRUE(fetch(request).hasResponse);
+    }
+}
+
+TEST_F(HttpClientTimeoutTest, ABombDoesntHoldUpOthers)
+{
+    const HostileServer bomb(sendEndlessZstdBomb);
+    const HostileServer decent(answerWith("OK"));
+    HttpRequest bombRequest = requestFor(bomb.url());
+    const QFuture<HttpResult> bombFuture = m_client.fetch(bombRequest);
+    const QFuture<HttpResult> decentFuture = m_client.fetch(requestFor(decent.url()));
+    EXPECT_LE(decentFuture.result().elapsed, grace);
+    EXPECT_EQ(bombFuture.result().error,
+              QStringLiteral("Unrecognized or bad HTTP Content or Transfer-Encoding"));
+}
+
+} // namespace
+
+} // namespace ostrel::test

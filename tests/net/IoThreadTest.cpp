@@ -1,0 +1,239 @@
+#include "FetchFixture.h"
+#include "HostileBehaviours.h"
+#include "LoopbackListener.h"
+#include "TcpConnector.h"
+#include "WaitFor.h"
+
+#include <algorithm>
+#include <atomic>
+#include <ctime>
+#include <memory>
+
+namespace ostrel::test {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+HttpRequest requestWithin(std::chrono::milliseconds timeout, const QByteArray &url)
+{
+    HttpRequest request = requestFor(url);
+    request.timeout = timeout;
+    return request;
+}
+
+TEST(IoThreadTest, AWaitingTransfersClockStartsWhenItIsAdmitted)
+{
+    const HostileServer server(answerAfter(150ms));
+    IoThread ioThread({.maxConcurrentTransfers = 2});
+    HttpClient client(ioThread);
+    QList<QFuture<HttpResult>> futures;
+    // Three rounds: a clock that starts at once would run out in the third.
+    for (int i = 0; i < 6; ++i)
+        futures.append(client.fetch(requestWithin(400ms, server.url())));
+    for (const auto &future : futures) {
+        EXPECT_TRUE(future.result().hasResponse) << future.result().error.toStdString();
+        EXPECT_GE(future.result().elapsed, 150ms);
+        EXPECT_LE(future.result().elapsed, 280ms);
+    }
+}
+
+TEST(IoThreadTest, NoMoreThanTheBoundRunAtOnce)
+{
+    std::atomic<int> running = 0;
+    std::atomic<int> most = 0;
+    const HostileServer server([&](HostileConnection &connection, const SeenRequest &) {
+        most = std::max(most.load(), ++running);
+        connection.pause(20ms);
+        --running;
+        connection.respond("200 OK");
+    });
+    IoThread ioThread({.maxConcurrentTransfers = 3});
+    HttpClient client(ioThread);
+    QList<QFuture<HttpResult>> futures;
+    for (int i = 0; i < 12; ++i)
+        futures.append(client.fetch(requestFor(server.url())));
+    for (const auto &future : futures)
+        EXPECT_TRUE(future.result().hasResponse);
+    EXPECT_EQ(most, 3);
+}
+
+TEST(IoThreadTest, WaitingTransfersAreAdmittedInOrder)
+{
+    const HostileServer server(answerWith("OK"));
+    IoThread ioThread({.maxConcurrentTransfers = 1});
+    HttpClient client(ioThread);
+    QList<QFuture<HttpResult>> futures;
+    QByteArrayList expected;
+    for (int i = 0; i < 20; ++i) {
+        expected.append("/" + QByteArray::number(i));
+        futures.append(client.fetch(requestFor(server.url(expected.last()))));
+    }
+    futures.last().waitForFinished();
+    QByteArrayList seen;
+    for (const SeenRequest &request : server.requests())
+        seen.append(request.target);
+    EXPECT_EQ(seen, expected);
+}
+
+TEST(IoThreadTest, ABoundOfNoneIsOne)
+{
+    const HostileServer server(answerWith("OK"));
+    IoThread ioThread({.maxConcurrentTransfers = 0});
+    EXPECT_TRUE(HttpClient(ioThread).fetch(requestFor(server.url())).result().hasResponse);
+}
+
+TEST(IoThreadTest, ABusySocketDoesntKeepOthersFromBeingAdmitted)
+{
+    const HostileServer busy(sendEndlessBody);
+    const HostileServer decent(answerWith("OK"));
+    IoThread ioThread;
+    HttpClient client(ioThread);
+    const auto endless = client.fetch(requestWithin(5s, busy.url()));
+    ASSERT_TRUE(waitFor([&] { return busy.connectionCount() == 1; }));
+    for (int i = 0; i < 20; ++i)
+        EXPECT_TRUE(client.fetch(requestFor(decent.url())).result().hasResponse);
+    EXPECT_FALSE(endless.isFinished());
+}
+
+TEST(IoThreadTest, AHundredThatHangLeaveRoomForOthers)
+{
+    const BlackholePort hole;
+    const HostileServer decent(answerWith("OK"));
+    IoThread ioThread;
+    TcpConnector connector(ioThread);
+    for (int i = 0; i < 100; ++i)
+        (void)connector.connect(QStringLiteral("127.0.0.1"), hole.port(), 30s);
+    HttpClient client(ioThread);
+    EXPECT_TRUE(client.fetch(requestFor(decent.url())).result().hasResponse);
+}
+
+/// Keeps its first connection waiting and answers on every later one.
+class ForgetfulServer
+{
+public:
+    ForgetfulServer()
+        : m_server([this](HostileConnection &connection, const SeenRequest &request) {
+            if (m_server.requests().size() == 1)
+                staySilent(connection, request);
+            else
+                connection.respond("200 OK", "OK");
+        })
+    {
+    }
+
+    [[nodiscard]] const HostileServer &server() const { return m_server; }
+
+private:
+    HostileServer m_server;
+};
+
+TEST(IoThreadTest, RenewalBeginsTransfersAnew)
+{
+    const ForgetfulServer forgetful;
+    IoThread ioThread;
+    HttpClient client(ioThread);
+    const auto future = client.fetch(requestFor(forgetful.server().url()));
+    ASSERT_TRUE(waitFor([&] { return forgetful.server().requests().size() == 1; }));
+    ioThread.renewConnections();
+    EXPECT_EQ(future.result().body, "OK");
+    EXPECT_EQ(forgetful.server().requests().size(), 2);
+}
+
+TEST(IoThreadTest, RenewalStartsTheClockAnew)
+{
+    const HostileServer server(answerAfter(250ms));
+    IoThread ioThread;
+    HttpClient client(ioThread);
+    const auto future = client.fetch(requestWithin(400ms, server.url()));
+    // A second of the same kind is the clock that says when to renew.
+    (void)HttpClient(ioThread).fetch(requestWithin(200ms, server.url())).result();
+    ioThread.renewConnections();
+    const HttpResult result = future.result();
+    EXPECT_TRUE(result.hasResponse) << result.error.toStdString();
+    EXPECT_GE(result.elapsed, 250ms);
+    EXPECT_LT(result.elapsed, 400ms);
+}
+
+TEST(IoThreadTest, RenewalsWithoutEndDontKeepATransferFromItsEnd)
+{
+    const HostileServer server(staySilent);
+    IoThread ioThread;
+    HttpClient client(ioThread);
+    const auto future = client.fetch(requestWithin(300ms, server.url()));
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_TRUE(waitFor([&] {
+        ioThread.renewConnections();
+        return future.isFinished();
+    }));
+    EXPECT_LE(std::chrono::steady_clock::now() - start, 1000ms);
+    EXPECT_FALSE(future.result().hasResponse);
+    EXPECT_GE(future.result().elapsed, 300ms);
+}
+
+TEST(IoThreadTest, RenewalDoesntTouchWaitingTransfers)
+{
+    const HostileServer server(answerWith("OK"));
+    const HostileServer silent(staySilent);
+    IoThread ioThread({.maxConcurrentTransfers = 1});
+    HttpClient client(ioThread);
+    const auto first = client.fetch(requestWithin(100ms, silent.url()));
+    const auto second = client.fetch(requestFor(server.url()));
+    ioThread.renewConnections();
+    EXPECT_TRUE(second.result().hasResponse);
+    EXPECT_EQ(server.requests().size(), 1);
+}
+
+TEST(IoThreadTest, RenewalOfAnIdleThreadChangesNothing)
+{
+    const HostileServer server(answerWith("OK"));
+    IoThread ioThread;
+    HttpClient client(ioThread);
+    ioThread.renewConnections();
+    EXPECT_TRUE(client.fetch(requestFor(server.url())).result().hasResponse);
+    ioThread.renewConnections();
+    EXPECT_TRUE(client.fetch(requestFor(server.url())).result().hasResponse);
+}
+
+TEST(IoThreadTest, DestructionCancelsRunningAndWaitingTransfersPromptly)
+{
+    const HostileServer server(staySilent);
+    const BlackholePort hole;
+    auto ioThread = std::make_unique<IoThread>(IoThreadConfiguration{.maxConcurrentTransfers = 2});
+    HttpClient client(*ioThread);
+    TcpConnector connector(*ioThread);
+    const auto running = client.fetch(requestFor(server.url()));
+    const auto connecting = connector.connect(QStringLiteral("127.0.0.1"), hole.port(), 30s);
+    const auto waiting = client.fetch(requestFor(server.url()));
+    ASSERT_TRUE(waitFor([&] { return server.requests().size() == 1; }));
+
+    const auto start = std::chrono::steady_clock::now();
+    ioThread.reset();
+    EXPECT_LE(std::chrono::steady_clock::now() - start, 300ms);
+    EXPECT_TRUE(running.isCanceled() && running.isFinished());
+    EXPECT_TRUE(connecting.isCanceled() && connecting.isFinished());
+    EXPECT_TRUE(waiting.isCanceled() && waiting.isFinished());
+    EXPECT_EQ(running.resultCount(), 0);
+}
+
+TEST(IoThreadTest, AnUnusedThreadEndsPromptly)
+{
+    const auto start = std::chrono::steady_clock::now();
+    {
+        const IoThread ioThread;
+    }
+    EXPECT_LE(std::chrono::steady_clock::now() - start, 300ms);
+}
+
+TEST(IoThreadTest, AWaitingTransferCostsNoCpu)
+{
+    const HostileServer server(staySilent);
+    IoThread ioThread;
+    const std::clock_t before = std::clock();
+    (void)HttpClient(ioThread).fetch(requestWithin(1s, server.url())).result();
+    EXPECT_LT(std::clock() - before, CLOCKS_PER_SEC / 5);
+}
+
+} // namespace
+
+} // namespace ostrel::test

@@ -1,0 +1,137 @@
+#include "TcpConnector.h"
+
+#include "HostileBehaviours.h"
+#include "IoThread.h"
+#include "LoopbackListener.h"
+
+#include <gtest/gtest.h>
+
+namespace ostrel::test {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+class TcpConnectorTest : public testing::Test
+{
+protected:
+    [[nodiscard]] TcpResult connect(const QString &host, quint16 port,
+                                    std::chrono::milliseconds timeout = 10s)
+    {
+        return m_connector.connect(host, port, timeout).result();
+    }
+
+    IoThread m_ioThread;
+    TcpConnector m_connector{m_ioThread};
+};
+
+TEST_F(TcpConnectorTest, ConnectsToAnOpenPort)
+{
+    const LoopbackListener listener;
+    const TcpResult result = connect(QStringLiteral("127.0.0.1"), listener.port());
+    EXPECT_TRUE(result.isConnected);
+    EXPECT_GT(result.elapsed, 0us);
+    EXPECT_LT(result.elapsed, 1s);
+}
+
+TEST_F(TcpConnectorTest, SendsNothing)
+{
+    const HostileServer server(answerWith("OK"));
+    EXPECT_TRUE(connect(QStringLiteral("127.0.0.1"), server.port()).isConnected);
+    EXPECT_TRUE(server.requests().isEmpty());
+}
+
+TEST_F(TcpConnectorTest, ARefusalEndsAtOnce)
+{
+    const TcpResult result = connect(QStringLiteral("127.0.0.1"), closedPort());
+    EXPECT_FALSE(result.isConnected);
+    EXPECT_GT(result.elapsed, 0us);
+    EXPECT_LT(result.elapsed, 1s);
+}
+
+TEST_F(TcpConnectorTest, ATimeoutEndsTheAttempt)
+{
+    const BlackholePort target;
+    const TcpResult result = connect(QStringLiteral("127.0.0.1"), target.port(), 300ms);
+    EXPECT_FALSE(result.isConnected);
+    EXPECT_GE(result.elapsed, 300ms);
+    EXPECT_LE(result.elapsed, 800ms);
+}
+
+TEST_F(TcpConnectorTest, ATimeoutOfNothingOrLessIsTheShortest)
+{
+    const BlackholePort target;
+    for (const auto timeout : {0ms, -1ms}) {
+        const TcpResult result = connect(QStringLiteral("127.0.0.1"), target.port(), timeout);
+        EXPECT_FALSE(result.isConnected);
+        EXPECT_GE(result.elapsed, 1ms);
+        EXPECT_LE(result.elapsed, 500ms);
+    }
+}
+
+TEST_F(TcpConnectorTest, ConnectsToAName)
+{
+    const LoopbackListener listener;
+    EXPECT_TRUE(connect(QStringLiteral("localhost"), listener.port()).isConnected);
+    EXPECT_TRUE(connect(QStringLiteral("LOCALHOST"), listener.port()).isConnected);
+}
+
+TEST_F(TcpConnectorTest, ConnectsToIpv6)
+{
+    const LoopbackListener listener(LoopbackFamily::Ipv6);
+    if (!listener.isListening())
+        GTEST_SKIP() << "no IPv6 loopback address";
+    EXPECT_TRUE(connect(QStringLiteral("::1"), listener.port()).isConnected);
+}
+
+TEST_F(TcpConnectorTest, TriesBothFamiliesOfAName)
+{
+    // Of the addresses that the name has, only the one of this family listens.
+    const LoopbackListener listener(LoopbackFamily::Ipv6);
+    if (!listener.isListening())
+        GTEST_SKIP() << "no IPv6 loopback address";
+    EXPECT_TRUE(connect(QStringLiteral("localhost"), listener.port()).isConnected);
+}
+
+TEST_F(TcpConnectorTest, WhatIsNoHostIsNotConnectedAtOnce)
+{
+    const LoopbackListener listener;
+    for (const QString &host :
+         {QString(), QStringLiteral(" "), QStringLiteral("local host"),
+          QStringLiteral("127.0.0.1 "), QStringLiteral("http://127.0.0.1"),
+          QStringLiteral("127.0.0.1/path"), QStringLiteral("user@127.0.0.1"),
+          QStringLiteral("127.0.0.1:80"), QStringLiteral("[::1]"), QStringLiteral("::g"),
+          QStringLiteral("%6c%6f"), QStringLiteral("127.0.0.1\u0000x")}) {
+        const QFuture<TcpResult> future = m_connector.connect(host, listener.port(), 10s);
+        ASSERT_TRUE(future.isFinished()) << host.toStdString();
+        EXPECT_FALSE(future.result().isConnected) << host.toStdString();
+        EXPECT_EQ(future.result().elapsed, 0us);
+    }
+}
+
+TEST_F(TcpConnectorTest, AnInternationalNameIsLookedUpInItsAsciiForm)
+{
+    // Letters of full width are the plain ones to a resolver.
+    const LoopbackListener listener;
+    EXPECT_TRUE(connect(QStringLiteral("ｌｏｃａｌｈｏｓｔ"), listener.port()).isConnected);
+}
+
+TEST_F(TcpConnectorTest, NeverUsesAProxy)
+{
+    const LoopbackListener proxy;
+    const QByteArray address = "http://127.0.0.1:" + QByteArray::number(proxy.port());
+    for (const char *name : {"http_proxy", "https_proxy", "ALL_PROXY"})
+        qputenv(name, address);
+    EXPECT_FALSE(connect(QStringLiteral("127.0.0.1"), closedPort()).isConnected);
+    for (const char *name : {"http_proxy", "https_proxy", "ALL_PROXY"})
+        qunsetenv(name);
+}
+
+TEST_F(TcpConnectorTest, PortZeroIsNotConnected)
+{
+    EXPECT_FALSE(connect(QStringLiteral("127.0.0.1"), 0).isConnected);
+}
+
+} // namespace
+
+} // namespace ostrel::test
