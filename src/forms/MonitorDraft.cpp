@@ -12,10 +12,7 @@ namespace {
 
 QString thresholdTextOf(const std::optional<Milliseconds> &threshold)
 {
-    if (!threshold)
-        return {};
-    // The sum turns a negative zero into a zero.
-    return QString::number(std::trunc(threshold->count()) + 0.0, 'f', 0);
+    return threshold ? QString::number(std::trunc(threshold->count()), 'f', 0) : QString();
 }
 
 std::optional<Milliseconds> thresholdFrom(const QString &text)
