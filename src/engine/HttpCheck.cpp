@@ -2,6 +2,7 @@
 
 #include "Address.h"
 #include "CertificateDays.h"
+#include "ContinueOn.h"
 #include "KeywordSearch.h"
 #include "NotificationManager.h"
 #include "SSLCaptureDelegate.h"
@@ -111,15 +112,16 @@ QFuture<Check> HttpCheck::run(const Monitor &monitor)
         return QtFuture::makeReadyFuture(invalidAddressCheck(monitor, m_now()));
 
     const auto delegate = std::make_shared<SSLCaptureDelegate>();
-    return m_fetch(makeRequest(monitor, *url, delegate))
-        // A large body takes a while to search; neither the I/O thread nor this one waits for it.
-        .then(QThreadPool::globalInstance(),
-              [monitor, delegate](HttpResult result) {
-                  const auto keywordFound = findKeyword(monitor, result);
-                  result.body.clear();
-                  return Outcome{std::move(result), keywordFound, delegate->expiryDate()};
-              })
-        .then(this, [this, monitor](const Outcome &outcome) { return conclude(monitor, outcome); });
+    // A large body takes a while to search; neither the I/O thread nor this one waits for it.
+    const auto outcome =
+        m_fetch(makeRequest(monitor, *url, delegate))
+            .then(QThreadPool::globalInstance(), [monitor, delegate](HttpResult result) {
+                const auto keywordFound = findKeyword(monitor, result);
+                result.body.clear();
+                return Outcome{std::move(result), keywordFound, delegate->expiryDate()};
+            });
+    return continueOn(outcome, this,
+                      [this, monitor](const Outcome &value) { return conclude(monitor, value); });
 }
 
 Check HttpCheck::conclude(const Monitor &monitor, const Outcome &outcome)

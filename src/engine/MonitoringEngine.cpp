@@ -1,5 +1,6 @@
 #include "MonitoringEngine.h"
 
+#include "ContinueOn.h"
 #include "MonitorCheck.h"
 #include "MonitorStore.h"
 #include "NotificationManager.h"
@@ -80,8 +81,8 @@ void MonitoringEngine::handleResult(const Check &check, const Monitor &monitor)
 QFuture<void> MonitoringEngine::runCheck(const Monitor &monitor)
 {
     auto &check = monitor.type == MonitorType::http ? m_services.httpCheck : m_services.portCheck;
-    return check.run(monitor).then(
-        this, [this, monitor](const Check &result) { handleResult(result, monitor); });
+    return continueOn(check.run(monitor), this,
+                      [this, monitor](const Check &result) { handleResult(result, monitor); });
 }
 
 std::optional<Monitor> MonitoringEngine::enabledMonitor(const QUuid &id) const

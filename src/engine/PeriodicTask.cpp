@@ -1,5 +1,6 @@
 #include "PeriodicTask.h"
 
+#include "ContinueOn.h"
 #include "Sleeper.h"
 
 #include <utility>
@@ -28,7 +29,7 @@ void PeriodicTask::cancel()
 
 void PeriodicTask::check(const Monitor &monitor)
 {
-    m_runCheck(monitor).then(this, [this] { sleep(); });
+    continueOn(m_runCheck(monitor), this, [this] { sleep(); });
 }
 
 void PeriodicTask::sleep()

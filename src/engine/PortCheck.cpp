@@ -1,6 +1,7 @@
 #include "PortCheck.h"
 
 #include "Address.h"
+#include "ContinueOn.h"
 #include "TransferTimeout.h"
 
 #include <limits>
@@ -59,10 +60,10 @@ QFuture<Check> PortCheck::run(const Monitor &monitor)
         return QtFuture::makeReadyFuture(invalidPortCheck(monitor, m_now()));
 
     const QString host = hostOf(monitor.url).value_or(monitor.url);
-    return m_tcpConnect(host, *port, transferTimeout(monitor.timeout))
-        .then(this, [this, monitor, port = *port](const TcpResult &result) {
-            return concludedCheck(monitor, port, result, m_now());
-        });
+    return continueOn(m_tcpConnect(host, *port, transferTimeout(monitor.timeout)), this,
+                      [this, monitor, port = *port](const TcpResult &result) {
+                          return concludedCheck(monitor, port, result, m_now());
+                      });
 }
 
 } // namespace ostrel

@@ -10,9 +10,10 @@ size_t qHash(const Check &check, size_t seed)
 {
     const auto &c = check;
     return qHashMulti(seed, c.id, c.monitorId, c.timestamp.time_since_epoch().count(),
-                      c.statusCode.value_or(-1), c.isUp, int(c.keywordFound.value_or(false)),
-                      c.responseTime, c.error.value_or(QString()),
-                      c.sslExpiresAt.value_or(Timestamp()).time_since_epoch().count());
+                      c.statusCode.value_or(-1), c.isUp, c.keywordFound.has_value(),
+                      c.keywordFound.value_or(false), c.responseTime, c.error.has_value(),
+                      c.error.value_or(QString()),
+                      c.sslExpiresAt.value_or(Timestamp::min()).time_since_epoch().count());
 }
 
 } // namespace ostrel

@@ -154,10 +154,51 @@ bool hasLowerCase(std::string_view token)
     return lowerCase != 0;
 }
 
+/// One value of the last check that was read, and the text that it had there.
+template<typename Value>
+struct Reading
+{
+    std::string_view token = {};
+    Value value = {};
+};
+
+/// What most checks of one history have in common, so that it is parsed once and then recognised.
+struct LastReading
+{
+    Reading<QUuid> monitorId;
+    Reading<CompactOptional<Timestamp>> sslExpiresAt;
+
+    /// Gives @p check the value of @p key if @p token is the text that it had last time.
+    [[nodiscard]] bool recall(Check &check, std::size_t key, std::string_view token) const
+    {
+        if (key == std::size_t(CheckKey::monitorId) && token == monitorId.token)
+            check.monitorId = monitorId.value;
+        else if (key == std::size_t(CheckKey::sslExpiresAt) && token == sslExpiresAt.token)
+            check.sslExpiresAt = sslExpiresAt.value;
+        else
+            return false;
+        return true;
+    }
+
+    void remember(const Check &check, std::size_t key, std::string_view token)
+    {
+        if (key == std::size_t(CheckKey::monitorId))
+            monitorId = {token, check.monitorId};
+        else if (key == std::size_t(CheckKey::sslExpiresAt))
+            sslExpiresAt = {token, check.sslExpiresAt};
+    }
+};
+
 /// Reads one check, and learns on the way whether its text can be kept as its stored form.
 class CheckReader
 {
 public:
+    /// @p last lives as long as the text that is read.
+    explicit CheckReader(LastReading &last)
+        : m_last(last)
+    {
+    }
+
     /// False for anything but a whole check; then the other functions say nothing.
     [[nodiscard]] bool read(ondemand::object &object)
     {
@@ -193,7 +234,12 @@ private:
         else
             m_isPlain = false;
         m_seen |= bitOf(key);
-        return readField(m_check, key, value);
+        if (m_last.recall(m_check, key, token))
+            return true;
+        if (!readField(m_check, key, value))
+            return false;
+        m_last.remember(m_check, key, token);
+        return true;
     }
 
     bool isPlainMember(std::size_t key, std::string_view token) const
@@ -209,6 +255,7 @@ private:
 
     static constexpr std::size_t punctuation = 4; // quotes, colon, and a comma or the brace
 
+    LastReading &m_last;
     Check m_check;
     KeySet m_seen = 0;
     bool m_isPlain = true;
@@ -267,7 +314,7 @@ private:
     {
         const char *begin = value.raw_json_token().data();
         ondemand::object object;
-        CheckReader reader;
+        CheckReader reader(m_last);
         if (value.get_object().get(object) != SUCCESS || !reader.read(object))
             return false;
 
@@ -290,6 +337,7 @@ private:
 
     ondemand::document &m_document;
     CheckMapVisitor &m_visitor;
+    LastReading m_last;
     std::string m_rewritten;
 };
 
@@ -332,7 +380,8 @@ std::optional<Check> decodeCheck(QByteArrayView json)
     ondemand::parser parser;
     ondemand::document document;
     ondemand::object object;
-    CheckReader reader;
+    LastReading last;
+    CheckReader reader(last);
     if (parser.iterate(text).get(document) != SUCCESS ||
         document.get_object().get(object) != SUCCESS || !reader.read(object) || !isAtEnd(document))
         return std::nullopt;

@@ -119,9 +119,10 @@ std::optional<qint64> readInteger(JsonValue &value)
     if (const auto integer = valueOf(value.get_int64()))
         return *integer;
 
-    constexpr double bound = 9223372036854775808.0; // 2^63, the first that 64 bits can't hold
+    // 2^63, which 64 bits can't hold. Its negative they can, but what lies below rounds to it too.
+    constexpr double bound = 9223372036854775808.0;
     const auto number = readNumber(value);
-    if (!number || *number != std::trunc(*number) || *number < -bound || *number >= bound)
+    if (!number || *number != std::trunc(*number) || *number <= -bound || *number >= bound)
         return std::nullopt;
     return static_cast<qint64>(*number);
 }

@@ -63,18 +63,19 @@ std::optional<QUuid> parseUuid(std::string_view text)
     if (text.size() != uuidTextLength || !hasHyphens(text))
         return std::nullopt;
 
-    std::array<quint64, 2> halves{};
     unsigned bits = 0;
-    for (std::size_t i = 0; i < uuidBytes; ++i) {
-        const unsigned high = hexDigit(text[digitPositions[i]]);
-        const unsigned low = hexDigit(text[digitPositions[i] + 1U]);
-        bits |= high | low;
-        quint64 &half = halves[i / 8];
-        half = half << 8 | high << 4 | low;
-    }
-    if ((bits & noDigit) != 0)
-        return std::nullopt;
-    return uuidFrom(halves[0], halves[1]);
+    const auto half = [&](std::size_t firstByte) {
+        quint64 value = 0;
+        for (std::size_t i = firstByte; i < firstByte + uuidBytes / 2; ++i) {
+            const unsigned high = hexDigit(text[digitPositions[i]]);
+            const unsigned low = hexDigit(text[digitPositions[i] + 1U]);
+            bits |= high | low;
+            value = value << 8 | high << 4 | low;
+        }
+        return value;
+    };
+    const QUuid id = uuidFrom(half(0), half(uuidBytes / 2));
+    return (bits & noDigit) == 0 ? std::optional(id) : std::nullopt;
 }
 
 } // namespace ostrel

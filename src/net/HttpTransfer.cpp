@@ -11,13 +11,13 @@ namespace ostrel {
 namespace {
 
 /// The library reads up to a hundred buffers of a body in one go, with no look at the time-out,
-/// while every other transfer waits. Of the smallest size, so that even gzip, which makes at most a
-/// thousandfold of them, is done in a fraction of a second.
+/// while every other transfer waits. Of the smallest size, so that even with gzip, which makes at
+/// most a thousandfold of them, that is done in a fraction of a second.
 constexpr long receiveBufferSize = 1024;
 
 /// The most that a body may grow by in one turn of the loop: more than gzip can make of what is
 /// read in one. Other encodings have no such bound and can make gigabytes of a kilobyte.
-constexpr qsizetype maxBytesInTurn = 128 * 1024 * 1024;
+constexpr qsizetype maxBytesInTurn = qsizetype(128) * 1024 * 1024;
 
 /// An empty path is no path at all.
 const char *orNull(const QByteArray &path)
@@ -38,7 +38,7 @@ void HttpTransfer::setUp(CURL *handle, const TrustStore &trustStore)
 {
     m_body.clear();
     m_isBodyTruncated = false;
-    m_isBomb = false;
+    m_refusal = CURLE_OK;
     curl_easy_setopt(handle, CURLOPT_URL, m_request.url.constData());
     curl_easy_setopt(handle, CURLOPT_USERAGENT, m_request.userAgent.constData());
     curl_easy_setopt(handle, CURLOPT_PROTOCOLS_STR, "http,https");
@@ -68,9 +68,10 @@ void HttpTransfer::report(CURLcode code, std::chrono::microseconds elapsed)
         result.body = std::move(m_body);
         result.isBodyTruncated = m_isBodyTruncated;
     } else {
-        result.error = m_isBomb ? QString::fromUtf8(curl_easy_strerror(CURLE_BAD_CONTENT_ENCODING))
-                                : errorText(code);
+        result.error = m_refusal == CURLE_OK ? errorText(code) : refusalText(elapsed);
     }
+    // Whoever waits for the result may count on being the last to hold the delegate.
+    m_request.tlsDelegate.reset();
     m_promise.addResult(std::move(result));
     m_promise.finish();
 }
@@ -79,7 +80,10 @@ std::size_t HttpTransfer::didReceiveBody(char *bytes, std::size_t size, std::siz
                                          void *self)
 {
     auto *transfer = static_cast<HttpTransfer *>(self);
-    return transfer->keep(bytes, static_cast<qsizetype>(size * count)) ? size * count : 0;
+    const std::size_t byteCount = size * count;
+    transfer->keep(bytes, static_cast<qsizetype>(byteCount));
+    transfer->m_refusal = transfer->refusal();
+    return transfer->m_refusal == CURLE_OK ? byteCount : 0;
 }
 
 CURLcode HttpTransfer::didCreateTlsContext(CURL *handle, void *context, void *self)
@@ -120,14 +124,28 @@ void HttpTransfer::setTls(CURL *handle, const TrustStore &trustStore)
     curl_easy_setopt(handle, CURLOPT_SSL_CTX_DATA, this);
 }
 
-bool HttpTransfer::keep(const char *bytes, qsizetype count)
+void HttpTransfer::keep(const char *bytes, qsizetype count)
 {
     const qsizetype kept = std::clamp<qsizetype>(m_request.bodyLimit - m_body.size(), 0, count);
     m_body.append(bytes, kept);
     m_isBodyTruncated = m_isBodyTruncated || kept < count;
     m_bytesInTurn += count;
-    m_isBomb = m_bytesInTurn > maxBytesInTurn;
-    return !m_isBomb;
+}
+
+QString HttpTransfer::refusalText(std::chrono::microseconds elapsed) const
+{
+    // As the library says it where it is the one to break off.
+    if (m_refusal == CURLE_OPERATION_TIMEDOUT)
+        return QStringLiteral("Operation timed out after %1 milliseconds")
+            .arg(std::chrono::floor<std::chrono::milliseconds>(elapsed).count());
+    return QString::fromUtf8(curl_easy_strerror(m_refusal));
+}
+
+CURLcode HttpTransfer::refusal() const
+{
+    if (m_bytesInTurn > maxBytesInTurn)
+        return CURLE_BAD_CONTENT_ENCODING;
+    return isOverdue() ? CURLE_OPERATION_TIMEDOUT : CURLE_OK;
 }
 
 } // namespace ostrel

@@ -27,14 +27,16 @@ private:
 
     void setMethod(CURL *handle);
     void setTls(CURL *handle, const TrustStore &trustStore);
-    [[nodiscard]] bool keep(const char *bytes, qsizetype count);
+    void keep(const char *bytes, qsizetype count);
+    [[nodiscard]] CURLcode refusal() const;
+    [[nodiscard]] QString refusalText(std::chrono::microseconds elapsed) const;
 
     HttpRequest m_request;
     QPromise<HttpResult> m_promise;
     CurlList m_headers;
     QByteArray m_body;
     bool m_isBodyTruncated = false;
-    bool m_isBomb = false;
+    CURLcode m_refusal = CURLE_OK; ///< Why we broke off.
     qsizetype m_bytesInTurn = 0;
 };
 

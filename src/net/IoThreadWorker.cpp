@@ -127,13 +127,15 @@ void IoThread::Worker::serve()
 
 void IoThread::Worker::endFinished()
 {
+    // Once for all: ending one takes time that isn't the next one's.
+    const auto now = Clock::now();
     int messagesLeft = 0;
     while (const CURLMsg *message = curl_multi_info_read(m_multi.get(), &messagesLeft)) {
         // The message dies with the handle's membership.
         const CURLcode code = message->data.result;
         auto finished = m_running.extract(message->easy_handle);
         curl_multi_remove_handle(m_multi.get(), finished.key());
-        finished.mapped()->end(code);
+        finished.mapped()->end(code, now);
     }
 }
 
@@ -171,7 +173,7 @@ void IoThread::Worker::admit(std::unique_ptr<Transfer> transfer)
 void IoThread::Worker::start(std::unique_ptr<Transfer> transfer, CURL *handle)
 {
     if (handle == nullptr || curl_multi_add_handle(m_multi.get(), handle) != CURLM_OK)
-        transfer->end(CURLE_OUT_OF_MEMORY);
+        transfer->end(CURLE_OUT_OF_MEMORY, Clock::now());
     else
         m_running.emplace(handle, std::move(transfer));
 }

@@ -29,7 +29,7 @@ public:
     void renewConnections();
 
 private:
-    using Clock = std::chrono::steady_clock;
+    using Clock = Transfer::Clock;
 
     /// What other threads ask for, between two turns of the loop.
     struct Requests

@@ -34,9 +34,9 @@ CURL *Transfer::beginAnew(const TrustStore &trustStore)
     return beginAt(Clock::now(), trustStore);
 }
 
-void Transfer::end(CURLcode code)
+void Transfer::end(CURLcode code, Clock::time_point now)
 {
-    report(code, elapsed(code));
+    report(code, elapsed(code, now));
 }
 
 QString Transfer::errorText(CURLcode code) const
@@ -84,13 +84,13 @@ milliseconds Transfer::timeLeft() const
     return std::max(m_timeout - spent, milliseconds(1));
 }
 
-microseconds Transfer::elapsed(CURLcode code) const
+microseconds Transfer::elapsed(CURLcode code, Clock::time_point now) const
 {
     // The library's clock stops when a transfer succeeds; ours also counts the others that were
     // served in the same turn of the loop. But the library's isn't stopped by every failure: after
     // a failed look-up it shows the time at which the look-up began.
     if (code != CURLE_OK)
-        return duration_cast<microseconds>(Clock::now() - m_clockStart);
+        return duration_cast<microseconds>(now - m_clockStart);
     curl_off_t sinceLastBeginning = 0;
     curl_easy_getinfo(m_handle.get(), CURLINFO_TOTAL_TIME_T, &sinceLastBeginning);
     return duration_cast<microseconds>(m_lastBeginning - m_clockStart) +

@@ -16,6 +16,8 @@ struct TrustStore;
 class Transfer
 {
 public:
+    using Clock = std::chrono::steady_clock;
+
     /// A @p timeout that is no time at all is the shortest one, never "none"; one of more than 24
     /// days is 24 days.
     explicit Transfer(std::chrono::milliseconds timeout);
@@ -34,8 +36,8 @@ public:
     /// A turn of the I/O thread's loop begins.
     virtual void didBeginTurn() {}
 
-    /// Reports the outcome to whoever waits for it.
-    void end(CURLcode code);
+    /// Reports the outcome to whoever waits for it. The transfer was found to have ended at @p now.
+    void end(CURLcode code, Clock::time_point now);
 
 protected:
     /// Sets the options of @p handle, beyond those that every transfer has, for a first or another
@@ -44,16 +46,16 @@ protected:
     virtual void report(CURLcode code, std::chrono::microseconds elapsed) = 0;
 
     [[nodiscard]] CURL *handle() const { return m_handle.get(); }
+    /// Whether the time-out has passed.
+    [[nodiscard]] bool isOverdue() const { return Clock::now() - m_clockStart > m_timeout; }
     /// What went wrong, in the library's words.
     [[nodiscard]] QString errorText(CURLcode code) const;
 
 private:
-    using Clock = std::chrono::steady_clock;
-
     [[nodiscard]] CURL *beginAt(Clock::time_point now, const TrustStore &trustStore);
     void setCommonOptions(std::chrono::milliseconds timeout);
     [[nodiscard]] std::chrono::milliseconds timeLeft() const;
-    [[nodiscard]] std::chrono::microseconds elapsed(CURLcode code) const;
+    [[nodiscard]] std::chrono::microseconds elapsed(CURLcode code, Clock::time_point now) const;
 
     std::chrono::milliseconds m_timeout;
     Clock::time_point m_clockStart;

@@ -22,7 +22,7 @@ bool isHashedDirectory(const QByteArray &path)
 
 TrustStore TrustStore::system()
 {
-    const TrustStore chosen{qgetenv("SSL_CERT_DIR"), qgetenv("SSL_CERT_FILE")};
+    TrustStore chosen{qgetenv("SSL_CERT_DIR"), qgetenv("SSL_CERT_FILE")};
     if (!chosen.directory.isEmpty() || !chosen.file.isEmpty())
         return chosen;
 

@@ -12,6 +12,8 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
+
 namespace ostrel::test {
 
 namespace {
@@ -32,7 +34,7 @@ public:
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(text("DISPLAY"), display.name());
         m_manager.setProcessEnvironment(environment);
-        m_manager.setStandardErrorFile(QProcess::nullDevice());
+        m_manager.logTo(QProcess::nullDevice());
         m_manager.start(text("openbox"), {text("--sm-disable")});
     }
 

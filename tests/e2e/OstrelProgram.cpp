@@ -7,9 +7,6 @@
 #include <QDir>
 #include <QFile>
 
-#include <csignal>
-#include <sys/file.h>
-#include <unistd.h>
 #include <utility>
 
 namespace ostrel::test {
@@ -36,15 +33,6 @@ public:
 private:
     QUuid m_open;
 };
-
-/// Whether a program holds the lock at @p path.
-bool isLocked(const QString &path)
-{
-    QFile lock(path);
-    if (!lock.open(QIODevice::ReadOnly))
-        return false;
-    return ::flock(lock.handle(), LOCK_EX | LOCK_NB) != 0;
-}
 
 } // namespace
 
@@ -81,13 +69,12 @@ void OstrelProgram::writeMonitors(const QList<Monitor> &monitors) const
 
 bool OstrelProgram::start()
 {
+    const QString loginItem = homeFile(QStringLiteral("config/autostart/ostrel.desktop"));
+    QFile::remove(loginItem);
     m_process.setProcessEnvironment(m_environment);
-    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_process.start(program, QStringList());
-    return waitFor([this] {
-               return !isRunning() || isLocked(dataDir() + QStringLiteral("/ostrel.lock"));
-           }) &&
-           isRunning();
+    return m_process.waitForStarted() &&
+           waitFor([&] { return !isRunning() || QFile::exists(loginItem); }) && isRunning();
 }
 
 int OstrelProgram::stop()
@@ -107,7 +94,6 @@ OstrelProgram::Outcome OstrelProgram::run(const QStringList &arguments) const
 {
     BoundProcess process;
     process.setProcessEnvironment(m_environment);
-    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process.start(program, arguments);
     if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
         return {};

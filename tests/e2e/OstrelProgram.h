@@ -25,8 +25,8 @@ public:
     /// What the folder holds before the program sees it.
     void writeMonitors(const QList<Monitor> &monitors) const;
 
-    /// Starts watching, and returns when it does: when its lock is there. False where it ends
-    /// instead.
+    /// Starts watching, and returns when the window's content has appeared and so the login item is
+    /// there. False where it ends instead.
     [[nodiscard]] bool start();
     [[nodiscard]] bool isRunning() const { return m_process.state() == QProcess::Running; }
     /// SIGTERM; the exit code, or -1 where it doesn't end in an orderly way.

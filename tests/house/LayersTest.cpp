@@ -18,17 +18,18 @@ namespace {
 const QHash<QString, QStringList> &allowedFolders()
 {
     static const QStringList belowPlatform = {
-        QStringLiteral("model"),  QStringLiteral("store"),  QStringLiteral("net"),
-        QStringLiteral("notify"), QStringLiteral("engine"),
+        QStringLiteral("async"), QStringLiteral("model"),  QStringLiteral("store"),
+        QStringLiteral("net"),   QStringLiteral("notify"), QStringLiteral("engine"),
     };
     static const QHash<QString, QStringList> folders = {
+        {QStringLiteral("async"), {}},
         {QStringLiteral("model"), {}},
         {QStringLiteral("store"), {QStringLiteral("model")}},
         {QStringLiteral("net"), {}},
         {QStringLiteral("notify"), {QStringLiteral("model")}},
         {QStringLiteral("engine"),
-         {QStringLiteral("model"), QStringLiteral("store"), QStringLiteral("net"),
-          QStringLiteral("notify")}},
+         {QStringLiteral("async"), QStringLiteral("model"), QStringLiteral("store"),
+          QStringLiteral("net"), QStringLiteral("notify")}},
         {QStringLiteral("forms"),
          {QStringLiteral("model"), QStringLiteral("store"), QStringLiteral("engine")}},
         {QStringLiteral("platform"),

@@ -54,8 +54,9 @@ TEST_P(HttpClientHostileTest, EndsInTimeWithOneError)
     EXPECT_FALSE(result.error.contains(u'\n'));
     if (GetParam().lastsUntilTheTimeout) {
         EXPECT_GE(result.elapsed, timeout);
-        EXPECT_THAT(result.error.toStdString(),
-                    testing::ContainsRegex("timed out after [4-9][0-9][0-9] milli"));
+        EXPECT_THAT(
+            result.error.toStdString(),
+            testing::ContainsRegex("timed out after [4-9][0-9][0-9] milli"));
     }
 }
 

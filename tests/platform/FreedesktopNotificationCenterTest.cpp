@@ -2,13 +2,17 @@
 
 #include "Printers.h"
 #include "StubNotificationDaemon.h"
+#include "VirtualDisplay.h"
 #include "WaitFor.h"
 
 #include <QDBusConnectionInterface>
+#include <QDBusPendingCallWatcher>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <utility>
 
 namespace ostrel::test {
 namespace {
@@ -263,17 +267,36 @@ TEST_F(FreedesktopNotificationCenterTest, StartsAfreshAfterADaemonThatDiedAtWork
     EXPECT_EQ(replacedIds(), QList<uint>{0});
 }
 
-TEST_F(FreedesktopNotificationCenterTest, AsksTheNextDaemonWhereOneDiedOverItsCapabilities)
+TEST_F(FreedesktopNotificationCenterTest, ForgetsCapabilitiesThatAnEarlierDaemonAnnouncesLate)
 {
     startDaemon({QStringLiteral("body-markup")});
     m_daemon->setBehaviour(Behaviour::holds);
     m_center.add(request(shopDown, QStringLiteral("1")));
     ASSERT_TRUE(waitFor([&] { return m_daemon->capabilityCalls() == 1; }));
-    startDaemon({QStringLiteral("body-markup")});
+    const auto earlier = std::move(m_daemon);
+    earlier->giveUpName();
+    startDaemon({QStringLiteral("body")});
+    earlier->answerHeld();
     ASSERT_TRUE(daemonHas(1));
     settle();
     addAndAwait(shopDown, QStringLiteral("&2"));
-    EXPECT_EQ(bodies().last(), QStringLiteral("&amp;2"));
+    EXPECT_EQ(bodies().last(), QStringLiteral("&2"));
+}
+
+TEST_F(FreedesktopNotificationCenterTest, ForgetsAnIdThatAnEarlierDaemonGivesLate)
+{
+    startDaemon();
+    addAndAwait(blogDown, QStringLiteral("0"));
+    m_daemon->setBehaviour(Behaviour::holds);
+    m_center.add(request(shopDown, QStringLiteral("1")));
+    ASSERT_TRUE(daemonHas(2));
+    const auto earlier = std::move(m_daemon);
+    earlier->giveUpName();
+    startDaemon();
+    earlier->answerHeld();
+    settle();
+    addAndAwait(shopDown, QStringLiteral("2"));
+    EXPECT_EQ(replacedIds(), QList<uint>{0});
 }
 
 TEST_F(FreedesktopNotificationCenterTest, DropsEverythingWhileThereIsNoDaemon)
@@ -341,7 +364,11 @@ TEST_P(NoSessionBusTest, DropsEverything)
 {
     qputenv("DBUS_SESSION_BUS_ADDRESS", GetParam().address);
     qputenv("XDG_RUNTIME_DIR", GetParam().runtimeFolder);
-    qputenv("DISPLAY", ":99"); // Starting a bus takes one.
+    // With a display and a home, one could be started.
+    const VirtualDisplay display;
+    const QTemporaryDir home;
+    qputenv("DISPLAY", display.name().toUtf8());
+    qputenv("HOME", home.path().toUtf8());
     FreedesktopNotificationCenter center;
     center.requestAuthorization();
     center.add(request(shopDown, QStringLiteral("1")));

@@ -11,7 +11,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <fcntl.h>
 #include <memory>
@@ -269,12 +271,28 @@ TEST_F(FreedesktopSingleInstanceTest, SilentPeersAreBoundedInNumberAndTime)
         silent.push_back(connectPeer());
         QCoreApplication::processEvents();
     }
-    EXPECT_EQ(answerTo(connectPeer()), ""); // One too many.
+    const FileDescriptor oneTooMany = connectPeer();
+    say(oneTooMany, "activate \n");
+    EXPECT_EQ(answerTo(oneTooMany), "");
     for (const FileDescriptor &peer : silent)
         EXPECT_EQ(answerTo(peer), "");
     const FileDescriptor peer = connectPeer();
     say(peer, "activate \n");
     EXPECT_EQ(answerTo(peer), "ok\n");
+}
+
+TEST_F(FreedesktopSingleInstanceTest, AnEndlessLineIsNotReadToItsEnd)
+{
+    const FileDescriptor peer = connectPeer();
+    const QByteArray piece(4096, 'x');
+    qint64 sent = 0;
+    ASSERT_TRUE(waitFor([&] {
+        const auto count = ::send(peer.get(), piece.constData(), 4096, MSG_NOSIGNAL);
+        sent += std::max<qint64>(count, 0);
+        return count < 0 && errno != EAGAIN;
+    }));
+    // What the kernel holds for the two, and no more.
+    EXPECT_LT(sent, 1'000'000);
 }
 
 TEST_F(FreedesktopSingleInstanceTest, APeerThatLeavesAtOnceDoesNoHarm)

@@ -1,5 +1,6 @@
 #include "FakeLogind.h"
 
+#include <QDBusConnectionInterface>
 #include <QDBusMessage>
 
 namespace ostrel::test {
@@ -41,6 +42,8 @@ void FakeLogind::prepareForSleep(bool isGoingToSleep)
         QStringLiteral("PrepareForSleep"));
     signal.setArguments({isGoingToSleep});
     m_connection.send(signal);
+    // The bus answers a connection only after what that has sent before.
+    (void)m_connection.interface()->registeredServiceNames();
 }
 
 } // namespace ostrel::test

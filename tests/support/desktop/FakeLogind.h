@@ -18,9 +18,9 @@ public:
     /// Whether it has got logind's name.
     [[nodiscard]] bool isRunning() const { return m_hasName; }
 
-    /// Tells everybody that the computer is about to sleep.
+    /// Tells everybody that the computer is about to sleep; returns when the bus has taken it.
     void announceSleep();
-    /// Tells everybody that the computer is awake again.
+    /// Tells everybody that the computer is awake again; returns when the bus has taken it.
     void announceWake();
 
 private:

@@ -11,20 +11,30 @@ QString daemonService()
     return QStringLiteral("org.freedesktop.Notifications");
 }
 
+QString objectPath()
+{
+    return QStringLiteral("/org/freedesktop/Notifications");
+}
+
 } // namespace
 
 StubNotificationDaemon::StubNotificationDaemon(PrivateBus &bus, const QStringList &capabilities)
     : m_connection(bus.connect())
     , m_capabilities(capabilities)
 {
-    m_connection.registerObject(QStringLiteral("/org/freedesktop/Notifications"), this,
-                                QDBusConnection::ExportAllSlots);
+    m_connection.registerObject(objectPath(), this, QDBusConnection::ExportAllSlots);
     m_connection.registerService(daemonService());
 }
 
 StubNotificationDaemon::~StubNotificationDaemon()
 {
+    m_connection.unregisterObject(objectPath());
     QDBusConnection::disconnectFromBus(m_connection.name());
+}
+
+void StubNotificationDaemon::giveUpName()
+{
+    m_connection.unregisterService(daemonService());
 }
 
 void StubNotificationDaemon::answerHeld()

@@ -46,6 +46,8 @@ public:
 
     /// How it takes the calls to come.
     void setBehaviour(Behaviour behaviour) { m_behaviour = behaviour; }
+    /// Leaves its name to a successor, but stays and can still answer what it holds.
+    void giveUpName();
     /// Answers the calls that were held, in order.
     void answerHeld();
 

@@ -4,11 +4,11 @@
 
 #include <QByteArray>
 #include <QList>
-#include <QProcess>
 #include <QStringList>
 #include <QTemporaryDir>
 
 #include <optional>
+#include <sys/types.h>
 
 namespace ostrel::test {
 
@@ -44,6 +44,9 @@ public:
 
 private:
     [[nodiscard]] bool start();
+    [[nodiscard]] bool writeConfiguration();
+    void spawn();
+    [[nodiscard]] QString outputPath() const;
     [[nodiscard]] bool waitUntilListening();
     [[nodiscard]] QByteArray configuration() const;
     [[nodiscard]] QByteArray block(int site) const;
@@ -52,7 +55,7 @@ private:
     QTemporaryDir m_folder;
     QList<NginxSite> m_sites;
     QList<quint16> m_ports;
-    QProcess m_process;
+    pid_t m_process = -1;
 };
 
 } // namespace ostrel::test

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+/// Tries one input; ends the program where a promise is broken. The name is libFuzzer's, so that
+/// its driver can be linked in place of ours.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size);
+
+namespace ostrel::fuzz {
+
+/// Texts that mean something to the target, for the mutator to put into inputs.
+[[nodiscard]] std::vector<std::string_view> dictionary();
+
+} // namespace ostrel::fuzz

@@ -1,0 +1,287 @@
+#include "CheckJson.h"
+
+#include "Printers.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <utility>
+#include <vector>
+
+namespace ostrel {
+namespace {
+
+using namespace std::chrono;
+
+const QUuid id(QStringLiteral("{01234567-89ab-cdef-0123-456789abcdef}"));
+const QUuid monitorId(QStringLiteral("{fedcba98-7654-3210-fedc-ba9876543210}"));
+
+const std::string idJson = R"("01234567-89AB-CDEF-0123-456789ABCDEF")";
+const std::string monitorIdJson = R"("FEDCBA98-7654-3210-FEDC-BA9876543210")";
+const std::string plainJson =
+    R"({"id":)" + idJson + R"(,"monitorId":)" + monitorIdJson +
+    R"(,"timestamp":"2026-11-20T19:00:00Z","responseTime":245.123,"isUp":true})";
+
+Check plainCheck()
+{
+    Check check;
+    check.id = id;
+    check.monitorId = monitorId;
+    check.timestamp = sys_days(2026y / 11 / 20) + 19h;
+    check.responseTime = 245.123;
+    check.isUp = true;
+    return check;
+}
+
+Check fullCheck()
+{
+    Check check = plainCheck();
+    check.statusCode = 503;
+    check.isUp = false;
+    check.error = QStringLiteral(u"\"\\\u0001\n caf\u00e9 \U0001F426");
+    check.sslExpiresAt = Timestamp(sys_days(2027y / 1 / 1));
+    check.keywordFound = false;
+    return check;
+}
+
+std::string encoded(const Check &check)
+{
+    std::string json;
+    appendCheck(json, check);
+    return json;
+}
+
+std::optional<Check> decoded(const std::string &json)
+{
+    return decodeCheck(QByteArrayView(json.data(), qsizetype(json.size())));
+}
+
+/// The plain check with @p member before its end.
+std::string with(const std::string &member)
+{
+    return plainJson.substr(0, plainJson.size() - 1) + "," + member + "}";
+}
+
+std::string replaced(std::string text, const std::string &before, const std::string &after)
+{
+    return text.replace(text.find(before), before.size(), after);
+}
+
+class Collector : public CheckMapVisitor
+{
+public:
+    void openHistory(const QUuid &opened) override { ids.push_back(opened); }
+    void takeCheck(Check &&check, std::string_view text) override
+    {
+        checks.push_back(std::move(check));
+        stored.emplace_back(text);
+    }
+
+    std::vector<QUuid> ids;
+    std::vector<Check> checks;
+    std::vector<std::string> stored;
+};
+
+bool decodeMap(const std::string &json, Collector &collector)
+{
+    return decodeCheckMap(QByteArray::fromStdString(json), collector);
+}
+
+bool decodesMap(const std::string &json)
+{
+    Collector collector;
+    return decodeMap(json, collector);
+}
+
+/// The stored form that a map with the one check @p json yields.
+std::string storedFormOf(const std::string &json)
+{
+    Collector collector;
+    EXPECT_TRUE(decodeMap("[" + monitorIdJson + ",[" + json + "]]", collector)) << json;
+    return collector.stored.empty() ? std::string() : collector.stored.front();
+}
+
+TEST(CheckJsonTest, PortCheckIsWrittenWithoutAbsentKeys)
+{
+    EXPECT_EQ(encoded(plainCheck()), plainJson);
+}
+
+TEST(CheckJsonTest, EveryFieldIsWrittenCompactly)
+{
+    EXPECT_EQ(encoded(fullCheck()),
+              R"({"id":)" + idJson + R"(,"monitorId":)" + monitorIdJson +
+                  R"(,"timestamp":"2026-11-20T19:00:00Z","statusCode":503,"responseTime":245.123,)"
+                  R"("isUp":false,"error":"\"\\\u0001\u000a caf)"
+                  "\xc3\xa9 \xf0\x9f\x90\xa6"
+                  R"(","sslExpiresAt":"2027-01-01T00:00:00Z","keywordFound":false})");
+}
+
+TEST(CheckJsonTest, EveryFieldIsReadBack)
+{
+    EXPECT_EQ(decoded(encoded(fullCheck())), fullCheck());
+    EXPECT_EQ(decoded(encoded(plainCheck())), plainCheck());
+}
+
+TEST(CheckJsonTest, ResponseTimesAreReadBackExactly)
+{
+    for (const double time : {0.0, -1.5, 245.0, 0.1, 1e-7, 1e300, 5e-324, 1.7976931348623157e308}) {
+        Check check = plainCheck();
+        check.responseTime = time;
+        EXPECT_EQ(decoded(encoded(check)), check) << time;
+    }
+}
+
+TEST(CheckJsonTest, WhatJsonCannotHoldIsReplaced)
+{
+    Check check = plainCheck();
+    check.responseTime = std::numeric_limits<double>::quiet_NaN();
+    check.error = QStringLiteral("a") + QChar(0xdc00) + QStringLiteral("b");
+    const auto read = decoded(encoded(check));
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->responseTime, 0);
+    EXPECT_EQ((*read->error).size(), 3);
+}
+
+TEST(CheckJsonTest, ChecksOfOneSecondReadBackWithEqualTimestamps)
+{
+    Check earlier = plainCheck();
+    Check later = plainCheck();
+    earlier.timestamp += 1ms;
+    later.timestamp += 999ms;
+    const auto first = decoded(encoded(earlier));
+    const auto second = decoded(encoded(later));
+    ASSERT_TRUE(first && second);
+    EXPECT_EQ(first->timestamp, second->timestamp);
+}
+
+TEST(CheckJsonTest, LackingErrorIsAbsentAndLackingIsUpFails)
+{
+    const auto check = decoded(plainJson);
+    ASSERT_TRUE(check);
+    EXPECT_FALSE(check->error);
+    EXPECT_FALSE(decoded(replaced(plainJson, R"(,"isUp":true)", "")));
+}
+
+TEST(CheckJsonTest, LackingARequiredKeyFails)
+{
+    for (const char *key : {"id", "monitorId", "timestamp", "responseTime", "isUp"})
+        EXPECT_FALSE(decoded(replaced(plainJson, std::string("\"") + key + "\"", "\"later\"")))
+            << key;
+}
+
+TEST(CheckJsonTest, WrongTypesFail)
+{
+    for (const char *member : {R"("statusCode":null)",
+                               R"("statusCode":"200")",
+                               R"("statusCode":200.5)",
+                               R"("statusCode":2147483648)",
+                               R"("statusCode":-2147483648)",
+                               R"("error":null)",
+                               R"("error":1)",
+                               R"("sslExpiresAt":null)",
+                               R"("sslExpiresAt":0)",
+                               R"("sslExpiresAt":"2027-01-01")",
+                               R"("keywordFound":null)",
+                               R"("keywordFound":0)",
+                               R"("keywordFound":"true")",
+                               R"("isUp":1)",
+                               R"("responseTime":"1")",
+                               R"("id":null)",
+                               R"("id":"{01234567-89AB-CDEF-0123-456789ABCDEF}")",
+                               R"("timestamp":{})",
+                               R"("error":[])",
+                               R"("error":"\ud800")",
+                               R"("later":tru)"})
+        EXPECT_FALSE(decoded(with(member))) << member;
+}
+
+TEST(CheckJsonTest, WholeStatusCodesAreRead)
+{
+    for (const char *member :
+         {R"("statusCode":200)", R"("statusCode":200.0)", R"("statusCode":2e2)"}) {
+        const auto check = decoded(with(member));
+        ASSERT_TRUE(check) << member;
+        EXPECT_EQ(*check->statusCode, 200) << member;
+    }
+}
+
+TEST(CheckJsonTest, UnknownKeysAndAnyOrderAreRead)
+{
+    const std::string shuffled =
+        R"({"isUp":true, "later":{"id":[null,"]"]},"responseTime":245.123,)"
+        R"("timestamp":"2026-11-20T19:00:00Z","monitorId":)" +
+        monitorIdJson + ",\"id\" : " + idJson + "}";
+    EXPECT_EQ(decoded(shuffled), plainCheck());
+}
+
+TEST(CheckJsonTest, WhatIsNoObjectFails)
+{
+    for (const std::string &text :
+         {std::string(), std::string("[]"), std::string("null"), plainJson + "x",
+          plainJson + plainJson, plainJson.substr(0, plainJson.size() - 1)})
+        EXPECT_FALSE(decoded(text)) << text;
+}
+
+TEST(CheckMapTest, AlternatesIdsAndHistories)
+{
+    Collector collector;
+    ASSERT_TRUE(decodeMap("[" + monitorIdJson + ",[" + plainJson + "," + encoded(fullCheck()) +
+                              "]," + idJson + ",[]]",
+                          collector));
+    EXPECT_EQ(collector.ids, (std::vector{monitorId, id}));
+    EXPECT_EQ(collector.checks, (std::vector{plainCheck(), fullCheck()}));
+    EXPECT_EQ(collector.stored, (std::vector{plainJson, encoded(fullCheck())}));
+}
+
+TEST(CheckMapTest, EmptyMapIsAnEmptyArray)
+{
+    EXPECT_TRUE(decodesMap("[]"));
+}
+
+TEST(CheckMapTest, WhatIsNoMapFails)
+{
+    const std::string pair = monitorIdJson + ",[" + plainJson + "]";
+    for (const std::string &text :
+         {std::string(), std::string("{}"), std::string("null"), std::string("[[]]"),
+          "[" + monitorIdJson + "]", "[" + pair + "," + idJson + "]", "[" + pair, "[" + pair + "]]",
+          "[" + pair + "] x", "[" + pair + ",]", "[" + monitorIdJson + ",{}]",
+          "[" + monitorIdJson + ",null]", "[" + monitorIdJson + ",[null]]",
+          "[" + monitorIdJson + ",[[]]]", "[" + monitorIdJson + ",[{}]]",
+          "[\"x\",[" + plainJson + "]]", "{" + monitorIdJson + ":[" + plainJson + "]}",
+          "[" + monitorIdJson + ",[" + plainJson + " " + plainJson + "]]"})
+        EXPECT_FALSE(decodesMap(text)) << text;
+}
+
+TEST(CheckMapTest, CompactTextIsKeptAsItStands)
+{
+    // As another program might have spelled it, but without a byte to save.
+    const std::string text = replaced(plainJson, "245.123", "2.45123e2");
+    EXPECT_EQ(storedFormOf(text), text);
+    EXPECT_EQ(storedFormOf(encoded(fullCheck())), encoded(fullCheck()));
+}
+
+TEST(CheckMapTest, OtherTextIsEncodedAnew)
+{
+    const std::string lowerId = R"("01234567-89ab-cdef-0123-456789abcdef")";
+    for (const std::string &text :
+         {replaced(plainJson, ":true", ": true"), replaced(plainJson, "true}", "true }"),
+          replaced(plainJson, ",\"isUp", ",\n\"isUp"), replaced(plainJson, idJson, lowerId),
+          replaced(plainJson, "F-0123-456789ABCDEF", "F-0123-456789ABCDEf"),
+          replaced(plainJson, "\"isUp\"", "\"is\\u0055p\""), with(R"("isUp":true)"),
+          with(R"("later":1)"), plainJson + " ", replaced(plainJson, "245.123,", "245.123 ,"),
+          replaced(plainJson, "01234567", "\\u0030\\u0031234567")})
+        EXPECT_EQ(storedFormOf(text), plainJson) << text;
+}
+
+TEST(CheckMapTest, LargeFileIsRead)
+{
+    std::string json = "[" + monitorIdJson + ",[" + plainJson;
+    for (int i = 1; i < 5000; ++i)
+        json += "," + plainJson;
+    Collector collector;
+    ASSERT_TRUE(decodeMap(json + "]]", collector));
+    EXPECT_EQ(collector.checks, std::vector<Check>(5000, plainCheck()));
+}
+
+} // namespace
+} // namespace ostrel

@@ -1,0 +1,192 @@
+#include "AtomicFile.h"
+
+#include "Printers.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <string>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <vector>
+
+namespace ostrel {
+namespace {
+
+using Flush = AtomicFile::Flush;
+
+class AtomicFileTest : public testing::Test
+{
+protected:
+    [[nodiscard]] QString pathOf(const char *name) const
+    {
+        return m_folder.filePath(QString::fromUtf8(name));
+    }
+    [[nodiscard]] QByteArray contentOf(const char *name) const
+    {
+        QFile file(pathOf(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArrayLiteral("(none)");
+    }
+    void fill(const char *name, const QByteArray &content) const
+    {
+        QFile file(pathOf(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+    [[nodiscard]] QStringList names() const
+    {
+        return QDir(m_folder.path())
+            .entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
+    static bool write(const AtomicFile &file, std::string_view text)
+    {
+        return file.write({&text, 1}, Flush::none);
+    }
+    static bool writeKeepingOld(const AtomicFile &file, std::string_view text)
+    {
+        return file.writeKeepingOld({&text, 1}, Flush::beforeReplacing, "old");
+    }
+
+    QTemporaryDir m_folder;
+};
+
+TEST_F(AtomicFileTest, WritesPiecesOneAfterTheOther)
+{
+    const std::vector<std::string_view> pieces = {"", "a", "", "bc", ""};
+    const AtomicFile file(pathOf("file"));
+    EXPECT_TRUE(file.write(pieces, Flush::beforeReplacing));
+    EXPECT_EQ(file.read(), QByteArrayLiteral("abc"));
+    EXPECT_EQ(names(), QStringList{QStringLiteral("file")});
+}
+
+TEST_F(AtomicFileTest, WritesMorePiecesThanOneCallTakes)
+{
+    std::vector<std::string> texts;
+    QByteArray expected;
+    for (int i = 0; i < 5000; ++i) {
+        texts.push_back(std::to_string(i) + ",");
+        expected += texts.back().c_str();
+    }
+    const std::vector<std::string_view> pieces(texts.begin(), texts.end());
+    const AtomicFile file(pathOf("file"));
+    EXPECT_TRUE(file.write(pieces, Flush::none));
+    EXPECT_EQ(file.read(), expected);
+}
+
+TEST_F(AtomicFileTest, WritesNothingAsAnEmptyFile)
+{
+    const AtomicFile file(pathOf("file"));
+    EXPECT_TRUE(file.write({}, Flush::none));
+    EXPECT_EQ(file.read(), QByteArray(""));
+}
+
+TEST_F(AtomicFileTest, IsItsUsersAlone)
+{
+    fill("file", "old");
+    fill("file.tmp", "left");
+    ASSERT_EQ(::chmod(QFile::encodeName(pathOf("file")).constData(), 0644), 0);
+    ASSERT_TRUE(write(AtomicFile(pathOf("file")), "new"));
+    struct stat status
+    {
+    };
+    ASSERT_EQ(::stat(QFile::encodeName(pathOf("file")).constData(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777U, 0600U);
+}
+
+TEST_F(AtomicFileTest, LinkIsFollowedAndStays)
+{
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("elsewhere")));
+    fill("elsewhere/real", "old");
+    ASSERT_TRUE(QFile::link(QStringLiteral("elsewhere/real"), pathOf("link")));
+    ASSERT_TRUE(QFile::link(pathOf("link"), pathOf("file")));
+    EXPECT_TRUE(write(AtomicFile(pathOf("file")), "new"));
+    EXPECT_TRUE(QFileInfo(pathOf("file")).isSymLink());
+    EXPECT_TRUE(QFileInfo(pathOf("link")).isSymLink());
+    EXPECT_EQ(contentOf("elsewhere/real"), QByteArrayLiteral("new"));
+}
+
+TEST_F(AtomicFileTest, TargetOfADanglingLinkIsCreated)
+{
+    ASSERT_TRUE(QFile::link(QStringLiteral("real"), pathOf("file")));
+    EXPECT_TRUE(write(AtomicFile(pathOf("file")), "new"));
+    EXPECT_EQ(contentOf("real"), QByteArrayLiteral("new"));
+}
+
+TEST_F(AtomicFileTest, LinkAtTheTemporaryNameIsNotFollowed)
+{
+    fill("other", "untouched");
+    ASSERT_TRUE(QFile::link(pathOf("other"), pathOf("file.tmp")));
+    EXPECT_TRUE(write(AtomicFile(pathOf("file")), "new"));
+    EXPECT_EQ(contentOf("other"), QByteArrayLiteral("untouched"));
+    EXPECT_EQ(contentOf("file"), QByteArrayLiteral("new"));
+}
+
+TEST_F(AtomicFileTest, FailureLeavesEverythingAsItWas)
+{
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("file")));
+    fill("file/inside", "x");
+    EXPECT_FALSE(write(AtomicFile(pathOf("file")), "new"));
+    EXPECT_FALSE(write(AtomicFile(pathOf("no/such/folder")), "new"));
+    EXPECT_EQ(names(), QStringList{QStringLiteral("file")});
+    EXPECT_EQ(contentOf("file/inside"), QByteArrayLiteral("x"));
+}
+
+TEST_F(AtomicFileTest, FullDiskLeavesTheOldContent)
+{
+    fill("file", "old");
+    // A bound on the size of files stands in for the disk: both end a write in its middle.
+    const rlimit previous = [] {
+        rlimit limit{};
+        ::getrlimit(RLIMIT_FSIZE, &limit);
+        return limit;
+    }();
+    const auto previousHandler = ::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{1000, previous.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    const std::string large(100000, 'x');
+    const bool written = write(AtomicFile(pathOf("file")), large);
+    const bool writtenKeeping = writeKeepingOld(AtomicFile(pathOf("file")), large);
+    ::setrlimit(RLIMIT_FSIZE, &previous);
+    ::signal(SIGXFSZ, previousHandler);
+    EXPECT_FALSE(written);
+    EXPECT_FALSE(writtenKeeping);
+    EXPECT_EQ(contentOf("file"), QByteArrayLiteral("old"));
+    EXPECT_EQ(names(), QStringList{QStringLiteral("file")});
+}
+
+TEST_F(AtomicFileTest, KeepsOldContentUnderAFreeName)
+{
+    fill("file", "1");
+    const AtomicFile file(pathOf("file"));
+    EXPECT_TRUE(writeKeepingOld(file, "2"));
+    EXPECT_TRUE(writeKeepingOld(file, "3"));
+    EXPECT_TRUE(writeKeepingOld(file, "4"));
+    EXPECT_EQ(contentOf("file.old"), QByteArrayLiteral("1"));
+    EXPECT_EQ(contentOf("file.old-2"), QByteArrayLiteral("2"));
+    EXPECT_EQ(contentOf("file.old-3"), QByteArrayLiteral("3"));
+    EXPECT_EQ(contentOf("file"), QByteArrayLiteral("4"));
+    EXPECT_EQ(names().size(), 4);
+}
+
+TEST_F(AtomicFileTest, KeepsNothingWhereThereIsNothing)
+{
+    EXPECT_TRUE(writeKeepingOld(AtomicFile(pathOf("file")), "new"));
+    EXPECT_EQ(names(), QStringList{QStringLiteral("file")});
+}
+
+TEST_F(AtomicFileTest, ReadsNoFolderPipeOrMissingFile)
+{
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("folder")));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pathOf("pipe")).constData(), 0600), 0);
+    for (const char *name : {"folder", "pipe", "missing"})
+        EXPECT_FALSE(AtomicFile(pathOf(name)).read()) << name;
+    EXPECT_TRUE(AtomicFile(pathOf("pipe")).exists());
+    EXPECT_FALSE(AtomicFile(pathOf("missing")).exists());
+}
+
+} // namespace
+} // namespace ostrel

@@ -1,0 +1,430 @@
+#include "MonitorStore.h"
+
+#include "CheckJson.h"
+#include "MonitorJson.h"
+#include "Printers.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+namespace ostrel {
+namespace {
+
+using namespace std::chrono;
+
+constexpr Timestamp start = sys_days(2026y / 11 / 20) + 19h + 15min;
+
+class MonitorStoreTest : public testing::Test
+{
+protected:
+    void SetUp() override { open(); }
+
+    void open(MonitorStore::Access access = MonitorStore::Access::readWrite)
+    {
+        m_store.reset();
+        m_store = std::make_unique<MonitorStore>(folder(), access, [this] { return m_now; });
+    }
+    [[nodiscard]] QString folder() const { return m_root.filePath(QStringLiteral("parent/store")); }
+    [[nodiscard]] QString pathOf(const char *name) const
+    {
+        return folder() + QLatin1Char('/') + QString::fromUtf8(name);
+    }
+    [[nodiscard]] QByteArray contentOf(const char *name) const
+    {
+        QFile file(pathOf(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArrayLiteral("(none)");
+    }
+    void fill(const char *name, const QByteArray &content) const
+    {
+        QFile file(pathOf(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+    [[nodiscard]] QStringList names() const
+    {
+        return QDir(folder()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    }
+    static unsigned modeOf(const QString &path)
+    {
+        struct stat status
+        {
+        };
+        ::stat(QFile::encodeName(path).constData(), &status);
+        return status.st_mode & 07777U;
+    }
+
+    Monitor add(bool isEnabled = true)
+    {
+        Monitor monitor;
+        monitor.id = QUuid::createUuid();
+        monitor.url = QStringLiteral("https://a.example");
+        monitor.isEnabled = isEnabled;
+        m_store->addMonitor(monitor);
+        return monitor;
+    }
+    [[nodiscard]] Check checkOf(const QUuid &monitorId, bool isUp = true, double time = 100) const
+    {
+        Check check;
+        check.id = QUuid::createUuid();
+        check.monitorId = monitorId;
+        check.timestamp = m_now;
+        check.isUp = isUp;
+        check.responseTime = time;
+        return check;
+    }
+    Check record(const QUuid &monitorId, bool isUp = true, double time = 100)
+    {
+        const Check check = checkOf(monitorId, isUp, time);
+        m_store->addCheck(check);
+        return check;
+    }
+
+    QTemporaryDir m_root;
+    Timestamp m_now = start;
+    std::unique_ptr<MonitorStore> m_store;
+};
+
+TEST_F(MonitorStoreTest, MonitorWithoutChecksIsPendingAndFullyUp)
+{
+    const Monitor monitor = add();
+    EXPECT_EQ(m_store->status(monitor), MonitorStatus::pending);
+    EXPECT_EQ(m_store->uptime(monitor.id, 24h), 1.0);
+    EXPECT_EQ(m_store->averageResponseTime(monitor.id, 24h), 0.0);
+    EXPECT_TRUE(m_store->recentChecks(monitor.id, 24h).empty());
+    EXPECT_FALSE(m_store->latestCheck(monitor));
+}
+
+TEST_F(MonitorStoreTest, PausedMonitorIsPausedAndLeftOutOfTheWhole)
+{
+    Monitor monitor = add();
+    record(monitor.id, false);
+    EXPECT_EQ(m_store->overallStatus(), MonitorStatus::down);
+    monitor.isEnabled = false;
+    m_store->updateMonitor(monitor);
+    EXPECT_EQ(m_store->status(monitor), MonitorStatus::paused);
+    EXPECT_EQ(m_store->overallStatus(), MonitorStatus::pending);
+    record(add().id, true);
+    EXPECT_EQ(m_store->overallStatus(), MonitorStatus::up);
+}
+
+TEST_F(MonitorStoreTest, WholeIsPendingWhileOneWasNeverChecked)
+{
+    record(add().id, true);
+    EXPECT_EQ(m_store->overallStatus(), MonitorStatus::up);
+    const Monitor second = add();
+    EXPECT_EQ(m_store->overallStatus(), MonitorStatus::pending);
+    record(second.id, false);
+    EXPECT_EQ(m_store->overallStatus(), MonitorStatus::down);
+}
+
+TEST_F(MonitorStoreTest, WholeIsPendingWithoutEnabledMonitors)
+{
+    EXPECT_EQ(m_store->overallStatus(), MonitorStatus::pending);
+    record(add(false).id, true);
+    EXPECT_EQ(m_store->overallStatus(), MonitorStatus::pending);
+}
+
+TEST_F(MonitorStoreTest, OneCheckTooManyDropsTheOldestOfItsMonitorOnly)
+{
+    const Monitor full = add();
+    const Monitor other = add();
+    const Check untouched = record(other.id);
+    const Check oldest = record(full.id);
+    const Check second = record(full.id);
+    for (std::size_t i = 2; i < MonitorStore::maxChecksPerMonitor; ++i)
+        record(full.id);
+    ASSERT_EQ(m_store->checks(full.id).size(), 2000U);
+    EXPECT_EQ(m_store->checks(full.id).front(), oldest);
+    const Check newest = record(full.id);
+    EXPECT_EQ(m_store->checks(full.id).size(), 2000U);
+    EXPECT_EQ(m_store->checks(full.id).front(), second);
+    EXPECT_EQ(m_store->latestCheck(full), newest);
+    open();
+    EXPECT_EQ(m_store->checks(full.id).size(), 2000U);
+    EXPECT_EQ(m_store->checks(full.id).front(), second);
+    EXPECT_EQ(m_store->checks(other.id).front(), untouched);
+}
+
+TEST_F(MonitorStoreTest, HistoryOfFailuresIsZero)
+{
+    const Monitor monitor = add();
+    record(monitor.id, false);
+    record(monitor.id, false);
+    EXPECT_EQ(m_store->uptime(monitor.id, 24h), 0.0);
+    EXPECT_EQ(m_store->averageResponseTime(monitor.id, 24h), 0.0);
+}
+
+TEST_F(MonitorStoreTest, StatisticsAreOfTheWindow)
+{
+    const Monitor monitor = add();
+    record(monitor.id, false, 7000);
+    m_now += 24h + 1ms;
+    const Check up = record(monitor.id, true, 100);
+    const Check down = record(monitor.id, false, 900);
+    const Check again = record(monitor.id, true, 201);
+    EXPECT_EQ(m_store->uptime(monitor.id, 24h), 2.0 / 3);
+    EXPECT_EQ(m_store->uptime(monitor.id, 168h), 0.5);
+    EXPECT_EQ(m_store->averageResponseTime(monitor.id, 24h), 150.5);
+    EXPECT_EQ(m_store->recentChecks(monitor.id, 24h), (std::vector{up, down, again}));
+}
+
+TEST_F(MonitorStoreTest, CheckAtTheCutOffIsInside)
+{
+    const Monitor monitor = add();
+    const Check check = record(monitor.id, false);
+    m_now += 24h;
+    EXPECT_EQ(m_store->recentChecks(monitor.id, 24h), std::vector{check});
+    EXPECT_EQ(m_store->uptime(monitor.id, 24h), 0.0);
+    m_now += 1ms;
+    EXPECT_TRUE(m_store->recentChecks(monitor.id, 24h).empty());
+}
+
+TEST_F(MonitorStoreTest, HistoryOutOfOrderIsFilteredOneByOne)
+{
+    const Monitor monitor = add();
+    const Check first = record(monitor.id);
+    m_now -= 48h;
+    record(monitor.id, false);
+    m_now += 49h;
+    const Check last = record(monitor.id);
+    EXPECT_EQ(m_store->recentChecks(monitor.id, 24h), (std::vector{first, last}));
+}
+
+TEST_F(MonitorStoreTest, UnknownMethodLoadsNothingAndTheNextEditOverwrites)
+{
+    add();
+    add();
+    QByteArray json = contentOf("monitors.json");
+    json.replace(json.indexOf("\"GET\""), 5, "\"PUT\"");
+    fill("monitors.json", json);
+    open();
+    EXPECT_TRUE(m_store->monitors().isEmpty());
+    const Monitor only = add();
+    EXPECT_EQ(decodeMonitors(contentOf("monitors.json")), QList<Monitor>{only});
+    EXPECT_EQ(contentOf("monitors.json.unreadable-20261120T191500Z"), json);
+}
+
+TEST_F(MonitorStoreTest, UnreadableFileIsKeptOnceAndUnderAFreeName)
+{
+    for (const char *kept :
+         {"checks.json.unreadable-20261120T191500Z", "checks.json.unreadable-20261120T191500Z-2"}) {
+        fill("checks.json", "[");
+        open();
+        EXPECT_EQ(contentOf("checks.json"), QByteArrayLiteral("["));
+        const qsizetype before = names().size();
+        record(QUuid::createUuid());
+        record(QUuid::createUuid());
+        EXPECT_EQ(contentOf(kept), QByteArrayLiteral("["));
+        EXPECT_EQ(names().size(), before + 1);
+    }
+}
+
+TEST_F(MonitorStoreTest, EmptyFileCountsAsUnreadable)
+{
+    fill("monitors.json", "");
+    open();
+    add();
+    EXPECT_EQ(contentOf("monitors.json.unreadable-20261120T191500Z"), QByteArray(""));
+}
+
+TEST_F(MonitorStoreTest, MonitorAddedWithoutACheckHasNoStoredHistory)
+{
+    const Monitor first = add();
+    record(first.id);
+    const QByteArray before = contentOf("checks.json");
+    const Monitor second = add();
+    EXPECT_EQ(contentOf("checks.json"), before);
+    EXPECT_TRUE(m_store->checkedIds().contains(second.id));
+    open();
+    EXPECT_EQ(m_store->checkedIds(), QList<QUuid>{first.id});
+    EXPECT_EQ(m_store->status(second), MonitorStatus::pending);
+}
+
+TEST_F(MonitorStoreTest, AddingReplacesTheHistoryOfItsId)
+{
+    Monitor monitor;
+    monitor.id = QUuid::createUuid();
+    record(monitor.id);
+    m_store->addMonitor(monitor);
+    EXPECT_TRUE(m_store->checks(monitor.id).empty());
+}
+
+TEST_F(MonitorStoreTest, EditKeepsPositionAndHistory)
+{
+    Monitor first = add();
+    const Monitor second = add();
+    const Check check = record(first.id);
+    first.name = QStringLiteral("renamed");
+    m_store->updateMonitor(first);
+    EXPECT_EQ(m_store->monitors(), (QList<Monitor>{first, second}));
+    EXPECT_EQ(m_store->latestCheck(first), check);
+    EXPECT_EQ(m_store->monitor(first.id), first);
+    EXPECT_FALSE(m_store->monitor(QUuid::createUuid()));
+}
+
+TEST_F(MonitorStoreTest, EditOfAnUnknownMonitorSavesNothing)
+{
+    int changes = 0;
+    QObject::connect(m_store.get(), &MonitorStore::monitorsChanged, [&] { ++changes; });
+    Monitor monitor;
+    monitor.id = QUuid::createUuid();
+    m_store->updateMonitor(monitor);
+    EXPECT_EQ(changes, 0);
+    EXPECT_TRUE(names().isEmpty());
+}
+
+TEST_F(MonitorStoreTest, DeletingRemovesMonitorAndHistory)
+{
+    const Monitor first = add();
+    const Monitor second = add();
+    record(first.id);
+    record(second.id);
+    m_store->deleteMonitor(m_store->monitors().first().id);
+    EXPECT_EQ(m_store->monitors(), QList<Monitor>{second});
+    EXPECT_EQ(m_store->checkedIds(), QList<QUuid>{second.id});
+    open();
+    EXPECT_EQ(m_store->monitors(), QList<Monitor>{second});
+    EXPECT_EQ(m_store->checkedIds(), QList<QUuid>{second.id});
+}
+
+TEST_F(MonitorStoreTest, DeletingAnUnknownMonitorRewritesBothFiles)
+{
+    m_store->deleteMonitor(QUuid::createUuid());
+    EXPECT_EQ(contentOf("checks.json"), QByteArrayLiteral("[]"));
+    EXPECT_EQ(decodeMonitors(contentOf("monitors.json")), QList<Monitor>());
+}
+
+TEST_F(MonitorStoreTest, CheckOfAnUnknownMonitorIsKept)
+{
+    const Check check = record(QUuid::createUuid());
+    open();
+    ASSERT_EQ(m_store->checks(check.monitorId).size(), 1U);
+    EXPECT_EQ(m_store->checks(check.monitorId).front(), check);
+}
+
+TEST_F(MonitorStoreTest, LongHistoryIsTrimmedByTheNextCheckOnly)
+{
+    const QUuid id = QUuid::createUuid();
+    CheckHistory history(id);
+    for (int i = 0; i < 2500; ++i)
+        history.append(checkOf(id));
+    std::vector<std::string_view> pieces = {"["};
+    history.appendStoredForm(pieces);
+    pieces.emplace_back("]");
+    ASSERT_TRUE(AtomicFile(pathOf("checks.json")).write(pieces, AtomicFile::Flush::none));
+    open();
+    EXPECT_EQ(m_store->checks(id).size(), 2500U);
+    record(id);
+    EXPECT_EQ(m_store->checks(id).size(), 2000U);
+}
+
+TEST_F(MonitorStoreTest, OfAnIdThatComesTwiceTheLastCounts)
+{
+    const Check check = record(QUuid::createUuid());
+    QByteArray json = contentOf("checks.json");
+    const QByteArray pair = json.mid(1, json.size() - 2);
+    fill("checks.json", "[" + pair + "," + pair.left(39) + "[]]");
+    open();
+    EXPECT_TRUE(m_store->checks(check.monitorId).empty());
+    EXPECT_EQ(m_store->checkedIds().size(), 1);
+}
+
+TEST_F(MonitorStoreTest, ChecksFileIsCompactAndAlternates)
+{
+    const Monitor monitor = add();
+    const Check check = record(monitor.id);
+    std::string expected =
+        "[\"" + monitor.id.toString(QUuid::WithoutBraces).toUpper().toStdString() + "\",[";
+    appendCheck(expected, check);
+    EXPECT_EQ(contentOf("checks.json").toStdString(), expected + "]]");
+}
+
+TEST_F(MonitorStoreTest, SignalsComeAfterTheSaveAndSeparately)
+{
+    QStringList events;
+    QObject::connect(m_store.get(), &MonitorStore::monitorsChanged, [&] {
+        events +=
+            QStringLiteral("monitors %1")
+                .arg(decodeMonitors(contentOf("monitors.json")).value_or(QList<Monitor>()).size());
+    });
+    QObject::connect(m_store.get(), &MonitorStore::checksChanged, [&](const QUuid &id) {
+        events += QStringLiteral("checks %1")
+                      .arg(contentOf("checks.json").count(QByteArrayLiteral("timestamp")));
+        EXPECT_FALSE(id.isNull());
+    });
+    const Monitor monitor = add();
+    record(monitor.id);
+    m_store->updateMonitor(monitor);
+    m_store->deleteMonitor(monitor.id);
+    EXPECT_EQ(events.join(u", "),
+              QStringLiteral("monitors 1, checks 1, monitors 1, monitors 0, checks 0"));
+}
+
+TEST_F(MonitorStoreTest, FolderAndFilesAreTheirUsersAlone)
+{
+    record(add().id);
+    EXPECT_EQ(modeOf(folder()), 0700U);
+    EXPECT_EQ(modeOf(m_root.filePath(QStringLiteral("parent"))), 0700U);
+    EXPECT_EQ(modeOf(pathOf("monitors.json")), 0600U);
+    EXPECT_EQ(modeOf(pathOf("checks.json")), 0600U);
+}
+
+TEST_F(MonitorStoreTest, ExistingFolderIsTightenedOnlyWhereItIsTheDefault)
+{
+    ASSERT_EQ(::chmod(QFile::encodeName(folder()).constData(), 0755), 0);
+    open();
+    EXPECT_EQ(modeOf(folder()), 0755U);
+
+    qputenv("XDG_DATA_HOME", QFile::encodeName(m_root.path()));
+    const QString standard = MonitorStore::defaultStorageDir();
+    EXPECT_EQ(standard, m_root.filePath(QStringLiteral("Vantry")));
+    ASSERT_EQ(::mkdir(QFile::encodeName(standard).constData(), 0755), 0);
+    const MonitorStore store(standard);
+    EXPECT_EQ(modeOf(standard), 0700U);
+}
+
+TEST_F(MonitorStoreTest, LeftoversOfACrashAreRemoved)
+{
+    fill("monitors.json.tmp", "half");
+    fill("checks.json.tmp", "half");
+    open();
+    EXPECT_TRUE(names().isEmpty());
+}
+
+TEST_F(MonitorStoreTest, ReadOnlyLeavesTheFolderAsItIs)
+{
+    const Monitor monitor = add();
+    fill("checks.json", "[");
+    fill("checks.json.tmp", "half");
+    const QStringList before = names();
+    open(MonitorStore::Access::readOnly);
+    EXPECT_EQ(m_store->monitors(), QList<Monitor>{monitor});
+    add();
+    record(monitor.id);
+    EXPECT_EQ(names(), before);
+    EXPECT_EQ(contentOf("checks.json"), QByteArrayLiteral("["));
+    const QString missing = m_root.filePath(QStringLiteral("missing"));
+    const MonitorStore store(missing, MonitorStore::Access::readOnly);
+    EXPECT_FALSE(QDir(missing).exists());
+}
+
+TEST_F(MonitorStoreTest, FailedSavesLeaveMemoryAndAreMadeUpLater)
+{
+    ASSERT_TRUE(QDir(folder()).removeRecursively());
+    const Monitor monitor = add();
+    const Check check = record(monitor.id);
+    EXPECT_EQ(m_store->latestCheck(monitor), check);
+    ASSERT_TRUE(QDir().mkpath(folder()));
+    record(monitor.id);
+    open();
+    EXPECT_EQ(m_store->checks(monitor.id).size(), 2U);
+    EXPECT_TRUE(m_store->monitors().isEmpty());
+}
+
+} // namespace
+} // namespace ostrel
