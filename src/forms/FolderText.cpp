@@ -18,8 +18,8 @@ QString folderText(const QString &path, const QString &home)
 {
     const QString folder = withFinalSlash(path);
     const QString homeFolder = withFinalSlash(home);
-    // A home that is the root of all folders would abbreviate every one of them.
-    if (home.isEmpty() || homeFolder == QStringLiteral("/") || !folder.startsWith(homeFolder))
+    // A home that is the root of all folders, as no home is, would abbreviate every one of them.
+    if (homeFolder == QStringLiteral("/") || !folder.startsWith(homeFolder))
         return folder;
     return QStringLiteral("~/") + folder.sliced(homeFolder.size());
 }

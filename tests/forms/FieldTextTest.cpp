@@ -44,8 +44,8 @@ TEST(TrimmedFieldTest, RemovesEveryWhiteSpaceCharacterAtBothEnds)
     ASSERT_EQ(allWhiteSpace.size(), 25u);
     for (const char16_t c : allWhiteSpace) {
         const QString space(1, QChar(c));
-        EXPECT_EQ(trimmedField(space + space + QStringLiteral("a b") + space),
-                  QStringLiteral("a b"))
+        EXPECT_EQ(trimmedField(space + space + QStringLiteral("a  b") + space),
+                  QStringLiteral("a  b"))
             << std::hex << unsigned(c);
     }
 }
