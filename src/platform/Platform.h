@@ -5,6 +5,7 @@
 #include "SingleInstance.h"
 #include "TerminationSignal.h"
 #include "WakeSignal.h"
+#include "Workspace.h"
 
 #include <functional>
 #include <memory>
@@ -24,5 +25,6 @@ makeNotificationCenter(const NotificationPresenter &presenter);
 /// @p storageDir exists.
 [[nodiscard]] std::unique_ptr<SingleInstance> makeSingleInstance(const QString &storageDir);
 [[nodiscard]] std::unique_ptr<TerminationSignal> makeTerminationSignal();
+[[nodiscard]] std::unique_ptr<Workspace> makeWorkspace();
 
 } // namespace ostrel

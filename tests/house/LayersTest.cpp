@@ -30,10 +30,13 @@ const QHash<QString, QStringList> &allowedFolders()
         {QStringLiteral("engine"),
          {QStringLiteral("async"), QStringLiteral("model"), QStringLiteral("store"),
           QStringLiteral("net"), QStringLiteral("notify")}},
+        {QStringLiteral("forms"),
+         {QStringLiteral("model"), QStringLiteral("store"), QStringLiteral("engine")}},
         {QStringLiteral("platform"),
          {QStringLiteral("model"), QStringLiteral("notify"), QStringLiteral("engine")}},
         {QStringLiteral("cli"), belowPlatform},
-        {QStringLiteral("ui"), belowPlatform + QStringList{QStringLiteral("platform")}},
+        {QStringLiteral("ui"),
+         belowPlatform + QStringList{QStringLiteral("forms"), QStringLiteral("platform")}},
     };
     return folders;
 }

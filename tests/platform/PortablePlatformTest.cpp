@@ -1,9 +1,12 @@
 #include "PortableLoginItem.h"
 #include "PortableNotificationCenter.h"
 #include "PortableWakeSignal.h"
+#include "PortableWorkspace.h"
 #include "WaitFor.h"
 
+#include <QDir>
 #include <QList>
+#include <QUrl>
 
 #include <gtest/gtest.h>
 
@@ -75,6 +78,14 @@ TEST(PortableLoginItemTest, IsRefused)
     PortableLoginItem item;
     EXPECT_FALSE(item.registerItem());
     EXPECT_FALSE(item.unregisterItem());
+}
+
+TEST(PortableWorkspaceTest, OpensNothing)
+{
+    PortableWorkspace workspace;
+    EXPECT_FALSE(workspace.open(QUrl(QStringLiteral("https://shop.example"))));
+    EXPECT_FALSE(workspace.openFolder(QDir::tempPath()));
+    EXPECT_FALSE(workspace.openNotificationSettings());
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "FreedesktopSingleInstance.h"
 #include "FreedesktopTerminationSignal.h"
 #include "FreedesktopWakeSignal.h"
+#include "FreedesktopWorkspace.h"
 #include "Platform.h"
 
 namespace ostrel {
@@ -30,6 +31,11 @@ std::unique_ptr<SingleInstance> makeSingleInstance(const QString &storageDir)
 std::unique_ptr<TerminationSignal> makeTerminationSignal()
 {
     return std::make_unique<FreedesktopTerminationSignal>();
+}
+
+std::unique_ptr<Workspace> makeWorkspace()
+{
+    return std::make_unique<FreedesktopWorkspace>();
 }
 
 } // namespace ostrel

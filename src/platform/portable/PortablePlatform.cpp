@@ -4,6 +4,7 @@
 #include "PortableSingleInstance.h"
 #include "PortableTerminationSignal.h"
 #include "PortableWakeSignal.h"
+#include "PortableWorkspace.h"
 
 namespace ostrel {
 
@@ -30,6 +31,11 @@ std::unique_ptr<SingleInstance> makeSingleInstance(const QString &storageDir)
 std::unique_ptr<TerminationSignal> makeTerminationSignal()
 {
     return std::make_unique<PortableTerminationSignal>();
+}
+
+std::unique_ptr<Workspace> makeWorkspace()
+{
+    return std::make_unique<PortableWorkspace>();
 }
 
 } // namespace ostrel

@@ -1,0 +1,27 @@
+#include "FolderText.h"
+
+#include <QDir>
+
+namespace ostrel {
+
+namespace {
+
+QString withFinalSlash(const QString &path)
+{
+    const QString clean = QDir::cleanPath(path);
+    return clean.endsWith(u'/') ? clean : clean + u'/';
+}
+
+} // namespace
+
+QString folderText(const QString &path, const QString &home)
+{
+    const QString folder = withFinalSlash(path);
+    const QString homeFolder = withFinalSlash(home);
+    // A home that is the root of all folders, as no home is, would abbreviate every one of them.
+    if (homeFolder == QStringLiteral("/") || !folder.startsWith(homeFolder))
+        return folder;
+    return QStringLiteral("~/") + folder.sliced(homeFolder.size());
+}
+
+} // namespace ostrel

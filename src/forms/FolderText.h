@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+
+namespace ostrel {
+
+/// The folder @p path as people read it: "~" for the home folder @p home, a "/" at the end. Both
+/// paths are absolute; @p home may be empty where there is none.
+[[nodiscard]] QString folderText(const QString &path, const QString &home);
+
+} // namespace ostrel

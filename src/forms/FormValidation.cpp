@@ -1,0 +1,18 @@
+#include "FormValidation.h"
+
+#include "FieldText.h"
+
+namespace ostrel {
+
+bool isValidWebsite(const QString &url)
+{
+    const QString text = trimmedField(url);
+    return text.contains(u'.') || text.startsWith(QStringLiteral("http"));
+}
+
+bool isValidHostAndPort(const QString &host, const QString &portText)
+{
+    return !trimmedField(host).isEmpty() && integerFrom(portText).value_or(0) > 0;
+}
+
+} // namespace ostrel

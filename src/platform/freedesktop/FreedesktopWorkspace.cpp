@@ -1,0 +1,105 @@
+#include "FreedesktopWorkspace.h"
+
+#include "NotificationSettings.h"
+
+#include <QDBusPendingCallWatcher>
+#include <QFileInfo>
+#include <QProcess>
+#include <QStringList>
+#include <QUrl>
+#include <QVariantMap>
+
+#include <algorithm>
+
+namespace ostrel {
+
+namespace {
+
+/// Starts @p command, which outlives this program; false where there is no such program.
+bool startDetached(const QStringList &command)
+{
+    QProcess process;
+    process.setProgram(command.first());
+    process.setArguments(command.sliced(1));
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+    return process.startDetached();
+}
+
+bool openWithProgram(const QString &target)
+{
+    return startDetached({QStringLiteral("xdg-open"), target});
+}
+
+QDBusMessage openUriCall(const QString &address)
+{
+    const QString noParentWindow;
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.portal.Desktop"),
+        QStringLiteral("/org/freedesktop/portal/desktop"),
+        QStringLiteral("org.freedesktop.portal.OpenURI"), QStringLiteral("OpenURI"));
+    message.setArguments({noParentWindow, address, QVariantMap()});
+    return message;
+}
+
+QDBusMessage showFoldersCall(const QString &address)
+{
+    const QString noStartupId;
+    const auto name = QStringLiteral("org.freedesktop.FileManager1");
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        name, QStringLiteral("/org/freedesktop/FileManager1"), name, QStringLiteral("ShowFolders"));
+    message.setArguments({QStringList{address}, noStartupId});
+    return message;
+}
+
+QString encoded(const QUrl &url)
+{
+    return url.toString(QUrl::FullyEncoded);
+}
+
+} // namespace
+
+FreedesktopWorkspace::FreedesktopWorkspace(const QDBusConnection &bus,
+                                           std::chrono::milliseconds patience, QObject *parent)
+    : QObject(parent)
+    , m_bus(bus)
+    , m_patience(patience)
+{
+}
+
+bool FreedesktopWorkspace::open(const QUrl &url)
+{
+    if (!url.isValid() || url.isRelative())
+        return false;
+    return ask(openUriCall(encoded(url)), encoded(url));
+}
+
+bool FreedesktopWorkspace::openFolder(const QString &path)
+{
+    const QFileInfo folder(path);
+    if (!folder.isAbsolute() || !folder.isDir())
+        return false;
+    return ask(showFoldersCall(encoded(QUrl::fromLocalFile(path))), path);
+}
+
+bool FreedesktopWorkspace::openNotificationSettings()
+{
+    const auto commands = notificationSettingsCommands(qEnvironmentVariable("XDG_CURRENT_DESKTOP"));
+    return std::ranges::any_of(commands, startDetached);
+}
+
+bool FreedesktopWorkspace::ask(const QDBusMessage &call, const QString &target)
+{
+    if (!m_bus.isConnected())
+        return openWithProgram(target);
+    const auto reply = m_bus.asyncCall(call, static_cast<int>(m_patience.count()));
+    auto *watcher = new QDBusPendingCallWatcher(reply, this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, target] {
+        watcher->deleteLater();
+        if (watcher->isError())
+            openWithProgram(target);
+    });
+    return true;
+}
+
+} // namespace ostrel

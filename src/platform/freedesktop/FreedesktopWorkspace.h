@@ -1,0 +1,42 @@
+#pragma once
+
+#include "SessionBus.h"
+#include "Workspace.h"
+
+#include <QDBusMessage>
+#include <QObject>
+
+#include <chrono>
+
+namespace ostrel {
+
+/// Opens addresses through the desktop's portal, `org.freedesktop.portal.OpenURI`, and folders
+/// through its file manager, `org.freedesktop.FileManager1`. Where one of them isn't there, refuses
+/// or doesn't answer within the patience, `xdg-open` is started instead, as it is without a bus.
+///
+/// The settings of notifications are a program that is started; an unknown desktop has none.
+class FreedesktopWorkspace final : public QObject, public Workspace
+{
+    Q_OBJECT
+
+public:
+    /// Starting the portal or the file manager counts as part of its answer.
+    static constexpr std::chrono::milliseconds defaultPatience{25'000};
+
+    explicit FreedesktopWorkspace(const QDBusConnection &bus = sessionBus(),
+                                  std::chrono::milliseconds patience = defaultPatience,
+                                  QObject *parent = nullptr);
+
+    bool open(const QUrl &url) override;
+    bool openFolder(const QString &path) override;
+    bool openNotificationSettings() override;
+
+private:
+    /// Sends @p call, which opens @p target, or does without it.
+    bool ask(const QDBusMessage &call, const QString &target);
+
+    QDBusConnection m_bus;
+    std::chrono::milliseconds m_patience;
+};
+
+} // namespace ostrel

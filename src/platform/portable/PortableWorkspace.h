@@ -1,0 +1,17 @@
+#pragma once
+
+#include "Workspace.h"
+
+namespace ostrel {
+
+/// Which program opens what differs from desktop to desktop, and Qt Core knows of no way to ask
+/// for it: an unknown desktop opens nothing.
+class PortableWorkspace final : public Workspace
+{
+public:
+    bool open(const QUrl &url) override;
+    bool openFolder(const QString &path) override;
+    bool openNotificationSettings() override;
+};
+
+} // namespace ostrel

@@ -1,0 +1,38 @@
+#include "DesktopActions.h"
+
+#include "FolderText.h"
+#include "ProductConstants.h"
+#include "Workspace.h"
+
+#include <QDir>
+
+namespace ostrel {
+
+DesktopActions::DesktopActions(Workspace &workspace, const QString &storageDir, QObject *parent)
+    : QObject(parent)
+    , m_workspace(workspace)
+    , m_storageDir(QDir(storageDir).absolutePath())
+{
+}
+
+QString DesktopActions::dataFolderText() const
+{
+    return folderText(m_storageDir, QDir::homePath());
+}
+
+void DesktopActions::getHelp()
+{
+    m_workspace.open(supportAddress());
+}
+
+void DesktopActions::openNotificationSettings()
+{
+    m_workspace.openNotificationSettings();
+}
+
+void DesktopActions::revealDataFolder()
+{
+    m_workspace.openFolder(m_storageDir);
+}
+
+} // namespace ostrel

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QtQml/qqmlregistration.h>
+
+namespace ostrel {
+
+class Workspace;
+
+/// What the views ask of the desktop. Nothing is shown where the desktop can't do it. Main thread.
+class DesktopActions : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made by the application")
+    /// The data folder as people read it: "~/.local/share/Ostrel/".
+    Q_PROPERTY(QString dataFolderText READ dataFolderText CONSTANT)
+
+public:
+    /// @p storageDir is the data folder. @p workspace outlives this object.
+    DesktopActions(Workspace &workspace, const QString &storageDir, QObject *parent = nullptr);
+
+    [[nodiscard]] QString dataFolderText() const;
+
+    /// Begins a message to the product's support.
+    Q_INVOKABLE void getHelp();
+    Q_INVOKABLE void openNotificationSettings();
+    /// Shows what is in the data folder.
+    Q_INVOKABLE void revealDataFolder();
+
+private:
+    Workspace &m_workspace;
+    QString m_storageDir;
+};
+
+} // namespace ostrel

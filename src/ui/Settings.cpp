@@ -1,0 +1,64 @@
+#include "Settings.h"
+
+#include "LoginItem.h"
+
+namespace ostrel {
+
+namespace {
+
+QString launchAtLoginKey()
+{
+    return QStringLiteral("launchAtLogin");
+}
+
+QString playSoundsKey()
+{
+    return QStringLiteral("playSounds");
+}
+
+} // namespace
+
+Settings::Settings(LoginItem &loginItem, QObject *parent)
+    : QObject(parent)
+    , m_loginItem(loginItem)
+    , m_values(QStringLiteral("Ostrel"), QStringLiteral("Ostrel"))
+{
+}
+
+bool Settings::launchAtLogin() const
+{
+    return m_values.value(launchAtLoginKey(), false).toBool();
+}
+
+void Settings::setLaunchAtLogin(bool isOn)
+{
+    if (isOn == launchAtLogin())
+        return;
+    store(launchAtLoginKey(), isOn);
+    if (isOn)
+        m_loginItem.registerItem();
+    else
+        m_loginItem.unregisterItem();
+    Q_EMIT launchAtLoginChanged();
+}
+
+bool Settings::playSounds() const
+{
+    return m_values.value(playSoundsKey(), true).toBool();
+}
+
+void Settings::setPlaySounds(bool isOn)
+{
+    if (isOn == playSounds())
+        return;
+    store(playSoundsKey(), isOn);
+    Q_EMIT playSoundsChanged();
+}
+
+void Settings::store(const QString &key, bool isOn)
+{
+    m_values.setValue(key, isOn);
+    m_values.sync();
+}
+
+} // namespace ostrel

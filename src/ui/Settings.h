@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QObject>
+#include <QSettings>
+#include <QtQml/qqmlregistration.h>
+
+namespace ostrel {
+
+class LoginItem;
+
+/// The user's two preferences, stored as soon as they change. Main thread.
+class Settings : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made by the application")
+    Q_PROPERTY(
+        bool launchAtLogin READ launchAtLogin WRITE setLaunchAtLogin NOTIFY launchAtLoginChanged)
+    Q_PROPERTY(bool playSounds READ playSounds WRITE setPlaySounds NOTIFY playSoundsChanged)
+
+public:
+    /// @p loginItem outlives it, and is left alone until the user changes launchAtLogin.
+    explicit Settings(LoginItem &loginItem, QObject *parent = nullptr);
+
+    /// False until the user has chosen.
+    [[nodiscard]] bool launchAtLogin() const;
+    /// Tells the desktop, too. Where that refuses, the user's choice stands all the same.
+    void setLaunchAtLogin(bool isOn);
+
+    /// True until the user has chosen. Notifications don't ask: their sound is the desktop's.
+    [[nodiscard]] bool playSounds() const;
+    void setPlaySounds(bool isOn);
+
+Q_SIGNALS:
+    void launchAtLoginChanged();
+    void playSoundsChanged();
+
+private:
+    void store(const QString &key, bool isOn);
+
+    LoginItem &m_loginItem;
+    QSettings m_values;
+};
+
+} // namespace ostrel

@@ -1,0 +1,43 @@
+#include "StubPrograms.h"
+
+#include <QFile>
+
+namespace ostrel::test {
+
+StubPrograms::StubPrograms()
+    : m_formerPath(qgetenv("PATH"))
+{
+    qputenv("PATH", m_folder.path().toLocal8Bit());
+}
+
+StubPrograms::~StubPrograms()
+{
+    qputenv("PATH", m_formerPath);
+}
+
+void StubPrograms::add(const QString &name)
+{
+    QFile program(m_folder.filePath(name));
+    if (!program.open(QIODevice::WriteOnly))
+        return;
+    // One write, which appends as a whole whoever else is writing.
+    const auto script = QStringLiteral("#!/bin/sh\nprintf '%s\\n' \"%1 $*\" >> '%2'\n");
+    program.write(script.arg(name, logPath()).toUtf8());
+    program.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+QStringList StubPrograms::starts() const
+{
+    QFile log(logPath());
+    if (!log.open(QIODevice::ReadOnly))
+        return {};
+    const auto lines = QString::fromUtf8(log.readAll()).split(u'\n');
+    return lines.first(lines.size() - 1); // What a line end doesn't follow isn't written yet.
+}
+
+QString StubPrograms::logPath() const
+{
+    return m_folder.filePath(QStringLiteral("starts"));
+}
+
+} // namespace ostrel::test

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+namespace ostrel::test {
+
+/// Programs that do nothing but note how they were started. While this object lives they are the
+/// only ones on PATH.
+class StubPrograms
+{
+public:
+    StubPrograms();
+    ~StubPrograms();
+    StubPrograms(const StubPrograms &) = delete;
+    StubPrograms &operator=(const StubPrograms &) = delete;
+
+    void add(const QString &name);
+    /// The starts so far, each with its name and its arguments separated by blanks, in order.
+    [[nodiscard]] QStringList starts() const;
+
+private:
+    [[nodiscard]] QString logPath() const;
+
+    QTemporaryDir m_folder;
+    QByteArray m_formerPath;
+};
+
+} // namespace ostrel::test

@@ -1,0 +1,117 @@
+#include "Settings.h"
+
+#include "LoginItem.h"
+#include "Printers.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace ostrel::test {
+namespace {
+
+class RecordingLoginItem : public LoginItem
+{
+public:
+    bool registerItem() override { return record(QStringLiteral("register")); }
+    bool unregisterItem() override { return record(QStringLiteral("unregister")); }
+
+    QStringList calls;
+    bool isRefusing = false;
+
+private:
+    bool record(const QString &call)
+    {
+        calls += call;
+        return !isRefusing;
+    }
+};
+
+class SettingsTest : public testing::Test
+{
+protected:
+    SettingsTest()
+    {
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
+    }
+
+    /// What is on disk.
+    [[nodiscard]] QString stored() const
+    {
+        QFile file(folder.filePath(QStringLiteral("Ostrel/Ostrel.conf")));
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    }
+
+    QTemporaryDir folder;
+    RecordingLoginItem loginItem;
+};
+
+TEST_F(SettingsTest, AFreshSystemLaunchesNothingAndPlaysSounds)
+{
+    const Settings settings(loginItem);
+    EXPECT_FALSE(settings.launchAtLogin());
+    EXPECT_TRUE(settings.playSounds());
+    EXPECT_EQ(stored(), QString());
+}
+
+TEST_F(SettingsTest, TheFirstDisplayLeavesTheLoginItemAlone)
+{
+    {
+        Settings settings(loginItem);
+        settings.setLaunchAtLogin(true);
+    }
+    loginItem.calls.clear();
+    const Settings reopened(loginItem);
+    EXPECT_TRUE(reopened.launchAtLogin());
+    EXPECT_EQ(loginItem.calls, QStringList());
+}
+
+TEST_F(SettingsTest, LaunchAtLoginTellsTheDesktopOfEveryChange)
+{
+    Settings settings(loginItem);
+    for (const bool isOn : {false, true, true, false, false, true})
+        settings.setLaunchAtLogin(isOn);
+    EXPECT_EQ(loginItem.calls.join(u' '), QStringLiteral("register unregister register"));
+}
+
+TEST_F(SettingsTest, ARefusedRegistrationLeavesTheChoice)
+{
+    loginItem.isRefusing = true;
+    Settings settings(loginItem);
+    int changes = 0;
+    QObject::connect(&settings, &Settings::launchAtLoginChanged, [&] { ++changes; });
+
+    settings.setLaunchAtLogin(true);
+    EXPECT_TRUE(settings.launchAtLogin());
+    settings.setLaunchAtLogin(false);
+    EXPECT_FALSE(settings.launchAtLogin());
+    EXPECT_EQ(changes, 2);
+}
+
+TEST_F(SettingsTest, AChangeIsWrittenAtOnce)
+{
+    Settings settings(loginItem);
+    settings.setLaunchAtLogin(true);
+    EXPECT_TRUE(stored().contains(QStringLiteral("launchAtLogin=true\n")));
+    settings.setPlaySounds(false);
+    EXPECT_TRUE(stored().contains(QStringLiteral("playSounds=false\n")));
+}
+
+TEST_F(SettingsTest, PlaySoundsIsStoredAndNothingElse)
+{
+    Settings settings(loginItem);
+    int changes = 0;
+    QObject::connect(&settings, &Settings::playSoundsChanged, [&] { ++changes; });
+    settings.setPlaySounds(true);
+    settings.setPlaySounds(false);
+    settings.setPlaySounds(false);
+
+    EXPECT_EQ(changes, 1);
+    EXPECT_FALSE(Settings(loginItem).playSounds());
+    EXPECT_FALSE(settings.launchAtLogin());
+    EXPECT_EQ(loginItem.calls, QStringList());
+}
+
+} // namespace
+} // namespace ostrel::test
