@@ -1,1 +1,281 @@
 #include "MonitorStore.h"
+
+#include "CheckJson.h"
+#include "MonitorJson.h"
+#include "StorageFolder.h"
+
+#include <QDir>
+#include <QStandardPaths>
+
+#include <algorithm>
+#include <ranges>
+
+namespace ostrel {
+
+namespace {
+
+/// "unreadable-20261120T191500Z"
+std::string unreadableSuffix(Timestamp now)
+{
+    std::string text = "unreadable-" + formatTimestamp(now).toStdString();
+    std::erase(text, ':');
+    text.erase(text.find_last_of('-'), 1);
+    text.erase(text.find_last_of('-'), 1);
+    return text;
+}
+
+std::string_view viewOf(const QByteArray &bytes)
+{
+    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
+
+auto since(Timestamp beginning)
+{
+    return [beginning](const Check &check) { return check.timestamp >= beginning; };
+}
+
+} // namespace
+
+/// Builds the histories while their file is read.
+class MonitorStore::HistoryLoader : public CheckMapVisitor
+{
+public:
+    void openHistory(const QUuid &monitorId) override
+    {
+        m_open = &m_histories.insert_or_assign(monitorId, CheckHistory(monitorId)).first->second;
+    }
+    void takeCheck(Check &&check, std::string_view stored) override
+    {
+        m_open->append(std::move(check), stored);
+    }
+
+    [[nodiscard]] std::map<QUuid, CheckHistory> take() { return std::move(m_histories); }
+
+private:
+    std::map<QUuid, CheckHistory> m_histories;
+    CheckHistory *m_open = nullptr;
+};
+
+QString MonitorStore::defaultStorageDir()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           QStringLiteral("/Vantry");
+}
+
+MonitorStore::MonitorStore(const QString &storageDir, Access access, WallClock now, QObject *parent)
+    : QObject(parent)
+    , m_storageDir(storageDir)
+    , m_access(access)
+    , m_now(std::move(now))
+    , m_monitorsFile{AtomicFile(storageDir + QStringLiteral("/monitors.json"))}
+    , m_checksFile{AtomicFile(storageDir + QStringLiteral("/checks.json"))}
+{
+    if (m_access == Access::readWrite)
+        prepareFolder();
+    load();
+}
+
+const QString &MonitorStore::storageDir() const
+{
+    return m_storageDir;
+}
+
+const QList<Monitor> &MonitorStore::monitors() const
+{
+    return m_monitors;
+}
+
+std::optional<Monitor> MonitorStore::monitor(const QUuid &id) const
+{
+    const auto found = std::ranges::find(m_monitors, id, &Monitor::id);
+    return found == m_monitors.end() ? std::nullopt : std::optional(*found);
+}
+
+std::span<const Check> MonitorStore::checks(const QUuid &monitorId) const
+{
+    const auto found = m_checks.find(monitorId);
+    return found == m_checks.end() ? std::span<const Check>() : found->second.checks();
+}
+
+QList<QUuid> MonitorStore::checkedIds() const
+{
+    QList<QUuid> ids;
+    std::ranges::copy(m_checks | std::views::keys, std::back_inserter(ids));
+    return ids;
+}
+
+void MonitorStore::addMonitor(const Monitor &monitor)
+{
+    const QUuid id = monitor.id;
+    const bool hadChecks = !checks(id).empty();
+    m_monitors.append(monitor);
+    m_checks.insert_or_assign(id, CheckHistory(id));
+    saveMonitors();
+    Q_EMIT monitorsChanged();
+    if (hadChecks)
+        Q_EMIT checksChanged(id);
+}
+
+void MonitorStore::updateMonitor(const Monitor &monitor)
+{
+    const auto found = std::ranges::find(m_monitors, monitor.id, &Monitor::id);
+    if (found == m_monitors.end())
+        return;
+    *found = monitor;
+    saveMonitors();
+    Q_EMIT monitorsChanged();
+}
+
+void MonitorStore::deleteMonitor(const QUuid &id)
+{
+    // The caller's id may be that of the very record that goes.
+    const QUuid deleted = id;
+    m_monitors.removeIf([&](const Monitor &monitor) { return monitor.id == deleted; });
+    m_checks.erase(deleted);
+    saveMonitors();
+    saveChecks();
+    Q_EMIT monitorsChanged();
+    Q_EMIT checksChanged(deleted);
+}
+
+void MonitorStore::addCheck(const Check &check)
+{
+    const QUuid monitorId = check.monitorId;
+    CheckHistory &history = historyOf(monitorId);
+    history.append(check);
+    history.keepNewest(maxChecksPerMonitor);
+    saveChecks();
+    Q_EMIT checksChanged(monitorId);
+}
+
+std::optional<Check> MonitorStore::latestCheck(const Monitor &monitor) const
+{
+    const auto history = checks(monitor.id);
+    return history.empty() ? std::nullopt : std::optional(history.back());
+}
+
+MonitorStatus MonitorStore::status(const Monitor &monitor) const
+{
+    if (!monitor.isEnabled)
+        return MonitorStatus::paused;
+    const auto history = checks(monitor.id);
+    if (history.empty())
+        return MonitorStatus::pending;
+    return history.back().isUp ? MonitorStatus::up : MonitorStatus::down;
+}
+
+MonitorStatus MonitorStore::overallStatus() const
+{
+    bool anyUp = false;
+    bool anyPending = false;
+    for (const Monitor &monitor : m_monitors) {
+        const MonitorStatus current = status(monitor);
+        if (current == MonitorStatus::down)
+            return MonitorStatus::down;
+        anyUp |= current == MonitorStatus::up;
+        anyPending |= current == MonitorStatus::pending;
+    }
+    return anyUp && !anyPending ? MonitorStatus::up : MonitorStatus::pending;
+}
+
+double MonitorStore::uptime(const QUuid &monitorId, std::chrono::hours window) const
+{
+    qint64 total = 0;
+    qint64 up = 0;
+    // One by one: a clock that was set back leaves a history out of order.
+    for (const Check &check : checks(monitorId) | std::views::filter(since(beginningOf(window)))) {
+        ++total;
+        up += check.isUp ? 1 : 0;
+    }
+    return total == 0 ? 1.0 : static_cast<double>(up) / static_cast<double>(total);
+}
+
+double MonitorStore::averageResponseTime(const QUuid &monitorId, std::chrono::hours window) const
+{
+    qint64 count = 0;
+    double sum = 0;
+    for (const Check &check : checks(monitorId) | std::views::filter(since(beginningOf(window)))) {
+        if (!check.isUp)
+            continue;
+        ++count;
+        sum += check.responseTime;
+    }
+    return count == 0 ? 0.0 : sum / static_cast<double>(count);
+}
+
+std::vector<Check> MonitorStore::recentChecks(const QUuid &monitorId,
+                                              std::chrono::hours window) const
+{
+    const auto history = checks(monitorId);
+    const auto isRecent = since(beginningOf(window));
+    std::vector<Check> recent;
+    recent.reserve(static_cast<std::size_t>(std::ranges::count_if(history, isRecent)));
+    std::ranges::copy_if(history, std::back_inserter(recent), isRecent);
+    return recent;
+}
+
+void MonitorStore::prepareFolder() const
+{
+    createPrivateFolder(m_storageDir);
+    if (QDir(m_storageDir) == QDir(defaultStorageDir()))
+        makeFolderPrivate(m_storageDir);
+    m_monitorsFile.file.removeLeftover();
+    m_checksFile.file.removeLeftover();
+}
+
+void MonitorStore::load()
+{
+    const auto monitorsJson = m_monitorsFile.file.read();
+    const auto monitors = monitorsJson ? decodeMonitors(*monitorsJson) : std::nullopt;
+    m_monitors = monitors.value_or(QList<Monitor>());
+    m_monitorsFile.keepOld = !monitors && m_monitorsFile.file.exists();
+
+    HistoryLoader loader;
+    auto checksJson = m_checksFile.file.read();
+    const bool isLoaded = checksJson && decodeCheckMap(*std::move(checksJson), loader);
+    if (isLoaded)
+        m_checks = loader.take();
+    m_checksFile.keepOld = !isLoaded && m_checksFile.file.exists();
+}
+
+void MonitorStore::saveMonitors()
+{
+    const QByteArray json = encodeMonitors(m_monitors);
+    const std::string_view piece = viewOf(json);
+    save(m_monitorsFile, {&piece, 1}, AtomicFile::Flush::beforeReplacing);
+}
+
+void MonitorStore::saveChecks()
+{
+    std::vector<std::string_view> pieces = {"["};
+    for (const CheckHistory &history : m_checks | std::views::values) {
+        if (pieces.size() > 1)
+            pieces.emplace_back(",");
+        history.appendStoredForm(pieces);
+    }
+    pieces.emplace_back("]");
+    save(m_checksFile, pieces, AtomicFile::Flush::none);
+}
+
+void MonitorStore::save(File &file, std::span<const std::string_view> pieces,
+                        AtomicFile::Flush flush) const
+{
+    if (m_access == Access::readOnly)
+        return;
+    if (!file.keepOld)
+        file.file.write(pieces, flush);
+    else if (file.file.writeKeepingOld(pieces, flush, unreadableSuffix(m_now())))
+        file.keepOld = false;
+}
+
+CheckHistory &MonitorStore::historyOf(const QUuid &monitorId)
+{
+    return m_checks.try_emplace(monitorId, monitorId).first->second;
+}
+
+Timestamp MonitorStore::beginningOf(std::chrono::hours window) const
+{
+    return m_now() - window;
+}
+
+} // namespace ostrel

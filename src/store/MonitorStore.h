@@ -1,17 +1,19 @@
 #pragma once
 
+#include "AtomicFile.h"
 #include "Check.h"
+#include "CheckHistory.h"
 #include "Monitor.h"
 
-#include <QHash>
 #include <QList>
 #include <QObject>
 #include <QString>
 
 #include <chrono>
-#include <memory>
+#include <map>
 #include <optional>
 #include <span>
+#include <string_view>
 #include <vector>
 
 namespace ostrel {
@@ -35,10 +37,15 @@ public:
     /// The most checks that are kept of one monitor, the newest.
     static constexpr std::size_t maxChecksPerMonitor = 2000;
 
-    /// Creates @p storageDir with its missing parents, for its user alone (0700), and loads it.
+    /// The folder "Vantry" in the user's application-support folder.
+    [[nodiscard]] static QString defaultStorageDir();
+
+    /// Creates @p storageDir with its missing parents, for its user alone (0700), and loads it. One
+    /// that exists keeps its mode, unless it is the default one. A file that can't be loaded counts
+    /// as empty, and is kept under another name when the first save replaces it:
+    /// "monitors.json.unreadable-20261120T191500Z".
     explicit MonitorStore(const QString &storageDir, Access access = Access::readWrite,
                           WallClock now = systemNow, QObject *parent = nullptr);
-    ~MonitorStore() override;
 
     [[nodiscard]] const QString &storageDir() const;
 
@@ -51,7 +58,8 @@ public:
     /// The ids of all monitors, known or not, that have an entry in the history.
     [[nodiscard]] QList<QUuid> checkedIds() const;
 
-    /// Appends @p monitor, with an empty history.
+    /// Appends @p monitor, with an empty history: one that is stored under its id is dropped, from
+    /// the file at the next save of the checks.
     void addMonitor(const Monitor &monitor);
     /// Replaces the monitor of the same id in place; does nothing where there is none.
     void updateMonitor(const Monitor &monitor);
@@ -80,16 +88,32 @@ Q_SIGNALS:
     /// `monitors` has changed, and has been saved.
     void monitorsChanged();
     /// The history of one monitor has changed, and has been saved.
+    /// After addMonitor(), only where that has dropped checks.
     void checksChanged(const QUuid &monitorId);
 
 private:
-    struct Files;
+    class HistoryLoader;
+    struct File
+    {
+        AtomicFile file;
+        bool keepOld = false; ///< What it holds could not be loaded, and no save has replaced it.
+    };
 
+    void prepareFolder() const;
     void load();
     void saveMonitors();
     void saveChecks();
+    void save(File &file, std::span<const std::string_view> pieces, AtomicFile::Flush flush) const;
+    [[nodiscard]] CheckHistory &historyOf(const QUuid &monitorId);
+    [[nodiscard]] Timestamp beginningOf(std::chrono::hours window) const;
 
-    std::unique_ptr<Files> m_files;
+    QString m_storageDir;
+    Access m_access;
+    WallClock m_now;
+    File m_monitorsFile;
+    File m_checksFile;
+    QList<Monitor> m_monitors;
+    std::map<QUuid, CheckHistory> m_checks;
 };
 
 } // namespace ostrel
