@@ -31,7 +31,10 @@ const QHash<QString, QStringList> &allowedFolders()
           QStringLiteral("notify")}},
         {QStringLiteral("platform"), {QStringLiteral("notify"), QStringLiteral("engine")}},
         {QStringLiteral("cli"), belowPlatform},
-        {QStringLiteral("ui"), belowPlatform + QStringList{QStringLiteral("platform")}},
+        {QStringLiteral("presentation"),
+         {QStringLiteral("model"), QStringLiteral("store"), QStringLiteral("engine")}},
+        {QStringLiteral("ui"),
+         belowPlatform + QStringList{QStringLiteral("platform"), QStringLiteral("presentation")}},
     };
     return folders;
 }
