@@ -2,7 +2,7 @@
 
 #include "CertificateDays.h"
 #include "DisplayFormats.h"
-#include "Tones.h"
+#include "ToneRules.h"
 
 #include <QCoreApplication>
 

@@ -2,7 +2,7 @@
 
 #include "DisplayFormats.h"
 #include "MonitorStore.h"
-#include "Tones.h"
+#include "ToneRules.h"
 
 #include <QCoreApplication>
 #include <QLocale>

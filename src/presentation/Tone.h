@@ -4,24 +4,24 @@
 
 namespace ostrel {
 
-namespace Tones {
+/// Makes Tone known to QML, which takes enumerations only from inside a type, and reaches only
+/// cases that begin with a capital.
+struct Tones
+{
+    Q_GADGET
 
-Q_NAMESPACE
-
-/// What the colour of a text or symbol says. The views map it to the theme's colours. Its cases
-/// begin with capitals because QML reaches no others.
-enum class Tone {
-    Up,
-    Warning,
-    Down,
-    Muted,     ///< Says nothing about the monitor: paused, or not known yet.
-    Secondary, ///< A value that is missing.
-    Accent,    ///< A property of the monitor rather than a state.
+public:
+    /// What the colour of a text or symbol says. The views map it to the theme's colours.
+    enum class Tone {
+        Up,
+        Warning,
+        Down,
+        Muted,     ///< Says nothing about the monitor: paused, or not known yet.
+        Secondary, ///< A value that is missing.
+        Accent,    ///< A property of the monitor rather than a state.
+    };
+    Q_ENUM(Tone)
 };
-Q_ENUM_NS(Tone)
-
-} // namespace Tones
-
-using Tones::Tone;
+using Tone = Tones::Tone;
 
 } // namespace ostrel

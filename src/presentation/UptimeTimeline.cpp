@@ -1,7 +1,7 @@
 #include "UptimeTimeline.h"
 
 #include "DisplayFormats.h"
-#include "Tones.h"
+#include "ToneRules.h"
 
 #include <QCoreApplication>
 

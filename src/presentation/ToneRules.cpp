@@ -1,4 +1,4 @@
-#include "Tones.h"
+#include "ToneRules.h"
 
 namespace ostrel {
 
