@@ -1,3 +1,4 @@
+#include "Monitor.h"
 #include "ResponseChartPainter.h"
 #include "UptimeStrip.h"
 #include "UptimeTimeline.h"
@@ -48,8 +49,10 @@ std::vector<Check> dayOfChecks(int count)
     std::vector<Check> checks;
     for (int i = count - 1; i >= 0; --i) {
         const double wave = 190 + 50 * std::sin(i * 0.05) + 40 * std::sin(i * 1.7);
-        checks.push_back(
-            {.timestamp = now() - i * (86400s / count), .isUp = true, .responseTime = wave});
+        Check &check = checks.emplace_back();
+        check.timestamp = now() - i * (86400s / count);
+        check.isUp = true;
+        check.responseTime = wave;
     }
     return checks;
 }
