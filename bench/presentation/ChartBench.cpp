@@ -48,7 +48,7 @@ std::vector<Check> dayOfChecks(int count)
 {
     std::vector<Check> checks;
     for (int i = count - 1; i >= 0; --i) {
-        const double wave = 190 + 50 * std::sin(i * 0.05) + 40 * std::sin(i * 1.7);
+        const double wave = 190 + 50 * std::sin(60.0 * i / count) + 25 * std::sin(i * 1.7);
         Check &check = checks.emplace_back();
         check.timestamp = now() - i * (86400s / count);
         check.isUp = true;

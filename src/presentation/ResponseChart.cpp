@@ -1,5 +1,6 @@
 #include "ResponseChart.h"
 
+#include "LineBand.h"
 #include "Monitor.h"
 #include "TimeAxis.h"
 #include "ValueAxis.h"
@@ -72,12 +73,24 @@ Scales makeScales(const ResponseSeries &series, QSizeF size, const LabelMetrics 
     };
 }
 
+/// Whether the points are nearer to each other than the line is wide.
+bool isDense(const ResponseChart &chart)
+{
+    const double length = chart.points.back().x() - chart.points.front().x();
+    return length > 0 &&
+           static_cast<double>(chart.points.size()) * ResponseChart::lineWidth > length &&
+           chart.points.size() > ResponseSeries::maxMarkedPoints;
+}
+
 void plotSeries(ResponseChart &chart, const ResponseSeries &series, const Scales &scales)
 {
     chart.points.reserve(series.points.size());
     for (const auto &point : series.points)
         chart.points.emplace_back(scales.x(point.time), scales.y(plottedValue(point)));
-    chart.curve = catmullRomCurve(chart.points, centripetal);
+    if (isDense(chart))
+        chart.band = lineBand(chart.points, ResponseChart::lineWidth);
+    else
+        chart.curve = catmullRomCurve(chart.points, centripetal);
     chart.highest = std::ranges::min(chart.points, {}, &QPointF::y).y();
     if (series.hasMarks())
         chart.marks = chart.points;

@@ -8,13 +8,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 namespace ostrel {
 
 namespace {
 
 constexpr double gridWidth = 0.4;
-constexpr double lineWidth = 2.5;
 constexpr double lineOpacity = 0.85;
 constexpr double miterLimit = 10;
 constexpr double markRadius = 2.25;
@@ -35,6 +35,15 @@ QPainterPath linePath(const ResponseChart &chart)
     path.reserve(static_cast<int>(3 * chart.curve.size() + 4));
     for (const BezierSegment &segment : chart.curve)
         path.cubicTo(segment.control1, segment.control2, segment.end);
+    return path;
+}
+
+QPainterPath polygonPath(std::span<const QPointF> points)
+{
+    QPainterPath path(points.front());
+    path.reserve(static_cast<int>(points.size() + 3));
+    for (const QPointF &point : points.subspan(1))
+        path.lineTo(point);
     return path;
 }
 
@@ -81,17 +90,31 @@ void paintGrid(QPainter &painter, const ResponseChart &chart, const QColor &colo
                          shade);
 }
 
-void paintCurve(QPainter &painter, const ResponseChart &chart, const QColor &color)
+/// The upper edge of the band, which is the first half of its outline.
+QPainterPath ridgePath(const ResponseChart &chart)
 {
-    const QPainterPath line = linePath(chart);
+    return polygonPath(std::span(chart.band).first(chart.band.size() / 2));
+}
+
+void paintArea(QPainter &painter, const ResponseChart &chart, const QColor &color)
+{
     QLinearGradient gradient(0, chart.highest, 0, chart.plot.bottom());
     gradient.setColorAt(0, faded(color, areaTopOpacity));
     gradient.setColorAt(1, faded(color, areaBottomOpacity));
-    painter.fillPath(areaUnder(line, chart), gradient);
+    const QPainterPath edge = chart.band.empty() ? linePath(chart) : ridgePath(chart);
+    painter.fillPath(areaUnder(edge, chart), gradient);
+}
 
-    QPen pen(faded(color, lineOpacity), lineWidth, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
+void paintLine(QPainter &painter, const ResponseChart &chart, const QColor &color)
+{
+    if (!chart.band.empty()) {
+        painter.fillPath(polygonPath(chart.band), faded(color, lineOpacity));
+        return;
+    }
+    QPen pen(faded(color, lineOpacity), ResponseChart::lineWidth, Qt::SolidLine, Qt::FlatCap,
+             Qt::MiterJoin);
     pen.setMiterLimit(miterLimit);
-    painter.strokePath(line, pen);
+    painter.strokePath(linePath(chart), pen);
 }
 
 void paintMarks(QPainter &painter, const ResponseChart &chart, const QColor &color)
@@ -129,7 +152,8 @@ void paintResponseChart(QPainter &painter, const ResponseChart &chart, const Cha
     paintGrid(painter, chart, style.grid);
     painter.save();
     painter.setClipRect(chart.plot.adjusted(-overflow, -overflow, overflow, overflow));
-    paintCurve(painter, chart, style.line);
+    paintArea(painter, chart, style.line);
+    paintLine(painter, chart, style.line);
     paintMarks(painter, chart, style.line);
     painter.restore();
     paintLabels(painter, chart, style);

@@ -34,7 +34,8 @@ std::vector<Check> dayOfChecks(int count)
     const Monitor monitor = sampleMonitor();
     std::vector<Check> checks;
     for (int i = 0; i < count; ++i)
-        checks.push_back(upCheck(monitor, sampleNow() - i * (24 * 60min / count), 100 + 2 * i % 165));
+        checks.push_back(
+            upCheck(monitor, sampleNow() - i * (24 * 60min / count), 100 + 2 * i % 165));
     return checks;
 }
 
@@ -149,6 +150,17 @@ TEST(ResponseChartTest, FortyPointsAreMarkedAndFortyOneNot)
 {
     EXPECT_EQ(chartOf(dayOfChecks(40)).marks.size(), 40U);
     EXPECT_TRUE(chartOf(dayOfChecks(41)).marks.empty());
+}
+
+TEST(ResponseChartTest, PointsNearerThanTheLineIsWideAreABand)
+{
+    const auto sparse = chartOf(dayOfChecks(96));
+    EXPECT_EQ(sparse.curve.size(), 95U);
+    EXPECT_TRUE(sparse.band.empty());
+    const auto dense = chartOf(dayOfChecks(1440));
+    EXPECT_TRUE(dense.curve.empty());
+    EXPECT_FALSE(dense.band.empty());
+    EXPECT_EQ(dense.points.size(), 1440U);
 }
 
 TEST(ResponseChartTest, EqualTimestampsStayFinite)
