@@ -3,7 +3,7 @@
 #include "MonitorStore.h"
 
 #include <algorithm>
-#include <ranges>
+#include <iterator>
 
 namespace ostrel {
 
@@ -105,16 +105,14 @@ void MonitorListModel::takeMonitors()
     };
 
     // Whatever has come or gone lies between what both lists begin and end with.
-    const auto kept = std::ranges::mismatch(m_entries, monitors, sameId);
-    const std::span added(kept.in2, monitors.end());
-    const auto removed = std::ranges::subrange(kept.in1, m_entries.end());
-    const auto tail =
-        std::ranges::mismatch(std::views::reverse(removed), std::views::reverse(added), sameId);
-    const auto first = kept.in1 - m_entries.begin();
-    const auto tailSize = static_cast<std::size_t>(m_entries.end() - tail.in1.base());
+    const auto head =
+        std::mismatch(m_entries.begin(), m_entries.end(), monitors.begin(), monitors.end(), sameId);
+    const auto tail = std::mismatch(m_entries.rbegin(), std::reverse_iterator(head.first),
+                                    monitors.rbegin(), std::reverse_iterator(head.second), sameId);
+    const auto first = head.first - m_entries.begin();
 
-    removeEntries(first, tail.in1.base() - m_entries.begin());
-    insertEntries(first, added.first(added.size() - tailSize));
+    removeEntries(first, tail.first.base() - m_entries.begin());
+    insertEntries(first, std::span(head.second, tail.second.base()));
     for (std::size_t row = 0; row < monitors.size(); ++row)
         takeEdit(row, monitors[row]);
 }

@@ -5,7 +5,6 @@
 #include "StatusTexts.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace ostrel {
 
@@ -100,10 +99,10 @@ void RecentChecksModel::takeChecks()
     // New checks push the known ones down. Anything else is another history.
     const auto known =
         m_checks.empty() ? checks.end() : std::ranges::find(checks, m_checks.front());
-    const auto kept = std::ranges::mismatch(std::ranges::subrange(known, checks.end()), m_checks);
-    const bool isPushedDown = kept.in1 == checks.end();
+    const auto kept = std::mismatch(known, checks.end(), m_checks.begin(), m_checks.end());
+    const bool isPushedDown = kept.first == checks.end();
 
-    dropFrom(isPushedDown ? static_cast<std::size_t>(kept.in2 - m_checks.begin()) : 0);
+    dropFrom(isPushedDown ? static_cast<std::size_t>(kept.second - m_checks.begin()) : 0);
     insertAtTop(checks.begin(), isPushedDown ? known : checks.end());
 }
 
