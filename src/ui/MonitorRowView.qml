@@ -7,8 +7,8 @@ Item {
 
     required property string name
     required property string address
-    required property string statusText
     required property string resultText
+    required property string uptimeText
     required property string spokenText
     required property bool isUp
     required property bool isDown
@@ -64,7 +64,7 @@ Item {
         Text {
             width: parent.width
             horizontalAlignment: Text.AlignRight
-            text: root.statusText
+            text: root.resultText
             color: root.isDown ? Theme.statusDown : Theme.textPrimary
             font: Theme.bodyFont
         }
@@ -73,7 +73,7 @@ Item {
             width: parent.width
             horizontalAlignment: Text.AlignRight
             elide: Text.ElideRight
-            text: root.resultText
+            text: root.uptimeText
             color: Theme.textSecondary
             font: Theme.captionFont
         }

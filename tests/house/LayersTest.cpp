@@ -35,8 +35,11 @@ const QHash<QString, QStringList> &allowedFolders()
         {QStringLiteral("platform"),
          {QStringLiteral("model"), QStringLiteral("notify"), QStringLiteral("engine")}},
         {QStringLiteral("cli"), belowPlatform},
+        {QStringLiteral("presentation"),
+         {QStringLiteral("model"), QStringLiteral("store"), QStringLiteral("engine")}},
         {QStringLiteral("ui"),
-         belowPlatform + QStringList{QStringLiteral("forms"), QStringLiteral("platform")}},
+         belowPlatform + QStringList{QStringLiteral("forms"), QStringLiteral("platform"),
+                                     QStringLiteral("presentation")}},
     };
     return folders;
 }

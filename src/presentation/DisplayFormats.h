@@ -1,0 +1,44 @@
+#pragma once
+
+#include "Monitor.h"
+
+#include <QLocale>
+#include <QString>
+#include <QTimeZone>
+
+namespace ostrel {
+
+// How values are written where they are shown. Figures have a decimal point in every locale; ties
+// are rounded to even.
+
+/// "245ms", from one second on "12.3s": where room is short.
+[[nodiscard]] QString shortResponseTimeText(Milliseconds time);
+/// "1532ms", however long it took.
+[[nodiscard]] QString compactResponseTimeText(Milliseconds time);
+/// "245 ms".
+[[nodiscard]] QString responseTimeText(Milliseconds time);
+/// "192"; "--" for 0 or less, which stands for "none".
+[[nodiscard]] QString averageText(Milliseconds average);
+
+/// "99.9%" of a share in 0…1, and "100%" of exactly all.
+[[nodiscard]] QString rowUptimeText(double share);
+/// "99.9%" of a share in 0…1, and "100.0%" of exactly all.
+[[nodiscard]] QString cardUptimeText(double share);
+/// "99.9" of a share in 0…1, and "100" of exactly all.
+[[nodiscard]] QString statisticUptimeText(double share);
+/// "99.87%" of a percentage in 0…100.
+[[nodiscard]] QString percentageText(double percentage);
+
+/// An address without its scheme, and without slashes at its ends.
+[[nodiscard]] QString addressText(const QString &url);
+
+/// The locale's pattern for hour and minute, as QLocale::toString() takes it.
+[[nodiscard]] QString clockTimePattern(const QLocale &locale);
+/// The locale's pattern for a full hour: "h AP" where it counts to 12, otherwise with minutes.
+[[nodiscard]] QString fullHourPattern(const QLocale &locale);
+/// The time of day: "3:42 PM", "15:42".
+[[nodiscard]] QString clockTimeText(Timestamp timestamp,
+                                    const QTimeZone &timeZone = QTimeZone::systemTimeZone(),
+                                    const QLocale &locale = QLocale());
+
+} // namespace ostrel

@@ -1,0 +1,30 @@
+#include "MonitorCard.h"
+
+#include "DisplayFormats.h"
+#include "ToneRules.h"
+
+namespace ostrel {
+
+namespace {
+
+QString cardTimeText(const std::optional<Check> &latestCheck)
+{
+    if (!latestCheck || !latestCheck->isUp)
+        return {};
+    return responseTimeText(Milliseconds(latestCheck->responseTime));
+}
+
+} // namespace
+
+MonitorCard monitorCard(const Monitor &monitor, const MonitorState &state)
+{
+    return {
+        .name = monitor.displayName(),
+        .statusTone = statusTone(state.status),
+        .responseTimeText = cardTimeText(state.latestCheck),
+        .uptimeText = cardUptimeText(state.uptime24h),
+        .uptimeTone = uptimeTone(state.uptime24h),
+    };
+}
+
+} // namespace ostrel

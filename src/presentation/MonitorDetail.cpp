@@ -1,0 +1,126 @@
+#include "MonitorDetail.h"
+
+#include "DisplayFormats.h"
+#include "MonitorStore.h"
+#include "RelativeDate.h"
+#include "StatusTexts.h"
+#include "ToneRules.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace ostrel {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto day = 24h;
+
+struct DetailTexts
+{
+    Q_DECLARE_TR_FUNCTIONS(MonitorDetail)
+};
+
+QString lastCheckedText(const std::optional<Check> &latestCheck, const Viewpoint &viewpoint)
+{
+    if (!latestCheck)
+        return {};
+    const QString when = relativeDateText(latestCheck->timestamp, viewpoint.now, viewpoint.locale,
+                                          viewpoint.timeZone);
+    return DetailTexts::tr("Last checked %1").arg(when);
+}
+
+Statistic averageStatistic(Milliseconds average)
+{
+    const bool isMissing = average <= 0ms;
+    return {
+        .title = DetailTexts::tr("Avg Response"),
+        .value = averageText(average),
+        .unit = isMissing ? QString() : QStringLiteral("ms"),
+        .tone = averageTone(average),
+    };
+}
+
+Statistic uptimeStatistic(const QString &title, double share)
+{
+    return {
+        .title = title,
+        .value = statisticUptimeText(share),
+        .unit = QStringLiteral("%"),
+        .tone = uptimeTone(share),
+    };
+}
+
+std::span<const Check> newest(std::span<const Check> history, std::size_t count)
+{
+    return history.last(std::min(count, history.size()));
+}
+
+template<typename List>
+QVariantList variantsOf(const List &values)
+{
+    QVariantList variants;
+    for (const auto &value : values)
+        variants.append(QVariant::fromValue(value));
+    return variants;
+}
+
+} // namespace
+
+QVariantList MonitorDetail::badgeValues() const
+{
+    return variantsOf(badges);
+}
+
+QVariantList MonitorDetail::statisticValues() const
+{
+    return variantsOf(statistics);
+}
+
+MonitorDetail monitorDetail(const Monitor &monitor, const DetailSource &source,
+                            const Viewpoint &viewpoint)
+{
+    const auto &state = source.state;
+    return {
+        .name = monitor.displayName(),
+        .address = addressText(monitor.url),
+        .url = monitor.url,
+        .pillSymbol = statusSymbol(state.status),
+        .pillText = pillWord(state.status),
+        .statusTone = statusTone(state.status),
+        .lastCheckedText = lastCheckedText(state.latestCheck, viewpoint),
+        .badges = detailBadges(monitor, state.latestCheck, viewpoint.now, viewpoint.timeZone),
+        .statistics =
+            {
+                averageStatistic(Milliseconds(source.averageResponse24h)),
+                uptimeStatistic(DetailTexts::tr("Uptime 24h"), state.uptime24h),
+                uptimeStatistic(DetailTexts::tr("Uptime 7d"), source.uptime7d),
+                uptimeStatistic(DetailTexts::tr("Uptime 30d"), source.uptime30d),
+            },
+        .hasRecentChecks = !source.lastDay.empty(),
+        .recentCountText = DetailTexts::tr("%1 in 24h").arg(source.lastDay.size()),
+        .series = responseSeries(source.lastDay),
+        .timeline =
+            uptimeTimeline(newest(source.history, MonitorDetail::timelineChecks), viewpoint.now),
+    };
+}
+
+MonitorDetail monitorDetail(const MonitorStore &store, const Monitor &monitor,
+                            const Viewpoint &viewpoint)
+{
+    const auto lastDay = store.recentChecks(monitor.id, day);
+    return monitorDetail(monitor,
+                         {
+                             .state = monitorState(store, monitor),
+                             .averageResponse24h = store.averageResponseTime(monitor.id, day),
+                             .uptime7d = store.uptime(monitor.id, 7 * day),
+                             .uptime30d = store.uptime(monitor.id, 30 * day),
+                             .lastDay = lastDay,
+                             .history = store.checks(monitor.id),
+                         },
+                         viewpoint);
+}
+
+} // namespace ostrel

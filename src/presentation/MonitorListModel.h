@@ -1,0 +1,84 @@
+#pragma once
+
+#include "MonitorCard.h"
+#include "MonitorRow.h"
+
+#include <QAbstractListModel>
+
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace ostrel {
+
+class MonitorStore;
+
+/// Every monitor as the sidebar and the dashboard show it, in the store's order.
+///
+/// A row is worked out when it is first asked for. A check changes its monitor's row alone; added,
+/// removed and edited monitors are announced as such, never as a reset.
+class MonitorListModel : public QAbstractListModel
+{
+    Q_OBJECT
+
+public:
+    enum Role {
+        monitorIdRole = Qt::UserRole, ///< QUuid
+        urlRole,
+        isEnabledRole,
+        nameRole,
+        addressRole,
+        statusToneRole, ///< Tone
+        isUpRole,
+        isDownRole,
+        isPendingRole,
+        resultTextRole, ///< What stands on the right of the sidebar's row.
+        resultToneRole,
+        uptimeTextRole,
+        spokenTextRole,       ///< The row as one sentence.
+        responseTimeTextRole, ///< On the dashboard's card.
+        cardUptimeTextRole,
+        cardUptimeToneRole,
+    };
+    Q_ENUM(Role)
+
+    /// @p store outlives the model.
+    explicit MonitorListModel(const MonitorStore &store, QObject *parent = nullptr);
+
+    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+
+    /// Works out anew what depends on the time that has passed, for all rows that were shown.
+    Q_INVOKABLE void refresh();
+
+private:
+    struct Shown
+    {
+        MonitorRow row;
+        MonitorCard card;
+
+        bool operator==(const Shown &) const = default;
+    };
+    struct Entry
+    {
+        Monitor monitor = {};
+        std::optional<Shown> shown = {}; ///< Absent until it is asked for.
+    };
+
+    void takeMonitors();
+    void removeEntries(std::ptrdiff_t first, std::ptrdiff_t end);
+    void insertEntries(std::ptrdiff_t first, std::span<const Monitor> monitors);
+    void takeEdit(std::size_t row, const Monitor &monitor);
+    void updateMonitorRows(const QUuid &monitorId);
+    void update(std::size_t row);
+    void announce(std::size_t row);
+    [[nodiscard]] Shown makeShown(const Monitor &monitor) const;
+    [[nodiscard]] const Shown &shownAt(std::size_t row) const;
+
+    const MonitorStore &m_store;
+    /// Mutable for `shown`, which is worked out on demand.
+    mutable std::vector<Entry> m_entries;
+};
+
+} // namespace ostrel

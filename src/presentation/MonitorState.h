@@ -1,0 +1,22 @@
+#pragma once
+
+#include "Check.h"
+#include "Monitor.h"
+
+#include <optional>
+
+namespace ostrel {
+
+class MonitorStore;
+
+/// What a monitor is at the moment, as the store derives it.
+struct MonitorState
+{
+    MonitorStatus status = MonitorStatus::pending;
+    std::optional<Check> latestCheck = {};
+    double uptime24h = 1; ///< A share in 0…1.
+};
+
+[[nodiscard]] MonitorState monitorState(const MonitorStore &store, const Monitor &monitor);
+
+} // namespace ostrel

@@ -1,0 +1,142 @@
+#include "RecentChecksModel.h"
+
+#include "DisplayFormats.h"
+#include "MonitorStore.h"
+#include "StatusTexts.h"
+
+#include <algorithm>
+
+namespace ostrel {
+
+namespace {
+
+std::vector<Check> newestFirst(std::span<const Check> history)
+{
+    const auto newest = history.last(std::min(RecentChecksModel::maxRows, history.size()));
+    return {newest.rbegin(), newest.rend()};
+}
+
+QString codeText(const Check &check)
+{
+    return check.statusCode ? QString::number(*check.statusCode) : QString();
+}
+
+QString resultText(const Check &check)
+{
+    if (check.isUp)
+        return responseTimeText(Milliseconds(check.responseTime));
+    return check.error.value_or(RecentChecksModel::tr("Failed"));
+}
+
+} // namespace
+
+RecentChecksModel::RecentChecksModel(const MonitorStore &store, const QTimeZone &timeZone,
+                                     const QLocale &locale, QObject *parent)
+    : QAbstractListModel(parent)
+    , m_store(store)
+    , m_timeZone(timeZone)
+    , m_locale(locale)
+{
+    connect(&store, &MonitorStore::checksChanged, this, [this](const QUuid &changedId) {
+        if (changedId == m_monitorId)
+            takeChecks();
+    });
+}
+
+void RecentChecksModel::setMonitorId(const QUuid &monitorId)
+{
+    if (m_monitorId == monitorId)
+        return;
+    m_monitorId = monitorId;
+    takeChecks();
+    Q_EMIT monitorIdChanged();
+}
+
+int RecentChecksModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_checks.size());
+}
+
+QVariant RecentChecksModel::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const Check &check = m_checks[static_cast<std::size_t>(index.row())];
+    switch (role) {
+    case isUpRole:
+        return check.isUp;
+    case toneRole:
+        return QVariant::fromValue(check.isUp ? Tone::Up : Tone::Down);
+    case timeTextRole:
+        return timeText(check);
+    case codeTextRole:
+        return codeText(check);
+    case Qt::DisplayRole:
+    case resultTextRole:
+        return resultText(check);
+    case spokenTextRole:
+        return spokenText(check);
+    default:
+        return {};
+    }
+}
+
+QHash<int, QByteArray> RecentChecksModel::roleNames() const
+{
+    return {
+        {isUpRole, "isUp"},
+        {toneRole, "tone"},
+        {timeTextRole, "timeText"},
+        {codeTextRole, "codeText"},
+        {resultTextRole, "resultText"},
+        {spokenTextRole, "spokenText"},
+    };
+}
+
+void RecentChecksModel::takeChecks()
+{
+    const std::vector<Check> checks = newestFirst(m_store.checks(m_monitorId));
+    // New checks push the known ones down. Anything else is another history.
+    const auto known =
+        m_checks.empty() ? checks.end() : std::ranges::find(checks, m_checks.front());
+    const auto kept = std::mismatch(known, checks.end(), m_checks.begin(), m_checks.end());
+    const bool isPushedDown = kept.first == checks.end();
+
+    dropFrom(isPushedDown ? static_cast<std::size_t>(kept.second - m_checks.begin()) : 0);
+    insertAtTop(checks.begin(), isPushedDown ? known : checks.end());
+}
+
+void RecentChecksModel::dropFrom(std::size_t first)
+{
+    if (first == m_checks.size())
+        return;
+    beginRemoveRows({}, static_cast<int>(first), static_cast<int>(m_checks.size()) - 1);
+    m_checks.resize(first);
+    endRemoveRows();
+}
+
+void RecentChecksModel::insertAtTop(std::vector<Check>::const_iterator begin,
+                                    std::vector<Check>::const_iterator end)
+{
+    if (begin == end)
+        return;
+    beginInsertRows({}, 0, static_cast<int>(end - begin) - 1);
+    m_checks.insert(m_checks.begin(), begin, end);
+    endInsertRows();
+}
+
+QString RecentChecksModel::timeText(const Check &check) const
+{
+    return clockTimeText(check.timestamp, m_timeZone, m_locale);
+}
+
+QString RecentChecksModel::spokenText(const Check &check) const
+{
+    const auto status = check.isUp ? MonitorStatus::up : MonitorStatus::down;
+    QStringList parts = {timeText(check), m_locale.toLower(statusWord(status)), codeText(check),
+                         resultText(check)};
+    parts.removeAll(QString());
+    return parts.join(QLatin1String(", "));
+}
+
+} // namespace ostrel

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "Check.h"
+#include "Tone.h"
+
+#include <QAbstractListModel>
+#include <QLocale>
+#include <QTimeZone>
+
+#include <vector>
+
+namespace ostrel {
+
+class MonitorStore;
+
+/// The newest checks of one monitor, the newest first.
+///
+/// A new check is announced as a row at the top and, where the list is full, a removed one at its
+/// end; never as a reset.
+class RecentChecksModel : public QAbstractListModel
+{
+    Q_OBJECT
+    Q_PROPERTY(QUuid monitorId READ monitorId WRITE setMonitorId NOTIFY monitorIdChanged)
+
+public:
+    enum Role {
+        isUpRole = Qt::UserRole,
+        toneRole,       ///< Tone of the dot.
+        timeTextRole,   ///< The time of day.
+        codeTextRole,   ///< HTTP; empty where no response arrived.
+        resultTextRole, ///< The response time, or what went wrong.
+        spokenTextRole, ///< The row as one sentence.
+    };
+    Q_ENUM(Role)
+
+    static constexpr std::size_t maxRows = 20;
+
+    /// @p store outlives the model. Times of day are those of @p timeZone and @p locale.
+    explicit RecentChecksModel(const MonitorStore &store,
+                               const QTimeZone &timeZone = QTimeZone::systemTimeZone(),
+                               const QLocale &locale = QLocale(), QObject *parent = nullptr);
+
+    [[nodiscard]] QUuid monitorId() const { return m_monitorId; }
+    /// A null or unknown id gives an empty list.
+    void setMonitorId(const QUuid &monitorId);
+
+    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+
+Q_SIGNALS:
+    void monitorIdChanged();
+
+private:
+    void takeChecks();
+    void dropFrom(std::size_t first);
+    void insertAtTop(std::vector<Check>::const_iterator begin,
+                     std::vector<Check>::const_iterator end);
+    [[nodiscard]] QString timeText(const Check &check) const;
+    [[nodiscard]] QString spokenText(const Check &check) const;
+
+    const MonitorStore &m_store;
+    QTimeZone m_timeZone;
+    QLocale m_locale;
+    QUuid m_monitorId;
+    std::vector<Check> m_checks; ///< Newest first.
+};
+
+} // namespace ostrel

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "CatmullRom.h"
+#include "ResponseSeries.h"
+
+#include <QLocale>
+#include <QPointF>
+#include <QRectF>
+#include <QSizeF>
+#include <QString>
+#include <QTimeZone>
+
+#include <functional>
+#include <vector>
+
+namespace ostrel {
+
+/// How large the labels of a chart are, in device-independent pixels.
+struct LabelMetrics
+{
+    std::function<double(const QString &)> width;
+    double capHeight;
+};
+
+/// A text and the left end of its baseline.
+struct ChartLabel
+{
+    QString text;
+    QPointF position;
+
+    bool operator==(const ChartLabel &) const = default;
+};
+
+/// Where everything in the body of a response-time chart stands, in device-independent pixels from
+/// its top left corner. Empty where there is no line to draw.
+struct ResponseChart
+{
+    static constexpr double lineWidth = 2.5;
+
+    QRectF plot = {};
+    std::vector<QPointF> points = {}; ///< Of the series.
+    /// From the first point through all others. Empty where they are nearer to each other than
+    /// the line is wide: there it is only seen as a band.
+    std::vector<BezierSegment> curve = {};
+    std::vector<QPointF> band = {};       ///< The outline of the line where there is no curve.
+    std::vector<QPointF> marks = {};      ///< The centres of the discs.
+    std::vector<double> horizontals = {}; ///< The grid lines' ordinates.
+    std::vector<double> verticals = {};   ///< The grid lines' abscissas.
+    std::vector<ChartLabel> labels = {};
+    double highest = 0; ///< The ordinate of the series' highest point.
+
+    [[nodiscard]] bool isEmpty() const { return points.empty(); }
+};
+
+/// The chart of @p series in a body of @p size. Labels never overlap and never leave the body:
+/// those that would are left out.
+[[nodiscard]] ResponseChart responseChart(const ResponseSeries &series, QSizeF size,
+                                          const LabelMetrics &metrics, const QTimeZone &timeZone,
+                                          const QLocale &locale);
+
+} // namespace ostrel

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QColor>
+#include <QRectF>
+#include <QSizeF>
+
+#include <vector>
+
+class QPainter;
+
+namespace ostrel {
+
+/// The colours of an uptime strip.
+struct StripStyle
+{
+    QColor up = {};
+    QColor down = {};
+    QColor empty = {}; ///< Of the strip before the first check.
+};
+
+/// Where @p count bars that share a row of @p size stand. Widths are not rounded.
+[[nodiscard]] std::vector<QRectF> stripBars(std::size_t count, QSizeF size);
+
+/// Draws @p bars, each up or down, in a row of @p size with round corners; an empty row where there
+/// are none.
+void paintUptimeStrip(QPainter &painter, const std::vector<bool> &bars, QSizeF size,
+                      const StripStyle &style);
+
+} // namespace ostrel

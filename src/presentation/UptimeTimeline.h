@@ -1,0 +1,48 @@
+#pragma once
+
+#include "Check.h"
+#include "Tone.h"
+
+#include <QMetaType>
+#include <QString>
+
+#include <span>
+#include <vector>
+
+namespace ostrel {
+
+/// A monitor's history as a strip of bars, with what stands around it.
+struct UptimeTimeline
+{
+    Q_GADGET
+    Q_PROPERTY(bool isEmpty READ isEmpty)
+    Q_PROPERTY(QString percentageText MEMBER percentageText)
+    Q_PROPERTY(ostrel::Tones::Tone percentageTone MEMBER percentageTone)
+    Q_PROPERTY(QString ageText MEMBER ageText)
+    Q_PROPERTY(QString spokenText MEMBER spokenText)
+
+public:
+    /// The most bars of a strip.
+    static constexpr std::size_t maxBars = 90;
+
+    std::vector<bool> bars = {}; ///< Whether each sampled check was up, oldest first.
+    QString percentageText = {}; ///< Of all checks, not only of the sampled ones; empty for none.
+    Tone percentageTone = Tone::Muted;
+    QString ageText = {};    ///< The age of the oldest check.
+    QString spokenText = {}; ///< The whole as one sentence.
+
+    [[nodiscard]] bool isEmpty() const { return bars.empty(); }
+    bool operator==(const UptimeTimeline &) const = default;
+};
+
+/// @p checks may be in any order.
+[[nodiscard]] UptimeTimeline uptimeTimeline(std::span<const Check> checks, Timestamp now);
+
+/// Which checks of @p count, sorted oldest first, get a bar: each one up to the most bars, and
+/// beyond that every n-th, counted from the oldest.
+[[nodiscard]] std::vector<std::size_t> sampledIndices(std::size_t count);
+
+/// "< 1 hour ago", "5h ago", "3d ago".
+[[nodiscard]] QString ageText(Timestamp oldest, Timestamp now);
+
+} // namespace ostrel

@@ -1,0 +1,48 @@
+#include "UptimeTimelineView.h"
+
+#include "SpokenGraphic.h"
+
+namespace ostrel {
+
+UptimeTimelineView::UptimeTimelineView(QQuickItem *parent)
+    : QQuickPaintedItem(parent)
+{
+}
+
+void UptimeTimelineView::setTimeline(const UptimeTimeline &timeline)
+{
+    if (m_timeline == timeline)
+        return;
+    m_timeline = timeline;
+    update();
+    speak();
+    Q_EMIT timelineChanged();
+}
+
+void UptimeTimelineView::paint(QPainter *painter)
+{
+    paintUptimeStrip(*painter, m_timeline.bars, size(), m_style);
+}
+
+void UptimeTimelineView::componentComplete()
+{
+    QQuickPaintedItem::componentComplete();
+    speak();
+}
+
+void UptimeTimelineView::setStyle(QColor &member, const QColor &color)
+{
+    if (member == color)
+        return;
+    member = color;
+    update();
+    Q_EMIT styleChanged();
+}
+
+void UptimeTimelineView::speak()
+{
+    if (isComponentComplete())
+        speakAsGraphic(*this, m_timeline.spokenText);
+}
+
+} // namespace ostrel

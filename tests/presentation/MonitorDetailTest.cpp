@@ -1,0 +1,98 @@
+#include "MonitorDetail.h"
+
+#include "PresentationSamples.h"
+#include "Printers.h"
+
+#include <gtest/gtest.h>
+
+namespace ostrel::test {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+class MonitorDetailTest : public testing::Test
+{
+protected:
+    MonitorDetail detailOf(const Monitor &monitor)
+    {
+        return monitorDetail(m_sample.store, monitor,
+                             {m_sample.now, QTimeZone("UTC"), QLocale(QStringLiteral("en_US"))});
+    }
+    static QString textOf(const Statistic &statistic)
+    {
+        return statistic.title + QLatin1Char('=') + statistic.value + statistic.unit;
+    }
+
+    SampleStore m_sample;
+};
+
+} // namespace
+
+TEST_F(MonitorDetailTest, MonitorAddedAMomentAgoIsPendingAndEmpty)
+{
+    const auto detail = detailOf(m_sample.add(sampleMonitor()));
+    EXPECT_EQ(detail.pillText, QStringLiteral("PENDING"));
+    EXPECT_EQ(detail.pillSymbol, QStringLiteral("circle.dotted.circle"));
+    EXPECT_EQ(detail.lastCheckedText, QString());
+    EXPECT_EQ(textOf(detail.statistics[0]), QStringLiteral("Avg Response=--"));
+    EXPECT_EQ(detail.statistics[0].tone, Tone::Secondary);
+    EXPECT_EQ(textOf(detail.statistics[1]), QStringLiteral("Uptime 24h=100%"));
+    EXPECT_EQ(textOf(detail.statistics[2]), QStringLiteral("Uptime 7d=100%"));
+    EXPECT_EQ(textOf(detail.statistics[3]), QStringLiteral("Uptime 30d=100%"));
+    EXPECT_FALSE(detail.hasRecentChecks);
+    EXPECT_EQ(detail.recentCountText, QStringLiteral("0 in 24h"));
+    EXPECT_TRUE(detail.timeline.isEmpty());
+    EXPECT_TRUE(detail.badges.isEmpty());
+}
+
+TEST_F(MonitorDetailTest, PausedMonitorHasTheMoonWhateverItsLastCheckWas)
+{
+    Monitor monitor = sampleMonitor();
+    monitor.isEnabled = false;
+    m_sample.add(monitor, {downCheck(monitor, sampleNow() - 2min)});
+    const auto detail = detailOf(monitor);
+    EXPECT_EQ(detail.pillText, QStringLiteral("PAUSED"));
+    EXPECT_EQ(detail.pillSymbol, QStringLiteral("moon.circle.fill"));
+    EXPECT_EQ(detail.statusTone, Tone::Muted);
+    EXPECT_EQ(detail.lastCheckedText, QStringLiteral("Last checked 2 minutes ago"));
+}
+
+TEST_F(MonitorDetailTest, StatisticsCoverTheirWindows)
+{
+    const Monitor monitor = sampleMonitor();
+    m_sample.add(monitor, {downCheck(monitor, sampleNow() - 20 * 24h),
+                           downCheck(monitor, sampleNow() - 3 * 24h),
+                           upCheck(monitor, sampleNow() - 2h, 200),
+                           upCheck(monitor, sampleNow() - 1h, 400)});
+    const auto detail = detailOf(monitor);
+    EXPECT_EQ(textOf(detail.statistics[0]), QStringLiteral("Avg Response=300ms"));
+    EXPECT_EQ(detail.statistics[0].tone, Tone::Warning);
+    EXPECT_EQ(textOf(detail.statistics[1]), QStringLiteral("Uptime 24h=100%"));
+    EXPECT_EQ(textOf(detail.statistics[2]), QStringLiteral("Uptime 7d=66.7%"));
+    EXPECT_EQ(textOf(detail.statistics[3]), QStringLiteral("Uptime 30d=50.0%"));
+    EXPECT_EQ(detail.statistics[3].tone, Tone::Down);
+    EXPECT_EQ(detail.recentCountText, QStringLiteral("2 in 24h"));
+    EXPECT_EQ(detail.series.newestText(), QStringLiteral("400 ms"));
+    EXPECT_EQ(detail.timeline.bars, (std::vector{false, false, true, true}));
+}
+
+TEST_F(MonitorDetailTest, TimelineIsMadeFromTheNewest200Checks)
+{
+    const Monitor monitor = sampleMonitor();
+    auto checks = upChecks(monitor, 201, sampleNow());
+    checks[0].isUp = false;
+    const auto detail = monitorDetail(monitor, {.history = checks}, {sampleNow()});
+    EXPECT_EQ(detail.timeline.percentageText, QStringLiteral("100.00%"));
+    EXPECT_EQ(detail.timeline.bars.size(), 90U);
+}
+
+TEST_F(MonitorDetailTest, ListsReachQmlAsValues)
+{
+    const auto detail = detailOf(m_sample.add(sampleMonitor()));
+    ASSERT_EQ(detail.statisticValues().size(), 4);
+    EXPECT_EQ(detail.statisticValues().at(0).value<Statistic>().title,
+              QStringLiteral("Avg Response"));
+}
+
+} // namespace ostrel::test

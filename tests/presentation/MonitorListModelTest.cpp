@@ -1,0 +1,182 @@
+#include "MonitorListModel.h"
+
+#include "PresentationSamples.h"
+#include "Printers.h"
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+namespace ostrel::test {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+class MonitorListModelTest : public testing::Test
+{
+protected:
+    ~MonitorListModelTest() override { EXPECT_TRUE(m_reset.isEmpty()); }
+
+    QList<Monitor> addMonitors()
+    {
+        return {m_sample.add(sampleMonitor(QStringLiteral("A"))),
+                m_sample.add(sampleMonitor(QStringLiteral("B"))),
+                m_sample.add(sampleMonitor(QStringLiteral("C")))};
+    }
+    QString text(int row, int role) const { return m_model.index(row).data(role).toString(); }
+    QString names() const
+    {
+        QString all;
+        for (int row = 0; row < m_model.rowCount(); ++row)
+            all += text(row, MonitorListModel::nameRole);
+        return all;
+    }
+    /// "first-last" of each announcement.
+    static QString rowsOf(const QSignalSpy &spy)
+    {
+        QStringList rows;
+        for (const auto &arguments : spy)
+            rows += QStringLiteral("%1-%2").arg(arguments[1].toInt()).arg(arguments[2].toInt());
+        return rows.join(QLatin1Char(' '));
+    }
+    QString changedRows() const
+    {
+        QStringList rows;
+        for (const auto &arguments : m_changed)
+            rows += QString::number(arguments[0].toModelIndex().row());
+        return rows.join(QLatin1Char(' '));
+    }
+
+    SampleStore m_sample;
+    QList<Monitor> m_monitors = addMonitors();
+    MonitorListModel m_model{m_sample.store};
+    QAbstractItemModelTester m_tester{&m_model,
+                                      QAbstractItemModelTester::FailureReportingMode::Fatal};
+    QSignalSpy m_inserted{&m_model, &QAbstractItemModel::rowsInserted};
+    QSignalSpy m_removed{&m_model, &QAbstractItemModel::rowsRemoved};
+    QSignalSpy m_changed{&m_model, &QAbstractItemModel::dataChanged};
+    QSignalSpy m_reset{&m_model, &QAbstractItemModel::modelReset};
+};
+
+} // namespace
+
+TEST_F(MonitorListModelTest, KeepsTheStoresOrder)
+{
+    EXPECT_EQ(names(), QStringLiteral("ABC"));
+}
+
+TEST_F(MonitorListModelTest, EveryRoleHasANameAndAValue)
+{
+    const Monitor &monitor = m_monitors[0];
+    m_sample.store.addCheck(upCheck(monitor, sampleNow(), 245));
+    QStringList values;
+    const auto roles = m_model.roleNames();
+    for (int role = MonitorListModel::monitorIdRole; roles.contains(role); ++role) {
+        const QVariant value = m_model.index(0).data(role);
+        EXPECT_TRUE(value.isValid()) << roles[role].toStdString();
+        if (role != MonitorListModel::monitorIdRole)
+            values += QString::fromLatin1(roles[role]) + QLatin1Char('=') +
+                      (value.metaType() == QMetaType::fromType<Tone>()
+                           ? QString::number(int(value.value<Tone>()))
+                           : value.toString());
+    }
+    EXPECT_EQ(values.join(QLatin1Char('\n')),
+              QStringLiteral("url=https://shop.example/cart/\n"
+                             "isEnabled=true\n"
+                             "name=A\n"
+                             "address=shop.example/cart\n"
+                             "statusTone=0\n"
+                             "isUp=true\n"
+                             "isDown=false\n"
+                             "isPending=false\n"
+                             "resultText=245ms\n"
+                             "resultTone=0\n"
+                             "uptimeText=100%\n"
+                             "spokenText=A, up, 245 ms, 24-hour uptime 100%\n"
+                             "responseTimeText=245 ms\n"
+                             "cardUptimeText=100.0%\n"
+                             "cardUptimeTone=0"));
+    EXPECT_EQ(m_model.index(0).data(MonitorListModel::monitorIdRole).toUuid(), monitor.id);
+}
+
+TEST_F(MonitorListModelTest, ACheckChangesOnlyItsMonitorsRow)
+{
+    EXPECT_EQ(text(1, MonitorListModel::resultTextRole), QString());
+    EXPECT_EQ(text(2, MonitorListModel::resultTextRole), QString());
+    m_sample.store.addCheck(upCheck(m_monitors[1], sampleNow(), 99));
+    EXPECT_EQ(changedRows(), QStringLiteral("1"));
+    EXPECT_EQ(text(1, MonitorListModel::resultTextRole), QStringLiteral("99ms"));
+}
+
+TEST_F(MonitorListModelTest, ACheckOfAnUnknownMonitorChangesNothing)
+{
+    names();
+    m_sample.store.addCheck(upCheck(sampleMonitor(), sampleNow()));
+    EXPECT_EQ(changedRows(), QString());
+}
+
+TEST_F(MonitorListModelTest, AddedMonitorIsInsertedAtTheEnd)
+{
+    m_sample.add(sampleMonitor(QStringLiteral("D")));
+    EXPECT_EQ(rowsOf(m_inserted), QStringLiteral("3-3"));
+    EXPECT_TRUE(m_removed.isEmpty());
+    EXPECT_EQ(names(), QStringLiteral("ABCD"));
+}
+
+TEST_F(MonitorListModelTest, DeletedMonitorIsRemoved)
+{
+    m_sample.store.deleteMonitor(m_monitors[1].id);
+    EXPECT_EQ(rowsOf(m_removed), QStringLiteral("1-1"));
+    EXPECT_TRUE(m_inserted.isEmpty());
+    EXPECT_EQ(names(), QStringLiteral("AC"));
+}
+
+TEST_F(MonitorListModelTest, LastMonitorDeletedLeavesNothing)
+{
+    for (const Monitor &monitor : m_monitors)
+        m_sample.store.deleteMonitor(monitor.id);
+    EXPECT_EQ(m_model.rowCount(), 0);
+}
+
+TEST_F(MonitorListModelTest, EditedMonitorChangesInPlace)
+{
+    EXPECT_EQ(names(), QStringLiteral("ABC"));
+    Monitor edited = m_monitors[2];
+    edited.name = QStringLiteral("Z");
+    m_sample.store.updateMonitor(edited);
+    EXPECT_EQ(changedRows(), QStringLiteral("2"));
+    EXPECT_TRUE(m_inserted.isEmpty());
+    EXPECT_TRUE(m_removed.isEmpty());
+    EXPECT_EQ(names(), QStringLiteral("ABZ"));
+}
+
+TEST_F(MonitorListModelTest, PausingChangesTheRow)
+{
+    m_sample.store.addCheck(upCheck(m_monitors[0], sampleNow()));
+    EXPECT_TRUE(m_model.index(0).data(MonitorListModel::isUpRole).toBool());
+    Monitor paused = m_monitors[0];
+    paused.isEnabled = false;
+    m_sample.store.updateMonitor(paused);
+    EXPECT_FALSE(m_model.index(0).data(MonitorListModel::isUpRole).toBool());
+    EXPECT_FALSE(m_model.index(0).data(MonitorListModel::isEnabledRole).toBool());
+}
+
+TEST_F(MonitorListModelTest, RefreshAnnouncesWhatTimeHasChanged)
+{
+    m_sample.store.addCheck(downCheck(m_monitors[0], sampleNow()));
+    m_sample.store.addCheck(upCheck(m_monitors[0], sampleNow() + 1h));
+    EXPECT_EQ(text(0, MonitorListModel::uptimeTextRole), QStringLiteral("50.0%"));
+    EXPECT_EQ(text(1, MonitorListModel::uptimeTextRole), QStringLiteral("100%"));
+    m_changed.clear();
+
+    m_model.refresh();
+    EXPECT_EQ(changedRows(), QString());
+    m_sample.now += 24h + 30min;
+    m_model.refresh();
+    EXPECT_EQ(changedRows(), QStringLiteral("0"));
+    EXPECT_EQ(text(0, MonitorListModel::uptimeTextRole), QStringLiteral("100%"));
+}
+
+} // namespace ostrel::test

@@ -1,0 +1,130 @@
+#include "RecentChecksModel.h"
+
+#include "PresentationSamples.h"
+#include "Printers.h"
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+namespace ostrel::test {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+class RecentChecksModelTest : public testing::Test
+{
+protected:
+    ~RecentChecksModelTest() override { EXPECT_TRUE(m_reset.isEmpty()); }
+
+    /// A monitor with @p count checks whose response times are 100, 101, …
+    Monitor addWithChecks(int count)
+    {
+        const Monitor monitor = sampleMonitor();
+        return m_sample.add(monitor, upChecks(monitor, count, sampleNow()));
+    }
+    QString text(int row, int role = RecentChecksModel::resultTextRole) const
+    {
+        return m_model.index(row).data(role).toString();
+    }
+
+    SampleStore m_sample;
+    RecentChecksModel m_model{m_sample.store, QTimeZone("UTC"), QLocale(QStringLiteral("en_US"))};
+    QAbstractItemModelTester m_tester{&m_model,
+                                      QAbstractItemModelTester::FailureReportingMode::Fatal};
+    QSignalSpy m_inserted{&m_model, &QAbstractItemModel::rowsInserted};
+    QSignalSpy m_removed{&m_model, &QAbstractItemModel::rowsRemoved};
+    QSignalSpy m_reset{&m_model, &QAbstractItemModel::modelReset};
+};
+
+} // namespace
+
+TEST_F(RecentChecksModelTest, IsEmptyWithoutAMonitorAndWithoutChecks)
+{
+    EXPECT_EQ(m_model.rowCount(), 0);
+    m_model.setMonitorId(addWithChecks(0).id);
+    EXPECT_EQ(m_model.rowCount(), 0);
+}
+
+TEST_F(RecentChecksModelTest, Of25ChecksShowsTheNewest20NewestFirst)
+{
+    m_model.setMonitorId(addWithChecks(25).id);
+    ASSERT_EQ(m_model.rowCount(), 20);
+    EXPECT_EQ(text(0), QStringLiteral("124 ms"));
+    EXPECT_EQ(text(19), QStringLiteral("105 ms"));
+}
+
+TEST_F(RecentChecksModelTest, NewCheckPushesTheOthersDown)
+{
+    const Monitor monitor = addWithChecks(25);
+    m_model.setMonitorId(monitor.id);
+    m_inserted.clear();
+    m_sample.store.addCheck(upCheck(monitor, sampleNow() + 1min, 999));
+    ASSERT_EQ(m_inserted.size(), 1);
+    EXPECT_EQ(m_inserted[0][1].toInt(), 0);
+    EXPECT_EQ(m_inserted[0][2].toInt(), 0);
+    ASSERT_EQ(m_removed.size(), 1);
+    EXPECT_EQ(m_removed[0][1].toInt(), 19);
+    EXPECT_EQ(m_removed[0][2].toInt(), 19);
+    EXPECT_EQ(text(0), QStringLiteral("999 ms"));
+    EXPECT_EQ(text(19), QStringLiteral("106 ms"));
+}
+
+TEST_F(RecentChecksModelTest, ShortListOnlyGrows)
+{
+    const Monitor monitor = addWithChecks(3);
+    m_model.setMonitorId(monitor.id);
+    m_sample.store.addCheck(upCheck(monitor, sampleNow() + 1min, 999));
+    EXPECT_EQ(m_model.rowCount(), 4);
+    EXPECT_TRUE(m_removed.isEmpty());
+}
+
+TEST_F(RecentChecksModelTest, ChecksOfOtherMonitorsChangeNothing)
+{
+    m_model.setMonitorId(addWithChecks(3).id);
+    m_inserted.clear();
+    addWithChecks(2);
+    EXPECT_TRUE(m_inserted.isEmpty());
+}
+
+TEST_F(RecentChecksModelTest, AnotherMonitorReplacesTheRows)
+{
+    m_model.setMonitorId(addWithChecks(5).id);
+    m_model.setMonitorId(addWithChecks(2).id);
+    EXPECT_EQ(m_model.rowCount(), 2);
+}
+
+TEST_F(RecentChecksModelTest, DeletedMonitorLeavesNothing)
+{
+    const Monitor monitor = addWithChecks(5);
+    m_model.setMonitorId(monitor.id);
+    m_sample.store.deleteMonitor(monitor.id);
+    EXPECT_EQ(m_model.rowCount(), 0);
+}
+
+TEST_F(RecentChecksModelTest, RowTellsTimeCodeAndResult)
+{
+    m_model.setMonitorId(addWithChecks(1).id);
+    EXPECT_TRUE(m_model.index(0).data(RecentChecksModel::isUpRole).toBool());
+    EXPECT_EQ(m_model.index(0).data(RecentChecksModel::toneRole).value<Tone>(), Tone::Up);
+    EXPECT_EQ(text(0, RecentChecksModel::timeTextRole), QStringLiteral("3:42 PM"));
+    EXPECT_EQ(text(0, RecentChecksModel::codeTextRole), QStringLiteral("200"));
+    EXPECT_EQ(text(0, RecentChecksModel::spokenTextRole),
+              QStringLiteral("3:42 PM, up, 200, 100 ms"));
+}
+
+TEST_F(RecentChecksModelTest, DownRowTellsItsErrorOrFailed)
+{
+    const Monitor monitor = sampleMonitor();
+    m_sample.add(monitor, {downCheck(monitor, sampleNow() - 1min),
+                           downCheck(monitor, sampleNow(), QStringLiteral("HTTP 503"))});
+    m_model.setMonitorId(monitor.id);
+    EXPECT_EQ(text(0), QStringLiteral("HTTP 503"));
+    EXPECT_EQ(text(1), QStringLiteral("Failed"));
+    EXPECT_EQ(text(1, RecentChecksModel::codeTextRole), QString());
+    EXPECT_EQ(m_model.index(0).data(RecentChecksModel::toneRole).value<Tone>(), Tone::Down);
+}
+
+} // namespace ostrel::test
