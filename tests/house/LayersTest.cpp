@@ -29,9 +29,11 @@ const QHash<QString, QStringList> &allowedFolders()
         {QStringLiteral("engine"),
          {QStringLiteral("model"), QStringLiteral("store"), QStringLiteral("net"),
           QStringLiteral("notify")}},
+        {QStringLiteral("icons"), {QStringLiteral("model"), QStringLiteral("net")}},
         {QStringLiteral("platform"), {QStringLiteral("notify"), QStringLiteral("engine")}},
         {QStringLiteral("cli"), belowPlatform},
-        {QStringLiteral("ui"), belowPlatform + QStringList{QStringLiteral("platform")}},
+        {QStringLiteral("ui"),
+         belowPlatform + QStringList{QStringLiteral("icons"), QStringLiteral("platform")}},
     };
     return folders;
 }
