@@ -55,15 +55,13 @@ QFuture<QImage> FaviconService::icon(const QString &address)
 QFuture<QImage> FaviconService::search(const QString &domain)
 {
     auto *search = new IconSearch(domain, m_cacheDir, m_fetch, this);
-    const auto result = search->start().then(this, [this, domain, search](const QImage &icon) {
+    connect(search, &IconSearch::finished, this, [this, domain, search](const QImage &icon) {
         m_inFlight.remove(domain);
         if (!icon.isNull())
             m_memoryCache.insert(domain, new QImage(icon), icon.sizeInBytes());
         search->deleteLater();
-        return icon;
     });
-    m_inFlight.insert(domain, result);
-    return result;
+    return *m_inFlight.insert(domain, search->start());
 }
 
 QFuture<std::optional<QString>> FaviconService::pageTitle(const QString &address)

@@ -2,6 +2,7 @@
 
 #include "IconSources.h"
 #include "PageIcon.h"
+#include "WhenFinished.h"
 
 #include <QThreadPool>
 
@@ -39,21 +40,21 @@ IconSearch::IconSearch(QString domain, IconFolder folder, Fetch fetch, QObject *
 QFuture<QImage> IconSearch::start()
 {
     m_promise.start();
-    QMetaObject::invokeMethod(this, &IconSearch::readFolder, Qt::QueuedConnection);
+    readFolder();
     return m_promise.future();
 }
 
 void IconSearch::readFolder()
 {
-    QtFuture::makeReadyFuture()
-        .then(QThreadPool::globalInstance(),
-              [domain = m_domain, folder = m_folder] { return folder.read(domain); })
-        .then(this, [this](const QImage &icon) {
-            if (icon.isNull())
-                fetchHomePage();
-            else
-                finish(icon);
-        });
+    const auto icon = QtFuture::makeReadyFuture().then(
+        QThreadPool::globalInstance(),
+        [domain = m_domain, folder = m_folder] { return folder.read(domain); });
+    whenFinished(icon, this, [this](const QImage &kept) {
+        if (kept.isNull())
+            fetchHomePage();
+        else
+            finish(kept);
+    });
 }
 
 void IconSearch::fetchHomePage()
@@ -63,15 +64,13 @@ void IconSearch::fetchHomePage()
         tryNextAddress();
         return;
     }
-    m_fetch(*request)
-        .then(QThreadPool::globalInstance(),
-              [domain = m_domain](const HttpResult &result) {
-                  return iconAddressesIn(result, domain);
-              })
-        .then(this, [this](const QStringList &addresses) {
-            m_addresses = addresses + m_addresses;
-            tryNextAddress();
-        });
+    const auto addresses = m_fetch(*request).then(
+        QThreadPool::globalInstance(),
+        [domain = m_domain](const HttpResult &result) { return iconAddressesIn(result, domain); });
+    whenFinished(addresses, this, [this](const QStringList &named) {
+        m_addresses = named + m_addresses;
+        tryNextAddress();
+    });
 }
 
 void IconSearch::tryNextAddress()
@@ -80,26 +79,30 @@ void IconSearch::tryNextAddress()
         finish({});
         return;
     }
-    const auto request = plainGet(m_addresses.takeFirst());
-    if (!request) {
+    if (const auto request = plainGet(m_addresses.takeFirst()))
+        fetchPicture(*request);
+    else
         tryNextAddress();
-        return;
-    }
-    m_fetch(*request)
-        .then(QThreadPool::globalInstance(),
-              [domain = m_domain, folder = m_folder](const HttpResult &result) {
-                  return keepPictureIn(result, domain, folder);
-              })
-        .then(this, [this](const QImage &icon) {
-            if (icon.isNull())
-                tryNextAddress();
-            else
-                finish(icon);
-        });
+}
+
+void IconSearch::fetchPicture(const HttpRequest &request)
+{
+    const auto icon =
+        m_fetch(request).then(QThreadPool::globalInstance(),
+                              [domain = m_domain, folder = m_folder](const HttpResult &result) {
+                                  return keepPictureIn(result, domain, folder);
+                              });
+    whenFinished(icon, this, [this](const QImage &picture) {
+        if (picture.isNull())
+            tryNextAddress();
+        else
+            finish(picture);
+    });
 }
 
 void IconSearch::finish(const QImage &icon)
 {
+    Q_EMIT finished(icon);
     m_promise.addResult(icon);
     m_promise.finish();
 }

@@ -25,10 +25,15 @@ public:
     /// cancelled where the search is destroyed before its end.
     [[nodiscard]] QFuture<QImage> start();
 
+Q_SIGNALS:
+    /// Just before the future finishes.
+    void finished(const QImage &icon);
+
 private:
     void readFolder();
     void fetchHomePage();
     void tryNextAddress();
+    void fetchPicture(const HttpRequest &request);
     void finish(const QImage &icon);
 
     const QString m_domain;
