@@ -8,6 +8,7 @@
 #include <QImageReader>
 #include <QPainter>
 #include <QSvgRenderer>
+#include <QtEndian>
 
 namespace ostrel {
 
@@ -68,6 +69,17 @@ QImage readPixels(QByteArray bytes, const QByteArray &format)
     if (!isModestSize(reader.size()))
         return {};
     return pixelsOf(reader.read());
+}
+
+/// Before its first frame a GIF names the size of its canvas, which need not be the frame's.
+QImage decodeGif(const QByteArray &gif)
+{
+    constexpr qsizetype canvasOffset = 6;
+    if (gif.size() < canvasOffset + 4)
+        return {};
+    const QSize canvas(qFromLittleEndian<quint16>(gif.constData() + canvasOffset),
+                       qFromLittleEndian<quint16>(gif.constData() + canvasOffset + 2));
+    return isModestSize(canvas) ? readPixels(gif, QByteArrayLiteral("gif")) : QImage();
 }
 
 QImage decodePng(const QByteArray &png)
@@ -133,7 +145,7 @@ QImage decodePicture(const QByteArray &bytes)
     case PictureFormat::jpeg:
         return decodeJpeg(bytes);
     case PictureFormat::gif:
-        return readPixels(bytes, QByteArrayLiteral("gif"));
+        return decodeGif(bytes);
     case PictureFormat::webp:
         return readPixels(bytes, QByteArrayLiteral("webp"));
     case PictureFormat::svg:
