@@ -25,7 +25,7 @@ class FaviconService : public QObject
 public:
     /// How much memory the icons may take, in bytes. The least recently used go first; they are
     /// still on disk. Has room for a thousand icons of 64 by 64 pixels, or one of the largest.
-    static constexpr qsizetype memoryLimit = 16 * 1024 * 1024;
+    static constexpr qsizetype memoryLimit = qsizetype(16) * 1024 * 1024;
 
     /// Keeps its files in @p cacheDir, which is made if it is missing. What @p fetch stands for
     /// outlives the service.

@@ -17,7 +17,7 @@ namespace {
 /// The bytes of a file name on every file system that we know.
 constexpr qsizetype longestFileName = 255;
 /// More than the largest picture takes as PNG.
-constexpr qint64 largestFile = 32 * 1024 * 1024;
+constexpr qint64 largestFile = qint64(32) * 1024 * 1024;
 constexpr auto privateFile = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
 constexpr auto privateFolder = privateFile | QFileDevice::ExeOwner;
 

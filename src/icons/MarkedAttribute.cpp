@@ -1,7 +1,7 @@
 #include "MarkedAttribute.h"
 
 #include <algorithm>
-#include <ranges>
+#include <span>
 #include <vector>
 
 namespace ostrel {
@@ -99,8 +99,7 @@ private:
         return marker != m_markers.end() && marker->end <= range.end;
     }
 
-    [[nodiscard]] std::ranges::subrange<std::vector<Value>::const_iterator>
-    valuesOf(const Span &run) const
+    [[nodiscard]] std::span<const Value> valuesOf(const Span &run) const
     {
         const auto begin = [](const Value &value) { return value.opening.begin; };
         return {firstFrom(m_values, run.begin, begin), firstFrom(m_values, run.end, begin)};
@@ -119,10 +118,11 @@ private:
     /// in the same run.
     [[nodiscard]] const Value *valueBeforeMarker(const Span &run) const
     {
-        for (const Value &value : valuesOf(run) | std::views::reverse) {
-            const qsizetype closingQuoteEnd = value.content.end + 1;
+        const auto values = valuesOf(run);
+        for (auto value = values.rbegin(); value != values.rend(); ++value) {
+            const qsizetype closingQuoteEnd = value->content.end + 1;
             if (hasMarker({closingQuoteEnd, closerFrom(closingQuoteEnd)}))
-                return &value;
+                return &*value;
         }
         return nullptr;
     }

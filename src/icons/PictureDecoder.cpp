@@ -1,6 +1,7 @@
 #include "PictureDecoder.h"
 
 #include "IcoFile.h"
+#include "PaintingEstimate.h"
 #include "PngChunks.h"
 #include "SafeSvg.h"
 
@@ -117,6 +118,15 @@ QSize drawnSize(const QSize &natural)
         .expandedTo(QSize(1, 1));
 }
 
+bool isModestWork(QSvgRenderer &renderer, const QSize &size)
+{
+    constexpr double mostWork = 2e6;
+    PaintingEstimate estimate(size);
+    QPainter painter(&estimate);
+    renderer.render(&painter, QRectF(QPointF(), size));
+    return estimate.work() <= mostWork;
+}
+
 QImage decodeSvg(const QByteArray &svg)
 {
     const auto safe = safeSvg(svg);
@@ -126,7 +136,10 @@ QImage decodeSvg(const QByteArray &svg)
     if (!renderer.isValid() || renderer.defaultSize().isEmpty())
         return {};
 
-    QImage image(drawnSize(renderer.defaultSize()), QImage::Format_ARGB32_Premultiplied);
+    const QSize size = drawnSize(renderer.defaultSize());
+    if (!isModestWork(renderer, size))
+        return {};
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     renderer.render(&painter);

@@ -12,7 +12,7 @@ namespace {
 using namespace std::chrono_literals;
 
 /// Addresses come from pages, which may hold whole pictures where an address is expected.
-constexpr qsizetype longestAddress = 8 * 1024;
+constexpr qsizetype longestAddress = 8192;
 constexpr qsizetype smallestPicture = 51;
 
 bool isWebAddress(const QUrl &url)

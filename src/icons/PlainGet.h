@@ -16,7 +16,7 @@ using Fetch = std::function<QFuture<HttpResult>(const HttpRequest &)>;
 
 /// How much of an answer is read, in bytes after decoding. A page is cut there; a picture that is
 /// larger is refused.
-inline constexpr qsizetype answerLimit = 2 * 1024 * 1024;
+inline constexpr qsizetype answerLimit = qsizetype(2) * 1024 * 1024;
 
 /// A GET of @p address as a plain client sends it, within 8 seconds. Nothing where the address is
 /// no URL of http or https, or is longer than any server takes.

@@ -8,8 +8,8 @@ namespace ostrel {
 
 namespace {
 
-constexpr qsizetype largestFile = 256 * 1024;
-constexpr qsizetype largestStyleSheet = 16 * 1024;
+constexpr qsizetype largestFile = qsizetype(256) * 1024;
+constexpr qsizetype largestStyleSheet = 4096;
 constexpr int mostElements = 4096;
 constexpr int deepestLevel = 32;
 const QLatin1String svgNamespace("http://www.w3.org/2000/svg");

@@ -239,6 +239,7 @@ TEST_F(FaviconServiceTest, TenViewsAtOnceShareOneSearch)
     web.put(home, "<p>");
     web.put(firstService, picture({16, 16}));
     std::vector<QFuture<QImage>> icons;
+    icons.reserve(12);
     for (int i = 0; i < 10; ++i)
         icons.push_back(service.icon(i % 2 == 0 ? home : QStringLiteral("www.example.org")));
     for (int i = 0; i < 2; ++i) {

@@ -74,7 +74,7 @@ TEST(MarkedAttributeTest, FindsWhatTheWholeExpressionCaptures)
 
 TEST(MarkedAttributeTest, EndsSoonOnPagesMadeToTakeForever)
 {
-    constexpr qsizetype pageSize = 2 * 1024 * 1024;
+    constexpr qsizetype pageSize = qsizetype(2) * 1024 * 1024;
     for (const char *piece : {"<link", "<link rel='icon' ", "<link href='a' ", "rel='icon' href=",
                               "href='", "<link href=\"a>", "rel", "rel ", "href = "}) {
         QString page = QStringLiteral("<link ");

@@ -67,7 +67,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(HostilePageTest, TitleSearchEndsSoon)
 {
-    constexpr qsizetype pageSize = 2 * 1024 * 1024;
+    constexpr qsizetype pageSize = qsizetype(2) * 1024 * 1024;
     for (const char *piece : {"<title", "<title>", "<title>a", "<title>a</title", "<meta content='",
                               "<meta property='og:title' ", "<meta content='a' "}) {
         QString page;

@@ -12,7 +12,7 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
+#include <string>
 
 namespace ostrel::test {
 
@@ -194,7 +194,7 @@ TEST(PictureDecoderTest, CompressedTextsInAPngAreNotUnfolded)
 {
     const QByteArray png = picture({16, 16});
     const QByteArray text =
-        QByteArray("Comment\0\0", 9) + qCompress(QByteArray(4 * 1024 * 1024, 'x'), 9).sliced(4);
+        QByteArray("Comment\0\0", 9) + qCompress(QByteArray(4'194'304, 'x'), 9).sliced(4);
     const QByteArray bomb = png.first(pngHeaderEnd) + chunk("zTXt", text).repeated(200) +
                             chunk("tEXt", QByteArray("Author\0me", 9)) + png.sliced(pngHeaderEnd);
     const QImage image = decodePicture(bomb);
@@ -422,13 +422,32 @@ TEST_F(HostileSvgTest, SizeDepthAndNumberAreBounded)
     EXPECT_TRUE(decodePicture(svg(QByteArray("<g/>").repeated(4096))).isNull());
 
     const QByteArray drawing = svg(redSquare);
-    const QByteArray fitting = drawing.leftJustified(256 * 1024, ' ');
+    const QByteArray fitting = drawing.leftJustified(262'144, ' ');
     EXPECT_FALSE(decodePicture(fitting).isNull());
     EXPECT_TRUE(decodePicture(fitting + ' ').isNull());
 
-    EXPECT_FALSE(decodePicture(svg("<style>" + QByteArray(16 * 1024, ' ') + "</style>")).isNull());
+    EXPECT_FALSE(decodePicture(svg("<style>" + QByteArray(4096, ' ') + "</style>")).isNull());
+    EXPECT_TRUE(decodePicture(svg("<style>" + QByteArray(4097, ' ') + "</style>")).isNull());
+}
+
+TEST_F(HostileSvgTest, WhatWouldTakeMinutesToDrawIsRefused)
+{
+    const auto path = [](const QByteArray &segment, int count) {
+        return "<path stroke='#000' stroke-width='2' d='M0 0" + segment.repeated(count) + "'/>";
+    };
+    EXPECT_FALSE(decodePicture(svg(path("C9 1 -9 8 31 31", 500))).isNull());
+    EXPECT_FALSE(decodePicture(svg(path("C9e5 1 -9e5 8 31 31", 0))).isNull());
+
+    EXPECT_TRUE(decodePicture(svg(path("C9e5 1 -9e5 8 31 31", 10000))).isNull());
     EXPECT_TRUE(
-        decodePicture(svg("<style>" + QByteArray(16 * 1024 + 1, ' ') + "</style>")).isNull());
+        decodePicture(svg("<g transform='scale(1e5)'>" + path("C9 1 -9 8 31 31", 500) + "</g>"))
+            .isNull());
+    EXPECT_TRUE(decodePicture("<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 1e-3 1e-3'>" +
+                              path("C9 1 -9 8 31 31", 500) + "</svg>")
+                    .isNull());
+    EXPECT_TRUE(decodePicture(svg("<circle r='9' stroke='#000' stroke-width='30000'/>")).isNull());
+    EXPECT_TRUE(decodePicture(svg("<polygon points='0 0 1e9 0 0 1e9'/>")).isNull());
+    EXPECT_TRUE(decodePicture(svg("<line x2='1e9' y2='1e9' stroke='#000'/>")).isNull());
 }
 
 TEST_F(HostileSvgTest, BrokenDrawingsAreRefused)
