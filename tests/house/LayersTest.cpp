@@ -35,11 +35,13 @@ const QHash<QString, QStringList> &allowedFolders()
         {QStringLiteral("platform"),
          {QStringLiteral("model"), QStringLiteral("notify"), QStringLiteral("engine")}},
         {QStringLiteral("cli"), belowPlatform},
+        {QStringLiteral("icons"),
+         {QStringLiteral("async"), QStringLiteral("model"), QStringLiteral("net")}},
         {QStringLiteral("presentation"),
          {QStringLiteral("model"), QStringLiteral("store"), QStringLiteral("engine")}},
         {QStringLiteral("ui"),
-         belowPlatform + QStringList{QStringLiteral("forms"), QStringLiteral("platform"),
-                                     QStringLiteral("presentation")}},
+         belowPlatform + QStringList{QStringLiteral("forms"), QStringLiteral("icons"),
+                                     QStringLiteral("platform"), QStringLiteral("presentation")}},
     };
     return folders;
 }

@@ -1,0 +1,75 @@
+#include "FuzzTarget.h"
+#include "PageIcon.h"
+#include "PageTitle.h"
+
+#include <QRegularExpression>
+
+#include <cstdlib>
+
+namespace {
+
+/// What @p pattern captures in @p page, trimmed.
+QString captureOf(const QString &page, const char *pattern)
+{
+    const QRegularExpression expression(QString::fromLatin1(pattern),
+                                        QRegularExpression::CaseInsensitiveOption);
+    return expression.match(page).captured(1).trimmed();
+}
+
+QString titleByExpressions(const QString &page)
+{
+    for (const char *pattern :
+         {R"(<meta[^>]*property\s*=\s*["']og:title["'][^>]*content\s*=\s*["']([^"']+)["'])",
+          R"(<meta[^>]*content\s*=\s*["']([^"']+)["'][^>]*property\s*=\s*["']og:title["'])",
+          R"(<title[^>]*>([^<]+)</title>)"}) {
+        QString title = captureOf(page, pattern);
+        if (!title.isEmpty())
+            return title;
+    }
+    return {};
+}
+
+} // namespace
+
+std::vector<std::string_view> ostrel::fuzz::dictionary()
+{
+    return {"<link",
+            "rel=\"icon\"",
+            "rel='shortcut icon'",
+            "href='",
+            "href = \"",
+            "<meta",
+            "property='og:title'",
+            "content='",
+            "<title",
+            "</title>",
+            "'",
+            "\"",
+            ">",
+            "<",
+            "=",
+            " ",
+            "\n",
+            "//cdn.example",
+            "/i.png",
+            "http",
+            "\xc5\xbf",
+            "\xe2\x84\xaa",
+            "&amp;",
+            "\xc2\xa0"};
+}
+
+// The linear search finds what the plain expressions do, and addresses are never left without a
+// scheme.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    using namespace ostrel;
+    const QString page = QString::fromUtf8(reinterpret_cast<const char *>(data), qsizetype(size));
+    if (pageTitleIn(page).value_or(QString()) != titleByExpressions(page))
+        std::abort();
+    for (const QString &address : iconAddresses(page, QStringLiteral("example.org"))) {
+        if (!address.startsWith(QStringLiteral("http")))
+            std::abort();
+    }
+    return 0;
+}

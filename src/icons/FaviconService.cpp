@@ -1,0 +1,91 @@
+#include "FaviconService.h"
+
+#include "Address.h"
+#include "IconSearch.h"
+#include "PageTitle.h"
+
+#include <QTextBoundaryFinder>
+#include <QThreadPool>
+
+#include <utility>
+
+namespace ostrel {
+
+namespace {
+
+QString withoutWww(QString host)
+{
+    return host.remove(QStringLiteral("www."));
+}
+
+QString firstCharacter(const QString &text)
+{
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    return text.left(finder.toNextBoundary());
+}
+
+std::optional<QString> titleOf(const HttpResult &result)
+{
+    const auto page = pageIn(result);
+    return page ? pageTitleIn(*page) : std::nullopt;
+}
+
+} // namespace
+
+FaviconService::FaviconService(const QString &cacheDir, Fetch fetch, QObject *parent)
+    : QObject(parent)
+    , m_cacheDir(cacheDir)
+    , m_fetch(std::move(fetch))
+    , m_memoryCache(memoryLimit)
+{
+}
+
+QFuture<QImage> FaviconService::icon(const QString &address)
+{
+    const auto key = domain(address);
+    if (!key)
+        return QtFuture::makeReadyFuture(QImage());
+    if (const QImage *icon = m_memoryCache.object(*key))
+        return QtFuture::makeReadyFuture(*icon);
+    if (const auto underWay = m_inFlight.constFind(*key); underWay != m_inFlight.cend())
+        return *underWay;
+    return search(*key);
+}
+
+QFuture<QImage> FaviconService::search(const QString &domain)
+{
+    auto *search = new IconSearch(domain, m_cacheDir, m_fetch, this);
+    connect(search, &IconSearch::finished, this, [this, domain, search](const QImage &icon) {
+        m_inFlight.remove(domain);
+        if (!icon.isNull())
+            m_memoryCache.insert(domain, new QImage(icon), icon.sizeInBytes());
+        search->deleteLater();
+    });
+    return *m_inFlight.insert(domain, search->start());
+}
+
+QFuture<std::optional<QString>> FaviconService::pageTitle(const QString &address)
+{
+    const auto request = plainGet(address);
+    if (!request)
+        return QtFuture::makeReadyFuture(std::optional<QString>());
+    return m_fetch(*request).then(QThreadPool::globalInstance(), titleOf);
+}
+
+std::optional<QString> FaviconService::domain(const QString &address)
+{
+    if (auto host = hostOf(address))
+        return withoutWww(*std::move(host));
+    QString rest = address;
+    rest.remove(QStringLiteral("https://")).remove(QStringLiteral("http://"));
+    const auto pieces = withoutWww(rest).split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    return pieces.isEmpty() ? std::nullopt : std::optional(pieces.first());
+}
+
+QString FaviconService::placeholderLetter(const QString &address)
+{
+    const QString host = withoutWww(hostOf(address).value_or(QString()));
+    return host.isEmpty() ? QStringLiteral("?") : firstCharacter(host).toUpper();
+}
+
+} // namespace ostrel

@@ -1,0 +1,53 @@
+#include "PageTitle.h"
+
+#include "MarkedAttribute.h"
+
+namespace ostrel {
+
+namespace {
+
+constexpr auto caseInsensitive = QRegularExpression::CaseInsensitiveOption;
+
+const MarkedAttribute &openGraphTitle()
+{
+    static const MarkedAttribute meta = {
+        QRegularExpression(QStringLiteral("<meta"), caseInsensitive),
+        QRegularExpression(QStringLiteral(R"(property\s*=\s*["']og:title["'])"), caseInsensitive),
+        QRegularExpression(QStringLiteral(R"(content\s*=\s*["'])"), caseInsensitive),
+    };
+    return meta;
+}
+
+/// What `<title[^>]*>([^<]+)</title>` captures first. An attempt that fails is consumed up to its
+/// ">" or the page's end, because no later beginning before that could fare better; so this takes
+/// linear time on every page.
+std::optional<QString> findTitleElement(const QString &html)
+{
+    static const QRegularExpression attempt(
+        QStringLiteral("<title[^>]*+(?:>(?:([^<]+)</title>)?)?"), caseInsensitive);
+    for (const auto &match : attempt.globalMatch(html)) {
+        if (match.hasCaptured(1))
+            return match.captured(1);
+    }
+    return std::nullopt;
+}
+
+std::optional<QString> trimmedUnlessBlank(const std::optional<QString> &text)
+{
+    if (!text || text->trimmed().isEmpty())
+        return std::nullopt;
+    return text->trimmed();
+}
+
+} // namespace
+
+std::optional<QString> pageTitleIn(const QString &html)
+{
+    for (const auto order : {AttributeOrder::markerFirst, AttributeOrder::valueFirst}) {
+        if (auto title = trimmedUnlessBlank(findMarkedAttribute(html, openGraphTitle(), order)))
+            return title;
+    }
+    return trimmedUnlessBlank(findTitleElement(html));
+}
+
+} // namespace ostrel

@@ -1,0 +1,172 @@
+#include "PictureDecoder.h"
+
+#include "IcoFile.h"
+#include "PaintingEstimate.h"
+#include "PngChunks.h"
+#include "SafeSvg.h"
+
+#include <QBuffer>
+#include <QImageReader>
+#include <QPainter>
+#include <QSvgRenderer>
+#include <QtEndian>
+
+namespace ostrel {
+
+namespace {
+
+enum class PictureFormat { none, png, ico, jpeg, gif, webp, svg };
+
+/// An SVG file says what it is after a prologue of any length, so everything that begins like XML
+/// counts; the parser has the last word.
+bool looksLikeXml(QByteArrayView bytes)
+{
+    constexpr QByteArrayView byteOrderMark("\xef\xbb\xbf");
+    if (bytes.startsWith(byteOrderMark))
+        bytes = bytes.sliced(byteOrderMark.size());
+    return bytes.trimmed().startsWith('<');
+}
+
+PictureFormat formatOf(const QByteArray &bytes)
+{
+    if (isPng(bytes))
+        return PictureFormat::png;
+    if (isIco(bytes))
+        return PictureFormat::ico;
+    if (bytes.startsWith("\xff\xd8\xff"))
+        return PictureFormat::jpeg;
+    if (bytes.startsWith("GIF87a") || bytes.startsWith("GIF89a"))
+        return PictureFormat::gif;
+    if (bytes.startsWith("RIFF") && QByteArrayView(bytes).sliced(4).indexOf("WEBP") == 4)
+        return PictureFormat::webp;
+    return looksLikeXml(bytes) ? PictureFormat::svg : PictureFormat::none;
+}
+
+bool isModestSize(const QSize &size)
+{
+    return !size.isEmpty() && size.width() <= largestPictureSide &&
+           size.height() <= largestPictureSide;
+}
+
+/// The pixels of @p image without the texts, profile and resolution that came with them.
+QImage pixelsOf(const QImage &image)
+{
+    if (image.isNull())
+        return {};
+    QImage pixels(image.size(), QImage::Format_ARGB32_Premultiplied);
+    if (pixels.isNull())
+        return {};
+    QPainter painter(&pixels);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.drawImage(pixels.rect(), image);
+    return pixels;
+}
+
+QImage readPixels(QByteArray bytes, const QByteArray &format)
+{
+    QBuffer buffer(&bytes);
+    QImageReader reader(&buffer, format);
+    reader.setAutoDetectImageFormat(false);
+    if (!isModestSize(reader.size()))
+        return {};
+    return pixelsOf(reader.read());
+}
+
+/// Before its first frame a GIF names the size of its canvas, which need not be the frame's.
+QImage decodeGif(const QByteArray &gif)
+{
+    constexpr qsizetype canvasOffset = 6;
+    if (gif.size() < canvasOffset + 4)
+        return {};
+    const QSize canvas(qFromLittleEndian<quint16>(gif.constData() + canvasOffset),
+                       qFromLittleEndian<quint16>(gif.constData() + canvasOffset + 2));
+    return isModestSize(canvas) ? readPixels(gif, QByteArrayLiteral("gif")) : QImage();
+}
+
+QImage decodePng(const QByteArray &png)
+{
+    return readPixels(essentialChunks(png), QByteArrayLiteral("png"));
+}
+
+QImage decodeIco(const QByteArray &ico)
+{
+    for (const QByteArray &picture : picturesInIco(ico)) {
+        QImage image =
+            isPng(picture) ? decodePng(picture) : readPixels(picture, QByteArrayLiteral("ico"));
+        if (!image.isNull())
+            return image;
+    }
+    return {};
+}
+
+/// A progressive JPEG is decoded anew for each of its scans, and one of a few bytes will do for
+/// the file's author.
+QImage decodeJpeg(const QByteArray &jpeg)
+{
+    constexpr qsizetype mostScans = 64;
+    const QByteArrayView startOfScan("\xff\xda");
+    return jpeg.count(startOfScan) > mostScans ? QImage()
+                                               : readPixels(jpeg, QByteArrayLiteral("jpeg"));
+}
+
+/// A drawing that is 1 by 1 by its own account is a tracking pixel, and stays one.
+QSize drawnSize(const QSize &natural)
+{
+    if (natural == QSize(1, 1))
+        return natural;
+    return natural.scaled(drawnPictureSide, drawnPictureSide, Qt::KeepAspectRatio)
+        .expandedTo(QSize(1, 1));
+}
+
+bool isModestWork(QSvgRenderer &renderer, const QSize &size)
+{
+    constexpr double mostWork = 2e6;
+    PaintingEstimate estimate(size);
+    QPainter painter(&estimate);
+    renderer.render(&painter, QRectF(QPointF(), size));
+    return estimate.work() <= mostWork;
+}
+
+QImage decodeSvg(const QByteArray &svg)
+{
+    const auto safe = safeSvg(svg);
+    if (!safe)
+        return {};
+    QSvgRenderer renderer(*safe);
+    if (!renderer.isValid() || renderer.defaultSize().isEmpty())
+        return {};
+
+    const QSize size = drawnSize(renderer.defaultSize());
+    if (!isModestWork(renderer, size))
+        return {};
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    renderer.render(&painter);
+    return image;
+}
+
+} // namespace
+
+QImage decodePicture(const QByteArray &bytes)
+{
+    switch (formatOf(bytes)) {
+    case PictureFormat::png:
+        return decodePng(bytes);
+    case PictureFormat::ico:
+        return decodeIco(bytes);
+    case PictureFormat::jpeg:
+        return decodeJpeg(bytes);
+    case PictureFormat::gif:
+        return decodeGif(bytes);
+    case PictureFormat::webp:
+        return readPixels(bytes, QByteArrayLiteral("webp"));
+    case PictureFormat::svg:
+        return decodeSvg(bytes);
+    case PictureFormat::none:
+        return {};
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace ostrel

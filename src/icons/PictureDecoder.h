@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+
+namespace ostrel {
+
+/// No picture that is wider or higher is decoded.
+inline constexpr int largestPictureSide = 2048;
+/// How large a picture without a pixel size of its own is drawn, on its longer side.
+inline constexpr int drawnPictureSide = 128;
+
+/// The picture in @p bytes: PNG, ICO (the largest picture in it), JPEG, GIF (the first frame),
+/// WebP or SVG, told apart by their content. Null for everything else, for what is broken, and
+/// where either side is over largestPictureSide, which is found out before any pixel is decoded.
+///
+/// Meant for what strangers send: pictures made to take a lot of time or memory are refused, and
+/// nothing but pixels is kept. Any thread; not the main one, for it may take tens of milliseconds.
+[[nodiscard]] QImage decodePicture(const QByteArray &bytes);
+
+} // namespace ostrel

@@ -1,0 +1,44 @@
+#include "PngChunks.h"
+
+#include <QtEndian>
+
+namespace ostrel {
+
+namespace {
+
+constexpr QByteArrayView signature("\x89PNG\r\n\x1a\n", 8);
+constexpr qsizetype lengthSize = 4;
+constexpr qsizetype typeSize = 4;
+constexpr qsizetype checksumSize = 4;
+
+/// A critical chunk's type begins with an upper-case letter.
+bool isEssential(QByteArrayView type)
+{
+    return (type.front() & 0x20) == 0 || type == QByteArrayView("tRNS");
+}
+
+} // namespace
+
+bool isPng(QByteArrayView bytes)
+{
+    return bytes.startsWith(signature);
+}
+
+QByteArray essentialChunks(const QByteArray &png)
+{
+    QByteArray result = signature.toByteArray();
+    result.reserve(png.size());
+    QByteArrayView rest = QByteArrayView(png).sliced(signature.size());
+    while (rest.size() >= lengthSize + typeSize + checksumSize) {
+        const qsizetype size =
+            lengthSize + typeSize + qFromBigEndian<quint32>(rest.data()) + checksumSize;
+        if (size > rest.size())
+            break;
+        if (isEssential(rest.sliced(lengthSize, typeSize)))
+            result.append(rest.first(size));
+        rest = rest.sliced(size);
+    }
+    return result;
+}
+
+} // namespace ostrel

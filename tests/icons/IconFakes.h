@@ -1,0 +1,54 @@
+#pragma once
+
+#include "PlainGet.h"
+
+#include <QByteArray>
+#include <QHash>
+#include <QImage>
+#include <QPromise>
+#include <QStringList>
+
+#include <deque>
+#include <vector>
+
+namespace ostrel::test {
+
+/// Stands in for the network: answers requests with what the test has put at their addresses, and
+/// with 404 elsewhere. Follows redirects and cuts bodies as HttpClient does.
+class FakeWeb
+{
+public:
+    [[nodiscard]] Fetch fetch();
+
+    void put(const QString &address, const QByteArray &body, int statusCode = 200);
+    void redirect(const QString &from, const QString &to);
+    /// Requests for @p address get no response at all.
+    void breakAt(const QString &address);
+
+    /// From now on requests stay unanswered until releaseNext().
+    void hold() { m_isHolding = true; }
+    [[nodiscard]] std::size_t heldCount() const { return m_held.size(); }
+    void releaseNext();
+
+    /// The addresses that were asked for, in order.
+    [[nodiscard]] QStringList addresses() const;
+
+    std::vector<HttpRequest> requests;
+
+private:
+    [[nodiscard]] HttpResult answer(const HttpRequest &request) const;
+
+    QHash<QString, HttpResult> m_answers;
+    QHash<QString, QString> m_redirects;
+    bool m_isHolding = false;
+    std::deque<std::pair<HttpRequest, QPromise<HttpResult>>> m_held;
+};
+
+/// A picture of one colour, of the given size, as a file of @p format.
+[[nodiscard]] QByteArray picture(const QSize &size, const char *format = "png",
+                                 Qt::GlobalColor color = Qt::red);
+
+/// A GIF of 16 by 16 pixels that takes @p fileSize bytes, 47 or more.
+[[nodiscard]] QByteArray smallGif(qsizetype fileSize);
+
+} // namespace ostrel::test

@@ -1,0 +1,90 @@
+#include "MarkedAttribute.h"
+
+#include "Printers.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <random>
+
+namespace ostrel::test {
+
+namespace {
+
+constexpr auto caseInsensitive = QRegularExpression::CaseInsensitiveOption;
+const QString tag = QStringLiteral("<link");
+const QString marker = QStringLiteral(R"(rel\s*=\s*["'](?:shortcut )?icon["'])");
+const QString value = QStringLiteral(R"(href\s*=\s*["'])");
+const QString content = QStringLiteral(R"(([^"']+)["'])");
+
+const MarkedAttribute iconLink = {QRegularExpression(tag, caseInsensitive),
+                                  QRegularExpression(marker, caseInsensitive),
+                                  QRegularExpression(value, caseInsensitive)};
+
+/// What the whole regular expression captures.
+std::optional<QString> captureOf(const QString &html, AttributeOrder order)
+{
+    const QString gap = QStringLiteral("[^>]*");
+    static const QRegularExpression markerFirst(tag + gap + marker + gap + value + content,
+                                                caseInsensitive);
+    static const QRegularExpression valueFirst(tag + gap + value + content + gap + marker,
+                                               caseInsensitive);
+    const auto match =
+        (order == AttributeOrder::markerFirst ? markerFirst : valueFirst).match(html);
+    return match.hasMatch() ? std::optional(match.captured(1)) : std::nullopt;
+}
+
+/// Short pages of nothing but what matters to the expressions.
+QString randomPage(std::mt19937 &random)
+{
+    static const std::array pieces = {
+        QStringLiteral("<link"),      QStringLiteral(" rel='icon'"),
+        QStringLiteral(" href='"),    QStringLiteral("rel=\"shortcut icon\""),
+        QStringLiteral("href=\"a\""), QStringLiteral(">"),
+        QStringLiteral("'"),          QStringLiteral("\""),
+        QStringLiteral("b"),          QStringLiteral("<LINK "),
+        QStringLiteral("HREF = "),    QStringLiteral("rel ="),
+        QStringLiteral("icon'"),      QStringLiteral("\n"),
+    };
+    const int count = std::uniform_int_distribution(1, 24)(random);
+    QString page;
+    for (int i = 0; i < count; ++i)
+        page += pieces.at(std::uniform_int_distribution<std::size_t>(0, pieces.size() - 1)(random));
+    return page;
+}
+
+} // namespace
+
+TEST(MarkedAttributeTest, FindsWhatTheWholeExpressionCaptures)
+{
+    std::mt19937 random(20260417);
+    std::array<int, 2> found = {};
+    for (int i = 0; i < 15000; ++i) {
+        const QString page = randomPage(random);
+        for (const auto order : {AttributeOrder::markerFirst, AttributeOrder::valueFirst}) {
+            const auto expected = captureOf(page, order);
+            ASSERT_EQ(findMarkedAttribute(page, iconLink, order), expected)
+                << page.toStdString() << " in order " << static_cast<int>(order);
+            found.at(static_cast<std::size_t>(order)) += expected ? 1 : 0;
+        }
+    }
+    EXPECT_GT(found[0], 250) << "the pages no longer hold what is looked for";
+    EXPECT_GT(found[1], 250) << "the pages no longer hold what is looked for";
+}
+
+TEST(MarkedAttributeTest, EndsSoonOnPagesMadeToTakeForever)
+{
+    constexpr qsizetype pageSize = qsizetype(2) * 1024 * 1024;
+    for (const char *piece : {"<link", "<link rel='icon' ", "<link href='a' ", "rel='icon' href=",
+                              "href='", "<link href=\"a>", "rel", "rel ", "href = "}) {
+        QString page = QStringLiteral("<link ");
+        while (page.size() < pageSize)
+            page += QLatin1String(piece);
+        // So that every part of the expression is somewhere in the page.
+        page += QStringLiteral("> rel='icon' href='b' rel='icon'");
+        for (const auto order : {AttributeOrder::markerFirst, AttributeOrder::valueFirst})
+            static_cast<void>(findMarkedAttribute(page, iconLink, order));
+    }
+}
+
+} // namespace ostrel::test
