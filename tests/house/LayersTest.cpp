@@ -32,6 +32,8 @@ const QHash<QString, QStringList> &allowedFolders()
         {QStringLiteral("platform"), {QStringLiteral("notify"), QStringLiteral("engine")}},
         {QStringLiteral("cli"), belowPlatform},
         {QStringLiteral("ui"), belowPlatform + QStringList{QStringLiteral("platform")}},
+        {QStringLiteral("gallery"),
+         belowPlatform + QStringList{QStringLiteral("platform"), QStringLiteral("ui")}},
     };
     return folders;
 }

@@ -1,0 +1,29 @@
+import QtQuick
+
+// One of several short choices, of which one is taken.
+BaseButton {
+    id: root
+
+    property bool isSelected: false
+
+    leftPadding: Theme.chipPadding
+    rightPadding: Theme.chipPadding
+    implicitHeight: Theme.chipHeight
+    radius: height / 2
+    Accessible.role: Accessible.RadioButton
+    Accessible.checkable: true
+    Accessible.checked: isSelected
+
+    contentItem: ButtonLabel {
+        text: root.text
+        font: Theme.demiBold11
+        color: root.isSelected ? Theme.accentText : Theme.textPrimary
+    }
+
+    background: QuietBox {
+        radius: root.radius
+        isHovered: root.showsHover
+        isPressed: root.down
+        isSelected: root.isSelected
+    }
+}

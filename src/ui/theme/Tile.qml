@@ -1,0 +1,31 @@
+import QtQuick
+
+// One of a few large choices, of which one is taken.
+BaseButton {
+    id: root
+
+    property bool isSelected: false
+    property string symbol: ""
+
+    leftPadding: Theme.tilePadding
+    rightPadding: Theme.tilePadding
+    implicitHeight: Theme.tileHeight
+    Accessible.role: Accessible.RadioButton
+    Accessible.checkable: true
+    Accessible.checked: isSelected
+
+    contentItem: ButtonLabel {
+        symbol: root.symbol
+        symbolSize: 11
+        text: root.text
+        font: Theme.demiBold12
+        color: root.isSelected ? Theme.accentText : Theme.textPrimary
+    }
+
+    background: QuietBox {
+        radius: root.radius
+        isHovered: root.showsHover
+        isPressed: root.down
+        isSelected: root.isSelected
+    }
+}

@@ -1,0 +1,43 @@
+import QtQuick
+
+// A switch. `spokenName` is what its label says.
+BaseButton {
+    id: root
+
+    readonly property real knobMargin: (Theme.toggleHeight - Theme.toggleKnob) / 2
+
+    checkable: true
+    implicitWidth: Theme.toggleWidth
+    implicitHeight: Theme.toggleHeight
+    radius: height / 2
+    Accessible.role: Accessible.CheckBox
+    Accessible.checkable: true
+    Accessible.checked: checked
+
+    background: Rectangle {
+        radius: root.radius
+        color: root.checked ? Theme.accent : Theme.toggleOff
+
+        Behavior on color {
+            ColorAnimation {
+                duration: Theme.quickMotion
+            }
+        }
+
+        Rectangle {
+            x: root.checked ? parent.width - width - root.knobMargin : root.knobMargin
+            y: root.knobMargin
+            width: Theme.toggleKnob
+            height: Theme.toggleKnob
+            radius: Theme.toggleKnob / 2
+            color: Theme.surface
+
+            Behavior on x {
+                NumberAnimation {
+                    duration: Theme.quickMotion
+                    easing.type: Easing.InOutQuad
+                }
+            }
+        }
+    }
+}
