@@ -1,5 +1,7 @@
 import QtQuick
 
+import Ostrel.Theme
+
 // The application's icon on its plate, without the margin that desktops want around it.
 Item {
     id: root

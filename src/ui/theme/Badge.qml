@@ -1,5 +1,7 @@
 import QtQuick
 
+import Ostrel.Theme
+
 // A fact about a monitor: symbol and text in the colour of its state.
 Item {
     id: root

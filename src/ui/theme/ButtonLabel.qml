@@ -1,5 +1,7 @@
 import QtQuick
 
+import Ostrel.Theme
+
 // The symbol and the text of a button, side by side.
 Item {
     id: root

@@ -4,16 +4,14 @@ import QtQuick
 Rectangle {
     id: root
 
-    property alias edge: stroke.border.color
-    property alias edgeWidth: stroke.border.width
+    property color edge: Theme.hairline
+    property real edgeWidth: Theme.hairlineWidth
 
     Rectangle {
-        id: stroke
-
         anchors.fill: parent
         radius: root.radius
         color: Theme.none
-        border.width: Theme.hairlineWidth
-        border.color: Theme.hairline
+        border.width: root.edgeWidth
+        border.color: root.edge
     }
 }

@@ -3,6 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 
+import Ostrel.Theme
+
 // A line to type into. `spokenName` is what its label says.
 T.TextField {
     id: root

@@ -1,5 +1,7 @@
 import QtQuick
 
+import Ostrel.Theme
+
 // A symbol to press; its help text is its name.
 BaseButton {
     id: root

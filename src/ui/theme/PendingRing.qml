@@ -1,6 +1,8 @@
 import QtQuick
 import QtQuick.Window
 
+import Ostrel.Theme
+
 // Something is under way. It turns only while it can be seen, and never where the desktop asks for
 // stillness.
 PendingArc {

@@ -3,6 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 
+import Ostrel.Theme
+
 // A choice from a menu. `spokenName` is what its label says.
 T.ComboBox {
     id: root

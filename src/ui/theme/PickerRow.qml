@@ -1,6 +1,8 @@
 import QtQuick
 import QtQuick.Templates as T
 
+import Ostrel.Theme
+
 // One choice of a picker's menu.
 T.ItemDelegate {
     id: root

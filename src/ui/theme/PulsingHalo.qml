@@ -1,6 +1,8 @@
 import QtQuick
 import QtQuick.Window
 
+import Ostrel.Theme
+
 // The ring around the dot of a monitor that is down. It moves only while it can be seen, and never
 // where the desktop asks for stillness.
 Rectangle {
@@ -26,7 +28,7 @@ Rectangle {
     WindowExposure {
         id: exposure
 
-        window: root.Window.window
+        window: root.visible ? root.Window.window : null
     }
 
     SequentialAnimation {

@@ -1,5 +1,7 @@
 import QtQuick
 
+import Ostrel.Theme
+
 // A figure with its title; stands in a card.
 Item {
     id: root

@@ -1,6 +1,6 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
+
+import Ostrel.Theme
 
 // A monitor's status as a dot: a steady halo while up, a swelling one while down.
 Item {
@@ -16,6 +16,7 @@ Item {
     Component.onCompleted: pulse = true
 
     Rectangle {
+        objectName: "steadyHalo"
         anchors.centerIn: parent
         visible: root.status === MonitorStatus.Up
         width: 2 * root.size
@@ -24,14 +25,12 @@ Item {
         color: Theme.faded(Theme.statusUp, 0.15)
     }
 
-    Loader {
+    PulsingHalo {
         objectName: "halo"
         anchors.centerIn: parent
-        active: root.status === MonitorStatus.Down
-        sourceComponent: PulsingHalo {
-            diameter: 2.4 * root.size
-            pulse: root.pulse
-        }
+        visible: root.status === MonitorStatus.Down
+        diameter: 2.4 * root.size
+        pulse: root.pulse
     }
 
     Rectangle {

@@ -2,6 +2,8 @@ pragma Singleton
 
 import QtQuick
 
+import Ostrel.Theme
+
 // The application's one look: every colour, face and length that a view uses has its name here.
 QtObject {
     id: root

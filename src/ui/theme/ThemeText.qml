@@ -1,5 +1,7 @@
 import QtQuick
 
+import Ostrel.Theme
+
 // A text that a screen reader can name: on one line, in its line box, cut off at the right.
 Text {
     id: root
