@@ -46,16 +46,22 @@ Rectangle {
             GallerySample {
                 caption: "0.75 s"
 
-                StatusDot {
-                    status: MonitorStatus.Paused
-                    size: 24
+                Item {
+                    width: 2.6 * 24
+                    height: width
 
                     PulsingHalo {
-                        z: -1
-                        anchors.centerIn: parent
-                        diameter: 2.4 * 24
+                        x: (parent.width - width) / 2
+                        y: x
+                        restDiameter: 2.4 * 24
                         pulse: false
                         swell: 0.5
+                    }
+
+                    Disc {
+                        anchors.fill: parent
+                        diameter: 24
+                        color: Theme.statusDown
                     }
                 }
             }
@@ -576,27 +582,10 @@ Rectangle {
                     text: "Reveal in Finder"
                 }
             }
-
-            GallerySample {
-                caption: "confirm"
-
-                ConfirmButton {
-                    text: "Save"
-                }
-            }
-
-            GallerySample {
-                caption: "not valid yet"
-
-                ConfirmButton {
-                    text: "Save"
-                    enabled: false
-                }
-            }
         }
 
         GallerySection {
-            title: "CONTROLS WITH FOCUS, DISABLED"
+            title: "CONTROLS WITH FOCUS, DISABLED, CONFIRM"
             gap: Theme.cardPadding
 
             GallerySample {
@@ -644,6 +633,23 @@ Rectangle {
                 QuietButton {
                     text: "Reveal in Finder"
                     showsHover: true
+                }
+            }
+
+            GallerySample {
+                caption: "confirm"
+
+                ConfirmButton {
+                    text: "Save"
+                }
+            }
+
+            GallerySample {
+                caption: "not valid yet"
+
+                ConfirmButton {
+                    text: "Save"
+                    enabled: false
                 }
             }
         }

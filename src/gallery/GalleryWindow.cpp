@@ -1,9 +1,13 @@
 #include "GalleryWindow.h"
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QImage>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QUrl>
+
+#include <chrono>
 
 namespace ostrel {
 
@@ -18,6 +22,15 @@ GalleryWindow::GalleryWindow(const QString &page)
 bool GalleryWindow::isUsable() const
 {
     return rootObject() != nullptr;
+}
+
+void GalleryWindow::awaitActive()
+{
+    using namespace std::chrono_literals;
+    requestActivate();
+    const QDeadlineTimer deadline(1s);
+    while (!isActive() && !deadline.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
 }
 
 bool GalleryWindow::save(const QString &path)

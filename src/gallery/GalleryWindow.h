@@ -13,6 +13,8 @@ public:
     explicit GalleryWindow(const QString &page);
 
     [[nodiscard]] bool isUsable() const;
+    /// Lets a shown window take the keyboard, so that its focused field shows its caret.
+    void awaitActive();
     /// Draws the page into a PNG at @p path, in device pixels. False where it can't be written.
     [[nodiscard]] bool save(const QString &path);
 };

@@ -57,7 +57,7 @@ Rectangle {
                         ThemeText {
                             anchors.verticalCenter: parent.verticalCenter
                             text: card.modelData
-                            font: Theme.footnote
+                            font: Theme.regular10
                             color: Theme.textSecondary
                         }
                     }

@@ -63,6 +63,7 @@ int savePages(const Wishes &wishes)
         if (!window.isUsable())
             return complain(QStringLiteral("there is no page %1").arg(page), exitUnusable);
         window.show();
+        window.awaitActive();
         const QString path = folder.filePath(
             QStringLiteral("%1@%2.png")
                 .arg(page, wishes.scale.isEmpty() ? QStringLiteral("1") : wishes.scale));

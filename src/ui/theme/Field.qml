@@ -28,6 +28,8 @@ T.TextField {
     selectionColor: Theme.textSelection
     selectedTextColor: Theme.textPrimary
     selectByMouse: true
+    // Out of focus a long text shows its beginning.
+    autoScroll: activeFocus
     hoverEnabled: true
     opacity: enabled ? 1 : Theme.disabledOpacity
     Accessible.name: spokenName

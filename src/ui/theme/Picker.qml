@@ -46,6 +46,9 @@ T.ComboBox {
         color: Theme.textSecondary
     }
 
+    // Its entries are counted only where it has a delegate; the popup draws its own rows.
+    delegate: Item {}
+
     background: QuietBox {
         radius: Theme.cornerRadiusSmall
         isHovered: root.showsHover

@@ -5,20 +5,21 @@ import Ostrel.Theme
 
 // The ring around the dot of a monitor that is down. It moves only while it can be seen, and never
 // where the desktop asks for stillness.
-Rectangle {
+Disc {
     id: root
 
-    required property real diameter
+    required property real restDiameter
     required property bool pulse
     readonly property bool isPulsing: pulse && visible && exposure.isExposed && !Theme.reducedMotion
     // From 0, small and strong, to 1, large and gone.
     property real swell: 0
+    readonly property real smallest: 0.85
+    readonly property real largest: 1.4
 
-    width: diameter
-    height: diameter
-    radius: diameter / 2
+    width: restDiameter * largest
+    height: restDiameter * largest
+    diameter: restDiameter * (smallest + (largest - smallest) * swell)
     color: Theme.faded(Theme.statusDown, 0.20)
-    scale: 0.85 + (1.4 - 0.85) * swell
     opacity: 0.7 * (1 - swell)
     onIsPulsingChanged: {
         if (!isPulsing)

@@ -42,6 +42,7 @@ Item {
     ThemeText {
         id: valueText
 
+        objectName: "value"
         anchors.top: titleText.bottom
         anchors.topMargin: Theme.statValueGap
         text: root.value
@@ -53,6 +54,7 @@ Item {
     ThemeText {
         id: unitText
 
+        objectName: "unit"
         anchors.left: valueText.right
         anchors.leftMargin: Theme.statUnitGap
         anchors.baseline: valueText.baseline

@@ -15,30 +15,25 @@ Item {
     implicitHeight: 2.6 * size
     Component.onCompleted: pulse = true
 
-    Rectangle {
-        objectName: "steadyHalo"
-        anchors.centerIn: parent
+    Disc {
+        anchors.fill: parent
         visible: root.status === MonitorStatus.Up
-        width: 2 * root.size
-        height: width
-        radius: width / 2
+        diameter: 2 * root.size
         color: Theme.faded(Theme.statusUp, 0.15)
     }
 
     PulsingHalo {
         objectName: "halo"
-        anchors.centerIn: parent
+        x: (root.width - width) / 2
+        y: (root.height - height) / 2
         visible: root.status === MonitorStatus.Down
-        diameter: 2.4 * root.size
+        restDiameter: 2.4 * root.size
         pulse: root.pulse
     }
 
-    Rectangle {
-        objectName: "dot"
-        anchors.centerIn: parent
-        width: root.size
-        height: root.size
-        radius: width / 2
+    Disc {
+        anchors.fill: parent
+        diameter: root.size
         color: Theme.statusColor(root.status)
     }
 }

@@ -255,6 +255,7 @@ QtObject {
     readonly property real confirmPadding: 18
     readonly property real tileHeight: 32
     readonly property real tilePadding: 14
+    readonly property real tileSymbolGap: 6
     readonly property real controlGap: 8
     readonly property real chipHeight: 26
     readonly property real chipPadding: 12

@@ -17,6 +17,7 @@ BaseButton {
     contentItem: ButtonLabel {
         symbol: root.symbol
         symbolSize: 11
+        gap: Theme.tileSymbolGap
         text: root.text
         font: Theme.demiBold12
         color: root.isSelected ? Theme.accentText : Theme.textPrimary

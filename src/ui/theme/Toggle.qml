@@ -25,7 +25,7 @@ BaseButton {
         }
 
         Rectangle {
-            x: root.checked ? parent.width - width - root.knobMargin : root.knobMargin
+            x: root.checked ? Theme.toggleWidth - Theme.toggleKnob - root.knobMargin : root.knobMargin
             y: root.knobMargin
             width: Theme.toggleKnob
             height: Theme.toggleKnob
