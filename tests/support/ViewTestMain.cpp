@@ -1,5 +1,6 @@
 #include "ThemeFonts.h"
 
+#include <QAccessible>
 #include <QGuiApplication>
 #include <QQuickWindow>
 
@@ -11,6 +12,8 @@ int main(int argc, char **argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     const QGuiApplication application(argc, argv);
+    // As with a screen reader at work.
+    QAccessible::setActive(true);
     ostrel::ThemeFonts::install();
     return RUN_ALL_TESTS();
 }

@@ -24,6 +24,8 @@ T.AbstractButton {
     focusPolicy: Qt.TabFocus
     opacity: enabled ? 1 : Theme.disabledOpacity
     Accessible.name: spokenName
+    Accessible.onPressAction: press()
+    Accessible.onToggleAction: press()
     Keys.onReturnPressed: event => {
         if (!event.isAutoRepeat)
             press();

@@ -1,18 +1,13 @@
 import QtQuick
 
 // One of several short choices, of which one is taken.
-BaseButton {
+ChoiceButton {
     id: root
-
-    property bool isSelected: false
 
     leftPadding: Theme.chipPadding
     rightPadding: Theme.chipPadding
     implicitHeight: Theme.chipHeight
     radius: height / 2
-    Accessible.role: Accessible.RadioButton
-    Accessible.checkable: true
-    Accessible.checked: isSelected
 
     contentItem: ButtonLabel {
         text: root.text

@@ -1,19 +1,14 @@
 import QtQuick
 
 // One choice of a segmented picker.
-BaseButton {
+ChoiceButton {
     id: root
-
-    required property bool isSelected
 
     leftPadding: Theme.segmentPadding
     rightPadding: Theme.segmentPadding
     implicitHeight: Theme.segmentHeight - 2 * Theme.segmentInset
     radius: Theme.segmentRadius
     focusPolicy: isSelected ? Qt.TabFocus : Qt.NoFocus
-    Accessible.role: Accessible.RadioButton
-    Accessible.checkable: true
-    Accessible.checked: isSelected
 
     contentItem: ButtonLabel {
         text: root.text

@@ -41,6 +41,12 @@ QFont fontOf(const QString &family, int weight, qreal pixelSize, qreal letterSpa
     return font;
 }
 
+/// As lines are measured in a layout: in whole pixels.
+qreal faceHeight(const QFont &font)
+{
+    return std::ceil(QFontMetricsF(font).height());
+}
+
 } // namespace
 
 void ThemeFonts::install()
@@ -88,8 +94,12 @@ qreal ThemeFonts::lineBox(qreal pixelSize)
 
 qreal ThemeFonts::halfLeading(const QFont &font)
 {
-    const qreal height = std::ceil(QFontMetricsF(font).height());
-    return std::floor((lineBox(font.pixelSize()) - height) / 2);
+    return std::floor((lineBox(font.pixelSize()) - faceHeight(font)) / 2);
+}
+
+qreal ThemeFonts::overhang(const QFont &font)
+{
+    return std::max(0.0, faceHeight(font) - lineBox(font.pixelSize()));
 }
 
 qreal ThemeFonts::textWidth(const QString &text, const QFont &font)

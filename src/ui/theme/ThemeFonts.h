@@ -32,6 +32,8 @@ public:
     /// How far below the top of its line box a line of @p font starts, so that it stands in the
     /// middle; negative where the box is tighter than the face.
     [[nodiscard]] Q_INVOKABLE static qreal halfLeading(const QFont &font);
+    /// How much higher a line of @p font is measured than its line box; 0 where it fits.
+    [[nodiscard]] Q_INVOKABLE static qreal overhang(const QFont &font);
     /// The width of @p text on one line.
     [[nodiscard]] Q_INVOKABLE static qreal textWidth(const QString &text, const QFont &font);
 

@@ -18,7 +18,7 @@ Text {
     lineHeight: ThemeFonts.lineBox(font.pixelSize)
     lineHeightMode: Text.FixedHeight
     topPadding: halfLeading
-    bottomPadding: -halfLeading
+    bottomPadding: -halfLeading - ThemeFonts.overhang(font)
     Accessible.role: Accessible.StaticText
     Accessible.name: text
     Accessible.ignored: !isSpoken

@@ -1,18 +1,14 @@
 import QtQuick
 
 // One of a few large choices, of which one is taken.
-BaseButton {
+ChoiceButton {
     id: root
 
-    property bool isSelected: false
     property string symbol: ""
 
     leftPadding: Theme.tilePadding
     rightPadding: Theme.tilePadding
     implicitHeight: Theme.tileHeight
-    Accessible.role: Accessible.RadioButton
-    Accessible.checkable: true
-    Accessible.checked: isSelected
 
     contentItem: ButtonLabel {
         symbol: root.symbol

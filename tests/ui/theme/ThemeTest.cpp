@@ -94,7 +94,8 @@ TEST_P(ThemeFaceTest, IsExactlyTheNamedFace)
     EXPECT_EQ(face.family(), QLatin1String(expected.family));
     EXPECT_EQ(face.weight(), expected.weight);
     EXPECT_EQ(face.pixelSize(), expected.pixelSize);
-    EXPECT_DOUBLE_EQ(face.letterSpacing(), expected.letterSpacing);
+    constexpr double finest = 1.0 / 64;
+    EXPECT_NEAR(face.letterSpacing(), expected.letterSpacing, finest);
 }
 
 INSTANTIATE_TEST_SUITE_P(Faces, ThemeFaceTest,
