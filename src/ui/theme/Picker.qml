@@ -32,11 +32,10 @@ T.ComboBox {
     Keys.onReturnPressed: popup.open()
     Keys.onEnterPressed: popup.open()
 
-    contentItem: ThemeText {
+    contentItem: ButtonLabel {
+        isCentred: false
         text: root.displayText
         font: root.font
-        verticalAlignment: Text.AlignVCenter
-        isSpoken: false
     }
 
     indicator: Symbol {
