@@ -16,7 +16,7 @@ BaseButton {
         color: Theme.accentText
     }
 
-    background: Rectangle {
+    background: EdgedBox {
         radius: root.radius
         color: !root.enabled ? Theme.confirmInvalid : root.down ? Theme.accentPressed : Theme.accent
     }

@@ -1,7 +1,7 @@
 import QtQuick
 
 // Shows which control the keyboard is on. Give it the control as parent, and `visible`.
-Rectangle {
+EdgedBox {
     id: root
 
     // The corner radius of the control.
@@ -13,7 +13,6 @@ Rectangle {
     anchors.fill: parent
     anchors.margins: -distance
     radius: controlRadius + distance
-    color: Theme.none
-    border.width: Theme.focusRingWidth
-    border.color: Theme.focusEdge
+    edge: Theme.focusEdge
+    edgeWidth: Theme.focusRingWidth
 }

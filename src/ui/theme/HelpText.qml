@@ -24,7 +24,7 @@ T.ToolTip {
         wrapMode: Text.Wrap
     }
 
-    background: Rectangle {
+    background: EdgedBox {
         radius: Theme.helpTextRadius
         color: Theme.ink
     }

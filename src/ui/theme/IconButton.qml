@@ -21,7 +21,7 @@ BaseButton {
         }
     }
 
-    background: Rectangle {
+    background: EdgedBox {
         radius: root.radius
         color: root.down ? Theme.iconPressed : root.showsHover ? Theme.iconHover : Theme.none
     }

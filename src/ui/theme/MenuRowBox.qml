@@ -1,7 +1,7 @@
 import QtQuick
 
 // One row of a menu under the pointer, the keys or the finger.
-Rectangle {
+EdgedBox {
     id: root
 
     property bool isHighlighted: false

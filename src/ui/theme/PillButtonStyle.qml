@@ -23,7 +23,7 @@ BaseButton {
         color: root.isSecondary ? Theme.textSecondary : Theme.accentText
     }
 
-    background: Rectangle {
+    background: EdgedBox {
         radius: root.radius
         color: {
             if (root.isSecondary)

@@ -36,7 +36,7 @@ T.ScrollBar {
     }
 
     contentItem: Item {
-        Rectangle {
+        EdgedBox {
             anchors.right: parent.right
             anchors.bottom: parent.bottom
             width: root.horizontal ? parent.width : root.thickness

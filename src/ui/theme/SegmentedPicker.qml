@@ -27,7 +27,7 @@ FocusScope {
     Keys.onLeftPressed: choose(currentIndex - 1)
     Keys.onRightPressed: choose(currentIndex + 1)
 
-    Rectangle {
+    EdgedBox {
         anchors.fill: parent
         radius: Theme.cornerRadiusSmall
         color: Theme.segmentTrack

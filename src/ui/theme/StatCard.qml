@@ -18,7 +18,7 @@ Item {
     Accessible.role: Accessible.StaticText
     Accessible.name: unit !== "" ? title + ", " + value + " " + unit : title + ", " + value
 
-    Rectangle {
+    EdgedBox {
         id: bar
 
         width: Theme.statBarWidth

@@ -11,7 +11,7 @@ BaseButton {
     implicitHeight: Theme.toggleHeight
     radius: height / 2
 
-    background: Rectangle {
+    background: EdgedBox {
         radius: root.radius
         color: root.checked ? Theme.accent : Theme.toggleOff
 
@@ -21,7 +21,7 @@ BaseButton {
             }
         }
 
-        Rectangle {
+        EdgedBox {
             x: root.checked ? Theme.toggleWidth - Theme.toggleKnob - root.knobMargin : root.knobMargin
             y: root.knobMargin
             width: Theme.toggleKnob
