@@ -26,7 +26,7 @@ Item {
         visible: list.count === 0
         text: qsTr("No monitors")
         color: Theme.textSecondary
-        font: Theme.bodyFont
+        font: Theme.body
         Accessible.role: Accessible.StaticText
         Accessible.name: text
     }

@@ -41,7 +41,7 @@ Item {
             text: root.name
             elide: Text.ElideRight
             color: Theme.textPrimary
-            font: Theme.bodyFont
+            font: Theme.body
         }
 
         Text {
@@ -49,7 +49,7 @@ Item {
             text: root.address
             elide: Text.ElideMiddle
             color: Theme.textSecondary
-            font: Theme.captionFont
+            font: Theme.footnote
         }
     }
 
@@ -66,7 +66,7 @@ Item {
             horizontalAlignment: Text.AlignRight
             text: root.resultText
             color: root.isDown ? Theme.statusDown : Theme.textPrimary
-            font: Theme.bodyFont
+            font: Theme.body
         }
 
         Text {
@@ -75,7 +75,7 @@ Item {
             elide: Text.ElideRight
             text: root.uptimeText
             color: Theme.textSecondary
-            font: Theme.captionFont
+            font: Theme.footnote
         }
     }
 }

@@ -42,6 +42,8 @@ const QHash<QString, QStringList> &allowedFolders()
         {QStringLiteral("ui"),
          belowPlatform + QStringList{QStringLiteral("forms"), QStringLiteral("icons"),
                                      QStringLiteral("platform"), QStringLiteral("presentation")}},
+        {QStringLiteral("gallery"),
+         belowPlatform + QStringList{QStringLiteral("platform"), QStringLiteral("ui")}},
     };
     return folders;
 }

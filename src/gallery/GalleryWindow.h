@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QQuickView>
+#include <QString>
+
+namespace ostrel {
+
+/// A window that shows one page of the gallery at the page's own size.
+class GalleryWindow : public QQuickView
+{
+public:
+    /// @p page is the page's base name, for example "ComponentsPage".
+    explicit GalleryWindow(const QString &page);
+
+    [[nodiscard]] bool isUsable() const;
+    /// Lets a shown window take the keyboard, so that its focused field shows its caret.
+    void awaitActive();
+    /// Draws the page into a PNG at @p path, in device pixels. False where it can't be written.
+    [[nodiscard]] bool save(const QString &path);
+};
+
+/// Every page's base name.
+[[nodiscard]] QStringList galleryPages();
+
+} // namespace ostrel

@@ -1,0 +1,112 @@
+#include "GalleryWindow.h"
+#include "ThemeFonts.h"
+
+#include <QCommandLineParser>
+#include <QDir>
+#include <QGuiApplication>
+#include <QQuickWindow>
+
+#include <cstdio>
+#include <memory>
+#include <vector>
+
+namespace {
+
+using namespace ostrel;
+
+constexpr int exitFailed = 1;
+constexpr int exitUnusable = 2;
+
+struct Wishes
+{
+    QString scale;
+    QString saveDir; ///< Empty: show the pages.
+    QStringList pages;
+};
+
+int complain(const QString &text, int exitCode)
+{
+    std::fputs(qPrintable(QStringLiteral("ostrel-gallery: %1\n").arg(text)), stderr);
+    return exitCode;
+}
+
+Wishes readWishes(const QStringList &arguments)
+{
+    const QCommandLineOption scale(QStringLiteral("scale"),
+                                   QStringLiteral("Draw at this scale factor."),
+                                   QStringLiteral("factor"));
+    const QCommandLineOption save(
+        QStringLiteral("save"), QStringLiteral("Save every page as a PNG in this folder and end."),
+        QStringLiteral("folder"));
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Shows Ostrel's parts with canned data."));
+    parser.addHelpOption();
+    parser.addOptions({scale, save});
+    parser.addPositionalArgument(QStringLiteral("pages"), galleryPages().join(QLatin1Char(' ')),
+                                 QStringLiteral("[pages…]"));
+    parser.process(arguments);
+    return {
+        .scale = parser.value(scale),
+        .saveDir = parser.value(save),
+        .pages =
+            parser.positionalArguments().isEmpty() ? galleryPages() : parser.positionalArguments(),
+    };
+}
+
+int savePages(const Wishes &wishes)
+{
+    const QDir folder(wishes.saveDir);
+    if (!folder.mkpath(QStringLiteral(".")))
+        return complain(QStringLiteral("can't make %1").arg(wishes.saveDir), exitFailed);
+    for (const QString &page : wishes.pages) {
+        GalleryWindow window(page);
+        if (!window.isUsable())
+            return complain(QStringLiteral("there is no page %1").arg(page), exitUnusable);
+        window.show();
+        window.awaitActive();
+        const QString path = folder.filePath(
+            QStringLiteral("%1@%2.png")
+                .arg(page, wishes.scale.isEmpty() ? QStringLiteral("1") : wishes.scale));
+        if (!window.save(path))
+            return complain(QStringLiteral("can't write %1").arg(path), exitFailed);
+    }
+    return 0;
+}
+
+int showPages(const QStringList &pages)
+{
+    std::vector<std::unique_ptr<GalleryWindow>> windows;
+    for (const QString &page : pages) {
+        windows.push_back(std::make_unique<GalleryWindow>(page));
+        if (!windows.back()->isUsable())
+            return complain(QStringLiteral("there is no page %1").arg(page), exitUnusable);
+        windows.back()->show();
+    }
+    return QGuiApplication::exec();
+}
+
+QStringList argumentsOf(int argc, char **argv)
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments += QString::fromLocal8Bit(argv[i]);
+    return arguments;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication::setApplicationName(QStringLiteral("ostrel-gallery"));
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    const QStringList arguments = argumentsOf(argc, argv);
+    // The toolkit reads the scale while the application is made, so before options are parsed.
+    const auto scaleAt = arguments.indexOf(QStringLiteral("--scale")) + 1;
+    if (scaleAt > 0 && scaleAt < arguments.size())
+        qputenv("QT_SCALE_FACTOR", arguments.at(scaleAt).toLatin1());
+
+    const QGuiApplication application(argc, argv);
+    ThemeFonts::install();
+    const Wishes wishes = readWishes(arguments);
+    return wishes.saveDir.isEmpty() ? showPages(wishes.pages) : savePages(wishes);
+}

@@ -1,0 +1,21 @@
+import QtQuick
+
+import Ostrel.Theme
+
+// The application's icon on its plate, without the margin that desktops want around it.
+Item {
+    id: root
+
+    required property real size
+    readonly property real plateShare: 464 / 512
+
+    implicitWidth: size
+    implicitHeight: size
+
+    Symbol {
+        anchors.centerIn: parent
+        width: root.size / root.plateShare
+        height: width
+        name: "app-icon"
+    }
+}

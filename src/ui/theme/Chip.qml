@@ -1,0 +1,24 @@
+import QtQuick
+
+// One of several short choices, of which one is taken.
+ChoiceButton {
+    id: root
+
+    leftPadding: Theme.chipPadding
+    rightPadding: Theme.chipPadding
+    implicitHeight: Theme.chipHeight
+    radius: height / 2
+
+    contentItem: ButtonLabel {
+        text: root.text
+        font: Theme.demiBold11
+        color: root.isSelected ? Theme.accentText : Theme.textPrimary
+    }
+
+    background: QuietBox {
+        radius: root.radius
+        isHovered: root.showsHover
+        isPressed: root.down
+        isSelected: root.isSelected
+    }
+}

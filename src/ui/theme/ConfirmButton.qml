@@ -1,0 +1,23 @@
+import QtQuick
+
+// The capsule that confirms a sheet. Disabled, it pales instead of fading.
+BaseButton {
+    id: root
+
+    leftPadding: Theme.confirmPadding
+    rightPadding: Theme.confirmPadding
+    implicitHeight: Theme.confirmHeight
+    radius: height / 2
+    opacity: 1
+
+    contentItem: ButtonLabel {
+        text: root.text
+        font: Theme.demiBold13
+        color: Theme.accentText
+    }
+
+    background: EdgedBox {
+        radius: root.radius
+        color: !root.enabled ? Theme.confirmInvalid : root.down ? Theme.accentPressed : Theme.accent
+    }
+}

@@ -1,0 +1,21 @@
+#include "Disc.h"
+
+#include <QPainter>
+
+namespace ostrel {
+
+Disc::Disc(QQuickItem *parent)
+    : QQuickPaintedItem(parent)
+{
+    connect(this, &Disc::lookChanged, this, [this] { update(); });
+}
+
+void Disc::paint(QPainter *painter)
+{
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(m_color);
+    painter->drawEllipse(boundingRect().center(), m_diameter / 2, m_diameter / 2);
+}
+
+} // namespace ostrel

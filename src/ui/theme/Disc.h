@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QColor>
+#include <QQuickPaintedItem>
+
+namespace ostrel {
+
+/// A filled circle in the middle of the item. Unlike a rectangle with a radius it is round and even
+/// at every size and place, also where its colour is translucent.
+class Disc : public QQuickPaintedItem
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(QColor color MEMBER m_color NOTIFY lookChanged FINAL)
+    Q_PROPERTY(qreal diameter MEMBER m_diameter NOTIFY lookChanged FINAL)
+
+public:
+    explicit Disc(QQuickItem *parent = nullptr);
+
+    void paint(QPainter *painter) override;
+
+Q_SIGNALS:
+    void lookChanged();
+
+private:
+    QColor m_color;
+    qreal m_diameter = 0;
+};
+
+} // namespace ostrel

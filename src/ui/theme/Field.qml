@@ -1,0 +1,92 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+
+import Ostrel.Theme
+
+// A line to type into. `spokenName` is what its label says.
+T.TextField {
+    id: root
+
+    required property string spokenName
+    property bool showsHover: hovered
+    property bool showsFocus: activeFocus
+    // Stands at the end of the field, for example a check mark.
+    property string trailingSymbol: ""
+    property color trailingColor: Theme.statusUp
+    property string trailingName: ""
+
+    implicitWidth: Theme.thresholdFieldWidth
+    implicitHeight: Theme.fieldHeight
+    leftPadding: Theme.fieldPadding
+    rightPadding: Theme.fieldPadding + (trailingSymbol !== "" ? trailing.width + Theme.controlGap - Theme.tightSpacing : 0)
+    verticalAlignment: TextInput.AlignVCenter
+    font: Theme.body
+    color: Theme.textPrimary
+    placeholderTextColor: Theme.placeholder
+    selectionColor: Theme.textSelection
+    selectedTextColor: Theme.textPrimary
+    selectByMouse: true
+    // Out of focus a long text shows its beginning.
+    autoScroll: activeFocus
+    hoverEnabled: true
+    opacity: enabled ? 1 : Theme.disabledOpacity
+    Accessible.name: spokenName
+    Accessible.description: trailingSymbol !== "" ? trailingName : ""
+
+    cursorDelegate: Rectangle {
+        id: caret
+
+        property bool isLit: true
+
+        width: Theme.caretWidth
+        color: Theme.accent
+        visible: root.activeFocus && root.cursorVisible && isLit
+
+        Timer {
+            running: root.activeFocus && !root.readOnly && interval > 0
+            repeat: true
+            interval: Application.styleHints.cursorFlashTime / 2
+            onTriggered: caret.isLit = !caret.isLit
+            onRunningChanged: caret.isLit = true
+        }
+    }
+
+    background: EdgedBox {
+        radius: Theme.cornerRadiusSmall
+        color: Theme.surface
+        edge: {
+            if (root.showsFocus)
+                return Theme.focusEdge;
+            return root.showsHover ? Theme.fieldEdgeHover : Theme.fieldEdge;
+        }
+        edgeWidth: root.showsFocus ? Theme.focusRingWidth : Theme.hairlineWidth
+    }
+
+    ThemeText {
+        anchors.left: parent.left
+        anchors.leftMargin: root.leftPadding
+        anchors.right: parent.right
+        anchors.rightMargin: root.rightPadding
+        anchors.verticalCenter: parent.verticalCenter
+        visible: root.text === "" && root.preeditText === ""
+        text: root.placeholderText
+        font: root.font
+        color: root.placeholderTextColor
+        horizontalAlignment: root.horizontalAlignment
+        isSpoken: false
+    }
+
+    Symbol {
+        id: trailing
+
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.controlGap
+        anchors.verticalCenter: parent.verticalCenter
+        visible: root.trailingSymbol !== ""
+        name: root.trailingSymbol
+        systemSize: 16
+        color: root.trailingColor
+    }
+}

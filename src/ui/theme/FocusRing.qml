@@ -1,0 +1,18 @@
+import QtQuick
+
+// Shows which control the keyboard is on. Give it the control as parent, and `visible`.
+EdgedBox {
+    id: root
+
+    // The corner radius of the control.
+    property real controlRadius: Theme.cornerRadiusSmall
+    // Rows and fields have no room around them.
+    property bool isInside: false
+    readonly property real distance: isInside ? 0 : Theme.focusRingGap + Theme.focusRingWidth
+
+    anchors.fill: parent
+    anchors.margins: -distance
+    radius: controlRadius + distance
+    edge: Theme.focusEdge
+    edgeWidth: Theme.focusRingWidth
+}

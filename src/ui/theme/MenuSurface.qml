@@ -1,0 +1,8 @@
+import QtQuick
+
+// The ground of a menu.
+EdgedBox {
+    radius: Theme.menuRadius
+    color: Theme.surface
+    edge: Theme.menuEdge
+}

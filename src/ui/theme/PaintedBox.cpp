@@ -1,0 +1,40 @@
+#include "PaintedBox.h"
+
+#include <QGuiApplication>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace ostrel {
+
+PaintedBox::PaintedBox(QQuickItem *parent)
+    : QQuickPaintedItem(parent)
+{
+    connect(this, &PaintedBox::lookChanged, this, [this] { update(); });
+}
+
+void PaintedBox::paint(QPainter *painter)
+{
+    const QRectF box = boundingRect();
+    const qreal radius = std::min({m_radius, box.width() / 2, box.height() / 2});
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(m_color);
+    painter->drawRoundedRect(box, radius, radius);
+    if (m_edge.alpha() == 0)
+        return;
+    const qreal inset = m_edgeWidth / 2;
+    painter->setBrush(Qt::NoBrush);
+    painter->setPen(QPen(m_edge, m_edgeWidth));
+    painter->drawRoundedRect(box.adjusted(inset, inset, -inset, -inset), radius - inset,
+                             radius - inset);
+}
+
+bool PaintedBox::isNeeded()
+{
+    const qreal scale = qGuiApp->devicePixelRatio();
+    return !qFuzzyCompare(scale, std::round(scale));
+}
+
+} // namespace ostrel

@@ -1,0 +1,86 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+
+import Ostrel.Theme
+
+// A choice from a menu. `spokenName` is what its label says.
+T.ComboBox {
+    id: root
+
+    required property string spokenName
+    property bool showsHover: hovered
+    property bool showsFocus: visualFocus
+
+    function choose(index: int): void {
+        currentIndex = index;
+        activated(index);
+        popup.close();
+    }
+
+    implicitWidth: Math.max(Theme.keywordModeWidth, implicitContentWidth + leftPadding + rightPadding)
+    implicitHeight: Theme.pickerHeight
+    leftPadding: Theme.fieldPadding
+    rightPadding: Theme.fieldPadding + indicator.width
+    hoverEnabled: true
+    focusPolicy: Qt.TabFocus
+    font: Theme.body
+    opacity: enabled ? 1 : Theme.disabledOpacity
+    Accessible.name: spokenName
+    Accessible.description: displayText
+    Keys.onReturnPressed: popup.open()
+    Keys.onEnterPressed: popup.open()
+
+    contentItem: ButtonLabel {
+        isCentred: false
+        text: root.displayText
+        font: root.font
+    }
+
+    indicator: Symbol {
+        x: root.width - width - Theme.controlGap
+        y: Math.round((root.height - height) / 2)
+        name: "chevron.up.chevron.down"
+        color: Theme.textSecondary
+    }
+
+    // Its entries are counted only where it has a delegate; the popup draws its own rows.
+    delegate: Item {}
+
+    background: QuietBox {
+        radius: Theme.cornerRadiusSmall
+        isHovered: root.showsHover
+        isPressed: root.down
+    }
+
+    popup: T.Popup {
+        y: root.height + Theme.menuOffset
+        width: root.width
+        padding: Theme.menuPadding
+        implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
+        background: MenuSurface {}
+
+        contentItem: ListView {
+            clip: true
+            implicitHeight: contentHeight
+            model: root.count
+            currentIndex: root.highlightedIndex
+            boundsBehavior: Flickable.StopAtBounds
+            delegate: PickerRow {
+                required property int index
+
+                width: ListView.view.width
+                text: root.textAt(index)
+                isCurrent: root.currentIndex === index
+                highlighted: root.highlightedIndex === index
+                onClicked: root.choose(index)
+            }
+        }
+    }
+
+    FocusRing {
+        visible: root.showsFocus && !root.popup.visible
+        controlRadius: Theme.cornerRadiusSmall
+    }
+}

@@ -1,0 +1,42 @@
+import QtQuick
+import QtQuick.Templates as T
+
+import Ostrel.Theme
+
+// One choice of a picker's menu.
+T.ItemDelegate {
+    id: root
+
+    required property bool isCurrent
+
+    implicitHeight: Theme.menuRowHeight
+    leftPadding: Theme.menuRowPadding
+    rightPadding: Theme.menuRowPadding
+    hoverEnabled: true
+    Accessible.role: Accessible.MenuItem
+    Accessible.name: text
+    Accessible.checkable: true
+    Accessible.checked: isCurrent
+
+    contentItem: Item {
+        ThemeText {
+            width: parent.width - Theme.menuCheckWidth
+            anchors.verticalCenter: parent.verticalCenter
+            text: root.text
+            isSpoken: false
+        }
+
+        Symbol {
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            visible: root.isCurrent
+            name: "checkmark"
+            color: Theme.accent
+        }
+    }
+
+    background: MenuRowBox {
+        isHighlighted: root.highlighted || root.hovered
+        isPressed: root.down
+    }
+}

@@ -1,0 +1,59 @@
+import QtQuick
+import QtQuick.Window
+
+import Ostrel.Theme
+
+// The ring around the dot of a monitor that is down. It moves only while it can be seen, and never
+// where the desktop asks for stillness.
+Disc {
+    id: root
+
+    required property real restDiameter
+    required property bool pulse
+    readonly property bool isPulsing: pulse && visible && exposure.isExposed && !Theme.reducedMotion
+    // From 0, small and strong, to 1, large and gone.
+    property real swell: 0
+    readonly property real smallest: 0.85
+    readonly property real largest: 1.4
+
+    width: restDiameter * largest
+    height: restDiameter * largest
+    diameter: restDiameter * (smallest + (largest - smallest) * swell)
+    color: Theme.faded(Theme.statusDown, 0.20)
+    opacity: 0.7 * (1 - swell)
+    onIsPulsingChanged: {
+        if (!isPulsing)
+            swell = 0;
+    }
+
+    WindowExposure {
+        id: exposure
+
+        window: root.visible ? root.Window.window : null
+    }
+
+    SequentialAnimation {
+        running: root.isPulsing
+        loops: Animation.Infinite
+
+        NumberAnimation {
+            target: root
+            property: "swell"
+            from: 0
+            to: 1
+            duration: Theme.haloMotion
+            easing.type: Easing.BezierSpline
+            easing.bezierCurve: Theme.easeInOut
+        }
+
+        NumberAnimation {
+            target: root
+            property: "swell"
+            from: 1
+            to: 0
+            duration: Theme.haloMotion
+            easing.type: Easing.BezierSpline
+            easing.bezierCurve: Theme.easeInOut
+        }
+    }
+}

@@ -1,0 +1,30 @@
+import QtQuick
+import QtQuick.Templates as T
+
+// The context menu of a row; holds RowMenuItem.
+T.Menu {
+    id: root
+
+    margins: Theme.menuOffset
+    padding: Theme.menuPadding
+    overlap: 0
+    implicitWidth: Math.max(Theme.menuMinimumWidth, contentItem.implicitWidth + leftPadding + rightPadding)
+    implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
+    delegate: RowMenuItem {}
+    background: MenuSurface {}
+
+    contentItem: ListView {
+        implicitHeight: contentHeight
+        implicitWidth: {
+            let widest = 0;
+            for (let row = 0; row < root.count; ++row)
+                widest = Math.max(widest, root.itemAt(row).implicitWidth);
+            return widest;
+        }
+        model: root.contentModel
+        currentIndex: root.currentIndex
+        interactive: false
+        Accessible.role: Accessible.PopupMenu
+        Accessible.name: root.title
+    }
+}

@@ -1,0 +1,88 @@
+#include "SymbolRaster.h"
+
+#include <QCache>
+#include <QFile>
+#include <QPainter>
+#include <QSvgRenderer>
+
+#include <array>
+#include <cmath>
+#include <utility>
+
+namespace ostrel {
+
+namespace {
+
+struct SymbolBox
+{
+    int systemSize;
+    int side;
+};
+constexpr std::array symbolBoxes = {
+    SymbolBox{11, 14}, SymbolBox{12, 14}, SymbolBox{16, 20},
+    SymbolBox{22, 26}, SymbolBox{28, 34}, SymbolBox{48, 58},
+};
+
+using Key = std::pair<QString, std::pair<int, QRgb>>;
+
+/// The symbol's drawing in opaque @p color; empty where there is no such symbol.
+QByteArray coloredDrawing(const QString &name, const QColor &color)
+{
+    QFile file(QStringLiteral(":/qt/qml/Ostrel/Theme/symbols/%1.svg").arg(name));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return file.readAll().replace("currentColor", color.name(QColor::HexRgb).toLatin1());
+}
+
+/// Paths overlap within a symbol, so the alpha is taken from the whole picture.
+void fade(QImage &image, int alpha)
+{
+    QPainter painter(&image);
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+    painter.fillRect(image.rect(), QColor(0, 0, 0, alpha));
+}
+
+QImage draw(const QString &name, int pixels, const QColor &color)
+{
+    const QByteArray drawing = coloredDrawing(name, color);
+    if (drawing.isEmpty() || pixels <= 0)
+        return {};
+    QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    {
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        QSvgRenderer(drawing).render(&painter, QRectF(image.rect()));
+    }
+    if (color.alpha() < 255)
+        fade(image, color.alpha());
+    return image;
+}
+
+/// Room for some hundred symbols of the usual sizes.
+constexpr int cacheBytes = 1 << 20;
+
+} // namespace
+
+QImage SymbolRaster::image(const QString &name, int pixels, const QColor &color)
+{
+    static QCache<Key, QImage> images(cacheBytes);
+    const Key key(name, {pixels, color.rgba()});
+    if (const QImage *known = images.object(key))
+        return *known;
+    const QImage drawn = draw(name, pixels, color);
+    images.insert(key, new QImage(drawn), static_cast<int>(drawn.sizeInBytes()) + 1);
+    return drawn;
+}
+
+qreal SymbolRaster::boxFor(qreal systemSize)
+{
+    for (const SymbolBox &box : symbolBoxes) {
+        if (box.systemSize == static_cast<int>(std::lround(systemSize)))
+            return box.side;
+    }
+    constexpr qreal usualRatio = 1.2;
+    return 2 * std::ceil(systemSize * usualRatio / 2);
+}
+
+} // namespace ostrel

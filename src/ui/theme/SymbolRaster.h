@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QColor>
+#include <QImage>
+#include <QString>
+
+namespace ostrel {
+
+/// Draws the symbols. Each is drawn once per size and colour and kept in a bounded cache. Used on
+/// the main thread only.
+class SymbolRaster
+{
+public:
+    /// The symbol @p name in a square of @p pixels device pixels, its drawing in @p color. Null
+    /// where there is no such symbol.
+    [[nodiscard]] static QImage image(const QString &name, int pixels, const QColor &color);
+
+    /// The side of the box that a symbol takes of system size @p systemSize (the size of the text
+    /// beside it).
+    [[nodiscard]] static qreal boxFor(qreal systemSize);
+};
+
+} // namespace ostrel

@@ -1,0 +1,21 @@
+import QtQuick
+
+// A button of text alone, with a symbol before it where it has one.
+BaseButton {
+    id: root
+
+    property string symbol: ""
+    property font face: Theme.body
+
+    leftPadding: Theme.textButtonPadding
+    rightPadding: Theme.textButtonPadding
+    implicitHeight: Theme.confirmHeight
+
+    contentItem: ButtonLabel {
+        symbol: root.symbol
+        gap: Theme.advancedGap
+        text: root.text
+        font: root.face
+        color: root.down ? Theme.accent : root.showsHover ? Theme.textPrimary : Theme.textSecondary
+    }
+}

@@ -1,0 +1,110 @@
+#include "ThemeFonts.h"
+
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QQuickWindow>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace ostrel {
+
+namespace {
+
+struct LineBox
+{
+    int pixelSize;
+    int height;
+};
+constexpr std::array lineBoxes = {
+    LineBox{9, 12},  LineBox{10, 13}, LineBox{11, 14}, LineBox{12, 16}, LineBox{13, 18},
+    LineBox{14, 18}, LineBox{15, 20}, LineBox{22, 28}, LineBox{24, 30}, LineBox{32, 30},
+};
+
+QString sans()
+{
+    return QStringLiteral("Avenir Next");
+}
+
+QString monospaced()
+{
+    return QStringLiteral("SF Mono");
+}
+
+QFont fontOf(const QString &family, int weight, qreal pixelSize, qreal letterSpacing)
+{
+    QFont font(family);
+    font.setWeight(static_cast<QFont::Weight>(weight));
+    font.setPixelSize(static_cast<int>(std::lround(pixelSize)));
+    font.setLetterSpacing(QFont::AbsoluteSpacing, letterSpacing);
+    return font;
+}
+
+/// As lines are measured in a layout: in whole pixels.
+qreal faceHeight(const QFont &font)
+{
+    return std::ceil(QFontMetricsF(font).height());
+}
+
+} // namespace
+
+void ThemeFonts::install()
+{
+    QFont::insertSubstitutions(sans(), {QStringLiteral("Lato"), QStringLiteral("Manrope"),
+                                        QStringLiteral("Cantarell"), QStringLiteral("sans-serif")});
+    QFont::insertSubstitutions(monospaced(),
+                               {QStringLiteral("JetBrains Mono"), QStringLiteral("Fira Code"),
+                                QStringLiteral("DejaVu Sans Mono"), QStringLiteral("monospace")});
+    // Hinted glyphs are sharper on a coarse screen; on a finer one they are spaced unevenly.
+    QQuickWindow::setTextRenderType(qGuiApp->devicePixelRatio() > 1.0
+                                        ? QQuickWindow::QtTextRendering
+                                        : QQuickWindow::NativeTextRendering);
+}
+
+QFont ThemeFonts::face(int weight, qreal pixelSize, qreal letterSpacing)
+{
+    return fontOf(sans(), weight, pixelSize, letterSpacing);
+}
+
+QFont ThemeFonts::mono(int weight, qreal pixelSize)
+{
+    QFont font = fontOf(monospaced(), weight, pixelSize, defaultLetterSpacing);
+    font.setStyleHint(QFont::Monospace);
+    return font;
+}
+
+QFont ThemeFonts::system(qreal pixelSize)
+{
+    QFont font = QGuiApplication::font();
+    font.setPixelSize(static_cast<int>(std::lround(pixelSize)));
+    return font;
+}
+
+qreal ThemeFonts::lineBox(qreal pixelSize)
+{
+    const auto *known = std::find_if(lineBoxes.begin(), lineBoxes.end(), [&](const LineBox &box) {
+        return box.pixelSize == static_cast<int>(std::lround(pixelSize));
+    });
+    if (known != lineBoxes.end())
+        return known->height;
+    constexpr qreal usualRatio = 1.25;
+    return std::ceil(pixelSize * usualRatio);
+}
+
+qreal ThemeFonts::halfLeading(const QFont &font)
+{
+    return std::floor((lineBox(font.pixelSize()) - faceHeight(font)) / 2);
+}
+
+qreal ThemeFonts::overhang(const QFont &font)
+{
+    return std::max(0.0, faceHeight(font) - lineBox(font.pixelSize()));
+}
+
+qreal ThemeFonts::textWidth(const QString &text, const QFont &font)
+{
+    return QFontMetricsF(font).horizontalAdvance(text);
+}
+
+} // namespace ostrel

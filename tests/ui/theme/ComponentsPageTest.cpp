@@ -1,0 +1,52 @@
+#include "GalleryWindow.h"
+#include "Printers.h"
+
+#include <QAccessible>
+#include <QQuickItem>
+
+#include <gtest/gtest.h>
+
+namespace ostrel::test {
+
+namespace {
+
+void collect(QAccessibleInterface *spoken, QList<QAccessibleInterface *> &all)
+{
+    all += spoken;
+    for (int i = 0; i < spoken->childCount(); ++i)
+        collect(spoken->child(i), all);
+}
+
+/// What an assistive tool finds in the window and can put the focus on.
+QList<QAccessibleInterface *> focusableThings(QWindow &window)
+{
+    QList<QAccessibleInterface *> all;
+    collect(QAccessible::queryAccessibleInterface(&window), all);
+    all.removeIf([](const QAccessibleInterface *spoken) { return !spoken->state().focusable; });
+    return all;
+}
+
+} // namespace
+
+TEST(ComponentsPageTest, EveryPageOpens)
+{
+    for (const QString &page : galleryPages()) {
+        const GalleryWindow window(page);
+        EXPECT_TRUE(window.isUsable()) << qPrintable(page);
+    }
+}
+
+TEST(ComponentsPageTest, NoFocusableControlIsNameless)
+{
+    GalleryWindow window(QStringLiteral("ComponentsPage"));
+    ASSERT_TRUE(window.isUsable());
+    window.show();
+    const QList<QAccessibleInterface *> things = focusableThings(window);
+
+    EXPECT_GT(things.size(), 30);
+    for (const QAccessibleInterface *spoken : things)
+        EXPECT_FALSE(spoken->text(QAccessible::Name).isEmpty())
+            << spoken->object()->metaObject()->className() << ", role " << spoken->role();
+}
+
+} // namespace ostrel::test

@@ -1,0 +1,317 @@
+#include "Printers.h"
+#include "ThemeView.h"
+#include "WaitFor.h"
+
+#include <QAccessible>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace ostrel::test {
+
+namespace {
+
+struct ControlCase
+{
+    const char *name;
+    const char *qml; ///< Without its closing brace.
+    QAccessible::Role role;
+    const char *spokenName;
+    double height;
+};
+
+class PressableTest : public testing::TestWithParam<ControlCase>
+{
+protected:
+    ThemeView view{QByteArray(GetParam().qml) + "; objectName: 'subject' }"};
+};
+
+const ControlCase pressables[] = {
+    {"IconButton", "IconButton { symbol: 'gearshape'; helpText: 'Edit monitor'",
+     QAccessible::Button, "Edit monitor", 32},
+    {"TextButton", "TextButton { text: 'Cancel'", QAccessible::Button, "Cancel", 34},
+    {"QuietButton", "QuietButton { text: 'Reveal in Finder'", QAccessible::Button,
+     "Reveal in Finder", 28},
+    {"Pill", "PillButtonStyle { text: 'Add Monitor'; symbol: 'plus'", QAccessible::Button,
+     "Add Monitor", 44},
+    {"Confirm", "ConfirmButton { text: 'Save'", QAccessible::Button, "Save", 34},
+    {"Tile", "Tile { text: 'Website'; symbol: 'globe'", QAccessible::RadioButton, "Website", 32},
+    {"Chip", "Chip { text: '5m'", QAccessible::RadioButton, "5m", 26},
+    {"Toggle", "Toggle { spokenName: 'Launch at Login'", QAccessible::CheckBox, "Launch at Login",
+     20},
+};
+
+std::string nameOf(const testing::TestParamInfo<ControlCase> &info)
+{
+    return info.param.name;
+}
+
+} // namespace
+
+TEST_P(PressableTest, HasRoleNameAndHeight)
+{
+    ASSERT_EQ(view.error(), QString());
+    QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(view.item());
+    ASSERT_TRUE(spoken);
+
+    EXPECT_EQ(spoken->role(), GetParam().role);
+    EXPECT_EQ(spoken->text(QAccessible::Name), QLatin1String(GetParam().spokenName));
+    EXPECT_TRUE(spoken->state().focusable);
+    EXPECT_EQ(view.item()->height(), GetParam().height);
+}
+
+TEST_P(PressableTest, IsPressedByMouseSpaceReturnAndEnter)
+{
+    ASSERT_EQ(view.error(), QString());
+    QSignalSpy clicked(view.item(), SIGNAL(clicked()));
+    view.item()->forceActiveFocus(Qt::TabFocusReason);
+
+    QTest::mouseClick(&view.window(), Qt::LeftButton, {}, ThemeView::middleOf(*view.item()));
+    EXPECT_EQ(clicked.count(), 1);
+    QTest::keyClick(&view.window(), Qt::Key_Space);
+    EXPECT_EQ(clicked.count(), 2);
+    QTest::keyClick(&view.window(), Qt::Key_Return);
+    EXPECT_EQ(clicked.count(), 3);
+    QTest::keyClick(&view.window(), Qt::Key_Enter);
+    EXPECT_EQ(clicked.count(), 4);
+}
+
+TEST_P(PressableTest, IsPressedByAnAssistiveTool)
+{
+    ASSERT_EQ(view.error(), QString());
+    QSignalSpy clicked(view.item(), SIGNAL(clicked()));
+    QAccessibleActionInterface *actions =
+        QAccessible::queryAccessibleInterface(view.item())->actionInterface();
+    ASSERT_TRUE(actions);
+    const QString press = GetParam().role == QAccessible::CheckBox
+                              ? QAccessibleActionInterface::toggleAction()
+                              : QAccessibleActionInterface::pressAction();
+    ASSERT_TRUE(actions->actionNames().contains(press))
+        << qPrintable(actions->actionNames().join(QLatin1Char(' ')));
+
+    actions->doAction(press);
+
+    EXPECT_EQ(clicked.count(), 1);
+}
+
+TEST_P(PressableTest, DisabledItIsDeafAndPale)
+{
+    ASSERT_EQ(view.error(), QString());
+    QSignalSpy clicked(view.item(), SIGNAL(clicked()));
+
+    view.setProperty("enabled", false);
+    QTest::mouseClick(&view.window(), Qt::LeftButton, {}, ThemeView::middleOf(*view.item()));
+
+    EXPECT_EQ(clicked.count(), 0);
+    const bool pales = QByteArray(GetParam().name) == "Confirm";
+    EXPECT_DOUBLE_EQ(view.item()->opacity(), pales ? 1.0 : 0.4);
+}
+
+TEST_P(PressableTest, ShowsItsFocusRingToTheKeyboardOnly)
+{
+    ASSERT_EQ(view.error(), QString());
+    view.item()->forceActiveFocus(Qt::MouseFocusReason);
+    EXPECT_EQ(view.property("showsFocus"), QVariant(false));
+
+    view.item()->setFocus(false);
+    view.item()->forceActiveFocus(Qt::TabFocusReason);
+
+    EXPECT_EQ(view.property("showsFocus"), QVariant(true));
+    const QColor ring = laidOver(view.themeColor("background"), view.themeColor("accent"), 0.6);
+    EXPECT_TRUE(looksLike(view.colorAt({view.item()->width() / 2, -3}), ring));
+    EXPECT_TRUE(
+        looksLike(view.colorAt({view.item()->width() / 2, -1}), view.themeColor("background")));
+}
+
+INSTANTIATE_TEST_SUITE_P(Controls, PressableTest, testing::ValuesIn(pressables), nameOf);
+
+TEST(ToggleTest, SwitchesAndSaysSo)
+{
+    ThemeView view("Toggle { objectName: 'subject'; spokenName: 'Launch at Login' }");
+    view.item()->forceActiveFocus(Qt::TabFocusReason);
+    const auto isChecked = [&] {
+        return QAccessible::queryAccessibleInterface(view.item())->state().checked;
+    };
+    EXPECT_FALSE(isChecked());
+
+    QTest::keyClick(&view.window(), Qt::Key_Space);
+    EXPECT_TRUE(isChecked());
+    QTest::keyClick(&view.window(), Qt::Key_Return);
+    EXPECT_FALSE(isChecked());
+    QTest::mouseClick(&view.window(), Qt::LeftButton, {}, ThemeView::middleOf(*view.item()));
+    EXPECT_TRUE(isChecked());
+    EXPECT_TRUE(waitFor([&] {
+        return looksLike(view.colorAt({6, 10}), view.themeColor("accent"));
+    }));
+}
+
+TEST(ChipTest, ASelectedChipIsFilledAndSaysSo)
+{
+    ThemeView view("Chip { objectName: 'subject'; text: '5m' }");
+    EXPECT_FALSE(QAccessible::queryAccessibleInterface(view.item())->state().checked);
+
+    view.setProperty("isSelected", true);
+
+    EXPECT_TRUE(QAccessible::queryAccessibleInterface(view.item())->state().checked);
+    EXPECT_TRUE(waitFor([&] {
+        return looksLike(view.colorAt({6, 13}), view.themeColor("accent"));
+    }));
+}
+
+TEST(FieldTest, SaysItsNameAndTakesText)
+{
+    ThemeView view("Field { objectName: 'subject'; spokenName: 'Address'; "
+                   "placeholderText: 'https://yoursite.example' }");
+    ASSERT_EQ(view.error(), QString());
+    view.item()->forceActiveFocus(Qt::TabFocusReason);
+
+    QTest::keyClick(&view.window(), Qt::Key_A);
+
+    EXPECT_EQ(view.property("text"), QVariant(QStringLiteral("a")));
+    QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(view.item());
+    EXPECT_EQ(spoken->role(), QAccessible::EditableText);
+    EXPECT_EQ(spoken->text(QAccessible::Name), QStringLiteral("Address"));
+}
+
+TEST(FieldTest, FocusIsAnEdgeOfTwoPixelsInside)
+{
+    ThemeView view("Field { objectName: 'subject'; spokenName: 'Address' }");
+    const QColor surface = view.themeColor("surface");
+    const QColor accent = view.themeColor("accent");
+    EXPECT_TRUE(looksLike(view.colorAt({60, 0.5}), laidOver(surface, accent, 0.14)));
+    EXPECT_TRUE(looksLike(view.colorAt({60, 1.5}), surface));
+
+    view.item()->forceActiveFocus(Qt::TabFocusReason);
+
+    EXPECT_TRUE(looksLike(view.colorAt({60, 0.5}), laidOver(surface, accent, 0.6)));
+    EXPECT_TRUE(looksLike(view.colorAt({60, 1.5}), laidOver(surface, accent, 0.6)));
+    EXPECT_TRUE(looksLike(view.colorAt({60, -1}), view.themeColor("background")));
+}
+
+TEST(FieldTest, ALongTextShowsItsBeginningOutOfFocus)
+{
+    ThemeView view("Field { objectName: 'subject'; spokenName: 'Address'; width: 80; "
+                   "text: 'https://bakery.example/order' }");
+
+    EXPECT_GE(view.evaluate(QStringLiteral("children[0].positionToRectangle(0).x")).toDouble(), 0);
+}
+
+TEST(PickerTest, ShowsItsChoiceAndChangesItFromTheKeyboard)
+{
+    ThemeView view("Picker { objectName: 'subject'; spokenName: 'Keyword'; "
+                   "model: ['Must exist', 'Must not exist'] }");
+    ASSERT_EQ(view.error(), QString());
+    EXPECT_EQ(view.property("displayText"), QVariant(QStringLiteral("Must exist")));
+    QSignalSpy activated(view.item(), SIGNAL(activated(int)));
+    view.item()->forceActiveFocus(Qt::TabFocusReason);
+
+    QTest::keyClick(&view.window(), Qt::Key_Down);
+
+    EXPECT_EQ(view.property("displayText"), QVariant(QStringLiteral("Must not exist")));
+    EXPECT_EQ(activated.count(), 1);
+    QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(view.item());
+    EXPECT_EQ(spoken->role(), QAccessible::ComboBox);
+    EXPECT_EQ(spoken->text(QAccessible::Name), QStringLiteral("Keyword"));
+}
+
+TEST(PickerTest, AClickedRowIsTheChoice)
+{
+    ThemeView view("Picker { objectName: 'subject'; spokenName: 'Keyword'; "
+                   "model: ['Must exist', 'Must not exist'] }");
+    QSignalSpy activated(view.item(), SIGNAL(activated(int)));
+    QTest::mouseClick(&view.window(), Qt::LeftButton, {}, ThemeView::middleOf(*view.item()));
+    ASSERT_TRUE(waitFor(
+        [&] { return view.evaluate(QStringLiteral("children[0].popup.opened")).toBool(); }));
+
+    const QPointF secondRow = view.item()->mapToScene({40, 34 + 4 + 4 + 28 + 14});
+    QTest::mouseClick(&view.window(), Qt::LeftButton, {}, secondRow.toPoint());
+
+    EXPECT_EQ(view.property("currentIndex"), QVariant(1));
+    EXPECT_EQ(activated.count(), 1);
+    EXPECT_TRUE(waitFor(
+        [&] { return !view.evaluate(QStringLiteral("children[0].popup.visible")).toBool(); }));
+}
+
+TEST(SegmentedPickerTest, IsChosenByMouseAndArrows)
+{
+    ThemeView view("SegmentedPicker { objectName: 'subject'; spokenName: 'Method'; "
+                   "choices: ['GET', 'HEAD', 'POST'] }");
+    ASSERT_EQ(view.error(), QString());
+    QSignalSpy activated(view.item(), SIGNAL(activated(int)));
+    EXPECT_EQ(view.item()->height(), 28);
+
+    const QPoint last = view.item()->mapToScene({view.item()->width() - 12, 14}).toPoint();
+    QTest::mouseClick(&view.window(), Qt::LeftButton, {}, last);
+    EXPECT_EQ(view.property("currentIndex"), QVariant(2));
+
+    QTest::keyClick(&view.window(), Qt::Key_Tab);
+    QTest::keyClick(&view.window(), Qt::Key_Left);
+    EXPECT_EQ(view.property("currentIndex"), QVariant(1));
+    QTest::keyClick(&view.window(), Qt::Key_Left);
+    QTest::keyClick(&view.window(), Qt::Key_Left);
+    EXPECT_EQ(view.property("currentIndex"), QVariant(0));
+    EXPECT_EQ(activated.count(), 3);
+}
+
+TEST(RowMenuTest, OpensWithItsRowsAndRunsThem)
+{
+    ThemeView view("RowMenu { id: menu; title: 'Shop'\n"
+                   "RowMenuItem { text: 'Check Now'; symbol: 'arrow.trianglehead.clockwise'\n"
+                   "onTriggered: root.objectName = 'checked' }\n"
+                   "RowMenuItem { text: 'Delete'; symbol: 'trash'; isDestructive: true }\n"
+                   "}\n"
+                   "Item { objectName: 'subject'; function open() { menu.popup(root, 0, 0) } }");
+    ASSERT_EQ(view.error(), QString());
+    QMetaObject::invokeMethod(view.item(), "open");
+    ASSERT_TRUE(waitFor([&] { return view.evaluate(QStringLiteral("menu.opened")).toBool(); }));
+    EXPECT_EQ(view.evaluate(QStringLiteral("menu.height")), QVariant(2 * 28.0 + 8));
+    EXPECT_EQ(view.evaluate(QStringLiteral("menu.itemAt(1).labelColor")).value<QColor>(),
+              view.themeColor("statusDown"));
+
+    QTest::keyClick(&view.window(), Qt::Key_Down);
+    QTest::keyClick(&view.window(), Qt::Key_Return);
+
+    EXPECT_EQ(view.evaluate(QStringLiteral("root.objectName")),
+              QVariant(QStringLiteral("checked")));
+}
+
+TEST(HelpTextTest, AppearsOnlyAfterTheSetRest)
+{
+    ThemeView view("IconButton { objectName: 'subject'; symbol: 'gearshape'; "
+                   "helpText: 'Edit monitor' }");
+
+    EXPECT_EQ(view.evaluate(QStringLiteral("Theme.helpTextDelay")), QVariant(600));
+}
+
+TEST(PendingRingTest, TurnsOnlyWhileItCanBeSeen)
+{
+    ThemeView view("PendingRing { objectName: 'subject' }");
+    ASSERT_EQ(view.error(), QString());
+    EXPECT_EQ(view.item()->width(), 14);
+    EXPECT_EQ(view.property("isTurning"), QVariant(true));
+    EXPECT_TRUE(waitFor([&] { return view.property("angle").toDouble() > 0; }));
+
+    view.window().hide();
+    EXPECT_TRUE(waitFor([&] { return !view.property("isTurning").toBool(); }));
+
+    view.window().show();
+    EXPECT_TRUE(waitFor([&] { return view.property("isTurning").toBool(); }));
+    view.reduceMotion();
+    EXPECT_EQ(view.property("isTurning"), QVariant(false));
+}
+
+TEST(ScrollIndicatorBarTest, IsGoneAWhileAfterTheLastScroll)
+{
+    ThemeView view("ScrollIndicatorBar { objectName: 'subject'; orientation: Qt.Vertical; "
+                   "height: 200; size: 0.5 }");
+    ASSERT_EQ(view.error(), QString());
+    EXPECT_TRUE(waitFor([&] { return view.item()->opacity() == 0; }));
+
+    view.setProperty("position", 0.2);
+
+    EXPECT_TRUE(waitFor([&] { return view.item()->opacity() == 1; }));
+    EXPECT_TRUE(waitFor([&] { return view.item()->opacity() == 0; }));
+}
+
+} // namespace ostrel::test

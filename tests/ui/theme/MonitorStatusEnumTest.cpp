@@ -1,0 +1,28 @@
+#include "MonitorStatusEnum.h"
+
+#include "ThemeView.h"
+
+#include <gtest/gtest.h>
+
+namespace ostrel::test {
+
+TEST(MonitorStatusEnumTest, ViewsKnowEveryStatusByTheRecordsNumber)
+{
+    ThemeView view("");
+    struct
+    {
+        const char *name;
+        MonitorStatus status;
+    } const table[] = {
+        {"Up", MonitorStatus::up},
+        {"Down", MonitorStatus::down},
+        {"Paused", MonitorStatus::paused},
+        {"Pending", MonitorStatus::pending},
+    };
+    for (const auto &[name, status] : table)
+        EXPECT_EQ(view.evaluate(QStringLiteral("MonitorStatus.%1").arg(QLatin1String(name))),
+                  QVariant(static_cast<int>(status)))
+            << name;
+}
+
+} // namespace ostrel::test

@@ -1,0 +1,70 @@
+#include "Printers.h"
+#include "ThemeView.h"
+
+#include <QAccessible>
+#include <QFont>
+
+#include <gtest/gtest.h>
+
+namespace ostrel::test {
+
+namespace {
+
+QByteArray card(const QByteArray &unit)
+{
+    return "StatCard { objectName: 'subject'; title: 'Avg Response'; value: '187'; unit: '" + unit +
+           "'; color: Theme.statusUp }";
+}
+
+QString spokenName(QQuickItem *item)
+{
+    return QAccessible::queryAccessibleInterface(item)->text(QAccessible::Name);
+}
+
+} // namespace
+
+TEST(StatCardTest, WithoutAUnitTheValueStandsAlone)
+{
+    ThemeView view(card(""));
+    ASSERT_EQ(view.error(), QString());
+
+    EXPECT_FALSE(view.item(QStringLiteral("unit"))->isVisible());
+    EXPECT_TRUE(view.item(QStringLiteral("value"))->isVisible());
+    EXPECT_EQ(spokenName(view.item()), QStringLiteral("Avg Response, 187"));
+}
+
+TEST(StatCardTest, TheUnitSitsRightOfTheValueInTheSmallerFace)
+{
+    ThemeView view(card("ms"));
+    ASSERT_EQ(view.error(), QString());
+    const QQuickItem *value = view.item(QStringLiteral("value"));
+    const QQuickItem *unit = view.item(QStringLiteral("unit"));
+
+    EXPECT_TRUE(unit->isVisible());
+    EXPECT_EQ(unit->x(), value->x() + value->width() + 3);
+    EXPECT_EQ(unit->y() + unit->baselineOffset(), value->y() + value->baselineOffset());
+    EXPECT_EQ(unit->property("font"), view.evaluate(QStringLiteral("Theme.bodyMedium")));
+    EXPECT_EQ(value->property("font"), view.evaluate(QStringLiteral("Theme.displayLarge")));
+    EXPECT_EQ(spokenName(view.item()), QStringLiteral("Avg Response, 187 ms"));
+}
+
+TEST(StatCardTest, HasTheSameHeightWithAndWithoutAUnit)
+{
+    ThemeView with(card("ms"));
+    ThemeView without(card(""));
+
+    EXPECT_EQ(with.property("implicitHeight"), QVariant(66.0));
+    EXPECT_EQ(without.property("implicitHeight"), QVariant(66.0));
+}
+
+TEST(StatCardTest, ASmallerValueKeepsTheHeight)
+{
+    ThemeView view(card("ms"));
+
+    view.setProperty("valueSize", 24);
+
+    EXPECT_EQ(view.item(QStringLiteral("value"))->property("font").value<QFont>().pixelSize(), 24);
+    EXPECT_EQ(view.property("implicitHeight"), QVariant(66.0));
+}
+
+} // namespace ostrel::test

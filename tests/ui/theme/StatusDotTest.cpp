@@ -1,0 +1,153 @@
+#include "Printers.h"
+#include "ThemeView.h"
+#include "WaitFor.h"
+
+#include <gtest/gtest.h>
+
+namespace ostrel::test {
+
+namespace {
+
+constexpr double size = 40;
+constexpr double middle = 2.6 * size / 2;
+
+QByteArray dot(const char *status)
+{
+    return QByteArray("StatusDot { objectName: 'subject'; size: 40; status: MonitorStatus.") +
+           status + " }";
+}
+
+QQuickItem &haloOf(const ThemeView &view)
+{
+    return *view.item(QStringLiteral("halo"));
+}
+
+bool isPulsing(const ThemeView &view)
+{
+    return haloOf(view).property("isPulsing").toBool();
+}
+
+} // namespace
+
+TEST(StatusDotTest, StandsInASquareFrameOfTwoPointSixSizes)
+{
+    ThemeView view(dot("Up"));
+    ASSERT_EQ(view.error(), QString());
+
+    EXPECT_DOUBLE_EQ(view.property("implicitWidth").toDouble(), 104);
+    EXPECT_DOUBLE_EQ(view.property("implicitHeight").toDouble(), 104);
+}
+
+TEST(StatusDotTest, UpHasASteadyHaloOfTwoSizes)
+{
+    ThemeView view(dot("Up"));
+    const QColor ground = view.themeColor("background");
+    const QColor up = view.themeColor("statusUp");
+
+    EXPECT_TRUE(looksLike(view.colorAt({middle, middle}), up));
+    EXPECT_TRUE(looksLike(view.colorAt({middle + 18, middle}), up));
+    EXPECT_TRUE(looksLike(view.colorAt({middle + 23, middle}), laidOver(ground, up, 0.15)));
+    EXPECT_TRUE(looksLike(view.colorAt({middle + 38, middle}), laidOver(ground, up, 0.15)));
+    EXPECT_TRUE(looksLike(view.colorAt({middle + 42, middle}), ground));
+    EXPECT_FALSE(isPulsing(view));
+}
+
+TEST(StatusDotTest, DownHasASwellingHalo)
+{
+    ThemeView view(dot("Down"));
+    QQuickItem &halo = haloOf(view);
+
+    EXPECT_EQ(view.property("pulse"), QVariant(true));
+    EXPECT_TRUE(isPulsing(view));
+    EXPECT_TRUE(waitFor([&] { return halo.property("swell").toDouble() > 0.01; }));
+    EXPECT_TRUE(looksLike(view.colorAt({middle, middle}), view.themeColor("statusDown")));
+}
+
+TEST(StatusDotTest, TheHaloRunsFromSmallAndStrongToLargeAndGone)
+{
+    ThemeView view(dot("Down"));
+    QQuickItem &halo = haloOf(view);
+    view.setProperty("pulse", false);
+
+    EXPECT_DOUBLE_EQ(halo.property("diameter").toDouble(), 2.4 * size * 0.85);
+    EXPECT_DOUBLE_EQ(halo.opacity(), 0.7);
+    EXPECT_TRUE(looksLike(
+        view.colorAt({middle + 30, middle}),
+        laidOver(view.themeColor("background"), view.themeColor("statusDown"), 0.2 * 0.7)));
+
+    halo.setProperty("swell", 1.0);
+
+    EXPECT_DOUBLE_EQ(halo.property("diameter").toDouble(), 2.4 * size * 1.4);
+    EXPECT_DOUBLE_EQ(halo.opacity(), 0);
+}
+
+TEST(StatusDotTest, PausedHasNoHaloAndNoAnimationEvenWhilePulseToggles)
+{
+    ThemeView view(dot("Paused"));
+    const QColor ground = view.themeColor("background");
+
+    for (const bool pulse : {true, false, true}) {
+        view.setProperty("pulse", pulse);
+        EXPECT_FALSE(isPulsing(view));
+        EXPECT_FALSE(haloOf(view).isVisible());
+        EXPECT_EQ(haloOf(view).property("swell"), QVariant(0.0));
+        EXPECT_TRUE(looksLike(view.colorAt({middle + 24, middle}), ground));
+        EXPECT_TRUE(looksLike(view.colorAt({middle, middle}),
+                              laidOver(ground, view.themeColor("statusMuted"), 1)));
+    }
+}
+
+TEST(StatusDotTest, PendingLooksLikePaused)
+{
+    ThemeView view(dot("Pending"));
+
+    EXPECT_FALSE(haloOf(view).isVisible());
+    EXPECT_TRUE(
+        looksLike(view.colorAt({middle, middle}),
+                  laidOver(view.themeColor("background"), view.themeColor("statusMuted"), 1)));
+}
+
+TEST(StatusDotTest, TheHaloStandsStillWhileItsWindowIsHidden)
+{
+    ThemeView view(dot("Down"));
+    ASSERT_TRUE(isPulsing(view));
+
+    view.window().hide();
+    EXPECT_TRUE(waitFor([&] { return !isPulsing(view); }));
+    EXPECT_EQ(haloOf(view).property("swell"), QVariant(0.0));
+
+    view.window().show();
+    EXPECT_TRUE(waitFor([&] { return isPulsing(view); }));
+}
+
+TEST(StatusDotTest, TheHaloStandsStillWhileTheDotIsHidden)
+{
+    ThemeView view(dot("Down"));
+
+    view.item()->setVisible(false);
+
+    EXPECT_FALSE(isPulsing(view));
+}
+
+TEST(StatusDotTest, TheHaloStandsStillWhereMotionIsReduced)
+{
+    ThemeView view(dot("Down"));
+
+    view.reduceMotion();
+
+    EXPECT_FALSE(isPulsing(view));
+    EXPECT_TRUE(haloOf(view).isVisible());
+    EXPECT_DOUBLE_EQ(haloOf(view).opacity(), 0.7);
+}
+
+TEST(StatusDotTest, AMonitorThatRecoversLosesItsHalo)
+{
+    ThemeView view(dot("Down"));
+
+    view.setProperty("status", view.evaluate(QStringLiteral("MonitorStatus.Up")));
+
+    EXPECT_FALSE(isPulsing(view));
+    EXPECT_TRUE(looksLike(view.colorAt({middle, middle}), view.themeColor("statusUp")));
+}
+
+} // namespace ostrel::test

@@ -1,0 +1,119 @@
+#include "Printers.h"
+#include "SymbolRaster.h"
+#include "ThemeView.h"
+
+#include <gtest/gtest.h>
+
+namespace ostrel::test {
+
+namespace {
+
+class SymbolNameTest : public testing::TestWithParam<const char *>
+{
+};
+
+int inkedPixels(const QImage &image)
+{
+    int inked = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            inked += qAlpha(image.pixel(x, y)) > 0 ? 1 : 0;
+    }
+    return inked;
+}
+
+int strongestAlpha(const QImage &image)
+{
+    int strongest = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            strongest = std::max(strongest, qAlpha(image.pixel(x, y)));
+    }
+    return strongest;
+}
+
+} // namespace
+
+TEST_P(SymbolNameTest, ExistsAndShowsSomethingAtEverySize)
+{
+    for (const int pixels : {14, 18, 20, 28, 58}) {
+        const QImage image =
+            SymbolRaster::image(QLatin1String(GetParam()), pixels, QColor(Qt::black));
+        ASSERT_EQ(image.size(), QSize(pixels, pixels));
+        EXPECT_GT(inkedPixels(image), pixels) << pixels;
+        EXPECT_LT(inkedPixels(image), pixels * pixels) << pixels;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Symbols, SymbolNameTest,
+    testing::Values("arrow.trianglehead.clockwise", "bird.fill", "checkmark",
+                    "checkmark.circle.fill", "chevron.down", "chevron.right",
+                    "chevron.up.chevron.down", "circle.dotted", "circle.dotted.circle",
+                    "doc.on.clipboard", "exclamationmark.magnifyingglass",
+                    "exclamationmark.triangle.fill", "gearshape", "globe", "lock.shield.fill",
+                    "moon.circle.fill", "network", "pause", "play", "plus", "questionmark.circle",
+                    "slider.horizontal", "speedometer", "text.magnifyingglass", "trash",
+                    "waveform.path", "xmark", "xmark.circle.fill", "app-icon"));
+
+TEST(SymbolTest, AnUnknownNameShowsNothing)
+{
+    EXPECT_TRUE(SymbolRaster::image(QStringLiteral("no.such"), 20, Qt::black).isNull());
+    ThemeView view("Symbol { objectName: 'subject'; name: 'no.such' }");
+    EXPECT_EQ(view.error(), QString());
+    EXPECT_TRUE(looksLike(view.colorAt({7, 7}), view.themeColor("background")));
+}
+
+TEST(SymbolTest, TakesTheColorThatItIsGiven)
+{
+    const QImage red = SymbolRaster::image(QStringLiteral("pause"), 24, QColor(Qt::red));
+
+    EXPECT_EQ(red.pixelColor(8, 12), QColor(Qt::red));
+}
+
+TEST(SymbolTest, ATranslucentColorIsEvenWherePathsOverlap)
+{
+    constexpr int alpha = 64;
+    const QImage image =
+        SymbolRaster::image(QStringLiteral("network"), 48, QColor(31, 31, 56, alpha));
+
+    EXPECT_EQ(strongestAlpha(image), alpha);
+}
+
+TEST(SymbolTest, IsDrawnOncePerSizeAndColor)
+{
+    const auto drawn = [](int pixels, const QColor &color) {
+        return SymbolRaster::image(QStringLiteral("globe"), pixels, color).cacheKey();
+    };
+
+    EXPECT_EQ(drawn(20, Qt::black), drawn(20, Qt::black));
+    EXPECT_NE(drawn(20, Qt::black), drawn(40, Qt::black));
+    EXPECT_NE(drawn(20, Qt::black), drawn(20, Qt::red));
+}
+
+TEST(SymbolTest, BoxesFollowTheSizeOfTheTextBeside)
+{
+    struct
+    {
+        qreal systemSize, side;
+    } const table[] = {{11, 14}, {12, 14}, {16, 20}, {22, 26}, {28, 34}, {48, 58}};
+    for (const auto &[systemSize, side] : table)
+        EXPECT_EQ(SymbolRaster::boxFor(systemSize), side) << systemSize;
+
+    ThemeView view("Symbol { objectName: 'subject'; name: 'plus'; systemSize: 16 }");
+    EXPECT_EQ(view.property("implicitWidth"), QVariant(20.0));
+}
+
+TEST(SymbolTest, FollowsItsColorWhileItIsShown)
+{
+    ThemeView view("Symbol { objectName: 'subject'; name: 'pause'; width: 24; height: 24; "
+                   "color: Theme.statusUp }");
+    ASSERT_EQ(view.error(), QString());
+    EXPECT_TRUE(looksLike(view.colorAt({8, 12}), view.themeColor("statusUp")));
+
+    view.setProperty("color", view.themeColor("statusDown"));
+
+    EXPECT_TRUE(looksLike(view.colorAt({8, 12}), view.themeColor("statusDown")));
+}
+
+} // namespace ostrel::test

@@ -1,0 +1,64 @@
+#include "ThemeFonts.h"
+
+#include "Printers.h"
+
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QFontMetricsF>
+
+#include <gtest/gtest.h>
+
+namespace ostrel::test {
+
+TEST(ThemeFontsTest, LinesHaveTheHeightOfTheirSize)
+{
+    struct
+    {
+        qreal pixelSize, height;
+    } const table[] = {
+        {9, 12},  {10, 13}, {11, 14}, {12, 16}, {13, 18},
+        {14, 18}, {15, 20}, {22, 28}, {24, 30}, {32, 30},
+    };
+    for (const auto &[pixelSize, height] : table)
+        EXPECT_EQ(ThemeFonts::lineBox(pixelSize), height) << pixelSize;
+}
+
+TEST(ThemeFontsTest, ASizeWithoutALineBoxOfItsOwnStillFitsItsText)
+{
+    for (const int pixelSize : {16, 18, 26, 28, 40})
+        EXPECT_GE(ThemeFonts::lineBox(pixelSize), pixelSize) << pixelSize;
+}
+
+TEST(ThemeFontsTest, FacesFallBackToLatoAndJetBrainsMono)
+{
+    if (QFontDatabase::hasFamily(QStringLiteral("Avenir Next")))
+        GTEST_SKIP() << "the family itself is here";
+    for (const int weight : {400, 500, 600, 700})
+        EXPECT_TRUE(
+            QFontInfo(ThemeFonts::face(weight, 13)).family().startsWith(QStringLiteral("Lato")))
+            << weight;
+    EXPECT_TRUE(
+        QFontInfo(ThemeFonts::mono(500, 12)).family().startsWith(QStringLiteral("JetBrains Mono")));
+}
+
+TEST(ThemeFontsTest, TheFourWeightsAreFourFaces)
+{
+    qreal narrower = 0;
+    for (const int weight : {400, 500, 600, 700}) {
+        const qreal width = ThemeFonts::textWidth(QStringLiteral("All Systems Operational"),
+                                                  ThemeFonts::face(weight, 32));
+        EXPECT_GT(width, narrower) << weight;
+        narrower = width;
+    }
+}
+
+TEST(ThemeFontsTest, FiguresAreAllOfOneWidth)
+{
+    const QFontMetricsF metrics(ThemeFonts::face(700, 32, 0));
+    for (const char figure : {'0', '1', '4', '7', '9'})
+        EXPECT_EQ(metrics.horizontalAdvance(QLatin1Char(figure)),
+                  metrics.horizontalAdvance(QLatin1Char('8')))
+            << figure;
+}
+
+} // namespace ostrel::test
