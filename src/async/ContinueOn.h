@@ -46,10 +46,9 @@ struct Continued<Function, void>
 
 } // namespace detail
 
-/// Calls @p function with @p future's result on the thread of @p context, which is the calling one:
-/// at once where the future is finished, else from its event loop. Where @p context dies first, or
-/// the future is cancelled, the function is never called and the future that is returned is
-/// cancelled.
+/// Calls @p function with @p future's result on the thread of @p context, which is the calling one,
+/// always from its event loop. Where @p context dies first, or the future is cancelled, the
+/// function is never called and the future that is returned is cancelled.
 ///
 /// QFuture::then(context, …) of Qt 6.4 asserts that the context is alive.
 template<typename T, typename Function>
@@ -60,11 +59,6 @@ continueOn(QFuture<T> future, QObject *context, Function function)
     const auto promise = std::make_shared<QPromise<Result>>();
     promise->start();
     auto continued = promise->future();
-    if (future.isFinished()) {
-        detail::fulfil(*promise, future, function);
-        return continued;
-    }
-
     auto *watcher = new QFutureWatcher<T>(context);
     QObject::connect(watcher, &QFutureWatcherBase::finished, context,
                      [watcher, promise, function = std::move(function)]() mutable {

@@ -111,10 +111,20 @@ void IoThread::Worker::renew()
         const std::lock_guard lock(m_mutex);
         m_multi.reset(curl_multi_init());
     }
-    for (auto &[handle, transfer] : interrupted) {
-        CURL *freshHandle = transfer->beginAnew(m_configuration.trustStore);
-        start(std::move(transfer), freshHandle);
+    for (auto &[handle, transfer] : interrupted)
+        startAnew(std::move(transfer));
+}
+
+void IoThread::Worker::startAnew(std::unique_ptr<Transfer> transfer)
+{
+    // Renewals that follow each other more closely than the library's shortest time-out must not
+    // keep it alive.
+    if (transfer->isOverdue()) {
+        transfer->end(CURLE_OPERATION_TIMEDOUT, Clock::now());
+        return;
     }
+    CURL *handle = transfer->beginAnew(m_configuration.trustStore);
+    start(std::move(transfer), handle);
 }
 
 void IoThread::Worker::serve()

@@ -43,6 +43,7 @@ private:
     [[nodiscard]] Requests takeRequests();
     void queue(std::deque<std::unique_ptr<Transfer>> submissions);
     void renew();
+    void startAnew(std::unique_ptr<Transfer> transfer);
     void serve();
     void endFinished();
     /// The number of sockets that are ready, or none when the time has come for something else.

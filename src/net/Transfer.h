@@ -33,6 +33,9 @@ public:
     /// first time does the clock start anew: afterwards the rest of the time-out has to do.
     [[nodiscard]] CURL *beginAnew(const TrustStore &trustStore);
 
+    /// Whether the time-out has passed.
+    [[nodiscard]] bool isOverdue() const { return Clock::now() - m_clockStart > m_timeout; }
+
     /// A turn of the I/O thread's loop begins.
     virtual void didBeginTurn() {}
 
@@ -46,8 +49,6 @@ protected:
     virtual void report(CURLcode code, std::chrono::microseconds elapsed) = 0;
 
     [[nodiscard]] CURL *handle() const { return m_handle.get(); }
-    /// Whether the time-out has passed.
-    [[nodiscard]] bool isOverdue() const { return Clock::now() - m_clockStart > m_timeout; }
     /// What went wrong, in the library's words.
     [[nodiscard]] QString errorText(CURLcode code) const;
 

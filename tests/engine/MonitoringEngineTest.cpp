@@ -19,11 +19,19 @@ namespace {
 class MonitoringEngineTest : public testing::Test
 {
 protected:
+    /// Lets what has begun come to its end.
+    static void settle()
+    {
+        QEventLoop loop;
+        while (loop.processEvents()) {
+        }
+    }
+
     /// Runs the sleeping tasks' next checks.
     void nextRound()
     {
         sleeper.wakeAll();
-        QCoreApplication::processEvents();
+        settle();
     }
 
     /// Watches one monitor through @p outcomes, one check each.
@@ -32,6 +40,7 @@ protected:
         httpCheck.willBe(outcomes);
         store.addMonitor(monitor);
         engine.startMonitoring(monitor);
+        settle();
         for (std::size_t round = 1; round < outcomes.size(); ++round)
             nextRound();
     }
@@ -121,10 +130,12 @@ TEST_F(MonitoringEngineTest, StartingTwiceDoesNothingTheSecondTime)
 {
     store.addMonitor(monitor);
     engine.start();
+    settle();
     EXPECT_TRUE(engine.isRunning());
     auto *task = engine.tasks().value(monitor.id);
 
     engine.start();
+    settle();
     EXPECT_EQ(engine.tasks().value(monitor.id), task);
     EXPECT_EQ(httpCheck.runs.size(), 1u);
 }
@@ -138,6 +149,7 @@ TEST_F(MonitoringEngineTest, StartWatchesTheEnabledMonitorsInTheStoresOrder)
         store.addMonitor(each);
 
     engine.start();
+    settle();
 
     ASSERT_EQ(httpCheck.runs.size(), 2u);
     EXPECT_EQ(httpCheck.runs.at(0), monitor);
@@ -152,6 +164,7 @@ TEST_F(MonitoringEngineTest, StartMonitoringADisabledMonitorOnlyStopsIt)
     monitor.isEnabled = false;
     store.updateMonitor(monitor);
     engine.startMonitoring(monitor);
+    settle();
 
     EXPECT_TRUE(engine.tasks().isEmpty());
     nextRound();
@@ -163,6 +176,7 @@ TEST_F(MonitoringEngineTest, CheckNowChecksAPausedMonitorAndRecordsIt)
     monitor.isEnabled = false;
     store.addMonitor(monitor);
     engine.checkNow(monitor);
+    settle();
 
     EXPECT_EQ(store.checks(monitor.id).size(), 1u);
     EXPECT_TRUE(engine.tasks().isEmpty());
@@ -177,9 +191,11 @@ TEST_F(MonitoringEngineTest, AWakeChecksEveryEnabledMonitorOnceMoreAtOnce)
     for (const Monitor &each : {monitor, paused, second})
         store.addMonitor(each);
     engine.start();
+    settle();
     const auto sleepsBefore = sleeper.sleeps.size();
 
     Q_EMIT wakeSignal.didWake();
+    settle();
 
     EXPECT_EQ(store.checks(monitor.id).size(), 2u);
     EXPECT_EQ(store.checks(second.id).size(), 2u);
@@ -208,12 +224,14 @@ TEST_F(MonitoringEngineTest, EditsInTheStoreReachTheNextCheckAndTheIntervalOnlyA
     EXPECT_EQ(sleeper.sleeps.back().duration, monitor.interval);
 
     engine.startMonitoring(edited);
+    settle();
     EXPECT_EQ(sleeper.sleeps.back().duration, edited.interval);
 }
 
 TEST_F(MonitoringEngineTest, TheFirstCheckUsesTheGivenCopyWithoutAskingTheStore)
 {
     engine.startMonitoring(monitor);
+    settle();
     ASSERT_EQ(httpCheck.runs.size(), 1u);
     EXPECT_EQ(httpCheck.runs.front(), monitor);
 }
@@ -242,6 +260,7 @@ TEST_F(MonitoringEngineTest, AStoppedMonitorsCheckInProgressIsStillRecorded)
     httpCheck.hold();
     store.addMonitor(monitor);
     engine.startMonitoring(monitor);
+    settle();
     engine.stopMonitoring(monitor);
     httpCheck.finishNext(true);
 
@@ -255,6 +274,7 @@ TEST_F(MonitoringEngineTest, ADeletedMonitorsLateResultBringsBackNeitherMonitorN
     httpCheck.hold();
     store.addMonitor(monitor);
     engine.startMonitoring(monitor);
+    settle();
     engine.stopMonitoring(monitor);
     store.deleteMonitor(monitor.id);
     httpCheck.finishNext(true);
@@ -272,6 +292,7 @@ TEST_F(MonitoringEngineTest, PausingKeepsTheFailureCount)
     engine.stopMonitoring(monitor);
     httpCheck.willBe({false, true});
     engine.startMonitoring(monitor);
+    settle();
     EXPECT_EQ(center.kinds(), QStringList{QStringLiteral("down")}) << "not reported again";
 
     nextRound();
@@ -282,6 +303,7 @@ TEST_F(MonitoringEngineTest, RestartingReplacesTheTask)
 {
     runThrough({true});
     engine.startMonitoring(monitor);
+    settle();
     EXPECT_EQ(engine.tasks().size(), 1);
     EXPECT_EQ(httpCheck.runs.size(), 2u);
 
@@ -314,6 +336,7 @@ TEST_F(MonitoringEngineTest, ChangesOfItsFieldsAreAnnounced)
     QObject::connect(&engine, &MonitoringEngine::consecutiveFailuresChanged, [&] { ++failures; });
     store.addMonitor(monitor);
     engine.start();
+    settle();
 
     EXPECT_EQ(running, 1);
     EXPECT_EQ(tasks, 2) << "one for the stop that every start begins with";

@@ -2,6 +2,7 @@
 
 #include "EngineFakes.h"
 #include "Printers.h"
+#include "WaitFor.h"
 
 #include <gtest/gtest.h>
 
@@ -32,7 +33,12 @@ protected:
         monitor.timeout = Seconds(5);
     }
 
-    Check run() { return check.run(monitor).result(); }
+    Check run()
+    {
+        const auto future = check.run(monitor);
+        EXPECT_TRUE(waitFor([&] { return future.isFinished(); }));
+        return future.result();
+    }
 
     TcpResult result{.isConnected = true, .elapsed = 1500us};
     std::vector<Attempt> attempts;
