@@ -1,8 +1,8 @@
 #include "IconSearch.h"
 
+#include "ContinueOn.h"
 #include "IconSources.h"
 #include "PageIcon.h"
-#include "ContinueOn.h"
 
 #include <QThreadPool>
 
