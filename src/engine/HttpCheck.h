@@ -24,7 +24,7 @@ public:
         "Mozilla/5.0 (Macintosh; Intel Mac OS X 14_0) AppleWebKit/605.1.15 (KHTML, like Gecko) "
         "Version/17.0 Safari/605.1.15";
     /// How much of a decoded body is searched for the keyword, in bytes: 64 MiB.
-    static constexpr qsizetype searchedBodyLimit = 64 * 1024 * 1024;
+    static constexpr qsizetype searchedBodyLimit = qsizetype(64) * 1024 * 1024;
 
     /// How a request is sent: HttpClient::fetch.
     using Fetch = std::function<QFuture<HttpResult>(const HttpRequest &)>;

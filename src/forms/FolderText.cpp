@@ -16,7 +16,7 @@ QString withFinalSlash(const QString &path)
 
 QString folderText(const QString &path, const QString &home)
 {
-    const QString folder = withFinalSlash(path);
+    QString folder = withFinalSlash(path);
     const QString homeFolder = withFinalSlash(home);
     // A home that is the root of all folders, as no home is, would abbreviate every one of them.
     if (homeFolder == QStringLiteral("/") || !folder.startsWith(homeFolder))

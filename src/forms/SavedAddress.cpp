@@ -7,7 +7,7 @@ namespace ostrel {
 
 QString savedAddress(MonitorType type, const QString &url)
 {
-    const QString text = trimmedField(url);
+    QString text = trimmedField(url);
     if (type == MonitorType::port || text.startsWith(QStringLiteral("http")))
         return text;
     return QStringLiteral("https://") + text;

@@ -100,7 +100,8 @@ std::span<const Check> MonitorStore::checks(const QUuid &monitorId) const
 QList<QUuid> MonitorStore::checkedIds() const
 {
     QList<QUuid> ids;
-    std::ranges::copy(m_checks | std::views::keys, std::back_inserter(ids));
+    for (const auto &[id, history] : m_checks)
+        ids += id;
     return ids;
 }
 
@@ -194,8 +195,9 @@ double MonitorStore::averageResponseTime(const QUuid &monitorId, std::chrono::ho
 {
     qint64 count = 0;
     double sum = 0;
-    for (const Check &check : checks(monitorId) | std::views::filter(since(beginningOf(window)))) {
-        if (!check.isUp)
+    const auto isRecent = since(beginningOf(window));
+    for (const Check &check : checks(monitorId)) {
+        if (!check.isUp || !isRecent(check))
             continue;
         ++count;
         sum += check.responseTime;
@@ -248,7 +250,7 @@ void MonitorStore::saveMonitors()
 void MonitorStore::saveChecks()
 {
     std::vector<std::string_view> pieces = {"["};
-    for (const CheckHistory &history : m_checks | std::views::values) {
+    for (const auto &[id, history] : m_checks) {
         if (pieces.size() > 1)
             pieces.emplace_back(",");
         history.appendStoredForm(pieces);

@@ -70,7 +70,7 @@ QImage SymbolRaster::image(const QString &name, int pixels, const QColor &color)
     const Key key(name, {pixels, color.rgba()});
     if (const QImage *known = images.object(key))
         return *known;
-    const QImage drawn = draw(name, pixels, color);
+    QImage drawn = draw(name, pixels, color);
     images.insert(key, new QImage(drawn), static_cast<int>(drawn.sizeInBytes()) + 1);
     return drawn;
 }
