@@ -60,6 +60,7 @@ Item {
 
         StatusBannerView {
             objectName: "banner"
+            parent: grid.contentItem
             x: root.contentX
             y: -Theme.sectionSpacing - height
             width: root.contentWidth

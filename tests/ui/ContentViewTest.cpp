@@ -126,6 +126,7 @@ TEST_F(ContentViewTest, TheBannerFollowsTheStore)
     const Monitor still = sampleMonitor();
     samples.add(paused(still), {downCheck(still, sampleNow())});
     show();
+    EXPECT_EQ(item("banner")->mapToScene({}).y(), 24);
     EXPECT_EQ(textOf("headline"), QStringLiteral("All Systems Operational"));
     EXPECT_EQ(textOf("countLine"), QStringLiteral("1 of 2 monitors up"));
     samples.store.addCheck(downCheck(shop, sampleNow()));
