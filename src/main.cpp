@@ -11,6 +11,7 @@
 #include "StatusCommand.h"
 #include "StorageFolder.h"
 #include "TcpConnector.h"
+#include "ThemeFonts.h"
 
 #include <QApplication>
 #include <QQmlExtensionPlugin>
@@ -53,6 +54,7 @@ struct Program
         preferSoftwareRenderer();
         QApplication application(argc, argv);
         QApplication::setDesktopFileName(QStringLiteral("ostrel"));
+        ThemeFonts::install();
 
         createPrivateFolder(invocation.dataDir);
         const auto instance = makeSingleInstance(invocation.dataDir);
@@ -114,15 +116,18 @@ private:
         PortCheck portCheck(tcpConnector);
         TimerSleeper sleeper;
 
-        OstrelApp app(invocation.dataDir, {
-                                              .httpCheck = httpCheck,
-                                              .portCheck = portCheck,
-                                              .notificationCenter = *notificationCenter,
-                                              .notifications = notifications,
-                                              .wakeSignal = *wakeSignal,
-                                              .sleeper = sleeper,
-                                              .loginItem = *loginItem,
-                                          });
+        OstrelApp app(
+            invocation.dataDir,
+            {
+                .httpCheck = httpCheck,
+                .portCheck = portCheck,
+                .notificationCenter = *notificationCenter,
+                .notifications = notifications,
+                .wakeSignal = *wakeSignal,
+                .sleeper = sleeper,
+                .loginItem = *loginItem,
+                .fetchIcon = [&](const HttpRequest &request) { return httpClient.fetch(request); },
+            });
         QObject::connect(&instance, &SingleInstance::activationRequested, &app.delegate(),
                          &AppDelegate::reopen);
         QObject::connect(termination.get(), &TerminationSignal::terminationRequested, &app,

@@ -41,6 +41,8 @@ QVariant MonitorListModel::data(const QModelIndex &index, int role) const
         return shown.row.name;
     case addressRole:
         return shown.row.address;
+    case statusRole:
+        return static_cast<int>(shown.row.status);
     case statusToneRole:
         return QVariant::fromValue(shown.row.statusTone);
     case isUpRole:
@@ -76,6 +78,7 @@ QHash<int, QByteArray> MonitorListModel::roleNames() const
         {isEnabledRole, "isEnabled"},
         {nameRole, "name"},
         {addressRole, "address"},
+        {statusRole, "status"},
         {statusToneRole, "statusTone"},
         {isUpRole, "isUp"},
         {isDownRole, "isDown"},
@@ -88,6 +91,19 @@ QHash<int, QByteArray> MonitorListModel::roleNames() const
         {cardUptimeTextRole, "cardUptimeText"},
         {cardUptimeToneRole, "cardUptimeTone"},
     };
+}
+
+int MonitorListModel::rowOf(const QUuid &monitorId) const
+{
+    const auto found = std::ranges::find(m_entries, monitorId,
+                                         [](const Entry &entry) { return entry.monitor.id; });
+    return found == m_entries.end() ? -1 : static_cast<int>(found - m_entries.begin());
+}
+
+QUuid MonitorListModel::monitorIdAt(int row) const
+{
+    return row < 0 || row >= rowCount() ? QUuid()
+                                        : m_entries[static_cast<std::size_t>(row)].monitor.id;
 }
 
 void MonitorListModel::refresh()

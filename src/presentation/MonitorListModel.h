@@ -28,6 +28,7 @@ public:
         isEnabledRole,
         nameRole,
         addressRole,
+        statusRole,     ///< MonitorStatus as a number.
         statusToneRole, ///< Tone
         isUpRole,
         isDownRole,
@@ -48,6 +49,11 @@ public:
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+
+    /// The row of the monitor with this id; -1 where there is none.
+    [[nodiscard]] int rowOf(const QUuid &monitorId) const;
+    /// A null id where there is no such row.
+    [[nodiscard]] QUuid monitorIdAt(int row) const;
 
     /// Works out anew what depends on the time that has passed, for all rows that were shown.
     Q_INVOKABLE void refresh();

@@ -7,16 +7,49 @@ Window {
     id: root
 
     required property MonitorListModel monitors
+    required property DashboardOverview overview
+    required property AppActions actions
 
     title: "Ostrel"
-    width: 960
-    height: 640
-    minimumWidth: 800
-    minimumHeight: 520
+    width: Theme.windowWidth
+    height: Theme.windowHeight
+    minimumWidth: Theme.windowMinimumWidth
+    minimumHeight: Theme.windowMinimumHeight
     color: Theme.background
 
     ContentView {
+        id: content
+
         anchors.fill: parent
         monitors: root.monitors
+        overview: root.overview
+        actions: root.actions
+    }
+
+    Shortcut {
+        sequence: "Ctrl+N"
+        enabled: content.canAdd
+        onActivated: content.showingAddSheet = true
+    }
+
+    Shortcut {
+        sequence: "Ctrl+R"
+        onActivated: content.checkSelected()
+    }
+
+    Shortcut {
+        sequence: "Ctrl+,"
+        enabled: content.hasSettings
+        onActivated: content.settingsRequested()
+    }
+
+    Shortcut {
+        sequence: "Ctrl+W"
+        onActivated: root.close()
+    }
+
+    Shortcut {
+        sequence: "Ctrl+Q"
+        onActivated: Qt.quit()
     }
 }

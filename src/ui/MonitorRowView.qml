@@ -1,81 +1,124 @@
 import QtQuick
 
+import Ostrel
 import Ostrel.Theme
 
-Item {
+// One monitor in the sidebar.
+SidebarRow {
     id: root
 
+    required property string url
     required property string name
     required property string address
+    required property int status
+    required property bool isPending
+    required property bool isDown
     required property string resultText
+    required property int resultTone
     required property string uptimeText
     required property string spokenText
-    required property bool isUp
-    required property bool isDown
 
-    width: ListView.view.width
-    height: Theme.rowHeight
-    Accessible.role: Accessible.ListItem
-    Accessible.name: spokenText
+    implicitHeight: Theme.rowHeight
+    spokenName: spokenText
 
-    Rectangle {
-        id: dot
+    FaviconView {
+        id: icon
 
+        x: Theme.rowInset
         anchors.verticalCenter: parent.verticalCenter
-        width: Theme.dotSize
-        height: Theme.dotSize
-        radius: Theme.dotSize / 2
-        color: root.isUp ? Theme.statusUp : root.isDown ? Theme.statusDown : Theme.statusMuted
+        urlString: root.url
+        size: Theme.rowIconSize
+
+        Disc {
+            anchors.centerIn: dot
+            width: Theme.dotSize + 2 * Theme.dotRing
+            height: width
+            diameter: width
+            color: root.ground
+        }
+
+        Disc {
+            id: dot
+
+            objectName: "dot"
+            anchors.right: parent.right
+            anchors.bottom: parent.bottom
+            anchors.margins: -Theme.rowDotOverhang
+            width: Theme.dotSize
+            height: Theme.dotSize
+            diameter: Theme.dotSize
+            color: Theme.over(Theme.statusColor(root.status), root.ground)
+        }
     }
 
     Column {
-        anchors.left: dot.right
-        anchors.leftMargin: Theme.spacing
-        anchors.right: state.left
-        anchors.rightMargin: Theme.spacing
+        anchors.left: icon.right
+        anchors.leftMargin: Theme.rowGap
+        anchors.right: figures.left
+        anchors.rightMargin: Theme.rowGap
         anchors.verticalCenter: parent.verticalCenter
-        spacing: Theme.tightSpacing
+        spacing: Theme.rowTextGap
 
-        Text {
+        ThemeText {
             width: parent.width
             text: root.name
-            elide: Text.ElideRight
-            color: Theme.textPrimary
-            font: Theme.body
+            font: Theme.demiBold13
+            color: root.nameColor
+            isSpoken: false
         }
 
-        Text {
+        ThemeText {
             width: parent.width
             text: root.address
             elide: Text.ElideMiddle
+            font: Theme.regular10
             color: Theme.textSecondary
-            font: Theme.footnote
+            isSpoken: false
         }
     }
 
     Column {
-        id: state
+        id: figures
 
         anchors.right: parent.right
+        anchors.rightMargin: Theme.rowInset
         anchors.verticalCenter: parent.verticalCenter
-        width: parent.width / 2
-        spacing: Theme.tightSpacing
+        spacing: Theme.rowFigureGap
 
-        Text {
-            width: parent.width
-            horizontalAlignment: Text.AlignRight
-            text: root.resultText
-            color: root.isDown ? Theme.statusDown : Theme.textPrimary
-            font: Theme.body
+        Item {
+            anchors.right: parent.right
+            width: root.isPending ? ring.width : result.implicitWidth
+            height: Theme.rowStateHeight
+
+            ThemeText {
+                id: result
+
+                objectName: "result"
+                anchors.verticalCenter: parent.verticalCenter
+                visible: !root.isPending
+                text: root.resultText
+                font: root.isDown ? Theme.bold9 : Theme.mono
+                color: ToneColors.of(root.resultTone)
+                isSpoken: false
+            }
+
+            PendingRing {
+                id: ring
+
+                objectName: "ring"
+                anchors.verticalCenter: parent.verticalCenter
+                visible: root.isPending
+                Accessible.ignored: true
+            }
         }
 
-        Text {
-            width: parent.width
-            horizontalAlignment: Text.AlignRight
-            elide: Text.ElideRight
+        ThemeText {
+            objectName: "uptime"
+            anchors.right: parent.right
             text: root.uptimeText
-            color: Theme.textSecondary
-            font: Theme.footnote
+            font: Theme.regular9
+            color: Theme.textTertiary
+            isSpoken: false
         }
     }
 }

@@ -1,8 +1,10 @@
 #include "OstrelApp.h"
 
+#include "FaviconImage.h"
 #include "LoginItem.h"
 #include "NotificationCenter.h"
 
+#include <QCoreApplication>
 #include <QQuickWindow>
 
 namespace ostrel {
@@ -19,6 +21,9 @@ OstrelApp::OstrelApp(const QString &storageDir, const AppServices &services)
           .sleeper = services.sleeper,
       })
     , m_monitors(m_store)
+    , m_overview(m_store)
+    , m_actions(m_store, m_engine)
+    , m_icons(storageDir + QStringLiteral("/favicons"), services.fetchIcon)
 {
 }
 
@@ -27,7 +32,13 @@ OstrelApp::~OstrelApp() = default;
 bool OstrelApp::show()
 {
     m_views.addImportPath(QStringLiteral("qrc:/qt/qml"));
-    m_views.setInitialProperties({{QStringLiteral("monitors"), QVariant::fromValue(&m_monitors)}});
+    FaviconImage::useIcons(m_views, m_icons);
+    m_views.setInitialProperties({
+        {QStringLiteral("monitors"), QVariant::fromValue(&m_monitors)},
+        {QStringLiteral("overview"), QVariant::fromValue(&m_overview)},
+        {QStringLiteral("actions"), QVariant::fromValue(&m_actions)},
+    });
+    connect(&m_views, &QQmlEngine::quit, qApp, &QCoreApplication::quit);
     m_views.load(QUrl(QStringLiteral("qrc:/qt/qml/Ostrel/MainWindow.qml")));
     auto *window = qobject_cast<QQuickWindow *>(m_views.rootObjects().value(0));
     if (!window)

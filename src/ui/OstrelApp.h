@@ -1,6 +1,9 @@
 #pragma once
 
+#include "AppActions.h"
 #include "AppDelegate.h"
+#include "DashboardOverview.h"
+#include "FaviconService.h"
 #include "MonitorListModel.h"
 #include "MonitorStore.h"
 #include "MonitoringEngine.h"
@@ -27,6 +30,7 @@ struct AppServices
     WakeSignal &wakeSignal;
     Sleeper &sleeper;
     LoginItem &loginItem;
+    Fetch fetchIcon; ///< How the sites' icons and titles reach the program.
 };
 
 /// The application: makes the delegate, the one store and the one engine, in this order, and shows
@@ -53,6 +57,9 @@ private:
     MonitorStore m_store;
     MonitoringEngine m_engine;
     MonitorListModel m_monitors;
+    DashboardOverview m_overview;
+    AppActions m_actions;
+    FaviconService m_icons;
     QQmlApplicationEngine m_views;
 };
 

@@ -1,11 +1,13 @@
 #include "OstrelProgram.h"
 
 #include "CheckJson.h"
+#include "IconFolder.h"
 #include "MonitorJson.h"
 #include "WaitFor.h"
 
 #include <QDir>
 #include <QFile>
+#include <QImage>
 
 #include <utility>
 
@@ -62,6 +64,11 @@ void OstrelProgram::setEnvironment(const QString &name, const QString &value)
 
 void OstrelProgram::writeMonitors(const QList<Monitor> &monitors) const
 {
+    // So that no public service is asked for this machine's icon.
+    QImage icon(16, 16, QImage::Format_RGB32);
+    icon.fill(Qt::blue);
+    IconFolder(dataDir() + QStringLiteral("/favicons")).write(QStringLiteral("127.0.0.1"), icon);
+
     QFile file(dataDir() + QStringLiteral("/monitors.json"));
     if (file.open(QIODevice::WriteOnly))
         file.write(encodeMonitors(monitors));

@@ -87,6 +87,7 @@ TEST_F(MonitorListModelTest, EveryRoleHasANameAndAValue)
                              "isEnabled=true\n"
                              "name=A\n"
                              "address=shop.example/cart\n"
+                             "status=0\n"
                              "statusTone=0\n"
                              "isUp=true\n"
                              "isDown=false\n"

@@ -31,6 +31,8 @@ QtObject {
     readonly property color accentText: "white"
     readonly property color emblem: Qt.rgba(1.00, 0.84, 0.04, 1.0)
     readonly property color emblemPlate: Qt.alpha(accent, 0.06)
+    readonly property color siteIconPlate: Qt.alpha(accent, 0.08)
+    readonly property color siteIconLetter: Qt.alpha(accent, 0.50)
     readonly property color none: "transparent"
 
     // Edges and dividers
@@ -133,6 +135,8 @@ QtObject {
     readonly property real dotSizeSmall: 6
     readonly property real dotRing: 1.5
     readonly property real rowHeight: 48
+    readonly property real siteIconRadiusShare: 0.22
+    readonly property real siteIconLetterShare: 0.45
 
     // Window
     readonly property real windowWidth: 960
@@ -304,6 +308,7 @@ QtObject {
 
     // Motion, in milliseconds
     readonly property int quickMotion: reducedMotion ? 0 : 150
+    readonly property int deleteMotion: reducedMotion ? 0 : 200
     readonly property int sheetMotion: reducedMotion ? 0 : 150
     readonly property int helpTextDelay: 600
     readonly property int scrollBarLinger: 1000

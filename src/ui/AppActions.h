@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QObject>
+#include <QUuid>
+#include <QtQml/qqmlregistration.h>
+
+namespace ostrel {
+
+class MonitorStore;
+class MonitoringEngine;
+
+/// What the user does to a monitor, carried out on the store and the engine together. All of it
+/// does nothing where there is no monitor of that id. Main thread.
+class AppActions : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made by the application")
+
+public:
+    /// Both outlive this object.
+    AppActions(MonitorStore &store, MonitoringEngine &engine, QObject *parent = nullptr);
+
+    /// Returns at once; the result arrives through the store.
+    Q_INVOKABLE void checkNow(const QUuid &monitorId);
+    /// Stops the checks of a monitor that is watched, and starts those of a paused one anew.
+    Q_INVOKABLE void togglePause(const QUuid &monitorId);
+    /// Removes the monitor and its history.
+    Q_INVOKABLE void deleteMonitor(const QUuid &monitorId);
+
+private:
+    MonitorStore &m_store;
+    MonitoringEngine &m_engine;
+};
+
+} // namespace ostrel

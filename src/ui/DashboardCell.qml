@@ -1,0 +1,43 @@
+import QtQuick
+
+import Ostrel.Theme
+
+// A card's place in the dashboard's two columns.
+Item {
+    id: root
+
+    required property int index
+    required property string url
+    required property string name
+    required property int status
+    required property string responseTimeText
+    required property string cardUptimeText
+    required property int cardUptimeTone
+    required property string spokenText
+    // Where both columns together stand on the page.
+    property real contentX: 0
+    property real contentWidth: 0
+    property bool showsFocus: false
+    readonly property bool isLeft: index % 2 === 0
+    readonly property real columnWidth: (contentWidth - Theme.spacing) / 2
+
+    signal chosen
+
+    height: Theme.monitorCardHeight
+
+    MonitorCardView {
+        objectName: "card"
+        x: root.isLeft ? root.contentX : root.contentX + root.contentWidth - width - root.width
+        width: root.isLeft ? Math.ceil(root.columnWidth) : Math.floor(root.columnWidth)
+        height: implicitHeight
+        url: root.url
+        name: root.name
+        status: root.status
+        responseTimeText: root.responseTimeText
+        cardUptimeText: root.cardUptimeText
+        cardUptimeTone: root.cardUptimeTone
+        spokenText: root.spokenText
+        showsFocus: root.showsFocus
+        onChosen: root.chosen()
+    }
+}

@@ -1,0 +1,28 @@
+#include "DashboardOverview.h"
+
+#include "MonitorStore.h"
+
+namespace ostrel {
+
+DashboardOverview::DashboardOverview(const MonitorStore &store, QObject *parent)
+    : QObject(parent)
+    , m_store(store)
+    , m_banner(statusBanner(store))
+    , m_isEmpty(store.monitors().isEmpty())
+{
+    connect(&store, &MonitorStore::monitorsChanged, this, &DashboardOverview::update);
+    connect(&store, &MonitorStore::checksChanged, this, &DashboardOverview::update);
+}
+
+void DashboardOverview::update()
+{
+    const StatusBanner banner = statusBanner(m_store);
+    const bool isEmpty = m_store.monitors().isEmpty();
+    if (banner == m_banner && isEmpty == m_isEmpty)
+        return;
+    m_banner = banner;
+    m_isEmpty = isEmpty;
+    Q_EMIT changed();
+}
+
+} // namespace ostrel

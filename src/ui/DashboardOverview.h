@@ -1,0 +1,43 @@
+#pragma once
+
+#include "StatusTexts.h"
+
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
+namespace ostrel {
+
+class MonitorStore;
+
+/// What the dashboard says of all monitors together, kept up to date. Main thread.
+class DashboardOverview : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made by the application")
+    Q_PROPERTY(ostrel::StatusBanner banner READ banner NOTIFY changed FINAL)
+    /// The banner's Tone, as a number.
+    Q_PROPERTY(int tone READ tone NOTIFY changed FINAL)
+    /// Whether there are no monitors.
+    Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY changed FINAL)
+
+public:
+    /// @p store outlives this object.
+    explicit DashboardOverview(const MonitorStore &store, QObject *parent = nullptr);
+
+    [[nodiscard]] const StatusBanner &banner() const { return m_banner; }
+    [[nodiscard]] int tone() const { return static_cast<int>(m_banner.tone); }
+    [[nodiscard]] bool isEmpty() const { return m_isEmpty; }
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    void update();
+
+    const MonitorStore &m_store;
+    StatusBanner m_banner;
+    bool m_isEmpty;
+};
+
+} // namespace ostrel

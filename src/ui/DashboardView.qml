@@ -1,0 +1,81 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+
+import Ostrel
+import Ostrel.Theme
+
+// All monitors at a glance.
+Item {
+    id: root
+
+    required property MonitorListModel monitors
+    required property DashboardOverview overview
+    required property MonitorSelection selection
+    property bool canAdd: true
+    readonly property real contentWidth: Math.min(Theme.contentMaximum, width - 2 * Theme.pageMargin)
+    readonly property real contentX: Math.floor((width - contentWidth) / 2)
+
+    signal addRequested
+    // A card has been chosen; it is selected.
+    signal cardChosen
+
+    EmptyDashboard {
+        objectName: "empty"
+        anchors.fill: parent
+        visible: root.overview.isEmpty
+        canAdd: root.canAdd
+        onAddRequested: root.addRequested()
+    }
+
+    // Two cells fill the page's width, so that it scrolls wherever the pointer is; the cards stand
+    // in them towards its middle.
+    GridView {
+        id: grid
+
+        function choose(row: int): void {
+            root.selection.selectRow(row);
+            root.cardChosen();
+        }
+
+        objectName: "grid"
+        anchors.fill: parent
+        visible: !root.overview.isEmpty
+        clip: true
+        activeFocusOnTab: visible
+        boundsBehavior: Flickable.StopAtBounds
+        cellWidth: width / 2
+        cellHeight: Theme.monitorCardHeight + Theme.spacing
+        // The banner stands above the cells and scrolls with them.
+        topMargin: Theme.pageMargin + Theme.bannerHeight + Theme.sectionSpacing
+        bottomMargin: Theme.pageMargin - Theme.spacing
+        model: root.monitors
+        T.ScrollBar.vertical: ScrollIndicatorBar {}
+        Accessible.role: Accessible.List
+        Accessible.name: qsTr("Dashboard")
+        Keys.onReturnPressed: choose(currentIndex)
+        Keys.onEnterPressed: choose(currentIndex)
+        Keys.onSpacePressed: choose(currentIndex)
+
+        StatusBannerView {
+            objectName: "banner"
+            parent: grid.contentItem
+            x: root.contentX
+            y: -Theme.sectionSpacing - height
+            width: root.contentWidth
+            height: implicitHeight
+            overview: root.overview
+        }
+
+        delegate: DashboardCell {
+            id: cell
+
+            width: grid.cellWidth
+            contentX: root.contentX
+            contentWidth: root.contentWidth
+            showsFocus: GridView.isCurrentItem && grid.activeFocus
+            onChosen: grid.choose(cell.index)
+        }
+    }
+}

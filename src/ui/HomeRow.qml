@@ -1,0 +1,29 @@
+import QtQuick
+
+import Ostrel.Theme
+
+// The row above the monitors that stands for the dashboard.
+SidebarRow {
+    id: root
+
+    implicitHeight: Theme.homeRowHeight
+    spokenName: "Ostrel"
+
+    AppIcon {
+        id: icon
+
+        x: Theme.rowInset
+        anchors.verticalCenter: parent.verticalCenter
+        size: Theme.rowIconSize
+    }
+
+    ThemeText {
+        anchors.left: icon.right
+        anchors.leftMargin: Theme.rowGap
+        anchors.verticalCenter: parent.verticalCenter
+        text: "Ostrel"
+        font: Theme.headline
+        color: root.nameColor
+        isSpoken: false
+    }
+}

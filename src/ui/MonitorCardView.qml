@@ -1,0 +1,96 @@
+import QtQuick
+
+import Ostrel
+import Ostrel.Theme
+
+// One monitor on the dashboard.
+CardStyle {
+    id: root
+
+    required property string url
+    required property string name
+    required property int status
+    required property string responseTimeText
+    required property string cardUptimeText
+    required property int cardUptimeTone
+    required property string spokenText
+    property bool showsFocus: false
+
+    signal chosen
+
+    implicitHeight: Theme.monitorCardHeight
+    fill: area.pressed ? Theme.cardPressed : area.containsMouse ? Theme.cardHover : Theme.surface
+    edge: area.containsMouse ? Theme.cardHoverEdge : Theme.hairline
+    Accessible.role: Accessible.Button
+    Accessible.name: spokenText
+    Accessible.focusable: true
+    Accessible.focused: showsFocus
+    Accessible.onPressAction: chosen()
+
+    MouseArea {
+        id: area
+
+        anchors.fill: parent
+        anchors.margins: -root.padding
+        hoverEnabled: true
+        cursorShape: Qt.PointingHandCursor
+        onClicked: root.chosen()
+    }
+
+    FaviconView {
+        id: icon
+
+        urlString: root.url
+        size: Theme.monitorCardIconSize
+    }
+
+    ThemeText {
+        anchors.left: icon.right
+        anchors.leftMargin: Theme.monitorCardGap
+        anchors.right: dot.left
+        anchors.rightMargin: Theme.monitorCardGap
+        anchors.verticalCenter: icon.verticalCenter
+        text: root.name
+        font: Theme.demiBold13
+        isSpoken: false
+    }
+
+    StatusDot {
+        id: dot
+
+        anchors.right: parent.right
+        anchors.verticalCenter: icon.verticalCenter
+        status: root.status
+        size: Theme.dotSizeSmall
+    }
+
+    ThemeText {
+        id: time
+
+        objectName: "time"
+        anchors.baseline: uptime.baseline
+        visible: text !== ""
+        text: root.responseTimeText
+        font: Theme.monoSmall
+        color: Theme.textTertiary
+        isSpoken: false
+    }
+
+    ThemeText {
+        id: uptime
+
+        objectName: "uptime"
+        x: time.visible ? time.width + Theme.monitorCardGap : 0
+        anchors.bottom: parent.bottom
+        text: root.cardUptimeText
+        font: Theme.demiBold13
+        color: ToneColors.of(root.cardUptimeTone)
+        isSpoken: false
+    }
+
+    FocusRing {
+        anchors.margins: -root.padding - distance
+        visible: root.showsFocus
+        controlRadius: Theme.cornerRadius
+    }
+}

@@ -1,0 +1,154 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+
+import Ostrel
+import Ostrel.Theme
+
+// The home row and a row per monitor, as one list: one stop of the Tab key, in which the arrows
+// walk.
+T.Control {
+    id: root
+
+    required property MonitorListModel monitors
+    required property MonitorSelection selection
+    required property AppActions actions
+
+    signal menuKeyPressed
+
+    function walkTo(row: int): void {
+        focusReason = Qt.TabFocusReason;
+        selection.selectRow(row);
+    }
+
+    function take(): void {
+        forceActiveFocus(Qt.MouseFocusReason);
+    }
+
+    focusPolicy: Qt.StrongFocus
+    Accessible.role: Accessible.List
+    Accessible.name: qsTr("Monitors")
+    Keys.onUpPressed: walkTo(selection.row - 1)
+    Keys.onDownPressed: walkTo(selection.row + 1)
+    Keys.onEscapePressed: walkTo(-1)
+    Keys.onMenuPressed: menuKeyPressed()
+    Keys.onPressed: event => {
+        event.accepted = true;
+        if (event.key === Qt.Key_Home)
+            walkTo(0);
+        else if (event.key === Qt.Key_End)
+            walkTo(list.count - 1);
+        else if (event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier)
+            menuKeyPressed();
+        else
+            event.accepted = false;
+    }
+
+    HomeRow {
+        id: home
+
+        objectName: "home"
+        y: Theme.homeRowTop
+        width: parent.width
+        isSelected: !root.selection.showsMonitor
+        showsFocus: isSelected && root.visualFocus
+        onChosen: {
+            root.take();
+            root.selection.clear();
+        }
+    }
+
+    Rectangle {
+        id: divider
+
+        anchors.top: home.bottom
+        anchors.topMargin: Theme.spacingSmall
+        x: Theme.homeDividerInset
+        width: parent.width - 2 * x
+        height: Theme.hairlineWidth
+        color: Theme.hairline
+    }
+
+    MouseArea {
+        objectName: "emptySpace"
+        anchors.fill: list
+        onClicked: {
+            root.take();
+            root.selection.clear();
+        }
+    }
+
+    ListView {
+        id: list
+
+        objectName: "list"
+        anchors.top: divider.bottom
+        anchors.topMargin: Theme.spacingSmall
+        anchors.bottom: parent.bottom
+        width: parent.width
+        clip: true
+        spacing: Theme.rowSpacing
+        // A list that fits leaves the space under it to the area behind it.
+        interactive: contentHeight > height
+        boundsBehavior: Flickable.StopAtBounds
+        keyNavigationEnabled: false
+        highlightMoveDuration: 0
+        model: root.monitors
+        currentIndex: root.selection.row
+        T.ScrollBar.vertical: ScrollIndicatorBar {}
+
+        delegate: MonitorListRow {
+            id: row
+
+            width: ListView.view.width
+            isSelected: root.selection.row === index
+            showsFocus: isSelected && root.visualFocus
+            onChosen: {
+                root.take();
+                root.selection.monitorId = monitorId;
+            }
+            onDeselected: {
+                root.take();
+                root.selection.clear();
+            }
+            onMenuRequested: (x, y) => menu.openFor(row, x, y)
+
+            Connections {
+                target: root
+
+                function onMenuKeyPressed(): void {
+                    if (row.isSelected)
+                        menu.openFor(row, Theme.rowMargin + Theme.rowInset, row.height);
+                }
+            }
+        }
+
+        remove: Transition {
+            NumberAnimation {
+                property: "opacity"
+                to: 0
+                duration: Theme.deleteMotion
+                easing.type: Easing.OutQuad
+            }
+        }
+        removeDisplaced: Transition {
+            NumberAnimation {
+                property: "y"
+                duration: Theme.deleteMotion
+                easing.type: Easing.OutQuad
+            }
+        }
+    }
+
+    MonitorMenu {
+        id: menu
+
+        actions: root.actions
+        onClosed: root.forceActiveFocus(root.focusReason)
+        onDeleteRequested: monitorId => {
+            root.selection.leave(monitorId);
+            root.actions.deleteMonitor(monitorId);
+        }
+    }
+}

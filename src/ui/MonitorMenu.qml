@@ -1,0 +1,42 @@
+import QtQuick
+
+import Ostrel
+import Ostrel.Theme
+
+// The context menu of a monitor's row.
+RowMenu {
+    id: root
+
+    required property AppActions actions
+    property var monitorId
+    property bool isMonitorEnabled: true
+
+    // The monitor is to be deleted.
+    signal deleteRequested(monitorId: var)
+
+    function openFor(row: MonitorListRow, x: real, y: real): void {
+        monitorId = row.monitorId;
+        isMonitorEnabled = row.isEnabled;
+        title = row.name;
+        popup(row, x, y);
+    }
+
+    RowMenuItem {
+        symbol: "arrow.trianglehead.clockwise"
+        text: qsTr("Check Now")
+        onTriggered: root.actions.checkNow(root.monitorId)
+    }
+
+    RowMenuItem {
+        symbol: root.isMonitorEnabled ? "pause" : "play"
+        text: root.isMonitorEnabled ? qsTr("Pause") : qsTr("Resume")
+        onTriggered: root.actions.togglePause(root.monitorId)
+    }
+
+    RowMenuItem {
+        symbol: "trash"
+        text: qsTr("Delete")
+        isDestructive: true
+        onTriggered: root.deleteRequested(root.monitorId)
+    }
+}

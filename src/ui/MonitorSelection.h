@@ -1,0 +1,69 @@
+#pragma once
+
+#include "MonitorListModel.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QUuid>
+#include <QVariant>
+#include <QtQml/qqmlregistration.h>
+
+namespace ostrel {
+
+/// Which monitor the window shows. While none is selected, a change of the number of monitors
+/// selects the first. Main thread.
+class MonitorSelection : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(ostrel::MonitorListModel *monitors READ monitors WRITE setMonitors NOTIFY
+                   monitorsChanged REQUIRED FINAL)
+    /// A QUuid; null where the dashboard is selected. May name a monitor that has gone.
+    Q_PROPERTY(QVariant monitorId READ monitorIdValue WRITE setMonitorIdValue NOTIFY changed FINAL)
+    /// The selected monitor's row; -1 where none is selected, or it has gone.
+    Q_PROPERTY(int row READ row NOTIFY changed FINAL)
+    Q_PROPERTY(bool showsMonitor READ showsMonitor NOTIFY changed FINAL)
+    /// The selected monitor in words; empty without one.
+    Q_PROPERTY(QString name READ name NOTIFY changed FINAL)
+    Q_PROPERTY(QString address READ address NOTIFY changed FINAL)
+    Q_PROPERTY(QString spokenText READ spokenText NOTIFY changed FINAL)
+
+public:
+    using QObject::QObject;
+
+    [[nodiscard]] MonitorListModel *monitors() const { return m_monitors; }
+    /// Not owned.
+    void setMonitors(MonitorListModel *monitors);
+
+    [[nodiscard]] QUuid monitorId() const { return m_monitorId; }
+    void setMonitorId(const QUuid &monitorId);
+    [[nodiscard]] QVariant monitorIdValue() const { return m_monitorId; }
+    void setMonitorIdValue(const QVariant &monitorId) { setMonitorId(monitorId.toUuid()); }
+    [[nodiscard]] int row() const;
+    [[nodiscard]] bool showsMonitor() const { return row() >= 0; }
+    [[nodiscard]] QString name() const;
+    [[nodiscard]] QString address() const;
+    [[nodiscard]] QString spokenText() const;
+
+    Q_INVOKABLE void clear();
+    /// Clears the selection where it is @p monitorId.
+    Q_INVOKABLE void leave(const QUuid &monitorId);
+    /// Selects the monitor in @p row, or the nearest there is; the dashboard where @p row is
+    /// negative.
+    Q_INVOKABLE void selectRow(int row);
+
+Q_SIGNALS:
+    void monitorsChanged();
+    /// Another monitor is selected, or the selected one has changed.
+    void changed();
+
+private:
+    void selectAutomatically();
+    void noteEdits(const QModelIndex &first, const QModelIndex &last);
+    [[nodiscard]] QString text(MonitorListModel::Role role) const;
+
+    QPointer<MonitorListModel> m_monitors;
+    QUuid m_monitorId;
+};
+
+} // namespace ostrel

@@ -1,0 +1,84 @@
+import QtQuick
+import QtQuick.Window
+
+import Ostrel.Theme
+
+// What the sidebar's rows share: the box that shows where the pointer, the selection and the
+// keyboard are.
+Item {
+    id: root
+
+    property bool isSelected: false
+    property bool showsFocus: false
+    property string spokenName: ""
+    default property alias contents: box.data
+    readonly property bool isWindowActive: Window.active
+    readonly property color nameColor: isSelected && isWindowActive ? Theme.accent : Theme.textPrimary
+    // The opaque colour under what the row holds.
+    readonly property color ground: isSelected ? Theme.surface : Theme.over(wash, Theme.background)
+    readonly property color wash: area.pressed ? Theme.rowPressed : area.containsMouse ? Theme.rowHover : Theme.none
+
+    signal chosen
+    signal deselected
+    // At a place in the row.
+    signal menuRequested(x: real, y: real)
+
+    Accessible.role: Accessible.ListItem
+    Accessible.name: spokenName
+    Accessible.selectable: true
+    Accessible.selected: isSelected
+    Accessible.focusable: true
+    Accessible.focused: showsFocus
+    Accessible.onPressAction: chosen()
+
+    MouseArea {
+        id: area
+
+        anchors.fill: box
+        acceptedButtons: Qt.LeftButton | Qt.RightButton
+        hoverEnabled: true
+        onPressed: mouse => {
+            if (mouse.button === Qt.RightButton)
+                root.menuRequested(mouse.x + box.x, mouse.y);
+        }
+        onClicked: mouse => {
+            if (mouse.button !== Qt.LeftButton)
+                return;
+            if (mouse.modifiers & Qt.ControlModifier && root.isSelected)
+                root.deselected();
+            else
+                root.chosen();
+        }
+    }
+
+    Rectangle {
+        anchors.verticalCenter: parent.verticalCenter
+        x: box.x - Theme.selectionBarOffset - width
+        visible: root.isSelected
+        width: Theme.selectionBarWidth
+        height: Theme.selectionBarHeight
+        radius: Theme.selectionBarRadius
+        color: root.isWindowActive ? Theme.accent : Theme.statusMuted
+    }
+
+    EdgedBox {
+        id: box
+
+        anchors.fill: parent
+        anchors.leftMargin: Theme.rowMargin
+        anchors.rightMargin: Theme.rowMargin
+        radius: Theme.cornerRadiusSmall
+        color: root.isSelected ? Theme.surface : root.wash
+        edge: {
+            if (!root.isSelected)
+                return Theme.none;
+            return root.isWindowActive ? Theme.rowSelectedEdge : Theme.rowSelectedEdgeInactive;
+        }
+    }
+
+    FocusRing {
+        anchors.fill: box
+        visible: root.showsFocus
+        isInside: true
+    }
+}

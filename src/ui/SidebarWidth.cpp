@@ -1,0 +1,37 @@
+#include "SidebarWidth.h"
+
+#include <algorithm>
+
+namespace ostrel {
+
+namespace {
+
+QString widthKey()
+{
+    return QStringLiteral("sidebarWidth");
+}
+
+} // namespace
+
+SidebarWidth::SidebarWidth(QObject *parent)
+    : QObject(parent)
+    , m_values(QStringLiteral("Ostrel"), QStringLiteral("Ostrel"))
+{
+}
+
+qreal SidebarWidth::width() const
+{
+    if (m_windowWidth < m_givesWayBelow)
+        return m_minimum;
+    // The file may have been edited by hand.
+    const qreal kept = m_values.value(widthKey(), m_ideal).toReal();
+    return std::max(m_minimum, std::min(kept, m_maximum));
+}
+
+void SidebarWidth::drag(qreal width)
+{
+    m_values.setValue(widthKey(), std::max(m_minimum, std::min(width, m_maximum)));
+    Q_EMIT changed();
+}
+
+} // namespace ostrel

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QObject>
+#include <QSettings>
+#include <QtQml/qqmlregistration.h>
+
+namespace ostrel {
+
+/// How wide the sidebar is: as the user dragged it, which is kept, except that it gives way to its
+/// least width in a narrow window. Lengths in device-independent pixels.
+class SidebarWidth : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(qreal minimum MEMBER m_minimum NOTIFY changed REQUIRED FINAL)
+    Q_PROPERTY(qreal maximum MEMBER m_maximum NOTIFY changed REQUIRED FINAL)
+    /// Until the user has dragged it.
+    Q_PROPERTY(qreal ideal MEMBER m_ideal NOTIFY changed REQUIRED FINAL)
+    Q_PROPERTY(qreal windowWidth MEMBER m_windowWidth NOTIFY changed REQUIRED FINAL)
+    /// Below this width of the window the sidebar gives way.
+    Q_PROPERTY(qreal givesWayBelow MEMBER m_givesWayBelow NOTIFY changed REQUIRED FINAL)
+    Q_PROPERTY(qreal width READ width NOTIFY changed FINAL)
+
+public:
+    explicit SidebarWidth(QObject *parent = nullptr);
+
+    [[nodiscard]] qreal width() const;
+    /// Takes @p width, or the nearest that is allowed, and keeps it.
+    Q_INVOKABLE void drag(qreal width);
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    qreal m_minimum = 0;
+    qreal m_maximum = 0;
+    qreal m_ideal = 0;
+    qreal m_windowWidth = 0;
+    qreal m_givesWayBelow = 0;
+    QSettings m_values;
+};
+
+} // namespace ostrel

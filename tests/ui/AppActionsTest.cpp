@@ -1,0 +1,87 @@
+#include "AppActions.h"
+
+#include "EngineFakes.h"
+#include "MonitorStore.h"
+#include "MonitoringEngine.h"
+#include "NotificationManager.h"
+#include "Printers.h"
+#include "WaitFor.h"
+#include "WakeSignal.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace ostrel::test {
+
+namespace {
+
+class AppActionsTest : public testing::Test
+{
+protected:
+    AppActionsTest()
+    {
+        store.addMonitor(shop);
+        engine.start();
+    }
+
+    [[nodiscard]] bool isEnabled() const { return store.monitor(shop.id)->isEnabled; }
+    [[nodiscard]] bool isWatched() const { return engine.tasks().contains(shop.id); }
+
+    QTemporaryDir folder;
+    MonitorStore store{folder.path()};
+    Monitor shop = makeMonitor();
+    ScriptedCheck check;
+    RecordingNotificationCenter center;
+    NotificationManager notifications{center};
+    WakeSignal wakeSignal;
+    ManualSleeper sleeper;
+    MonitoringEngine engine{{store, check, check, notifications, wakeSignal, sleeper}};
+    AppActions actions{store, engine};
+};
+
+} // namespace
+
+TEST_F(AppActionsTest, CheckNowChecksAndItsResultArrivesThroughTheStore)
+{
+    ASSERT_TRUE(waitFor([&] { return store.checks(shop.id).size() == 1; }));
+    actions.checkNow(shop.id);
+    EXPECT_TRUE(waitFor([&] { return store.checks(shop.id).size() == 2; }));
+    EXPECT_TRUE(isWatched());
+}
+
+TEST_F(AppActionsTest, PauseStopsTheChecksAtOnce)
+{
+    actions.togglePause(shop.id);
+    EXPECT_FALSE(isEnabled());
+    EXPECT_FALSE(isWatched());
+}
+
+TEST_F(AppActionsTest, ResumeChecksAtOnceOnAFreshSchedule)
+{
+    ASSERT_TRUE(waitFor([&] { return check.runs.size() == 1; }));
+    actions.togglePause(shop.id);
+    actions.togglePause(shop.id);
+    EXPECT_TRUE(isEnabled());
+    EXPECT_TRUE(isWatched());
+    EXPECT_TRUE(waitFor([&] { return check.runs.size() == 2; }));
+}
+
+TEST_F(AppActionsTest, DeleteStopsTheChecksAndForgetsTheMonitor)
+{
+    actions.deleteMonitor(shop.id);
+    EXPECT_FALSE(isWatched());
+    EXPECT_TRUE(store.monitors().isEmpty());
+}
+
+TEST_F(AppActionsTest, AMonitorThatHasGoneIsLeftAlone)
+{
+    actions.deleteMonitor(shop.id);
+    actions.checkNow(shop.id);
+    actions.togglePause(shop.id);
+    actions.deleteMonitor(shop.id);
+    EXPECT_FALSE(isWatched());
+    EXPECT_TRUE(store.monitors().isEmpty());
+}
+
+} // namespace ostrel::test

@@ -1,0 +1,96 @@
+#include "MonitorSelection.h"
+
+#include "PresentationSamples.h"
+#include "Printers.h"
+
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+namespace ostrel::test {
+
+namespace {
+
+class MonitorSelectionTest : public testing::Test
+{
+protected:
+    MonitorSelectionTest() { selection.setMonitors(&model); }
+
+    SampleStore samples;
+    Monitor first = samples.add(sampleMonitor(QStringLiteral("First")));
+    Monitor second = samples.add(sampleMonitor(QStringLiteral("Second")));
+    MonitorListModel model{samples.store};
+    MonitorSelection selection;
+};
+
+} // namespace
+
+TEST_F(MonitorSelectionTest, NothingIsSelectedAtFirst)
+{
+    EXPECT_TRUE(selection.monitorId().isNull());
+    EXPECT_FALSE(selection.showsMonitor());
+}
+
+TEST_F(MonitorSelectionTest, ACountChangeSelectsTheFirstWhereNothingIsSelected)
+{
+    samples.add(sampleMonitor(QStringLiteral("Third")));
+    EXPECT_EQ(selection.monitorId(), first.id);
+    EXPECT_EQ(selection.name(), QStringLiteral("First"));
+}
+
+TEST_F(MonitorSelectionTest, ACountChangeLeavesASelectionAlone)
+{
+    selection.setMonitorId(second.id);
+    samples.add(sampleMonitor(QStringLiteral("Third")));
+    samples.store.deleteMonitor(first.id);
+    EXPECT_EQ(selection.monitorId(), second.id);
+    EXPECT_EQ(selection.row(), 0);
+}
+
+TEST_F(MonitorSelectionTest, AnEditSelectsNothing)
+{
+    Monitor edited = first;
+    edited.name = QStringLiteral("Other");
+    samples.store.updateMonitor(edited);
+    EXPECT_TRUE(selection.monitorId().isNull());
+}
+
+TEST_F(MonitorSelectionTest, DeletingTheSelectedMonitorSelectsTheFirstRemaining)
+{
+    selection.setMonitorId(second.id);
+    selection.leave(second.id);
+    samples.store.deleteMonitor(second.id);
+    EXPECT_EQ(selection.monitorId(), first.id);
+    selection.leave(first.id);
+    samples.store.deleteMonitor(first.id);
+    EXPECT_FALSE(selection.showsMonitor());
+    EXPECT_TRUE(selection.monitorId().isNull());
+}
+
+TEST_F(MonitorSelectionTest, AVanishedMonitorThatIsStillNamedShowsNone)
+{
+    selection.setMonitorId(second.id);
+    samples.store.deleteMonitor(second.id);
+    EXPECT_EQ(selection.monitorId(), second.id);
+    EXPECT_FALSE(selection.showsMonitor());
+}
+
+TEST_F(MonitorSelectionTest, RowsBeyondTheEndsAreTheLastAndTheDashboard)
+{
+    selection.selectRow(7);
+    EXPECT_EQ(selection.row(), 1);
+    selection.selectRow(-1);
+    EXPECT_TRUE(selection.monitorId().isNull());
+}
+
+TEST_F(MonitorSelectionTest, ACheckOfTheSelectedMonitorIsAnnounced)
+{
+    selection.setMonitorId(first.id);
+    EXPECT_EQ(selection.spokenText(), QStringLiteral("First, pending, 24-hour uptime 100%"));
+    QSignalSpy changed(&selection, &MonitorSelection::changed);
+    samples.store.addCheck(upCheck(first, sampleNow()));
+    EXPECT_EQ(changed.count(), 1);
+    EXPECT_EQ(selection.spokenText(), QStringLiteral("First, up, 245 ms, 24-hour uptime 100%"));
+}
+
+} // namespace ostrel::test
