@@ -58,7 +58,7 @@ TEST(StatusDotTest, DownHasASwellingHalo)
     QQuickItem &halo = haloOf(view);
 
     EXPECT_EQ(view.property("pulse"), QVariant(true));
-    EXPECT_TRUE(isPulsing(view));
+    EXPECT_TRUE(waitFor([&] { return isPulsing(view); })) << "once the window is exposed";
     EXPECT_TRUE(waitFor([&] { return halo.property("swell").toDouble() > 0.01; }));
     EXPECT_TRUE(looksLike(view.colorAt({middle, middle}), view.themeColor("statusDown")));
 }
