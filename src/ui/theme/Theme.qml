@@ -31,6 +31,8 @@ QtObject {
     readonly property color accentText: "white"
     readonly property color emblem: Qt.rgba(1.00, 0.84, 0.04, 1.0)
     readonly property color emblemPlate: Qt.alpha(accent, 0.06)
+    readonly property color siteIconFill: Qt.alpha(accent, 0.08)
+    readonly property color siteIconLetter: Qt.alpha(accent, 0.50)
     readonly property color none: "transparent"
 
     // Edges and dividers
@@ -213,7 +215,10 @@ QtObject {
     readonly property real checkTimeWidth: 68
     readonly property real checkCodeWidth: 32
     readonly property real checkHeadGap: 6
+    readonly property real checkDotGap: 10
     readonly property real noChecksPadding: 24
+    readonly property real siteIconRadiusShare: 0.22
+    readonly property real siteIconLetterShare: 0.45
 
     // Sheet and settings
     readonly property real sheetWidth: 440
@@ -241,6 +246,10 @@ QtObject {
     readonly property real settingsRowHeight: 46
     readonly property real settingsButtonRowHeight: 52
     readonly property real settingsTallRowHeight: 60
+    readonly property real settingsTextGap: 3
+    readonly property real advancedButtonHeight: 20
+    readonly property real advancedInset: 14
+    readonly property real advancedFieldHeight: 28
 
     // Controls
     readonly property real focusRingWidth: 2

@@ -1,0 +1,62 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+
+import Ostrel
+import Ostrel.Theme
+
+// The status, the badges where there are any, and when the monitor was checked last: beside them
+// where that fits, else below.
+Item {
+    id: root
+
+    required property monitorDetail detail
+    readonly property bool isBroken: marks.implicitWidth + Theme.badgeGap + lastChecked.implicitWidth > width
+
+    implicitHeight: isBroken && lastChecked.visible ? lastChecked.y + lastChecked.height : marks.height
+
+    Row {
+        id: marks
+
+        spacing: Theme.badgeGap
+
+        StatusPill {
+            symbol: root.detail.pillSymbol
+            text: root.detail.pillText
+            color: ToneColors.color(root.detail.statusTone)
+        }
+
+        Row {
+            objectName: "badges"
+            anchors.verticalCenter: parent.verticalCenter
+            visible: badges.count > 0
+            spacing: Theme.badgeGap
+
+            Repeater {
+                id: badges
+
+                model: root.detail.badges
+
+                Badge {
+                    required property badge modelData
+
+                    symbol: modelData.symbol
+                    text: modelData.text
+                    color: ToneColors.color(modelData.tone)
+                }
+            }
+        }
+    }
+
+    ThemeText {
+        id: lastChecked
+
+        objectName: "lastChecked"
+        x: root.isBroken ? 0 : root.width - width
+        y: root.isBroken ? marks.height + Theme.lastCheckedGap : (marks.height - height) / 2
+        visible: text !== ""
+        text: root.detail.lastCheckedText
+        font: Theme.footnote
+        color: Theme.textSecondary
+    }
+}

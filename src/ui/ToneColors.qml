@@ -1,0 +1,26 @@
+pragma Singleton
+
+import QtQuick
+
+import Ostrel
+import Ostrel.Theme
+
+// The theme's colour of what a text or symbol says.
+QtObject {
+    function color(tone: int): color {
+        switch (tone) {
+        case Tone.Up:
+            return Theme.statusUp;
+        case Tone.Warning:
+            return Theme.warning;
+        case Tone.Down:
+            return Theme.statusDown;
+        case Tone.Secondary:
+            return Theme.textSecondary;
+        case Tone.Accent:
+            return Theme.accent;
+        default:
+            return Theme.statusMuted;
+        }
+    }
+}
