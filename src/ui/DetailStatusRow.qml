@@ -10,7 +10,8 @@ import Ostrel.Theme
 Item {
     id: root
 
-    required property monitorDetail detail
+    // A monitorDetail: compiled ahead of time, its enumerations could not be read.
+    required property var detail
     readonly property bool isBroken: marks.implicitWidth + Theme.badgeGap + lastChecked.implicitWidth > width
 
     implicitHeight: isBroken && lastChecked.visible ? lastChecked.y + lastChecked.height : marks.height
@@ -23,7 +24,7 @@ Item {
         StatusPill {
             symbol: root.detail.pillSymbol
             text: root.detail.pillText
-            color: ToneColors.color(root.detail.statusTone)
+            color: ToneColors.of(root.detail.statusTone)
         }
 
         Row {
@@ -38,11 +39,11 @@ Item {
                 model: root.detail.badges
 
                 Badge {
-                    required property badge modelData
+                    required property var modelData
 
                     symbol: modelData.symbol
                     text: modelData.text
-                    color: ToneColors.color(modelData.tone)
+                    color: ToneColors.of(modelData.tone)
                 }
             }
         }

@@ -33,7 +33,7 @@ Item {
         width: Theme.dotSizeSmall
         height: Theme.dotSizeSmall
         radius: Theme.dotSizeSmall / 2
-        color: ToneColors.color(root.tone)
+        color: ToneColors.of(root.tone)
     }
 
     ThemeText {

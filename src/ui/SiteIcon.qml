@@ -19,7 +19,7 @@ Item {
     EdgedBox {
         anchors.fill: parent
         radius: root.size * Theme.siteIconRadiusShare
-        color: Theme.siteIconFill
+        color: Theme.siteIconPlate
     }
 
     ThemeText {

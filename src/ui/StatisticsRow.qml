@@ -21,7 +21,7 @@ Row {
         CardStyle {
             id: card
 
-            required property statistic modelData
+            required property var modelData
 
             width: root.cardWidth
             height: Theme.statCardHeight
@@ -31,7 +31,7 @@ Row {
                 title: card.modelData.title
                 value: card.modelData.value
                 unit: card.modelData.unit
-                color: ToneColors.color(card.modelData.tone)
+                color: ToneColors.of(card.modelData.tone)
                 valueSize: root.valueSize
             }
         }

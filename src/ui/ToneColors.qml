@@ -5,9 +5,9 @@ import QtQuick
 import Ostrel
 import Ostrel.Theme
 
-// The theme's colour of what a text or symbol says.
+// The theme's colour for what a text or symbol says.
 QtObject {
-    function color(tone: int): color {
+    function of(tone: int): color {
         switch (tone) {
         case Tone.Up:
             return Theme.statusUp;

@@ -7,7 +7,8 @@ import Ostrel.Theme
 CardStyle {
     id: root
 
-    required property uptimeTimeline timeline
+    // An uptimeTimeline: compiled ahead of time, its enumeration could not be read.
+    required property var timeline
 
     implicitHeight: Theme.uptimeCardHeight
 
@@ -26,7 +27,7 @@ CardStyle {
         visible: text !== ""
         text: root.timeline.percentageText
         font: Theme.headline
-        color: ToneColors.color(root.timeline.percentageTone)
+        color: ToneColors.of(root.timeline.percentageTone)
     }
 
     UptimeTimelineView {

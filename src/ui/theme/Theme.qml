@@ -31,7 +31,7 @@ QtObject {
     readonly property color accentText: "white"
     readonly property color emblem: Qt.rgba(1.00, 0.84, 0.04, 1.0)
     readonly property color emblemPlate: Qt.alpha(accent, 0.06)
-    readonly property color siteIconFill: Qt.alpha(accent, 0.08)
+    readonly property color siteIconPlate: Qt.alpha(accent, 0.08)
     readonly property color siteIconLetter: Qt.alpha(accent, 0.50)
     readonly property color none: "transparent"
 
@@ -135,6 +135,8 @@ QtObject {
     readonly property real dotSizeSmall: 6
     readonly property real dotRing: 1.5
     readonly property real rowHeight: 48
+    readonly property real siteIconRadiusShare: 0.22
+    readonly property real siteIconLetterShare: 0.45
 
     // Window
     readonly property real windowWidth: 960
@@ -217,8 +219,6 @@ QtObject {
     readonly property real checkHeadGap: 6
     readonly property real checkDotGap: 10
     readonly property real noChecksPadding: 24
-    readonly property real siteIconRadiusShare: 0.22
-    readonly property real siteIconLetterShare: 0.45
 
     // Sheet and settings
     readonly property real sheetWidth: 440
