@@ -25,7 +25,9 @@ T.Popup {
     modal: true
     focus: true
     closePolicy: T.Popup.CloseOnEscape
-    onAboutToShow: (contentItem as MonitorFormPanel).begin()
+    onAboutToShow: (contentItem as MonitorFormPanel).focusFirst()
+    // Only now everything is laid out.
+    onOpened: (contentItem as MonitorFormPanel).showTop()
 
     T.Overlay.modal: Rectangle {
         color: Theme.sheetScrim

@@ -17,10 +17,12 @@ FocusScope {
     signal confirmed
     signal cancelled
 
-    // Shows the beginning, with the keyboard in the first field.
-    function begin(): void {
-        middle.contentY = 0;
+    function focusFirst(): void {
         address.focusFirst();
+    }
+
+    function showTop(): void {
+        middle.contentY = 0;
     }
 
     implicitHeight: header.height + middle.contentHeight + footer.height
@@ -73,6 +75,7 @@ FocusScope {
             contentY = Math.max(0, Math.min(Math.max(contentY, bottom - height), top - Theme.sheetGap));
         }
 
+        objectName: "middle"
         y: header.height
         width: parent.width
         height: parent.height - header.height - footer.height

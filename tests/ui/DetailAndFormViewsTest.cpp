@@ -217,6 +217,15 @@ TEST(AddMonitorSheetTest, TabStaysInTheSheet)
     }
 }
 
+TEST(AddMonitorSheetTest, ASmallWindowShowsItsBeginning)
+{
+    Page page(QStringLiteral("SmallFormPage-website"));
+    QQuickItem *middle = page.item("middle");
+    ASSERT_TRUE(middle);
+    EXPECT_TRUE(middle->property("isScrolling").toBool());
+    EXPECT_TRUE(waitFor([&] { return middle->property("contentY") == QVariant(0.0); }));
+}
+
 TEST(AddMonitorSheetTest, TheSuggestionIsTakenAndGone)
 {
     Page page(QStringLiteral("FormPage-suggestion"));
