@@ -1,5 +1,8 @@
 #include "GalleryWindow.h"
 
+#include "CannedDetail.h"
+#include "CannedForm.h"
+
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QImage>
@@ -16,7 +19,11 @@ GalleryWindow::GalleryWindow(const QString &page)
     engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
     setResizeMode(QQuickView::SizeViewToRootObject);
     setTitle(page);
-    setSource(QUrl(QStringLiteral("qrc:/qt/qml/Ostrel/Gallery/%1.qml").arg(page)));
+    const QString sample = page.section(u'-', 1);
+    if (!sample.isEmpty())
+        setInitialProperties({{QStringLiteral("sample"), sample}});
+    setSource(
+        QUrl(QStringLiteral("qrc:/qt/qml/Ostrel/Gallery/%1.qml").arg(page.section(u'-', 0, 0))));
 }
 
 bool GalleryWindow::isUsable() const
@@ -35,12 +42,22 @@ void GalleryWindow::awaitActive()
 
 bool GalleryWindow::save(const QString &path)
 {
+    // The first frame lays the page out, which may change its size.
+    grabWindow();
+    QCoreApplication::processEvents();
     return grabWindow().save(path, "PNG");
 }
 
 QStringList galleryPages()
 {
-    return {QStringLiteral("ComponentsPage"), QStringLiteral("SymbolsPage")};
+    QStringList pages = {QStringLiteral("ComponentsPage"), QStringLiteral("SymbolsPage"),
+                         QStringLiteral("SettingsPage"), QStringLiteral("SmallDetailPage-down"),
+                         QStringLiteral("SmallFormPage-website")};
+    for (const QString &sample : CannedDetail::samples())
+        pages += QStringLiteral("DetailPage-") + sample;
+    for (const QString &sample : CannedForm::samples())
+        pages += QStringLiteral("FormPage-") + sample;
+    return pages;
 }
 
 } // namespace ostrel

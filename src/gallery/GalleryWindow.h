@@ -9,7 +9,8 @@ namespace ostrel {
 class GalleryWindow : public QQuickView
 {
 public:
-    /// @p page is the page's base name, for example "ComponentsPage".
+    /// @p page is the page's base name, for example "ComponentsPage"; where a page shows samples,
+    /// with the sample's name: "DetailPage-up".
     explicit GalleryWindow(const QString &page);
 
     [[nodiscard]] bool isUsable() const;
@@ -19,7 +20,7 @@ public:
     [[nodiscard]] bool save(const QString &path);
 };
 
-/// Every page's base name.
+/// Every page, with every sample.
 [[nodiscard]] QStringList galleryPages();
 
 } // namespace ostrel

@@ -217,6 +217,7 @@ QtObject {
     readonly property real checkTimeWidth: 68
     readonly property real checkCodeWidth: 32
     readonly property real checkHeadGap: 6
+    readonly property real checkDotGap: 10
     readonly property real noChecksPadding: 24
 
     // Sheet and settings
@@ -245,6 +246,10 @@ QtObject {
     readonly property real settingsRowHeight: 46
     readonly property real settingsButtonRowHeight: 52
     readonly property real settingsTallRowHeight: 60
+    readonly property real settingsTextGap: 3
+    readonly property real advancedButtonHeight: 20
+    readonly property real advancedInset: 14
+    readonly property real advancedFieldHeight: 28
 
     // Controls
     readonly property real focusRingWidth: 2

@@ -1,0 +1,70 @@
+#include "CannedSettings.h"
+
+#include "LoginItem.h"
+#include "MonitorStore.h"
+#include "Workspace.h"
+
+#include <QUrl>
+
+namespace ostrel {
+
+namespace {
+
+class NoLoginItem : public LoginItem
+{
+public:
+    bool registerItem() override { return false; }
+    bool unregisterItem() override { return false; }
+};
+
+class NoWorkspace : public Workspace
+{
+public:
+    bool open(const QUrl & /*url*/) override { return false; }
+    bool openFolder(const QString & /*path*/) override { return false; }
+    bool openNotificationSettings() override { return false; }
+};
+
+/// A fresh folder, where preferences are kept from now on.
+class PreferencesFolder
+{
+public:
+    PreferencesFolder()
+    {
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+} // namespace
+
+struct CannedSettings::Parts
+{
+    PreferencesFolder folder;
+    NoLoginItem loginItem;
+    NoWorkspace workspace;
+    Settings settings{loginItem};
+    DesktopActions actions{workspace, MonitorStore::defaultStorageDir()};
+};
+
+CannedSettings::CannedSettings(QObject *parent)
+    : QObject(parent)
+    , m_parts(std::make_unique<Parts>())
+{
+}
+
+CannedSettings::~CannedSettings() = default;
+
+Settings *CannedSettings::settings()
+{
+    return &m_parts->settings;
+}
+
+DesktopActions *CannedSettings::actions()
+{
+    return &m_parts->actions;
+}
+
+} // namespace ostrel

@@ -1,0 +1,65 @@
+import QtQuick
+import QtQuick.Templates as T
+
+import Ostrel
+import Ostrel.Theme
+
+// The form for a new monitor, or for one that is edited, over the dimmed window. Begin `form`, then
+// open the sheet.
+T.Popup {
+    id: root
+
+    required property MonitorForm form
+    readonly property real roomInWindow: parent ? parent.height - Theme.sheetWindowMargin : implicitHeight
+
+    function confirm(): void {
+        if (form.save())
+            close();
+    }
+
+    parent: T.Overlay.overlay
+    x: parent ? Math.round((parent.width - width) / 2) : 0
+    y: parent ? Math.round((parent.height - height) / 2) : 0
+    implicitWidth: Theme.sheetWidth
+    implicitHeight: Math.min(implicitContentHeight, roomInWindow)
+    modal: true
+    focus: true
+    closePolicy: T.Popup.CloseOnEscape
+    onAboutToShow: (contentItem as MonitorFormPanel).focusFirst()
+    // Only now everything is laid out.
+    onOpened: (contentItem as MonitorFormPanel).showTop()
+
+    T.Overlay.modal: Rectangle {
+        color: Theme.sheetScrim
+    }
+
+    enter: Transition {
+        NumberAnimation {
+            property: "opacity"
+            from: 0
+            to: 1
+            duration: Theme.quickMotion
+        }
+    }
+
+    exit: Transition {
+        NumberAnimation {
+            property: "opacity"
+            from: 1
+            to: 0
+            duration: Theme.quickMotion
+        }
+    }
+
+    background: EdgedBox {
+        radius: Theme.sheetRadius
+        color: Theme.background
+        edge: Theme.sheetEdge
+    }
+
+    contentItem: MonitorFormPanel {
+        form: root.form
+        onConfirmed: root.confirm()
+        onCancelled: root.close()
+    }
+}

@@ -1,0 +1,80 @@
+import QtQuick
+
+import Ostrel.Theme
+
+// Whose page it is, and what can be done.
+Item {
+    id: root
+
+    required property string name
+    required property string address
+    required property string url
+
+    signal checkNow
+    signal editMonitor
+    signal getHelp
+
+    implicitHeight: Theme.headerHeight
+
+    SiteIcon {
+        id: icon
+
+        urlString: root.url
+        size: Theme.headerIconSize
+    }
+
+    Column {
+        anchors.left: icon.right
+        anchors.leftMargin: Theme.headerGap
+        anchors.right: actions.left
+        anchors.rightMargin: Theme.headerGap
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: Theme.headerTextGap
+
+        ThemeText {
+            objectName: "name"
+            width: parent.width
+            text: root.name
+            font: Theme.displayMedium
+            Accessible.role: Accessible.Heading
+        }
+
+        ThemeText {
+            objectName: "address"
+            width: parent.width
+            text: root.address
+            font: Theme.regular12
+            color: Theme.textSecondary
+            elide: Text.ElideMiddle
+        }
+    }
+
+    Row {
+        id: actions
+
+        anchors.right: parent.right
+        y: Theme.headerButtonTop
+        spacing: Theme.headerButtonGap
+
+        IconButton {
+            objectName: "checkNow"
+            symbol: "arrow.trianglehead.clockwise"
+            helpText: qsTr("Check now")
+            onClicked: root.checkNow()
+        }
+
+        IconButton {
+            objectName: "editMonitor"
+            symbol: "gearshape"
+            helpText: qsTr("Edit monitor")
+            onClicked: root.editMonitor()
+        }
+
+        IconButton {
+            objectName: "getHelp"
+            symbol: "questionmark.circle"
+            helpText: qsTr("Get help")
+            onClicked: root.getHelp()
+        }
+    }
+}

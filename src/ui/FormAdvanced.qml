@@ -1,0 +1,115 @@
+import QtQuick
+
+import Ostrel
+import Ostrel.Theme
+
+// What few monitors need, behind a disclosure.
+Column {
+    id: root
+
+    required property MonitorForm form
+    readonly property list<string> methods: Array.from(form.methods)
+
+    spacing: Theme.sheetLabelGap
+
+    TextButton {
+        objectName: "advanced"
+        leftPadding: 0
+        rightPadding: 0
+        implicitHeight: Theme.advancedButtonHeight
+        text: qsTr("Advanced")
+        symbol: root.form.showAdvanced ? "chevron.down" : "chevron.right"
+        face: Theme.caption
+        Accessible.description: root.form.showAdvanced ? qsTr("Expanded") : qsTr("Collapsed")
+        onClicked: root.form.showAdvanced = !root.form.showAdvanced
+    }
+
+    EdgedBox {
+        objectName: "advancedGroup"
+        width: parent.width
+        height: rows.height
+        visible: root.form.showAdvanced
+        radius: Theme.cornerRadiusSmall
+        color: Theme.sheetGroup
+
+        Column {
+            id: rows
+
+            x: Theme.advancedInset
+            width: parent.width - 2 * x
+
+            Item {
+                width: parent.width
+                height: Theme.advancedRowHeight
+                visible: root.form.isWebsite
+
+                ThemeText {
+                    id: methodLabel
+
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: qsTr("Method")
+                }
+
+                SegmentedPicker {
+                    objectName: "method"
+                    anchors.right: parent.right
+                    anchors.rightMargin: (Theme.advancedRowHeight - height) / 2 - Theme.advancedInset
+                    anchors.verticalCenter: parent.verticalCenter
+                    spokenName: methodLabel.text
+                    choices: root.methods
+                    currentIndex: root.methods.indexOf(root.form.method)
+                    onActivated: index => root.form.method = root.methods[index]
+                }
+
+                Rectangle {
+                    anchors.bottom: parent.bottom
+                    width: parent.width
+                    height: Theme.hairlineWidth
+                    color: Theme.hairline
+                }
+            }
+
+            Item {
+                width: parent.width
+                height: Theme.advancedRowHeight
+
+                ThemeText {
+                    id: timeoutLabel
+
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: qsTr("Timeout")
+                }
+
+                Field {
+                    id: timeout
+
+                    // While it is typed into, its text may be no number, or not yet the one meant.
+                    function showValue(): void {
+                        if (!activeFocus)
+                            text = root.form.timeoutText;
+                    }
+
+                    objectName: "timeout"
+                    anchors.right: parent.right
+                    anchors.rightMargin: (Theme.advancedRowHeight - height) / 2 - Theme.advancedInset
+                    anchors.verticalCenter: parent.verticalCenter
+                    width: Theme.timeoutFieldWidth
+                    height: Theme.advancedFieldHeight
+                    horizontalAlignment: TextInput.AlignRight
+                    spokenName: timeoutLabel.text
+                    onTextEdited: root.form.timeoutText = text
+                    onActiveFocusChanged: showValue()
+                    Component.onCompleted: showValue()
+
+                    Connections {
+                        target: root.form
+
+                        function onChanged(): void {
+                            timeout.showValue();
+                        }
+                    }
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,71 @@
+#include "MonitorDetailModel.h"
+
+#include "MonitorStore.h"
+
+#include <utility>
+
+namespace ostrel {
+
+MonitorDetailModel::MonitorDetailModel(const MonitorStore &store, WallClock now,
+                                       const QTimeZone &timeZone, const QLocale &locale,
+                                       QObject *parent)
+    : QObject(parent)
+    , m_store(store)
+    , m_now(std::move(now))
+    , m_timeZone(timeZone)
+    , m_locale(locale)
+    , m_recentChecks(store, timeZone, locale)
+{
+    m_timer.setInterval(refreshInterval);
+    connect(&m_timer, &QTimer::timeout, this, &MonitorDetailModel::refresh);
+    connect(&store, &MonitorStore::monitorsChanged, this, &MonitorDetailModel::refresh);
+    connect(&store, &MonitorStore::checksChanged, this, [this](const QUuid &monitorId) {
+        if (monitorId == m_monitorId)
+            refresh();
+    });
+}
+
+void MonitorDetailModel::setMonitorId(const QUuid &monitorId)
+{
+    if (m_monitorId == monitorId)
+        return;
+    m_monitorId = monitorId;
+    m_recentChecks.setMonitorId(monitorId);
+    refresh();
+    Q_EMIT monitorIdChanged();
+}
+
+void MonitorDetailModel::setShown(bool isShown)
+{
+    if (isShown == m_timer.isActive())
+        return;
+    if (isShown) {
+        refresh();
+        m_timer.start();
+    } else {
+        m_timer.stop();
+    }
+    Q_EMIT isShownChanged();
+}
+
+void MonitorDetailModel::refresh()
+{
+    const auto monitor = m_store.monitor(m_monitorId);
+    const Viewpoint viewpoint = {.now = m_now(), .timeZone = m_timeZone, .locale = m_locale};
+    MonitorDetail detail = monitor ? monitorDetail(m_store, *monitor, viewpoint) : MonitorDetail();
+    setHasMonitor(monitor.has_value());
+    if (m_detail == detail)
+        return;
+    m_detail = std::move(detail);
+    Q_EMIT detailChanged();
+}
+
+void MonitorDetailModel::setHasMonitor(bool hasMonitor)
+{
+    if (m_hasMonitor == hasMonitor)
+        return;
+    m_hasMonitor = hasMonitor;
+    Q_EMIT hasMonitorChanged();
+}
+
+} // namespace ostrel

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "MonitorDetail.h"
+#include "RecentChecksModel.h"
+
+#include <QObject>
+#include <QTimer>
+#include <QUuid>
+#include <QtQml/qqmlregistration.h>
+
+namespace ostrel {
+
+class MonitorStore;
+
+/// The detail page of one monitor: its values and its recent checks. Made anew when the store tells
+/// that they have changed, and, while the page is shown, as time passes. Main thread.
+class MonitorDetailModel : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made by the application")
+    Q_PROPERTY(QUuid monitorId READ monitorId WRITE setMonitorId NOTIFY monitorIdChanged)
+    /// Whether the page can be seen. Only then time is watched.
+    Q_PROPERTY(bool isShown READ isShown WRITE setShown NOTIFY isShownChanged)
+    Q_PROPERTY(bool hasMonitor READ hasMonitor NOTIFY hasMonitorChanged)
+    Q_PROPERTY(ostrel::MonitorDetail detail READ detail NOTIFY detailChanged)
+    Q_PROPERTY(ostrel::RecentChecksModel *recentChecks READ recentChecks CONSTANT)
+
+public:
+    /// How often the page is brought up to date with the clock.
+    static constexpr std::chrono::milliseconds refreshInterval{1000};
+
+    /// @p store outlives the model. The moment, the clocks and the language are @p now,
+    /// @p timeZone and @p locale.
+    explicit MonitorDetailModel(const MonitorStore &store, WallClock now = systemNow,
+                                const QTimeZone &timeZone = QTimeZone::systemTimeZone(),
+                                const QLocale &locale = QLocale(), QObject *parent = nullptr);
+
+    [[nodiscard]] QUuid monitorId() const { return m_monitorId; }
+    /// A null or unknown id gives an empty page.
+    void setMonitorId(const QUuid &monitorId);
+    [[nodiscard]] bool isShown() const { return m_timer.isActive(); }
+    void setShown(bool isShown);
+    /// False where the store has no monitor of this id, or has it no longer.
+    [[nodiscard]] bool hasMonitor() const { return m_hasMonitor; }
+    [[nodiscard]] const MonitorDetail &detail() const { return m_detail; }
+    [[nodiscard]] RecentChecksModel *recentChecks() { return &m_recentChecks; }
+
+    /// Brings what depends on the clock up to date.
+    void refresh();
+
+Q_SIGNALS:
+    void monitorIdChanged();
+    void isShownChanged();
+    void hasMonitorChanged();
+    void detailChanged();
+
+private:
+    void setHasMonitor(bool hasMonitor);
+
+    const MonitorStore &m_store;
+    WallClock m_now;
+    QTimeZone m_timeZone;
+    QLocale m_locale;
+    QUuid m_monitorId;
+    bool m_hasMonitor = false;
+    MonitorDetail m_detail;
+    RecentChecksModel m_recentChecks;
+    QTimer m_timer;
+};
+
+} // namespace ostrel

@@ -1,0 +1,102 @@
+import QtQuick
+import QtQuick.Templates as T
+import QtQuick.Window
+
+import Ostrel
+import Ostrel.Theme
+
+// The page of one monitor.
+Flickable {
+    id: root
+
+    required property MonitorDetailModel model
+    // True while the form shows this monitor; whoever shows the form sets it back.
+    property bool showingEdit: false
+    readonly property monitorDetail detail: model.detail
+
+    signal checkNow
+    signal editMonitor
+    signal getHelp
+
+    contentWidth: width
+    contentHeight: page.height + 2 * Theme.pageMargin
+    boundsBehavior: Flickable.StopAtBounds
+    clip: true
+    T.ScrollBar.vertical: ScrollIndicatorBar {}
+    onShowingEditChanged: {
+        if (showingEdit)
+            editMonitor();
+    }
+
+    Binding {
+        target: root.model
+        property: "isShown"
+        value: root.visible && exposure.isExposed
+    }
+
+    WindowExposure {
+        id: exposure
+
+        window: root.Window.window
+    }
+
+    Column {
+        id: page
+
+        x: Math.max(Theme.pageMargin, (root.width - width) / 2)
+        y: Theme.pageMargin
+        width: Math.min(root.width - 2 * Theme.pageMargin, Theme.contentMaximum)
+
+        DetailHeader {
+            width: parent.width
+            name: root.detail.name
+            address: root.detail.address
+            url: root.detail.url
+            onCheckNow: root.checkNow()
+            onEditMonitor: root.showingEdit = true
+            onGetHelp: root.getHelp()
+        }
+
+        Item {
+            width: parent.width
+            height: Theme.statusRowGap
+        }
+
+        DetailStatusRow {
+            width: parent.width
+            detail: root.detail
+        }
+
+        Item {
+            width: parent.width
+            height: Theme.sectionSpacing
+        }
+
+        Column {
+            width: parent.width
+            spacing: Theme.spacing
+
+            StatisticsRow {
+                width: parent.width
+                statistics: root.detail.statistics
+            }
+
+            UptimeCard {
+                width: parent.width
+                timeline: root.detail.timeline
+            }
+
+            ResponseCard {
+                width: parent.width
+                series: root.detail.series
+                hasChecks: root.detail.hasRecentChecks
+            }
+
+            RecentChecksCard {
+                width: parent.width
+                checks: root.model.recentChecks
+                countText: root.detail.recentCountText
+            }
+        }
+    }
+}

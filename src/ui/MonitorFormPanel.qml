@@ -1,0 +1,259 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import QtQuick.Window
+
+import Ostrel
+import Ostrel.Theme
+
+// What stands in the form's sheet. Where the window has too little room, the middle scrolls between
+// the title and the buttons.
+FocusScope {
+    id: root
+
+    required property MonitorForm form
+
+    signal confirmed
+    signal cancelled
+
+    function focusFirst(): void {
+        address.focusFirst();
+    }
+
+    function showTop(): void {
+        middle.contentY = 0;
+    }
+
+    implicitHeight: header.height + middle.contentHeight + footer.height
+    Accessible.role: Accessible.Dialog
+    Accessible.name: root.form.title
+    Keys.onReturnPressed: root.confirmed()
+    Keys.onEnterPressed: root.confirmed()
+
+    Item {
+        id: header
+
+        width: parent.width
+        height: title.y + title.height + Theme.sheetGap
+
+        ThemeText {
+            id: title
+
+            objectName: "title"
+            x: Theme.sheetMargin
+            y: Theme.sheetTop
+            width: parent.width - 2 * x
+            text: root.form.title
+            font: Theme.headline
+            Accessible.role: Accessible.Heading
+        }
+
+        Rectangle {
+            anchors.bottom: parent.bottom
+            width: parent.width
+            height: Theme.hairlineWidth
+            visible: middle.isScrolling
+            color: Theme.hairline
+        }
+    }
+
+    Flickable {
+        id: middle
+
+        readonly property bool isScrolling: contentHeight > height
+        readonly property Item focused: Window.activeFocusItem
+
+        // Where the keyboard is can be seen.
+        function reveal(): void {
+            if (!isScrolling || !focused)
+                return;
+            const top = contentItem.mapFromItem(focused, 0, 0).y;
+            if (top < 0 || top > contentHeight)
+                return;
+            const bottom = top + focused.height + Theme.sheetGap;
+            contentY = Math.max(0, Math.min(Math.max(contentY, bottom - height), top - Theme.sheetGap));
+        }
+
+        objectName: "middle"
+        y: header.height
+        width: parent.width
+        height: parent.height - header.height - footer.height
+        contentHeight: groups.height
+        interactive: isScrolling
+        boundsBehavior: Flickable.StopAtBounds
+        clip: isScrolling
+        onFocusedChanged: reveal()
+        T.ScrollBar.vertical: ScrollIndicatorBar {}
+
+        Column {
+            id: groups
+
+            x: Theme.sheetMargin
+            width: middle.width - 2 * x
+            spacing: Theme.sheetGap
+
+            Row {
+                width: parent.width
+                spacing: Theme.tileGap
+                Accessible.role: Accessible.Grouping
+                Accessible.name: qsTr("Type")
+
+                Repeater {
+                    model: [
+                        {
+                            type: "http",
+                            text: qsTr("Website"),
+                            symbol: "globe"
+                        },
+                        {
+                            type: "port",
+                            text: qsTr("Port"),
+                            symbol: "network"
+                        }
+                    ]
+
+                    Tile {
+                        required property var modelData
+
+                        objectName: modelData.type
+                        width: (groups.width - Theme.tileGap) / 2
+                        text: modelData.text
+                        symbol: modelData.symbol
+                        isSelected: root.form.monitorType === modelData.type
+                        onClicked: {
+                            root.form.monitorType = modelData.type;
+                            if (!activeFocus)
+                                address.focusFirst();
+                        }
+                    }
+                }
+            }
+
+            FormAddress {
+                id: address
+
+                width: parent.width
+                form: root.form
+            }
+
+            FormSection {
+                width: parent.width
+                label: qsTr("CHECK EVERY")
+
+                Row {
+                    spacing: Theme.chipGap
+                    Accessible.role: Accessible.Grouping
+                    Accessible.name: qsTr("CHECK EVERY")
+
+                    Repeater {
+                        model: root.form.intervals
+
+                        Chip {
+                            required property double modelData
+
+                            objectName: text
+                            text: root.form.intervalText(modelData)
+                            isSelected: root.form.interval === modelData
+                            onClicked: root.form.interval = modelData
+                        }
+                    }
+                }
+            }
+
+            FormSection {
+                width: parent.width
+                visible: root.form.isWebsite
+                label: qsTr("CHECK FOR KEYWORD (OPTIONAL)")
+
+                Row {
+                    width: parent.width
+                    spacing: Theme.controlGap
+
+                    Field {
+                        objectName: "keyword"
+                        width: parent.width - Theme.keywordModeWidth - parent.spacing
+                        spokenName: qsTr("CHECK FOR KEYWORD (OPTIONAL)")
+                        placeholderText: qsTr("e.g. \"Welcome\" or \"error\"")
+                        text: root.form.keyword
+                        onTextEdited: root.form.keyword = text
+                    }
+
+                    Picker {
+                        objectName: "keywordMode"
+                        width: Theme.keywordModeWidth
+                        spokenName: qsTr("Keyword")
+                        model: [qsTr("Must exist"), qsTr("Must not exist")]
+                        currentIndex: root.form.keywordShouldExist ? 0 : 1
+                        onActivated: index => root.form.keywordShouldExist = index === 0
+                    }
+                }
+            }
+
+            FormSection {
+                width: parent.width
+                visible: root.form.isWebsite
+                label: qsTr("ALERT IF SLOWER THAN (OPTIONAL)")
+
+                Row {
+                    spacing: Theme.controlGap
+
+                    Field {
+                        objectName: "threshold"
+                        width: Theme.thresholdFieldWidth
+                        spokenName: qsTr("ALERT IF SLOWER THAN (OPTIONAL)")
+                        placeholderText: qsTr("e.g. 500")
+                        text: root.form.thresholdText
+                        onTextEdited: root.form.thresholdText = text
+                    }
+
+                    ThemeText {
+                        anchors.verticalCenter: parent.verticalCenter
+                        text: qsTr("ms")
+                        color: Theme.textSecondary
+                    }
+                }
+            }
+
+            FormAdvanced {
+                width: parent.width
+                form: root.form
+            }
+        }
+    }
+
+    Item {
+        id: footer
+
+        anchors.bottom: parent.bottom
+        width: parent.width
+        height: Theme.sheetBottom + Theme.confirmHeight + Theme.sheetBottom
+
+        Rectangle {
+            width: parent.width
+            height: Theme.hairlineWidth
+            visible: middle.isScrolling
+            color: Theme.hairline
+        }
+
+        Row {
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.sheetMargin
+            y: Theme.sheetBottom
+            spacing: Theme.footerGap
+
+            TextButton {
+                objectName: "cancel"
+                text: qsTr("Cancel")
+                onClicked: root.cancelled()
+            }
+
+            ConfirmButton {
+                objectName: "confirm"
+                text: root.form.confirmText
+                enabled: root.form.isValid
+                onClicked: root.confirmed()
+            }
+        }
+    }
+}

@@ -1,0 +1,87 @@
+import QtQuick
+
+import Ostrel
+import Ostrel.Theme
+
+// One check: when it was made and how it went.
+Item {
+    id: root
+
+    required property int index
+    required property bool isUp
+    required property int tone
+    required property string timeText
+    required property string codeText
+    required property string resultText
+    required property string spokenText
+
+    implicitHeight: Theme.checkRowHeight
+    Accessible.role: Accessible.ListItem
+    Accessible.name: spokenText
+
+    Rectangle {
+        width: parent.width
+        height: Theme.hairlineWidth
+        visible: root.index > 0
+        color: Theme.hairline
+    }
+
+    EdgedBox {
+        id: dot
+
+        anchors.verticalCenter: parent.verticalCenter
+        width: Theme.dotSizeSmall
+        height: Theme.dotSizeSmall
+        radius: Theme.dotSizeSmall / 2
+        color: ToneColors.of(root.tone)
+    }
+
+    ThemeText {
+        id: time
+
+        anchors.left: dot.right
+        anchors.leftMargin: Theme.checkDotGap
+        anchors.verticalCenter: parent.verticalCenter
+        width: Theme.checkTimeWidth
+        text: root.timeText
+        font: Theme.label
+        color: Theme.textSecondary
+        isSpoken: false
+    }
+
+    ThemeText {
+        id: code
+
+        anchors.left: time.right
+        anchors.verticalCenter: parent.verticalCenter
+        width: Theme.checkCodeWidth
+        text: root.codeText
+        font: Theme.label
+        color: Theme.textSecondary
+        isSpoken: false
+    }
+
+    ThemeText {
+        id: result
+
+        objectName: "result"
+        anchors.left: code.right
+        anchors.leftMargin: Theme.checkDotGap
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        horizontalAlignment: Text.AlignRight
+        text: root.resultText
+        font: Theme.label
+        color: root.isUp ? Theme.textPrimary : Theme.statusDown
+        isSpoken: false
+    }
+
+    HoverHandler {
+        id: pointer
+    }
+
+    HelpText {
+        text: root.resultText
+        visible: pointer.hovered && result.truncated
+    }
+}

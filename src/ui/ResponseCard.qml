@@ -1,0 +1,94 @@
+import QtQuick
+
+import Ostrel
+import Ostrel.Theme
+
+// The response times of the last day: a chart, or why there is none.
+CardStyle {
+    id: root
+
+    required property responseSeries series
+    required property bool hasChecks
+
+    implicitHeight: hasChecks ? Theme.chartCardHeight : noChecks.y + noChecks.height + 2 * padding
+
+    ThemeText {
+        id: title
+
+        text: qsTr("Response Time")
+        font: Theme.headline
+        Accessible.role: Accessible.Heading
+    }
+
+    ThemeText {
+        objectName: "newest"
+        anchors.right: parent.right
+        anchors.baseline: title.baseline
+        visible: text !== ""
+        text: root.series.newestText
+        font: Theme.mono
+        color: Theme.textSecondary
+    }
+
+    Item {
+        id: body
+
+        anchors.top: title.bottom
+        anchors.topMargin: Theme.chartGap
+        width: parent.width
+        height: Theme.chartHeight
+        visible: root.hasChecks
+
+        ResponseChartView {
+            objectName: "chart"
+            anchors.fill: parent
+            visible: root.series.isPlottable
+            series: root.series
+            lineColor: Theme.accent
+            gridColor: Theme.statusMuted
+            labelColor: Theme.textSecondary
+            labelFont: Theme.regular9
+        }
+
+        Column {
+            objectName: "waiting"
+            anchors.centerIn: parent
+            visible: !root.series.isPlottable
+            spacing: Theme.chartPlaceholderGap
+
+            Symbol {
+                anchors.horizontalCenter: parent.horizontalCenter
+                name: "waveform.path"
+                systemSize: 28
+                color: Theme.statusMuted
+            }
+
+            ThemeText {
+                anchors.horizontalCenter: parent.horizontalCenter
+                text: qsTr("Waiting for data")
+                font: Theme.caption
+                color: Theme.statusMuted
+            }
+        }
+    }
+
+    Item {
+        id: noChecks
+
+        objectName: "noChecks"
+        anchors.top: title.bottom
+        anchors.topMargin: Theme.chartGap
+        width: parent.width
+        height: noChecksText.height + 2 * Theme.noChecksPadding
+        visible: !root.hasChecks
+
+        ThemeText {
+            id: noChecksText
+
+            anchors.centerIn: parent
+            text: qsTr("No checks yet")
+            font: Theme.caption
+            color: Theme.statusMuted
+        }
+    }
+}

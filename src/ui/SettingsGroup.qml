@@ -1,0 +1,31 @@
+import QtQuick
+
+import Ostrel.Theme
+
+// A title over a card of rows.
+Column {
+    id: root
+
+    required property string title
+    default property alias rows: column.data
+
+    spacing: Theme.settingsTitleGap
+
+    ThemeText {
+        x: Theme.settingsTitleInset
+        text: root.title
+        font: Theme.headline
+        Accessible.role: Accessible.Heading
+    }
+
+    CardStyle {
+        width: parent.width
+        padding: Theme.hairlineWidth
+
+        Column {
+            id: column
+
+            width: parent.width
+        }
+    }
+}

@@ -1,0 +1,30 @@
+import QtQuick
+
+import Ostrel.Theme
+
+// One row of a settings card: what it holds stands between the card's insets.
+Item {
+    id: root
+
+    default property alias contents: body.data
+    property bool hasDivider: false
+
+    width: parent.width
+    implicitHeight: Theme.settingsRowHeight
+
+    Rectangle {
+        x: body.x
+        width: body.width
+        height: Theme.hairlineWidth
+        visible: root.hasDivider
+        color: Theme.hairline
+    }
+
+    Item {
+        id: body
+
+        x: Theme.cardPadding - Theme.hairlineWidth
+        width: parent.width - 2 * x
+        height: parent.height
+    }
+}

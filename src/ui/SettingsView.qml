@@ -1,0 +1,137 @@
+import QtQuick
+
+import Ostrel
+import Ostrel.Theme
+
+// The user's preferences, and where the data is.
+Rectangle {
+    id: root
+
+    required property Settings settings
+    required property DesktopActions actions
+
+    implicitWidth: Theme.settingsWidth
+    implicitHeight: Theme.settingsHeight
+    color: Theme.background
+
+    Column {
+        x: Theme.pageMargin
+        y: Theme.pageMargin
+        width: parent.width - 2 * Theme.pageMargin
+        spacing: Theme.sectionSpacing
+
+        SettingsGroup {
+            width: parent.width
+            title: qsTr("General")
+
+            SettingsRow {
+                ThemeText {
+                    id: launchLabel
+
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: qsTr("Launch at Login")
+                    isSpoken: false
+                }
+
+                Toggle {
+                    objectName: "launchAtLogin"
+                    anchors.right: parent.right
+                    anchors.verticalCenter: parent.verticalCenter
+                    spokenName: launchLabel.text
+                    checked: root.settings.launchAtLogin
+                    onCheckedChanged: root.settings.launchAtLogin = checked
+                }
+            }
+        }
+
+        SettingsGroup {
+            width: parent.width
+            title: qsTr("Notifications")
+
+            SettingsRow {
+                ThemeText {
+                    id: soundsLabel
+
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: qsTr("Play Sounds on Status Change")
+                    isSpoken: false
+                }
+
+                Toggle {
+                    objectName: "playSounds"
+                    anchors.right: parent.right
+                    anchors.verticalCenter: parent.verticalCenter
+                    spokenName: soundsLabel.text
+                    checked: root.settings.playSounds
+                    onCheckedChanged: root.settings.playSounds = checked
+                }
+            }
+
+            SettingsRow {
+                implicitHeight: Theme.settingsButtonRowHeight + Theme.hairlineWidth
+                hasDivider: true
+
+                QuietButton {
+                    objectName: "notificationSettings"
+                    anchors.right: parent.right
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: qsTr("Open Notification Settings...")
+                    onClicked: root.actions.openNotificationSettings()
+                }
+            }
+        }
+
+        SettingsGroup {
+            width: parent.width
+            title: qsTr("Data")
+
+            SettingsRow {
+                implicitHeight: Theme.settingsTallRowHeight
+
+                Column {
+                    anchors.left: parent.left
+                    anchors.right: reveal.left
+                    anchors.rightMargin: Theme.spacing
+                    anchors.verticalCenter: parent.verticalCenter
+                    spacing: Theme.settingsTextGap
+
+                    ThemeText {
+                        id: storedIn
+
+                        text: qsTr("Stored in")
+                        font: Theme.caption
+                    }
+
+                    TextInput {
+                        objectName: "dataFolder"
+                        width: parent.width
+                        height: ThemeFonts.lineBox(font.pixelSize)
+                        verticalAlignment: TextInput.AlignVCenter
+                        clip: true
+                        readOnly: true
+                        selectByMouse: true
+                        autoScroll: activeFocus
+                        text: root.actions.dataFolderText
+                        font: Theme.system11
+                        color: Theme.textSecondary
+                        selectionColor: Theme.textSelection
+                        selectedTextColor: Theme.textPrimary
+                        Accessible.role: Accessible.EditableText
+                        Accessible.readOnly: true
+                        Accessible.name: storedIn.text
+                    }
+                }
+
+                QuietButton {
+                    id: reveal
+
+                    objectName: "reveal"
+                    anchors.right: parent.right
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: qsTr("Reveal in File Manager")
+                    onClicked: root.actions.revealDataFolder()
+                }
+            }
+        }
+    }
+}

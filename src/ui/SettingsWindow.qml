@@ -1,0 +1,41 @@
+import QtQuick
+
+import Ostrel
+import Ostrel.Theme
+
+// The window of the settings; no larger and no smaller than they are.
+Window {
+    id: root
+
+    required property Settings settings
+    required property DesktopActions actions
+
+    // Shows the window, or brings it to the front.
+    function present(): void {
+        show();
+        raise();
+        requestActivate();
+    }
+
+    title: qsTr("Settings")
+    width: Theme.settingsWidth
+    height: Theme.settingsHeight
+    minimumWidth: width
+    maximumWidth: width
+    minimumHeight: height
+    maximumHeight: height
+    color: Theme.background
+
+    SettingsView {
+        anchors.fill: parent
+        settings: root.settings
+        actions: root.actions
+        focus: true
+        Keys.onEscapePressed: root.close()
+    }
+
+    Shortcut {
+        sequence: "Ctrl+W"
+        onActivated: root.close()
+    }
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "MonitorForm.h"
+
+#include <QObject>
+#include <QUuid>
+#include <QtQml/qqmlregistration.h>
+
+namespace ostrel {
+
+/// Fills the form each time that its sheet is shown, with the clipboard's text at that moment.
+/// Main thread.
+class SheetOpener : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made by the application")
+    Q_PROPERTY(ostrel::MonitorForm *form READ form CONSTANT)
+
+public:
+    /// Both outlive it.
+    SheetOpener(const MonitorStore &store, MonitorForm &form, QObject *parent = nullptr);
+
+    [[nodiscard]] MonitorForm *form() const { return &m_form; }
+
+    /// Begins a new monitor.
+    Q_INVOKABLE void beginCreate();
+    /// Begins to edit the monitor with this id. False, and without any effect, where there is none.
+    Q_INVOKABLE bool beginEdit(const QUuid &monitorId);
+
+private:
+    const MonitorStore &m_store;
+    MonitorForm &m_form;
+};
+
+} // namespace ostrel

@@ -1,0 +1,72 @@
+import QtQuick
+
+import Ostrel
+import Ostrel.Theme
+
+// The history of a monitor as a strip, with its share of good checks and its age.
+CardStyle {
+    id: root
+
+    // An uptimeTimeline: compiled ahead of time, its enumeration could not be read.
+    required property var timeline
+
+    implicitHeight: Theme.uptimeCardHeight
+
+    ThemeText {
+        id: title
+
+        text: qsTr("Uptime")
+        font: Theme.headline
+        Accessible.role: Accessible.Heading
+    }
+
+    ThemeText {
+        objectName: "percentage"
+        anchors.right: parent.right
+        anchors.baseline: title.baseline
+        visible: text !== ""
+        text: root.timeline.percentageText
+        font: Theme.headline
+        color: ToneColors.of(root.timeline.percentageTone)
+    }
+
+    UptimeTimelineView {
+        id: strip
+
+        anchors.top: title.bottom
+        anchors.topMargin: Theme.stripGap
+        width: parent.width
+        height: Theme.stripHeight
+        timeline: root.timeline
+        upColor: Theme.statusUp
+        downColor: Theme.statusDown
+        emptyColor: Theme.stripEmpty
+    }
+
+    ThemeText {
+        objectName: "collecting"
+        anchors.centerIn: strip
+        visible: root.timeline.isEmpty
+        text: qsTr("Collecting data...")
+        font: Theme.regular10
+        color: Theme.statusMuted
+    }
+
+    ThemeText {
+        objectName: "age"
+        anchors.top: strip.bottom
+        anchors.topMargin: Theme.stripFootGap
+        text: root.timeline.ageText
+        font: Theme.regular9
+        color: Theme.statusMuted
+    }
+
+    ThemeText {
+        anchors.right: parent.right
+        anchors.top: strip.bottom
+        anchors.topMargin: Theme.stripFootGap
+        text: qsTr("Now")
+        font: Theme.regular9
+        color: Theme.statusMuted
+    }
+}

@@ -1,0 +1,252 @@
+#include "CannedDetail.h"
+#include "CannedForm.h"
+#include "GalleryWindow.h"
+#include "Printers.h"
+#include "WaitFor.h"
+
+#include <QQuickItem>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace ostrel::test {
+
+namespace {
+
+/// Looks among the visual children, which is where delegates and what a sheet holds are found.
+QQuickItem *findIn(QQuickItem *item, const QString &objectName)
+{
+    if (item->objectName() == objectName)
+        return item;
+    for (QQuickItem *child : item->childItems()) {
+        if (QQuickItem *found = findIn(child, objectName))
+            return found;
+    }
+    return nullptr;
+}
+
+/// A shown page of the gallery.
+class Page
+{
+public:
+    explicit Page(const QString &name)
+        : m_window(name)
+    {
+        m_window.show();
+        m_window.awaitActive();
+        m_window.grabWindow();
+    }
+
+    [[nodiscard]] QQuickWindow &window() { return m_window; }
+    [[nodiscard]] QQuickItem *item(const char *objectName)
+    {
+        return findIn(m_window.contentItem(), QLatin1String(objectName));
+    }
+    [[nodiscard]] bool shows(const char *objectName)
+    {
+        const QQuickItem *found = item(objectName);
+        return found && found->isVisible();
+    }
+    [[nodiscard]] QString text(const char *objectName)
+    {
+        const QQuickItem *found = item(objectName);
+        return found ? found->property("text").toString() : QStringLiteral("missing");
+    }
+    [[nodiscard]] MonitorForm *form()
+    {
+        return m_window.rootObject()->findChild<CannedForm *>()->form();
+    }
+    void click(const char *objectName)
+    {
+        const QQuickItem *found = item(objectName);
+        ASSERT_TRUE(found) << objectName;
+        QTest::mouseClick(&m_window, Qt::LeftButton, {},
+                          found->mapToScene(found->boundingRect().center()).toPoint());
+    }
+    void press(Qt::Key key) { QTest::keyClick(&m_window, key); }
+
+private:
+    GalleryWindow m_window;
+};
+
+struct PillCase
+{
+    const char *sample;
+    const char *text;
+};
+
+class PillTest : public testing::TestWithParam<PillCase>
+{
+};
+
+} // namespace
+
+TEST_P(PillTest, SaysTheStatusInCapitals)
+{
+    Page page(QStringLiteral("DetailPage-") + QLatin1String(GetParam().sample));
+    EXPECT_EQ(page.text("pillText"), QLatin1String(GetParam().text));
+}
+
+INSTANTIATE_TEST_SUITE_P(Statuses, PillTest,
+                         testing::Values(PillCase{"up", "UP"}, PillCase{"down", "DOWN"},
+                                         PillCase{"paused", "PAUSED"},
+                                         PillCase{"pending", "PENDING"}));
+
+TEST(MonitorDetailViewTest, AMonitorWithoutChecksShowsThatThereAreNone)
+{
+    Page page(QStringLiteral("DetailPage-pending"));
+    EXPECT_FALSE(page.shows("lastChecked"));
+    EXPECT_FALSE(page.shows("badges"));
+    EXPECT_FALSE(page.shows("percentage"));
+    EXPECT_TRUE(page.shows("collecting"));
+    EXPECT_EQ(page.text("age"), QStringLiteral("No data"));
+    EXPECT_TRUE(page.shows("noChecks"));
+    EXPECT_FALSE(page.shows("chart"));
+    EXPECT_FALSE(page.shows("waiting"));
+    EXPECT_FALSE(page.item("result"));
+}
+
+TEST(MonitorDetailViewTest, TheBadgesAreARowWhereThereAreAny)
+{
+    EXPECT_TRUE(Page(QStringLiteral("DetailPage-up")).shows("badges"));
+    EXPECT_FALSE(Page(QStringLiteral("DetailPage-paused")).shows("badges"));
+}
+
+TEST(MonitorDetailViewTest, OnePointWaitsForDataAndShowsItsTime)
+{
+    Page page(QStringLiteral("DetailPage-chart-1"));
+    EXPECT_TRUE(page.shows("waiting"));
+    EXPECT_FALSE(page.shows("chart"));
+    EXPECT_TRUE(page.shows("newest"));
+}
+
+TEST(MonitorDetailViewTest, FailedChecksAloneWaitForDataWithoutATime)
+{
+    Page page(QStringLiteral("DetailPage-chart-0"));
+    EXPECT_TRUE(page.shows("waiting"));
+    EXPECT_FALSE(page.shows("newest"));
+}
+
+TEST(MonitorDetailViewTest, TwoPointsAreAChart)
+{
+    Page page(QStringLiteral("DetailPage-chart-2"));
+    EXPECT_TRUE(page.shows("chart"));
+    EXPECT_FALSE(page.shows("waiting"));
+}
+
+TEST(MonitorDetailViewTest, ChecksOlderThanADayLeaveNoChart)
+{
+    Page page(QStringLiteral("DetailPage-stale"));
+    EXPECT_TRUE(page.shows("noChecks"));
+    EXPECT_FALSE(page.shows("collecting"));
+}
+
+TEST(MonitorDetailViewTest, EditMonitorShowsTheForm)
+{
+    Page page(QStringLiteral("DetailPage-up"));
+    page.click("editMonitor");
+    EXPECT_EQ(page.item("view")->property("showingEdit"), QVariant(true));
+}
+
+TEST(AddMonitorSheetTest, TheKeyboardBeginsInTheAddress)
+{
+    Page page(QStringLiteral("FormPage-suggestion"));
+    EXPECT_EQ(page.window().activeFocusItem(), page.item("address"));
+    EXPECT_TRUE(page.shows("suggestion"));
+}
+
+TEST(AddMonitorSheetTest, ReturnDoesNothingWhileTheFormIsInvalid)
+{
+    Page page(QStringLiteral("FormPage-suggestion"));
+    EXPECT_FALSE(page.item("confirm")->isEnabled());
+    page.press(Qt::Key_Return);
+    EXPECT_TRUE(page.shows("title"));
+}
+
+TEST(AddMonitorSheetTest, ReturnConfirmsAValidForm)
+{
+    Page page(QStringLiteral("FormPage-valid"));
+    EXPECT_TRUE(page.item("confirm")->isEnabled());
+    page.press(Qt::Key_Return);
+    EXPECT_TRUE(waitFor([&] { return !page.shows("title"); }));
+}
+
+TEST(AddMonitorSheetTest, EscapeAndCancelCloseIt)
+{
+    Page escaped(QStringLiteral("FormPage-valid"));
+    escaped.press(Qt::Key_Escape);
+    EXPECT_TRUE(waitFor([&] { return !escaped.shows("title"); }));
+
+    Page cancelled(QStringLiteral("FormPage-valid"));
+    cancelled.click("cancel");
+    EXPECT_TRUE(waitFor([&] { return !cancelled.shows("title"); }));
+}
+
+TEST(AddMonitorSheetTest, TheTilesSwitchTheFields)
+{
+    Page page(QStringLiteral("FormPage-suggestion"));
+    page.click("port");
+    EXPECT_EQ(page.form()->monitorType(), QStringLiteral("port"));
+    EXPECT_FALSE(page.shows("address"));
+    EXPECT_FALSE(page.shows("keyword"));
+    EXPECT_EQ(page.window().activeFocusItem(), page.item("host"));
+
+    page.click("http");
+    EXPECT_TRUE(page.shows("address"));
+    EXPECT_EQ(page.window().activeFocusItem(), page.item("address"));
+}
+
+TEST(AddMonitorSheetTest, TypingAHostAndItsPortGoesOnInThePort)
+{
+    Page page(QStringLiteral("FormPage-suggestion"));
+    for (const char key : {'d', 'b', ':', '5', '4', '3', '2'})
+        QTest::keyClick(&page.window(), key);
+    EXPECT_EQ(page.form()->monitorType(), QStringLiteral("port"));
+    EXPECT_EQ(page.form()->url(), QStringLiteral("db"));
+    EXPECT_EQ(page.form()->portText(), QStringLiteral("5432"));
+}
+
+TEST(AddMonitorSheetTest, TabStaysInTheSheet)
+{
+    Page page(QStringLiteral("FormPage-website"));
+    const QQuickItem *sheet = page.item("title")->parentItem()->parentItem();
+    for (int i = 0; i < 40; ++i) {
+        page.press(Qt::Key_Tab);
+        ASSERT_TRUE(page.window().activeFocusItem());
+        EXPECT_TRUE(sheet->isAncestorOf(page.window().activeFocusItem())) << i;
+    }
+}
+
+TEST(AddMonitorSheetTest, ASmallWindowShowsItsBeginning)
+{
+    Page page(QStringLiteral("SmallFormPage-website"));
+    QQuickItem *middle = page.item("middle");
+    ASSERT_TRUE(middle);
+    EXPECT_TRUE(middle->property("isScrolling").toBool());
+    EXPECT_TRUE(waitFor([&] { return middle->property("contentY") == QVariant(0.0); }));
+}
+
+TEST(AddMonitorSheetTest, TheSuggestionIsTakenAndGone)
+{
+    Page page(QStringLiteral("FormPage-suggestion"));
+    page.click("suggestion");
+    EXPECT_EQ(page.text("address"), QStringLiteral("https://bakery.example/order"));
+    EXPECT_FALSE(page.shows("suggestion"));
+    EXPECT_TRUE(page.item("confirm")->isEnabled());
+}
+
+TEST(SettingsViewTest, AFreshSystemLaunchesNothingAndPlaysSounds)
+{
+    Page page(QStringLiteral("SettingsPage"));
+    EXPECT_EQ(page.item("launchAtLogin")->property("checked"), QVariant(false));
+    EXPECT_EQ(page.item("playSounds")->property("checked"), QVariant(true));
+}
+
+TEST(SettingsViewTest, ARefusedRegistrationLeavesTheToggleOn)
+{
+    Page page(QStringLiteral("SettingsPage"));
+    page.click("launchAtLogin");
+    EXPECT_EQ(page.item("launchAtLogin")->property("checked"), QVariant(true));
+}
+
+} // namespace ostrel::test
