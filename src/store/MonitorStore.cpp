@@ -8,7 +8,6 @@
 #include <QStandardPaths>
 
 #include <algorithm>
-#include <ranges>
 
 namespace ostrel {
 
@@ -183,8 +182,11 @@ double MonitorStore::uptime(const QUuid &monitorId, std::chrono::hours window) c
 {
     qint64 total = 0;
     qint64 up = 0;
+    const auto isRecent = since(beginningOf(window));
     // One by one: a clock that was set back leaves a history out of order.
-    for (const Check &check : checks(monitorId) | std::views::filter(since(beginningOf(window)))) {
+    for (const Check &check : checks(monitorId)) {
+        if (!isRecent(check))
+            continue;
         ++total;
         up += check.isUp ? 1 : 0;
     }
