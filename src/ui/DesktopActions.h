@@ -14,7 +14,7 @@ class DesktopActions : public QObject
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made by the application")
-    /// The data folder as people read it: "~/.local/share/Ostrel/".
+    /// The data folder as people read it: "~/.local/share/Vantry/".
     Q_PROPERTY(QString dataFolderText READ dataFolderText CONSTANT)
 
 public:
