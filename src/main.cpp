@@ -105,6 +105,7 @@ private:
         const auto notificationCenter = makeNotificationCenter({});
         const auto wakeSignal = makeWakeSignal();
         const auto loginItem = makeLoginItem();
+        const auto workspace = makeWorkspace();
 
         IoThread ioThread;
         QObject::connect(wakeSignal.get(), &WakeSignal::didWake, &instance,
@@ -126,6 +127,7 @@ private:
                 .wakeSignal = *wakeSignal,
                 .sleeper = sleeper,
                 .loginItem = *loginItem,
+                .workspace = *workspace,
                 .fetchIcon = [&](const HttpRequest &request) { return httpClient.fetch(request); },
             });
         QObject::connect(&instance, &SingleInstance::activationRequested, &app.delegate(),

@@ -20,8 +20,12 @@ class MonitorStore;
 class MonitorListModel : public QAbstractListModel
 {
     Q_OBJECT
+    /// How often to refresh() while the rows can be seen, in milliseconds.
+    Q_PROPERTY(int refreshInterval MEMBER refreshInterval CONSTANT)
 
 public:
+    static constexpr int refreshInterval = 60'000;
+
     enum Role {
         monitorIdRole = Qt::UserRole, ///< QUuid
         urlRole,

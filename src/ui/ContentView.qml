@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Window
 
 import Ostrel
 import Ostrel.Theme
@@ -10,19 +11,54 @@ Item {
     required property MonitorListModel monitors
     required property DashboardOverview overview
     required property AppActions actions
+    required property MonitorDetailModel detailModel
+    required property SheetOpener opener
+    required property DesktopActions desktop
     property alias selectedMonitorId: chosen.monitorId
     property bool showingAddSheet: false
 
-    // The place of the sheet that adds a monitor; shown over both columns while showingAddSheet.
-    property Component addSheet: null
-    // Whether somebody answers settingsRequested.
-    property bool hasSettings: false
-    readonly property bool canAdd: addSheet !== null
-
     signal settingsRequested
+
+    function add(): void {
+        if (!sheet.visible)
+            showingAddSheet = true;
+    }
 
     function checkSelected(): void {
         actions.checkNow(selectedMonitorId);
+    }
+
+    function editSelected(): void {
+        if (!sheet.visible && chosen.showsMonitor)
+            page.showingEdit = true;
+    }
+
+    onShowingAddSheetChanged: {
+        if (!showingAddSheet)
+            return;
+        opener.beginCreate();
+        sheet.open();
+    }
+
+    Binding {
+        target: root.detailModel
+        property: "monitorId"
+        value: chosen.monitorId
+    }
+
+    WindowExposure {
+        id: exposure
+
+        window: root.Window.window
+    }
+
+    // The windows of the uptimes move without any check.
+    Timer {
+        interval: root.monitors.refreshInterval
+        running: exposure.isExposed
+        repeat: true
+        triggeredOnStart: true
+        onTriggered: root.monitors.refresh()
     }
 
     MonitorSelection {
@@ -50,9 +86,7 @@ Item {
         monitors: root.monitors
         selection: chosen
         actions: root.actions
-        canAdd: root.canAdd
-        canOpenSettings: root.hasSettings
-        onAddRequested: root.showingAddSheet = true
+        onAddRequested: root.add()
         onSettingsRequested: root.settingsRequested()
     }
 
@@ -71,17 +105,25 @@ Item {
             monitors: root.monitors
             overview: root.overview
             selection: chosen
-            canAdd: root.canAdd
-            onAddRequested: root.showingAddSheet = true
+            onAddRequested: root.add()
             onCardChosen: appearance.restart()
         }
 
-        // The place of the selected monitor's page.
-        PlainMonitorPage {
+        MonitorDetailView {
+            id: page
+
             objectName: "detailPage"
             anchors.fill: parent
             visible: chosen.showsMonitor
-            selection: chosen
+            model: root.detailModel
+            onCheckNow: root.checkSelected()
+            onEditMonitor: {
+                if (root.opener.beginEdit(root.selectedMonitorId))
+                    sheet.open();
+                else
+                    showingEdit = false;
+            }
+            onGetHelp: root.desktop.getHelp()
         }
 
         NumberAnimation {
@@ -114,10 +156,13 @@ Item {
         onPositionChanged: mouse => sidebarWidth.drag(mapToItem(root, mouse.x, 0).x)
     }
 
-    Loader {
-        objectName: "addSheet"
-        anchors.fill: parent
-        active: root.showingAddSheet
-        sourceComponent: root.addSheet
+    AddMonitorSheet {
+        id: sheet
+
+        form: root.opener.form
+        onClosed: {
+            root.showingAddSheet = false;
+            page.showingEdit = false;
+        }
     }
 }

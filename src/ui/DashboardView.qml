@@ -13,7 +13,6 @@ Item {
     required property MonitorListModel monitors
     required property DashboardOverview overview
     required property MonitorSelection selection
-    property bool canAdd: true
     readonly property real contentWidth: Math.min(Theme.contentMaximum, width - 2 * Theme.pageMargin)
     readonly property real contentX: Math.floor((width - contentWidth) / 2)
 
@@ -25,7 +24,6 @@ Item {
         objectName: "empty"
         anchors.fill: parent
         visible: root.overview.isEmpty
-        canAdd: root.canAdd
         onAddRequested: root.addRequested()
     }
 

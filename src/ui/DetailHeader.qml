@@ -1,5 +1,6 @@
 import QtQuick
 
+import Ostrel
 import Ostrel.Theme
 
 // Whose page it is, and what can be done.
@@ -16,7 +17,7 @@ Item {
 
     implicitHeight: Theme.headerHeight
 
-    SiteIcon {
+    FaviconView {
         id: icon
 
         urlString: root.url

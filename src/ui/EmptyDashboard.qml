@@ -6,8 +6,6 @@ import Ostrel.Theme
 Item {
     id: root
 
-    property bool canAdd: true
-
     signal addRequested
 
     Column {
@@ -50,7 +48,6 @@ Item {
         PillButtonStyle {
             objectName: "addFirstMonitor"
             anchors.horizontalCenter: parent.horizontalCenter
-            visible: root.canAdd
             symbol: "plus"
             text: qsTr("Add Monitor")
             onClicked: root.addRequested()

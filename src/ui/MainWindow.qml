@@ -9,6 +9,10 @@ Window {
     required property MonitorListModel monitors
     required property DashboardOverview overview
     required property AppActions actions
+    required property MonitorDetailModel detailModel
+    required property SheetOpener opener
+    required property Settings settings
+    required property DesktopActions desktop
 
     title: "Ostrel"
     width: Theme.windowWidth
@@ -24,12 +28,29 @@ Window {
         monitors: root.monitors
         overview: root.overview
         actions: root.actions
+        detailModel: root.detailModel
+        opener: root.opener
+        desktop: root.desktop
+        onSettingsRequested: {
+            settingsWindow.active = true;
+            (settingsWindow.item as SettingsWindow).present();
+        }
+    }
+
+    // Made when it is first asked for.
+    Loader {
+        id: settingsWindow
+
+        active: false
+        sourceComponent: SettingsWindow {
+            settings: root.settings
+            actions: root.desktop
+        }
     }
 
     Shortcut {
         sequence: "Ctrl+N"
-        enabled: content.canAdd
-        onActivated: content.showingAddSheet = true
+        onActivated: content.add()
     }
 
     Shortcut {
@@ -38,8 +59,12 @@ Window {
     }
 
     Shortcut {
+        sequence: "Ctrl+E"
+        onActivated: content.editSelected()
+    }
+
+    Shortcut {
         sequence: "Ctrl+,"
-        enabled: content.hasSettings
         onActivated: content.settingsRequested()
     }
 

@@ -16,7 +16,6 @@ void MonitorSelection::setMonitors(MonitorListModel *monitors)
                 &MonitorSelection::selectAutomatically);
         connect(monitors, &QAbstractItemModel::rowsRemoved, this,
                 &MonitorSelection::selectAutomatically);
-        connect(monitors, &QAbstractItemModel::dataChanged, this, &MonitorSelection::noteEdits);
     }
     Q_EMIT monitorsChanged();
     Q_EMIT changed();
@@ -33,21 +32,6 @@ void MonitorSelection::setMonitorId(const QUuid &monitorId)
 int MonitorSelection::row() const
 {
     return m_monitors && !m_monitorId.isNull() ? m_monitors->rowOf(m_monitorId) : -1;
-}
-
-QString MonitorSelection::name() const
-{
-    return text(MonitorListModel::nameRole);
-}
-
-QString MonitorSelection::address() const
-{
-    return text(MonitorListModel::addressRole);
-}
-
-QString MonitorSelection::spokenText() const
-{
-    return text(MonitorListModel::spokenTextRole);
 }
 
 void MonitorSelection::clear()
@@ -73,20 +57,6 @@ void MonitorSelection::selectAutomatically()
         selectRow(0);
     else
         Q_EMIT changed(); // Its row may be another.
-}
-
-void MonitorSelection::noteEdits(const QModelIndex &first, const QModelIndex &last)
-{
-    const int selected = row();
-    if (first.row() <= selected && selected <= last.row())
-        Q_EMIT changed();
-}
-
-QString MonitorSelection::text(MonitorListModel::Role role) const
-{
-    const int selected = row();
-    return selected < 0 ? QString()
-                        : m_monitors->data(m_monitors->index(selected), role).toString();
 }
 
 } // namespace ostrel

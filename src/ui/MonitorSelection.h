@@ -23,10 +23,6 @@ class MonitorSelection : public QObject
     /// The selected monitor's row; -1 where none is selected, or it has gone.
     Q_PROPERTY(int row READ row NOTIFY changed FINAL)
     Q_PROPERTY(bool showsMonitor READ showsMonitor NOTIFY changed FINAL)
-    /// The selected monitor in words; empty without one.
-    Q_PROPERTY(QString name READ name NOTIFY changed FINAL)
-    Q_PROPERTY(QString address READ address NOTIFY changed FINAL)
-    Q_PROPERTY(QString spokenText READ spokenText NOTIFY changed FINAL)
 
 public:
     using QObject::QObject;
@@ -41,9 +37,6 @@ public:
     void setMonitorIdValue(const QVariant &monitorId) { setMonitorId(monitorId.toUuid()); }
     [[nodiscard]] int row() const;
     [[nodiscard]] bool showsMonitor() const { return row() >= 0; }
-    [[nodiscard]] QString name() const;
-    [[nodiscard]] QString address() const;
-    [[nodiscard]] QString spokenText() const;
 
     Q_INVOKABLE void clear();
     /// Clears the selection where it is @p monitorId.
@@ -54,13 +47,11 @@ public:
 
 Q_SIGNALS:
     void monitorsChanged();
-    /// Another monitor is selected, or the selected one has changed.
+    /// Another monitor is selected, or the selected one has another row.
     void changed();
 
 private:
     void selectAutomatically();
-    void noteEdits(const QModelIndex &first, const QModelIndex &last);
-    [[nodiscard]] QString text(MonitorListModel::Role role) const;
 
     QPointer<MonitorListModel> m_monitors;
     QUuid m_monitorId;

@@ -1,5 +1,6 @@
 #include "OstrelApp.h"
 
+#include "ContinueOn.h"
 #include "FaviconImage.h"
 #include "LoginItem.h"
 #include "NotificationCenter.h"
@@ -23,8 +24,14 @@ OstrelApp::OstrelApp(const QString &storageDir, const AppServices &services)
     , m_monitors(m_store)
     , m_overview(m_store)
     , m_actions(m_store, m_engine)
+    , m_detailModel(m_store)
+    , m_form(m_store, m_engine)
+    , m_opener(m_store, m_form)
+    , m_settings(services.loginItem)
+    , m_desktop(services.workspace, storageDir)
     , m_icons(storageDir + QStringLiteral("/favicons"), services.fetchIcon)
 {
+    connect(&m_form, &MonitorForm::websiteCreated, this, &OstrelApp::lookUpSite);
 }
 
 OstrelApp::~OstrelApp() = default;
@@ -37,6 +44,10 @@ bool OstrelApp::show()
         {QStringLiteral("monitors"), QVariant::fromValue(&m_monitors)},
         {QStringLiteral("overview"), QVariant::fromValue(&m_overview)},
         {QStringLiteral("actions"), QVariant::fromValue(&m_actions)},
+        {QStringLiteral("detailModel"), QVariant::fromValue(&m_detailModel)},
+        {QStringLiteral("opener"), QVariant::fromValue(&m_opener)},
+        {QStringLiteral("settings"), QVariant::fromValue(&m_settings)},
+        {QStringLiteral("desktop"), QVariant::fromValue(&m_desktop)},
     });
     connect(&m_views, &QQmlEngine::quit, qApp, &QCoreApplication::quit);
     m_views.load(QUrl(QStringLiteral("qrc:/qt/qml/Ostrel/MainWindow.qml")));
@@ -58,6 +69,16 @@ void OstrelApp::contentAppeared()
     m_engine.start();
     m_services.notificationCenter.requestAuthorization();
     m_services.loginItem.registerItem();
+}
+
+void OstrelApp::lookUpSite(const QUuid &monitorId, const QString &address)
+{
+    static_cast<void>(m_icons.icon(address)); // What it finds is kept for the views.
+    continueOn(m_icons.pageTitle(address), this,
+               [this, monitorId](const std::optional<QString> &title) {
+                   if (title)
+                       m_form.applyTitle(monitorId, *title);
+               });
 }
 
 } // namespace ostrel

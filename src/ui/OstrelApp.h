@@ -3,10 +3,15 @@
 #include "AppActions.h"
 #include "AppDelegate.h"
 #include "DashboardOverview.h"
+#include "DesktopActions.h"
 #include "FaviconService.h"
+#include "MonitorDetailModel.h"
+#include "MonitorForm.h"
 #include "MonitorListModel.h"
 #include "MonitorStore.h"
 #include "MonitoringEngine.h"
+#include "Settings.h"
+#include "SheetOpener.h"
 
 #include <QObject>
 #include <QQmlApplicationEngine>
@@ -19,6 +24,7 @@ class NotificationCenter;
 class NotificationManager;
 class Sleeper;
 class WakeSignal;
+class Workspace;
 
 /// What the application is made on. All of it outlives the application.
 struct AppServices
@@ -30,6 +36,7 @@ struct AppServices
     WakeSignal &wakeSignal;
     Sleeper &sleeper;
     LoginItem &loginItem;
+    Workspace &workspace;
     Fetch fetchIcon; ///< How the sites' icons and titles reach the program.
 };
 
@@ -52,6 +59,10 @@ private:
     /// Runs each time the main window's content appears.
     void contentAppeared();
 
+    /// Gives the new monitor of the website at @p address the title of its page, once that is
+    /// known, and finds the site's icon before the views ask for it.
+    void lookUpSite(const QUuid &monitorId, const QString &address);
+
     AppServices m_services;
     AppDelegate m_delegate;
     MonitorStore m_store;
@@ -59,6 +70,11 @@ private:
     MonitorListModel m_monitors;
     DashboardOverview m_overview;
     AppActions m_actions;
+    MonitorDetailModel m_detailModel;
+    MonitorForm m_form;
+    SheetOpener m_opener;
+    Settings m_settings;
+    DesktopActions m_desktop;
     FaviconService m_icons;
     QQmlApplicationEngine m_views;
 };

@@ -35,10 +35,10 @@ void Settings::setLaunchAtLogin(bool isOn)
     if (isOn == launchAtLogin())
         return;
     store(launchAtLoginKey(), isOn);
+    // An item that was switched off in the desktop's own settings would stay so.
+    m_loginItem.unregisterItem();
     if (isOn)
         m_loginItem.registerItem();
-    else
-        m_loginItem.unregisterItem();
     Q_EMIT launchAtLoginChanged();
 }
 

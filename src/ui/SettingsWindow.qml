@@ -17,6 +17,8 @@ Window {
         requestActivate();
     }
 
+    // Stays where the main window is closed or minimised.
+    transientParent: null
     title: qsTr("Settings")
     width: Theme.settingsWidth
     height: Theme.settingsHeight

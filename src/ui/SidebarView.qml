@@ -10,9 +10,6 @@ Item {
     required property MonitorListModel monitors
     required property MonitorSelection selection
     required property AppActions actions
-    // Whether there is something to open behind the two buttons.
-    property bool canAdd: true
-    property bool canOpenSettings: true
 
     signal addRequested
     signal settingsRequested
@@ -33,7 +30,6 @@ Item {
         anchors.bottom: parent.bottom
         width: parent.width
         height: Theme.footerHeight
-        visible: root.canAdd || root.canOpenSettings
 
         Rectangle {
             width: parent.width
@@ -45,7 +41,6 @@ Item {
             objectName: "addMonitor"
             x: Theme.rowMargin
             anchors.verticalCenter: parent.verticalCenter
-            visible: root.canAdd
             onClicked: root.addRequested()
         }
 
@@ -54,7 +49,6 @@ Item {
             anchors.right: parent.right
             anchors.rightMargin: Theme.rowMargin
             anchors.verticalCenter: parent.verticalCenter
-            visible: root.canOpenSettings
             symbol: "slider.horizontal"
             helpText: qsTr("Settings")
             onClicked: root.settingsRequested()

@@ -1,14 +1,9 @@
 #include "MonitoringEngine.h"
 
-#include "EngineFakes.h"
-#include "MonitorStore.h"
-#include "NotificationManager.h"
 #include "PeriodicTask.h"
 #include "Printers.h"
+#include "ScriptedEngine.h"
 #include "WaitFor.h"
-#include "WakeSignal.h"
-
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -16,9 +11,14 @@ namespace ostrel::test {
 
 namespace {
 
-class MonitoringEngineTest : public testing::Test
+class MonitoringEngineTest : public testing::Test, protected FolderStore, protected ScriptedEngine
 {
 protected:
+    MonitoringEngineTest()
+        : ScriptedEngine(store)
+    {
+    }
+
     /// Lets what has begun come to its end.
     static void settle()
     {
@@ -45,15 +45,6 @@ protected:
             nextRound();
     }
 
-    QTemporaryDir folder;
-    MonitorStore store{folder.filePath(QStringLiteral("data"))};
-    ScriptedCheck httpCheck;
-    ScriptedCheck portCheck;
-    RecordingNotificationCenter center;
-    NotificationManager notifications{center};
-    WakeSignal wakeSignal;
-    ManualSleeper sleeper;
-    MonitoringEngine engine{{store, httpCheck, portCheck, notifications, wakeSignal, sleeper}};
     Monitor monitor = makeMonitor();
 };
 

@@ -1,16 +1,11 @@
 #include "MonitorForm.h"
 
-#include "EngineFakes.h"
-#include "MonitorStore.h"
-#include "MonitoringEngine.h"
-#include "NotificationManager.h"
 #include "PeriodicTask.h"
 #include "Printers.h"
 #include "ProductConstants.h"
-#include "WakeSignal.h"
+#include "ScriptedEngine.h"
 
 #include <QLocale>
-#include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -24,10 +19,11 @@ namespace {
 
 const QString clipboardAddress = QStringLiteral("https://a.example/path");
 
-class MonitorFormTest : public testing::Test
+class MonitorFormTest : public testing::Test, protected FolderStore, protected ScriptedEngine
 {
 protected:
     MonitorFormTest()
+        : ScriptedEngine(store)
     {
         QObject::connect(
             &form, &MonitorForm::websiteCreated, &form,
@@ -53,15 +49,6 @@ protected:
     }
 
     const Timestamp now{std::chrono::seconds(1'700'000'000)};
-    QTemporaryDir folder;
-    MonitorStore store{folder.filePath(QStringLiteral("data"))};
-    ScriptedCheck httpCheck;
-    ScriptedCheck portCheck;
-    RecordingNotificationCenter center;
-    NotificationManager notifications{center};
-    WakeSignal wakeSignal;
-    ManualSleeper sleeper;
-    MonitoringEngine engine{{store, httpCheck, portCheck, notifications, wakeSignal, sleeper}};
     MonitorForm form{store, engine, [this] { return now; }};
     std::vector<std::pair<QUuid, QString>> created;
     int changes = 0;

@@ -1,14 +1,8 @@
 #include "AppActions.h"
 
-#include "EngineFakes.h"
-#include "MonitorStore.h"
-#include "MonitoringEngine.h"
-#include "NotificationManager.h"
 #include "Printers.h"
+#include "ScriptedEngine.h"
 #include "WaitFor.h"
-#include "WakeSignal.h"
-
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -16,10 +10,11 @@ namespace ostrel::test {
 
 namespace {
 
-class AppActionsTest : public testing::Test
+class AppActionsTest : public testing::Test, protected FolderStore, protected ScriptedEngine
 {
 protected:
     AppActionsTest()
+        : ScriptedEngine(store)
     {
         store.addMonitor(shop);
         engine.start();
@@ -28,15 +23,7 @@ protected:
     [[nodiscard]] bool isEnabled() const { return store.monitor(shop.id)->isEnabled; }
     [[nodiscard]] bool isWatched() const { return engine.tasks().contains(shop.id); }
 
-    QTemporaryDir folder;
-    MonitorStore store{folder.path()};
     Monitor shop = makeMonitor();
-    ScriptedCheck check;
-    RecordingNotificationCenter center;
-    NotificationManager notifications{center};
-    WakeSignal wakeSignal;
-    ManualSleeper sleeper;
-    MonitoringEngine engine{{store, check, check, notifications, wakeSignal, sleeper}};
     AppActions actions{store, engine};
 };
 
@@ -59,12 +46,12 @@ TEST_F(AppActionsTest, PauseStopsTheChecksAtOnce)
 
 TEST_F(AppActionsTest, ResumeChecksAtOnceOnAFreshSchedule)
 {
-    ASSERT_TRUE(waitFor([&] { return check.runs.size() == 1; }));
+    ASSERT_TRUE(waitFor([&] { return httpCheck.runs.size() == 1; }));
     actions.togglePause(shop.id);
     actions.togglePause(shop.id);
     EXPECT_TRUE(isEnabled());
     EXPECT_TRUE(isWatched());
-    EXPECT_TRUE(waitFor([&] { return check.runs.size() == 2; }));
+    EXPECT_TRUE(waitFor([&] { return httpCheck.runs.size() == 2; }));
 }
 
 TEST_F(AppActionsTest, DeleteStopsTheChecksAndForgetsTheMonitor)

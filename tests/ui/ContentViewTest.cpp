@@ -1,15 +1,21 @@
 #include "AppActions.h"
 #include "DashboardOverview.h"
-#include "EngineFakes.h"
+#include "DesktopActions.h"
+#include "DesktopFakes.h"
+#include "MonitorDetailModel.h"
+#include "MonitorForm.h"
 #include "MonitorListModel.h"
-#include "MonitoringEngine.h"
-#include "NotificationManager.h"
 #include "PresentationSamples.h"
 #include "Printers.h"
+#include "ProductConstants.h"
+#include "ScriptedEngine.h"
+#include "Settings.h"
+#include "SheetOpener.h"
 #include "WaitFor.h"
-#include "WakeSignal.h"
 
 #include <QAccessible>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -34,6 +40,10 @@ protected:
             {QStringLiteral("monitors"), QVariant::fromValue(&m_model)},
             {QStringLiteral("overview"), QVariant::fromValue(&m_overview)},
             {QStringLiteral("actions"), QVariant::fromValue(&m_actions)},
+            {QStringLiteral("detailModel"), QVariant::fromValue(&m_detailModel)},
+            {QStringLiteral("opener"), QVariant::fromValue(&m_opener)},
+            {QStringLiteral("settings"), QVariant::fromValue(&m_settings)},
+            {QStringLiteral("desktop"), QVariant::fromValue(&m_desktop)},
         });
         m_views.load(QUrl(QStringLiteral("qrc:/qt/qml/Ostrel/MainWindow.qml")));
         window = qobject_cast<QQuickWindow *>(m_views.rootObjects().value(0));
@@ -79,22 +89,47 @@ protected:
         QTest::mouseClick(window, Qt::LeftButton, modifiers, middleOf(target));
     }
     void press(Qt::Key key) { QTest::keyClick(window, key); }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers)
+    {
+        QTest::keyClick(window, key, modifiers);
+    }
+    void type(const char *text)
+    {
+        for (; *text; ++text)
+            QTest::keyClick(window, *text);
+    }
     [[nodiscard]] bool showsDashboard() const { return item("dashboard")->isVisible(); }
 
+    /// The name on the page of the selected monitor.
+    [[nodiscard]] QString pageName() const
+    {
+        const QQuickItem *page = item("detailPage");
+        return page->isVisible()
+                   ? find(item("detailPage"), QStringLiteral("name"))->property("text").toString()
+                   : QStringLiteral("(dashboard)");
+    }
+    /// The form's sheet, which lies over the window's content.
+    [[nodiscard]] QString sheetTitle() const
+    {
+        const QQuickItem *title = find(window->contentItem(), QStringLiteral("title"));
+        return title && title->isVisible() ? title->property("text").toString() : QString();
+    }
+
     SampleStore samples;
+    ScriptedEngine scripted{samples.store};
+    RecordingWorkspace workspace;
 
 private:
     QTemporaryDir m_config;
-    ScriptedCheck m_check;
-    RecordingNotificationCenter m_center;
-    NotificationManager m_notifications{m_center};
-    WakeSignal m_wakeSignal;
-    ManualSleeper m_sleeper;
-    MonitoringEngine m_engine{
-        {samples.store, m_check, m_check, m_notifications, m_wakeSignal, m_sleeper}};
     MonitorListModel m_model{samples.store};
     DashboardOverview m_overview{samples.store};
-    AppActions m_actions{samples.store, m_engine};
+    AppActions m_actions{samples.store, scripted.engine};
+    MonitorDetailModel m_detailModel{samples.store};
+    MonitorForm m_form{samples.store, scripted.engine};
+    SheetOpener m_opener{samples.store, m_form};
+    RecordingLoginItem m_loginItem;
+    Settings m_settings{m_loginItem};
+    DesktopActions m_desktop{workspace, m_config.path()};
     QQmlApplicationEngine m_views;
 
 protected:
@@ -188,12 +223,12 @@ TEST_F(ContentViewTest, ArrowsWalkTheListAndEscapeLeavesIt)
     samples.add(sampleMonitor(QStringLiteral("Second")));
     show();
     press(Qt::Key_Down);
-    EXPECT_EQ(textOf("pageName"), QStringLiteral("First"));
+    EXPECT_EQ(pageName(), QStringLiteral("First"));
     press(Qt::Key_Down);
     press(Qt::Key_Down);
-    EXPECT_EQ(textOf("pageName"), QStringLiteral("Second"));
+    EXPECT_EQ(pageName(), QStringLiteral("Second"));
     press(Qt::Key_Home);
-    EXPECT_EQ(textOf("pageName"), QStringLiteral("First"));
+    EXPECT_EQ(pageName(), QStringLiteral("First"));
     press(Qt::Key_Escape);
     EXPECT_TRUE(showsDashboard());
 }
@@ -204,7 +239,7 @@ TEST_F(ContentViewTest, ClicksSelectAndDeselect)
     show();
     for (const char *elsewhere : {"home", "emptySpace"}) {
         click(*row(0));
-        EXPECT_EQ(textOf("pageName"), QStringLiteral("First"));
+        EXPECT_EQ(pageName(), QStringLiteral("First"));
         click(*item(elsewhere));
         EXPECT_TRUE(showsDashboard()) << elsewhere;
     }
@@ -212,7 +247,7 @@ TEST_F(ContentViewTest, ClicksSelectAndDeselect)
     click(*row(0), Qt::ControlModifier);
     EXPECT_TRUE(showsDashboard());
     click(*item("card"));
-    EXPECT_EQ(textOf("pageName"), QStringLiteral("First"));
+    EXPECT_EQ(pageName(), QStringLiteral("First"));
 }
 
 TEST_F(ContentViewTest, TheMenuPausesAndDeletesFromTheKeyboard)
@@ -227,12 +262,90 @@ TEST_F(ContentViewTest, TheMenuPausesAndDeletesFromTheKeyboard)
     press(Qt::Key_Return);
     EXPECT_FALSE(samples.store.monitor(first.id)->isEnabled);
 
-    QTest::keyClick(window, Qt::Key_F10, Qt::ShiftModifier);
+    press(Qt::Key_F10, Qt::ShiftModifier);
     for (int entry = 0; entry < 3; ++entry)
         press(Qt::Key_Down);
     press(Qt::Key_Return);
     EXPECT_FALSE(samples.store.monitor(first.id));
-    EXPECT_EQ(textOf("pageName"), QStringLiteral("Second")) << "the first that remains";
+    EXPECT_EQ(pageName(), QStringLiteral("Second")) << "the first that remains";
+}
+
+TEST_F(ContentViewTest, AWebsiteIsAddedFromTheKeyboard)
+{
+    QGuiApplication::clipboard()->setText(QStringLiteral("https://a.example/"));
+    show();
+    press(Qt::Key_N, Qt::ControlModifier);
+    EXPECT_EQ(sheetTitle(), QStringLiteral("New Monitor"));
+    EXPECT_TRUE(item("suggestion")->isVisible());
+    type("shop.example");
+    press(Qt::Key_Return);
+    ASSERT_EQ(samples.store.monitors().size(), 1);
+    EXPECT_EQ(samples.store.monitors().first().url, QStringLiteral("https://shop.example"));
+    EXPECT_TRUE(waitFor([&] { return sheetTitle().isEmpty(); }));
+    EXPECT_EQ(pageName(), QStringLiteral("shop.example"));
+}
+
+TEST_F(ContentViewTest, AMonitorIsEditedFromTheKeyboardAndFromItsPage)
+{
+    const Monitor shop = samples.add(sampleMonitor());
+    show();
+    press(Qt::Key_E, Qt::ControlModifier);
+    EXPECT_EQ(sheetTitle(), QString()) << "nothing is selected";
+    press(Qt::Key_Down);
+    press(Qt::Key_E, Qt::ControlModifier);
+    EXPECT_EQ(sheetTitle(), QStringLiteral("Edit Monitor"));
+    press(Qt::Key_N, Qt::ControlModifier);
+    EXPECT_EQ(sheetTitle(), QStringLiteral("Edit Monitor")) << "what is typed stays";
+    press(Qt::Key_Escape);
+    ASSERT_TRUE(waitFor([&] { return sheetTitle().isEmpty(); }));
+    EXPECT_EQ(pageName(), shop.name) << "Escape was the sheet's";
+
+    click(*item("editMonitor"));
+    EXPECT_EQ(sheetTitle(), QStringLiteral("Edit Monitor"));
+    QTest::keySequence(window, QKeySequence::SelectAll);
+    type("other.example");
+    press(Qt::Key_Return);
+    EXPECT_EQ(samples.store.monitor(shop.id)->url, QStringLiteral("https://other.example"));
+    EXPECT_EQ(samples.store.monitor(shop.id)->name, shop.name);
+    EXPECT_TRUE(waitFor([&] { return sheetTitle().isEmpty(); }));
+    click(*item("editMonitor"));
+    EXPECT_EQ(sheetTitle(), QStringLiteral("Edit Monitor")) << "a second time, too";
+}
+
+TEST_F(ContentViewTest, ThePageChecksItsMonitorAndAsksForHelp)
+{
+    const Monitor shop = samples.add(sampleMonitor());
+    show();
+    press(Qt::Key_Down);
+    click(*item("checkNow"));
+    EXPECT_TRUE(waitFor([&] { return samples.store.checks(shop.id).size() == 1; }));
+    press(Qt::Key_R, Qt::ControlModifier);
+    EXPECT_TRUE(waitFor([&] { return samples.store.checks(shop.id).size() == 2; }));
+    click(*item("getHelp"));
+    EXPECT_EQ(workspace.opened, QStringList{supportAddress().toString()});
+}
+
+TEST_F(ContentViewTest, TheSettingsHaveAWindowOfTheirOwn)
+{
+    show();
+    const auto settingsWindow = [&]() -> QWindow * {
+        for (QWindow *candidate : QGuiApplication::topLevelWindows()) {
+            if (candidate != window && candidate->isVisible())
+                return candidate;
+        }
+        return nullptr;
+    };
+    EXPECT_FALSE(settingsWindow());
+    click(*item("settings"));
+    ASSERT_TRUE(settingsWindow());
+    EXPECT_EQ(settingsWindow()->title(), QStringLiteral("Settings"));
+    settingsWindow()->close();
+    window->requestActivate();
+    ASSERT_TRUE(waitFor([&] { return window->isActive(); }));
+    press(Qt::Key_Comma, Qt::ControlModifier);
+    ASSERT_TRUE(settingsWindow());
+    window->close();
+    EXPECT_TRUE(settingsWindow()) << "it goes on without the main window";
 }
 
 } // namespace ostrel::test

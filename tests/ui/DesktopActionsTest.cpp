@@ -1,34 +1,16 @@
 #include "DesktopActions.h"
 
+#include "DesktopFakes.h"
 #include "Printers.h"
 #include "ProductConstants.h"
-#include "Workspace.h"
 
 #include <QDir>
 #include <QTemporaryDir>
-#include <QUrl>
 
 #include <gtest/gtest.h>
 
 namespace ostrel::test {
 namespace {
-
-class RecordingWorkspace : public Workspace
-{
-public:
-    bool open(const QUrl &url) override { return record(url.toString()); }
-    bool openFolder(const QString &path) override { return record(path); }
-    bool openNotificationSettings() override { return record(QStringLiteral("notifications")); }
-
-    QStringList opened;
-
-private:
-    bool record(const QString &what)
-    {
-        opened += what;
-        return false; // Nobody minds.
-    }
-};
 
 class DesktopActionsTest : public testing::Test
 {

@@ -1,6 +1,6 @@
 #include "Settings.h"
 
-#include "LoginItem.h"
+#include "DesktopFakes.h"
 #include "Printers.h"
 
 #include <QFile>
@@ -10,23 +10,6 @@
 
 namespace ostrel::test {
 namespace {
-
-class RecordingLoginItem : public LoginItem
-{
-public:
-    bool registerItem() override { return record(QStringLiteral("register")); }
-    bool unregisterItem() override { return record(QStringLiteral("unregister")); }
-
-    QStringList calls;
-    bool isRefusing = false;
-
-private:
-    bool record(const QString &call)
-    {
-        calls += call;
-        return !isRefusing;
-    }
-};
 
 class SettingsTest : public testing::Test
 {
@@ -72,7 +55,8 @@ TEST_F(SettingsTest, LaunchAtLoginTellsTheDesktopOfEveryChange)
     Settings settings(loginItem);
     for (const bool isOn : {false, true, true, false, false, true})
         settings.setLaunchAtLogin(isOn);
-    EXPECT_EQ(loginItem.calls.join(u' '), QStringLiteral("register unregister register"));
+    EXPECT_EQ(loginItem.calls.join(u' '),
+              QStringLiteral("unregister register unregister unregister register"));
 }
 
 TEST_F(SettingsTest, ARefusedRegistrationLeavesTheChoice)

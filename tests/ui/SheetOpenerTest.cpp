@@ -1,15 +1,10 @@
 #include "SheetOpener.h"
 
-#include "EngineFakes.h"
-#include "MonitorStore.h"
-#include "MonitoringEngine.h"
-#include "NotificationManager.h"
 #include "Printers.h"
-#include "WakeSignal.h"
+#include "ScriptedEngine.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -17,22 +12,15 @@ namespace ostrel::test {
 
 namespace {
 
-class SheetOpenerTest : public testing::Test
+class SheetOpenerTest : public testing::Test, protected FolderStore, protected ScriptedEngine
 {
 protected:
     SheetOpenerTest()
+        : ScriptedEngine(store)
     {
         QGuiApplication::clipboard()->setText(QStringLiteral(" https://a.example/path\n"));
     }
 
-    QTemporaryDir folder;
-    MonitorStore store{folder.filePath(QStringLiteral("data"))};
-    ScriptedCheck check;
-    RecordingNotificationCenter center;
-    NotificationManager notifications{center};
-    WakeSignal wakeSignal;
-    ManualSleeper sleeper;
-    MonitoringEngine engine{{store, check, check, notifications, wakeSignal, sleeper}};
     MonitorForm form{store, engine};
     SheetOpener opener{store, form};
 };

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "EngineFakes.h"
+#include "MonitorStore.h"
+#include "MonitoringEngine.h"
+#include "NotificationManager.h"
+#include "WakeSignal.h"
+
+#include <QTemporaryDir>
+
+namespace ostrel::test {
+
+/// A store in a fresh folder.
+struct FolderStore
+{
+    QTemporaryDir folder;
+    MonitorStore store{folder.filePath(QStringLiteral("data"))};
+};
+
+/// An engine whose checks, sleeps and wakes are the test's.
+struct ScriptedEngine
+{
+    explicit ScriptedEngine(MonitorStore &watched)
+        : engine({watched, httpCheck, portCheck, notifications, wakeSignal, sleeper})
+    {
+    }
+
+    ScriptedCheck httpCheck;
+    ScriptedCheck portCheck;
+    RecordingNotificationCenter center;
+    NotificationManager notifications{center};
+    WakeSignal wakeSignal;
+    ManualSleeper sleeper;
+    MonitoringEngine engine;
+};
+
+} // namespace ostrel::test

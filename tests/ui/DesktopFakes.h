@@ -1,0 +1,47 @@
+#pragma once
+
+#include "LoginItem.h"
+#include "Workspace.h"
+
+#include <QStringList>
+#include <QUrl>
+
+namespace ostrel::test {
+
+/// Keeps what the desktop was asked to open, and opens nothing.
+class RecordingWorkspace : public Workspace
+{
+public:
+    bool open(const QUrl &url) override { return record(url.toString()); }
+    bool openFolder(const QString &path) override { return record(path); }
+    bool openNotificationSettings() override { return record(QStringLiteral("notifications")); }
+
+    QStringList opened;
+
+private:
+    bool record(const QString &what)
+    {
+        opened += what;
+        return false; // Nobody minds.
+    }
+};
+
+/// Keeps what was asked of it, and refuses it where the test says so.
+class RecordingLoginItem : public LoginItem
+{
+public:
+    bool registerItem() override { return record(QStringLiteral("register")); }
+    bool unregisterItem() override { return record(QStringLiteral("unregister")); }
+
+    QStringList calls;
+    bool isRefusing = false;
+
+private:
+    bool record(const QString &call)
+    {
+        calls += call;
+        return !isRefusing;
+    }
+};
+
+} // namespace ostrel::test
