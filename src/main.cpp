@@ -106,6 +106,7 @@ private:
         const auto wakeSignal = makeWakeSignal();
         const auto loginItem = makeLoginItem();
         const auto workspace = makeWorkspace();
+        const auto motion = makeMotionPreference();
 
         IoThread ioThread;
         QObject::connect(wakeSignal.get(), &WakeSignal::didWake, &instance,
@@ -128,6 +129,7 @@ private:
                 .sleeper = sleeper,
                 .loginItem = *loginItem,
                 .workspace = *workspace,
+                .motion = *motion,
                 .fetchIcon = [&](const HttpRequest &request) { return httpClient.fetch(request); },
             });
         QObject::connect(&instance, &SingleInstance::activationRequested, &app.delegate(),

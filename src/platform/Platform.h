@@ -1,6 +1,7 @@
 #pragma once
 
 #include "LoginItem.h"
+#include "MotionPreference.h"
 #include "NotificationCenter.h"
 #include "SingleInstance.h"
 #include "TerminationSignal.h"
@@ -26,5 +27,6 @@ makeNotificationCenter(const NotificationPresenter &presenter);
 [[nodiscard]] std::unique_ptr<SingleInstance> makeSingleInstance(const QString &storageDir);
 [[nodiscard]] std::unique_ptr<TerminationSignal> makeTerminationSignal();
 [[nodiscard]] std::unique_ptr<Workspace> makeWorkspace();
+[[nodiscard]] std::unique_ptr<MotionPreference> makeMotionPreference();
 
 } // namespace ostrel

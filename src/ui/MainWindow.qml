@@ -13,6 +13,8 @@ Window {
     required property SheetOpener opener
     required property Settings settings
     required property DesktopActions desktop
+    // Whether nothing is to move but what the hand moves.
+    property bool reducedMotion: false
 
     title: "Ostrel"
     width: Theme.windowWidth
@@ -20,6 +22,12 @@ Window {
     minimumWidth: Theme.windowMinimumWidth
     minimumHeight: Theme.windowMinimumHeight
     color: Theme.background
+
+    Binding {
+        target: Theme
+        property: "reducedMotion"
+        value: root.reducedMotion
+    }
 
     ContentView {
         id: content

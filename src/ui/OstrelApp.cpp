@@ -3,6 +3,7 @@
 #include "ContinueOn.h"
 #include "FaviconImage.h"
 #include "LoginItem.h"
+#include "MotionPreference.h"
 #include "NotificationCenter.h"
 
 #include <QCoreApplication>
@@ -48,6 +49,7 @@ bool OstrelApp::show()
         {QStringLiteral("opener"), QVariant::fromValue(&m_opener)},
         {QStringLiteral("settings"), QVariant::fromValue(&m_settings)},
         {QStringLiteral("desktop"), QVariant::fromValue(&m_desktop)},
+        {QStringLiteral("reducedMotion"), m_services.motion.isReduced()},
     });
     connect(&m_views, &QQmlEngine::quit, qApp, &QCoreApplication::quit);
     m_views.load(QUrl(QStringLiteral("qrc:/qt/qml/Ostrel/MainWindow.qml")));
@@ -55,6 +57,9 @@ bool OstrelApp::show()
     if (!window)
         return false;
 
+    connect(&m_services.motion, &MotionPreference::isReducedChanged, window, [this, window] {
+        window->setProperty("reducedMotion", m_services.motion.isReduced());
+    });
     connect(window, &QWindow::visibleChanged, this, [this](bool isVisible) {
         if (isVisible)
             contentAppeared();

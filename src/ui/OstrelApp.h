@@ -20,6 +20,7 @@ namespace ostrel {
 
 class LoginItem;
 class MonitorCheck;
+class MotionPreference;
 class NotificationCenter;
 class NotificationManager;
 class Sleeper;
@@ -37,6 +38,7 @@ struct AppServices
     Sleeper &sleeper;
     LoginItem &loginItem;
     Workspace &workspace;
+    MotionPreference &motion;
     Fetch fetchIcon; ///< How the sites' icons and titles reach the program.
 };
 

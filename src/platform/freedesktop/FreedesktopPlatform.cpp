@@ -1,10 +1,12 @@
 #include "FreedesktopLoginItem.h"
+#include "FreedesktopMotionPreference.h"
 #include "FreedesktopNotificationCenter.h"
 #include "FreedesktopSingleInstance.h"
 #include "FreedesktopTerminationSignal.h"
 #include "FreedesktopWakeSignal.h"
 #include "FreedesktopWorkspace.h"
 #include "Platform.h"
+#include "SessionBus.h"
 
 namespace ostrel {
 
@@ -36,6 +38,11 @@ std::unique_ptr<TerminationSignal> makeTerminationSignal()
 std::unique_ptr<Workspace> makeWorkspace()
 {
     return std::make_unique<FreedesktopWorkspace>();
+}
+
+std::unique_ptr<MotionPreference> makeMotionPreference()
+{
+    return std::make_unique<FreedesktopMotionPreference>(sessionBus());
 }
 
 } // namespace ostrel

@@ -38,4 +38,10 @@ std::unique_ptr<Workspace> makeWorkspace()
     return std::make_unique<PortableWorkspace>();
 }
 
+// Qt doesn't tell.
+std::unique_ptr<MotionPreference> makeMotionPreference()
+{
+    return std::make_unique<MotionPreference>();
+}
+
 } // namespace ostrel

@@ -1,0 +1,103 @@
+#include "FreedesktopMotionPreference.h"
+
+#include <QDBusArgument>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+#include <QMap>
+
+#include <algorithm>
+
+namespace ostrel {
+
+namespace {
+
+using SettingGroups = QMap<QString, QVariantMap>;
+
+struct MotionKey
+{
+    const char *group;
+    const char *key;
+    bool (*wantsLess)(const QVariant &value);
+};
+
+constexpr MotionKey motionKeys[] = {
+    {"org.freedesktop.appearance", "reduced-motion",
+     [](const QVariant &value) { return value.toUInt() == 1; }},
+    {"org.gnome.desktop.interface", "enable-animations",
+     [](const QVariant &value) { return value.typeId() == QMetaType::Bool && !value.toBool(); }},
+    // A text that holds a number; the session's animations last that many times as long.
+    {"org.kde.kdeglobals.KDE", "AnimationDurationFactor",
+     [](const QVariant &value) {
+         bool isNumber = false;
+         return value.toDouble(&isNumber) <= 0 && isNumber;
+     }},
+};
+
+QDBusMessage portalCall(const QString &method)
+{
+    return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.portal.Desktop"),
+                                          QStringLiteral("/org/freedesktop/portal/desktop"),
+                                          QStringLiteral("org.freedesktop.portal.Settings"),
+                                          method);
+}
+
+} // namespace
+
+FreedesktopMotionPreference::FreedesktopMotionPreference(const QDBusConnection &bus,
+                                                         QObject *parent)
+    : MotionPreference(parent)
+    , m_bus(bus)
+{
+    if (!m_bus.isConnected())
+        return;
+    const QDBusMessage portal = portalCall(QStringLiteral("ReadAll"));
+    m_bus.connect(portal.service(), portal.path(), portal.interface(),
+                  QStringLiteral("SettingChanged"), this, SLOT(settingChanged(QDBusMessage)));
+    readAll();
+}
+
+void FreedesktopMotionPreference::readAll()
+{
+    QStringList groups;
+    for (const MotionKey &key : motionKeys)
+        groups += QString::fromLatin1(key.group);
+    QDBusMessage call = portalCall(QStringLiteral("ReadAll"));
+    call.setArguments({groups});
+    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+        watcher->deleteLater();
+        const QDBusMessage reply = watcher->reply();
+        if (reply.type() != QDBusMessage::ReplyMessage ||
+            reply.signature() != QStringLiteral("a{sa{sv}}"))
+            return;
+        const auto found = qdbus_cast<SettingGroups>(reply.arguments().constFirst());
+        for (auto group = found.begin(); group != found.end(); ++group) {
+            for (auto entry = group->begin(); entry != group->end(); ++entry)
+                takeSetting(group.key(), entry.key(), entry.value());
+        }
+    });
+}
+
+void FreedesktopMotionPreference::settingChanged(const QDBusMessage &signal)
+{
+    if (signal.signature() != QStringLiteral("ssv"))
+        return;
+    const QVariantList arguments = signal.arguments();
+    takeSetting(arguments.at(0).toString(), arguments.at(1).toString(),
+                arguments.at(2).value<QDBusVariant>().variant());
+}
+
+void FreedesktopMotionPreference::takeSetting(const QString &group, const QString &key,
+                                              const QVariant &value)
+{
+    for (std::size_t i = 0; i < m_wantsLess.size(); ++i) {
+        const MotionKey &known = motionKeys[i];
+        if (group == QLatin1String(known.group) && key == QLatin1String(known.key))
+            m_wantsLess[i] = known.wantsLess(value);
+    }
+    setReduced(std::ranges::find(m_wantsLess, true) != m_wantsLess.end());
+}
+
+} // namespace ostrel

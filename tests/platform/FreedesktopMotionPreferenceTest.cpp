@@ -1,0 +1,141 @@
+#include "FreedesktopMotionPreference.h"
+
+#include "PrivateBus.h"
+#include "WaitFor.h"
+
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QMap>
+
+#include <gtest/gtest.h>
+
+using SettingGroups = QMap<QString, QVariantMap>;
+
+namespace ostrel::test {
+
+/// A desktop's portal with the settings that the test gives it.
+class StubSettingsPortal : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
+
+public:
+    StubSettingsPortal(PrivateBus &bus, const SettingGroups &settings)
+        : m_connection(bus.connect())
+        , m_settings(settings)
+    {
+        qDBusRegisterMetaType<SettingGroups>();
+        m_connection.registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), this,
+                                    QDBusConnection::ExportAllSlots);
+        m_connection.registerService(QStringLiteral("org.freedesktop.portal.Desktop"));
+    }
+    ~StubSettingsPortal() override { QDBusConnection::disconnectFromBus(m_connection.name()); }
+
+    void change(const QString &group, const QString &key, const QVariant &value)
+    {
+        QDBusMessage signal = QDBusMessage::createSignal(
+            QStringLiteral("/org/freedesktop/portal/desktop"),
+            QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("SettingChanged"));
+        signal.setArguments({group, key, QVariant::fromValue(QDBusVariant(value))});
+        m_connection.send(signal);
+    }
+
+    /// Returns when the bus has all that was sent.
+    void awaitBus() { (void)m_connection.interface()->registeredServiceNames(); }
+
+    QStringList asked;
+
+public Q_SLOTS:
+    // The protocol's name and arguments.
+    QMap<QString, QVariantMap> ReadAll(const QStringList &groups)
+    {
+        asked = groups;
+        return m_settings;
+    }
+
+private:
+    QDBusConnection m_connection;
+    SettingGroups m_settings;
+};
+
+namespace {
+
+const QString gnome = QStringLiteral("org.gnome.desktop.interface");
+const QString enableAnimations = QStringLiteral("enable-animations");
+const QString kde = QStringLiteral("org.kde.kdeglobals.KDE");
+const QString durationFactor = QStringLiteral("AnimationDurationFactor");
+const QString appearance = QStringLiteral("org.freedesktop.appearance");
+const QString reducedMotion = QStringLiteral("reduced-motion");
+
+struct SettingCase
+{
+    QString group;
+    QString key;
+    QVariant value;
+    bool isReduced;
+};
+
+class MotionSettingTest : public testing::TestWithParam<SettingCase>
+{
+};
+
+} // namespace
+
+TEST_P(MotionSettingTest, IsReadAtTheStart)
+{
+    PrivateBus bus;
+    const SettingCase &setting = GetParam();
+    StubSettingsPortal portal(bus, {{setting.group, {{setting.key, setting.value}}}});
+    QDBusConnection connection = bus.connect();
+    const FreedesktopMotionPreference preference(connection);
+    ASSERT_TRUE(waitFor([&] { return !portal.asked.isEmpty(); }));
+    EXPECT_TRUE(portal.asked.contains(setting.group));
+    portal.awaitBus();
+    // The bus delivers in order: the portal's answer comes before this one.
+    (void)connection.interface()->registeredServiceNames();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(preference.isReduced(), setting.isReduced);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Desktops, MotionSettingTest,
+    testing::Values(SettingCase{gnome, enableAnimations, false, true},
+                    SettingCase{gnome, enableAnimations, true, false},
+                    SettingCase{appearance, reducedMotion, 1U, true},
+                    SettingCase{appearance, reducedMotion, 0U, false},
+                    SettingCase{kde, durationFactor, QStringLiteral("0"), true},
+                    SettingCase{kde, durationFactor, QStringLiteral("0.5"), false},
+                    SettingCase{kde, durationFactor, QStringLiteral("quick"), false},
+                    SettingCase{kde, QStringLiteral("enable-animations"), false, false}));
+
+TEST(FreedesktopMotionPreferenceTest, FollowsTheDesktop)
+{
+    PrivateBus bus;
+    StubSettingsPortal portal(bus, {{gnome, {{enableAnimations, false}}}});
+    const FreedesktopMotionPreference preference(bus.connect());
+    int changes = 0;
+    QObject::connect(&preference, &MotionPreference::isReducedChanged, [&] { ++changes; });
+    ASSERT_TRUE(waitFor([&] { return preference.isReduced(); }));
+    portal.change(gnome, enableAnimations, true);
+    EXPECT_TRUE(waitFor([&] { return !preference.isReduced(); }));
+    portal.change(appearance, reducedMotion, 1U);
+    EXPECT_TRUE(waitFor([&] { return preference.isReduced(); }));
+    EXPECT_EQ(changes, 3);
+}
+
+TEST(FreedesktopMotionPreferenceTest, MovesWithoutAPortalOrABus)
+{
+    PrivateBus bus;
+    QDBusConnection connection = bus.connect();
+    const FreedesktopMotionPreference alone(connection);
+    const FreedesktopMotionPreference busless(QDBusConnection{QString()});
+    (void)connection.interface()->registeredServiceNames();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(alone.isReduced());
+    EXPECT_FALSE(busless.isReduced());
+}
+
+} // namespace ostrel::test
+
+#include "FreedesktopMotionPreferenceTest.moc"
