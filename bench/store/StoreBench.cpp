@@ -1,4 +1,5 @@
 #include "BareLoader.h"
+#include "FullFolder.h"
 #include "MonitorStore.h"
 
 #include <QDir>
@@ -9,8 +10,6 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <malloc.h>
-#include <numeric>
-#include <random>
 #include <unistd.h>
 
 // Prints what recording, loading, keeping and asking cost, each beside the bare machine doing the
@@ -23,9 +22,9 @@ using namespace ostrel;
 using Clock = std::chrono::steady_clock;
 using Microseconds = std::chrono::duration<double, std::micro>;
 
-constexpr std::size_t checksPerMonitor = MonitorStore::maxChecksPerMonitor;
-constexpr Timestamp firstTimestamp = std::chrono::sys_days(std::chrono::year(2026) / 11 / 1);
-constexpr auto checkInterval = std::chrono::seconds(60);
+using bench::CheckSource;
+using bench::checksPath;
+using bench::checksPerMonitor;
 
 struct Figure
 {
@@ -54,61 +53,6 @@ Figure measure(int rounds, Work work)
     for (int i = 0; i < rounds; ++i)
         times.push_back(microsecondsOf(work));
     return figureOf(times);
-}
-
-/// What an https monitor's check holds; one in fifty has failed.
-class CheckSource
-{
-public:
-    Check next(const QUuid &monitorId)
-    {
-        const int number = m_number++;
-        Check check;
-        check.id = QUuid::createUuid();
-        check.monitorId = monitorId;
-        check.timestamp = firstTimestamp + number % 100000 * checkInterval;
-        check.responseTime = std::uniform_int_distribution(80'000, 900'000)(m_random) / 1000.0;
-        check.isUp = number % 50 != 0;
-        check.statusCode = check.isUp ? 200 : 503;
-        check.sslExpiresAt = firstTimestamp + std::chrono::days(80);
-        if (!check.isUp)
-            check.error = QStringLiteral("HTTP 503 Service Unavailable");
-        return check;
-    }
-
-private:
-    std::minstd_rand m_random;
-    int m_number = 0;
-};
-
-std::string checksPath(const QString &folder)
-{
-    return QFile::encodeName(folder + QStringLiteral("/checks.json")).toStdString();
-}
-
-/// A folder of @p monitors histories that are full.
-std::vector<QUuid> fillFolder(const QString &folder, int monitors)
-{
-    CheckSource source;
-    std::vector<QUuid> ids;
-    std::vector<CheckHistory> histories;
-    for (int i = 0; i < monitors; ++i) {
-        const QUuid id = ids.emplace_back(QUuid::createUuid());
-        auto &history = histories.emplace_back(id);
-        for (std::size_t j = 0; j < checksPerMonitor; ++j)
-            history.append(source.next(id));
-    }
-    std::vector<std::string_view> pieces = {"["};
-    for (const auto &history : histories) {
-        if (pieces.size() > 1)
-            pieces.emplace_back(",");
-        history.appendStoredForm(pieces);
-    }
-    pieces.emplace_back("]");
-    QDir().mkpath(folder);
-    (void)AtomicFile(folder + QStringLiteral("/checks.json"))
-        .write(pieces, AtomicFile::Flush::none);
-    return ids;
 }
 
 std::size_t heapBytes()
@@ -196,8 +140,7 @@ void benchMemory(const QString &folder, int monitors, const std::vector<QUuid> &
 
 void benchQueries(const QString &folder, const std::vector<QUuid> &ids)
 {
-    const auto now = [] { return firstTimestamp + checksPerMonitor * checkInterval; };
-    const MonitorStore store(folder, MonitorStore::Access::readOnly, now);
+    const MonitorStore store(folder, MonitorStore::Access::readOnly, bench::fullFolderNow);
     const QUuid id = ids.front();
     const auto window = std::chrono::hours(720);
     Monitor monitor;
@@ -226,7 +169,7 @@ int main(int argc, char **argv)
                 "bare best", "bare median", "best x", "median x");
     for (const int monitors : {1, 10, 100}) {
         const QString folder = root + QStringLiteral("/bench-%1").arg(monitors);
-        const auto ids = fillFolder(folder, monitors);
+        const auto ids = bench::fillFolder(folder, monitors);
         benchLoading(folder, monitors);
         benchMemory(folder, monitors, ids);
         benchRecording(folder, monitors, ids);

@@ -8,6 +8,7 @@
 #include <QSaveFile>
 #include <QUrl>
 
+#include <algorithm>
 #include <utility>
 
 namespace ostrel {
@@ -47,7 +48,8 @@ QImage IconFolder::read(const QString &domain) const
     QFile file(*path);
     if (!file.open(QIODevice::ReadOnly))
         return {};
-    return decodePicture(file.read(largestFile));
+    // Never asks for more than there is: QFile makes room for all that it is asked for.
+    return decodePicture(file.read(std::min(file.size(), largestFile)));
 }
 
 void IconFolder::write(const QString &domain, const QImage &icon) const

@@ -1,0 +1,87 @@
+#include "FullFolder.h"
+
+#include "MonitorJson.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace ostrel::bench {
+
+namespace {
+
+constexpr Timestamp firstTimestamp = std::chrono::sys_days(std::chrono::year(2026) / 11 / 1);
+constexpr auto checkInterval = std::chrono::seconds(60);
+
+} // namespace
+
+Check CheckSource::next(const QUuid &monitorId)
+{
+    const int number = m_number++;
+    Check check;
+    check.id = QUuid::createUuid();
+    check.monitorId = monitorId;
+    check.timestamp = firstTimestamp + number % 100000 * checkInterval;
+    check.responseTime = std::uniform_int_distribution(80'000, 900'000)(m_random) / 1000.0;
+    check.isUp = number % 50 != 0;
+    check.statusCode = check.isUp ? 200 : 503;
+    check.sslExpiresAt = firstTimestamp + std::chrono::days(80);
+    if (!check.isUp)
+        check.error = QStringLiteral("HTTP 503 Service Unavailable");
+    return check;
+}
+
+std::vector<QUuid> fillFolder(const QString &folder, int monitors)
+{
+    CheckSource source;
+    std::vector<QUuid> ids;
+    std::vector<CheckHistory> histories;
+    for (int i = 0; i < monitors; ++i) {
+        const QUuid id = ids.emplace_back(QUuid::createUuid());
+        auto &history = histories.emplace_back(id);
+        for (std::size_t j = 0; j < checksPerMonitor; ++j)
+            history.append(source.next(id));
+    }
+    std::vector<std::string_view> pieces = {"["};
+    for (const auto &history : histories) {
+        if (pieces.size() > 1)
+            pieces.emplace_back(",");
+        history.appendStoredForm(pieces);
+    }
+    pieces.emplace_back("]");
+    QDir().mkpath(folder);
+    (void)AtomicFile(folder + QStringLiteral("/checks.json"))
+        .write(pieces, AtomicFile::Flush::none);
+    return ids;
+}
+
+QList<Monitor> monitorsOf(const std::vector<QUuid> &ids, const QString &url)
+{
+    QList<Monitor> monitors;
+    for (const QUuid &id : ids) {
+        Monitor monitor = {.id = id};
+        monitor.name = QStringLiteral("Shop %1").arg(monitors.size() + 1);
+        monitor.url = url;
+        monitor.interval = std::chrono::seconds(300);
+        monitors += monitor;
+    }
+    return monitors;
+}
+
+void writeMonitors(const QString &folder, const QList<Monitor> &monitors)
+{
+    QFile file(folder + QStringLiteral("/monitors.json"));
+    if (file.open(QIODevice::WriteOnly))
+        file.write(encodeMonitors(monitors));
+}
+
+Timestamp fullFolderNow()
+{
+    return firstTimestamp + checksPerMonitor * checkInterval;
+}
+
+std::string checksPath(const QString &folder)
+{
+    return QFile::encodeName(folder + QStringLiteral("/checks.json")).toStdString();
+}
+
+} // namespace ostrel::bench

@@ -1,0 +1,302 @@
+// What the program costs with its window open and hidden, beside an empty Qt Quick window with the
+// same renderer in the same run. Both run on a virtual display with a window manager.
+
+#include "BenchServer.h"
+#include "BoundProcess.h"
+#include "FullFolder.h"
+#include "IconFolder.h"
+#include "PrivateBus.h"
+#include "TestCertificates.h"
+#include "VirtualDisplay.h"
+#include "WaitFor.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QImage>
+#include <QProcessEnvironment>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <algorithm>
+#include <cstdio>
+#include <unistd.h>
+
+namespace ostrel::bench {
+
+namespace {
+
+using namespace std::chrono_literals;
+using test::BoundProcess;
+
+constexpr int monitorCount = 20;
+constexpr int startRounds = 11;
+constexpr auto settling = 6s; // Every monitor's first check, and what follows from it.
+constexpr auto watching = 30s;
+
+/// A virtual display with a window manager, and a bus.
+class Desktop
+{
+public:
+    Desktop()
+    {
+        m_environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
+        m_environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
+        m_environment.insert(QStringLiteral("DISPLAY"), m_display.name());
+        m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_bus.address());
+        m_environment.insert(QStringLiteral("QT_LOGGING_RULES"),
+                             QStringLiteral("qt.scenegraph.time.renderloop=true"));
+        m_manager.setProcessEnvironment(m_environment);
+        m_manager.logTo(QProcess::nullDevice());
+        m_manager.start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
+    }
+
+    [[nodiscard]] bool isReady()
+    {
+        return test::waitFor([this] { return control({QStringLiteral("-m")}); });
+    }
+    /// As the close button does.
+    [[nodiscard]] bool closeWindow()
+    {
+        return control({QStringLiteral("-c"), QStringLiteral("Ostrel")});
+    }
+    [[nodiscard]] const QProcessEnvironment &environment() const { return m_environment; }
+
+private:
+    [[nodiscard]] bool control(const QStringList &arguments)
+    {
+        QProcess control;
+        control.setProcessEnvironment(m_environment);
+        control.start(QStringLiteral("wmctrl"), arguments);
+        return control.waitForFinished() && control.exitCode() == 0;
+    }
+
+    QProcessEnvironment m_environment = QProcessEnvironment::systemEnvironment();
+    test::VirtualDisplay m_display;
+    test::PrivateBus m_bus;
+    BoundProcess m_manager;
+};
+
+/// A home with twenty monitors and their full histories.
+class Home
+{
+public:
+    /// @p down is where the first monitor looks; the others look at @p url.
+    Home(const QByteArray &url, const QByteArray &down)
+    {
+        const QString dataDir = m_folder.filePath(QStringLiteral("data/Vantry"));
+        const auto ids = fillFolder(dataDir, monitorCount);
+        QList<Monitor> monitors = monitorsOf(ids, QString::fromUtf8(url));
+        monitors.first().url = QString::fromUtf8(down);
+        writeMonitors(dataDir, monitors);
+
+        // So that no public service is asked for this machine's icon.
+        QImage icon(64, 64, QImage::Format_RGB32);
+        icon.fill(Qt::blue);
+        IconFolder(dataDir + QStringLiteral("/favicons")).write(QStringLiteral("127.0.0.1"), icon);
+    }
+
+    void enter(QProcessEnvironment &environment) const
+    {
+        environment.insert(QStringLiteral("HOME"), m_folder.path());
+        environment.insert(QStringLiteral("XDG_DATA_HOME"),
+                           m_folder.filePath(QStringLiteral("data")));
+        environment.insert(QStringLiteral("XDG_CONFIG_HOME"),
+                           m_folder.filePath(QStringLiteral("config")));
+        environment.insert(QStringLiteral("XDG_CACHE_HOME"),
+                           m_folder.filePath(QStringLiteral("cache")));
+        environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_folder.path());
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+/// What a process has used since it began.
+struct Usage
+{
+    double processorSeconds = 0;
+    double wakeUps = 0; ///< Context switches of all its threads.
+};
+
+/// The number after @p key in the lines of @p path; 0 where there is none.
+double numberIn(const QString &path, const QByteArray &key)
+{
+    QFile file(path);
+    (void)file.open(QIODevice::ReadOnly);
+    for (const QByteArray &line : file.readAll().split('\n')) {
+        if (line.startsWith(key))
+            return line.mid(key.size()).simplified().split(' ').first().toDouble();
+    }
+    return 0;
+}
+
+/// A program under measurement.
+class Candidate
+{
+public:
+    Candidate(const QString &program, const QProcessEnvironment &environment)
+    {
+        m_process.setProcessEnvironment(environment);
+        m_process.setProcessChannelMode(QProcess::MergedChannels);
+        QElapsedTimer timer;
+        timer.start();
+        m_process.start(program, QStringList());
+        while (!m_process.nextLine().contains("Frame rendered")) {
+            if (m_process.state() == QProcess::NotRunning)
+                return;
+        }
+        m_firstFrame = static_cast<double>(timer.nsecsElapsed()) / 1e6;
+    }
+    ~Candidate() { m_process.stop(); }
+    Candidate(const Candidate &) = delete;
+    Candidate &operator=(const Candidate &) = delete;
+
+    /// Milliseconds from the start of the process to its first frame; 0 where there was none.
+    [[nodiscard]] double firstFrame() const { return m_firstFrame; }
+    /// In MB of 2^20 bytes.
+    [[nodiscard]] double residentMemory() const
+    {
+        return numberIn(procFile(QStringLiteral("status")), "VmRSS:") / 1024;
+    }
+    [[nodiscard]] Usage usage() const
+    {
+        QFile file(procFile(QStringLiteral("stat")));
+        (void)file.open(QIODevice::ReadOnly);
+        const QByteArray text = file.readAll();
+        const auto fields = text.mid(text.lastIndexOf(')') + 2).split(' ');
+        // The 14th and 15th of proc_pid_stat(5), of which two are cut off here.
+        Usage usage = {.processorSeconds =
+                           (fields.value(11).toDouble() + fields.value(12).toDouble()) /
+                           static_cast<double>(::sysconf(_SC_CLK_TCK))};
+        const QDir tasks(procFile(QStringLiteral("task")));
+        for (const QString &task : tasks.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+            const QString status = tasks.filePath(task + QStringLiteral("/status"));
+            usage.wakeUps += numberIn(status, "voluntary_ctxt_switches:") +
+                             numberIn(status, "nonvoluntary_ctxt_switches:");
+        }
+        return usage;
+    }
+
+private:
+    [[nodiscard]] QString procFile(const QString &name) const
+    {
+        return QStringLiteral("/proc/%1/%2").arg(m_process.processId()).arg(name);
+    }
+
+    BoundProcess m_process;
+    double m_firstFrame = 0;
+};
+
+double medianOf(std::vector<double> values)
+{
+    std::ranges::sort(values);
+    return values[values.size() / 2];
+}
+
+void print(const char *what, double ours, double bare, const char *unit, const char *bound)
+{
+    std::printf("%-36s %10.2f %10.2f  %-10s %s\n", what, ours, bare, unit, bound);
+}
+
+struct Programs
+{
+    QProcessEnvironment ours;
+    QProcessEnvironment bare;
+
+    static constexpr auto ourProgram = OSTREL_PROGRAM;
+    static constexpr auto bareProgram = OSTREL_EMPTY_WINDOW;
+};
+
+void benchStart(const Programs &programs)
+{
+    std::vector<double> ours;
+    std::vector<double> bare;
+    for (int round = 0; round < startRounds; ++round) {
+        ours.push_back(
+            Candidate(QString::fromUtf8(programs.ourProgram), programs.ours).firstFrame());
+        bare.push_back(
+            Candidate(QString::fromUtf8(programs.bareProgram), programs.bare).firstFrame());
+    }
+    const double ratio = medianOf(ours) / medianOf(bare);
+    print("start to first frame, median", medianOf(ours), medianOf(bare), "ms", "");
+    print("  the same, as a ratio", ratio, 1, "", "at most 2.5");
+}
+
+struct Rate
+{
+    double processorPercent;
+    double wakeUpsPerSecond;
+};
+
+/// How busy @p candidate is over a while.
+Rate rateOf(const Candidate &candidate)
+{
+    const Usage before = candidate.usage();
+    QElapsedTimer timer;
+    timer.start();
+    QThread::sleep(watching.count());
+    const Usage after = candidate.usage();
+    const double seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
+    return {(after.processorSeconds - before.processorSeconds) / seconds * 100,
+            (after.wakeUps - before.wakeUps) / seconds};
+}
+
+struct Running
+{
+    double memory;
+    Rate visible;
+    Rate hidden;
+};
+
+Running measureRunning(Desktop &desktop, const char *program,
+                       const QProcessEnvironment &environment)
+{
+    const Candidate candidate(QString::fromUtf8(program), environment);
+    QThread::sleep(settling.count());
+    const double memory = candidate.residentMemory();
+    const Rate visible = rateOf(candidate);
+    if (!desktop.closeWindow())
+        std::puts("the window could not be closed");
+    QThread::sleep(settling.count());
+    return {memory, visible, rateOf(candidate)};
+}
+
+} // namespace
+
+int benchWindow()
+{
+    test::TestCertificates certificates;
+    const BenchServer server(certificates.valid());
+    Desktop desktop;
+    if (!desktop.isReady()) {
+        std::puts("no desktop to measure on");
+        return 1;
+    }
+    // Nobody listens at the second.
+    const Home home(server.promptUrl(), "http://127.0.0.1:1/");
+    Programs programs = {desktop.environment(), desktop.environment()};
+    home.enter(programs.ours);
+
+    std::printf("%-36s %10s %10s\n", "", "Ostrel", "empty");
+    benchStart(programs);
+    const Running bare = measureRunning(desktop, programs.bareProgram, programs.bare);
+    const Running ours = measureRunning(desktop, programs.ourProgram, programs.ours);
+    print("resident memory, window open", ours.memory, bare.memory, "MB", "at most 30 more");
+    print("visible, one down: processor", ours.visible.processorPercent,
+          bare.visible.processorPercent, "% of a core", "under 3");
+    print("hidden: processor", ours.hidden.processorPercent, bare.hidden.processorPercent,
+          "% of a core", "under 0.1");
+    print("hidden: wake-ups", ours.hidden.wakeUpsPerSecond, bare.hidden.wakeUpsPerSecond,
+          "per second", "under 2");
+    return 0;
+}
+
+} // namespace ostrel::bench
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    return ostrel::bench::benchWindow();
+}
