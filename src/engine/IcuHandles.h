@@ -21,7 +21,7 @@ struct IcuCloser
 
 using IcuCollator = std::unique_ptr<UCollator, IcuCloser<ucol_close>>;
 using IcuElements = std::unique_ptr<UCollationElements, IcuCloser<ucol_closeElements>>;
-using IcuSearch = std::unique_ptr<UStringSearch, IcuCloser<usearch_close>>;
+using IcuSearchHandle = std::unique_ptr<UStringSearch, IcuCloser<usearch_close>>;
 using IcuSet = std::unique_ptr<USet, IcuCloser<uset_close>>;
 
 } // namespace ostrel

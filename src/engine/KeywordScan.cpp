@@ -1,6 +1,6 @@
 #include "KeywordScan.h"
 
-#include <QChar>
+#include "Utf16Walk.h"
 
 #include <algorithm>
 
@@ -18,41 +18,20 @@ namespace {
 /// To begin a search takes ICU as long as to go on for so many characters.
 constexpr std::size_t shortestGap = 64;
 
-/// The one at @p index, which goes on to the next; a lone surrogate is one as well.
-char32_t takeNext(std::u16string_view text, std::size_t &index)
-{
-    const char16_t unit = text[index++];
-    if (QChar::isHighSurrogate(unit) && index < text.size() && QChar::isLowSurrogate(text[index]))
-        return QChar::surrogateToUcs4(unit, text[index++]);
-    return unit;
-}
-
-/// The one before @p index, which goes back to it.
-char32_t takePrevious(std::u16string_view text, std::size_t &index)
-{
-    const char16_t unit = text[--index];
-    if (QChar::isLowSurrogate(unit) && index > 0 && QChar::isHighSurrogate(text[index - 1]))
-        return QChar::surrogateToUcs4(text[--index], unit);
-    return unit;
-}
-
 } // namespace
 
 KeywordScan::KeywordScan(const UCollator *collator, std::u16string_view keyword)
-    : m_readings(collator, keyword)
+    : m_icu(collator, keyword)
+    , m_readings(collator, keyword)
     , m_keyword(m_readings.keyword())
 {
-    if (!m_readings.areUsable())
-        return;
-    makeFallbacks();
-    UErrorCode status = U_ZERO_ERROR;
-    m_search.reset(usearch_openFromCollator(keyword.data(), int32_t(keyword.size()), u" ", 1,
-                                            collator, nullptr, &status));
+    if (m_readings.areUsable())
+        makeFallbacks();
 }
 
 std::optional<bool> KeywordScan::isFoundIn(std::u16string_view text)
 {
-    if (!m_search)
+    if (!m_readings.areUsable())
         return std::nullopt;
     m_text = text;
     m_position = m_matched = m_stretchBegin = m_stretchEnd = 0;
@@ -216,11 +195,8 @@ bool KeywordScan::isFoundInStretch()
 {
     if (m_stretchEnd == m_stretchBegin)
         return false;
-    UErrorCode status = U_ZERO_ERROR;
     const auto stretch = m_text.substr(m_stretchBegin, m_stretchEnd - m_stretchBegin);
-    usearch_setText(m_search.get(), stretch.data(), int32_t(stretch.size()), &status);
-    const int32_t position = usearch_first(m_search.get(), &status);
-    return U_SUCCESS(status) && position != USEARCH_DONE;
+    return m_icu.isFoundIn(stretch).value_or(false);
 }
 
 } // namespace ostrel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "IcuSearch.h"
 #include "KeywordReadings.h"
 
 #include <optional>
@@ -39,11 +40,11 @@ private:
     [[nodiscard]] bool isFoundBefore(std::size_t begin, std::size_t end);
     [[nodiscard]] bool isFoundInStretch();
 
+    IcuSearch m_icu;
     KeywordReadings m_readings;
     const std::vector<Weight> &m_keyword;
     /// For every number of weights that match, how many still do when the next one doesn't.
     std::vector<std::size_t> m_fallbacks;
-    IcuSearch m_search;
     std::u16string_view m_text;
     std::size_t m_position = 0;
     std::size_t m_matched = 0;

@@ -32,22 +32,6 @@ std::u16string_view viewOf(const QString &text)
     return {reinterpret_cast<const char16_t *>(text.utf16()), std::size_t(text.size())};
 }
 
-/// Nothing for a keyword that no collation can look for.
-std::optional<bool> askIcu(const UCollator *collator, std::u16string_view text,
-                           std::u16string_view keyword)
-{
-    UErrorCode status = U_ZERO_ERROR;
-    const IcuSearch search(usearch_openFromCollator(keyword.data(), int32_t(keyword.size()),
-                                                    text.data(), int32_t(text.size()), collator,
-                                                    nullptr, &status));
-    const int32_t position = usearch_first(search.get(), &status);
-    if (U_FAILURE(status))
-        return std::nullopt;
-    if (position == USEARCH_DONE)
-        return false;
-    return usearch_getMatchedLength(search.get()) > 0 ? std::optional(true) : std::nullopt;
-}
-
 } // namespace
 
 IcuCollator makeSearchCollator()
@@ -68,7 +52,7 @@ bool containsKeyword(const QString &text, const QString &keyword)
         if (text.size() >= shortestScan)
             isFound = KeywordScan(collator.get(), viewOf(keyword)).isFoundIn(viewOf(text));
         if (!isFound)
-            isFound = askIcu(collator.get(), viewOf(text), viewOf(keyword));
+            isFound = IcuSearch(collator.get(), viewOf(keyword)).isFoundIn(viewOf(text));
     }
     // A keyword of nothing but characters that have no weight.
     return isFound ? *isFound : text.contains(keyword, Qt::CaseInsensitive);

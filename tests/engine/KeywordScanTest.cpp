@@ -93,9 +93,9 @@ QString toText(std::u32string_view characters)
 bool isFoundByIcu(const UCollator *collator, std::u16string_view text, std::u16string_view keyword)
 {
     UErrorCode status = U_ZERO_ERROR;
-    const IcuSearch search(usearch_openFromCollator(keyword.data(), int32_t(keyword.size()),
-                                                    text.data(), int32_t(text.size()), collator,
-                                                    nullptr, &status));
+    const IcuSearchHandle search(usearch_openFromCollator(keyword.data(), int32_t(keyword.size()),
+                                                          text.data(), int32_t(text.size()),
+                                                          collator, nullptr, &status));
     const int32_t position = usearch_first(search.get(), &status);
     EXPECT_TRUE(U_SUCCESS(status)) << u_errorName(status);
     return position != USEARCH_DONE;

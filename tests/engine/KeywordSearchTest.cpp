@@ -95,6 +95,18 @@ TEST(ContainsKeywordLocaleTest, AKeywordThatWeighsNothingIsFoundAsItIs)
     EXPECT_TRUE(containsKeyword(amongMuch(QString(QChar(1))), QString(QChar(1))));
 }
 
+TEST(ContainsKeywordLocaleTest, AccentsWithoutEndCostNoMoreThanOthers)
+{
+    const ScopedLocale user("en_US");
+    // In the wrong order, so that each would have to be moved past half of the others.
+    const QString accents = fromUtf16(u"\u0301\u0316").repeated(2'000'000);
+    const QString keyword = fromUtf16(u"caf\u00e9");
+    EXPECT_FALSE(containsKeyword(accents.left(90'000), keyword));
+    EXPECT_FALSE(containsKeyword(accents, keyword));
+    EXPECT_TRUE(containsKeyword(accents + u'-' + keyword, keyword));
+    EXPECT_TRUE(containsKeyword(accents.left(90'000) + u'-' + keyword, keyword));
+}
+
 TEST(DecodeBodyTest, TakesUtf8AndNothingElse)
 {
     EXPECT_EQ(decodeBody("caf\xc3\xa9", BodyExtent::complete), fromUtf16(u"caf\u00e9"));
