@@ -1,18 +1,19 @@
 #include "KeywordSearch.h"
 
+#include "KeywordScan.h"
+
 #include <QStringDecoder>
 
-#include <unicode/coll.h>
 #include <unicode/locid.h>
-#include <unicode/stsearch.h>
-#include <unicode/tblcoll.h>
 
-#include <memory>
 #include <string_view>
 
 namespace ostrel {
 
 namespace {
+
+/// ICU is done with a shorter text before the scan has made itself ready.
+constexpr qsizetype shortestScan = 100'000;
 
 /// The user's locale, with the tailoring that is made for searching. The POSIX locale's own order
 /// takes "A" and "a" for different letters, so the root order stands in for it.
@@ -26,41 +27,35 @@ icu::Locale searchLocale()
     return locale;
 }
 
-/// Null where ICU's data can't be had.
-std::unique_ptr<icu::RuleBasedCollator> makeCollator()
+std::u16string_view viewOf(const QString &text)
 {
-    UErrorCode status = U_ZERO_ERROR;
-    std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance(searchLocale(), status));
-    auto *rules = dynamic_cast<icu::RuleBasedCollator *>(collator.get());
-    if (U_FAILURE(status) || !rules)
-        return nullptr;
-    rules->setStrength(icu::Collator::SECONDARY);
-    rules->setAttribute(UCOL_NORMALIZATION_MODE, UCOL_ON, status);
-    static_cast<void>(collator.release());
-    return std::unique_ptr<icu::RuleBasedCollator>(rules);
-}
-
-/// Shares the characters of @p text, which outlives it.
-icu::UnicodeString aliasOf(const QString &text)
-{
-    return {false, reinterpret_cast<const char16_t *>(text.utf16()),
-            static_cast<int32_t>(text.size())};
+    return {reinterpret_cast<const char16_t *>(text.utf16()), std::size_t(text.size())};
 }
 
 } // namespace
 
+IcuCollator makeSearchCollator()
+{
+    UErrorCode status = U_ZERO_ERROR;
+    IcuCollator collator(ucol_open(searchLocale().getName(), &status));
+    if (U_FAILURE(status))
+        return nullptr;
+    ucol_setStrength(collator.get(), UCOL_SECONDARY);
+    ucol_setAttribute(collator.get(), UCOL_NORMALIZATION_MODE, UCOL_ON, &status);
+    return collator;
+}
+
 bool containsKeyword(const QString &text, const QString &keyword)
 {
-    const auto collator = makeCollator();
-    UErrorCode status = U_ZERO_ERROR;
-    if (collator) {
-        icu::StringSearch search(aliasOf(keyword), aliasOf(text), collator.get(), nullptr, status);
-        const int32_t position = search.first(status);
-        if (U_SUCCESS(status))
-            return position != USEARCH_DONE;
+    std::optional<bool> isFound;
+    if (const IcuCollator collator = makeSearchCollator()) {
+        if (text.size() >= shortestScan)
+            isFound = KeywordScan(collator.get(), viewOf(keyword)).isFoundIn(viewOf(text));
+        if (!isFound)
+            isFound = IcuSearch(collator.get(), viewOf(keyword)).isFoundIn(viewOf(text));
     }
-    // A keyword of nothing but characters that have no weight, which no collation can look for.
-    return text.contains(keyword, Qt::CaseInsensitive);
+    // A keyword of nothing but characters that have no weight.
+    return isFound ? *isFound : text.contains(keyword, Qt::CaseInsensitive);
 }
 
 std::optional<QString> decodeBody(const QByteArray &body, BodyExtent extent)

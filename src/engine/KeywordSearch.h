@@ -1,5 +1,7 @@
 #pragma once
 
+#include "IcuHandles.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -12,6 +14,9 @@ namespace ostrel {
 /// but not a letter with and without its accent. The keyword is a text, not a pattern. By the
 /// Unicode Collation Algorithm (UTS #10, section 8), at the second level. Any thread.
 [[nodiscard]] bool containsKeyword(const QString &text, const QString &keyword);
+
+/// What containsKeyword compares with, in the user's locale; null where ICU's data can't be had.
+[[nodiscard]] IcuCollator makeSearchCollator();
 
 enum class BodyExtent {
     complete,

@@ -1,7 +1,8 @@
 #include "KeywordSearch.h"
 
+#include "ScopedLocale.h"
+
 #include <gtest/gtest.h>
-#include <unicode/locid.h>
 
 #include <string>
 
@@ -26,23 +27,11 @@ QString fromUtf16(const char16_t *text)
     return QString::fromUtf16(text);
 }
 
-/// Makes @p name the user's locale while it lives.
-class ScopedLocale
+/// So long that ICU isn't asked for all of it.
+QString amongMuch(const QString &text)
 {
-public:
-    explicit ScopedLocale(const char *name) { use(icu::Locale(name)); }
-    ~ScopedLocale() { use(m_before); }
-    ScopedLocale(const ScopedLocale &) = delete;
-    ScopedLocale &operator=(const ScopedLocale &) = delete;
-
-private:
-    static void use(const icu::Locale &locale)
-    {
-        UErrorCode status = U_ZERO_ERROR;
-        icu::Locale::setDefault(locale, status);
-    }
-    const icu::Locale m_before = icu::Locale::getDefault();
-};
+    return QString(200'000, u'x') + text + QString(200'000, u'x');
+}
 
 } // namespace
 
@@ -51,7 +40,10 @@ TEST_P(ContainsKeywordTest, AsAReaderWouldSay)
     const Case &c = GetParam();
     for (const char *locale : {"en_US_POSIX", "en_US", "de_DE", "fr_FR"}) {
         const ScopedLocale user(locale);
-        EXPECT_EQ(containsKeyword(fromUtf16(c.text), fromUtf16(c.keyword)), c.isFound) << locale;
+        const QString text = fromUtf16(c.text);
+        const QString keyword = fromUtf16(c.keyword);
+        EXPECT_EQ(containsKeyword(text, keyword), c.isFound) << locale;
+        EXPECT_EQ(containsKeyword(amongMuch(text), keyword), c.isFound) << locale;
     }
 }
 
@@ -86,6 +78,33 @@ TEST(ContainsKeywordLocaleTest, TurkishKeepsDottedAndDotlessApart)
     }
     const ScopedLocale user("en_US");
     EXPECT_TRUE(containsKeyword(QStringLiteral("FILE"), QStringLiteral("file")));
+}
+
+TEST(ContainsKeywordLocaleTest, WhatWeighsNothingIsPassedOver)
+{
+    const ScopedLocale user("en_US");
+    const QString text = QString::fromUtf16(u"er\u0000r\u00ador", 7);
+    EXPECT_TRUE(containsKeyword(text, QStringLiteral("error")));
+    EXPECT_TRUE(containsKeyword(amongMuch(text), QStringLiteral("error")));
+}
+
+TEST(ContainsKeywordLocaleTest, AKeywordThatWeighsNothingIsFoundAsItIs)
+{
+    const ScopedLocale user("en_US");
+    EXPECT_FALSE(containsKeyword(amongMuch({}), QString(QChar(1))));
+    EXPECT_TRUE(containsKeyword(amongMuch(QString(QChar(1))), QString(QChar(1))));
+}
+
+TEST(ContainsKeywordLocaleTest, AccentsWithoutEndCostNoMoreThanOthers)
+{
+    const ScopedLocale user("en_US");
+    // In the wrong order, so that each would have to be moved past half of the others.
+    const QString accents = fromUtf16(u"\u0301\u0316").repeated(2'000'000);
+    const QString keyword = fromUtf16(u"caf\u00e9");
+    EXPECT_FALSE(containsKeyword(accents.left(90'000), keyword));
+    EXPECT_FALSE(containsKeyword(accents, keyword));
+    EXPECT_TRUE(containsKeyword(accents + u'-' + keyword, keyword));
+    EXPECT_TRUE(containsKeyword(accents.left(90'000) + u'-' + keyword, keyword));
 }
 
 TEST(DecodeBodyTest, TakesUtf8AndNothingElse)

@@ -2,6 +2,7 @@
 #include "HostileBehaviours.h"
 #include "NginxServer.h"
 #include "Printers.h"
+#include "TlsBehaviours.h"
 #include "WaitFor.h"
 
 #include <gmock/gmock.h>
@@ -214,6 +215,40 @@ TEST_F(HttpClientTest, ABodyMayEndWithTheConnection)
 {
     const HostileServer server(sendBodyUntilClose);
     EXPECT_EQ(fetch(server.url()).body, "until the end");
+}
+
+/// Trusts the authority of the test's certificates.
+class HttpClientTlsTest : public testing::Test
+{
+protected:
+    [[nodiscard]] HttpResult fetchClosedWithoutNotify(const QByteArray &response)
+    {
+        const HostileServer server(closeWithoutNotify(m_certificates.valid(), response),
+                                   HostileServer::Greeting::None);
+        return m_client.fetch(requestFor(server.url("/", "https"))).result();
+    }
+
+private:
+    TestCertificates m_certificates;
+    IoThread m_ioThread{{.trustStore = {.directory = {}, .file = m_certificates.authorityFile()}}};
+    HttpClient m_client{m_ioThread};
+};
+
+TEST_F(HttpClientTlsTest, ABodyMayEndWithTheConnectionWithoutACloseNotify)
+{
+    const HttpResult result =
+        fetchClosedWithoutNotify("HTTP/1.1 200 OK\r\nConnection: close\r\n\r\nuntil the end");
+    EXPECT_EQ(result.error, QString());
+    EXPECT_EQ(result.statusCode, 200);
+    EXPECT_EQ(result.body, "until the end");
+}
+
+TEST_F(HttpClientTlsTest, ABodyThatIsShorterThanPromisedIsNoResponse)
+{
+    const HttpResult result =
+        fetchClosedWithoutNotify("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nuntil the end");
+    EXPECT_FALSE(result.hasResponse);
+    EXPECT_FALSE(result.error.isEmpty());
 }
 
 struct BrokenOff

@@ -9,27 +9,45 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
+#include <iterator>
 #include <map>
 #include <random>
+#include <set>
+#include <span>
+#include <vector>
 
 namespace ostrel {
 namespace {
 
 constexpr int monitorCount = 3;
-constexpr int killsPerTest = 40;
+constexpr int kills = 40;
+/// Fewer where every save and every look at the files is of all that a store holds.
+constexpr int killsWhenFull = 12;
 
-class IgnoringVisitor : public CheckMapVisitor
+/// The ids of each monitor's checks, oldest first.
+using Histories = std::map<QUuid, std::vector<QUuid>>;
+
+class HistoriesReader : public CheckMapVisitor
 {
 public:
-    void openHistory(const QUuid & /*monitorId*/) override {}
-    void takeCheck(Check && /*check*/, std::string_view /*stored*/) override {}
+    void openHistory(const QUuid &monitorId) override { m_open = &histories[monitorId]; }
+    void takeCheck(Check &&check, std::string_view /*stored*/) override
+    {
+        m_open->push_back(check.id);
+    }
+
+    Histories histories;
+
+private:
+    std::vector<QUuid> *m_open = nullptr;
 };
 
 /// What a recorder has said to be saved, over all its lives.
 struct Report
 {
-    std::map<QUuid, std::vector<QUuid>> checks;
+    Histories checks;
     int lastEdit = 0;
 
     void take(const QByteArray &line)
@@ -46,6 +64,49 @@ struct Report
 class KilledStoreTest : public testing::TestWithParam<unsigned>
 {
 protected:
+    /// Begins with histories to which nothing can come without something going.
+    void fillHistories()
+    {
+        std::string json;
+        for (int i = 0; i < monitorCount; ++i) {
+            Monitor monitor;
+            monitor.id = QUuid::createUuid();
+            monitor.name = QStringLiteral("0");
+            MonitorStore(m_folder.path()).addMonitor(monitor);
+            json += i == 0 ? "[" : ",";
+            appendHistory(json, monitor.id);
+        }
+        QFile file(m_folder.path() + QStringLiteral("/checks.json"));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write((json + "]").c_str());
+    }
+
+    static void appendHistory(std::string &json, const QUuid &monitorId)
+    {
+        json += '"' + monitorId.toString(QUuid::WithoutBraces).toUpper().toStdString() + "\",[";
+        for (std::size_t i = 0; i < MonitorStore::maxChecksPerMonitor; ++i) {
+            Check check;
+            check.id = QUuid::createUuid();
+            check.monitorId = monitorId;
+            check.timestamp = systemNow();
+            json += i == 0 ? "" : ",";
+            appendCheck(json, check);
+        }
+        json += ']';
+    }
+
+    void killAgainAndAgain(int killCount)
+    {
+        std::minstd_rand random(GetParam());
+        for (int i = 0; i < killCount && !HasFailure(); ++i) {
+            runAndKill(std::chrono::microseconds(std::uniform_int_distribution(0, 40'000)(random)));
+            readFiles();
+            expectNothingLost();
+        }
+        EXPECT_GT(m_report.lastEdit, 0);
+        EXPECT_EQ(m_report.checks.size(), std::size_t(monitorCount));
+    }
+
     /// Lets a recorder run for some random moments after its first line, and kills it.
     void runAndKill(std::chrono::microseconds life)
     {
@@ -55,20 +116,39 @@ protected:
         ASSERT_TRUE(recorder.waitForReadyRead());
         const auto end = std::chrono::steady_clock::now() + life;
         while (std::chrono::steady_clock::now() < end)
-            expectWholeFiles();
+            readFiles();
         recorder.kill();
         ASSERT_TRUE(recorder.waitForFinished());
         while (recorder.canReadLine())
             m_report.take(recorder.readLine());
     }
 
-    void expectWholeFiles() const
+    /// Reads the files, as others may at any time.
+    void readFiles()
     {
         EXPECT_TRUE(decodeMonitors(contentOf("/monitors.json")));
-        // Not written before the first check.
-        IgnoringVisitor visitor;
         const QByteArray checks = contentOf("/checks.json");
-        EXPECT_TRUE(checks.isNull() || decodeCheckMap(checks, visitor));
+        // Not written before the first check.
+        if (checks.isNull() && m_seen.empty())
+            return;
+        HistoriesReader reader;
+        ASSERT_TRUE(decodeCheckMap(checks, reader));
+        for (const auto &[monitorId, before] : m_seen)
+            expectContinued(reader.histories[monitorId], before);
+        m_seen = std::move(reader.histories);
+    }
+
+    /// Of what was there before all is still there, but for the oldest where newer ones take their
+    /// places.
+    static void expectContinued(std::span<const QUuid> history, std::span<const QUuid> before)
+    {
+        if (before.empty())
+            return;
+        const auto last = std::ranges::find(history, before.back());
+        ASSERT_NE(last, history.end());
+        const auto kept = static_cast<std::size_t>(last - history.begin()) + 1;
+        ASSERT_TRUE(kept == before.size() || isFull(history));
+        EXPECT_TRUE(std::ranges::equal(history.first(kept), before.last(kept)));
     }
 
     void expectNothingLost() const
@@ -76,31 +156,34 @@ protected:
         const MonitorStore store(m_folder.path(), MonitorStore::Access::readOnly);
         ASSERT_EQ(store.monitors().size(), monitorCount);
         EXPECT_GE(store.monitors().first().name.toInt(), m_report.lastEdit);
-        for (const auto &[monitorId, reported] : m_report.checks)
-            expectEnding(store.checks(monitorId), reported);
-    }
-
-    /// What was reported ends the history, but for what was saved after the last report.
-    static void expectEnding(std::span<const Check> history, std::span<const QUuid> reported)
-    {
-        const auto last = std::ranges::find(history, reported.back(), &Check::id);
-        ASSERT_NE(last, history.end());
-        const auto kept = static_cast<std::size_t>(last - history.begin()) + 1;
-        ASSERT_TRUE(kept >= reported.size() || history.size() == MonitorStore::maxChecksPerMonitor);
-        auto check = last;
-        for (auto id = reported.rbegin(); id != reported.rend(); ++id) {
-            // Of a life's end, a check may be saved and not reported.
-            while (check->id != *id) {
-                if (check == history.begin())
-                    return expectFull(history);
-                --check;
-            }
+        for (const auto &[monitorId, reported] : m_report.checks) {
+            std::vector<QUuid> history;
+            std::ranges::transform(store.checks(monitorId), std::back_inserter(history),
+                                   &Check::id);
+            EXPECT_EQ(history, m_seen.at(monitorId));
+            expectReported(history, reported);
         }
     }
 
-    static void expectFull(std::span<const Check> history)
+    /// What was reported is there in its order, but for the oldest where there are too many. There
+    /// may be more: what was saved at the end of a life, and not reported any more.
+    static void expectReported(std::span<const QUuid> history, std::span<const QUuid> reported)
     {
-        EXPECT_EQ(history.size(), MonitorStore::maxChecksPerMonitor);
+        const std::set<QUuid> kept(history.begin(), history.end());
+        const auto oldest =
+            std::ranges::find_if(reported, [&](const QUuid &id) { return kept.contains(id); });
+        ASSERT_NE(oldest, reported.end());
+        EXPECT_TRUE(oldest == reported.begin() || isFull(history));
+        auto check = history.begin();
+        for (auto id = oldest; id != reported.end(); ++id) {
+            check = std::find(check, history.end(), *id);
+            ASSERT_NE(check, history.end());
+        }
+    }
+
+    static bool isFull(std::span<const QUuid> history)
+    {
+        return history.size() == MonitorStore::maxChecksPerMonitor;
     }
 
     [[nodiscard]] QByteArray contentOf(const char *name) const
@@ -111,18 +194,22 @@ protected:
 
     QTemporaryDir m_folder;
     Report m_report;
+    Histories m_seen; ///< When the files were last read.
 };
 
 TEST_P(KilledStoreTest, LosesNothingThatWasSaved)
 {
-    std::minstd_rand random(GetParam());
-    for (int i = 0; i < killsPerTest && !HasFailure(); ++i) {
-        runAndKill(std::chrono::microseconds(std::uniform_int_distribution(0, 40'000)(random)));
-        expectWholeFiles();
-        expectNothingLost();
-    }
-    EXPECT_GT(m_report.lastEdit, 0);
-    EXPECT_EQ(m_report.checks.size(), std::size_t(monitorCount));
+    killAgainAndAgain(kills);
+}
+
+TEST_P(KilledStoreTest, LosesNothingButTheOldestOfFullHistories)
+{
+    fillHistories();
+    readFiles();
+    for (const auto &[monitorId, history] : m_seen)
+        EXPECT_TRUE(isFull(history));
+    killAgainAndAgain(killsWhenFull);
+    EXPECT_EQ(m_seen.size(), std::size_t(monitorCount));
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, KilledStoreTest, testing::Values(1U, 2U, 3U, 4U, 5U));

@@ -49,16 +49,22 @@ HostileConnection::~HostileConnection()
 std::optional<SeenRequest> HostileConnection::readRequest()
 {
     QByteArray head;
-    std::array<char, 4096> buffer{};
     while (!head.contains(headEnd)) {
-        if (!waitFor(POLLIN))
+        const auto bytes = receive();
+        if (!bytes)
             return std::nullopt;
-        const ssize_t count = recv(m_descriptor, buffer.data(), buffer.size(), 0);
-        if (count <= 0)
-            return std::nullopt;
-        head.append(buffer.data(), count);
+        head += *bytes;
     }
     return parseHead(head.left(head.indexOf(headEnd)));
+}
+
+std::optional<QByteArray> HostileConnection::receive()
+{
+    std::array<char, 4096> buffer{};
+    if (!waitFor(POLLIN))
+        return std::nullopt;
+    const ssize_t count = recv(m_descriptor, buffer.data(), buffer.size(), 0);
+    return count > 0 ? std::optional(QByteArray(buffer.data(), count)) : std::nullopt;
 }
 
 bool HostileConnection::send(const QByteArray &bytes)
@@ -91,8 +97,7 @@ bool HostileConnection::pause(std::chrono::milliseconds time)
 
 void HostileConnection::waitForTheEnd()
 {
-    std::array<char, 4096> buffer{};
-    while (waitFor(POLLIN) && recv(m_descriptor, buffer.data(), buffer.size(), 0) > 0) {
+    while (receive()) {
     }
 }
 

@@ -31,6 +31,8 @@ public:
     HostileConnection &operator=(const HostileConnection &) = delete;
 
     [[nodiscard]] std::optional<SeenRequest> readRequest();
+    /// Some bytes, as soon as there are any.
+    [[nodiscard]] std::optional<QByteArray> receive();
     bool send(const QByteArray &bytes);
     /// Sends a whole response: a head made of @p status ("200 OK") and @p headers (each line with
     /// its end), Content-Length, Connection: close, and @p body.
