@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+namespace ostrel {
+
+/// What shows the status items of this desktop's programs. Main thread.
+class StatusBarHost : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    /// How @p text is given to a menu that the toolkit draws, so that it reads as it stands: no
+    /// character of it marks a key.
+    [[nodiscard]] static QString toolkitMenuText(const QString &text);
+    /// The same for a menu that the host draws itself.
+    [[nodiscard]] virtual QString menuText(const QString &text) const = 0;
+
+Q_SIGNALS:
+    /// A host has come that wasn't there before.
+    void appeared();
+};
+
+} // namespace ostrel

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "SessionBus.h"
+#include "StatusBarHost.h"
+
+#include <QDBusServiceWatcher>
+
+namespace ostrel {
+
+/// The StatusNotifier host on the session bus, which reads an item's menu over the bus
+/// (`com.canonical.dbusmenu`). Without a bus none ever appears.
+class FreedesktopStatusBarHost final : public StatusBarHost
+{
+    Q_OBJECT
+
+public:
+    explicit FreedesktopStatusBarHost(const QDBusConnection &bus = sessionBus(),
+                                      QObject *parent = nullptr);
+
+    [[nodiscard]] QString menuText(const QString &text) const override;
+
+private:
+    QDBusServiceWatcher m_watcher;
+};
+
+} // namespace ostrel

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "StatusBarHost.h"
+
+namespace ostrel {
+
+/// A host that is there from the start, and whose menus take texts as the toolkit's own do.
+class PortableStatusBarHost final : public StatusBarHost
+{
+    Q_OBJECT
+
+public:
+    using StatusBarHost::StatusBarHost;
+
+    [[nodiscard]] QString menuText(const QString &text) const override;
+};
+
+} // namespace ostrel

@@ -1,0 +1,120 @@
+#include "StatusBarItem.h"
+
+#include "MonitorStore.h"
+#include "NotificationCenter.h"
+#include "StatusBarHost.h"
+#include "StatusTexts.h"
+#include "SymbolIcon.h"
+#include "ThemeColors.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QSystemTrayIcon>
+
+namespace ostrel {
+
+namespace {
+
+/// Both birds are one drawing, so that only the colour changes.
+///
+/// The plain one should have the panel's text colour, which no desktop tells. Hosts tint a picture
+/// that they know by a symbolic name, so the name is given where the picture is installed under it.
+/// To those who take pixels the palette's text colour goes, which is that of a panel in the
+/// desktop's own theme. The red one never has a name, so that nobody tints it, and its red is the
+/// theme's: these desktops have none of their own.
+QIcon bird(bool isAnythingDown)
+{
+    const auto symbolicName = QStringLiteral("ostrel-symbolic");
+    SymbolIcon::Look look = {.symbol = QStringLiteral("bird.fill"),
+                             .color = ThemeColors::statusDown(),
+                             .margin = SymbolRaster::Margin::onePixel};
+    if (!isAnythingDown) {
+        look.color = QApplication::palette().color(QPalette::WindowText);
+        look.themeName = QIcon::hasThemeIcon(symbolicName) ? symbolicName : QString();
+    }
+    return SymbolIcon::icon(look);
+}
+
+QSystemTrayIcon::MessageIcon messageIcon(InterruptionLevel level)
+{
+    return level == InterruptionLevel::timeSensitive ? QSystemTrayIcon::Critical
+                                                     : QSystemTrayIcon::Information;
+}
+
+} // namespace
+
+StatusBarItem::StatusBarItem(const MonitorStore &store, StatusBarHost &host, QObject *parent)
+    : QObject(parent)
+    , m_store(store)
+    , m_menu(store, host)
+    , m_isAnythingDown(isAnythingDown(store))
+    , m_icon(bird(m_isAnythingDown))
+{
+    connect(&store, &MonitorStore::monitorsChanged, this, &StatusBarItem::updateIcon);
+    connect(&store, &MonitorStore::checksChanged, this, &StatusBarItem::updateIcon);
+    connect(&m_menu, &StatusBarMenu::helpRequested, this, &StatusBarItem::helpRequested);
+    connect(&m_menu, &StatusBarMenu::openRequested, this, &StatusBarItem::openRequested);
+    connect(&m_menu, &StatusBarMenu::quitRequested, this, &StatusBarItem::quitRequested);
+    // The toolkit decides once which kind of status bar an icon speaks to. One that was made before
+    // the host came speaks to none, or to an older kind that has no place for a menu's entries.
+    connect(&host, &StatusBarHost::appeared, this, [this] {
+        if (m_trayIcon && !m_menu.isDrawnByHost())
+            join();
+    });
+    m_menu.menu().installEventFilter(this);
+}
+
+StatusBarItem::~StatusBarItem() = default;
+
+void StatusBarItem::show()
+{
+    if (!m_trayIcon)
+        join();
+}
+
+void StatusBarItem::present(const NotificationRequest &request)
+{
+    if (m_trayIcon)
+        m_trayIcon->showMessage(request.title, request.body, messageIcon(request.level));
+}
+
+bool StatusBarItem::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::ApplicationPaletteChange) {
+        drawIcon();
+        m_menu.rewrite();
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void StatusBarItem::join()
+{
+    m_trayIcon = std::make_unique<QSystemTrayIcon>(m_icon);
+    m_trayIcon->setToolTip(QStringLiteral("Ostrel"));
+    m_trayIcon->setContextMenu(&m_menu.menu());
+    // Who draws the menu is known from here on.
+    m_menu.rewrite();
+    connect(m_trayIcon.get(), &QSystemTrayIcon::activated, this,
+            [this](QSystemTrayIcon::ActivationReason reason) {
+                if (reason == QSystemTrayIcon::Trigger)
+                    Q_EMIT openRequested();
+            });
+    m_trayIcon->show();
+}
+
+void StatusBarItem::updateIcon()
+{
+    if (m_isAnythingDown == isAnythingDown(m_store))
+        return;
+    m_isAnythingDown = !m_isAnythingDown;
+    drawIcon();
+}
+
+void StatusBarItem::drawIcon()
+{
+    m_icon = bird(m_isAnythingDown);
+    if (m_trayIcon)
+        m_trayIcon->setIcon(m_icon);
+}
+
+} // namespace ostrel
