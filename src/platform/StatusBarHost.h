@@ -18,6 +18,9 @@ public:
     [[nodiscard]] static QString toolkitMenuText(const QString &text);
     /// The same for a menu that the host draws itself.
     [[nodiscard]] virtual QString menuText(const QString &text) const = 0;
+    /// Whether the host takes its colours from where this program's palette comes from, so that the
+    /// palette's text is legible on its bar and in its menus.
+    [[nodiscard]] virtual bool hasOurPalette() const = 0;
 
 Q_SIGNALS:
     /// A host has come that wasn't there before.

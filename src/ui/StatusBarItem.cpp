@@ -3,8 +3,8 @@
 #include "MonitorStore.h"
 #include "NotificationCenter.h"
 #include "StatusBarHost.h"
+#include "StatusBarSymbol.h"
 #include "StatusTexts.h"
-#include "SymbolIcon.h"
 #include "ThemeColors.h"
 
 #include <QApplication>
@@ -15,24 +15,19 @@ namespace ostrel {
 
 namespace {
 
-/// Both birds are one drawing, so that only the colour changes.
-///
-/// The plain one should have the panel's text colour, which no desktop tells. Hosts tint a picture
-/// that they know by a symbolic name, so the name is given where the picture is installed under it.
-/// To those who take pixels the palette's text colour goes, which is that of a panel in the
-/// desktop's own theme. The red one never has a name, so that nobody tints it, and its red is the
-/// theme's: these desktops have none of their own.
-QIcon bird(bool isAnythingDown)
+/// Both birds are one drawing, so that only the colour changes. The red one never has a name, so
+/// that nobody tints it, and its red is the theme's: these desktops have none of their own.
+QIcon bird(bool isAnythingDown, const StatusBarHost &host)
 {
-    const auto symbolicName = QStringLiteral("ostrel-symbolic");
-    SymbolIcon::Look look = {.symbol = QStringLiteral("bird.fill"),
-                             .color = ThemeColors::statusDown(),
-                             .margin = SymbolRaster::Margin::onePixel};
-    if (!isAnythingDown) {
-        look.color = QApplication::palette().color(QPalette::WindowText);
-        look.themeName = QIcon::hasThemeIcon(symbolicName) ? symbolicName : QString();
+    const auto symbol = QStringLiteral("bird.fill");
+    constexpr auto margin = SymbolRaster::Margin::onePixel;
+    if (isAnythingDown) {
+        return SymbolIcon::icon(
+            {.symbol = symbol, .color = ThemeColors::statusDown(), .margin = margin});
     }
-    return SymbolIcon::icon(look);
+    const StatusBarSymbol plain = {
+        .symbol = symbol, .themeName = QStringLiteral("ostrel-symbolic"), .margin = margin};
+    return plain.icon(QApplication::palette().color(QPalette::WindowText), host);
 }
 
 QSystemTrayIcon::MessageIcon messageIcon(InterruptionLevel level)
@@ -46,9 +41,10 @@ QSystemTrayIcon::MessageIcon messageIcon(InterruptionLevel level)
 StatusBarItem::StatusBarItem(const MonitorStore &store, StatusBarHost &host, QObject *parent)
     : QObject(parent)
     , m_store(store)
+    , m_host(host)
     , m_menu(store, host)
     , m_isAnythingDown(isAnythingDown(store))
-    , m_icon(bird(m_isAnythingDown))
+    , m_icon(bird(m_isAnythingDown, host))
 {
     connect(&store, &MonitorStore::monitorsChanged, this, &StatusBarItem::updateIcon);
     connect(&store, &MonitorStore::checksChanged, this, &StatusBarItem::updateIcon);
@@ -112,7 +108,7 @@ void StatusBarItem::updateIcon()
 
 void StatusBarItem::drawIcon()
 {
-    m_icon = bird(m_isAnythingDown);
+    m_icon = bird(m_isAnythingDown, m_host);
     if (m_trayIcon)
         m_trayIcon->setIcon(m_icon);
 }

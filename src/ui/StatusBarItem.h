@@ -50,6 +50,7 @@ private:
     void drawIcon();
 
     const MonitorStore &m_store;
+    const StatusBarHost &m_host;
     StatusBarMenu m_menu;
     bool m_isAnythingDown;
     QIcon m_icon;

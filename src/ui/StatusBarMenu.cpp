@@ -2,7 +2,7 @@
 
 #include "MonitorStore.h"
 #include "StatusBarHost.h"
-#include "SymbolIcon.h"
+#include "StatusBarSymbol.h"
 
 #include <QApplication>
 
@@ -19,13 +19,6 @@ QString onOneLine(QString name)
     std::ranges::replace_if(
         name, [](QChar c) { return c.category() == QChar::Other_Control; }, QChar(u' '));
     return name;
-}
-
-/// Tinted in the colour of the text beside it.
-QIcon menuIcon(const QString &symbol)
-{
-    return SymbolIcon::icon(
-        {.symbol = symbol, .color = QApplication::palette("QMenu").color(QPalette::WindowText)});
 }
 
 } // namespace
@@ -145,6 +138,16 @@ StatusMenuEntry StatusBarMenu::entryOf(const Monitor &monitor) const
 QString StatusBarMenu::menuText(const QString &text)
 {
     return isDrawnByHost() ? m_host.menuText(text) : StatusBarHost::toolkitMenuText(text);
+}
+
+QIcon StatusBarMenu::menuIcon(const QString &symbol)
+{
+    const QColor textColor = QApplication::palette("QMenu").color(QPalette::WindowText);
+    if (!isDrawnByHost())
+        return SymbolIcon::icon({.symbol = symbol, .color = textColor});
+    QString themeName = QStringLiteral("ostrel-%1-symbolic").arg(symbol);
+    themeName.replace(u'.', u'-');
+    return StatusBarSymbol{.symbol = symbol, .themeName = themeName}.icon(textColor, m_host);
 }
 
 QString StatusBarMenu::rowText(const StatusMenuEntry &entry)

@@ -2,6 +2,7 @@
 
 #include "StatusTexts.h"
 
+#include <QIcon>
 #include <QMenu>
 #include <QObject>
 #include <QUuid>
@@ -54,6 +55,7 @@ private:
     void removeRow(std::size_t index);
     [[nodiscard]] StatusMenuEntry entryOf(const Monitor &monitor) const;
     [[nodiscard]] QString menuText(const QString &text);
+    [[nodiscard]] QIcon menuIcon(const QString &symbol);
     [[nodiscard]] QString rowText(const StatusMenuEntry &entry);
 
     const MonitorStore &m_store;

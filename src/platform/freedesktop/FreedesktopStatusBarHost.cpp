@@ -15,14 +15,22 @@ FreedesktopStatusBarHost::FreedesktopStatusBarHost(const QDBusConnection &bus, Q
 
 QString FreedesktopStatusBarHost::menuText(const QString &text) const
 {
-    // On the bus an underscore marks a key. The toolkit leaves those of a text alone, and makes one
-    // of the first ampersand; the one that follows it then stands for itself, as all others do.
+    // On the bus an underscore marks a key, and two are one to read. The toolkit leaves those of a
+    // text alone, and makes one of the first ampersand; the ampersand after it is the one to read.
+    // Some hosts undo twice what has a mark, so that there no underscore could be read: it makes
+    // way for the low macron, which looks like it.
+    const bool hasMark = text.contains(u'&');
     QString written = text;
-    written.replace(QStringLiteral("_"), QStringLiteral("__"));
-    const auto firstAmpersand = written.indexOf(u'&');
-    if (firstAmpersand >= 0)
-        written.insert(firstAmpersand, u'&');
+    written.replace(QStringLiteral("_"), hasMark ? QStringLiteral("\u02CD") : QStringLiteral("__"));
+    if (hasMark)
+        written.insert(written.indexOf(u'&'), u'&');
     return written;
+}
+
+bool FreedesktopStatusBarHost::hasOurPalette() const
+{
+    const QStringList desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
+    return desktops.contains(QStringLiteral("KDE")) || desktops.contains(QStringLiteral("LXQt"));
 }
 
 } // namespace ostrel

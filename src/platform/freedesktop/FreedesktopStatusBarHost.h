@@ -18,6 +18,8 @@ public:
                                       QObject *parent = nullptr);
 
     [[nodiscard]] QString menuText(const QString &text) const override;
+    /// On the desktops that are made with this program's toolkit.
+    [[nodiscard]] bool hasOurPalette() const override;
 
 private:
     QDBusServiceWatcher m_watcher;

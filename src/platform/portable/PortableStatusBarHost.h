@@ -13,6 +13,7 @@ public:
     using StatusBarHost::StatusBarHost;
 
     [[nodiscard]] QString menuText(const QString &text) const override;
+    [[nodiscard]] bool hasOurPalette() const override { return false; }
 };
 
 } // namespace ostrel

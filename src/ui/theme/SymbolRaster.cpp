@@ -58,7 +58,7 @@ void fade(QImage &image, int alpha)
 QRectF gridIn(int pixels, SymbolRaster::Margin margin)
 {
     constexpr qreal grid = 24;
-    constexpr qreal drawnArea = 22;
+    constexpr qreal drawnArea = 22.1; // Curves bulge a little beyond the 22 they are drawn in.
     const qreal side =
         margin == SymbolRaster::Margin::ofGrid ? pixels : (pixels - 2) * grid / drawnArea;
     const qreal corner = (pixels - side) / 2;
