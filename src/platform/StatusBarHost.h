@@ -13,6 +13,9 @@ class StatusBarHost : public QObject
 public:
     using QObject::QObject;
 
+    /// Whether none is known to be there, but one may be or come yet.
+    [[nodiscard]] virtual bool isAwaited() const = 0;
+
     /// How @p text is given to a menu that the toolkit draws, so that it reads as it stands: no
     /// character of it marks a key.
     [[nodiscard]] static QString toolkitMenuText(const QString &text);
@@ -23,7 +26,7 @@ public:
     [[nodiscard]] virtual bool hasOurPalette() const = 0;
 
 Q_SIGNALS:
-    /// A host has come that wasn't there before.
+    /// A host has come, or has been found.
     void appeared();
 };
 

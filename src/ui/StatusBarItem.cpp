@@ -38,7 +38,8 @@ QSystemTrayIcon::MessageIcon messageIcon(InterruptionLevel level)
 
 } // namespace
 
-StatusBarItem::StatusBarItem(const MonitorStore &store, StatusBarHost &host, QObject *parent)
+StatusBarItem::StatusBarItem(const MonitorStore &store, StatusBarHost &host,
+                             std::chrono::milliseconds patience, QObject *parent)
     : QObject(parent)
     , m_store(store)
     , m_host(host)
@@ -51,10 +52,11 @@ StatusBarItem::StatusBarItem(const MonitorStore &store, StatusBarHost &host, QOb
     connect(&m_menu, &StatusBarMenu::helpRequested, this, &StatusBarItem::helpRequested);
     connect(&m_menu, &StatusBarMenu::openRequested, this, &StatusBarItem::openRequested);
     connect(&m_menu, &StatusBarMenu::quitRequested, this, &StatusBarItem::quitRequested);
-    // The toolkit decides once which kind of status bar an icon speaks to. One that was made before
-    // the host came speaks to none, or to an older kind that has no place for a menu's entries.
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(patience);
+    connect(&m_patience, &QTimer::timeout, this, &StatusBarItem::join);
     connect(&host, &StatusBarHost::appeared, this, [this] {
-        if (m_trayIcon && !m_menu.isDrawnByHost())
+        if (m_patience.isActive())
             join();
     });
     m_menu.menu().installEventFilter(this);
@@ -64,7 +66,12 @@ StatusBarItem::~StatusBarItem() = default;
 
 void StatusBarItem::show()
 {
-    if (!m_trayIcon)
+    // On X11 the toolkit decides for good, when its first icon is made, whether icons speak to a
+    // host or to the older kind of bar, which embeds windows. So that is put off while a host may
+    // still be coming: either kind takes an icon at any time later, but not the other kind's.
+    if (m_host.isAwaited())
+        m_patience.start();
+    else
         join();
 }
 
@@ -85,6 +92,7 @@ bool StatusBarItem::eventFilter(QObject *watched, QEvent *event)
 
 void StatusBarItem::join()
 {
+    m_patience.stop();
     m_trayIcon = std::make_unique<QSystemTrayIcon>(m_icon);
     m_trayIcon->setToolTip(QStringLiteral("Ostrel"));
     m_trayIcon->setContextMenu(&m_menu.menu());

@@ -4,7 +4,9 @@
 
 #include <QIcon>
 #include <QObject>
+#include <QTimer>
 
+#include <chrono>
 #include <memory>
 
 class QSystemTrayIcon;
@@ -17,18 +19,23 @@ struct NotificationRequest;
 
 /// Ostrel in the desktop's status bar: a bird that is red while anything is down, and a menu.
 ///
-/// Shown whether or not there is a status bar at the moment: it stands in one that comes later.
 /// Needs a QApplication. Main thread.
 class StatusBarItem : public QObject
 {
     Q_OBJECT
 
 public:
+    /// How long a host is waited for that starts after this program, as at login.
+    static constexpr std::chrono::milliseconds defaultPatience{10'000};
+
     /// Both outlive this object.
-    StatusBarItem(const MonitorStore &store, StatusBarHost &host, QObject *parent = nullptr);
+    StatusBarItem(const MonitorStore &store, StatusBarHost &host,
+                  std::chrono::milliseconds patience = defaultPatience, QObject *parent = nullptr);
     ~StatusBarItem() override;
 
+    /// Joins the status bar once it is known which kind there is.
     void show();
+    [[nodiscard]] bool hasJoined() const { return m_trayIcon != nullptr; }
     /// Shows a notification beside the item, for desktops without a service for it. Dropped where
     /// there is no status bar.
     void present(const NotificationRequest &request);
@@ -45,7 +52,7 @@ Q_SIGNALS:
     void quitRequested();
 
 private:
-    void join(); ///< Joins the status bar that there is at the moment.
+    void join();
     void updateIcon();
     void drawIcon();
 
@@ -54,7 +61,8 @@ private:
     StatusBarMenu m_menu;
     bool m_isAnythingDown;
     QIcon m_icon;
-    std::unique_ptr<QSystemTrayIcon> m_trayIcon; ///< Once shown.
+    QTimer m_patience;
+    std::unique_ptr<QSystemTrayIcon> m_trayIcon; ///< Once joined.
 };
 
 } // namespace ostrel

@@ -189,11 +189,11 @@ TEST_F(StatusBarTest, QuitEndsTheProgramWithAndWithoutItsWindow)
     ASSERT_TRUE(windows.isReady());
     for (const bool hasWindowAtTheEnd : {true, false}) {
         ASSERT_TRUE(program.start());
-        ASSERT_TRUE(
-            waitFor([this] { return host->hasItem() && host->choose(text("Open Ostrel")); }));
+        ASSERT_TRUE(waitForItem());
         ASSERT_TRUE(hasWindowAtTheEnd || closeWindow());
         EXPECT_TRUE(host->choose(text("Quit")));
         EXPECT_EQ(program.waitForEnd(), 0);
+        EXPECT_TRUE(waitFor([this] { return !host->hasItem(); }));
     }
 }
 

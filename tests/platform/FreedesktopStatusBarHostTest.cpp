@@ -25,6 +25,7 @@ TEST(FreedesktopStatusBarHostTest, TellsOfEveryHostThatComes)
     PrivateBus bus;
     ASSERT_TRUE(bus.isRunning());
     const FreedesktopStatusBarHost host(bus.connect());
+    EXPECT_TRUE(host.isAwaited());
     int comings = 0;
     QObject::connect(&host, &StatusBarHost::appeared, [&] { ++comings; });
     QDBusConnection panel = bus.connect();
@@ -32,13 +33,28 @@ TEST(FreedesktopStatusBarHostTest, TellsOfEveryHostThatComes)
     for (int coming = 1; coming <= 2; ++coming) {
         ASSERT_TRUE(panel.registerService(service));
         EXPECT_TRUE(waitFor([&] { return comings == coming; }));
+        EXPECT_FALSE(host.isAwaited());
         panel.unregisterService(service);
+        EXPECT_TRUE(waitFor([&] { return host.isAwaited(); }));
     }
+}
+
+TEST(FreedesktopStatusBarHostTest, FindsAHostThatIsThereAlready)
+{
+    PrivateBus bus;
+    ASSERT_TRUE(bus.connect().registerService(text("org.kde.StatusNotifierWatcher")));
+    const FreedesktopStatusBarHost host(bus.connect());
+    int comings = 0;
+    QObject::connect(&host, &StatusBarHost::appeared, [&] { ++comings; });
+    EXPECT_TRUE(waitFor([&] { return comings > 0; }));
+    EXPECT_FALSE(host.isAwaited());
+    EXPECT_EQ(comings, 1);
 }
 
 TEST(FreedesktopStatusBarHostTest, IsThereWithoutABus)
 {
     const FreedesktopStatusBarHost host(noBus());
+    EXPECT_FALSE(host.isAwaited());
     EXPECT_EQ(host.menuText(text("Shop")), text("Shop"));
 }
 

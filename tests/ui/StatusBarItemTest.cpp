@@ -4,6 +4,7 @@
 #include "Printers.h"
 #include "StatusBarHost.h"
 #include "ThemeColors.h"
+#include "WaitFor.h"
 
 #include <QApplication>
 #include <QDir>
@@ -29,9 +30,11 @@ using namespace std::chrono_literals;
 class FakeHost : public StatusBarHost
 {
 public:
+    [[nodiscard]] bool isAwaited() const override { return isComing; }
     [[nodiscard]] QString menuText(const QString &text) const override { return text; }
     [[nodiscard]] bool hasOurPalette() const override { return isOfOurToolkit; }
 
+    bool isComing = false;
     bool isOfOurToolkit = true;
 };
 
@@ -186,6 +189,36 @@ TEST_F(StatusBarItemTest, OnABarOfUnknownColorADarkTextsBirdIsLegibleOnAnyGround
     EXPECT_EQ(bodyColor(item.icon()), QColor(0xf2, 0xf2, 0xf2)) << "bars beside dark windows";
 }
 
+TEST_F(StatusBarItemTest, JoinsAtOnceWhereNoHostIsAwaited)
+{
+    item.show();
+    EXPECT_TRUE(item.hasJoined());
+}
+
+TEST_F(StatusBarItemTest, WaitsForAHostThatMayBeComing)
+{
+    host.isComing = true;
+    item.show();
+    EXPECT_FALSE(item.hasJoined());
+    Q_EMIT host.appeared();
+    EXPECT_TRUE(item.hasJoined());
+}
+
+TEST_F(StatusBarItemTest, MakesDoWithWhatThereIsWhenNoHostComes)
+{
+    host.isComing = true;
+    StatusBarItem impatient(samples.store, host, 1ms);
+    impatient.show();
+    EXPECT_FALSE(impatient.hasJoined());
+    EXPECT_TRUE(waitFor([&] { return impatient.hasJoined(); }));
+}
+
+TEST_F(StatusBarItemTest, AHostThatComesBeforeItIsShownMakesNoDifference)
+{
+    Q_EMIT host.appeared();
+    EXPECT_FALSE(item.hasJoined());
+}
+
 TEST_F(StatusBarItemTest, TheMenusSymbolsFollowThePalette)
 {
     addDown();
@@ -230,7 +263,7 @@ TEST(ThemeColorsTest, AreTheThemesOwn)
     QQmlEngine engine;
     engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
     QQmlComponent component(&engine);
-    component.setData("import QtQml; import Ostrel.Theme; QtObject { property color c: "
+    component.setData("import QtQml; import Ostrel.Theme; QtObject { property var c: "
                       "Theme.statusDown }",
                       QUrl());
     const std::unique_ptr<QObject> object(component.create());

@@ -28,6 +28,7 @@ QString text(const char *english)
 class NoHost : public StatusBarHost
 {
 public:
+    [[nodiscard]] bool isAwaited() const override { return false; }
     [[nodiscard]] QString menuText(const QString &) const override { return {}; }
     [[nodiscard]] bool hasOurPalette() const override { return false; }
 };

@@ -1,16 +1,60 @@
 #include "FreedesktopStatusBarHost.h"
 
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+
 namespace ostrel {
+
+namespace {
+
+QString watcherService()
+{
+    return QStringLiteral("org.kde.StatusNotifierWatcher");
+}
+
+} // namespace
 
 FreedesktopStatusBarHost::FreedesktopStatusBarHost(const QDBusConnection &bus, QObject *parent)
     : StatusBarHost(parent)
+    , m_bus(bus)
 {
-    connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, &StatusBarHost::appeared);
-    if (!bus.isConnected())
+    if (!m_bus.isConnected())
         return;
-    m_watcher.setConnection(bus);
-    m_watcher.setWatchMode(QDBusServiceWatcher::WatchForRegistration);
-    m_watcher.addWatchedService(QStringLiteral("org.kde.StatusNotifierWatcher"));
+    connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
+            [this](const QString &, const QString &, const QString &owner) { noteHost(owner); });
+    m_watcher.setConnection(m_bus);
+    m_watcher.setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
+    m_watcher.addWatchedService(watcherService());
+    findHost();
+}
+
+bool FreedesktopStatusBarHost::isAwaited() const
+{
+    return m_bus.isConnected() && !m_isThere;
+}
+
+void FreedesktopStatusBarHost::findHost()
+{
+    QDBusMessage question = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetNameOwner"));
+    question.setArguments({watcherService()});
+    auto *answer = new QDBusPendingCallWatcher(m_bus.asyncCall(question), this);
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
+        const QDBusPendingReply<QString> owner = *answer;
+        if (owner.isValid())
+            noteHost(owner.value());
+        answer->deleteLater();
+    });
+}
+
+void FreedesktopStatusBarHost::noteHost(const QString &owner)
+{
+    const bool wasThere = m_isThere;
+    m_isThere = !owner.isEmpty();
+    if (m_isThere && !wasThere)
+        Q_EMIT appeared();
 }
 
 QString FreedesktopStatusBarHost::menuText(const QString &text) const

@@ -12,6 +12,7 @@ class PortableStatusBarHost final : public StatusBarHost
 public:
     using StatusBarHost::StatusBarHost;
 
+    [[nodiscard]] bool isAwaited() const override { return false; }
     [[nodiscard]] QString menuText(const QString &text) const override;
     [[nodiscard]] bool hasOurPalette() const override { return false; }
 };

@@ -93,6 +93,13 @@ QString lineOf(const ShownEntry &entry)
 StatusNotifierHost::StatusNotifierHost(PrivateBus &bus)
     : m_connection(bus.connect())
 {
+    m_itemWatcher.setConnection(m_connection);
+    m_itemWatcher.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
+    connect(&m_itemWatcher, &QDBusServiceWatcher::serviceUnregistered, this,
+            [this](const QString &service) {
+                if (m_item == service)
+                    m_item.clear();
+            });
     m_connection.registerObject(watcherPath(), this,
                                 QDBusConnection::ExportAllSlots |
                                     QDBusConnection::ExportAllProperties);
@@ -113,6 +120,7 @@ QStringList StatusNotifierHost::registeredItems() const
 void StatusNotifierHost::RegisterStatusNotifierItem(const QString &)
 {
     m_item = message().service();
+    m_itemWatcher.setWatchedServices({m_item});
     const auto listen = [this](const char *signal, const char *slot) {
         m_connection.connect(m_item, QString(), menuInterface(), QString::fromLatin1(signal), this,
                              slot);

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QDBusContext>
+#include <QDBusServiceWatcher>
 #include <QList>
 #include <QObject>
 #include <QString>
@@ -52,7 +53,7 @@ public:
     explicit StatusNotifierHost(PrivateBus &bus);
     ~StatusNotifierHost() override;
 
-    /// Whether an item has registered.
+    /// Whether an item has registered and is still there.
     [[nodiscard]] bool hasItem() const { return !m_item.isEmpty(); }
     [[nodiscard]] QString itemText(const QString &property);
     [[nodiscard]] QList<ShownPixmap> itemPixmaps();
@@ -92,6 +93,7 @@ private:
                       const QVariantList &arguments);
 
     QDBusConnection m_connection;
+    QDBusServiceWatcher m_itemWatcher;
     QString m_item; ///< The unique name of the program that has registered.
     int m_layoutChanges = 0;
     int m_entryChanges = 0;
