@@ -61,6 +61,8 @@ protected:
                waitFor([this] { return !hasWindow(); });
     }
 
+    using Histories = QHash<QUuid, std::vector<Check>>;
+
     /// The colour of the bird's body in its largest picture.
     [[nodiscard]] QColor birdColor()
     {
@@ -222,6 +224,8 @@ TEST_F(StatusBarTest, AHostThatComesLateOrComesBackGetsTheItem)
 {
     program.writeMonitors({portMonitor(text("A_b"), text("127.0.0.1"), closedPort())});
     ASSERT_TRUE(program.start());
+    ASSERT_TRUE(waitFor([this] { return !program.readChecks().value_or(Histories()).isEmpty(); }))
+        << "it has been at work for a while";
     for (int coming = 0; coming < 2; ++coming) {
         startHost();
         ASSERT_TRUE(waitForItem()) << coming;
