@@ -89,8 +89,6 @@ void StatusBarMenu::syncRows()
             insertRow(i, monitor.id);
         show(m_rows[i], entryOf(monitor));
     }
-    while (m_rows.size() > static_cast<std::size_t>(monitors.size()))
-        removeRow(m_rows.size() - 1);
     m_noMonitors.setVisible(m_rows.empty());
 }
 
