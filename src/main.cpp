@@ -102,11 +102,14 @@ private:
     static int watch(const RunInvocation &invocation, SingleInstance &instance)
     {
         const auto termination = makeTerminationSignal();
-        const auto notificationCenter = makeNotificationCenter({});
+        NotificationPresenter presenter; // Of the status bar's, once there is one.
+        const auto notificationCenter = makeNotificationCenter(
+            [&presenter](const NotificationRequest &request) { presenter(request); });
         const auto wakeSignal = makeWakeSignal();
         const auto loginItem = makeLoginItem();
         const auto workspace = makeWorkspace();
         const auto motion = makeMotionPreference();
+        const auto statusBarHost = makeStatusBarHost();
 
         IoThread ioThread;
         QObject::connect(wakeSignal.get(), &WakeSignal::didWake, &instance,
@@ -130,8 +133,12 @@ private:
                 .loginItem = *loginItem,
                 .workspace = *workspace,
                 .motion = *motion,
+                .statusBarHost = *statusBarHost,
                 .fetchIcon = [&](const HttpRequest &request) { return httpClient.fetch(request); },
             });
+        presenter = [&app](const NotificationRequest &request) {
+            app.statusBarItem().present(request);
+        };
         QObject::connect(&instance, &SingleInstance::activationRequested, &app.delegate(),
                          &AppDelegate::reopen);
         QObject::connect(termination.get(), &TerminationSignal::terminationRequested, &app,

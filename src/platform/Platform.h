@@ -4,6 +4,7 @@
 #include "MotionPreference.h"
 #include "NotificationCenter.h"
 #include "SingleInstance.h"
+#include "StatusBarHost.h"
 #include "TerminationSignal.h"
 #include "WakeSignal.h"
 #include "Workspace.h"
@@ -25,6 +26,7 @@ makeNotificationCenter(const NotificationPresenter &presenter);
 [[nodiscard]] std::unique_ptr<LoginItem> makeLoginItem();
 /// @p storageDir exists.
 [[nodiscard]] std::unique_ptr<SingleInstance> makeSingleInstance(const QString &storageDir);
+[[nodiscard]] std::unique_ptr<StatusBarHost> makeStatusBarHost();
 [[nodiscard]] std::unique_ptr<TerminationSignal> makeTerminationSignal();
 [[nodiscard]] std::unique_ptr<Workspace> makeWorkspace();
 [[nodiscard]] std::unique_ptr<MotionPreference> makeMotionPreference();

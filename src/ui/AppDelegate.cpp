@@ -1,6 +1,7 @@
 #include "AppDelegate.h"
 
 #include <QGuiApplication>
+#include <QSessionManager>
 #include <QWindow>
 
 namespace ostrel {
@@ -9,11 +10,22 @@ AppDelegate::AppDelegate(QObject *parent)
     : QObject(parent)
 {
     QGuiApplication::setQuitOnLastWindowClosed(false);
+    connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &AppDelegate::leaveSession,
+            Qt::DirectConnection);
+    connect(qGuiApp, &QGuiApplication::saveStateRequest, this, &AppDelegate::leaveSession,
+            Qt::DirectConnection);
 }
 
 void AppDelegate::setMainWindow(QWindow *window)
 {
     m_mainWindow = window;
+}
+
+void AppDelegate::leaveSession(QSessionManager &manager)
+{
+    // Everything is on the disk already, so there is nothing to save, to ask or to hold up. Whether
+    // the next session starts the program is the login item's to say, and nobody else's.
+    manager.setRestartHint(QSessionManager::RestartNever);
 }
 
 void AppDelegate::reopen(const QByteArray &activationToken)

@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QPointer>
 
+class QSessionManager;
 class QWindow;
 
 namespace ostrel {
@@ -24,6 +25,9 @@ public:
     void reopen(const QByteArray &activationToken = {});
 
 private:
+    /// Lets the session manager end the program.
+    static void leaveSession(QSessionManager &manager);
+
     QPointer<QWindow> m_mainWindow;
 };
 

@@ -22,6 +22,7 @@ OstrelApp::OstrelApp(const QString &storageDir, const AppServices &services)
           .wakeSignal = services.wakeSignal,
           .sleeper = services.sleeper,
       })
+    , m_statusBarItem(m_store, services.statusBarHost)
     , m_monitors(m_store)
     , m_overview(m_store)
     , m_actions(m_store, m_engine)
@@ -33,6 +34,7 @@ OstrelApp::OstrelApp(const QString &storageDir, const AppServices &services)
     , m_icons(storageDir + QStringLiteral("/favicons"), services.fetchIcon)
 {
     connect(&m_form, &MonitorForm::websiteCreated, this, &OstrelApp::lookUpSite);
+    connectStatusBarItem();
 }
 
 OstrelApp::~OstrelApp() = default;
@@ -66,7 +68,16 @@ bool OstrelApp::show()
     });
     m_delegate.setMainWindow(window);
     m_delegate.reopen();
+    m_statusBarItem.show();
     return true;
+}
+
+void OstrelApp::connectStatusBarItem()
+{
+    connect(&m_statusBarItem, &StatusBarItem::helpRequested, &m_desktop, &DesktopActions::getHelp);
+    connect(&m_statusBarItem, &StatusBarItem::openRequested, &m_delegate,
+            [this] { m_delegate.reopen(); });
+    connect(&m_statusBarItem, &StatusBarItem::quitRequested, qApp, &QCoreApplication::quit);
 }
 
 void OstrelApp::contentAppeared()

@@ -12,6 +12,7 @@
 #include "MonitoringEngine.h"
 #include "Settings.h"
 #include "SheetOpener.h"
+#include "StatusBarItem.h"
 
 #include <QObject>
 #include <QQmlApplicationEngine>
@@ -24,6 +25,7 @@ class MotionPreference;
 class NotificationCenter;
 class NotificationManager;
 class Sleeper;
+class StatusBarHost;
 class WakeSignal;
 class Workspace;
 
@@ -39,6 +41,7 @@ struct AppServices
     LoginItem &loginItem;
     Workspace &workspace;
     MotionPreference &motion;
+    StatusBarHost &statusBarHost;
     Fetch fetchIcon; ///< How the sites' icons and titles reach the program.
 };
 
@@ -56,10 +59,12 @@ public:
     [[nodiscard]] bool show();
 
     [[nodiscard]] AppDelegate &delegate() { return m_delegate; }
+    [[nodiscard]] StatusBarItem &statusBarItem() { return m_statusBarItem; }
 
 private:
     /// Runs each time the main window's content appears.
     void contentAppeared();
+    void connectStatusBarItem();
 
     /// Gives the new monitor of the website at @p address the title of its page, once that is
     /// known, and finds the site's icon before the views ask for it.
@@ -69,6 +74,7 @@ private:
     AppDelegate m_delegate;
     MonitorStore m_store;
     MonitoringEngine m_engine;
+    StatusBarItem m_statusBarItem;
     MonitorListModel m_monitors;
     DashboardOverview m_overview;
     AppActions m_actions;

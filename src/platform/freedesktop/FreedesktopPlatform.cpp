@@ -2,6 +2,7 @@
 #include "FreedesktopMotionPreference.h"
 #include "FreedesktopNotificationCenter.h"
 #include "FreedesktopSingleInstance.h"
+#include "FreedesktopStatusBarHost.h"
 #include "FreedesktopTerminationSignal.h"
 #include "FreedesktopWakeSignal.h"
 #include "FreedesktopWorkspace.h"
@@ -28,6 +29,11 @@ std::unique_ptr<LoginItem> makeLoginItem()
 std::unique_ptr<SingleInstance> makeSingleInstance(const QString &storageDir)
 {
     return std::make_unique<FreedesktopSingleInstance>(storageDir);
+}
+
+std::unique_ptr<StatusBarHost> makeStatusBarHost()
+{
+    return std::make_unique<FreedesktopStatusBarHost>();
 }
 
 std::unique_ptr<TerminationSignal> makeTerminationSignal()

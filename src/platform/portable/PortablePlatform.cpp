@@ -2,6 +2,7 @@
 #include "PortableLoginItem.h"
 #include "PortableNotificationCenter.h"
 #include "PortableSingleInstance.h"
+#include "PortableStatusBarHost.h"
 #include "PortableTerminationSignal.h"
 #include "PortableWakeSignal.h"
 #include "PortableWorkspace.h"
@@ -26,6 +27,11 @@ std::unique_ptr<LoginItem> makeLoginItem()
 std::unique_ptr<SingleInstance> makeSingleInstance(const QString &storageDir)
 {
     return std::make_unique<PortableSingleInstance>(storageDir);
+}
+
+std::unique_ptr<StatusBarHost> makeStatusBarHost()
+{
+    return std::make_unique<PortableStatusBarHost>();
 }
 
 std::unique_ptr<TerminationSignal> makeTerminationSignal()

@@ -7,7 +7,6 @@
 
 #include <array>
 #include <cmath>
-#include <utility>
 
 namespace ostrel {
 
@@ -23,7 +22,20 @@ constexpr std::array symbolBoxes = {
     SymbolBox{22, 26}, SymbolBox{28, 34}, SymbolBox{48, 58},
 };
 
-using Key = std::pair<QString, std::pair<int, QRgb>>;
+struct Key
+{
+    QString name;
+    int pixels;
+    QRgb color;
+    SymbolRaster::Margin margin;
+
+    bool operator==(const Key &) const = default;
+};
+
+size_t qHash(const Key &key, size_t seed = 0)
+{
+    return qHashMulti(seed, key.name, key.pixels, key.color, static_cast<int>(key.margin));
+}
 
 /// The symbol's drawing in opaque @p color; empty where there is no such symbol.
 QByteArray coloredDrawing(const QString &name, const QColor &color)
@@ -42,7 +54,18 @@ void fade(QImage &image, int alpha)
     painter.fillRect(image.rect(), QColor(0, 0, 0, alpha));
 }
 
-QImage draw(const QString &name, int pixels, const QColor &color)
+/// Where the whole grid is drawn in a square of @p pixels.
+QRectF gridIn(int pixels, SymbolRaster::Margin margin)
+{
+    constexpr qreal grid = 24;
+    constexpr qreal drawnArea = 22.1; // Curves bulge a little beyond the 22 they are drawn in.
+    const qreal side =
+        margin == SymbolRaster::Margin::ofGrid ? pixels : (pixels - 2) * grid / drawnArea;
+    const qreal corner = (pixels - side) / 2;
+    return {corner, corner, side, side};
+}
+
+QImage draw(const QString &name, int pixels, const QColor &color, SymbolRaster::Margin margin)
 {
     const QByteArray drawing = coloredDrawing(name, color);
     if (drawing.isEmpty() || pixels <= 0)
@@ -52,7 +75,7 @@ QImage draw(const QString &name, int pixels, const QColor &color)
     {
         QPainter painter(&image);
         painter.setRenderHint(QPainter::Antialiasing);
-        QSvgRenderer(drawing).render(&painter, QRectF(image.rect()));
+        QSvgRenderer(drawing).render(&painter, gridIn(pixels, margin));
     }
     if (color.alpha() < 255)
         fade(image, color.alpha());
@@ -64,13 +87,13 @@ constexpr int cacheBytes = 1 << 20;
 
 } // namespace
 
-QImage SymbolRaster::image(const QString &name, int pixels, const QColor &color)
+QImage SymbolRaster::image(const QString &name, int pixels, const QColor &color, Margin margin)
 {
     static QCache<Key, QImage> images(cacheBytes);
-    const Key key(name, {pixels, color.rgba()});
+    const Key key = {.name = name, .pixels = pixels, .color = color.rgba(), .margin = margin};
     if (const QImage *known = images.object(key))
         return *known;
-    QImage drawn = draw(name, pixels, color);
+    QImage drawn = draw(name, pixels, color, margin);
     images.insert(key, new QImage(drawn), static_cast<int>(drawn.sizeInBytes()) + 1);
     return drawn;
 }

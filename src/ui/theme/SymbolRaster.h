@@ -11,9 +11,15 @@ namespace ostrel {
 class SymbolRaster
 {
 public:
+    enum class Margin {
+        ofGrid,   ///< Grows with the size, as everything in the drawing does.
+        onePixel, ///< One pixel at every size, for pictures that stand alone.
+    };
+
     /// The symbol @p name in a square of @p pixels device pixels, its drawing in @p color. Null
     /// where there is no such symbol.
-    [[nodiscard]] static QImage image(const QString &name, int pixels, const QColor &color);
+    [[nodiscard]] static QImage image(const QString &name, int pixels, const QColor &color,
+                                      Margin margin = Margin::ofGrid);
 
     /// The side of the box that a symbol takes of system size @p systemSize (the size of the text
     /// beside it).

@@ -8,7 +8,8 @@ VirtualDisplay::VirtualDisplay()
     m_server.start(QStringLiteral("Xvfb"),
                    {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
                     QStringLiteral("0"), QStringLiteral("1280x960x24"), QStringLiteral("-nolisten"),
-                    QStringLiteral("tcp"), QStringLiteral("-noreset")});
+                    QStringLiteral("tcp"), QStringLiteral("-noreset"), QStringLiteral("-fbdir"),
+                    m_folder.path()});
     const QByteArray number = m_server.nextLine();
     if (!number.isEmpty())
         m_name = u':' + QString::fromUtf8(number);

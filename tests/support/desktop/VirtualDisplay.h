@@ -3,6 +3,7 @@
 #include "BoundProcess.h"
 
 #include <QString>
+#include <QTemporaryDir>
 
 namespace ostrel::test {
 
@@ -17,7 +18,14 @@ public:
     /// For DISPLAY: ":5".
     [[nodiscard]] const QString &name() const { return m_name; }
 
+    /// The file that holds what the display shows at every moment, in the X window dump format.
+    [[nodiscard]] QString dumpFile() const
+    {
+        return m_folder.filePath(QStringLiteral("Xvfb_screen0"));
+    }
+
 private:
+    QTemporaryDir m_folder;
     BoundProcess m_server;
     QString m_name;
 };

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+namespace ostrel {
+
+/// What shows the status items of this desktop's programs. Main thread.
+class StatusBarHost : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    /// Whether none is known to be there, but one may be or come yet.
+    [[nodiscard]] virtual bool isAwaited() const = 0;
+
+    /// How @p text is given to a menu that the toolkit draws, so that it reads as it stands: no
+    /// character of it marks a key.
+    [[nodiscard]] static QString toolkitMenuText(const QString &text);
+    /// The same for a menu that the host draws itself.
+    [[nodiscard]] virtual QString menuText(const QString &text) const = 0;
+    /// Whether the host takes its colours from where this program's palette comes from, so that the
+    /// palette's text is legible on its bar and in its menus.
+    [[nodiscard]] virtual bool hasOurPalette() const = 0;
+
+Q_SIGNALS:
+    /// A host has come, or has been found.
+    void appeared();
+};
+
+} // namespace ostrel

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "StatusBarHost.h"
+
+namespace ostrel {
+
+/// A host that is there from the start, and whose menus take texts as the toolkit's own do.
+class PortableStatusBarHost final : public StatusBarHost
+{
+    Q_OBJECT
+
+public:
+    using StatusBarHost::StatusBarHost;
+
+    [[nodiscard]] bool isAwaited() const override { return false; }
+    [[nodiscard]] QString menuText(const QString &text) const override;
+    [[nodiscard]] bool hasOurPalette() const override { return false; }
+};
+
+} // namespace ostrel

@@ -1,0 +1,124 @@
+#include "StatusBarItem.h"
+
+#include "MonitorStore.h"
+#include "NotificationCenter.h"
+#include "StatusBarHost.h"
+#include "StatusBarSymbol.h"
+#include "StatusTexts.h"
+#include "ThemeColors.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QSystemTrayIcon>
+
+namespace ostrel {
+
+namespace {
+
+/// Both birds are one drawing, so that only the colour changes. The red one never has a name, so
+/// that nobody tints it, and its red is the theme's: these desktops have none of their own.
+QIcon bird(bool isAnythingDown, const StatusBarHost &host)
+{
+    const auto symbol = QStringLiteral("bird.fill");
+    constexpr auto margin = SymbolRaster::Margin::onePixel;
+    if (isAnythingDown) {
+        return SymbolIcon::icon(
+            {.symbol = symbol, .color = ThemeColors::statusDown(), .margin = margin});
+    }
+    const StatusBarSymbol plain = {
+        .symbol = symbol, .themeName = QStringLiteral("ostrel-symbolic"), .margin = margin};
+    return plain.icon(QApplication::palette().color(QPalette::WindowText), host);
+}
+
+QSystemTrayIcon::MessageIcon messageIcon(InterruptionLevel level)
+{
+    return level == InterruptionLevel::timeSensitive ? QSystemTrayIcon::Critical
+                                                     : QSystemTrayIcon::Information;
+}
+
+} // namespace
+
+StatusBarItem::StatusBarItem(const MonitorStore &store, StatusBarHost &host,
+                             std::chrono::milliseconds patience, QObject *parent)
+    : QObject(parent)
+    , m_store(store)
+    , m_host(host)
+    , m_menu(store, host)
+    , m_isAnythingDown(isAnythingDown(store))
+    , m_icon(bird(m_isAnythingDown, host))
+{
+    connect(&store, &MonitorStore::monitorsChanged, this, &StatusBarItem::updateIcon);
+    connect(&store, &MonitorStore::checksChanged, this, &StatusBarItem::updateIcon);
+    connect(&m_menu, &StatusBarMenu::helpRequested, this, &StatusBarItem::helpRequested);
+    connect(&m_menu, &StatusBarMenu::openRequested, this, &StatusBarItem::openRequested);
+    connect(&m_menu, &StatusBarMenu::quitRequested, this, &StatusBarItem::quitRequested);
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(patience);
+    connect(&m_patience, &QTimer::timeout, this, &StatusBarItem::join);
+    connect(&host, &StatusBarHost::appeared, this, [this] {
+        if (m_patience.isActive())
+            join();
+    });
+    m_menu.menu().installEventFilter(this);
+}
+
+StatusBarItem::~StatusBarItem() = default;
+
+void StatusBarItem::show()
+{
+    // On X11 the toolkit decides for good, when its first icon is made, whether icons speak to a
+    // host or to the older kind of bar, which embeds windows. So that is put off while a host may
+    // still be coming: either kind takes an icon at any time later, but not the other kind's.
+    if (m_host.isAwaited())
+        m_patience.start();
+    else
+        join();
+}
+
+void StatusBarItem::present(const NotificationRequest &request)
+{
+    if (m_trayIcon)
+        m_trayIcon->showMessage(request.title, request.body, messageIcon(request.level));
+}
+
+bool StatusBarItem::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::ApplicationPaletteChange) {
+        drawIcon();
+        m_menu.rewrite();
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void StatusBarItem::join()
+{
+    m_patience.stop();
+    m_trayIcon = std::make_unique<QSystemTrayIcon>(m_icon);
+    m_trayIcon->setToolTip(QStringLiteral("Ostrel"));
+    m_trayIcon->setContextMenu(&m_menu.menu());
+    // Who draws the menu is known from here on.
+    m_menu.rewrite();
+    connect(m_trayIcon.get(), &QSystemTrayIcon::activated, this,
+            [this](QSystemTrayIcon::ActivationReason reason) {
+                if (reason == QSystemTrayIcon::Trigger)
+                    Q_EMIT openRequested();
+            });
+    m_trayIcon->show();
+}
+
+void StatusBarItem::updateIcon()
+{
+    if (m_isAnythingDown == isAnythingDown(m_store))
+        return;
+    m_isAnythingDown = !m_isAnythingDown;
+    drawIcon();
+}
+
+void StatusBarItem::drawIcon()
+{
+    m_icon = bird(m_isAnythingDown, m_host);
+    if (m_trayIcon)
+        m_trayIcon->setIcon(m_icon);
+}
+
+} // namespace ostrel

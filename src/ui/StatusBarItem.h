@@ -1,0 +1,68 @@
+#pragma once
+
+#include "StatusBarMenu.h"
+
+#include <QIcon>
+#include <QObject>
+#include <QTimer>
+
+#include <chrono>
+#include <memory>
+
+class QSystemTrayIcon;
+
+namespace ostrel {
+
+class MonitorStore;
+class StatusBarHost;
+struct NotificationRequest;
+
+/// Ostrel in the desktop's status bar: a bird that is red while anything is down, and a menu.
+///
+/// Needs a QApplication. Main thread.
+class StatusBarItem : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// How long a host is waited for that starts after this program, as at login.
+    static constexpr std::chrono::milliseconds defaultPatience{10'000};
+
+    /// Both outlive this object.
+    StatusBarItem(const MonitorStore &store, StatusBarHost &host,
+                  std::chrono::milliseconds patience = defaultPatience, QObject *parent = nullptr);
+    ~StatusBarItem() override;
+
+    /// Joins the status bar once it is known which kind there is.
+    void show();
+    [[nodiscard]] bool hasJoined() const { return m_trayIcon != nullptr; }
+    /// Shows a notification beside the item, for desktops without a service for it. Dropped where
+    /// there is no status bar.
+    void present(const NotificationRequest &request);
+
+    [[nodiscard]] StatusBarMenu &menu() { return m_menu; }
+    /// The bird as it is at the moment.
+    [[nodiscard]] const QIcon &icon() const { return m_icon; }
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+Q_SIGNALS:
+    void helpRequested();
+    void openRequested();
+    void quitRequested();
+
+private:
+    void join();
+    void updateIcon();
+    void drawIcon();
+
+    const MonitorStore &m_store;
+    const StatusBarHost &m_host;
+    StatusBarMenu m_menu;
+    bool m_isAnythingDown;
+    QIcon m_icon;
+    QTimer m_patience;
+    std::unique_ptr<QSystemTrayIcon> m_trayIcon; ///< Once joined.
+};
+
+} // namespace ostrel

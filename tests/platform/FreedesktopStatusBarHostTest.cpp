@@ -1,0 +1,97 @@
+#include "FreedesktopStatusBarHost.h"
+
+#include "PortableStatusBarHost.h"
+#include "Printers.h"
+#include "PrivateBus.h"
+#include "WaitFor.h"
+
+#include <gtest/gtest.h>
+
+namespace ostrel::test {
+namespace {
+
+QString text(const char *english)
+{
+    return QString::fromUtf8(english);
+}
+
+QDBusConnection noBus()
+{
+    return QDBusConnection(QString());
+}
+
+TEST(FreedesktopStatusBarHostTest, TellsOfEveryHostThatComes)
+{
+    PrivateBus bus;
+    ASSERT_TRUE(bus.isRunning());
+    const FreedesktopStatusBarHost host(bus.connect());
+    EXPECT_TRUE(host.isAwaited());
+    int comings = 0;
+    QObject::connect(&host, &StatusBarHost::appeared, [&] { ++comings; });
+    QDBusConnection panel = bus.connect();
+    const QString service = text("org.kde.StatusNotifierWatcher");
+    for (int coming = 1; coming <= 2; ++coming) {
+        ASSERT_TRUE(panel.registerService(service));
+        EXPECT_TRUE(waitFor([&] { return comings == coming; }));
+        EXPECT_FALSE(host.isAwaited());
+        panel.unregisterService(service);
+        EXPECT_TRUE(waitFor([&] { return host.isAwaited(); }));
+    }
+}
+
+TEST(FreedesktopStatusBarHostTest, FindsAHostThatIsThereAlready)
+{
+    PrivateBus bus;
+    ASSERT_TRUE(bus.connect().registerService(text("org.kde.StatusNotifierWatcher")));
+    const FreedesktopStatusBarHost host(bus.connect());
+    int comings = 0;
+    QObject::connect(&host, &StatusBarHost::appeared, [&] { ++comings; });
+    EXPECT_TRUE(waitFor([&] { return comings > 0; }));
+    EXPECT_FALSE(host.isAwaited());
+    EXPECT_EQ(comings, 1);
+}
+
+TEST(FreedesktopStatusBarHostTest, IsThereWithoutABus)
+{
+    const FreedesktopStatusBarHost host(noBus());
+    EXPECT_FALSE(host.isAwaited());
+    EXPECT_EQ(host.menuText(text("Shop")), text("Shop"));
+}
+
+TEST(FreedesktopStatusBarHostTest, NoCharacterOfATextMarksAKey)
+{
+    const FreedesktopStatusBarHost host(noBus());
+    const std::pair<const char *, const char *> texts[] = {
+        {"", ""},
+        {"Field Notes", "Field Notes"},
+        {"api_prod", "api__prod"},
+        {"__x_", "____x__"},
+        {"Tom & Jerry", "Tom && Jerry"},
+        {"a & b & c", "a && b & c"},
+        {"last &", "last &&"},
+        {"both & and_here", "both && and\u02CDhere"},
+    };
+    for (const auto &[name, written] : texts)
+        EXPECT_EQ(host.menuText(text(name)), text(written));
+}
+
+TEST(FreedesktopStatusBarHostTest, SharesThePaletteOnDesktopsOfTheToolkit)
+{
+    const FreedesktopStatusBarHost host(noBus());
+    const std::pair<const char *, bool> desktops[] = {
+        {"KDE", true},           {"LXQt", true},     {"XFCE", false}, {"", false},
+        {"ubuntu:GNOME", false}, {"Fork:KDE", true}, {"KDEx", false},
+    };
+    for (const auto &[name, isShared] : desktops) {
+        qputenv("XDG_CURRENT_DESKTOP", name);
+        EXPECT_EQ(host.hasOurPalette(), isShared) << name;
+    }
+}
+
+TEST(PortableStatusBarHostTest, WritesAsTheToolkitDoes)
+{
+    EXPECT_EQ(PortableStatusBarHost().menuText(text("a & b_c & d")), text("a && b_c && d"));
+}
+
+} // namespace
+} // namespace ostrel::test

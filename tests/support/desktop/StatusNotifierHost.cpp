@@ -1,0 +1,212 @@
+#include "StatusNotifierHost.h"
+
+#include <QDBusArgument>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QDBusVariant>
+
+#include <algorithm>
+
+namespace ostrel::test {
+
+namespace {
+
+QString watcherPath()
+{
+    return QStringLiteral("/StatusNotifierWatcher");
+}
+
+QString watcherService()
+{
+    return QStringLiteral("org.kde.StatusNotifierWatcher");
+}
+
+QString itemInterface()
+{
+    return QStringLiteral("org.kde.StatusNotifierItem");
+}
+
+QString menuInterface()
+{
+    return QStringLiteral("com.canonical.dbusmenu");
+}
+
+/// What is left of a label once its underscores have had their effect: one marks a key, two are
+/// one to read.
+QString readableLabel(const QString &label)
+{
+    QString text;
+    for (qsizetype i = 0; i < label.size(); ++i) {
+        if (label[i] == u'_' && ++i == label.size())
+            break;
+        text += label[i];
+    }
+    return text;
+}
+
+ShownEntry entryFrom(int id, const QVariantMap &properties)
+{
+    const QString label = readableLabel(properties.value(QStringLiteral("label")).toString());
+    return {.id = id,
+            .text = label.section(u'\t', 0, 0),
+            .trailingText = label.section(u'\t', 1),
+            .isEnabled = properties.value(QStringLiteral("enabled"), true).toBool(),
+            .isSeparator = properties.value(QStringLiteral("type")) == QStringLiteral("separator"),
+            .icon = properties.value(QStringLiteral("icon-data")).toByteArray()};
+}
+
+/// A layout is a number, properties and more layouts; this one has none below its entries.
+QList<ShownEntry> childrenOf(const QDBusArgument &layout)
+{
+    int id = 0;
+    QVariantMap properties;
+    QList<ShownEntry> children;
+    layout.beginStructure();
+    layout >> id >> properties;
+    layout.beginArray();
+    while (!layout.atEnd()) {
+        QDBusVariant child;
+        layout >> child;
+        const auto structure = child.variant().value<QDBusArgument>();
+        structure.beginStructure();
+        structure >> id >> properties;
+        structure.endStructure();
+        if (properties.value(QStringLiteral("visible"), true).toBool())
+            children += entryFrom(id, properties);
+    }
+    layout.endArray();
+    layout.endStructure();
+    return children;
+}
+
+QString lineOf(const ShownEntry &entry)
+{
+    if (entry.isSeparator)
+        return QStringLiteral("-");
+    const QString line =
+        entry.trailingText.isEmpty() ? entry.text : entry.text + u'|' + entry.trailingText;
+    return entry.isEnabled ? line : u'[' + line + u']';
+}
+
+} // namespace
+
+StatusNotifierHost::StatusNotifierHost(PrivateBus &bus)
+    : m_connection(bus.connect())
+{
+    m_itemWatcher.setConnection(m_connection);
+    m_itemWatcher.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
+    connect(&m_itemWatcher, &QDBusServiceWatcher::serviceUnregistered, this,
+            [this](const QString &service) {
+                if (m_item == service)
+                    m_item.clear();
+            });
+    m_connection.registerObject(watcherPath(), this,
+                                QDBusConnection::ExportAllSlots |
+                                    QDBusConnection::ExportAllProperties);
+    m_connection.registerService(watcherService());
+}
+
+StatusNotifierHost::~StatusNotifierHost()
+{
+    m_connection.unregisterObject(watcherPath());
+    QDBusConnection::disconnectFromBus(m_connection.name());
+}
+
+QStringList StatusNotifierHost::registeredItems() const
+{
+    return hasItem() ? QStringList(m_item) : QStringList();
+}
+
+void StatusNotifierHost::RegisterStatusNotifierItem(const QString &)
+{
+    m_item = message().service();
+    m_itemWatcher.setWatchedServices({m_item});
+    const auto listen = [this](const char *signal, const char *slot) {
+        m_connection.connect(m_item, QString(), menuInterface(), QString::fromLatin1(signal), this,
+                             slot);
+    };
+    listen("LayoutUpdated", SLOT(countLayoutChange()));
+    listen("ItemsPropertiesUpdated", SLOT(countEntryChange()));
+}
+
+QString StatusNotifierHost::itemText(const QString &property)
+{
+    return itemProperty(property).toString();
+}
+
+QList<ShownPixmap> StatusNotifierHost::itemPixmaps()
+{
+    const auto pixmaps = itemProperty(QStringLiteral("IconPixmap")).value<QDBusArgument>();
+    QList<ShownPixmap> shown;
+    pixmaps.beginArray();
+    while (!pixmaps.atEnd()) {
+        ShownPixmap pixmap;
+        pixmaps.beginStructure();
+        pixmaps >> pixmap.width >> pixmap.height >> pixmap.argb;
+        pixmaps.endStructure();
+        shown += pixmap;
+    }
+    pixmaps.endArray();
+    return shown;
+}
+
+QList<ShownEntry> StatusNotifierHost::entries()
+{
+    constexpr int root = 0;
+    constexpr int allLevels = -1;
+    const QDBusMessage reply = call(menuPath(), menuInterface(), QStringLiteral("GetLayout"),
+                                    {root, allLevels, QStringList()});
+    return reply.arguments().size() == 2 ? childrenOf(reply.arguments()[1].value<QDBusArgument>())
+                                         : QList<ShownEntry>();
+}
+
+QStringList StatusNotifierHost::lines()
+{
+    QStringList lines;
+    for (const ShownEntry &entry : entries())
+        lines += lineOf(entry);
+    return lines;
+}
+
+bool StatusNotifierHost::choose(const QString &text)
+{
+    const auto shown = entries();
+    const auto entry =
+        std::ranges::find_if(shown, [&](const ShownEntry &each) { return each.text == text; });
+    if (entry == shown.end())
+        return false;
+    const QDBusMessage reply =
+        call(menuPath(), menuInterface(), QStringLiteral("Event"),
+             {entry->id, QStringLiteral("clicked"), QVariant::fromValue(QDBusVariant(QString())),
+              QVariant::fromValue(0U)});
+    return reply.type() == QDBusMessage::ReplyMessage;
+}
+
+void StatusNotifierHost::activateItem()
+{
+    call(QStringLiteral("/StatusNotifierItem"), itemInterface(), QStringLiteral("Activate"),
+         {0, 0});
+}
+
+QVariant StatusNotifierHost::itemProperty(const QString &name)
+{
+    const QDBusMessage reply = call(QStringLiteral("/StatusNotifierItem"),
+                                    QStringLiteral("org.freedesktop.DBus.Properties"),
+                                    QStringLiteral("Get"), {itemInterface(), name});
+    return reply.arguments().value(0).value<QDBusVariant>().variant();
+}
+
+QString StatusNotifierHost::menuPath()
+{
+    return itemProperty(QStringLiteral("Menu")).value<QDBusObjectPath>().path();
+}
+
+QDBusMessage StatusNotifierHost::call(const QString &path, const QString &interface,
+                                      const QString &method, const QVariantList &arguments)
+{
+    QDBusMessage message = QDBusMessage::createMethodCall(m_item, path, interface, method);
+    message.setArguments(arguments);
+    return m_connection.call(message, QDBus::BlockWithGui);
+}
+
+} // namespace ostrel::test
