@@ -29,6 +29,7 @@ T.ComboBox {
     opacity: enabled ? 1 : Theme.disabledOpacity
     Accessible.name: spokenName
     Accessible.description: displayText
+    Accessible.onPressAction: popup.open()
     Keys.onReturnPressed: popup.open()
     Keys.onEnterPressed: popup.open()
 
