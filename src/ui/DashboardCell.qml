@@ -22,6 +22,7 @@ Item {
     readonly property real columnWidth: (contentWidth - Theme.spacing) / 2
 
     signal chosen
+    signal focusRequested
 
     height: Theme.monitorCardHeight
 
@@ -39,5 +40,6 @@ Item {
         spokenText: root.spokenText
         showsFocus: root.showsFocus
         onChosen: root.chosen()
+        onFocusRequested: root.focusRequested()
     }
 }

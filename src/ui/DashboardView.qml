@@ -74,6 +74,10 @@ Item {
             contentWidth: root.contentWidth
             showsFocus: GridView.isCurrentItem && grid.activeFocus
             onChosen: grid.choose(cell.index)
+            onFocusRequested: {
+                grid.currentIndex = cell.index;
+                grid.forceActiveFocus(Qt.OtherFocusReason);
+            }
         }
     }
 }

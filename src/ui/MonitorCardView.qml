@@ -17,6 +17,8 @@ CardStyle {
     property bool showsFocus: false
 
     signal chosen
+    // An assistive tool gives the keyboard to the card.
+    signal focusRequested
 
     implicitHeight: Theme.monitorCardHeight
     fill: area.pressed ? Theme.cardPressed : area.containsMouse ? Theme.cardHover : Theme.surface
@@ -26,6 +28,10 @@ CardStyle {
     Accessible.focusable: true
     Accessible.focused: showsFocus
     Accessible.onPressAction: chosen()
+    onActiveFocusChanged: {
+        if (activeFocus)
+            focusRequested();
+    }
 
     MouseArea {
         id: area
