@@ -117,6 +117,7 @@ Rectangle {
                         selectionColor: Theme.textSelection
                         selectedTextColor: Theme.textPrimary
                         Accessible.role: Accessible.EditableText
+                        Accessible.editable: false
                         Accessible.readOnly: true
                         Accessible.name: storedIn.text
                     }

@@ -63,7 +63,11 @@ T.ComboBox {
         background: MenuSurface {}
 
         contentItem: ListView {
+            id: rows
+
             clip: true
+            Accessible.role: Accessible.List
+            Accessible.name: root.spokenName
             implicitHeight: contentHeight
             model: root.count
             currentIndex: root.highlightedIndex
@@ -77,6 +81,13 @@ T.ComboBox {
                 highlighted: root.highlightedIndex === index
                 onClicked: root.choose(index)
             }
+        }
+
+        // Its list says it all.
+        Binding {
+            target: rows.parent
+            property: "Accessible.ignored"
+            value: true
         }
     }
 
