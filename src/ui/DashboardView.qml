@@ -20,6 +20,12 @@ Item {
     // A card has been chosen; it is selected.
     signal cardChosen
 
+    function scrollPages(pages: real): void {
+        const top = grid.originY - grid.topMargin;
+        const bottom = grid.originY + grid.contentHeight + grid.bottomMargin - grid.height;
+        grid.contentY = Math.max(top, Math.min(grid.contentY + pages * grid.height, bottom));
+    }
+
     EmptyDashboard {
         objectName: "empty"
         anchors.fill: parent
