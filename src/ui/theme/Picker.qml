@@ -59,6 +59,11 @@ T.ComboBox {
         y: root.height + Theme.menuOffset
         width: root.width
         padding: Theme.menuPadding
+        // Else Escape, meant for the menu, would go where the keyboard was.
+        onAboutToShow: {
+            if (!root.activeFocus)
+                root.forceActiveFocus(Qt.PopupFocusReason);
+        }
         implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
         background: MenuSurface {}
 
