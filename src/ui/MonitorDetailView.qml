@@ -50,6 +50,15 @@ Flickable {
         value: root.visible && exposure.isExposed
     }
 
+    // Every monitor's page begins at its top.
+    Connections {
+        target: root.model
+
+        function onMonitorIdChanged(): void {
+            root.contentY = 0;
+        }
+    }
+
     WindowExposure {
         id: exposure
 
