@@ -91,6 +91,13 @@ int OstrelProgram::stop()
     return m_process.exitCode();
 }
 
+int OstrelProgram::waitForEnd()
+{
+    if (!waitFor([this] { return !isRunning(); }) || m_process.exitStatus() != QProcess::NormalExit)
+        return -1;
+    return m_process.exitCode();
+}
+
 void OstrelProgram::kill()
 {
     m_process.kill();

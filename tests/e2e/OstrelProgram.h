@@ -31,6 +31,8 @@ public:
     [[nodiscard]] bool isRunning() const { return m_process.state() == QProcess::Running; }
     /// SIGTERM; the exit code, or -1 where it doesn't end in an orderly way.
     [[nodiscard]] int stop();
+    /// Waits until it ends by itself; the exit code, or -1 where it doesn't.
+    [[nodiscard]] int waitForEnd();
     /// SIGKILL.
     void kill();
     [[nodiscard]] qint64 processId() const { return m_process.processId(); }

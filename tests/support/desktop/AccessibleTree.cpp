@@ -60,9 +60,8 @@ QList<AccessibleItem> showingItems(const AccessibleNode &root)
 std::optional<AccessibleItem> itemNamed(const QList<AccessibleItem> &items, AccessibleRole role,
                                         const QString &name)
 {
-    const auto found = std::ranges::find_if(items, [&](const AccessibleItem &item) {
-        return item.role == role && item.name == name;
-    });
+    const auto found = std::ranges::find_if(
+        items, [&](const AccessibleItem &item) { return item.role == role && item.name == name; });
     return found == items.cend() ? std::nullopt : std::optional(*found);
 }
 

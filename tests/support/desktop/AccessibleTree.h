@@ -18,10 +18,7 @@ struct AccessibleItem
     QStringList actions;
     QRect extents; ///< On the display.
 
-    [[nodiscard]] bool has(AccessibleState state) const
-    {
-        return contains(states, state);
-    }
+    [[nodiscard]] bool has(AccessibleState state) const { return contains(states, state); }
     /// "push button 'Add Monitor' [focusable] (Press)", indented by depth.
     [[nodiscard]] QString describe() const;
 };

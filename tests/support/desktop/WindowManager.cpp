@@ -38,6 +38,7 @@ bool WindowManager::control(const QStringList &arguments)
 {
     BoundProcess process;
     process.setProcessEnvironment(m_environment);
+    process.logTo(QProcess::nullDevice());
     process.start(QStringLiteral("wmctrl"), arguments);
     const bool isDone = process.waitForFinished() && process.exitCode() == 0;
     m_output = process.readAllStandardOutput();
