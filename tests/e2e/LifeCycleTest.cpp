@@ -3,6 +3,7 @@
 #include "OstrelProgram.h"
 #include "VirtualDisplay.h"
 #include "WaitFor.h"
+#include "WindowManager.h"
 
 #include <QDir>
 #include <QFile>
@@ -25,56 +26,13 @@ QString text(const char *english)
     return QString::fromLatin1(english);
 }
 
-/// A display with a real window manager, through which windows are seen and closed.
-class Desktop
-{
-public:
-    Desktop()
-    {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(text("DISPLAY"), display.name());
-        m_manager.setProcessEnvironment(environment);
-        m_manager.logTo(QProcess::nullDevice());
-        m_manager.start(text("openbox"), {text("--sm-disable")});
-    }
-
-    [[nodiscard]] bool isReady()
-    {
-        return waitFor([this] { return control({text("-m")}); });
-    }
-    [[nodiscard]] bool hasWindow() { return output().contains("Ostrel"); }
-    /// As the close button does.
-    [[nodiscard]] bool closeWindow() { return control({text("-c"), text("Ostrel")}); }
-
-    VirtualDisplay display;
-
-private:
-    QByteArray output()
-    {
-        control({text("-l")});
-        return m_control.readAllStandardOutput();
-    }
-
-    bool control(const QStringList &arguments)
-    {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(text("DISPLAY"), display.name());
-        m_control.setProcessEnvironment(environment);
-        m_control.start(text("wmctrl"), arguments);
-        return m_control.waitForFinished() && m_control.exitCode() == 0;
-    }
-
-    BoundProcess m_manager;
-    QProcess m_control;
-};
-
 class LifeCycleTest : public testing::Test
 {
 protected:
     LifeCycleTest()
     {
         program.setEnvironment(text("QT_QPA_PLATFORM"), text("xcb"));
-        program.setEnvironment(text("DISPLAY"), desktop.display.name());
+        program.setEnvironment(text("DISPLAY"), display.name());
     }
 
     [[nodiscard]] std::size_t checkCount() const
@@ -87,7 +45,8 @@ protected:
 
     HostileServer server{answerWith("OK")};
     Monitor monitor = webMonitor(text("Shop"), server.url());
-    Desktop desktop;
+    VirtualDisplay display;
+    WindowManager windows{display};
     OstrelProgram program;
 };
 
@@ -95,18 +54,18 @@ protected:
 
 TEST_F(LifeCycleTest, ClosingTheWindowGoesOnWatchingAndASecondStartShowsItAgain)
 {
-    ASSERT_TRUE(desktop.isReady());
+    ASSERT_TRUE(windows.isReady());
     program.writeMonitors({monitor});
     ASSERT_TRUE(program.start());
-    ASSERT_TRUE(waitFor([this] { return desktop.hasWindow(); }));
+    ASSERT_TRUE(waitFor([this] { return windows.hasWindow(text("Ostrel")); }));
 
-    ASSERT_TRUE(desktop.closeWindow());
-    ASSERT_TRUE(waitFor([this] { return !desktop.hasWindow(); }));
+    ASSERT_TRUE(windows.closeWindow(text("Ostrel")));
+    ASSERT_TRUE(waitFor([this] { return !windows.hasWindow(text("Ostrel")); }));
     const std::size_t before = checkCount();
     EXPECT_TRUE(waitFor([&] { return checkCount() >= before + 2; }));
 
     EXPECT_EQ(program.run({}).exitCode, 0);
-    EXPECT_TRUE(waitFor([this] { return desktop.hasWindow(); }));
+    EXPECT_TRUE(waitFor([this] { return windows.hasWindow(text("Ostrel")); }));
     EXPECT_TRUE(program.isRunning());
     EXPECT_EQ(program.stop(), 0);
 }

@@ -68,8 +68,6 @@ T.ComboBox {
         background: MenuSurface {}
 
         contentItem: ListView {
-            id: rows
-
             clip: true
             Accessible.role: Accessible.List
             Accessible.name: root.spokenName
@@ -90,7 +88,7 @@ T.ComboBox {
 
         // Its list says it all.
         Binding {
-            target: rows.parent
+            target: root.popup.contentItem.parent
             property: "Accessible.ignored"
             value: true
         }
