@@ -18,6 +18,7 @@ Item {
     property real contentX: 0
     property real contentWidth: 0
     property bool showsFocus: false
+    readonly property Item card: view
     readonly property bool isLeft: index % 2 === 0
     readonly property real columnWidth: (contentWidth - Theme.spacing) / 2
 
@@ -27,6 +28,8 @@ Item {
     height: Theme.monitorCardHeight
 
     MonitorCardView {
+        id: view
+
         objectName: "card"
         x: root.isLeft ? root.contentX : root.contentX + root.contentWidth - width - root.width
         width: root.isLeft ? Math.ceil(root.columnWidth) : Math.floor(root.columnWidth)

@@ -33,6 +33,10 @@ Item {
         onAddRequested: root.addRequested()
     }
 
+    FocusVoice {
+        item: grid.activeFocus ? (grid.currentItem as DashboardCell)?.card ?? null : null
+    }
+
     // Two cells fill the page's width, so that it scrolls wherever the pointer is; the cards stand
     // in them towards its middle.
     GridView {

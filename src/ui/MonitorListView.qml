@@ -44,6 +44,10 @@ KeyboardItem {
             event.accepted = false;
     }
 
+    FocusVoice {
+        item: !root.activeFocus ? null : root.selection.showsMonitor ? list.currentItem : home
+    }
+
     HomeRow {
         id: home
 

@@ -1,5 +1,6 @@
 #include "CheckJson.h"
 #include "ExpectedMonitor.h"
+#include "FocusListener.h"
 #include "HostileBehaviours.h"
 #include "OstrelDesktop.h"
 #include "Printers.h"
@@ -309,6 +310,35 @@ TEST_F(AccessibleTreeTest, ARowSaysWhereItIsAndWhetherItIsMeant)
     EXPECT_TRUE(waitFor([this] { return focusedName().startsWith(text("Old Shop")); }));
     ASSERT_TRUE(desktop.user.press("Return"));
     EXPECT_TRUE(waitForLine(text("heading 'Old Shop'")));
+    EXPECT_EQ(desktop.program.stop(), 0);
+}
+
+TEST_F(AccessibleTreeTest, WhereTheKeyboardGoesIsTold)
+{
+    ASSERT_NO_FATAL_FAILURE(startWatching());
+    FocusListener listener(desktop.accessibility.connection());
+    const auto isTold = [&](const char *key, const QString &name) {
+        listener.forget();
+        return desktop.user.press(key) &&
+               waitFor([&] { return listener.heard().filter(name).size() == 1; });
+    };
+    EXPECT_TRUE(isTold("Down", text("Shop, up")));
+    EXPECT_TRUE(isTold("Down", text("Database, down")));
+    EXPECT_TRUE(isTold("shift+F10", text("Database")));
+    EXPECT_TRUE(isTold("Down", text("Check Now")));
+    EXPECT_TRUE(isTold("Down", text("Pause")));
+    EXPECT_TRUE(isTold("Escape", text("Database, down")));
+    EXPECT_TRUE(isTold("Escape", text("Ostrel")));
+    EXPECT_TRUE(isTold("Tab", text("Add Monitor")));
+    EXPECT_TRUE(isTold("Tab", text("Settings")));
+    EXPECT_TRUE(isTold("Tab", text("Sidebar width")));
+    EXPECT_TRUE(isTold("Tab", text("Shop, up"))) << "its card";
+    EXPECT_TRUE(isTold("Right", text("Database, down")));
+    EXPECT_TRUE(isTold("ctrl+n", text("Website address")));
+    const auto picker = item(AccessibleRole::comboBox, text("Keyword"));
+    ASSERT_TRUE(picker && picker->node.act(text("SetFocus")));
+    EXPECT_TRUE(isTold("Return", text("Must exist")));
+    EXPECT_TRUE(isTold("Down", text("Must not exist")));
     EXPECT_EQ(desktop.program.stop(), 0);
 }
 

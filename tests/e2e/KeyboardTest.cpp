@@ -4,8 +4,6 @@
 #include "Printers.h"
 #include "WaitFor.h"
 
-#include <QSettings>
-
 #include <gtest/gtest.h>
 
 namespace ostrel::test {
@@ -44,24 +42,24 @@ protected:
     /// can be seen in its window.
     void expectWalk(const char *key, const QStringList &names)
     {
+        const QRect window = frame();
         for (const QString &name : names) {
             ASSERT_TRUE(desktop.user.press(key));
             ASSERT_TRUE(comesTo(name))
                 << name.toStdString() << " is expected, not " << place().toStdString();
             const auto focused = desktop.focusedItem();
             EXPECT_TRUE(focused->has(AccessibleState::showing)) << name.toStdString();
-            EXPECT_TRUE(frame().contains(focused->extents)) << name.toStdString();
+            EXPECT_TRUE(window.contains(focused->extents)) << name.toStdString();
         }
     }
     [[nodiscard]] QRect frame()
     {
-        return itemNamed(desktop.items(), AccessibleRole::frame, text("Ostrel"))->extents;
+        const auto window = itemNamed(desktop.items(), AccessibleRole::frame, text("Ostrel"));
+        return window ? window->extents : QRect();
     }
     [[nodiscard]] double storedSidebarWidth() const
     {
-        const QSettings file(desktop.program.homeFile(text("config/Ostrel/Ostrel.conf")),
-                             QSettings::IniFormat);
-        return file.value(text("sidebarWidth")).toDouble();
+        return desktop.program.preference("sidebarWidth").toDouble();
     }
 
     HostileServer server{answerWith("OK")};

@@ -2,8 +2,6 @@
 
 #include "WaitFor.h"
 
-#include <algorithm>
-
 namespace ostrel::test {
 
 OstrelDesktop::OstrelDesktop()
@@ -43,12 +41,8 @@ bool OstrelDesktop::waitUntilGone(AccessibleRole role, const QString &name)
 
 std::optional<AccessibleItem> OstrelDesktop::focusedItem()
 {
-    std::optional<AccessibleItem> innermost;
-    for (const AccessibleItem &item : items()) {
-        if (item.has(AccessibleState::focused))
-            innermost = item;
-    }
-    return innermost;
+    const auto root = accessibility.program(program.processId());
+    return root ? test::focusedItem(*root) : std::nullopt;
 }
 
 } // namespace ostrel::test

@@ -9,7 +9,6 @@
 #include <QFile>
 #include <QImage>
 #include <QRegularExpression>
-#include <QSettings>
 
 #include <gtest/gtest.h>
 
@@ -263,27 +262,18 @@ void WindowJourneyTest::useTheDatabasesMenu()
 
 void WindowJourneyTest::changeTheSettings()
 {
-    const auto isOn = [this](const char *key) {
-        const QSettings file(desktop.program.homeFile(text("config/Ostrel/Ostrel.conf")),
-                             QSettings::IniFormat);
-        return file.value(text(key)).toBool();
-    };
+    const auto kept = [this](const char *key) { return desktop.program.preference(key); };
     const QString loginItem = desktop.program.homeFile(text("config/autostart/ostrel.desktop"));
     ASSERT_TRUE(desktop.user.press("ctrl+comma"));
     ASSERT_TRUE(sees(AccessibleRole::frame, text("Settings")));
     ASSERT_TRUE(click(AccessibleRole::checkBox, text("Launch at Login")));
-    EXPECT_TRUE(waitFor([&] { return isOn("launchAtLogin") && QFile::exists(loginItem); }));
+    EXPECT_TRUE(
+        waitFor([&] { return kept("launchAtLogin") == "true" && QFile::exists(loginItem); }));
     ASSERT_TRUE(click(AccessibleRole::checkBox, text("Launch at Login")));
-    EXPECT_TRUE(waitFor([&] { return !isOn("launchAtLogin") && !QFile::exists(loginItem); }));
+    EXPECT_TRUE(
+        waitFor([&] { return kept("launchAtLogin") == "false" && !QFile::exists(loginItem); }));
     ASSERT_TRUE(click(AccessibleRole::checkBox, text("Play Sounds on Status Change")));
-    EXPECT_TRUE(waitFor([&] {
-        const QByteArray file =
-            QSettings(desktop.program.homeFile(text("config/Ostrel/Ostrel.conf")),
-                      QSettings::IniFormat)
-                .value(text("playSounds"))
-                .toByteArray();
-        return file == "false";
-    }));
+    EXPECT_TRUE(waitFor([&] { return kept("playSounds") == "false"; }));
     ASSERT_TRUE(desktop.user.press("Escape"));
     EXPECT_TRUE(isGone(AccessibleRole::frame, text("Settings")));
 }

@@ -86,6 +86,10 @@ T.ComboBox {
             }
         }
 
+        FocusVoice {
+            item: root.popup.visible ? (root.popup.contentItem as ListView).currentItem : null
+        }
+
         // Its list says it all.
         Binding {
             target: root.popup.contentItem.parent

@@ -25,6 +25,8 @@ public:
     /// Starts it, and returns when programs can register; false where they never can.
     [[nodiscard]] bool start();
 
+    /// Where it is started, for whoever listens to it.
+    [[nodiscard]] QDBusConnection connection() const { return QDBusConnection(m_connectionName); }
     /// The program of the process @p processId; nothing while it isn't registered.
     [[nodiscard]] std::optional<AccessibleNode> program(qint64 processId);
 

@@ -16,23 +16,43 @@ constexpr std::pair<AccessibleState, const char *> toldStates[] = {
     {AccessibleState::expanded, "expanded"},
 };
 
+AccessibleItem read(const AccessibleNode &node, quint64 states, int depth)
+{
+    return {.node = node,
+            .depth = depth,
+            .role = node.role(),
+            .name = node.name(),
+            .description = node.description(),
+            .states = states,
+            .actions = node.actions(),
+            .extents = node.extents()};
+}
+
+bool isShowing(quint64 states, int depth)
+{
+    // The program itself, at the root, never says so.
+    return depth == 0 || contains(states, AccessibleState::showing);
+}
+
 void collect(const AccessibleNode &node, int depth, QList<AccessibleItem> &items)
 {
-    const AccessibleRole role = node.role();
     const quint64 states = node.states();
-    // A program shows nothing itself.
-    if (!contains(states, AccessibleState::showing) && role != AccessibleRole::application)
+    if (!isShowing(states, depth))
         return;
-    items.append({.node = node,
-                  .depth = depth,
-                  .role = role,
-                  .name = node.name(),
-                  .description = node.description(),
-                  .states = states,
-                  .actions = node.actions(),
-                  .extents = node.extents()});
+    items.append(read(node, states, depth));
     for (const AccessibleNode &child : node.children())
         collect(child, depth + 1, items);
+}
+
+void findFocused(const AccessibleNode &node, int depth, std::optional<AccessibleNode> &innermost)
+{
+    const quint64 states = node.states();
+    if (!isShowing(states, depth))
+        return;
+    if (contains(states, AccessibleState::focused))
+        innermost = node;
+    for (const AccessibleNode &child : node.children())
+        findFocused(child, depth + 1, innermost);
 }
 
 } // namespace
@@ -55,6 +75,13 @@ QList<AccessibleItem> showingItems(const AccessibleNode &root)
     QList<AccessibleItem> items;
     collect(root, 0, items);
     return items;
+}
+
+std::optional<AccessibleItem> focusedItem(const AccessibleNode &root)
+{
+    std::optional<AccessibleNode> innermost;
+    findFocused(root, 0, innermost);
+    return innermost ? std::optional(read(*innermost, innermost->states(), 0)) : std::nullopt;
 }
 
 std::optional<AccessibleItem> itemNamed(const QList<AccessibleItem> &items, AccessibleRole role,

@@ -26,6 +26,10 @@ struct AccessibleItem
 /// All that is showing in @p root, itself included, in the order in which a reader meets it.
 [[nodiscard]] QList<AccessibleItem> showingItems(const AccessibleNode &root);
 
+/// The innermost thing in @p root that has the keyboard; nothing where none says so. Asks for less
+/// than showingItems().
+[[nodiscard]] std::optional<AccessibleItem> focusedItem(const AccessibleNode &root);
+
 /// The first of @p items with that role and name; nothing where there is none.
 [[nodiscard]] std::optional<AccessibleItem> itemNamed(const QList<AccessibleItem> &items,
                                                       AccessibleRole role, const QString &name);
