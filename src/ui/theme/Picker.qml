@@ -30,8 +30,15 @@ T.ComboBox {
     Accessible.name: spokenName
     Accessible.description: displayText
     Accessible.onPressAction: popup.open()
-    Keys.onReturnPressed: popup.open()
-    Keys.onEnterPressed: popup.open()
+    // Opened by the press, it would be closed by the release.
+    Keys.onReturnPressed: event => event.accepted = true
+    Keys.onEnterPressed: event => event.accepted = true
+    Keys.onReleased: event => {
+        const isReturn = event.key === Qt.Key_Return || event.key === Qt.Key_Enter;
+        event.accepted = isReturn && !event.isAutoRepeat && !popup.visible;
+        if (event.accepted)
+            popup.open();
+    }
 
     contentItem: ButtonLabel {
         isCentred: false
