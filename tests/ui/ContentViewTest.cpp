@@ -325,6 +325,23 @@ TEST_F(ContentViewTest, ThePageChecksItsMonitorAndAsksForHelp)
     EXPECT_EQ(workspace.opened, QStringList{supportAddress().toString()});
 }
 
+TEST_F(ContentViewTest, TheSplitIsKeptOnlyWhereTheWindowHasRoomForIt)
+{
+    show();
+    const auto sidebarWidth = [&] { return item("sidebar")->width() + 1; };
+    item("grip")->forceActiveFocus(Qt::TabFocusReason);
+    press(Qt::Key_Right);
+    EXPECT_EQ(sidebarWidth(), 300);
+
+    window->resize(820, 600);
+    ASSERT_TRUE(waitFor([&] { return sidebarWidth() == 260; }));
+    EXPECT_FALSE(item("grip")->isEnabled());
+    press(Qt::Key_Right);
+    window->resize(960, 640);
+    EXPECT_TRUE(waitFor([&] { return sidebarWidth() == 300; }));
+    EXPECT_TRUE(item("grip")->isEnabled());
+}
+
 TEST_F(ContentViewTest, TheSettingsHaveAWindowOfTheirOwn)
 {
     show();

@@ -284,6 +284,32 @@ TEST(RowMenuTest, OpensWithItsRowsAndRunsThem)
               QVariant(QStringLiteral("checked")));
 }
 
+TEST(KeyboardItemTest, HasTheRoleThatItIsGiven)
+{
+    ThemeView view("KeyboardItem { objectName: 'subject'; Accessible.role: Accessible.Splitter; "
+                   "Accessible.name: 'Sidebar width' }");
+    ASSERT_EQ(view.error(), QString());
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(view.item())->role(), QAccessible::Splitter);
+}
+
+TEST(KeyboardItemTest, ShowsTheKeyboardWhereItCameByKeysEvenAfterAPopup)
+{
+    ThemeView view("KeyboardItem { objectName: 'subject' }");
+    const struct
+    {
+        Qt::FocusReason reason;
+        bool isShown;
+    } ways[] = {{Qt::MouseFocusReason, false}, {Qt::PopupFocusReason, false},
+                {Qt::TabFocusReason, true},    {Qt::PopupFocusReason, true},
+                {Qt::MouseFocusReason, false}, {Qt::BacktabFocusReason, true}};
+    for (const auto &[reason, isShown] : ways) {
+        view.item()->forceActiveFocus(reason);
+        EXPECT_EQ(view.property("visualFocus"), QVariant(isShown)) << reason;
+        view.item()->setFocus(false);
+        EXPECT_EQ(view.property("visualFocus"), QVariant(false)) << reason;
+    }
+}
+
 TEST(HelpTextTest, AppearsOnlyAfterTheSetRest)
 {
     ThemeView view("IconButton { objectName: 'subject'; symbol: 'gearshape'; "
