@@ -174,6 +174,7 @@ TEST_F(KeyboardTest, ThePickerClosesAloneAndReturnSaves)
 TEST_F(KeyboardTest, TheSplitMovesWithTheArrows)
 {
     ASSERT_NO_FATAL_FAILURE(start());
+    expectWalk("Down", {text("Shop")});
     expectWalk("Tab", {text("Add Monitor"), text("Settings"), text("Sidebar width")});
     const auto grip = desktop.waitForItem(AccessibleRole::splitPane, text("Sidebar width"));
     ASSERT_TRUE(grip);

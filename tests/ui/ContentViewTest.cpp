@@ -19,6 +19,8 @@
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -27,12 +29,21 @@ namespace ostrel::test {
 
 namespace {
 
+/// Keeps the preferences of those that are made after it in a folder of its own.
+struct PrivatePreferences
+{
+    PrivatePreferences()
+    {
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
+    }
+
+    QTemporaryDir folder;
+};
+
 /// The whole window over a store that the test fills.
 class ContentViewTest : public testing::Test
 {
 protected:
-    ContentViewTest() { qputenv("XDG_CONFIG_HOME", m_config.path().toUtf8()); }
-
     void show()
     {
         m_views.addImportPath(QStringLiteral("qrc:/qt/qml"));
@@ -120,7 +131,7 @@ protected:
     RecordingWorkspace workspace;
 
 private:
-    QTemporaryDir m_config;
+    PrivatePreferences m_preferences;
     MonitorListModel m_model{samples.store};
     DashboardOverview m_overview{samples.store};
     AppActions m_actions{samples.store, scripted.engine};
@@ -129,7 +140,7 @@ private:
     SheetOpener m_opener{samples.store, m_form};
     RecordingLoginItem m_loginItem;
     Settings m_settings{m_loginItem};
-    DesktopActions m_desktop{workspace, m_config.path()};
+    DesktopActions m_desktop{workspace, m_preferences.folder.path()};
     QQmlApplicationEngine m_views;
 
 protected:
