@@ -8,7 +8,7 @@
 #include "PrivateBus.h"
 #include "TestCertificates.h"
 #include "VirtualDisplay.h"
-#include "WaitFor.h"
+#include "WindowManager.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -36,46 +36,23 @@ constexpr auto settling = 6s; // Every monitor's first check, and what follows f
 constexpr auto watching = 30s;
 
 /// A virtual display with a window manager, and a bus.
-class Desktop
+struct Desktop
 {
-public:
-    Desktop()
+    [[nodiscard]] QProcessEnvironment environment() const
     {
-        m_environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
-        m_environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
-        m_environment.insert(QStringLiteral("DISPLAY"), m_display.name());
-        m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_bus.address());
-        m_environment.insert(QStringLiteral("QT_LOGGING_RULES"),
-                             QStringLiteral("qt.scenegraph.time.renderloop=true"));
-        m_manager.setProcessEnvironment(m_environment);
-        m_manager.logTo(QProcess::nullDevice());
-        m_manager.start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
+        environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
+        environment.insert(QStringLiteral("DISPLAY"), display.name());
+        environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), bus.address());
+        environment.insert(QStringLiteral("QT_LOGGING_RULES"),
+                           QStringLiteral("qt.scenegraph.time.renderloop=true"));
+        return environment;
     }
 
-    [[nodiscard]] bool isReady()
-    {
-        return test::waitFor([this] { return control({QStringLiteral("-m")}); });
-    }
-    /// As the close button does.
-    [[nodiscard]] bool closeWindow()
-    {
-        return control({QStringLiteral("-c"), QStringLiteral("Ostrel")});
-    }
-    [[nodiscard]] const QProcessEnvironment &environment() const { return m_environment; }
-
-private:
-    [[nodiscard]] bool control(const QStringList &arguments)
-    {
-        QProcess control;
-        control.setProcessEnvironment(m_environment);
-        control.start(QStringLiteral("wmctrl"), arguments);
-        return control.waitForFinished() && control.exitCode() == 0;
-    }
-
-    QProcessEnvironment m_environment = QProcessEnvironment::systemEnvironment();
-    test::VirtualDisplay m_display;
-    test::PrivateBus m_bus;
-    BoundProcess m_manager;
+    test::VirtualDisplay display;
+    test::PrivateBus bus;
+    test::WindowManager windows{display};
 };
 
 /// A home with twenty monitors and their full histories.
@@ -257,7 +234,7 @@ Running measureRunning(Desktop &desktop, const char *program,
     QThread::sleep(settling.count());
     const double memory = candidate.residentMemory();
     const Rate visible = rateOf(candidate);
-    if (!desktop.closeWindow())
+    if (!desktop.windows.closeWindow(QStringLiteral("Ostrel")))
         std::puts("the window could not be closed");
     QThread::sleep(settling.count());
     return {memory, visible, rateOf(candidate)};
@@ -270,7 +247,7 @@ int benchWindow()
     test::TestCertificates certificates;
     const BenchServer server(certificates.valid());
     Desktop desktop;
-    if (!desktop.isReady()) {
+    if (!desktop.windows.isReady()) {
         std::puts("no desktop to measure on");
         return 1;
     }

@@ -57,6 +57,13 @@ T.Popup {
         edge: Theme.sheetEdge
     }
 
+    // The template leaves it without a name.
+    Binding {
+        target: root.contentItem.parent
+        property: "Accessible.name"
+        value: root.form.title
+    }
+
     contentItem: MonitorFormPanel {
         form: root.form
         onConfirmed: root.confirm()

@@ -1,11 +1,13 @@
 import QtQuick
+import QtQuick.Templates as T
 import QtQuick.Window
 
 import Ostrel
 import Ostrel.Theme
 
-// The window's two columns, and what opens over them.
-Item {
+// The window's two columns, and what opens over them. Where the keyboard was when the sheet opened,
+// it is again when the sheet has closed.
+FocusScope {
     id: root
 
     required property MonitorListModel monitors
@@ -16,6 +18,7 @@ Item {
     required property DesktopActions desktop
     property alias selectedMonitorId: chosen.monitorId
     property bool showingAddSheet: false
+    property bool showedFocus: false
 
     signal settingsRequested
 
@@ -24,8 +27,20 @@ Item {
             showingAddSheet = true;
     }
 
+    function openSheet(): void {
+        showedFocus = (Window.activeFocusItem as T.Control)?.visualFocus ?? false;
+        sheet.open();
+    }
+
     function checkSelected(): void {
         actions.checkNow(selectedMonitorId);
+    }
+
+    function scrollPages(pages: real): void {
+        if (chosen.showsMonitor)
+            page.scrollPages(pages);
+        else
+            dashboard.scrollPages(pages);
     }
 
     function editSelected(): void {
@@ -33,11 +48,17 @@ Item {
             page.showingEdit = true;
     }
 
+    focus: true
+    Keys.onPressed: event => {
+        event.accepted = event.key === Qt.Key_PageUp || event.key === Qt.Key_PageDown;
+        if (event.accepted)
+            scrollPages(event.key === Qt.Key_PageUp ? -1 : 1);
+    }
     onShowingAddSheetChanged: {
         if (!showingAddSheet)
             return;
         opener.beginCreate();
-        sheet.open();
+        openSheet();
     }
 
     Binding {
@@ -90,6 +111,23 @@ Item {
         onSettingsRequested: root.settingsRequested()
     }
 
+    Rectangle {
+        id: line
+
+        anchors.left: sidebar.right
+        width: Theme.hairlineWidth
+        height: parent.height
+        color: Theme.columnLine
+    }
+
+    SidebarGrip {
+        objectName: "grip"
+        anchors.horizontalCenter: line.horizontalCenter
+        z: 1
+        height: parent.height
+        sidebarWidth: sidebarWidth
+    }
+
     Item {
         id: detail
 
@@ -99,6 +137,8 @@ Item {
         height: parent.height
 
         DashboardView {
+            id: dashboard
+
             objectName: "dashboard"
             anchors.fill: parent
             visible: !chosen.showsMonitor
@@ -119,7 +159,7 @@ Item {
             onCheckNow: root.checkSelected()
             onEditMonitor: {
                 if (root.opener.beginEdit(root.selectedMonitorId))
-                    sheet.open();
+                    root.openSheet();
                 else
                     showingEdit = false;
             }
@@ -138,24 +178,6 @@ Item {
         }
     }
 
-    Rectangle {
-        id: line
-
-        anchors.left: sidebar.right
-        width: Theme.hairlineWidth
-        height: parent.height
-        color: Theme.columnLine
-    }
-
-    MouseArea {
-        objectName: "grip"
-        anchors.horizontalCenter: line.horizontalCenter
-        width: Theme.columnGrip
-        height: parent.height
-        cursorShape: Qt.SplitHCursor
-        onPositionChanged: mouse => sidebarWidth.drag(mapToItem(root, mouse.x, 0).x)
-    }
-
     AddMonitorSheet {
         id: sheet
 
@@ -163,6 +185,7 @@ Item {
         onClosed: {
             root.showingAddSheet = false;
             page.showingEdit = false;
+            root.forceActiveFocus(root.showedFocus ? Qt.TabFocusReason : Qt.PopupFocusReason);
         }
     }
 }

@@ -18,14 +18,18 @@ Item {
     property real contentX: 0
     property real contentWidth: 0
     property bool showsFocus: false
+    readonly property Item card: view
     readonly property bool isLeft: index % 2 === 0
     readonly property real columnWidth: (contentWidth - Theme.spacing) / 2
 
     signal chosen
+    signal focusRequested
 
     height: Theme.monitorCardHeight
 
     MonitorCardView {
+        id: view
+
         objectName: "card"
         x: root.isLeft ? root.contentX : root.contentX + root.contentWidth - width - root.width
         width: root.isLeft ? Math.ceil(root.columnWidth) : Math.floor(root.columnWidth)
@@ -39,5 +43,6 @@ Item {
         spokenText: root.spokenText
         showsFocus: root.showsFocus
         onChosen: root.chosen()
+        onFocusRequested: root.focusRequested()
     }
 }

@@ -20,11 +20,21 @@ Item {
     // A card has been chosen; it is selected.
     signal cardChosen
 
+    function scrollPages(pages: real): void {
+        const top = grid.originY - grid.topMargin;
+        const bottom = grid.originY + grid.contentHeight + grid.bottomMargin - grid.height;
+        grid.contentY = Math.max(top, Math.min(grid.contentY + pages * grid.height, bottom));
+    }
+
     EmptyDashboard {
         objectName: "empty"
         anchors.fill: parent
         visible: root.overview.isEmpty
         onAddRequested: root.addRequested()
+    }
+
+    FocusVoice {
+        item: grid.activeFocus ? (grid.currentItem as DashboardCell)?.card ?? null : null
     }
 
     // Two cells fill the page's width, so that it scrolls wherever the pointer is; the cards stand
@@ -74,6 +84,10 @@ Item {
             contentWidth: root.contentWidth
             showsFocus: GridView.isCurrentItem && grid.activeFocus
             onChosen: grid.choose(cell.index)
+            onFocusRequested: {
+                grid.currentIndex = cell.index;
+                grid.forceActiveFocus(Qt.OtherFocusReason);
+            }
         }
     }
 }

@@ -17,6 +17,13 @@ CardStyle {
     property bool showsFocus: false
 
     signal chosen
+    // An assistive tool gives the keyboard to the card.
+    signal focusRequested
+
+    // Found by its name. As a handler, the action would be offered twice.
+    function accessiblePressAction(): void {
+        chosen();
+    }
 
     implicitHeight: Theme.monitorCardHeight
     fill: area.pressed ? Theme.cardPressed : area.containsMouse ? Theme.cardHover : Theme.surface
@@ -25,7 +32,10 @@ CardStyle {
     Accessible.name: spokenText
     Accessible.focusable: true
     Accessible.focused: showsFocus
-    Accessible.onPressAction: chosen()
+    onActiveFocusChanged: {
+        if (activeFocus)
+            focusRequested();
+    }
 
     MouseArea {
         id: area

@@ -13,16 +13,32 @@ Flickable {
     // True while the form shows this monitor; whoever shows the form sets it back.
     property bool showingEdit: false
     readonly property monitorDetail detail: model.detail
+    readonly property Item focused: Window.activeFocusItem
 
     signal checkNow
     signal editMonitor
     signal getHelp
+
+    function scrollPages(pages: real): void {
+        contentY = Math.max(0, Math.min(contentY + pages * height, contentHeight - height));
+    }
+
+    function holds(item: Item): bool {
+        while (item && item !== root)
+            item = item.parent;
+        return item === root;
+    }
 
     contentWidth: width
     contentHeight: page.height + 2 * Theme.pageMargin
     boundsBehavior: Flickable.StopAtBounds
     clip: true
     T.ScrollBar.vertical: ScrollIndicatorBar {}
+    // What has the keyboard stands at the page's top.
+    onFocusedChanged: {
+        if (holds(focused))
+            contentY = 0;
+    }
     onShowingEditChanged: {
         if (showingEdit)
             editMonitor();
@@ -32,6 +48,15 @@ Flickable {
         target: root.model
         property: "isShown"
         value: root.visible && exposure.isExposed
+    }
+
+    // Every monitor's page begins at its top.
+    Connections {
+        target: root.model
+
+        function onMonitorIdChanged(): void {
+            root.contentY = 0;
+        }
     }
 
     WindowExposure {

@@ -26,8 +26,6 @@ FocusScope {
     }
 
     implicitHeight: header.height + middle.contentHeight + footer.height
-    Accessible.role: Accessible.Dialog
-    Accessible.name: root.form.title
     Keys.onReturnPressed: root.confirmed()
     Keys.onEnterPressed: root.confirmed()
 

@@ -8,7 +8,7 @@ import Ostrel.Theme
 
 // The home row and a row per monitor, as one list: one stop of the Tab key, in which the arrows
 // walk.
-T.Control {
+KeyboardItem {
     id: root
 
     required property MonitorListModel monitors
@@ -26,7 +26,6 @@ T.Control {
         forceActiveFocus(Qt.MouseFocusReason);
     }
 
-    focusPolicy: Qt.StrongFocus
     Accessible.role: Accessible.List
     Accessible.name: qsTr("Monitors")
     Keys.onUpPressed: walkTo(selection.row - 1)
@@ -45,6 +44,10 @@ T.Control {
             event.accepted = false;
     }
 
+    FocusVoice {
+        item: !root.activeFocus ? null : root.selection.showsMonitor ? list.currentItem : home
+    }
+
     HomeRow {
         id: home
 
@@ -52,6 +55,7 @@ T.Control {
         y: Theme.homeRowTop
         width: parent.width
         isSelected: !root.selection.showsMonitor
+        isFocused: isSelected && root.activeFocus
         showsFocus: isSelected && root.visualFocus
         onChosen: {
             root.take();
@@ -103,6 +107,7 @@ T.Control {
 
             width: ListView.view.width
             isSelected: root.selection.row === index
+            isFocused: isSelected && root.activeFocus
             showsFocus: isSelected && root.visualFocus
             onChosen: {
                 root.take();
@@ -145,7 +150,7 @@ T.Control {
         id: menu
 
         actions: root.actions
-        onClosed: root.forceActiveFocus(root.focusReason)
+        onClosed: root.forceActiveFocus(Qt.PopupFocusReason)
         onDeleteRequested: monitorId => {
             root.selection.leave(monitorId);
             root.actions.deleteMonitor(monitorId);

@@ -20,6 +20,7 @@ SidebarRow {
 
     implicitHeight: Theme.rowHeight
     spokenName: spokenText
+    Accessible.description: address
 
     FaviconView {
         id: icon

@@ -111,12 +111,21 @@ Rectangle {
                         readOnly: true
                         selectByMouse: true
                         autoScroll: activeFocus
+                        activeFocusOnTab: true
+                        // Ready to be copied, and the keyboard is seen to be here.
+                        onActiveFocusChanged: {
+                            if (activeFocus)
+                                selectAll();
+                            else
+                                deselect();
+                        }
                         text: root.actions.dataFolderText
                         font: Theme.system11
                         color: Theme.textSecondary
                         selectionColor: Theme.textSelection
                         selectedTextColor: Theme.textPrimary
                         Accessible.role: Accessible.EditableText
+                        Accessible.editable: false
                         Accessible.readOnly: true
                         Accessible.name: storedIn.text
                     }

@@ -9,6 +9,8 @@ Item {
     id: root
 
     property bool isSelected: false
+    // Whether the list has the keyboard and this is where its keys go.
+    property bool isFocused: false
     property bool showsFocus: false
     property string spokenName: ""
     default property alias contents: box.data
@@ -28,8 +30,13 @@ Item {
     Accessible.selectable: true
     Accessible.selected: isSelected
     Accessible.focusable: true
-    Accessible.focused: showsFocus
+    Accessible.focused: isFocused
     Accessible.onPressAction: chosen()
+    // Only an assistive tool gives the keyboard to a row; its list knows what to do with it.
+    onActiveFocusChanged: {
+        if (activeFocus)
+            chosen();
+    }
 
     MouseArea {
         id: area

@@ -21,7 +21,7 @@ SidebarWidth::SidebarWidth(QObject *parent)
 
 qreal SidebarWidth::width() const
 {
-    if (m_windowWidth < m_givesWayBelow)
+    if (givesWay())
         return m_minimum;
     // The file may have been edited by hand.
     const qreal kept = m_values.value(widthKey(), m_ideal).toReal();

@@ -20,11 +20,14 @@ class SidebarWidth : public QObject
     /// Below this width of the window the sidebar gives way.
     Q_PROPERTY(qreal givesWayBelow MEMBER m_givesWayBelow NOTIFY changed REQUIRED FINAL)
     Q_PROPERTY(qreal width READ width NOTIFY changed FINAL)
+    /// Whether the window is so narrow that the user's width doesn't count.
+    Q_PROPERTY(bool givesWay READ givesWay NOTIFY changed FINAL)
 
 public:
     explicit SidebarWidth(QObject *parent = nullptr);
 
     [[nodiscard]] qreal width() const;
+    [[nodiscard]] bool givesWay() const { return m_windowWidth < m_givesWayBelow; }
     /// Takes @p width, or the nearest that is allowed, and keeps it.
     Q_INVOKABLE void drag(qreal width);
 

@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QImage>
 
+#include <algorithm>
 #include <utility>
 
 namespace ostrel::test {
@@ -118,6 +119,18 @@ QByteArray OstrelProgram::file(const QString &name) const
 {
     QFile file(dataDir() + QLatin1Char('/') + name);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QByteArray OstrelProgram::preference(const QByteArray &key) const
+{
+    // Not through QSettings, which holds on to what it read.
+    QFile file(homeFile(QStringLiteral("config/Ostrel/Ostrel.conf")));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArrayList lines = file.readAll().split('\n');
+    const auto line = std::ranges::find_if(
+        lines, [&](const QByteArray &each) { return each.startsWith(key + '='); });
+    return line == lines.cend() ? QByteArray() : line->mid(key.size() + 1);
 }
 
 std::optional<QList<Monitor>> OstrelProgram::readMonitors() const

@@ -31,7 +31,7 @@ public:
     [[nodiscard]] bool isRunning() const { return m_process.state() == QProcess::Running; }
     /// SIGTERM; the exit code, or -1 where it doesn't end in an orderly way.
     [[nodiscard]] int stop();
-    /// Waits until it ends by itself; the exit code, or -1 where it doesn't in an orderly way.
+    /// Waits until it ends by itself; the exit code, or -1 where it doesn't.
     [[nodiscard]] int waitForEnd();
     /// SIGKILL.
     void kill();
@@ -49,6 +49,8 @@ public:
     [[nodiscard]] QString dataDir() const { return m_home.filePath(QStringLiteral("data/Vantry")); }
     [[nodiscard]] QString homeFile(const QString &name) const { return m_home.filePath(name); }
     [[nodiscard]] QByteArray file(const QString &name) const;
+    /// A preference as its file holds it at the moment; empty where that has none.
+    [[nodiscard]] QByteArray preference(const QByteArray &key) const;
 
     /// What a reader sees in the files at the moment; nothing where one doesn't load.
     [[nodiscard]] std::optional<QList<Monitor>> readMonitors() const;

@@ -19,6 +19,8 @@
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -27,12 +29,21 @@ namespace ostrel::test {
 
 namespace {
 
+/// Keeps the preferences of those that are made after it in a folder of its own.
+struct PrivatePreferences
+{
+    PrivatePreferences()
+    {
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
+    }
+
+    QTemporaryDir folder;
+};
+
 /// The whole window over a store that the test fills.
 class ContentViewTest : public testing::Test
 {
 protected:
-    ContentViewTest() { qputenv("XDG_CONFIG_HOME", m_config.path().toUtf8()); }
-
     void show()
     {
         m_views.addImportPath(QStringLiteral("qrc:/qt/qml"));
@@ -120,7 +131,7 @@ protected:
     RecordingWorkspace workspace;
 
 private:
-    QTemporaryDir m_config;
+    PrivatePreferences m_preferences;
     MonitorListModel m_model{samples.store};
     DashboardOverview m_overview{samples.store};
     AppActions m_actions{samples.store, scripted.engine};
@@ -129,7 +140,7 @@ private:
     SheetOpener m_opener{samples.store, m_form};
     RecordingLoginItem m_loginItem;
     Settings m_settings{m_loginItem};
-    DesktopActions m_desktop{workspace, m_config.path()};
+    DesktopActions m_desktop{workspace, m_preferences.folder.path()};
     QQmlApplicationEngine m_views;
 
 protected:
@@ -323,6 +334,23 @@ TEST_F(ContentViewTest, ThePageChecksItsMonitorAndAsksForHelp)
     EXPECT_TRUE(waitFor([&] { return samples.store.checks(shop.id).size() == 2; }));
     click(*item("getHelp"));
     EXPECT_EQ(workspace.opened, QStringList{supportAddress().toString()});
+}
+
+TEST_F(ContentViewTest, TheSplitIsKeptOnlyWhereTheWindowHasRoomForIt)
+{
+    show();
+    const auto sidebarWidth = [&] { return item("sidebar")->width() + 1; };
+    item("grip")->forceActiveFocus(Qt::TabFocusReason);
+    press(Qt::Key_Right);
+    EXPECT_EQ(sidebarWidth(), 300);
+
+    window->resize(820, 600);
+    ASSERT_TRUE(waitFor([&] { return sidebarWidth() == 260; }));
+    EXPECT_FALSE(item("grip")->isEnabled());
+    press(Qt::Key_Right);
+    window->resize(960, 640);
+    EXPECT_TRUE(waitFor([&] { return sidebarWidth() == 300; }));
+    EXPECT_TRUE(item("grip")->isEnabled());
 }
 
 TEST_F(ContentViewTest, TheSettingsHaveAWindowOfTheirOwn)

@@ -18,14 +18,19 @@ T.AbstractButton {
         root.clicked();
     }
 
+    // Found by its name. As a handler, the action would be offered twice.
+    function accessiblePressAction(): void {
+        if (root.enabled)
+            press();
+    }
+
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     hoverEnabled: true
     focusPolicy: Qt.TabFocus
     opacity: enabled ? 1 : Theme.disabledOpacity
     Accessible.name: spokenName
-    Accessible.onPressAction: press()
-    Accessible.onToggleAction: press()
+    Accessible.description: enabled ? "" : qsTr("Unavailable")
     Keys.onReturnPressed: event => {
         if (!event.isAutoRepeat)
             press();

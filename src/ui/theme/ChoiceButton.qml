@@ -16,6 +16,16 @@ T.RadioButton {
         root.clicked();
     }
 
+    // Found by their names. As handlers, the actions would be offered twice.
+    function accessiblePressAction(): void {
+        if (root.enabled)
+            press();
+    }
+
+    function accessibleToggleAction(): void {
+        accessiblePressAction();
+    }
+
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     hoverEnabled: true
@@ -24,8 +34,7 @@ T.RadioButton {
     onIsSelectedChanged: checked = isSelected
     Component.onCompleted: checked = isSelected
     Accessible.name: text
-    Accessible.onPressAction: press()
-    Accessible.onToggleAction: press()
+    Accessible.description: enabled ? "" : qsTr("Unavailable")
     Keys.onReturnPressed: event => {
         if (!event.isAutoRepeat)
             press();

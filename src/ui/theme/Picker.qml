@@ -29,8 +29,16 @@ T.ComboBox {
     opacity: enabled ? 1 : Theme.disabledOpacity
     Accessible.name: spokenName
     Accessible.description: displayText
-    Keys.onReturnPressed: popup.open()
-    Keys.onEnterPressed: popup.open()
+    Accessible.onPressAction: popup.open()
+    // Opened by the press, it would be closed by the release.
+    Keys.onReturnPressed: event => event.accepted = true
+    Keys.onEnterPressed: event => event.accepted = true
+    Keys.onReleased: event => {
+        const isReturn = event.key === Qt.Key_Return || event.key === Qt.Key_Enter;
+        event.accepted = isReturn && !event.isAutoRepeat && !popup.visible;
+        if (event.accepted)
+            popup.open();
+    }
 
     contentItem: ButtonLabel {
         isCentred: false
@@ -58,11 +66,18 @@ T.ComboBox {
         y: root.height + Theme.menuOffset
         width: root.width
         padding: Theme.menuPadding
+        // Else Escape, meant for the menu, would go where the keyboard was.
+        onAboutToShow: {
+            if (!root.activeFocus)
+                root.forceActiveFocus(Qt.PopupFocusReason);
+        }
         implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
         background: MenuSurface {}
 
         contentItem: ListView {
             clip: true
+            Accessible.role: Accessible.List
+            Accessible.name: root.spokenName
             implicitHeight: contentHeight
             model: root.count
             currentIndex: root.highlightedIndex
@@ -76,6 +91,17 @@ T.ComboBox {
                 highlighted: root.highlightedIndex === index
                 onClicked: root.choose(index)
             }
+        }
+
+        FocusVoice {
+            item: root.popup.visible ? (root.popup.contentItem as ListView).currentItem : null
+        }
+
+        // Its list says it all.
+        Binding {
+            target: root.popup.contentItem.parent
+            property: "Accessible.ignored"
+            value: true
         }
     }
 

@@ -13,10 +13,11 @@ T.ItemDelegate {
     leftPadding: Theme.menuRowPadding
     rightPadding: Theme.menuRowPadding
     hoverEnabled: true
-    Accessible.role: Accessible.MenuItem
     Accessible.name: text
-    Accessible.checkable: true
-    Accessible.checked: isCurrent
+    Accessible.selectable: true
+    Accessible.selected: isCurrent
+    Accessible.focused: highlighted
+    Accessible.onPressAction: clicked()
 
     contentItem: Item {
         ThemeText {

@@ -24,7 +24,12 @@ T.Menu {
         model: root.contentModel
         currentIndex: root.currentIndex
         interactive: false
-        Accessible.role: Accessible.PopupMenu
-        Accessible.name: root.title
+    }
+
+    // The template leaves it without a name.
+    Binding {
+        target: root.contentItem.parent
+        property: "Accessible.name"
+        value: root.title
     }
 }

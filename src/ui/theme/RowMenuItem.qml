@@ -17,6 +17,7 @@ T.MenuItem {
     hoverEnabled: true
     opacity: enabled ? 1 : Theme.disabledOpacity
     Accessible.name: text
+    Accessible.onPressAction: clicked()
 
     contentItem: ButtonLabel {
         symbol: root.symbol

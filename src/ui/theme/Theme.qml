@@ -148,6 +148,7 @@ QtObject {
     readonly property real sidebarMaximum: 380
     readonly property real sidebarGivesWayBelow: 860
     readonly property real columnGrip: 7
+    readonly property real columnStep: 10
 
     // Sidebar
     readonly property real rowSpacing: 2

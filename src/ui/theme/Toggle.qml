@@ -6,6 +6,10 @@ BaseButton {
 
     readonly property real knobMargin: (Theme.toggleHeight - Theme.toggleKnob) / 2
 
+    function accessibleToggleAction(): void {
+        accessiblePressAction();
+    }
+
     checkable: true
     implicitWidth: Theme.toggleWidth
     implicitHeight: Theme.toggleHeight

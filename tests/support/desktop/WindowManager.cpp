@@ -2,23 +2,15 @@
 
 #include "WaitFor.h"
 
+#include <QRegularExpression>
+
 namespace ostrel::test {
 
-namespace {
-
-QProcessEnvironment environmentOn(const QString &display)
-{
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("DISPLAY"), display);
-    return environment;
-}
-
-} // namespace
-
 WindowManager::WindowManager(const VirtualDisplay &display)
-    : m_display(display.name())
+    : m_environment(QProcessEnvironment::systemEnvironment())
 {
-    m_manager.setProcessEnvironment(environmentOn(m_display));
+    m_environment.insert(QStringLiteral("DISPLAY"), display.name());
+    m_manager.setProcessEnvironment(m_environment);
     m_manager.logTo(QProcess::nullDevice());
     m_manager.start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
 }
@@ -30,21 +22,27 @@ bool WindowManager::isReady()
 
 bool WindowManager::hasWindow(const QString &title)
 {
-    control({QStringLiteral("-l")});
-    return m_control.readAllStandardOutput().contains(title.toUtf8());
+    // Window, desktop, machine, title.
+    const QRegularExpression line(
+        QStringLiteral("^\\S+ +\\S+ +\\S+ %1$").arg(QRegularExpression::escape(title)),
+        QRegularExpression::MultilineOption);
+    return control({QStringLiteral("-l")}) && line.match(QString::fromUtf8(m_output)).hasMatch();
 }
 
 bool WindowManager::closeWindow(const QString &title)
 {
-    return control({QStringLiteral("-c"), title});
+    return control({QStringLiteral("-F"), QStringLiteral("-c"), title});
 }
 
 bool WindowManager::control(const QStringList &arguments)
 {
-    m_control.setProcessEnvironment(environmentOn(m_display));
-    m_control.logTo(QProcess::nullDevice());
-    m_control.start(QStringLiteral("wmctrl"), arguments);
-    return m_control.waitForFinished() && m_control.exitCode() == 0;
+    BoundProcess process;
+    process.setProcessEnvironment(m_environment);
+    process.logTo(QProcess::nullDevice());
+    process.start(QStringLiteral("wmctrl"), arguments);
+    const bool isDone = process.waitForFinished() && process.exitCode() == 0;
+    m_output = process.readAllStandardOutput();
+    return isDone;
 }
 
 } // namespace ostrel::test

@@ -4,21 +4,21 @@
 #include "VirtualDisplay.h"
 
 #include <QByteArray>
+#include <QString>
 #include <QStringList>
 
 namespace ostrel::test {
 
-/// A real window manager (openbox) on a display of the test's own, through which windows are seen
-/// and closed. Ends with this object.
+/// A real window manager (openbox), through which windows are seen and closed. Ends with this
+/// object.
 class WindowManager
 {
 public:
-    /// @p display outlives it.
+    /// @p display outlives it. It is on its way up.
     explicit WindowManager(const VirtualDisplay &display);
 
-    /// Waits until it manages windows; false where it doesn't come to that.
+    /// Waits until it manages the display; false where it never does.
     [[nodiscard]] bool isReady();
-    /// Whether a window with @p title is to be seen.
     [[nodiscard]] bool hasWindow(const QString &title);
     /// As the close button does.
     [[nodiscard]] bool closeWindow(const QString &title);
@@ -26,9 +26,9 @@ public:
 private:
     bool control(const QStringList &arguments);
 
-    QString m_display;
+    QProcessEnvironment m_environment;
     BoundProcess m_manager;
-    BoundProcess m_control;
+    QByteArray m_output;
 };
 
 } // namespace ostrel::test

@@ -255,6 +255,17 @@ HostileServer::Behaviour redirectTo(const QByteArray &location)
     };
 }
 
+HostileServer::Behaviour tunnelInto(const QHash<QByteArray, quint16> &network)
+{
+    return [network](HostileConnection &connection, const SeenRequest &request) {
+        const auto port = network.constFind(request.target);
+        if (request.method != "CONNECT" || port == network.cend())
+            connection.respond("502 Bad Gateway");
+        else if (connection.send("HTTP/1.1 200 Connection established\r\n\r\n"))
+            connection.relayTo(*port);
+    };
+}
+
 HostileServer::Behaviour answerWith(const QByteArray &body)
 {
     return [body](HostileConnection &connection, const SeenRequest &) {

@@ -2,6 +2,8 @@
 
 #include "HostileServer.h"
 
+#include <QHash>
+
 #include <chrono>
 
 namespace ostrel::test {
@@ -56,6 +58,9 @@ void sendBrokenCertificate(HostileConnection &connection, const SeenRequest &req
 [[nodiscard]] HostileServer::Behaviour answerAfter(std::chrono::milliseconds delay);
 /// Redirects to @p location.
 [[nodiscard]] HostileServer::Behaviour redirectTo(const QByteArray &location);
+/// Plays a proxy whose whole network is this computer: a tunnel to a place in @p network, such as
+/// "shop.example:443", leads to that port of 127.0.0.1; everything else is refused with 502.
+[[nodiscard]] HostileServer::Behaviour tunnelInto(const QHash<QByteArray, quint16> &network);
 /// Answers 200 with @p body.
 [[nodiscard]] HostileServer::Behaviour answerWith(const QByteArray &body);
 

@@ -1,5 +1,6 @@
 #include "HostileConnection.h"
 
+#include <arpa/inet.h>
 #include <array>
 #include <cerrno>
 #include <fcntl.h>
@@ -12,6 +13,20 @@ namespace ostrel::test {
 namespace {
 
 constexpr auto headEnd = "\r\n\r\n";
+
+/// -1 where nobody listens.
+int connectTo(quint16 port)
+{
+    const int descriptor = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(port);
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    if (connect(descriptor, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0)
+        return descriptor;
+    close(descriptor);
+    return -1;
+}
 
 SeenRequest parseHead(const QByteArray &head)
 {
@@ -101,10 +116,34 @@ void HostileConnection::waitForTheEnd()
     }
 }
 
+void HostileConnection::relayTo(quint16 port)
+{
+    const int descriptor = connectTo(port);
+    if (descriptor < 0)
+        return;
+    HostileConnection other(descriptor, m_stopDescriptor);
+    std::array<pollfd, 3> all{pollfd{.fd = m_descriptor, .events = POLLIN, .revents = 0},
+                              pollfd{.fd = descriptor, .events = POLLIN, .revents = 0},
+                              pollfd{.fd = m_stopDescriptor, .events = POLLIN, .revents = 0}};
+    while (poll(all.data(), all.size(), -1) > 0 && all[2].revents == 0) {
+        if (all[0].revents != 0 && !passOnTo(other))
+            return;
+        if (all[1].revents != 0 && !other.passOnTo(*this))
+            return;
+    }
+}
+
 void HostileConnection::reset()
 {
     const linger immediately{.l_onoff = 1, .l_linger = 0};
     setsockopt(m_descriptor, SOL_SOCKET, SO_LINGER, &immediately, sizeof immediately);
+}
+
+bool HostileConnection::passOnTo(HostileConnection &other)
+{
+    std::array<char, 4096> buffer{};
+    const ssize_t count = recv(m_descriptor, buffer.data(), buffer.size(), 0);
+    return count > 0 && other.send(QByteArray(buffer.data(), count));
 }
 
 bool HostileConnection::waitFor(short events)

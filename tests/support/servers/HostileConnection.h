@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QByteArrayList>
+#include <QtGlobal>
 
 #include <chrono>
 #include <optional>
@@ -42,10 +43,14 @@ public:
     bool pause(std::chrono::milliseconds time);
     /// Does nothing until the peer has gone or the server stops.
     void waitForTheEnd();
+    /// Hands bytes on in both directions between the peer and @p port of 127.0.0.1, until either
+    /// end has gone.
+    void relayTo(quint16 port);
     /// Closes with a reset instead of an orderly end.
     void reset();
 
 private:
+    bool passOnTo(HostileConnection &other);
     [[nodiscard]] bool waitFor(short events);
 
     int m_descriptor;

@@ -55,8 +55,22 @@ NginxServer::NginxServer(const QList<NginxSite> &sites)
 
 NginxServer::~NginxServer()
 {
+    stop();
+}
+
+void NginxServer::stop()
+{
+    if (m_process < 0)
+        return;
     kill(m_process, SIGTERM);
     waitpid(m_process, nullptr, 0);
+    m_process = -1;
+}
+
+bool NginxServer::startAgain()
+{
+    spawn();
+    return waitUntilListening();
 }
 
 QByteArray NginxServer::url(int site, const QByteArray &path, const QByteArray &host) const
@@ -78,10 +92,7 @@ bool NginxServer::start()
     m_ports.clear();
     for (qsizetype i = 0; i < m_sites.size(); ++i)
         m_ports.append(closedPort());
-    if (!writeConfiguration())
-        return false;
-    spawn();
-    return waitUntilListening();
+    return writeConfiguration() && startAgain();
 }
 
 bool NginxServer::writeConfiguration()

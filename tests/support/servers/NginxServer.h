@@ -33,6 +33,11 @@ public:
     NginxServer(const NginxServer &) = delete;
     NginxServer &operator=(const NginxServer &) = delete;
 
+    /// Ends the server, and frees its ports, before its time.
+    void stop();
+    /// Starts it again on the ports that it had; false where somebody has taken one of them.
+    [[nodiscard]] bool startAgain();
+
     [[nodiscard]] quint16 port(int site = 0) const { return m_ports.at(site); }
     /// "https://localhost:8443/path", or http for a site without a leaf.
     [[nodiscard]] QByteArray url(int site = 0, const QByteArray &path = "/",

@@ -1,0 +1,44 @@
+import QtQuick
+
+import Ostrel
+import Ostrel.Theme
+
+// The line between the columns, to be dragged or moved with the arrows.
+KeyboardItem {
+    id: root
+
+    required property SidebarWidth sidebarWidth
+
+    implicitWidth: Theme.columnGrip
+    // In a narrow window there is nothing to move.
+    enabled: !sidebarWidth.givesWay
+    Accessible.role: Accessible.Splitter
+    Accessible.name: qsTr("Sidebar width")
+    Accessible.description: qsTr("%1 pixels").arg(sidebarWidth.width)
+    Accessible.focusable: true
+    Accessible.onDecreaseAction: sidebarWidth.drag(sidebarWidth.width - Theme.columnStep)
+    Accessible.onIncreaseAction: sidebarWidth.drag(sidebarWidth.width + Theme.columnStep)
+    Keys.onLeftPressed: sidebarWidth.drag(sidebarWidth.width - Theme.columnStep)
+    Keys.onRightPressed: sidebarWidth.drag(sidebarWidth.width + Theme.columnStep)
+    Keys.onPressed: event => {
+        event.accepted = true;
+        if (event.key === Qt.Key_Home)
+            sidebarWidth.drag(sidebarWidth.minimum);
+        else if (event.key === Qt.Key_End)
+            sidebarWidth.drag(sidebarWidth.maximum);
+        else
+            event.accepted = false;
+    }
+
+    MouseArea {
+        anchors.fill: parent
+        cursorShape: Qt.SplitHCursor
+        onPositionChanged: mouse => root.sidebarWidth.drag(mapToItem(root.parent, mouse.x, 0).x)
+    }
+
+    FocusRing {
+        visible: root.visualFocus
+        isInside: true
+        controlRadius: Theme.columnGrip / 2
+    }
+}

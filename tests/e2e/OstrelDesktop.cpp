@@ -1,0 +1,48 @@
+#include "OstrelDesktop.h"
+
+#include "WaitFor.h"
+
+namespace ostrel::test {
+
+OstrelDesktop::OstrelDesktop()
+{
+    program.setEnvironment(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    program.setEnvironment(QStringLiteral("DISPLAY"), display.name());
+    program.setEnvironment(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), sessionBus.address());
+    program.setEnvironment(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"), QStringLiteral("1"));
+}
+
+bool OstrelDesktop::start()
+{
+    m_isReady = m_isReady || (windows.isReady() && accessibility.start());
+    return m_isReady && program.start() && waitFor([this] { return focusedItem().has_value(); });
+}
+
+QList<AccessibleItem> OstrelDesktop::items()
+{
+    const auto root = accessibility.program(program.processId());
+    return root ? showingItems(*root) : QList<AccessibleItem>();
+}
+
+std::optional<AccessibleItem> OstrelDesktop::waitForItem(AccessibleRole role, const QString &name)
+{
+    std::optional<AccessibleItem> found;
+    (void)waitFor([&] {
+        found = itemNamed(items(), role, name);
+        return found.has_value();
+    });
+    return found;
+}
+
+bool OstrelDesktop::waitUntilGone(AccessibleRole role, const QString &name)
+{
+    return waitFor([&] { return !itemNamed(items(), role, name); });
+}
+
+std::optional<AccessibleItem> OstrelDesktop::focusedItem()
+{
+    const auto root = accessibility.program(program.processId());
+    return root ? test::focusedItem(*root) : std::nullopt;
+}
+
+} // namespace ostrel::test
