@@ -12,11 +12,13 @@ Item {
     property bool showsFocus: false
     property string spokenName: ""
     default property alias contents: box.data
-    readonly property bool isWindowActive: Window.active
+    property bool showsHover: area.containsMouse
+    property bool showsPress: area.pressed
+    property bool isWindowActive: Window.active
     readonly property color nameColor: isSelected && isWindowActive ? Theme.accent : Theme.textPrimary
     // The opaque colour under what the row holds.
     readonly property color ground: isSelected ? Theme.surface : Theme.over(wash, Theme.background)
-    readonly property color wash: area.pressed ? Theme.rowPressed : area.containsMouse ? Theme.rowHover : Theme.none
+    readonly property color wash: showsPress ? Theme.rowPressed : showsHover ? Theme.rowHover : Theme.none
 
     signal chosen
     signal deselected
