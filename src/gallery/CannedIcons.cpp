@@ -34,8 +34,8 @@ constexpr std::array icons = {
         "docs.example.org", "#3d6de0",
         R"(<path d="M5 6.5c2.6-.8 4.8-.5 6.3.6v11c-1.5-1.1-3.7-1.400-6.3-.6zM19 6.5c-2.6-.8-4.8-.5-6.3.6v11c1.5-1.1 3.7-1.400 6.3-.6z" fill="white"/>)"},
     Icon{"staging.example.org", "#6a5a8e",
-         R"(<path d="M12 5l7.5 4.200L12 13.4 4.500 9.200z" fill="white"/>
-            <path d="M5 13.8l7 3.900 7-3.900" fill="none" stroke="white" stroke-width="2" stroke-linecap="round" stroke-linejoin="round"/>)"},
+         R"(<path d="M12 5l7.5 4.200L12 13.4 4.5 9.200z" fill="white"/>
+            <path d="M5 13.8l7 3.9 7-3.9" fill="none" stroke="white" stroke-width="2" stroke-linecap="round" stroke-linejoin="round"/>)"},
 };
 
 QImage draw(const Icon &icon)
@@ -47,6 +47,7 @@ QImage draw(const Icon &icon)
     QImage image(iconSize, iconSize, QImage::Format_ARGB32_Premultiplied);
     image.fill(QColor(QLatin1String(icon.plate)));
     QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
     QSvgRenderer(file).render(&painter);
     return image;
 }
