@@ -138,13 +138,17 @@ Item {
         }
     }
 
-    Rectangle {
+    Item {
         id: line
 
         anchors.left: sidebar.right
         width: Theme.hairlineWidth
         height: parent.height
-        color: Theme.columnLine
+
+        Hairline {
+            height: parent.height
+            color: Theme.columnLine
+        }
     }
 
     MouseArea {

@@ -49,12 +49,10 @@ FocusScope {
             Accessible.role: Accessible.Heading
         }
 
-        Rectangle {
+        Hairline {
             anchors.bottom: parent.bottom
             width: parent.width
-            height: Theme.hairlineWidth
             visible: middle.isScrolling
-            color: Theme.hairline
         }
     }
 
@@ -229,11 +227,9 @@ FocusScope {
         width: parent.width
         height: Theme.sheetBottom + Theme.confirmHeight + Theme.sheetBottom
 
-        Rectangle {
+        Hairline {
             width: parent.width
-            height: Theme.hairlineWidth
             visible: middle.isScrolling
-            color: Theme.hairline
         }
 
         Row {

@@ -59,15 +59,13 @@ T.Control {
         }
     }
 
-    Rectangle {
+    Hairline {
         id: divider
 
         anchors.top: home.bottom
         anchors.topMargin: Theme.spacingSmall
         x: Theme.homeDividerInset
         width: parent.width - 2 * x
-        height: Theme.hairlineWidth
-        color: Theme.hairline
     }
 
     MouseArea {

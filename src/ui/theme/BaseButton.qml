@@ -18,7 +18,8 @@ T.AbstractButton {
         root.clicked();
     }
 
-    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    // Whole, so that its edges are as sharp as those of what it stands in line with.
+    implicitWidth: Math.ceil(implicitContentWidth + leftPadding + rightPadding)
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     hoverEnabled: true
     focusPolicy: Qt.TabFocus
