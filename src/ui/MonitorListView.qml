@@ -102,6 +102,7 @@ T.Control {
             width: ListView.view.width
             isSelected: root.selection.row === index
             showsFocus: isSelected && root.visualFocus
+            hasMenu: menu.visible && menu.row === row
             onChosen: {
                 root.take();
                 root.selection.monitorId = monitorId;

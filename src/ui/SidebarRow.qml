@@ -10,6 +10,8 @@ Item {
 
     property bool isSelected: false
     property bool showsFocus: false
+    // Whether the row's menu is open: where it belongs to is to be seen.
+    property bool hasMenu: false
     property string spokenName: ""
     default property alias contents: box.data
     property bool showsHover: area.containsMouse
@@ -18,7 +20,7 @@ Item {
     readonly property color nameColor: isSelected && isWindowActive ? Theme.accent : Theme.textPrimary
     // The opaque colour under what the row holds.
     readonly property color ground: isSelected ? Theme.surface : Theme.over(wash, Theme.background)
-    readonly property color wash: showsPress ? Theme.rowPressed : showsHover ? Theme.rowHover : Theme.none
+    readonly property color wash: showsPress ? Theme.rowPressed : showsHover || hasMenu ? Theme.rowHover : Theme.none
 
     signal chosen
     signal deselected
