@@ -1,9 +1,11 @@
 import QtQuick
 import QtQuick.Window
 
+import Ostrel.Theme
+
 // A line between things, lying or standing: give it a width or a height. Everywhere of the same
 // number of the screen's pixels, which a length in the layout is not at fractional scales.
-Rectangle {
+EdgedBox {
     id: root
 
     readonly property real pixelRatio: Screen.devicePixelRatio

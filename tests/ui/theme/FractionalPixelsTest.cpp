@@ -33,7 +33,7 @@ TEST(FractionalPixelsTest, AHairlineIsOnePixelWhereverItStands)
         ThemeView view("Hairline { objectName: 'subject'; x: 20; y: " + QByteArray::number(y) +
                        "; width: 100; color: Theme.ink }");
         ASSERT_EQ(view.error(), QString());
-        EXPECT_EQ(drawnPixels(view.picture(), 60, 10, 50), 1) << y;
+        EXPECT_EQ(drawnPixels(view.picture(), 100, 60, 100), 1) << y;
     }
 }
 
@@ -48,9 +48,9 @@ TEST(FractionalPixelsTest, ADiscIsAsHighAsItIsWide)
         const QImage turned = picture.transformed(QTransform().rotate(90));
         int widest = 0;
         int highest = 0;
-        for (int column = 10; column < 60; ++column) {
-            highest = std::max(highest, drawnPixels(picture, column, 10, 60));
-            widest = std::max(widest, drawnPixels(turned, turned.width() - 1 - column, 10, 60));
+        for (int column = 60; column < 120; ++column) {
+            highest = std::max(highest, drawnPixels(picture, column, 60, 120));
+            widest = std::max(widest, drawnPixels(turned, turned.width() - 1 - column, 60, 120));
         }
         EXPECT_EQ(highest, widest) << place;
         EXPECT_NEAR(highest, 11, 1) << place;

@@ -33,7 +33,7 @@ TEST(ThemeFontsTest, CapitalsStandInTheMiddleOfTheirLineBox)
         const qreal baseline = ThemeFonts::halfLeading(font) + metrics.ascent();
         EXPECT_NEAR(2 * baseline, std::round(2 * baseline), 1e-9) << pixelSize;
         EXPECT_NEAR(baseline - metrics.capHeight() / 2, ThemeFonts::lineBox(pixelSize) / 2,
-                    0.05 * pixelSize + 0.5)
+                    0.06 * pixelSize + 0.5)
             << pixelSize;
     }
 }
