@@ -4,7 +4,6 @@
 
 #include <array>
 #include <cmath>
-#include <numbers>
 
 namespace ostrel {
 
@@ -42,11 +41,11 @@ Check upCheck(const Monitor &monitor, Timestamp timestamp, double responseTime)
     };
 }
 
-/// Response times that wander about @p middle as a site's do.
+/// Response times that wander about @p middle as a site's do: in slow waves, with noise.
 double wander(int step, double middle)
 {
-    return middle * (1 + 0.2 * std::sin(step * 0.35) + 0.1 * std::sin(step * 1.7) +
-                     0.07 * std::sin(step * std::numbers::pi));
+    return middle * (1 + 0.12 * std::sin(step * 0.09 + 2) + 0.08 * std::sin(step * 0.41) +
+                     0.09 * std::sin(step * step * 0.7));
 }
 
 CannedMonitor upEvery(Monitor monitor, std::chrono::minutes interval, int count,
@@ -74,6 +73,7 @@ CannedMonitor up()
     CannedMonitor canned = upEvery(documentation(), 15min, 200);
     canned.monitor.keyword = QStringLiteral("Guide");
     fail(canned.checks[46], "HTTP 503", 503);
+    canned.latest().responseTime = 187;
     canned.latest().keywordFound = true;
     canned.latest().sslExpiresAt = cannedNow() + 61 * 24h + 1h;
     return canned;

@@ -43,6 +43,15 @@ void awaitHelp(GalleryHand &hand, const char *target)
     hand.await([&] { return hand.item("helpText") != nullptr; });
 }
 
+void openForm(GalleryHand &hand)
+{
+    hand.click(hand.item("addMonitor"));
+    hand.await([&] {
+        const QQuickItem *address = hand.item("address");
+        return address && address->hasActiveFocus();
+    });
+}
+
 struct Gesture
 {
     const char *name;
@@ -94,7 +103,12 @@ constexpr std::array gestures = {
                 if (QQuickItem *grid = hand.item("grid"))
                     grid->setProperty("contentY", 60);
             }},
-    Gesture{"form", "one-down", [](GalleryHand &hand) { hand.click(hand.item("addMonitor")); }},
+    Gesture{"form", "one-down", openForm},
+    Gesture{"form-typed", "one-down",
+            [](GalleryHand &hand) {
+                openForm(hand);
+                hand.type(QStringLiteral("https://garden.example"));
+            }},
     Gesture{"form-edit", "detail-up",
             [](GalleryHand &hand) { hand.click(hand.item("editMonitor")); }},
 };

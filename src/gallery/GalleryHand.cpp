@@ -76,9 +76,20 @@ void GalleryHand::click(const QQuickItem *target, Qt::MouseButton button)
 
 void GalleryHand::key(Qt::Key key)
 {
-    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+    sendKey(key, {});
+}
+
+void GalleryHand::type(const QString &text)
+{
+    for (const QChar character : text)
+        sendKey(Qt::Key_unknown, character);
+}
+
+void GalleryHand::sendKey(Qt::Key key, const QString &text)
+{
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
     QCoreApplication::sendEvent(&m_window, &press);
-    QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier);
+    QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, text);
     QCoreApplication::sendEvent(&m_window, &release);
 }
 

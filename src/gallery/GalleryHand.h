@@ -28,12 +28,14 @@ public:
     void press(const QQuickItem *target);
     void click(const QQuickItem *target, Qt::MouseButton button = Qt::LeftButton);
     void key(Qt::Key key);
+    void type(const QString &text);
     /// Walks with the Tab key until @p target, or what it holds, has the keyboard.
     void tabTo(const QQuickItem *target);
     /// Lets events happen until @p isReached says so, for three seconds at most.
     void await(const std::function<bool()> &isReached);
 
 private:
+    void sendKey(Qt::Key key, const QString &text);
     void send(QEvent::Type type, const QPointF &place, Qt::MouseButton button,
               Qt::MouseButtons buttons);
 
