@@ -12,6 +12,8 @@
 #include <QImage>
 #include <QQmlEngine>
 #include <QQuickItem>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <QUrl>
 
 #include <chrono>
@@ -38,6 +40,13 @@ QString gestureOf(const QString &page)
     return page.section(u'+', 1);
 }
 
+/// What the window remembers of its user's desktop has no say here.
+void keepPreferencesApart()
+{
+    static const QTemporaryDir folder;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
+}
+
 QStringList pagesOf(const char *file, const QStringList &samples)
 {
     QStringList pages;
@@ -53,6 +62,7 @@ GalleryWindow::GalleryWindow(const QString &page)
 {
     if (!galleryPages().contains(page))
         return;
+    keepPreferencesApart();
     engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
     FaviconImage::useIcons(*engine(), cannedIcons(engine()));
     setResizeMode(QQuickView::SizeViewToRootObject);
