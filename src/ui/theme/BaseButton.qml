@@ -18,8 +18,7 @@ T.AbstractButton {
         root.clicked();
     }
 
-    // Whole, so that its edges are as sharp as those of what it stands in line with.
-    implicitWidth: Math.ceil(implicitContentWidth + leftPadding + rightPadding)
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     hoverEnabled: true
     focusPolicy: Qt.TabFocus
