@@ -1,12 +1,7 @@
 #include "CannedForm.h"
 
-#include "MonitorCheck.h"
+#include "CannedEngine.h"
 #include "MonitorStore.h"
-#include "MonitoringEngine.h"
-#include "NotificationCenter.h"
-#include "NotificationManager.h"
-#include "Sleeper.h"
-#include "WakeSignal.h"
 
 #include <QTemporaryDir>
 
@@ -17,19 +12,6 @@ namespace ostrel {
 namespace {
 
 using namespace std::chrono_literals;
-
-class NoCheck : public MonitorCheck
-{
-public:
-    [[nodiscard]] QFuture<Check> run(const Monitor & /*monitor*/) override { return {}; }
-};
-
-class NoNotificationCenter : public NotificationCenter
-{
-public:
-    void requestAuthorization() override {}
-    void add(const NotificationRequest & /*request*/) override {}
-};
 
 Monitor bakery()
 {
@@ -52,39 +34,59 @@ Monitor database()
     return monitor;
 }
 
+void begin(MonitorForm &form)
+{
+    form.beginCreate({});
+}
+
 void suggest(MonitorForm &form)
 {
     form.beginCreate(QStringLiteral("https://bakery.example/order"));
 }
 
-void suggestWithAdvanced(MonitorForm &form)
-{
-    suggest(form);
-    form.setShowAdvanced(true);
-}
-
 void typeWebsite(MonitorForm &form)
 {
-    form.beginCreate({});
+    begin(form);
     form.setUrl(QStringLiteral("https://bakery.example"));
+}
+
+void typeLongWebsite(MonitorForm &form)
+{
+    begin(form);
+    form.setUrl(QStringLiteral("https://catalogue.library.upper-and-lower-wiesenthal.example/"
+                               "search/advanced?branch=all"));
+    form.setKeyword(QStringLiteral("Opening Hours of the Municipal Library"));
+    form.setKeywordShouldExist(false);
+    form.setThresholdText(QStringLiteral("12345678901234567890"));
 }
 
 void typePort(MonitorForm &form)
 {
-    form.beginCreate({});
+    begin(form);
     form.setUrl(QStringLiteral("db.local:5432"));
     form.setInterval(60);
+}
+
+void choosePort(MonitorForm &form)
+{
+    begin(form);
+    form.setMonitorType(rawValue(MonitorType::port));
 }
 
 void editWebsite(MonitorForm &form)
 {
     form.beginEdit(bakery(), {});
-    form.setShowAdvanced(true);
 }
 
 void editPort(MonitorForm &form)
 {
     form.beginEdit(database(), {});
+}
+
+template<void (*fill)(MonitorForm &form)>
+void withAdvanced(MonitorForm &form)
+{
+    fill(form);
     form.setShowAdvanced(true);
 }
 
@@ -95,9 +97,19 @@ struct Recipe
 };
 
 constexpr std::array recipes = {
-    Recipe{"suggestion", suggest},       Recipe{"website", suggestWithAdvanced},
-    Recipe{"valid", typeWebsite},        Recipe{"port", typePort},
-    Recipe{"edit-website", editWebsite}, Recipe{"edit-port", editPort},
+    Recipe{"empty", begin},
+    Recipe{"suggestion", suggest},
+    Recipe{"website", withAdvanced<suggest>},
+    Recipe{"valid", typeWebsite},
+    Recipe{"valid-advanced", withAdvanced<typeWebsite>},
+    Recipe{"long", withAdvanced<typeLongWebsite>},
+    Recipe{"port-empty", choosePort},
+    Recipe{"port", typePort},
+    Recipe{"port-advanced", withAdvanced<typePort>},
+    Recipe{"edit-website", editWebsite},
+    Recipe{"edit-website-advanced", withAdvanced<editWebsite>},
+    Recipe{"edit-port", editPort},
+    Recipe{"edit-port-advanced", withAdvanced<editPort>},
 };
 
 } // namespace
@@ -106,20 +118,8 @@ struct CannedForm::Parts
 {
     QTemporaryDir folder;
     MonitorStore store{folder.path(), MonitorStore::Access::readOnly};
-    NoCheck check;
-    NoNotificationCenter center;
-    NotificationManager notifications{center};
-    WakeSignal wakeSignal;
-    TimerSleeper sleeper;
-    MonitoringEngine engine{{
-        .store = store,
-        .httpCheck = check,
-        .portCheck = check,
-        .notifications = notifications,
-        .wakeSignal = wakeSignal,
-        .sleeper = sleeper,
-    }};
-    MonitorForm form{store, engine};
+    CannedEngine canned{store};
+    MonitorForm form{store, canned.engine()};
 };
 
 CannedForm::CannedForm(QObject *parent)

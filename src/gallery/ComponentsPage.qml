@@ -489,7 +489,7 @@ Rectangle {
                     width: 150
                     height: Theme.addressFieldHeight
                     spokenName: "Address"
-                    placeholderText: "https://yoursite.example"
+                    placeholderText: "example.org"
                     font: Theme.system13
                 }
             }
@@ -501,7 +501,7 @@ Rectangle {
                     width: 150
                     height: Theme.addressFieldHeight
                     spokenName: "Address"
-                    placeholderText: "https://yoursite.example"
+                    placeholderText: "example.org"
                     font: Theme.system13
                     showsHover: true
                 }
@@ -528,7 +528,7 @@ Rectangle {
                     width: 190
                     height: Theme.addressFieldHeight
                     spokenName: "Address"
-                    text: "https://bakery.example"
+                    text: "bakery.example"
                     font: Theme.system13
                     trailingSymbol: "checkmark.circle.fill"
                     trailingName: "Valid"

@@ -4,6 +4,7 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QGuiApplication>
+#include <QLocale>
 #include <QQuickWindow>
 
 #include <cstdio>
@@ -64,6 +65,7 @@ int savePages(const Wishes &wishes)
             return complain(QStringLiteral("there is no page %1").arg(page), exitUnusable);
         window.show();
         window.awaitActive();
+        window.performGesture();
         const QString path = folder.filePath(
             QStringLiteral("%1@%2.png")
                 .arg(page, wishes.scale.isEmpty() ? QStringLiteral("1") : wishes.scale));
@@ -104,6 +106,10 @@ int main(int argc, char **argv)
     const auto scaleAt = arguments.indexOf(QStringLiteral("--scale")) + 1;
     if (scaleAt > 0 && scaleAt < arguments.size())
         qputenv("QT_SCALE_FACTOR", arguments.at(scaleAt).toLatin1());
+
+    // Times read the same wherever the gallery is opened.
+    qputenv("TZ", "UTC");
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
 
     const QGuiApplication application(argc, argv);
     ThemeFonts::install();

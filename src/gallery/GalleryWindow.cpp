@@ -2,28 +2,74 @@
 
 #include "CannedDetail.h"
 #include "CannedForm.h"
+#include "CannedIcons.h"
+#include "CannedWindow.h"
+#include "FaviconImage.h"
+#include "GalleryGesture.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QImage>
 #include <QQmlEngine>
 #include <QQuickItem>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <QUrl>
 
 #include <chrono>
 
 namespace ostrel {
 
-GalleryWindow::GalleryWindow(const QString &page)
+namespace {
+
+/// What stands before the "-" of a page's name: the file.
+QString fileOf(const QString &page)
 {
+    return page.section(u'-', 0, 0);
+}
+
+/// What stands between the "-" and the "+".
+QString sampleOf(const QString &page)
+{
+    return page.section(u'-', 1).section(u'+', 0, 0);
+}
+
+/// What stands behind the "+".
+QString gestureOf(const QString &page)
+{
+    return page.section(u'+', 1);
+}
+
+/// What the window remembers of its user's desktop has no say here.
+void keepPreferencesApart()
+{
+    static const QTemporaryDir folder;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
+}
+
+QStringList pagesOf(const char *file, const QStringList &samples)
+{
+    QStringList pages;
+    for (const QString &sample : samples)
+        pages += QLatin1String(file) + QLatin1Char('-') + sample;
+    return pages;
+}
+
+} // namespace
+
+GalleryWindow::GalleryWindow(const QString &page)
+    : m_gesture(gestureOf(page))
+{
+    if (!galleryPages().contains(page))
+        return;
+    keepPreferencesApart();
     engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
+    FaviconImage::useIcons(*engine(), cannedIcons(engine()));
     setResizeMode(QQuickView::SizeViewToRootObject);
     setTitle(page);
-    const QString sample = page.section(u'-', 1);
-    if (!sample.isEmpty())
+    if (const QString sample = sampleOf(page); !sample.isEmpty())
         setInitialProperties({{QStringLiteral("sample"), sample}});
-    setSource(
-        QUrl(QStringLiteral("qrc:/qt/qml/Ostrel/Gallery/%1.qml").arg(page.section(u'-', 0, 0))));
+    setSource(QUrl(QStringLiteral("qrc:/qt/qml/Ostrel/Gallery/%1.qml").arg(fileOf(page))));
 }
 
 bool GalleryWindow::isUsable() const
@@ -40,6 +86,12 @@ void GalleryWindow::awaitActive()
         QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
 }
 
+void GalleryWindow::performGesture()
+{
+    grabWindow();
+    GalleryGesture::perform(m_gesture, *this);
+}
+
 bool GalleryWindow::save(const QString &path)
 {
     // The first frame lays the page out, which may change its size.
@@ -50,14 +102,26 @@ bool GalleryWindow::save(const QString &path)
 
 QStringList galleryPages()
 {
-    QStringList pages = {QStringLiteral("ComponentsPage"), QStringLiteral("SymbolsPage"),
-                         QStringLiteral("SettingsPage"), QStringLiteral("SmallDetailPage-down"),
-                         QStringLiteral("SmallFormPage-website")};
-    for (const QString &sample : CannedDetail::samples())
-        pages += QStringLiteral("DetailPage-") + sample;
-    for (const QString &sample : CannedForm::samples())
-        pages += QStringLiteral("FormPage-") + sample;
-    return pages;
+    const QStringList small = {
+        QStringLiteral("empty"),         QStringLiteral("one-down"),
+        QStringLiteral("one-down+form"), QStringLiteral("many"),
+        QStringLiteral("long"),          QStringLiteral("detail-up"),
+        QStringLiteral("detail-down"),   QStringLiteral("detail-slow"),
+        QStringLiteral("detail-long"),
+    };
+    const QStringList large = {
+        QStringLiteral("empty"),       QStringLiteral("one-down"), QStringLiteral("one-down+form"),
+        QStringLiteral("many"),        QStringLiteral("long"),     QStringLiteral("detail-up"),
+        QStringLiteral("detail-long"),
+    };
+    return QStringList{QStringLiteral("ComponentsPage"), QStringLiteral("SidebarPage"),
+                       QStringLiteral("SymbolsPage"), QStringLiteral("SettingsPage")} +
+           pagesOf("WindowPage", CannedWindow::samples() + GalleryGesture::windowSamples()) +
+           pagesOf("SmallWindowPage", small) + pagesOf("LargeWindowPage", large) +
+           pagesOf("DetailPage", CannedDetail::samples()) +
+           pagesOf("SmallDetailPage", {QStringLiteral("down")}) +
+           pagesOf("FormPage", CannedForm::samples()) +
+           pagesOf("SmallFormPage", {QStringLiteral("website")});
 }
 
 } // namespace ostrel

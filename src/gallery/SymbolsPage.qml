@@ -10,7 +10,7 @@ Rectangle {
 
     readonly property var names: ["bird.fill", "checkmark.circle.fill", "xmark.circle.fill", "exclamationmark.triangle.fill", "moon.circle.fill", "circle.dotted", "circle.dotted.circle", "lock.shield.fill", "text.magnifyingglass", "exclamationmark.magnifyingglass", "speedometer", "network", "globe", "gearshape", "questionmark.circle", "arrow.trianglehead.clockwise", "pause", "play", "trash", "plus", "doc.on.clipboard", "waveform.path", "chevron.right", "chevron.down", "chevron.up.chevron.down", "checkmark", "xmark", "slider.horizontal"]
 
-    width: 1240
+    width: 1320
     height: page.height + 2 * Theme.pageMargin
     color: Theme.background
 

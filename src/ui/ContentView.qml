@@ -111,13 +111,17 @@ FocusScope {
         onSettingsRequested: root.settingsRequested()
     }
 
-    Rectangle {
+    Item {
         id: line
 
         anchors.left: sidebar.right
         width: Theme.hairlineWidth
         height: parent.height
-        color: Theme.columnLine
+
+        Hairline {
+            height: parent.height
+            color: Theme.columnLine
+        }
     }
 
     SidebarGrip {

@@ -21,7 +21,7 @@ FaviconService *iconsOf(const QQuickItem &item)
 } // namespace
 
 FaviconImage::FaviconImage(QQuickItem *parent)
-    : QQuickPaintedItem(parent)
+    : PixelItem(parent)
 {
     connect(this, &FaviconImage::radiusChanged, this, [this] { update(); });
 }
@@ -63,7 +63,7 @@ void FaviconImage::paint(QPainter *painter)
 
 void FaviconImage::componentComplete()
 {
-    QQuickPaintedItem::componentComplete();
+    PixelItem::componentComplete();
     lookUp();
 }
 

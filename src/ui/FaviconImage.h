@@ -1,7 +1,8 @@
 #pragma once
 
+#include "PixelItem.h"
+
 #include <QImage>
-#include <QQuickPaintedItem>
 
 class QQmlEngine;
 
@@ -10,7 +11,7 @@ namespace ostrel {
 class FaviconService;
 
 /// The icon of a site with round corners; draws nothing until, or unless, one is found.
-class FaviconImage : public QQuickPaintedItem
+class FaviconImage : public PixelItem
 {
     Q_OBJECT
     QML_ELEMENT

@@ -20,6 +20,7 @@ Column {
         text: qsTr("Advanced")
         symbol: root.form.showAdvanced ? "chevron.down" : "chevron.right"
         face: Theme.caption
+        showsHover: hovered || root.form.showAdvanced
         Accessible.description: root.form.showAdvanced ? qsTr("Expanded") : qsTr("Collapsed")
         onClicked: root.form.showAdvanced = !root.form.showAdvanced
     }
@@ -61,11 +62,9 @@ Column {
                     onActivated: index => root.form.method = root.methods[index]
                 }
 
-                Rectangle {
+                Hairline {
                     anchors.bottom: parent.bottom
                     width: parent.width
-                    height: Theme.hairlineWidth
-                    color: Theme.hairline
                 }
             }
 

@@ -22,7 +22,7 @@ FocusScope {
     }
 
     function showTop(): void {
-        middle.contentY = 0;
+        middle.contentY = -middle.topMargin;
     }
 
     implicitHeight: header.height + middle.contentHeight + footer.height
@@ -47,12 +47,10 @@ FocusScope {
             Accessible.role: Accessible.Heading
         }
 
-        Rectangle {
+        Hairline {
             anchors.bottom: parent.bottom
             width: parent.width
-            height: Theme.hairlineWidth
             visible: middle.isScrolling
-            color: Theme.hairline
         }
     }
 
@@ -70,7 +68,7 @@ FocusScope {
             if (top < 0 || top > contentHeight)
                 return;
             const bottom = top + focused.height + Theme.sheetGap;
-            contentY = Math.max(0, Math.min(Math.max(contentY, bottom - height), top - Theme.sheetGap));
+            contentY = Math.max(-topMargin, Math.min(Math.max(contentY, bottom - height), top - Theme.sheetGap));
         }
 
         objectName: "middle"
@@ -78,6 +76,9 @@ FocusScope {
         width: parent.width
         height: parent.height - header.height - footer.height
         contentHeight: groups.height
+        // So that nothing touches the lines above and below.
+        topMargin: isScrolling ? Theme.spacing : 0
+        bottomMargin: topMargin
         interactive: isScrolling
         boundsBehavior: Flickable.StopAtBounds
         clip: isScrolling
@@ -227,11 +228,9 @@ FocusScope {
         width: parent.width
         height: Theme.sheetBottom + Theme.confirmHeight + Theme.sheetBottom
 
-        Rectangle {
+        Hairline {
             width: parent.width
-            height: Theme.hairlineWidth
             visible: middle.isScrolling
-            color: Theme.hairline
         }
 
         Row {

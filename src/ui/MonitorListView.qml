@@ -63,15 +63,13 @@ KeyboardItem {
         }
     }
 
-    Rectangle {
+    Hairline {
         id: divider
 
         anchors.top: home.bottom
         anchors.topMargin: Theme.spacingSmall
         x: Theme.homeDividerInset
         width: parent.width - 2 * x
-        height: Theme.hairlineWidth
-        color: Theme.hairline
     }
 
     MouseArea {
@@ -109,6 +107,7 @@ KeyboardItem {
             isSelected: root.selection.row === index
             isFocused: isSelected && root.activeFocus
             showsFocus: isSelected && root.visualFocus
+            hasMenu: menu.visible && menu.row === row
             onChosen: {
                 root.take();
                 root.selection.monitorId = monitorId;

@@ -8,6 +8,7 @@ RowMenu {
     id: root
 
     required property AppActions actions
+    property MonitorListRow row: null
     property var monitorId
     property bool isMonitorEnabled: true
 
@@ -15,6 +16,7 @@ RowMenu {
     signal deleteRequested(monitorId: var)
 
     function openFor(row: MonitorListRow, x: real, y: real): void {
+        root.row = row;
         monitorId = row.monitorId;
         isMonitorEnabled = row.isEnabled;
         title = row.name;

@@ -19,11 +19,9 @@ Item {
     Accessible.role: Accessible.ListItem
     Accessible.name: spokenText
 
-    Rectangle {
+    Hairline {
         width: parent.width
-        height: Theme.hairlineWidth
         visible: root.index > 0
-        color: Theme.hairline
     }
 
     EdgedBox {

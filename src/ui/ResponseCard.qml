@@ -10,7 +10,8 @@ CardStyle {
     required property responseSeries series
     required property bool hasChecks
 
-    implicitHeight: hasChecks ? Theme.chartCardHeight : noChecks.y + noChecks.height + 2 * padding
+    // The same without a chart, so that the first check moves nothing.
+    implicitHeight: Theme.chartCardHeight
 
     ThemeText {
         id: title
@@ -37,12 +38,11 @@ CardStyle {
         anchors.topMargin: Theme.chartGap
         width: parent.width
         height: Theme.chartHeight
-        visible: root.hasChecks
 
         ResponseChartView {
             objectName: "chart"
             anchors.fill: parent
-            visible: root.series.isPlottable
+            visible: root.hasChecks && root.series.isPlottable
             series: root.series
             lineColor: Theme.accent
             gridColor: Theme.statusMuted
@@ -53,7 +53,7 @@ CardStyle {
         Column {
             objectName: "waiting"
             anchors.centerIn: parent
-            visible: !root.series.isPlottable
+            visible: root.hasChecks && !root.series.isPlottable
             spacing: Theme.chartPlaceholderGap
 
             Symbol {
@@ -70,22 +70,11 @@ CardStyle {
                 color: Theme.statusMuted
             }
         }
-    }
-
-    Item {
-        id: noChecks
-
-        objectName: "noChecks"
-        anchors.top: title.bottom
-        anchors.topMargin: Theme.chartGap
-        width: parent.width
-        height: noChecksText.height + 2 * Theme.noChecksPadding
-        visible: !root.hasChecks
 
         ThemeText {
-            id: noChecksText
-
+            objectName: "noChecks"
             anchors.centerIn: parent
+            visible: !root.hasChecks
             text: qsTr("No checks yet")
             font: Theme.caption
             color: Theme.statusMuted

@@ -5,7 +5,7 @@
 namespace ostrel {
 
 ResponseChartView::ResponseChartView(QQuickItem *parent)
-    : QQuickPaintedItem(parent)
+    : PixelItem(parent)
 {
 }
 
@@ -26,13 +26,13 @@ void ResponseChartView::paint(QPainter *painter)
 
 void ResponseChartView::componentComplete()
 {
-    QQuickPaintedItem::componentComplete();
+    PixelItem::componentComplete();
     speak();
 }
 
 void ResponseChartView::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry)
 {
-    QQuickPaintedItem::geometryChange(newGeometry, oldGeometry);
+    PixelItem::geometryChange(newGeometry, oldGeometry);
     if (newGeometry.size() != oldGeometry.size())
         polish();
 }

@@ -1,14 +1,13 @@
 #pragma once
 
+#include "PixelItem.h"
 #include "ResponseChartPainter.h"
-
-#include <QQuickPaintedItem>
 
 namespace ostrel {
 
 /// The body of the response-time chart: area, line, points, grid and labels. Draws nothing of a
 /// series that is too short for a line. Times are those of the computer's time zone and locale.
-class ResponseChartView : public QQuickPaintedItem
+class ResponseChartView : public PixelItem
 {
     Q_OBJECT
     QML_ELEMENT

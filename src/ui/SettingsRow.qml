@@ -12,12 +12,10 @@ Item {
     width: parent.width
     implicitHeight: Theme.settingsRowHeight
 
-    Rectangle {
+    Hairline {
         x: body.x
         width: body.width
-        height: Theme.hairlineWidth
         visible: root.hasDivider
-        color: Theme.hairline
     }
 
     Item {

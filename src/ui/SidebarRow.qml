@@ -12,13 +12,17 @@ Item {
     // Whether the list has the keyboard and this is where its keys go.
     property bool isFocused: false
     property bool showsFocus: false
+    // Whether the row's menu is open: where it belongs to is to be seen.
+    property bool hasMenu: false
     property string spokenName: ""
     default property alias contents: box.data
-    readonly property bool isWindowActive: Window.active
+    property bool showsHover: area.containsMouse
+    property bool showsPress: area.pressed
+    property bool isWindowActive: Window.active
     readonly property color nameColor: isSelected && isWindowActive ? Theme.accent : Theme.textPrimary
     // The opaque colour under what the row holds.
     readonly property color ground: isSelected ? Theme.surface : Theme.over(wash, Theme.background)
-    readonly property color wash: area.pressed ? Theme.rowPressed : area.containsMouse ? Theme.rowHover : Theme.none
+    readonly property color wash: showsPress ? Theme.rowPressed : showsHover || hasMenu ? Theme.rowHover : Theme.none
 
     signal chosen
     signal deselected

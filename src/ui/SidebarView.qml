@@ -31,10 +31,8 @@ Item {
         width: parent.width
         height: Theme.footerHeight
 
-        Rectangle {
+        Hairline {
             width: parent.width
-            height: Theme.hairlineWidth
-            color: Theme.hairline
         }
 
         AddMonitorButton {

@@ -16,7 +16,7 @@ class StatisticLayout : public QObject
 public:
     /// The size of the values in a row that has room for all.
     static constexpr int largestValue = 32;
-    static constexpr int smallestValue = 24;
+    static constexpr int smallestValue = 16;
 
     /// The one size for the values of all @p statistics, in pixels: the largest with which each
     /// fits in @p room together with its unit, @p unitGap away from it; never below the smallest.

@@ -6,14 +6,15 @@ import Ostrel
 import Ostrel.Theme
 
 // The four figures of a monitor, each in a card; all as large as the one with the least room.
-Row {
+Item {
     id: root
 
     required property var statistics
-    readonly property real cardWidth: (width - (statistics.length - 1) * spacing) / statistics.length
-    readonly property real valueSize: StatisticLayout.valueSize(statistics, cardWidth - 2 * Theme.cardPadding, Theme.statUnitGap)
+    // From the left edge of one card to that of the next.
+    readonly property real step: (width + Theme.spacing) / statistics.length
+    readonly property real valueSize: StatisticLayout.valueSize(statistics, Math.floor(step - Theme.spacing) - 2 * Theme.cardPadding, Theme.statUnitGap)
 
-    spacing: Theme.spacing
+    implicitHeight: Theme.statCardHeight
 
     Repeater {
         model: root.statistics
@@ -21,9 +22,12 @@ Row {
         CardStyle {
             id: card
 
+            required property int index
             required property var modelData
 
-            width: root.cardWidth
+            // On whole pixels, so that the row ends where the cards below it do.
+            x: Math.round(index * root.step)
+            width: Math.round((index + 1) * root.step) - Theme.spacing - x
             height: Theme.statCardHeight
 
             StatCard {

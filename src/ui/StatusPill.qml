@@ -10,7 +10,7 @@ Item {
     required property string text
     required property color color
 
-    implicitWidth: 2 * Theme.statusPillPadding + picture.width + Theme.statusPillGap + label.implicitWidth
+    implicitWidth: Math.ceil(2 * Theme.statusPillPadding + picture.width + Theme.statusPillGap + label.implicitWidth)
     implicitHeight: 2 * Theme.statusPillVerticalPadding + Math.max(picture.height, label.implicitHeight)
 
     EdgedBox {

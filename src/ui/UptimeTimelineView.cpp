@@ -5,7 +5,7 @@
 namespace ostrel {
 
 UptimeTimelineView::UptimeTimelineView(QQuickItem *parent)
-    : QQuickPaintedItem(parent)
+    : PixelItem(parent)
 {
 }
 
@@ -26,7 +26,7 @@ void UptimeTimelineView::paint(QPainter *painter)
 
 void UptimeTimelineView::componentComplete()
 {
-    QQuickPaintedItem::componentComplete();
+    PixelItem::componentComplete();
     speak();
 }
 

@@ -1,14 +1,13 @@
 #pragma once
 
+#include "PixelItem.h"
 #include "UptimeStrip.h"
 #include "UptimeTimeline.h"
-
-#include <QQuickPaintedItem>
 
 namespace ostrel {
 
 /// The strip of the uptime timeline.
-class UptimeTimelineView : public QQuickPaintedItem
+class UptimeTimelineView : public PixelItem
 {
     Q_OBJECT
     QML_ELEMENT

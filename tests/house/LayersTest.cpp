@@ -43,8 +43,9 @@ const QHash<QString, QStringList> &allowedFolders()
          belowPlatform + QStringList{QStringLiteral("forms"), QStringLiteral("icons"),
                                      QStringLiteral("platform"), QStringLiteral("presentation")}},
         {QStringLiteral("gallery"),
-         belowPlatform + QStringList{QStringLiteral("forms"), QStringLiteral("platform"),
-                                     QStringLiteral("presentation"), QStringLiteral("ui")}},
+         belowPlatform + QStringList{QStringLiteral("forms"), QStringLiteral("icons"),
+                                     QStringLiteral("platform"), QStringLiteral("presentation"),
+                                     QStringLiteral("ui")}},
     };
     return folders;
 }

@@ -261,6 +261,18 @@ TEST_F(ContentViewTest, ClicksSelectAndDeselect)
     EXPECT_EQ(pageName(), QStringLiteral("First"));
 }
 
+TEST_F(ContentViewTest, TheRowWhoseMenuIsOpenStaysMarked)
+{
+    samples.add(sampleMonitor(QStringLiteral("First")));
+    samples.add(sampleMonitor(QStringLiteral("Second")));
+    show();
+    QTest::mouseClick(window, Qt::RightButton, {}, middleOf(*row(1)));
+    EXPECT_TRUE(row(1)->property("hasMenu").toBool());
+    EXPECT_FALSE(row(0)->property("hasMenu").toBool());
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(waitFor([&] { return !row(1)->property("hasMenu").toBool(); }));
+}
+
 TEST_F(ContentViewTest, TheMenuPausesAndDeletesFromTheKeyboard)
 {
     const Monitor first = samples.add(sampleMonitor(QStringLiteral("First")));

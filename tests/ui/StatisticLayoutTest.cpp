@@ -2,6 +2,7 @@
 
 #include "MonitorDetail.h"
 #include "Printers.h"
+#include "ThemeFonts.h"
 
 #include <gtest/gtest.h>
 
@@ -35,6 +36,19 @@ TEST(StatisticLayoutTest, TheWidestValueMakesAllSmaller)
         statistics({QStringLiteral("12345"), QStringLiteral("100")}), 100, unitGap);
     EXPECT_LT(size, StatisticLayout::largestValue);
     EXPECT_GT(size, StatisticLayout::smallestValue);
+}
+
+TEST(StatisticLayoutTest, AnAverageOfTenSecondsFitsTheSmallestWindow)
+{
+    constexpr qreal room = 82;
+    const int size =
+        StatisticLayout::valueSize(statistics({QStringLiteral("10856")}), room, unitGap);
+    EXPECT_GT(size, StatisticLayout::smallestValue);
+    EXPECT_LE(
+        ThemeFonts::textWidth(QStringLiteral("10856"), ThemeFonts::face(QFont::Bold, size, 0)) +
+            unitGap +
+            ThemeFonts::textWidth(QStringLiteral("ms"), ThemeFonts::face(QFont::Medium, 14)),
+        room);
 }
 
 TEST(StatisticLayoutTest, NoValueIsSmallerThanTheSmallest)

@@ -10,7 +10,7 @@ Item {
     required property string text
     required property color color
 
-    implicitWidth: Theme.badgePaddingLeading + picture.width + Theme.badgeSymbolGap + label.implicitWidth + Theme.badgePaddingTrailing
+    implicitWidth: Math.ceil(Theme.badgePaddingLeading + picture.width + Theme.badgeSymbolGap + label.implicitWidth + Theme.badgePaddingTrailing)
     implicitHeight: Theme.badgeHeight
 
     EdgedBox {

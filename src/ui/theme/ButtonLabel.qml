@@ -15,7 +15,8 @@ Item {
     property bool isCentred: true
     readonly property real symbolWidth: symbol !== "" ? picture.implicitWidth + gap : 0
 
-    implicitWidth: symbolWidth + label.implicitWidth
+    // Whole, so that the edges of the button are as sharp as those of what it stands in line with.
+    implicitWidth: Math.ceil(symbolWidth + label.implicitWidth)
     implicitHeight: Math.max(label.implicitHeight, symbol !== "" ? picture.implicitHeight : 0)
 
     Symbol {

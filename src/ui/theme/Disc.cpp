@@ -5,7 +5,7 @@
 namespace ostrel {
 
 Disc::Disc(QQuickItem *parent)
-    : QQuickPaintedItem(parent)
+    : PixelItem(parent)
 {
     connect(this, &Disc::lookChanged, this, [this] { update(); });
 }

@@ -1,13 +1,14 @@
 #pragma once
 
+#include "PixelItem.h"
+
 #include <QColor>
-#include <QQuickPaintedItem>
 
 namespace ostrel {
 
 /// A filled circle in the middle of the item. Unlike a rectangle with a radius it is round and even
 /// at every size and place, also where its colour is translucent.
-class Disc : public QQuickPaintedItem
+class Disc : public PixelItem
 {
     Q_OBJECT
     QML_ELEMENT

@@ -66,7 +66,8 @@ T.TextField {
 
     ThemeText {
         anchors.left: parent.left
-        anchors.leftMargin: root.leftPadding
+        // Beside the caret, which stands where a text begins.
+        anchors.leftMargin: root.leftPadding + Theme.caretWidth
         anchors.right: parent.right
         anchors.rightMargin: root.rightPadding
         anchors.verticalCenter: parent.verticalCenter

@@ -18,6 +18,7 @@ T.ToolTip {
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent | T.Popup.CloseOnReleaseOutsideParent
 
     contentItem: ThemeText {
+        objectName: "helpText"
         text: root.text
         font: Theme.footnote
         color: Theme.accentText

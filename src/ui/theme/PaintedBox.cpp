@@ -9,7 +9,7 @@
 namespace ostrel {
 
 PaintedBox::PaintedBox(QQuickItem *parent)
-    : QQuickPaintedItem(parent)
+    : PixelItem(parent)
 {
     connect(this, &PaintedBox::lookChanged, this, [this] { update(); });
 }

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "PixelItem.h"
+
 #include <QColor>
-#include <QQuickPaintedItem>
 
 namespace ostrel {
 
 /// A rounded box whose edge lies over its fill, painted as one picture.
-class PaintedBox : public QQuickPaintedItem
+class PaintedBox : public PixelItem
 {
     Q_OBJECT
     QML_ELEMENT

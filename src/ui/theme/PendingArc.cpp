@@ -19,7 +19,7 @@ int painterAngle(qreal clockwiseFromTop)
 } // namespace
 
 PendingArc::PendingArc(QQuickItem *parent)
-    : QQuickPaintedItem(parent)
+    : PixelItem(parent)
 {
     connect(this, &PendingArc::lookChanged, this, [this] { update(); });
 }

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "PixelItem.h"
+
 #include <QColor>
-#include <QQuickPaintedItem>
 
 namespace ostrel {
 
 /// A ring with a quarter of it in another colour.
-class PendingArc : public QQuickPaintedItem
+class PendingArc : public PixelItem
 {
     Q_OBJECT
     QML_ELEMENT

@@ -14,6 +14,7 @@ T.Menu {
     background: MenuSurface {}
 
     contentItem: ListView {
+        objectName: "menuRows"
         implicitHeight: contentHeight
         implicitWidth: {
             let widest = 0;

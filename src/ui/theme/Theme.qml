@@ -219,7 +219,6 @@ QtObject {
     readonly property real checkCodeWidth: 32
     readonly property real checkHeadGap: 6
     readonly property real checkDotGap: 10
-    readonly property real noChecksPadding: 24
 
     // Sheet and settings
     readonly property real sheetWidth: 440

@@ -94,7 +94,10 @@ qreal ThemeFonts::lineBox(qreal pixelSize)
 
 qreal ThemeFonts::halfLeading(const QFont &font)
 {
-    return std::floor((lineBox(font.pixelSize()) - faceHeight(font)) / 2);
+    const QFontMetricsF metrics(font);
+    const qreal ascent = std::round(metrics.ascent());
+    const qreal baseline = (lineBox(font.pixelSize()) + ascent - std::round(metrics.descent())) / 2;
+    return baseline - metrics.ascent();
 }
 
 qreal ThemeFonts::overhang(const QFont &font)

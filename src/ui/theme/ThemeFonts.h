@@ -30,7 +30,8 @@ public:
     /// The height of one line of text of @p pixelSize.
     [[nodiscard]] Q_INVOKABLE static qreal lineBox(qreal pixelSize);
     /// How far below the top of its line box a line of @p font starts, so that it stands in the
-    /// middle; negative where the box is tighter than the face.
+    /// middle, on a baseline at a whole or half pixel; negative where the box is tighter than the
+    /// face.
     [[nodiscard]] Q_INVOKABLE static qreal halfLeading(const QFont &font);
     /// How much higher a line of @p font is measured than its line box; 0 where it fits.
     [[nodiscard]] Q_INVOKABLE static qreal overhang(const QFont &font);

@@ -11,6 +11,8 @@ Text {
     // How far the face's own line stands below the top of the line box.
     readonly property real halfLeading: ThemeFonts.halfLeading(font)
 
+    // Rounded, a text in a line box of odd height stands too high among its neighbours.
+    anchors.alignWhenCentered: false
     color: Theme.textPrimary
     font: Theme.body
     elide: Text.ElideRight

@@ -28,14 +28,6 @@ QList<QAccessibleInterface *> focusableThings(QWindow &window)
 
 } // namespace
 
-TEST(ComponentsPageTest, EveryPageOpens)
-{
-    for (const QString &page : galleryPages()) {
-        const GalleryWindow window(page);
-        EXPECT_TRUE(window.isUsable()) << qPrintable(page);
-    }
-}
-
 TEST(ComponentsPageTest, NoFocusableControlIsNameless)
 {
     GalleryWindow window(QStringLiteral("ComponentsPage"));

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 namespace ostrel::test {
 
 TEST(ThemeFontsTest, LinesHaveTheHeightOfTheirSize)
@@ -21,6 +23,19 @@ TEST(ThemeFontsTest, LinesHaveTheHeightOfTheirSize)
     };
     for (const auto &[pixelSize, height] : table)
         EXPECT_EQ(ThemeFonts::lineBox(pixelSize), height) << pixelSize;
+}
+
+TEST(ThemeFontsTest, CapitalsStandInTheMiddleOfTheirLineBox)
+{
+    for (const int pixelSize : {9, 10, 11, 12, 13, 14, 15, 22, 24, 32}) {
+        const QFont font = ThemeFonts::face(500, pixelSize);
+        const QFontMetricsF metrics(font);
+        const qreal baseline = ThemeFonts::halfLeading(font) + metrics.ascent();
+        EXPECT_NEAR(2 * baseline, std::round(2 * baseline), 1e-9) << pixelSize;
+        EXPECT_NEAR(baseline - metrics.capHeight() / 2, ThemeFonts::lineBox(pixelSize) / 2,
+                    0.06 * pixelSize + 0.5)
+            << pixelSize;
+    }
 }
 
 TEST(ThemeFontsTest, ASizeWithoutALineBoxOfItsOwnStillFitsItsText)

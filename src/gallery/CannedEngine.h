@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <memory>
+
+namespace ostrel {
+
+class MonitorStore;
+class MonitoringEngine;
+
+/// An engine that asks nobody and tells nobody: no check of it ever ends.
+class CannedEngine
+{
+public:
+    /// @p store outlives it.
+    explicit CannedEngine(MonitorStore &store);
+    ~CannedEngine();
+    Q_DISABLE_COPY_MOVE(CannedEngine)
+
+    [[nodiscard]] MonitoringEngine &engine();
+
+private:
+    struct Parts;
+
+    std::unique_ptr<Parts> m_parts;
+};
+
+} // namespace ostrel

@@ -1,0 +1,13 @@
+#pragma once
+
+class QObject;
+
+namespace ostrel {
+
+class FaviconService;
+
+/// The icons of the made-up sites, without a network; it belongs to @p parent. All of them are in
+/// memory at once, so that views show them with their first frame.
+[[nodiscard]] FaviconService &cannedIcons(QObject *parent);
+
+} // namespace ostrel

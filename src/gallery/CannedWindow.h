@@ -1,0 +1,63 @@
+#pragma once
+
+#include "AppActions.h"
+#include "DashboardOverview.h"
+#include "DesktopActions.h"
+#include "MonitorDetailModel.h"
+#include "MonitorListModel.h"
+#include "SheetOpener.h"
+
+#include <QObject>
+#include <QStringList>
+#include <QUuid>
+#include <QVariant>
+#include <QtQml/qqmlregistration.h>
+
+#include <memory>
+
+namespace ostrel {
+
+/// All that the window shows, over a store of made-up monitors. What is done there is neither kept
+/// nor watched.
+class CannedWindow : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    /// One of samples(); set once.
+    Q_PROPERTY(QString sample READ sample WRITE setSample REQUIRED)
+    Q_PROPERTY(ostrel::MonitorListModel *monitors READ monitors CONSTANT)
+    Q_PROPERTY(ostrel::DashboardOverview *overview READ overview CONSTANT)
+    Q_PROPERTY(ostrel::AppActions *actions READ actions CONSTANT)
+    Q_PROPERTY(ostrel::MonitorDetailModel *detailModel READ detailModel CONSTANT)
+    Q_PROPERTY(ostrel::SheetOpener *opener READ opener CONSTANT)
+    Q_PROPERTY(ostrel::DesktopActions *desktop READ desktop CONSTANT)
+    /// A QUuid: the monitor whose page is to be shown; null for the dashboard.
+    Q_PROPERTY(QVariant selectedMonitorId READ selectedMonitorId CONSTANT)
+
+public:
+    explicit CannedWindow(QObject *parent = nullptr);
+    ~CannedWindow() override;
+
+    /// The name of a state, which may be followed by "-" and what a hand does there, as
+    /// GalleryGesture knows it.
+    [[nodiscard]] static QStringList samples();
+
+    [[nodiscard]] QString sample() const { return m_sample; }
+    void setSample(const QString &sample);
+    [[nodiscard]] MonitorListModel *monitors();
+    [[nodiscard]] DashboardOverview *overview();
+    [[nodiscard]] AppActions *actions();
+    [[nodiscard]] MonitorDetailModel *detailModel();
+    [[nodiscard]] SheetOpener *opener();
+    [[nodiscard]] DesktopActions *desktop();
+    [[nodiscard]] QVariant selectedMonitorId() const { return m_selectedMonitorId; }
+
+private:
+    struct Parts;
+
+    QString m_sample;
+    QUuid m_selectedMonitorId;
+    std::unique_ptr<Parts> m_parts;
+};
+
+} // namespace ostrel

@@ -1,0 +1,5 @@
+// What stands in a window that fills a large screen.
+WindowPage {
+    width: 1920
+    height: 1080
+}

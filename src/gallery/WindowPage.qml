@@ -1,0 +1,39 @@
+import QtQuick
+
+import Ostrel
+import Ostrel.Gallery
+import Ostrel.Theme
+
+// What stands in the window at its usual size.
+Rectangle {
+    id: root
+
+    required property string sample
+
+    width: Theme.windowWidth
+    height: Theme.windowHeight
+    color: Theme.background
+    Component.onCompleted: {
+        Theme.reducedMotion = true;
+        content.selectedMonitorId = canned.selectedMonitorId;
+    }
+
+    ContentView {
+        id: content
+
+        objectName: "content"
+        anchors.fill: parent
+        monitors: canned.monitors
+        overview: canned.overview
+        actions: canned.actions
+        detailModel: canned.detailModel
+        opener: canned.opener
+        desktop: canned.desktop
+    }
+
+    CannedWindow {
+        id: canned
+
+        sample: root.sample
+    }
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QImage>
+#include <QQuickItem>
+#include <QtQml/qqmlregistration.h>
+
+class QPainter;
+
+namespace ostrel {
+
+/// An item that a painter draws, as a picture whose pixels are the screen's: also where the item's
+/// size is no whole number of them, nothing is scaled, so that what is round stays round and no
+/// line is lost.
+class PixelItem : public QQuickItem
+{
+    Q_OBJECT
+    QML_ANONYMOUS
+
+public:
+    explicit PixelItem(QQuickItem *parent = nullptr);
+
+    /// Draws the item in its own coordinates, on a transparent ground; after each update().
+    virtual void paint(QPainter *painter) = 0;
+
+protected:
+    void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
+    void itemChange(ItemChange change, const ItemChangeData &value) override;
+    QSGNode *updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *data) override;
+
+private:
+    [[nodiscard]] QImage picture();
+};
+
+} // namespace ostrel
