@@ -85,7 +85,7 @@ Marks bestMarks(Timestamp first, Timestamp last, const QTimeZone &timeZone)
 
 QString labelOf(const QDateTime &time, minutes step, const QLocale &locale)
 {
-    if (step >= 24h)
+    if (time.time() == QTime(0, 0))
         return locale.toString(time.date(), QStringLiteral("ddd d"));
     const QString pattern = step < 1h ? clockTimePattern(locale) : fullHourPattern(locale);
     return locale.toString(time.time(), pattern);

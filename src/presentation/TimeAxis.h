@@ -25,7 +25,7 @@ struct TimeTick
 /// The step is 1, 2, 5, 10, 15 or 30 minutes, or 1, 2, 3, 6, 12 or 24 hours: the one whose number
 /// of marks is nearest to 5, the smaller on a tie. Spans of many days, which only a clock that was
 /// set leaves behind, take a step of several days. Labels are the hour ("6 PM", "18:00"), below
-/// steps of an hour with minutes ("6:15 PM"); steps of a day as the day that begins ("Mon 3").
+/// steps of an hour with minutes ("6:15 PM"); midnight is told as the day that begins ("Mon 3").
 [[nodiscard]] std::vector<TimeTick> timeTicks(Timestamp first, Timestamp last,
                                               const QTimeZone &timeZone, const QLocale &locale);
 

@@ -19,17 +19,19 @@ FocusScope {
     property alias selectedMonitorId: chosen.monitorId
     property bool showingAddSheet: false
     property bool showedFocus: false
+    readonly property bool isSheetOpen: (sheet.item as AddMonitorSheet)?.visible ?? false
 
     signal settingsRequested
 
     function add(): void {
-        if (!sheet.visible)
+        if (!isSheetOpen)
             showingAddSheet = true;
     }
 
     function openSheet(): void {
         showedFocus = (Window.activeFocusItem as T.Control)?.visualFocus ?? false;
-        sheet.open();
+        sheet.active = true;
+        (sheet.item as AddMonitorSheet).open();
     }
 
     function checkSelected(): void {
@@ -38,14 +40,14 @@ FocusScope {
 
     function scrollPages(pages: real): void {
         if (chosen.showsMonitor)
-            page.scrollPages(pages);
+            (page.item as MonitorDetailView).scrollPages(pages);
         else
             dashboard.scrollPages(pages);
     }
 
     function editSelected(): void {
-        if (!sheet.visible && chosen.showsMonitor)
-            page.showingEdit = true;
+        if (!isSheetOpen && chosen.showsMonitor)
+            (page.item as MonitorDetailView).showingEdit = true;
     }
 
     focus: true
@@ -153,21 +155,25 @@ FocusScope {
             onCardChosen: appearance.restart()
         }
 
-        MonitorDetailView {
+        // Made when it is first shown, as is the sheet: the window opens sooner without them.
+        Loader {
             id: page
 
-            objectName: "detailPage"
             anchors.fill: parent
+            active: chosen.showsMonitor || item !== null
             visible: chosen.showsMonitor
-            model: root.detailModel
-            onCheckNow: root.checkSelected()
-            onEditMonitor: {
-                if (root.opener.beginEdit(root.selectedMonitorId))
-                    root.openSheet();
-                else
-                    showingEdit = false;
+            sourceComponent: MonitorDetailView {
+                objectName: "detailPage"
+                model: root.detailModel
+                onCheckNow: root.checkSelected()
+                onEditMonitor: {
+                    if (root.opener.beginEdit(root.selectedMonitorId))
+                        root.openSheet();
+                    else
+                        showingEdit = false;
+                }
+                onGetHelp: root.desktop.getHelp()
             }
-            onGetHelp: root.desktop.getHelp()
         }
 
         NumberAnimation {
@@ -182,14 +188,18 @@ FocusScope {
         }
     }
 
-    AddMonitorSheet {
+    Loader {
         id: sheet
 
-        form: root.opener.form
-        onClosed: {
-            root.showingAddSheet = false;
-            page.showingEdit = false;
-            root.forceActiveFocus(root.showedFocus ? Qt.TabFocusReason : Qt.PopupFocusReason);
+        active: false
+        sourceComponent: AddMonitorSheet {
+            form: root.opener.form
+            onClosed: {
+                root.showingAddSheet = false;
+                if (page.item)
+                    (page.item as MonitorDetailView).showingEdit = false;
+                root.forceActiveFocus(root.showedFocus ? Qt.TabFocusReason : Qt.PopupFocusReason);
+            }
         }
     }
 }

@@ -40,6 +40,7 @@ CardStyle {
         width: parent.width
         Accessible.role: Accessible.List
         Accessible.name: title.text
+        Accessible.ignored: rows.count === 0
 
         Repeater {
             id: rows

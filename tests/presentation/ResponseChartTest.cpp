@@ -114,7 +114,7 @@ TEST(ResponseChartTest, TimeLabelsAreCentredUnderTheirLines)
 {
     const auto chart = chartOf(dayOfChecks(96));
     EXPECT_EQ(textsOf(chart).mid(4).join(QLatin1Char('|')),
-              QStringLiteral("6 PM|12 AM|6 AM|12 PM"));
+              QStringLiteral("6 PM|Fri 20|6 AM|12 PM"));
     ASSERT_EQ(chart.verticals.size(), 4U);
     EXPECT_DOUBLE_EQ(boxOf(chart.labels[5]).center().x(), chart.verticals[1]);
     EXPECT_DOUBLE_EQ(chart.labels[5].position.y(), 176);

@@ -3,38 +3,26 @@ import QtQuick
 import Ostrel.Theme
 
 // A rounded box whose edge, if it has one, lies over its fill, inside its outline.
-Item {
+PaintedBox {
     id: root
 
-    property color color: Theme.none
-    property color edge: Theme.none
-    property real edgeWidth: Theme.hairlineWidth
-    property real radius: 0
+    color: Theme.none
+    edge: Theme.none
+    edgeWidth: Theme.hairlineWidth
 
     Rectangle {
         anchors.fill: parent
-        visible: !painted.visible
+        visible: !root.isNeeded
         radius: root.radius
         color: root.color
     }
 
     Rectangle {
         anchors.fill: parent
-        visible: !painted.visible && root.edge.a > 0
+        visible: !root.isNeeded && root.edge.a > 0
         radius: root.radius
         color: Theme.none
         border.width: root.edgeWidth
         border.color: root.edge
-    }
-
-    PaintedBox {
-        id: painted
-
-        anchors.fill: parent
-        visible: isNeeded()
-        color: root.color
-        edge: root.edge
-        edgeWidth: root.edgeWidth
-        radius: root.radius
     }
 }

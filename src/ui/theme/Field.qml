@@ -16,6 +16,8 @@ T.TextField {
     property string trailingSymbol: ""
     property color trailingColor: Theme.statusUp
     property string trailingName: ""
+    // Once it is complete, the template has said the placeholder instead.
+    property bool isComplete: false
 
     implicitWidth: Theme.thresholdFieldWidth
     implicitHeight: Theme.fieldHeight
@@ -32,8 +34,9 @@ T.TextField {
     autoScroll: activeFocus
     hoverEnabled: true
     opacity: enabled ? 1 : Theme.disabledOpacity
+    Component.onCompleted: isComplete = true
     Accessible.name: spokenName
-    Accessible.description: trailingSymbol !== "" ? trailingName : ""
+    Accessible.description: isComplete && trailingSymbol !== "" ? trailingName : ""
 
     cursorDelegate: Rectangle {
         id: caret

@@ -11,6 +11,7 @@ namespace ostrel {
 PaintedBox::PaintedBox(QQuickItem *parent)
     : PixelItem(parent)
 {
+    setFlag(ItemHasContents, isNeeded());
     connect(this, &PaintedBox::lookChanged, this, [this] { update(); });
 }
 

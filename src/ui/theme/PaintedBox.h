@@ -6,11 +6,14 @@
 
 namespace ostrel {
 
-/// A rounded box whose edge lies over its fill, painted as one picture.
+/// A rounded box whose edge lies over its fill, painted as one picture where that is needed.
 class PaintedBox : public PixelItem
 {
     Q_OBJECT
     QML_ELEMENT
+    /// Whether it paints: a rectangle with a radius, which costs less, shows seams where its
+    /// logical pixels aren't whole pixels of the screen.
+    Q_PROPERTY(bool isNeeded READ isNeeded CONSTANT FINAL)
     Q_PROPERTY(QColor color MEMBER m_color NOTIFY lookChanged FINAL)
     Q_PROPERTY(QColor edge MEMBER m_edge NOTIFY lookChanged FINAL)
     Q_PROPERTY(qreal edgeWidth MEMBER m_edgeWidth NOTIFY lookChanged FINAL)
@@ -21,9 +24,7 @@ public:
 
     void paint(QPainter *painter) override;
 
-    /// Whether this is the item to use: a rectangle with a radius shows seams where its logical
-    /// pixels aren't whole pixels of the screen.
-    [[nodiscard]] Q_INVOKABLE static bool isNeeded();
+    [[nodiscard]] static bool isNeeded();
 
 Q_SIGNALS:
     void lookChanged();

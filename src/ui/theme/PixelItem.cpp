@@ -36,7 +36,7 @@ void PixelItem::geometryChange(const QRectF &newGeometry, const QRectF &oldGeome
 
 void PixelItem::itemChange(ItemChange change, const ItemChangeData &value)
 {
-    if (change == ItemDevicePixelRatioHasChanged)
+    if (change == ItemDevicePixelRatioHasChanged || change == ItemVisibleHasChanged)
         update();
     QQuickItem::itemChange(change, value);
 }
@@ -62,7 +62,7 @@ QImage PixelItem::picture()
 {
     const qreal pixelRatio = window()->effectiveDevicePixelRatio();
     const QSize pixels(pixelsOf(width() * pixelRatio), pixelsOf(height() * pixelRatio));
-    if (pixels.isEmpty())
+    if (pixels.isEmpty() || !isVisible())
         return {};
     QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(pixelRatio);

@@ -10,7 +10,7 @@ namespace ostrel {
 
 /// An item that a painter draws, as a picture whose pixels are the screen's: also where the item's
 /// size is no whole number of them, nothing is scaled, so that what is round stays round and no
-/// line is lost.
+/// line is lost. While it isn't visible there is no picture.
 class PixelItem : public QQuickItem
 {
     Q_OBJECT
