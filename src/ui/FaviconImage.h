@@ -11,7 +11,7 @@ namespace ostrel {
 class FaviconService;
 
 /// The icon of a site with round corners; draws nothing until, or unless, one is found.
-class FaviconImage : public PixelItem
+class FaviconImage : public ostrel::PixelItem
 {
     Q_OBJECT
     QML_ELEMENT

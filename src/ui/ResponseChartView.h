@@ -7,7 +7,7 @@ namespace ostrel {
 
 /// The body of the response-time chart: area, line, points, grid and labels. Draws nothing of a
 /// series that is too short for a line. Times are those of the computer's time zone and locale.
-class ResponseChartView : public PixelItem
+class ResponseChartView : public ostrel::PixelItem
 {
     Q_OBJECT
     QML_ELEMENT

@@ -7,7 +7,7 @@
 namespace ostrel {
 
 /// The strip of the uptime timeline.
-class UptimeTimelineView : public PixelItem
+class UptimeTimelineView : public ostrel::PixelItem
 {
     Q_OBJECT
     QML_ELEMENT

@@ -8,7 +8,7 @@ namespace ostrel {
 
 /// A filled circle in the middle of the item. Unlike a rectangle with a radius it is round and even
 /// at every size and place, also where its colour is translucent.
-class Disc : public PixelItem
+class Disc : public ostrel::PixelItem
 {
     Q_OBJECT
     QML_ELEMENT

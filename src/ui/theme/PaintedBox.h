@@ -7,7 +7,7 @@
 namespace ostrel {
 
 /// A rounded box whose edge lies over its fill, painted as one picture where that is needed.
-class PaintedBox : public PixelItem
+class PaintedBox : public ostrel::PixelItem
 {
     Q_OBJECT
     QML_ELEMENT

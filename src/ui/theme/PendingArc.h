@@ -7,7 +7,7 @@
 namespace ostrel {
 
 /// A ring with a quarter of it in another colour.
-class PendingArc : public PixelItem
+class PendingArc : public ostrel::PixelItem
 {
     Q_OBJECT
     QML_ELEMENT

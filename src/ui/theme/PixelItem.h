@@ -10,7 +10,8 @@ namespace ostrel {
 
 /// An item that a painter draws, as a picture whose pixels are the screen's: also where the item's
 /// size is no whole number of them, nothing is scaled, so that what is round stays round and no
-/// line is lost. While it isn't visible there is no picture.
+/// line is lost. While it isn't visible there is no picture. Derive from it by its full name, by
+/// which alone the QML tools find it.
 class PixelItem : public QQuickItem
 {
     Q_OBJECT
