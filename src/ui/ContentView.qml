@@ -30,7 +30,10 @@ FocusScope {
 
     function openSheet(): void {
         showedFocus = (Window.activeFocusItem as T.Control)?.visualFocus ?? false;
-        sheet.active = true;
+        if (!sheet.item)
+            sheet.setSource("AddMonitorSheet.qml", {
+                form: opener.form
+            });
         (sheet.item as AddMonitorSheet).open();
     }
 
@@ -160,19 +163,32 @@ FocusScope {
             id: page
 
             anchors.fill: parent
-            active: chosen.showsMonitor || item !== null
             visible: chosen.showsMonitor
-            sourceComponent: MonitorDetailView {
-                objectName: "detailPage"
-                model: root.detailModel
-                onCheckNow: root.checkSelected()
-                onEditMonitor: {
-                    if (root.opener.beginEdit(root.selectedMonitorId))
-                        root.openSheet();
-                    else
-                        showingEdit = false;
-                }
-                onGetHelp: root.desktop.getHelp()
+            onVisibleChanged: {
+                if (visible && !item)
+                    setSource("MonitorDetailView.qml", {
+                        objectName: "detailPage",
+                        model: root.detailModel
+                    });
+            }
+        }
+
+        Connections {
+            target: page.item as MonitorDetailView
+
+            function onCheckNow(): void {
+                root.checkSelected();
+            }
+
+            function onEditMonitor(): void {
+                if (root.opener.beginEdit(root.selectedMonitorId))
+                    root.openSheet();
+                else
+                    (page.item as MonitorDetailView).showingEdit = false;
+            }
+
+            function onGetHelp(): void {
+                root.desktop.getHelp();
             }
         }
 
@@ -190,16 +206,16 @@ FocusScope {
 
     Loader {
         id: sheet
+    }
 
-        active: false
-        sourceComponent: AddMonitorSheet {
-            form: root.opener.form
-            onClosed: {
-                root.showingAddSheet = false;
-                if (page.item)
-                    (page.item as MonitorDetailView).showingEdit = false;
-                root.forceActiveFocus(root.showedFocus ? Qt.TabFocusReason : Qt.PopupFocusReason);
-            }
+    Connections {
+        target: sheet.item as AddMonitorSheet
+
+        function onClosed(): void {
+            root.showingAddSheet = false;
+            if (page.item)
+                (page.item as MonitorDetailView).showingEdit = false;
+            root.forceActiveFocus(root.showedFocus ? Qt.TabFocusReason : Qt.PopupFocusReason);
         }
     }
 }

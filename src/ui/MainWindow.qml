@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 
 import Ostrel
@@ -42,7 +40,11 @@ Window {
         opener: root.opener
         desktop: root.desktop
         onSettingsRequested: {
-            settingsWindow.active = true;
+            if (!settingsWindow.item)
+                settingsWindow.setSource("SettingsWindow.qml", {
+                    settings: root.settings,
+                    actions: root.desktop
+                });
             (settingsWindow.item as SettingsWindow).present();
         }
     }
@@ -50,12 +52,6 @@ Window {
     // Made when it is first asked for.
     Loader {
         id: settingsWindow
-
-        active: false
-        sourceComponent: SettingsWindow {
-            settings: root.settings
-            actions: root.desktop
-        }
     }
 
     Shortcut {
