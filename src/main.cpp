@@ -7,6 +7,7 @@
 #include "OstrelApp.h"
 #include "Platform.h"
 #include "PortCheck.h"
+#include "PseudoTranslator.h"
 #include "Sleeper.h"
 #include "StatusCommand.h"
 #include "StorageFolder.h"
@@ -55,6 +56,9 @@ struct Program
         QApplication application(argc, argv);
         QApplication::setDesktopFileName(QStringLiteral("ostrel"));
         ThemeFonts::install();
+        PseudoTranslator pseudo;
+        if (invocation.language == Language::pseudo)
+            QCoreApplication::installTranslator(&pseudo);
 
         createPrivateFolder(invocation.dataDir);
         const auto instance = makeSingleInstance(invocation.dataDir);

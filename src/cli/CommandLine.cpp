@@ -77,9 +77,18 @@ UnusableInvocation unusableOption(const QCommandLineParser &parser, const char *
                         .arg(parser.value(text(name)), text(name)));
 }
 
+std::optional<Language> languageFrom(const QString &value)
+{
+    if (value == text("en"))
+        return Language::english;
+    if (value == text("pseudo"))
+        return Language::pseudo;
+    return std::nullopt;
+}
+
 QString generalHelp()
 {
-    return text("Usage: ostrel [--data-dir DIR]\n"
+    return text("Usage: ostrel [--data-dir DIR] [--language LANGUAGE]\n"
                 "       ostrel check ADDRESS [options]\n"
                 "       ostrel status [--json] [--data-dir DIR]\n"
                 "\n"
@@ -102,6 +111,8 @@ QString generalHelp()
                 "\n"
                 "Options:\n"
                 "  --data-dir DIR        keep monitors and history in DIR\n"
+                "  --language LANGUAGE   show the window in LANGUAGE: en (default), or pseudo, in\n"
+                "                        which a text that was missed stands out\n"
                 "  --version             print the version\n"
                 "  --help                print this text\n"
                 "\n"
@@ -222,7 +233,7 @@ Invocation parseStatus(const QStringList &arguments)
 Invocation parseRun(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parser.addOption(dataDirOption());
+    parser.addOptions({dataDirOption(), {text("language"), {}, text("LANGUAGE")}});
     if (!parser.parse(arguments))
         return unusable(parser.errorText());
     if (const auto problem = complaint(parser, 0))
@@ -230,7 +241,11 @@ Invocation parseRun(const QStringList &arguments)
     const auto dataDir = dataDirOf(parser);
     if (!dataDir)
         return unusableOption(parser, "data-dir");
-    return RunInvocation{.dataDir = *dataDir};
+    const auto language = optionValue<Language>(parser, text("language"), languageFrom);
+    if (!language.isUsable)
+        return unusableOption(parser, "language");
+    return RunInvocation{.dataDir = *dataDir,
+                         .language = language.value.value_or(Language::english)};
 }
 
 } // namespace

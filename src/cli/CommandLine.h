@@ -11,10 +11,16 @@ namespace ostrel {
 
 // What the program was asked to do.
 
+enum class Language {
+    english,
+    pseudo, ///< For those who translate: every text that can be, marked and made longer.
+};
+
 /// Watch, with the window.
 struct RunInvocation
 {
     QString dataDir;
+    Language language = Language::english;
 };
 
 enum class OutputFormat { human, json };

@@ -36,6 +36,15 @@ TEST(CommandLineTest, WithoutACommandItRuns)
               QDir::current().absoluteFilePath(QStringLiteral("here")));
 }
 
+TEST(CommandLineTest, TheLanguageIsEnglishUnlessItIsChosen)
+{
+    EXPECT_EQ(std::get<RunInvocation>(parse({})).language, Language::english);
+    EXPECT_EQ(std::get<RunInvocation>(parse(QStringLiteral("--language en"))).language,
+              Language::english);
+    EXPECT_EQ(std::get<RunInvocation>(parse(QStringLiteral("--language pseudo"))).language,
+              Language::pseudo);
+}
+
 TEST(CommandLineTest, ACheckHasTheFormsDefaults)
 {
     const CheckInvocation check = parseCheck(QStringLiteral("check https://shop.example/"));
@@ -93,6 +102,9 @@ TEST(CommandLineTest, UnusableArgumentsAreNamed)
         "--data-dir=",
         "status --data-dir=",
         "--unknown",
+        "--language",
+        "--language xx",
+        "status --language pseudo",
     };
     for (const char *line : lines) {
         const Invocation invocation = parse(QString::fromLatin1(line));

@@ -80,7 +80,7 @@ bool OstrelProgram::start()
     const QString loginItem = homeFile(QStringLiteral("config/autostart/ostrel.desktop"));
     QFile::remove(loginItem);
     m_process.setProcessEnvironment(m_environment);
-    m_process.start(program, QStringList());
+    m_process.start(program, m_arguments);
     return m_process.waitForStarted() &&
            waitFor([&] { return !isRunning() || QFile::exists(loginItem); }) && isRunning();
 }

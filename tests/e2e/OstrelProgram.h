@@ -22,6 +22,8 @@ public:
 
     /// For the starts that follow.
     void setEnvironment(const QString &name, const QString &value);
+    /// For the starts that follow.
+    void setArguments(const QStringList &arguments) { m_arguments = arguments; }
     /// What the folder holds before the program sees it.
     void writeMonitors(const QList<Monitor> &monitors) const;
 
@@ -59,6 +61,7 @@ public:
 private:
     QTemporaryDir m_home;
     QProcessEnvironment m_environment;
+    QStringList m_arguments;
     BoundProcess m_process;
 };
 

@@ -1,0 +1,117 @@
+#include "ExpectedMonitor.h"
+#include "HostileBehaviours.h"
+#include "OstrelDesktop.h"
+#include "Printers.h"
+#include "WaitFor.h"
+
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace ostrel::test {
+
+namespace {
+
+QString text(const char *english)
+{
+    return QString::fromUtf8(english);
+}
+
+/// What of @p name has not gone through a translator.
+QString untranslated(QString name)
+{
+    static const QRegularExpression innermost(text("⟦[^⟦⟧]*⟧"));
+    while (name.contains(innermost))
+        name.remove(innermost);
+    return name;
+}
+
+/// Names of things, units and what the user has typed stand as they are in every language.
+bool isSameInEveryLanguage(const QString &name)
+{
+    static const QRegularExpression same(QRegularExpression::anchoredPattern(
+        text("Ostrel|Shop|GET|HEAD|POST|https?://\\S*|127\\.0\\.0\\.1\\S*|\\S+\\.local|~?/\\S*|"
+             "[^a-zA-Z]*|\\d+(\\.\\d+)?s|[\\d.,]+ ?(ms|s)|\\d+:\\d+ [AP]M")));
+    const QStringList parts = name.split(text(", "));
+    return std::ranges::all_of(
+        parts, [](const QString &part) { return same.match(part.trimmed()).hasMatch(); });
+}
+
+} // namespace
+
+class PseudoLanguageTest : public testing::Test
+{
+protected:
+    PseudoLanguageTest()
+    {
+        shop.interval = shop.timeout = Seconds(3600);
+        shop.name = text("Shop");
+        desktop.program.setArguments({text("--language"), text("pseudo")});
+    }
+
+    void expectAllTranslated(const char *where)
+    {
+        int translated = 0;
+        for (const AccessibleItem &item : desktop.items()) {
+            if (item.role == AccessibleRole::application)
+                continue;
+            translated += item.name.contains(u'⟦') ? 1 : 0;
+            EXPECT_TRUE(isSameInEveryLanguage(untranslated(item.name)))
+                << where << ": " << item.describe().trimmed().toStdString();
+        }
+        EXPECT_GT(translated, 3) << where;
+    }
+
+    [[nodiscard]] bool waitForName(const char *name)
+    {
+        return waitFor([&] {
+            const auto items = desktop.items();
+            return std::ranges::any_of(
+                items, [&](const AccessibleItem &item) { return item.name.contains(text(name)); });
+        });
+    }
+
+    HostileServer server{answerWith("OK")};
+    OstrelDesktop desktop;
+    Monitor shop = webMonitor(text("Shop"), server.url());
+};
+
+TEST_F(PseudoLanguageTest, NoTextOfTheWindowIsMissed)
+{
+    ASSERT_TRUE(desktop.start());
+    ASSERT_TRUE(waitForName("⟦Stárt Möñïtörïñg"));
+    expectAllTranslated("without monitors");
+    EXPECT_EQ(desktop.program.stop(), 0);
+
+    shop.keyword = text("OK");
+    desktop.program.writeMonitors({shop});
+    ASSERT_TRUE(desktop.start());
+    ASSERT_TRUE(waitForName("Øpërátïöñál"));
+    expectAllTranslated("dashboard");
+    ASSERT_TRUE(desktop.user.press("Down"));
+    ASSERT_TRUE(waitForName("⟦Lást çhëçkëd"));
+    expectAllTranslated("page");
+    ASSERT_TRUE(desktop.user.press("Menu"));
+    ASSERT_TRUE(waitForName("⟦Dëlëtë"));
+    expectAllTranslated("row menu");
+    ASSERT_TRUE(desktop.user.press("Escape"));
+    EXPECT_EQ(desktop.program.stop(), 0);
+}
+
+TEST_F(PseudoLanguageTest, NoTextOfTheFormAndTheSettingsIsMissed)
+{
+    ASSERT_TRUE(desktop.start());
+    ASSERT_TRUE(desktop.user.press("ctrl+n"));
+    ASSERT_TRUE(waitForName("⟦Nëw Möñïtör"));
+    expectAllTranslated("form");
+    ASSERT_TRUE(desktop.user.press("Escape"));
+    ASSERT_TRUE(desktop.waitUntilGone(AccessibleRole::dialog, text("⟦Nëw Möñïtör···⟧")));
+    ASSERT_TRUE(desktop.user.press("ctrl+comma"));
+    ASSERT_TRUE(waitForName("⟦Láüñçh"));
+    expectAllTranslated("settings");
+    EXPECT_EQ(desktop.program.stop(), 0);
+}
+
+} // namespace ostrel::test
