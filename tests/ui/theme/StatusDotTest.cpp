@@ -110,7 +110,7 @@ TEST(StatusDotTest, PendingLooksLikePaused)
 TEST(StatusDotTest, TheHaloStandsStillWhileItsWindowIsHidden)
 {
     ThemeView view(dot("Down"));
-    ASSERT_TRUE(isPulsing(view));
+    ASSERT_TRUE(waitFor([&] { return isPulsing(view); }));
 
     view.window().hide();
     EXPECT_TRUE(waitFor([&] { return !isPulsing(view); }));
