@@ -53,7 +53,7 @@ void typeWebsite(MonitorForm &form)
 void typeLongWebsite(MonitorForm &form)
 {
     begin(form);
-    form.setUrl(QStringLiteral("https://catalogue.library.upper-and-lower-wiesenthal.example/"
+    form.setUrl(QStringLiteral("https://catalogue-library.upper-and-lower-wiesenthal.example/"
                                "search/advanced?branch=all"));
     form.setKeyword(QStringLiteral("Opening Hours of the Municipal Library"));
     form.setKeywordShouldExist(false);

@@ -222,14 +222,14 @@ CannedMonitor longest()
     CannedMonitor canned =
         upEvery(site("The Municipal Library of Upper and Lower Wiesenthal \u2014 Catalogue, "
                      "Opening Hours, Events",
-                     "https://catalogue.library.upper-and-lower-wiesenthal.example/search/"
+                     "https://catalogue-library.upper-and-lower-wiesenthal.example/search/"
                      "advanced?branch=all&sort=newest"),
                 60min, 80, 10400);
     canned.monitor.keyword = QStringLiteral("Opening Hours");
     canned.monitor.responseTimeThreshold = 1000ms;
     fail(canned.checks[70],
          "SSL: no alternative certificate subject name matches target host name "
-         "'catalogue.library.upper-and-lower-wiesenthal.example'",
+         "'catalogue-library.upper-and-lower-wiesenthal.example'",
          {});
     canned.latest().responseTime = 12345;
     canned.latest().sslExpiresAt = cannedNow() + 3650 * 24h + 1h;
