@@ -40,12 +40,16 @@ protected:
     }
 
     HttpResult result = response(200);
+    std::optional<std::chrono::sys_seconds> redirectingCertificateEnd;
     std::optional<std::chrono::sys_seconds> certificateEnd;
     std::vector<HttpRequest> requests;
     RecordingNotificationCenter center;
     NotificationManager notifications{center};
     HttpCheck check{[this](const HttpRequest &request) {
                         requests.push_back(request);
+                        if (redirectingCertificateEnd)
+                            request.tlsDelegate->didReceiveLeafCertificate(
+                                *redirectingCertificateEnd);
                         if (certificateEnd)
                             request.tlsDelegate->didReceiveLeafCertificate(*certificateEnd);
                         return QtFuture::makeReadyFuture(result);
@@ -276,6 +280,19 @@ TEST_F(HttpCheckTest, TheCertificateIsToldFromTheWarningDayOnUpOrDown)
             EXPECT_EQ(center.requests[0].body, QString::fromLatin1(c.body)) << c.name;
         }
     }
+}
+
+TEST_F(HttpCheckTest, OfTheCertificatesOnTheWayTheLastCounts)
+{
+    const auto today = std::chrono::floor<std::chrono::seconds>(now);
+    redirectingCertificateEnd = today + 24h;
+    certificateEnd = today + 100 * 24h;
+    EXPECT_EQ(run().sslExpiresAt, CompactOptional<Timestamp>(Timestamp(*certificateEnd)));
+    EXPECT_EQ(center.kinds(), none);
+
+    std::swap(redirectingCertificateEnd, certificateEnd);
+    EXPECT_EQ(run().sslExpiresAt, CompactOptional<Timestamp>(Timestamp(*certificateEnd)));
+    EXPECT_EQ(center.kinds(), QStringList{QStringLiteral("ssl")});
 }
 
 TEST_F(HttpCheckTest, WithoutACertificateNothingIsToldOfOne)

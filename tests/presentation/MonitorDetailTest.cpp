@@ -50,12 +50,23 @@ TEST_F(MonitorDetailTest, PausedMonitorHasTheMoonWhateverItsLastCheckWas)
 {
     Monitor monitor = sampleMonitor();
     monitor.isEnabled = false;
-    m_sample.add(monitor, {downCheck(monitor, sampleNow() - 2min)});
-    const auto detail = detailOf(monitor);
-    EXPECT_EQ(detail.pillText, QStringLiteral("PAUSED"));
-    EXPECT_EQ(detail.pillSymbol, QStringLiteral("moon.circle.fill"));
-    EXPECT_EQ(detail.statusTone, Tone::Muted);
-    EXPECT_EQ(detail.lastCheckedText, QStringLiteral("Last checked 2 minutes ago"));
+    const Timestamp lastTime = sampleNow() - 2min;
+    const std::pair<std::vector<Check>, const char *> cases[] = {
+        {{}, ""},
+        {{upCheck(monitor, lastTime)}, "Last checked 2 minutes ago"},
+        {{downCheck(monitor, lastTime)}, "Last checked 2 minutes ago"},
+    };
+    for (const auto &[checks, lastCheckedText] : cases) {
+        monitor.id = QUuid::createUuid();
+        auto ownChecks = checks;
+        for (Check &check : ownChecks)
+            check.monitorId = monitor.id;
+        const auto detail = detailOf(m_sample.add(monitor, ownChecks));
+        EXPECT_EQ(detail.pillText, QStringLiteral("PAUSED"));
+        EXPECT_EQ(detail.pillSymbol, QStringLiteral("moon.circle.fill"));
+        EXPECT_EQ(detail.statusTone, Tone::Muted);
+        EXPECT_EQ(detail.lastCheckedText, QLatin1String(lastCheckedText));
+    }
 }
 
 TEST_F(MonitorDetailTest, StatisticsCoverTheirWindows)

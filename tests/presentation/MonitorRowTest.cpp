@@ -41,14 +41,15 @@ TEST(MonitorRowTest, MonitorNeverCheckedShowsNoResultAndFullUptime)
     EXPECT_EQ(row.spokenText, QStringLiteral("Shop, pending, 24-hour uptime 100%"));
 }
 
-TEST(MonitorRowTest, PausedMonitorThatWasUpShowsItsLastTimeWithANeutralDot)
+TEST(MonitorRowTest, PausedMonitorThatWasUpShowsItsLastTimeAndUptimeWithANeutralDot)
 {
     const Monitor monitor = sampleMonitor();
-    const auto row =
-        monitorRow(monitor, stateOf(MonitorStatus::paused, upCheck(monitor, sampleNow(), 640)));
+    const auto row = monitorRow(
+        monitor, stateOf(MonitorStatus::paused, upCheck(monitor, sampleNow(), 640), 0.9987));
     EXPECT_EQ(row.statusTone, Tone::Muted);
     EXPECT_EQ(row.resultText, QStringLiteral("640ms"));
     EXPECT_EQ(row.resultTone, Tone::Warning);
+    EXPECT_EQ(row.uptimeText, QStringLiteral("99.9%"));
 }
 
 TEST(MonitorRowTest, PausedMonitorThatWasDownShowsNoBadgeAndANeutralDot)

@@ -65,6 +65,14 @@ TEST(ResponseChartTest, TooFewPointsGiveNothing)
     EXPECT_TRUE(chartOf(dayOfChecks(1)).isEmpty());
 }
 
+TEST(ResponseChartTest, TwoPointsAreOneStretchOfLineWithTwoMarks)
+{
+    const auto chart = chartOf(dayOfChecks(2));
+    EXPECT_EQ(chart.curve.size(), 1U);
+    EXPECT_EQ(chart.marks, chart.points);
+    EXPECT_EQ(chart.marks.size(), 2U);
+}
+
 TEST(ResponseChartTest, PlotKeepsItsMargins)
 {
     EXPECT_EQ(chartOf(dayOfChecks(96)).plot, QRectF(32, 8, 560, 152));

@@ -93,10 +93,12 @@ TEST_F(MonitorStoreTest, MonitorWithoutChecksIsPendingAndFullyUp)
 {
     const Monitor monitor = add();
     EXPECT_EQ(m_store->status(monitor), MonitorStatus::pending);
-    EXPECT_EQ(m_store->uptime(monitor.id, 24h), 1.0);
-    EXPECT_EQ(m_store->averageResponseTime(monitor.id, 24h), 0.0);
-    EXPECT_TRUE(m_store->recentChecks(monitor.id, 24h).empty());
     EXPECT_FALSE(m_store->latestCheck(monitor));
+    for (const auto window : {1h, 24h, 168h, 720h}) {
+        EXPECT_EQ(m_store->uptime(monitor.id, window), 1.0) << window.count();
+        EXPECT_EQ(m_store->averageResponseTime(monitor.id, window), 0.0) << window.count();
+        EXPECT_TRUE(m_store->recentChecks(monitor.id, window).empty()) << window.count();
+    }
 }
 
 TEST_F(MonitorStoreTest, PausedMonitorIsPausedAndLeftOutOfTheWhole)
@@ -163,25 +165,31 @@ TEST_F(MonitorStoreTest, StatisticsAreOfTheWindow)
 {
     const Monitor monitor = add();
     record(monitor.id, false, 7000);
+    record(monitor.id, true, 7000);
     m_now += 24h + 1ms;
     const Check up = record(monitor.id, true, 100);
     const Check down = record(monitor.id, false, 900);
     const Check again = record(monitor.id, true, 201);
     EXPECT_EQ(m_store->uptime(monitor.id, 24h), 2.0 / 3);
-    EXPECT_EQ(m_store->uptime(monitor.id, 168h), 0.5);
+    EXPECT_EQ(m_store->uptime(monitor.id, 168h), 0.6);
     EXPECT_EQ(m_store->averageResponseTime(monitor.id, 24h), 150.5);
+    EXPECT_EQ(m_store->averageResponseTime(monitor.id, 168h), 7301.0 / 3);
     EXPECT_EQ(m_store->recentChecks(monitor.id, 24h), (std::vector{up, down, again}));
 }
 
 TEST_F(MonitorStoreTest, CheckAtTheCutOffIsInside)
 {
     const Monitor monitor = add();
-    const Check check = record(monitor.id, false);
+    const Check failed = record(monitor.id, false);
+    const Check slow = record(monitor.id, true, 900);
     m_now += 24h;
-    EXPECT_EQ(m_store->recentChecks(monitor.id, 24h), std::vector{check});
-    EXPECT_EQ(m_store->uptime(monitor.id, 24h), 0.0);
+    EXPECT_EQ(m_store->recentChecks(monitor.id, 24h), (std::vector{failed, slow}));
+    EXPECT_EQ(m_store->uptime(monitor.id, 24h), 0.5);
+    EXPECT_EQ(m_store->averageResponseTime(monitor.id, 24h), 900.0);
     m_now += 1ms;
     EXPECT_TRUE(m_store->recentChecks(monitor.id, 24h).empty());
+    EXPECT_EQ(m_store->uptime(monitor.id, 24h), 1.0) << "as if there were no checks at all";
+    EXPECT_EQ(m_store->averageResponseTime(monitor.id, 24h), 0.0);
 }
 
 TEST_F(MonitorStoreTest, HistoryOutOfOrderIsFilteredOneByOne)
@@ -305,6 +313,22 @@ TEST_F(MonitorStoreTest, CheckOfAnUnknownMonitorIsKept)
     open();
     ASSERT_EQ(m_store->checks(check.monitorId).size(), 1U);
     EXPECT_EQ(m_store->checks(check.monitorId).front(), check);
+}
+
+TEST_F(MonitorStoreTest, ChecksOfOneSecondKeepTheirOrder)
+{
+    const Monitor monitor = add();
+    m_now += 1ms;
+    const Check first = record(monitor.id, false);
+    m_now += 998ms;
+    const Check second = record(monitor.id, true);
+    open();
+    const auto checks = m_store->checks(monitor.id);
+    ASSERT_EQ(checks.size(), 2U);
+    EXPECT_EQ(checks[0].id, first.id);
+    EXPECT_EQ(checks[1].id, second.id);
+    EXPECT_EQ(checks[0].timestamp, checks[1].timestamp);
+    EXPECT_EQ(m_store->status(monitor), MonitorStatus::up);
 }
 
 TEST_F(MonitorStoreTest, LongHistoryIsTrimmedByTheNextCheckOnly)

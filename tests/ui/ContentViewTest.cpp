@@ -160,6 +160,7 @@ TEST_F(ContentViewTest, WithoutMonitorsTheInvitationIsShownAndNoBanner)
     show();
     EXPECT_TRUE(item("empty")->isVisible());
     EXPECT_FALSE(item("grid")->isVisible());
+    EXPECT_FALSE(item("banner")->isVisible());
     samples.add(sampleMonitor());
     EXPECT_FALSE(item("empty")->isVisible());
     EXPECT_FALSE(showsDashboard()) << "the first monitor's page opens";

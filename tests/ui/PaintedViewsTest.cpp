@@ -157,6 +157,28 @@ TEST_F(PaintedViewsTest, ShortSeriesHasPoints)
     EXPECT_GT(countPixels(image, disc), 20 * 5);
 }
 
+TEST_F(PaintedViewsTest, TheAreaUnderTheLineIsTintedDownToTheScalesFoot)
+{
+    const Monitor monitor = sampleMonitor();
+    for (const int count : {2, 41, 1440}) {
+        std::vector<Check> checks;
+        for (int i = 0; i < count; ++i)
+            checks.push_back(upCheck(monitor, sampleNow() - i * 30s, 200));
+        show(checks);
+        const QImage image = grab();
+        const double scale = image.width() / m_root->width();
+        const auto strength = [&](double y) {
+            // In the middle of the chart, beside the grid's lines.
+            const QColor pixel = image.pixelColor(qRound(307 * scale), qRound(y * scale));
+            return image.pixelColor(0, 0).lightness() - pixel.lightness();
+        };
+        keep(image, QStringLiteral("area-%1").arg(count));
+        EXPECT_EQ(strength(12), 0) << count << ": above the line";
+        EXPECT_GT(strength(75), strength(140)) << count << ": fading";
+        EXPECT_GT(strength(140), 0) << count << ": near the foot";
+    }
+}
+
 TEST_F(PaintedViewsTest, LongestSeriesIsPainted)
 {
     show(wavyDay(1440, 480));
