@@ -22,6 +22,7 @@ Item {
         color: Theme.siteIconPlate
 
         ThemeText {
+            objectName: "letter"
             anchors.centerIn: parent
             text: icon.placeholderLetter
             font: Theme.face(Font.Bold, root.size * Theme.siteIconLetterShare)

@@ -7,6 +7,7 @@
 
 #include <QDBusConnectionInterface>
 #include <QDBusPendingCallWatcher>
+#include <QSettings>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -119,6 +120,20 @@ TEST_F(FreedesktopNotificationCenterTest, HasTheUsualUrgencyUnlessItIsTimeSensit
     addAndAwait(shopDown, QStringLiteral("1"));
     const QVariantMap hints = m_daemon->notifications().first().hints;
     EXPECT_EQ(hints.value(QStringLiteral("urgency")), QVariant::fromValue<uchar>(1));
+}
+
+TEST_F(FreedesktopNotificationCenterTest, SoundsTheSameWhateverIsPreferred)
+{
+    const QTemporaryDir folder;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
+    startDaemon();
+    for (const bool isOn : {false, true}) {
+        QSettings(QStringLiteral("Ostrel"), QStringLiteral("Ostrel"))
+            .setValue(QStringLiteral("playSounds"), isOn);
+        addAndAwait(shopDown, QStringLiteral("1"));
+        EXPECT_EQ(m_daemon->notifications().last().hints.value(QStringLiteral("sound-name")),
+                  QVariant(QStringLiteral("message-new-instant")));
+    }
 }
 
 TEST_F(FreedesktopNotificationCenterTest, EscapesBodiesWhereTheyAreMarkup)

@@ -205,15 +205,37 @@ TEST_F(ContentViewTest, ADownMonitorShowsDownAndItsUptimeUnlessItIsPaused)
 {
     const Monitor shop = sampleMonitor();
     samples.add(shop, {upCheck(shop, sampleNow()), downCheck(shop, sampleNow())});
+    samples.add(sampleMonitor());
     show();
     const auto result = [&] {
         return find(row(0), QStringLiteral("result"))->property("text").toString();
     };
+    const auto dotColor = [&](int index) {
+        return find(row(index), QStringLiteral("dot"))->property("color").value<QColor>();
+    };
     EXPECT_EQ(result(), QStringLiteral("DOWN"));
+    EXPECT_NE(dotColor(0), dotColor(1));
     EXPECT_EQ(find(row(0), QStringLiteral("uptime"))->property("text").toString(),
               QStringLiteral("50.0%"));
     samples.store.updateMonitor(paused(shop));
     EXPECT_NE(result(), QStringLiteral("DOWN"));
+    EXPECT_EQ(dotColor(0), dotColor(1)) << "as of one that was never checked";
+}
+
+TEST_F(ContentViewTest, WithoutAnIconALetterOfTheHostStandsForItOrAQuestionMark)
+{
+    samples.add(sampleMonitor());
+    Monitor database = sampleMonitor();
+    database.type = MonitorType::port;
+    database.url = QStringLiteral("db.local");
+    samples.add(database);
+    show();
+    const auto letter = [&](int index) {
+        const QQuickItem *shown = find(row(index), QStringLiteral("letter"));
+        return shown->isVisible() ? shown->property("text").toString() : QString();
+    };
+    EXPECT_EQ(letter(0), QStringLiteral("S"));
+    EXPECT_EQ(letter(1), QStringLiteral("?"));
 }
 
 TEST_F(ContentViewTest, ARowReadsAsOneListItem)

@@ -25,6 +25,17 @@ QQuickItem *findIn(QQuickItem *item, const QString &objectName)
     return nullptr;
 }
 
+/// Every text that can be read in @p item, from top to bottom of the tree.
+QStringList textsIn(const QQuickItem &item)
+{
+    QStringList texts;
+    if (item.isVisible() && !item.property("text").toString().isEmpty())
+        texts += item.property("text").toString();
+    for (const QQuickItem *child : item.childItems())
+        texts += textsIn(*child);
+    return texts;
+}
+
 /// A shown page of the gallery.
 class Page
 {
@@ -52,6 +63,7 @@ public:
         const QQuickItem *found = item(objectName);
         return found ? found->property("text").toString() : QStringLiteral("missing");
     }
+    [[nodiscard]] QStringList texts() { return textsIn(*m_window.contentItem()); }
     [[nodiscard]] MonitorForm *form()
     {
         return m_window.rootObject()->findChild<CannedForm *>()->form();
@@ -244,11 +256,16 @@ TEST(SettingsViewTest, AFreshSystemLaunchesNothingAndPlaysSounds)
     EXPECT_EQ(page.item("playSounds")->property("checked"), QVariant(true));
 }
 
-TEST(SettingsViewTest, ARefusedRegistrationLeavesTheToggleOn)
+TEST(SettingsViewTest, ARefusedRegistrationLeavesTheToggleOnAndSaysNothing)
 {
     Page page(QStringLiteral("SettingsPage"));
+    const QStringList before = page.texts();
+    ASSERT_TRUE(before.contains(QStringLiteral("Launch at Login")));
     page.click("launchAtLogin");
     EXPECT_EQ(page.item("launchAtLogin")->property("checked"), QVariant(true));
+    EXPECT_EQ(page.texts(), before);
+    for (const QWindow *window : QGuiApplication::topLevelWindows())
+        EXPECT_TRUE(window == &page.window() || !window->isVisible());
 }
 
 } // namespace ostrel::test
