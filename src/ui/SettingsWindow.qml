@@ -12,13 +12,14 @@ Window {
 
     // Shows the window, or brings it to the front.
     function present(): void {
+        // The loader has made it the main window's own, which would take it along when that is
+        // closed or minimised.
+        transientParent = null;
         show();
         raise();
         requestActivate();
     }
 
-    // Stays where the main window is closed or minimised.
-    transientParent: null
     title: qsTr("Settings")
     width: Theme.settingsWidth
     height: Theme.settingsHeight

@@ -19,22 +19,22 @@ QString text(const char *english)
     return QString::fromUtf8(english);
 }
 
-/// What of @p name has not gone through a translator.
-QString untranslated(QString name)
+/// What of @p told has not gone through a translator.
+QString untranslated(QString told)
 {
     static const QRegularExpression innermost(text("⟦[^⟦⟧]*⟧"));
-    while (name.contains(innermost))
-        name.remove(innermost);
-    return name;
+    while (told.contains(innermost))
+        told.remove(innermost);
+    return told;
 }
 
 /// Names of things, units and what the user has typed stand as they are in every language.
-bool isSameInEveryLanguage(const QString &name)
+bool isSameInEveryLanguage(const QString &told)
 {
     static const QRegularExpression same(QRegularExpression::anchoredPattern(
         text("Ostrel|Shop|GET|HEAD|POST|https?://\\S*|127\\.0\\.0\\.1\\S*|\\S+\\.local|~?/\\S*|"
              "[^a-zA-Z]*|\\d+(\\.\\d+)?s|[\\d.,]+ ?(ms|s)|\\d+:\\d+ [AP]M")));
-    const QStringList parts = name.split(text(", "));
+    const QStringList parts = told.split(text(", "));
     return std::ranges::all_of(
         parts, [](const QString &part) { return same.match(part.trimmed()).hasMatch(); });
 }
@@ -58,8 +58,9 @@ protected:
             if (item.role == AccessibleRole::application)
                 continue;
             translated += item.name.contains(u'⟦') ? 1 : 0;
-            EXPECT_TRUE(isSameInEveryLanguage(untranslated(item.name)))
-                << where << ": " << item.describe().trimmed().toStdString();
+            for (const QString &told : {item.name, item.description})
+                EXPECT_TRUE(isSameInEveryLanguage(untranslated(told)))
+                    << where << ": " << item.describe().trimmed().toStdString();
         }
         EXPECT_GT(translated, 3) << where;
     }
@@ -71,6 +72,14 @@ protected:
             return std::ranges::any_of(
                 items, [&](const AccessibleItem &item) { return item.name.contains(text(name)); });
         });
+    }
+
+    [[nodiscard]] bool press(const char *name)
+    {
+        const auto items = desktop.items();
+        const auto found = std::ranges::find_if(
+            items, [&](const AccessibleItem &item) { return item.name.contains(text(name)); });
+        return found != items.cend() && found->node.act(text("Press"));
     }
 
     HostileServer server{answerWith("OK")};
@@ -96,6 +105,15 @@ TEST_F(PseudoLanguageTest, NoTextOfTheWindowIsMissed)
     ASSERT_TRUE(desktop.user.press("Menu"));
     ASSERT_TRUE(waitForName("⟦Dëlëtë"));
     expectAllTranslated("row menu");
+    ASSERT_TRUE(press("⟦Páüsë"));
+    ASSERT_TRUE(waitForName("⟦PÁÜSËD"));
+    expectAllTranslated("page of a paused monitor");
+    ASSERT_TRUE(desktop.user.press("Menu"));
+    ASSERT_TRUE(waitForName("⟦Rësümë"));
+    expectAllTranslated("row menu of a paused monitor");
+    ASSERT_TRUE(desktop.user.press({text("Escape"), text("ctrl+e")}));
+    ASSERT_TRUE(waitForName("⟦Sávë"));
+    expectAllTranslated("form of a monitor");
     ASSERT_TRUE(desktop.user.press("Escape"));
     EXPECT_EQ(desktop.program.stop(), 0);
 }
@@ -106,6 +124,12 @@ TEST_F(PseudoLanguageTest, NoTextOfTheFormAndTheSettingsIsMissed)
     ASSERT_TRUE(desktop.user.press("ctrl+n"));
     ASSERT_TRUE(waitForName("⟦Nëw Möñïtör"));
     expectAllTranslated("form");
+    ASSERT_TRUE(press("⟦Ådváñçëd"));
+    ASSERT_TRUE(waitForName("⟦Mëthöd"));
+    expectAllTranslated("form with all its fields");
+    ASSERT_TRUE(press("⟦Pört"));
+    ASSERT_TRUE(waitForName("⟦HØST"));
+    expectAllTranslated("form of a port");
     ASSERT_TRUE(desktop.user.press("Escape"));
     ASSERT_TRUE(desktop.waitUntilGone(AccessibleRole::dialog, text("⟦Nëw Möñïtör···⟧")));
     ASSERT_TRUE(desktop.user.press("ctrl+comma"));

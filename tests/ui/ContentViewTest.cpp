@@ -99,6 +99,13 @@ protected:
     {
         QTest::mouseClick(window, Qt::LeftButton, modifiers, middleOf(target));
     }
+    /// Unlike keys and clicks, reaches also what lies under a sheet.
+    void pressByAssistiveTool(const char *name)
+    {
+        QAccessibleInterface *target = QAccessible::queryAccessibleInterface(item(name));
+        ASSERT_TRUE(target && target->actionInterface());
+        target->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    }
     void press(Qt::Key key) { QTest::keyClick(window, key); }
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers)
     {
@@ -341,6 +348,7 @@ TEST_F(ContentViewTest, AMonitorIsEditedFromTheKeyboardAndFromItsPage)
     press(Qt::Key_E, Qt::ControlModifier);
     EXPECT_EQ(sheetTitle(), QStringLiteral("Edit Monitor"));
     press(Qt::Key_N, Qt::ControlModifier);
+    pressByAssistiveTool("addMonitor");
     EXPECT_EQ(sheetTitle(), QStringLiteral("Edit Monitor")) << "what is typed stays";
     press(Qt::Key_Escape);
     ASSERT_TRUE(waitFor([&] { return sheetTitle().isEmpty(); }));
@@ -409,6 +417,7 @@ TEST_F(ContentViewTest, TheSettingsHaveAWindowOfTheirOwn)
     ASSERT_TRUE(settingsWindow());
     window->close();
     EXPECT_TRUE(settingsWindow()) << "it goes on without the main window";
+    EXPECT_FALSE(settingsWindow()->transientParent()) << "nor is it minimised together with it";
 }
 
 } // namespace ostrel::test
