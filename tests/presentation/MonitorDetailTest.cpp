@@ -73,6 +73,7 @@ TEST_F(MonitorDetailTest, StatisticsCoverTheirWindows)
 {
     const Monitor monitor = sampleMonitor();
     m_sample.add(monitor, {downCheck(monitor, sampleNow() - 20 * 24h),
+                           upCheck(monitor, sampleNow() - 4 * 24h, 9000),
                            downCheck(monitor, sampleNow() - 3 * 24h),
                            upCheck(monitor, sampleNow() - 2h, 200),
                            upCheck(monitor, sampleNow() - 1h, 400)});
@@ -80,12 +81,12 @@ TEST_F(MonitorDetailTest, StatisticsCoverTheirWindows)
     EXPECT_EQ(textOf(detail.statistics[0]), QStringLiteral("Avg Response=300ms"));
     EXPECT_EQ(detail.statistics[0].tone, Tone::Warning);
     EXPECT_EQ(textOf(detail.statistics[1]), QStringLiteral("Uptime 24h=100%"));
-    EXPECT_EQ(textOf(detail.statistics[2]), QStringLiteral("Uptime 7d=66.7%"));
-    EXPECT_EQ(textOf(detail.statistics[3]), QStringLiteral("Uptime 30d=50.0%"));
+    EXPECT_EQ(textOf(detail.statistics[2]), QStringLiteral("Uptime 7d=75.0%"));
+    EXPECT_EQ(textOf(detail.statistics[3]), QStringLiteral("Uptime 30d=60.0%"));
     EXPECT_EQ(detail.statistics[3].tone, Tone::Down);
     EXPECT_EQ(detail.recentCountText, QStringLiteral("2 in 24h"));
     EXPECT_EQ(detail.series.newestText(), QStringLiteral("400 ms"));
-    EXPECT_EQ(detail.timeline.bars, (std::vector{false, false, true, true}));
+    EXPECT_EQ(detail.timeline.bars, (std::vector{false, true, false, true, true}));
 }
 
 TEST_F(MonitorDetailTest, TimelineIsMadeFromTheNewest200Checks)
