@@ -138,10 +138,13 @@ TEST_F(MonitoringEngineTest, StartWatchesTheEnabledMonitorsInTheStoresOrder)
     const Monitor second = makeMonitor(QStringLiteral("Second"));
     for (const Monitor &each : {monitor, paused, second})
         store.addMonitor(each);
+    int taskChanges = 0;
+    QObject::connect(&engine, &MonitoringEngine::tasksChanged, [&] { ++taskChanges; });
 
     engine.start();
     settle();
 
+    EXPECT_EQ(taskChanges, 4) << "two for each that is started";
     ASSERT_EQ(httpCheck.runs.size(), 2u);
     EXPECT_EQ(httpCheck.runs.at(0), monitor);
     EXPECT_EQ(httpCheck.runs.at(1), second);

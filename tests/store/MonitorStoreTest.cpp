@@ -124,6 +124,18 @@ TEST_F(MonitorStoreTest, WholeIsPendingWhileOneWasNeverChecked)
     EXPECT_EQ(m_store->overallStatus(), MonitorStatus::down);
 }
 
+TEST_F(MonitorStoreTest, WholeIsDownWhereverTheOneThatIsDownStands)
+{
+    add();
+    record(add().id, true);
+    EXPECT_EQ(m_store->overallStatus(), MonitorStatus::pending);
+    record(add().id, false);
+    EXPECT_EQ(m_store->overallStatus(), MonitorStatus::down);
+    record(add().id, true);
+    add();
+    EXPECT_EQ(m_store->overallStatus(), MonitorStatus::down);
+}
+
 TEST_F(MonitorStoreTest, WholeIsPendingWithoutEnabledMonitors)
 {
     EXPECT_EQ(m_store->overallStatus(), MonitorStatus::pending);
@@ -135,7 +147,11 @@ TEST_F(MonitorStoreTest, OneCheckTooManyDropsTheOldestOfItsMonitorOnly)
 {
     const Monitor full = add();
     const Monitor other = add();
-    const Check untouched = record(other.id);
+    const std::vector untouched = {record(other.id), record(other.id, false)};
+    const auto historyOfOther = [&] {
+        const auto checks = m_store->checks(other.id);
+        return std::vector(checks.begin(), checks.end());
+    };
     const Check oldest = record(full.id);
     const Check second = record(full.id);
     for (std::size_t i = 2; i < MonitorStore::maxChecksPerMonitor; ++i)
@@ -146,10 +162,11 @@ TEST_F(MonitorStoreTest, OneCheckTooManyDropsTheOldestOfItsMonitorOnly)
     EXPECT_EQ(m_store->checks(full.id).size(), 2000U);
     EXPECT_EQ(m_store->checks(full.id).front(), second);
     EXPECT_EQ(m_store->latestCheck(full), newest);
+    EXPECT_EQ(historyOfOther(), untouched);
     open();
     EXPECT_EQ(m_store->checks(full.id).size(), 2000U);
     EXPECT_EQ(m_store->checks(full.id).front(), second);
-    EXPECT_EQ(m_store->checks(other.id).front(), untouched);
+    EXPECT_EQ(historyOfOther(), untouched);
 }
 
 TEST_F(MonitorStoreTest, HistoryOfFailuresIsZero)

@@ -2,11 +2,15 @@
 #include "CannedForm.h"
 #include "GalleryWindow.h"
 #include "Printers.h"
+#include "ProductConstants.h"
+#include "PseudoTranslator.h"
 #include "WaitFor.h"
 
 #include <QQuickItem>
+#include <QRegularExpression>
 #include <QTest>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace ostrel::test {
@@ -34,6 +38,16 @@ QStringList textsIn(const QQuickItem &item)
     for (const QQuickItem *child : item.childItems())
         texts += textsIn(*child);
     return texts;
+}
+
+/// The placeholders of all fields in @p item, shown or not.
+QStringList placeholdersIn(const QQuickItem &item)
+{
+    QStringList placeholders = {item.property("placeholderText").toString()};
+    for (const QQuickItem *child : item.childItems())
+        placeholders += placeholdersIn(*child);
+    placeholders.removeAll(QString());
+    return placeholders;
 }
 
 /// A shown page of the gallery.
@@ -64,6 +78,7 @@ public:
         return found ? found->property("text").toString() : QStringLiteral("missing");
     }
     [[nodiscard]] QStringList texts() { return textsIn(*m_window.contentItem()); }
+    [[nodiscard]] QStringList placeholders() { return placeholdersIn(*m_window.contentItem()); }
     [[nodiscard]] MonitorForm *form()
     {
         return m_window.rootObject()->findChild<CannedForm *>()->form();
@@ -216,6 +231,21 @@ TEST(AddMonitorSheetTest, TypingAHostAndItsPortGoesOnInThePort)
     EXPECT_EQ(page.form()->monitorType(), QStringLiteral("port"));
     EXPECT_EQ(page.form()->url(), QStringLiteral("db"));
     EXPECT_EQ(page.form()->portText(), QStringLiteral("5432"));
+}
+
+TEST(AddMonitorSheetTest, PlaceholdersAreExamplesOrInTheUsersLanguage)
+{
+    PseudoTranslator translator;
+    QCoreApplication::installTranslator(&translator);
+    QStringList examples;
+    {
+        Page page(QStringLiteral("FormPage-website"));
+        examples = page.placeholders().filter(QRegularExpression(QStringLiteral("^[^⟦]")));
+        EXPECT_GT(page.placeholders().size(), examples.size() + 1);
+    }
+    QCoreApplication::removeTranslator(&translator);
+    EXPECT_THAT(examples, testing::UnorderedElementsAre(exampleWebsite(), exampleDatabaseHost(),
+                                                        QStringLiteral("5432")));
 }
 
 TEST(AddMonitorSheetTest, TabStaysInTheSheet)
