@@ -93,7 +93,7 @@ TEST_F(MonitoringEngineTest, RecoveryAfterAnOutageIsToldOnce)
 {
     runThrough({false, false, true, true});
 
-    EXPECT_EQ(center.kinds(), QStringList({QStringLiteral("down"), QStringLiteral("up")}));
+    ASSERT_EQ(center.kinds(), QStringList({QStringLiteral("down"), QStringLiteral("up")}));
     EXPECT_EQ(center.requests.back().body, QStringLiteral("Responding in 12ms"));
     ASSERT_TRUE(engine.consecutiveFailures().contains(monitor.id));
     EXPECT_EQ(engine.consecutiveFailures().value(monitor.id), 0);
