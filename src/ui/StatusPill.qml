@@ -22,6 +22,7 @@ Item {
     Symbol {
         id: picture
 
+        objectName: "pillSymbol"
         x: Theme.statusPillPadding
         anchors.verticalCenter: parent.verticalCenter
         name: root.symbol

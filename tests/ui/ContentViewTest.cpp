@@ -17,6 +17,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
+#include <QQmlComponent>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QSettings>
@@ -24,6 +25,9 @@
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+#include <memory>
+#include <utility>
 
 namespace ostrel::test {
 
@@ -39,6 +43,25 @@ struct PrivatePreferences
 
     QTemporaryDir folder;
 };
+
+/// "#ff38bf80"
+QString nameOf(const QColor &color)
+{
+    return color.name(QColor::HexArgb);
+}
+
+/// The value of a QML expression, in which the views' names and the theme's are known.
+QString evaluatedColor(QQmlEngine &views, const QByteArray &expression)
+{
+    QQmlComponent component(&views);
+    component.setData("import QtQuick; import Ostrel; import Ostrel.Theme;"
+                      "QtObject { property color value: " +
+                          expression + " }",
+                      QUrl());
+    const std::unique_ptr<QObject> object(component.create());
+    EXPECT_TRUE(object) << qPrintable(component.errorString());
+    return object ? nameOf(object->property("value").value<QColor>()) : QString();
+}
 
 /// The whole window over a store that the test fills.
 class ContentViewTest : public testing::Test
@@ -83,6 +106,14 @@ protected:
     {
         const QQuickItem *found = item(name);
         return found ? found->property("text").toString() : QStringLiteral("(none)");
+    }
+    [[nodiscard]] static QString colorOf(const QQuickItem *shown)
+    {
+        return nameOf(shown->property("color").value<QColor>());
+    }
+    [[nodiscard]] QString themeColor(const char *name)
+    {
+        return evaluatedColor(m_views, QByteArray("Theme.") + name);
     }
     [[nodiscard]] QQuickItem *row(int index) const
     {
@@ -183,9 +214,51 @@ TEST_F(ContentViewTest, TheBannerFollowsTheStore)
     EXPECT_EQ(item("banner")->mapToScene({}).y(), 24);
     EXPECT_EQ(textOf("headline"), QStringLiteral("All Systems Operational"));
     EXPECT_EQ(textOf("countLine"), QStringLiteral("1 of 2 monitors up"));
+    const QQuickItem *symbol = item("bannerSymbol");
+    EXPECT_EQ(symbol->property("name"), QStringLiteral("checkmark.circle.fill"));
+    EXPECT_EQ(colorOf(symbol), themeColor("statusUp"));
     samples.store.addCheck(downCheck(shop, sampleNow()));
     EXPECT_EQ(textOf("headline"), QStringLiteral("Issues Detected"));
     EXPECT_EQ(textOf("countLine"), QStringLiteral("0 of 2 monitors up"));
+    EXPECT_EQ(symbol->property("name"), QStringLiteral("exclamationmark.triangle.fill"));
+    EXPECT_EQ(colorOf(symbol), themeColor("statusDown"));
+    samples.store.updateMonitor(paused(shop));
+    EXPECT_EQ(symbol->property("name"), QStringLiteral("circle.dotted.circle"));
+    EXPECT_EQ(colorOf(symbol), themeColor("statusMuted"));
+}
+
+TEST_F(ContentViewTest, ACardsUptimeIsColouredByItsThresholds)
+{
+    const Monitor shop = sampleMonitor();
+    samples.add(shop, {downCheck(shop, sampleNow())});
+    show();
+    int upCount = 0;
+    const std::pair<int, const char *> cases[] = {
+        {18, "statusDown"}, {19, "warning"}, {98, "warning"}, {99, "statusUp"}};
+    for (const auto &[count, color] : cases) {
+        for (; upCount < count; ++upCount)
+            samples.store.addCheck(upCheck(shop, sampleNow()));
+        EXPECT_EQ(colorOf(find(item("card"), QStringLiteral("uptime"))), themeColor(color))
+            << count << " of " << count + 1;
+    }
+}
+
+TEST_F(ContentViewTest, APagesFiguresAreColouredByTheirThresholds)
+{
+    const Monitor shop = samples.add(sampleMonitor());
+    show();
+    press(Qt::Key_Down);
+    const auto average = [&] { return find(item("detailPage"), QStringLiteral("value")); };
+    EXPECT_EQ(colorOf(average()), themeColor("textSecondary"));
+    samples.store.addCheck(upCheck(shop, sampleNow(), 299));
+    EXPECT_EQ(colorOf(average()), themeColor("statusUp"));
+    samples.store.addCheck(upCheck(shop, sampleNow(), 301));
+    EXPECT_EQ(colorOf(average()), themeColor("warning"));
+    samples.store.addCheck(upCheck(shop, sampleNow(), 2400));
+    EXPECT_EQ(colorOf(average()), themeColor("statusDown"));
+    EXPECT_EQ(colorOf(item("percentage")), themeColor("statusUp"));
+    samples.store.addCheck(downCheck(shop, sampleNow()));
+    EXPECT_EQ(colorOf(item("percentage")), themeColor("statusDown"));
 }
 
 TEST_F(ContentViewTest, ACardWhoseLatestCheckIsDownShowsNoResponseTime)
@@ -218,7 +291,7 @@ TEST_F(ContentViewTest, ADownMonitorShowsDownAndItsUptimeUnlessItIsPaused)
         return find(row(0), QStringLiteral("result"))->property("text").toString();
     };
     const auto dotColor = [&](int index) {
-        return find(row(index), QStringLiteral("dot"))->property("color").value<QColor>();
+        return colorOf(find(row(index), QStringLiteral("dot")));
     };
     EXPECT_EQ(result(), QStringLiteral("DOWN"));
     EXPECT_NE(dotColor(0), dotColor(1));
@@ -418,6 +491,21 @@ TEST_F(ContentViewTest, TheSettingsHaveAWindowOfTheirOwn)
     window->close();
     EXPECT_TRUE(settingsWindow()) << "it goes on without the main window";
     EXPECT_FALSE(settingsWindow()->transientParent()) << "nor is it minimised together with it";
+}
+
+TEST(ToneColorsTest, EveryToneIsAColourOfTheTheme)
+{
+    QQmlEngine views;
+    views.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    const std::pair<const char *, const char *> table[] = {
+        {"Tone.Up", "Theme.statusUp"},     {"Tone.Warning", "Theme.warning"},
+        {"Tone.Down", "Theme.statusDown"}, {"Tone.Muted", "Theme.statusMuted"},
+        {"Tone.Accent", "Theme.accent"},   {"Tone.Secondary", "Theme.textSecondary"},
+    };
+    for (const auto &[tone, color] : table)
+        EXPECT_EQ(evaluatedColor(views, QByteArray("ToneColors.of(") + tone + ")"),
+                  evaluatedColor(views, color))
+            << tone;
 }
 
 } // namespace ostrel::test

@@ -100,6 +100,7 @@ struct PillCase
 {
     const char *sample;
     const char *text;
+    const char *symbol;
 };
 
 class PillTest : public testing::TestWithParam<PillCase>
@@ -108,16 +109,18 @@ class PillTest : public testing::TestWithParam<PillCase>
 
 } // namespace
 
-TEST_P(PillTest, SaysTheStatusInCapitals)
+TEST_P(PillTest, SaysTheStatusInCapitalsBesideItsSymbol)
 {
     Page page(QStringLiteral("DetailPage-") + QLatin1String(GetParam().sample));
     EXPECT_EQ(page.text("pillText"), QLatin1String(GetParam().text));
+    EXPECT_EQ(page.item("pillSymbol")->property("name"), QLatin1String(GetParam().symbol));
 }
 
 INSTANTIATE_TEST_SUITE_P(Statuses, PillTest,
-                         testing::Values(PillCase{"up", "UP"}, PillCase{"down", "DOWN"},
-                                         PillCase{"paused", "PAUSED"},
-                                         PillCase{"pending", "PENDING"}));
+                         testing::Values(PillCase{"up", "UP", "checkmark.circle.fill"},
+                                         PillCase{"down", "DOWN", "exclamationmark.triangle.fill"},
+                                         PillCase{"paused", "PAUSED", "moon.circle.fill"},
+                                         PillCase{"pending", "PENDING", "circle.dotted.circle"}));
 
 TEST(MonitorDetailViewTest, AMonitorWithoutChecksShowsThatThereAreNone)
 {
