@@ -33,6 +33,7 @@ CardStyle {
     UptimeTimelineView {
         id: strip
 
+        objectName: "strip"
         anchors.top: title.bottom
         anchors.topMargin: Theme.stripGap
         width: parent.width

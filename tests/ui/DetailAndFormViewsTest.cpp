@@ -4,6 +4,7 @@
 #include "Printers.h"
 #include "ProductConstants.h"
 #include "PseudoTranslator.h"
+#include "ThemeColors.h"
 #include "WaitFor.h"
 
 #include <QQuickItem>
@@ -169,6 +170,16 @@ TEST(MonitorDetailViewTest, ChecksOlderThanADayLeaveNoChart)
     Page page(QStringLiteral("DetailPage-stale"));
     EXPECT_TRUE(page.shows("noChecks"));
     EXPECT_FALSE(page.shows("collecting"));
+}
+
+TEST(MonitorDetailViewTest, TheStripIsGreenWhereItWasUpAndRedWhereItWasDown)
+{
+    Page page(QStringLiteral("DetailPage-up"));
+    const auto colorOf = [&](const char *property) {
+        return page.item("strip")->property(property).value<QColor>().rgba();
+    };
+    EXPECT_EQ(colorOf("upColor"), QColor::fromRgbF(0.22F, 0.75F, 0.50F).rgba());
+    EXPECT_EQ(colorOf("downColor"), ThemeColors::statusDown().rgba());
 }
 
 TEST(MonitorDetailViewTest, EditMonitorShowsTheForm)
