@@ -39,6 +39,8 @@ Item {
                 model: root.detail.badges
 
                 Badge {
+                    objectName: "badge"
+
                     required property var modelData
 
                     symbol: modelData.symbol

@@ -26,7 +26,9 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <memory>
+#include <ratio>
 #include <utility>
 
 namespace ostrel::test {
@@ -259,6 +261,25 @@ TEST_F(ContentViewTest, APagesFiguresAreColouredByTheirThresholds)
     EXPECT_EQ(colorOf(item("percentage")), themeColor("statusUp"));
     samples.store.addCheck(downCheck(shop, sampleNow()));
     EXPECT_EQ(colorOf(item("percentage")), themeColor("statusDown"));
+}
+
+TEST_F(ContentViewTest, APagesCertificateIsColouredByTheDaysThatItHas)
+{
+    using Days = std::chrono::duration<int, std::ratio<86400>>;
+    const Monitor shop = samples.add(sampleMonitor());
+    show();
+    press(Qt::Key_Down);
+    // The page counts from now, and the days are whole: with half a day to spare.
+    const std::pair<int, const char *> cases[] = {
+        {7, "statusDown"}, {8, "warning"}, {30, "warning"}, {31, "statusUp"}};
+    for (const auto &[days, color] : cases) {
+        Check check = upCheck(shop, sampleNow());
+        check.sslExpiresAt = systemNow() + Days(days) + std::chrono::hours(12);
+        samples.store.addCheck(check);
+        const QQuickItem *badge = find(item("badges"), QStringLiteral("badge"));
+        EXPECT_EQ(badge->property("text"), QStringLiteral("SSL: %1d left").arg(days));
+        EXPECT_EQ(colorOf(badge), themeColor(color)) << days;
+    }
 }
 
 TEST_F(ContentViewTest, ACardWhoseLatestCheckIsDownShowsNoResponseTime)
