@@ -39,10 +39,9 @@ Item {
                 model: root.detail.badges
 
                 Badge {
-                    objectName: "badge"
-
                     required property var modelData
 
+                    objectName: "badge"
                     symbol: modelData.symbol
                     text: modelData.text
                     color: ToneColors.of(modelData.tone)

@@ -100,6 +100,17 @@ protected:
         }
         return nullptr;
     }
+    /// The texts of all items of that name in @p parent, from top to bottom.
+    [[nodiscard]] static QStringList textsOf(const QQuickItem *parent, const QString &name)
+    {
+        QStringList texts;
+        for (const QQuickItem *child : parent->childItems()) {
+            if (child->objectName() == name)
+                texts += child->property("text").toString();
+            texts += textsOf(child, name);
+        }
+        return texts;
+    }
     [[nodiscard]] QQuickItem *item(const char *name) const
     {
         return find(window->contentItem(), QString::fromLatin1(name));
@@ -261,6 +272,18 @@ TEST_F(ContentViewTest, APagesFiguresAreColouredByTheirThresholds)
     EXPECT_EQ(colorOf(item("percentage")), themeColor("statusUp"));
     samples.store.addCheck(downCheck(shop, sampleNow()));
     EXPECT_EQ(colorOf(item("percentage")), themeColor("statusDown"));
+}
+
+TEST_F(ContentViewTest, APageListsTheNewestTwentyChecksTheNewestFirst)
+{
+    const Monitor shop = sampleMonitor();
+    samples.add(shop, upChecks(shop, 25, sampleNow()));
+    show();
+    press(Qt::Key_Down);
+    QStringList expected;
+    for (int milliseconds = 124; milliseconds > 104; --milliseconds)
+        expected += QStringLiteral("%1 ms").arg(milliseconds);
+    EXPECT_EQ(textsOf(item("detailPage"), QStringLiteral("result")), expected);
 }
 
 TEST_F(ContentViewTest, APagesCertificateIsColouredByTheDaysThatItHas)
