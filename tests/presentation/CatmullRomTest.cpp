@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <span>
 
 namespace ostrel::test {
 
@@ -19,8 +20,9 @@ QPointF lerp(QPointF a, QPointF b, double ta, double tb, double t)
     return a * ((tb - t) / (tb - ta)) + b * ((t - ta) / (tb - ta));
 }
 
-/// The curve by its definition, Barry and Goldman's pyramid of interpolations.
-QPointF pyramid(const std::vector<QPointF> &p, double alpha, double share)
+/// The curve between the second and third of four points by its definition, Barry and Goldman's
+/// pyramid of interpolations.
+QPointF pyramid(std::span<const QPointF, 4> p, double alpha, double share)
 {
     std::vector<double> t = {0};
     for (std::size_t i = 1; i < 4; ++i) {
@@ -74,12 +76,25 @@ TEST(CatmullRomTest, EqualDistancesGiveTheUniformCurve)
 
 TEST(CatmullRomTest, FollowsTheDefinitionBetweenUnequalDistances)
 {
-    const std::vector points = {QPointF(0, 0), QPointF(1, 5), QPointF(9, 6), QPointF(11, 1)};
+    const std::vector points = {QPointF(0, 0),  QPointF(1, 5),  QPointF(9, 6),
+                                QPointF(11, 1), QPointF(12, 8), QPointF(20, 3)};
     for (const double alpha : {0.0, 0.5, 1.0}) {
         const auto curve = catmullRomCurve(points, alpha);
-        for (const double share : {0.1, 0.5, 0.8})
-            expectNear(bezier(points[1], curve[1], share), pyramid(points, alpha, share));
+        ASSERT_EQ(curve.size(), 5U);
+        for (std::size_t i = 1; i < 4; ++i) {
+            const auto around = std::span(points).subspan(i - 1).first<4>();
+            for (const double share : {0.1, 0.5, 0.8})
+                expectNear(bezier(points[i], curve[i], share), pyramid(around, alpha, share));
+        }
     }
+}
+
+TEST(CatmullRomTest, EachEndIsItsOwnNeighbour)
+{
+    const std::vector points = {QPointF(0, 0), QPointF(1, 5), QPointF(9, 6)};
+    const auto curve = catmullRomCurve(points, 0.5);
+    expectNear(curve.front().control1, points.front());
+    expectNear(curve.back().control2, points.back());
 }
 
 TEST(CatmullRomTest, PassesThroughEveryPoint)
