@@ -5,6 +5,8 @@
 #include "ScriptedEngine.h"
 #include "WaitFor.h"
 
+#include <QPointer>
+
 #include <gtest/gtest.h>
 
 namespace ostrel::test {
@@ -296,9 +298,13 @@ TEST_F(MonitoringEngineTest, PausingKeepsTheFailureCount)
 TEST_F(MonitoringEngineTest, RestartingReplacesTheTask)
 {
     runThrough({true});
+    const QPointer<QObject> replaced = engine.findChild<PeriodicTask *>();
+    ASSERT_TRUE(replaced);
     engine.startMonitoring(monitor);
     settle();
     EXPECT_EQ(engine.tasks().size(), 1);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(replaced);
     EXPECT_EQ(httpCheck.runs.size(), 2u);
 
     nextRound();

@@ -51,8 +51,28 @@ protected:
         return file.writeKeepingOld({&text, 1}, Flush::beforeReplacing, "old");
     }
 
+    /// How many files this process has open.
+    static qsizetype openCount()
+    {
+        return QDir(QStringLiteral("/proc/self/fd"))
+            .entryList(QDir::AllEntries | QDir::System)
+            .size();
+    }
+
     QTemporaryDir m_folder;
 };
+
+TEST_F(AtomicFileTest, LeavesNothingOpen)
+{
+    const AtomicFile file(pathOf("file"));
+    const qsizetype before = openCount();
+    for (int i = 0; i < 3; ++i) {
+        ASSERT_TRUE(write(file, "new"));
+        ASSERT_TRUE(writeKeepingOld(file, "newer"));
+        ASSERT_TRUE(file.read());
+    }
+    EXPECT_EQ(openCount(), before);
+}
 
 TEST_F(AtomicFileTest, WritesPiecesOneAfterTheOther)
 {
