@@ -17,10 +17,12 @@ TEST(LineBandTest, LevelLineIsARectangleOfItsWidth)
 
 TEST(LineBandTest, EndsWithTheLineWhereItsLengthIsNoMultipleOfItsWidth)
 {
-    const auto outline = lineBand(std::vector{QPointF(2, 0), QPointF(5.5, 0)}, 2);
-    const auto [left, right] = std::ranges::minmax(outline, {}, &QPointF::x);
-    EXPECT_EQ(left.x(), 2);
-    EXPECT_EQ(right.x(), 5.5);
+    for (const double width : {1.0, 2.0, 5.0}) {
+        const auto outline = lineBand(std::vector{QPointF(2, 0), QPointF(5.5, 0)}, width);
+        const auto [left, right] = std::ranges::minmax(outline, {}, &QPointF::x);
+        EXPECT_EQ(left.x(), 2) << width;
+        EXPECT_EQ(right.x(), 5.5) << width;
+    }
 }
 
 TEST(LineBandTest, EveryPeakAndTroughIsCovered)
