@@ -1,7 +1,9 @@
-#include "ResponseChart.h"
-
 #include "PresentationSamples.h"
 #include "Printers.h"
+#include "ResponseChartPainter.h"
+
+#include <QImage>
+#include <QPainter>
 
 #include <gtest/gtest.h>
 
@@ -50,6 +52,26 @@ QStringList textsOf(const ResponseChart &chart)
 bool isFinite(const QPointF &point)
 {
     return std::isfinite(point.x()) && std::isfinite(point.y());
+}
+
+/// The picture of a dense chart whose line is level, without labels and upright grid lines: every
+/// column of its pixels is to be the same.
+QImage levelPicture(double scale)
+{
+    const Monitor monitor = sampleMonitor();
+    std::vector<Check> checks;
+    for (int i = 1440; i > 0; --i)
+        checks.push_back(upCheck(monitor, sampleNow() - i * 1min, 100));
+    ResponseChart chart = chartOf(checks);
+    chart.verticals.clear();
+    chart.labels.clear();
+    QImage image((body * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(scale);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    paintResponseChart(painter, chart, {.line = Qt::blue, .grid = Qt::gray});
+    const QRectF inside = chart.plot.adjusted(4, 0, -4, 0);
+    return image.copy(QRectF(inside.topLeft() * scale, inside.size() * scale).toRect());
 }
 
 QRectF boxOf(const ChartLabel &label)
@@ -169,6 +191,17 @@ TEST(ResponseChartTest, PointsNearerThanTheLineIsWideAreABand)
     EXPECT_TRUE(dense.curve.empty());
     EXPECT_FALSE(dense.band.empty());
     EXPECT_EQ(dense.points.size(), 1440U);
+}
+
+TEST(ResponseChartTest, BandHasNoSeams)
+{
+    for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
+        const QImage image = levelPicture(scale);
+        const QImage column = image.copy(0, 0, 1, image.height());
+        EXPECT_GT(qAlpha(column.pixel(0, column.height() / 2)), 0);
+        for (int x = 1; x < image.width(); ++x)
+            ASSERT_EQ(image.copy(x, 0, 1, image.height()), column) << x << " at " << scale;
+    }
 }
 
 TEST(ResponseChartTest, EqualTimestampsStayFinite)
