@@ -101,9 +101,27 @@ void RecentChecksModel::takeChecks()
         m_checks.empty() ? checks.end() : std::ranges::find(checks, m_checks.front());
     const auto kept = std::mismatch(known, checks.end(), m_checks.begin(), m_checks.end());
     const bool isPushedDown = kept.first == checks.end();
+    const auto fresh = known - checks.begin();
+    const auto dropped = m_checks.end() - kept.second;
 
+    if (isPushedDown && fresh == dropped && fresh < std::ssize(m_checks)) {
+        renewLast({checks.begin(), known});
+        return;
+    }
     dropFrom(isPushedDown ? static_cast<std::size_t>(kept.second - m_checks.begin()) : 0);
     insertAtTop(checks.begin(), isPushedDown ? known : checks.end());
+}
+
+void RecentChecksModel::renewLast(std::span<const Check> fresh)
+{
+    if (fresh.empty())
+        return;
+    const auto count = static_cast<int>(fresh.size());
+    beginMoveRows({}, rowCount() - count, rowCount() - 1, {}, 0);
+    std::rotate(m_checks.begin(), m_checks.end() - count, m_checks.end());
+    endMoveRows();
+    std::ranges::copy(fresh, m_checks.begin());
+    Q_EMIT dataChanged(index(0), index(count - 1));
 }
 
 void RecentChecksModel::dropFrom(std::size_t first)

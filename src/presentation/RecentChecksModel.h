@@ -7,6 +7,7 @@
 #include <QLocale>
 #include <QTimeZone>
 
+#include <span>
 #include <vector>
 
 namespace ostrel {
@@ -15,8 +16,8 @@ class MonitorStore;
 
 /// The newest checks of one monitor, the newest first.
 ///
-/// A new check is announced as a row at the top and, where the list is full, a removed one at its
-/// end; never as a reset.
+/// A new check is announced as a row at the top or, where the list is full, as its last row, which
+/// moves to the top and changes: views keep what they made for it. Never as a reset.
 class RecentChecksModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -53,6 +54,8 @@ Q_SIGNALS:
 
 private:
     void takeChecks();
+    /// Moves as many rows as there are @p fresh checks from the end to the top, for these.
+    void renewLast(std::span<const Check> fresh);
     void dropFrom(std::size_t first);
     void insertAtTop(std::vector<Check>::const_iterator begin,
                      std::vector<Check>::const_iterator end);

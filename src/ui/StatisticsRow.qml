@@ -17,13 +17,14 @@ Item {
     implicitHeight: Theme.statCardHeight
 
     Repeater {
-        model: root.statistics
+        // By number, so that another figure makes no other card.
+        model: root.statistics.length
 
         CardStyle {
             id: card
 
             required property int index
-            required property var modelData
+            readonly property var statistic: root.statistics[index]
 
             // On whole pixels, so that the row ends where the cards below it do.
             x: Math.round(index * root.step)
@@ -32,10 +33,10 @@ Item {
 
             StatCard {
                 width: parent.width
-                title: card.modelData.title
-                value: card.modelData.value
-                unit: card.modelData.unit
-                color: ToneColors.of(card.modelData.tone)
+                title: card.statistic.title
+                value: card.statistic.value
+                unit: card.statistic.unit
+                color: ToneColors.of(card.statistic.tone)
                 valueSize: root.valueSize
             }
         }

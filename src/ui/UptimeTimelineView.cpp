@@ -13,8 +13,9 @@ void UptimeTimelineView::setTimeline(const UptimeTimeline &timeline)
 {
     if (m_timeline == timeline)
         return;
+    if (m_timeline.bars != timeline.bars)
+        update();
     m_timeline = timeline;
-    update();
     speak();
     Q_EMIT timelineChanged();
 }

@@ -36,6 +36,8 @@ protected:
                                       QAbstractItemModelTester::FailureReportingMode::Fatal};
     QSignalSpy m_inserted{&m_model, &QAbstractItemModel::rowsInserted};
     QSignalSpy m_removed{&m_model, &QAbstractItemModel::rowsRemoved};
+    QSignalSpy m_moved{&m_model, &QAbstractItemModel::rowsMoved};
+    QSignalSpy m_changed{&m_model, &QAbstractItemModel::dataChanged};
     QSignalSpy m_reset{&m_model, &QAbstractItemModel::modelReset};
 };
 
@@ -56,19 +58,27 @@ TEST_F(RecentChecksModelTest, Of25ChecksShowsTheNewest20NewestFirst)
     EXPECT_EQ(text(19), QStringLiteral("105 ms"));
 }
 
-TEST_F(RecentChecksModelTest, NewCheckPushesTheOthersDown)
+TEST_F(RecentChecksModelTest, NewCheckOfAFullListTakesTheLastRowToTheTop)
 {
     const Monitor monitor = addWithChecks(25);
     m_model.setMonitorId(monitor.id);
     m_inserted.clear();
+    QString firstWhenChanged;
+    QObject::connect(&m_model, &QAbstractItemModel::dataChanged, &m_model,
+                     [&] { firstWhenChanged = text(0); });
     m_sample.store.addCheck(upCheck(monitor, sampleNow() + 1min, 999));
-    ASSERT_EQ(m_inserted.size(), 1);
-    EXPECT_EQ(m_inserted[0][1].toInt(), 0);
-    EXPECT_EQ(m_inserted[0][2].toInt(), 0);
-    ASSERT_EQ(m_removed.size(), 1);
-    EXPECT_EQ(m_removed[0][1].toInt(), 19);
-    EXPECT_EQ(m_removed[0][2].toInt(), 19);
+    ASSERT_EQ(m_moved.size(), 1);
+    EXPECT_EQ(m_moved[0][1].toInt(), 19);
+    EXPECT_EQ(m_moved[0][2].toInt(), 19);
+    EXPECT_EQ(m_moved[0][4].toInt(), 0);
+    ASSERT_EQ(m_changed.size(), 1);
+    EXPECT_EQ(m_changed[0][0].toModelIndex().row(), 0);
+    EXPECT_EQ(m_changed[0][1].toModelIndex().row(), 0);
+    EXPECT_TRUE(m_inserted.isEmpty());
+    EXPECT_TRUE(m_removed.isEmpty());
+    EXPECT_EQ(firstWhenChanged, QStringLiteral("999 ms"));
     EXPECT_EQ(text(0), QStringLiteral("999 ms"));
+    EXPECT_EQ(text(1), QStringLiteral("124 ms"));
     EXPECT_EQ(text(19), QStringLiteral("106 ms"));
 }
 
@@ -76,9 +86,24 @@ TEST_F(RecentChecksModelTest, ShortListOnlyGrows)
 {
     const Monitor monitor = addWithChecks(3);
     m_model.setMonitorId(monitor.id);
+    m_inserted.clear();
     m_sample.store.addCheck(upCheck(monitor, sampleNow() + 1min, 999));
     EXPECT_EQ(m_model.rowCount(), 4);
+    ASSERT_EQ(m_inserted.size(), 1);
+    EXPECT_EQ(m_inserted[0][1].toInt(), 0);
+    EXPECT_EQ(m_inserted[0][2].toInt(), 0);
     EXPECT_TRUE(m_removed.isEmpty());
+    EXPECT_TRUE(m_moved.isEmpty());
+    EXPECT_EQ(text(0), QStringLiteral("999 ms"));
+}
+
+TEST_F(RecentChecksModelTest, AnotherFullListReplacesTheRows)
+{
+    m_model.setMonitorId(addWithChecks(20).id);
+    m_model.setMonitorId(addWithChecks(25).id);
+    ASSERT_EQ(m_model.rowCount(), 20);
+    EXPECT_EQ(text(0), QStringLiteral("124 ms"));
+    EXPECT_EQ(text(19), QStringLiteral("105 ms"));
 }
 
 TEST_F(RecentChecksModelTest, ChecksOfOtherMonitorsChangeNothing)
