@@ -1,6 +1,5 @@
 #include "MonitorStore.h"
 
-#include "CheckJson.h"
 #include "MonitorJson.h"
 #include "StorageFolder.h"
 
@@ -35,26 +34,6 @@ auto since(Timestamp beginning)
 
 } // namespace
 
-/// Builds the histories while their file is read.
-class MonitorStore::HistoryLoader : public CheckMapVisitor
-{
-public:
-    void openHistory(const QUuid &monitorId) override
-    {
-        m_open = &m_histories.insert_or_assign(monitorId, CheckHistory(monitorId)).first->second;
-    }
-    void takeCheck(Check &&check, std::string_view stored) override
-    {
-        m_open->append(std::move(check), stored);
-    }
-
-    [[nodiscard]] std::map<QUuid, CheckHistory> take() { return std::move(m_histories); }
-
-private:
-    std::map<QUuid, CheckHistory> m_histories;
-    CheckHistory *m_open = nullptr;
-};
-
 QString MonitorStore::defaultStorageDir()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
@@ -62,16 +41,24 @@ QString MonitorStore::defaultStorageDir()
 }
 
 MonitorStore::MonitorStore(const QString &storageDir, Access access, WallClock now, QObject *parent)
+    : MonitorStore(storageDir, StoredRecords::read(storageDir), access, std::move(now), parent)
+{
+}
+
+MonitorStore::MonitorStore(const QString &storageDir, StoredRecords records, Access access,
+                           WallClock now, QObject *parent)
     : QObject(parent)
     , m_storageDir(storageDir)
     , m_access(access)
     , m_now(std::move(now))
-    , m_monitorsFile{AtomicFile(storageDir + QStringLiteral("/monitors.json"))}
-    , m_checksFile{AtomicFile(storageDir + QStringLiteral("/checks.json"))}
+    , m_monitorsFile{AtomicFile(StoredRecords::monitorsPath(storageDir)),
+                     records.areMonitorsUnreadable}
+    , m_checksFile{AtomicFile(StoredRecords::checksPath(storageDir)), records.areChecksUnreadable}
+    , m_monitors(std::move(records.monitors))
+    , m_checks(std::move(records.checks))
 {
     if (m_access == Access::readWrite)
         prepareFolder();
-    load();
 }
 
 const QString &MonitorStore::storageDir() const
@@ -225,21 +212,6 @@ void MonitorStore::prepareFolder() const
         makeFolderPrivate(m_storageDir);
     m_monitorsFile.file.removeLeftover();
     m_checksFile.file.removeLeftover();
-}
-
-void MonitorStore::load()
-{
-    const auto monitorsJson = m_monitorsFile.file.read();
-    const auto monitors = monitorsJson ? decodeMonitors(*monitorsJson) : std::nullopt;
-    m_monitors = monitors.value_or(QList<Monitor>());
-    m_monitorsFile.keepOld = !monitors && m_monitorsFile.file.exists();
-
-    HistoryLoader loader;
-    auto checksJson = m_checksFile.file.read();
-    const bool isLoaded = checksJson && decodeCheckMap(*std::move(checksJson), loader);
-    if (isLoaded)
-        m_checks = loader.take();
-    m_checksFile.keepOld = !isLoaded && m_checksFile.file.exists();
 }
 
 void MonitorStore::saveMonitors()

@@ -2,8 +2,8 @@
 
 #include "AtomicFile.h"
 #include "Check.h"
-#include "CheckHistory.h"
 #include "Monitor.h"
+#include "StoredRecords.h"
 
 #include <QList>
 #include <QObject>
@@ -46,6 +46,10 @@ public:
     /// "monitors.json.unreadable-20261120T191500Z".
     explicit MonitorStore(const QString &storageDir, Access access = Access::readWrite,
                           WallClock now = systemNow, QObject *parent = nullptr);
+    /// The same with what has already been read of the folder.
+    MonitorStore(const QString &storageDir, StoredRecords records,
+                 Access access = Access::readWrite, WallClock now = systemNow,
+                 QObject *parent = nullptr);
 
     [[nodiscard]] const QString &storageDir() const;
 
@@ -92,7 +96,6 @@ Q_SIGNALS:
     void checksChanged(const QUuid &monitorId);
 
 private:
-    class HistoryLoader;
     struct File
     {
         AtomicFile file;
@@ -100,7 +103,6 @@ private:
     };
 
     void prepareFolder() const;
-    void load();
     void saveMonitors();
     void saveChecks();
     void save(File &file, std::span<const std::string_view> pieces, AtomicFile::Flush flush) const;

@@ -26,11 +26,21 @@ Item {
         grid.contentY = Math.max(top, Math.min(grid.contentY + pages * grid.height, bottom));
     }
 
-    EmptyDashboard {
-        objectName: "empty"
+    Loader {
+        id: empty
+
         anchors.fill: parent
-        visible: root.overview.isEmpty
-        onAddRequested: root.addRequested()
+        active: root.overview.isEmpty
+        source: "EmptyDashboard.qml"
+        onLoaded: item.objectName = "empty"
+    }
+
+    Connections {
+        target: empty.item as EmptyDashboard
+
+        function onAddRequested(): void {
+            root.addRequested();
+        }
     }
 
     FocusVoice {

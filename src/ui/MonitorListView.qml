@@ -15,11 +15,21 @@ KeyboardItem {
     required property MonitorSelection selection
     required property AppActions actions
 
+    readonly property MonitorMenu menu: menuLoader.item as MonitorMenu
+
     signal menuKeyPressed
 
     function walkTo(row: int): void {
         focusReason = Qt.TabFocusReason;
         selection.selectRow(row);
+    }
+
+    function openMenu(row: MonitorListRow, x: real, y: real): void {
+        if (!menuLoader.item)
+            menuLoader.setSource("MonitorMenu.qml", {
+                actions: actions
+            });
+        menu.openFor(row, x, y);
     }
 
     function take(): void {
@@ -107,7 +117,7 @@ KeyboardItem {
             isSelected: root.selection.row === index
             isFocused: isSelected && root.activeFocus
             showsFocus: isSelected && root.visualFocus
-            hasMenu: menu.visible && menu.row === row
+            hasMenu: (root.menu?.visible ?? false) && root.menu?.row === row
             onChosen: {
                 root.take();
                 root.selection.monitorId = monitorId;
@@ -116,14 +126,14 @@ KeyboardItem {
                 root.take();
                 root.selection.clear();
             }
-            onMenuRequested: (x, y) => menu.openFor(row, x, y)
+            onMenuRequested: (x, y) => root.openMenu(row, x, y)
 
             Connections {
                 target: root
 
                 function onMenuKeyPressed(): void {
                     if (row.isSelected)
-                        menu.openFor(row, Theme.rowMargin + Theme.rowInset, row.height);
+                        root.openMenu(row, Theme.rowMargin + Theme.rowInset, row.height);
                 }
             }
         }
@@ -145,12 +155,19 @@ KeyboardItem {
         }
     }
 
-    MonitorMenu {
-        id: menu
+    // Made when it is first opened.
+    Loader {
+        id: menuLoader
+    }
 
-        actions: root.actions
-        onClosed: root.forceActiveFocus(Qt.PopupFocusReason)
-        onDeleteRequested: monitorId => {
+    Connections {
+        target: root.menu
+
+        function onClosed(): void {
+            root.forceActiveFocus(Qt.PopupFocusReason);
+        }
+
+        function onDeleteRequested(monitorId: var): void {
             root.selection.leave(monitorId);
             root.actions.deleteMonitor(monitorId);
         }

@@ -21,6 +21,12 @@ SidebarRow {
     implicitHeight: Theme.rowHeight
     spokenName: spokenText
     Accessible.description: address
+    onIsPendingChanged: {
+        if (isPending && !ring.item)
+            ring.setSource("RowPendingRing.qml", {
+                objectName: "ring"
+            });
+    }
 
     FaviconView {
         id: icon
@@ -88,7 +94,7 @@ SidebarRow {
 
         Item {
             anchors.right: parent.right
-            width: root.isPending ? ring.width : result.implicitWidth
+            width: root.isPending ? Theme.pendingRingSize : result.implicitWidth
             height: Theme.rowStateHeight
 
             ThemeText {
@@ -103,13 +109,12 @@ SidebarRow {
                 isSpoken: false
             }
 
-            PendingRing {
+            // Made for the first wait: most rows never need it.
+            Loader {
                 id: ring
 
-                objectName: "ring"
                 anchors.verticalCenter: parent.verticalCenter
                 visible: root.isPending
-                Accessible.ignored: true
             }
         }
 

@@ -3,17 +3,37 @@
 #include "ContinueOn.h"
 #include "FaviconImage.h"
 #include "LoginItem.h"
+#include "MainWindowLoader.h"
 #include "MotionPreference.h"
 #include "NotificationCenter.h"
 
 #include <QCoreApplication>
 #include <QQuickWindow>
 
+#include <future>
+
 namespace ostrel {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto longestWaitForAFrame = 1s;
+
+/// The folder's records, read while @p views prepares itself.
+StoredRecords readBeside(MainWindowLoader &views, const QString &storageDir)
+{
+    auto records = std::async(std::launch::async, &StoredRecords::read, storageDir);
+    views.prepare();
+    return records.get();
+}
+
+} // namespace
 
 OstrelApp::OstrelApp(const QString &storageDir, const AppServices &services)
     : m_services(services)
-    , m_store(storageDir)
+    , m_views(std::make_unique<MainWindowLoader>())
+    , m_store(storageDir, readBeside(*m_views, storageDir))
     , m_engine({
           .store = m_store,
           .httpCheck = services.httpCheck,
@@ -37,13 +57,16 @@ OstrelApp::OstrelApp(const QString &storageDir, const AppServices &services)
     connectStatusBarItem();
 }
 
-OstrelApp::~OstrelApp() = default;
+OstrelApp::~OstrelApp()
+{
+    m_views.reset(); // They show what goes after them.
+}
 
 bool OstrelApp::show()
 {
-    m_views.addImportPath(QStringLiteral("qrc:/qt/qml"));
-    FaviconImage::useIcons(m_views, m_icons);
-    m_views.setInitialProperties({
+    FaviconImage::useIcons(m_views->engine(), m_icons);
+    connect(&m_views->engine(), &QQmlEngine::quit, qApp, &QCoreApplication::quit);
+    QQuickWindow *window = m_views->load({
         {QStringLiteral("monitors"), QVariant::fromValue(&m_monitors)},
         {QStringLiteral("overview"), QVariant::fromValue(&m_overview)},
         {QStringLiteral("actions"), QVariant::fromValue(&m_actions)},
@@ -53,19 +76,13 @@ bool OstrelApp::show()
         {QStringLiteral("desktop"), QVariant::fromValue(&m_desktop)},
         {QStringLiteral("reducedMotion"), m_services.motion.isReduced()},
     });
-    connect(&m_views, &QQmlEngine::quit, qApp, &QCoreApplication::quit);
-    m_views.load(QUrl(QStringLiteral("qrc:/qt/qml/Ostrel/MainWindow.qml")));
-    auto *window = qobject_cast<QQuickWindow *>(m_views.rootObjects().value(0));
     if (!window)
         return false;
 
     connect(&m_services.motion, &MotionPreference::isReducedChanged, window, [this, window] {
         window->setProperty("reducedMotion", m_services.motion.isReduced());
     });
-    connect(window, &QWindow::visibleChanged, this, [this](bool isVisible) {
-        if (isVisible)
-            contentAppeared();
-    });
+    watchAppearance(*window);
     m_delegate.setMainWindow(window);
     m_delegate.reopen();
     m_statusBarItem.show();
@@ -78,6 +95,23 @@ void OstrelApp::connectStatusBarItem()
     connect(&m_statusBarItem, &StatusBarItem::openRequested, &m_delegate,
             [this] { m_delegate.reopen(); });
     connect(&m_statusBarItem, &StatusBarItem::quitRequested, qApp, &QCoreApplication::quit);
+}
+
+void OstrelApp::watchAppearance(QQuickWindow &window)
+{
+    m_appearance.setSingleShot(true);
+    m_appearance.setInterval(longestWaitForAFrame);
+    connect(&m_appearance, &QTimer::timeout, this, &OstrelApp::contentAppeared);
+    connect(&window, &QWindow::visibleChanged, &m_appearance, [this](bool isVisible) {
+        if (isVisible)
+            m_appearance.start();
+    });
+    connect(&window, &QQuickWindow::frameSwapped, &m_appearance, [this] {
+        if (!m_appearance.isActive())
+            return;
+        m_appearance.stop();
+        contentAppeared();
+    });
 }
 
 void OstrelApp::contentAppeared()

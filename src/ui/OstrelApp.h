@@ -15,11 +15,16 @@
 #include "StatusBarItem.h"
 
 #include <QObject>
-#include <QQmlApplicationEngine>
+#include <QTimer>
+
+#include <memory>
+
+class QQuickWindow;
 
 namespace ostrel {
 
 class LoginItem;
+class MainWindowLoader;
 class MonitorCheck;
 class MotionPreference;
 class NotificationCenter;
@@ -62,7 +67,10 @@ public:
     [[nodiscard]] StatusBarItem &statusBarItem() { return m_statusBarItem; }
 
 private:
-    /// Runs each time the main window's content appears.
+    /// Calls contentAppeared() each time the main window's content has appeared: once its first
+    /// frame is on the screen, so that nothing holds that up, or where the desktop doesn't let it
+    /// be drawn (minimised, another workspace), soon after the window was shown.
+    void watchAppearance(QQuickWindow &window);
     void contentAppeared();
     void connectStatusBarItem();
 
@@ -71,6 +79,7 @@ private:
     void lookUpSite(const QUuid &monitorId, const QString &address);
 
     AppServices m_services;
+    std::unique_ptr<MainWindowLoader> m_views; ///< First to be made, and first to go.
     AppDelegate m_delegate;
     MonitorStore m_store;
     MonitoringEngine m_engine;
@@ -84,7 +93,7 @@ private:
     Settings m_settings;
     DesktopActions m_desktop;
     FaviconService m_icons;
-    QQmlApplicationEngine m_views;
+    QTimer m_appearance; ///< Runs from a window's being shown to its first frame.
 };
 
 } // namespace ostrel

@@ -9,20 +9,4 @@ PaintedBox {
     color: Theme.none
     edge: Theme.none
     edgeWidth: Theme.hairlineWidth
-
-    Rectangle {
-        anchors.fill: parent
-        visible: !root.isNeeded
-        radius: root.radius
-        color: root.color
-    }
-
-    Rectangle {
-        anchors.fill: parent
-        visible: !root.isNeeded && root.edge.a > 0
-        radius: root.radius
-        color: Theme.none
-        border.width: root.edgeWidth
-        border.color: root.edge
-    }
 }

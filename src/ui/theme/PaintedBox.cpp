@@ -1,18 +1,16 @@
 #include "PaintedBox.h"
 
-#include <QGuiApplication>
 #include <QPainter>
 
 #include <algorithm>
-#include <cmath>
 
 namespace ostrel {
 
 PaintedBox::PaintedBox(QQuickItem *parent)
     : PixelItem(parent)
 {
-    setFlag(ItemHasContents, isNeeded());
-    connect(this, &PaintedBox::lookChanged, this, [this] { update(); });
+    setFlag(ItemHasContents, false);
+    connect(this, &PaintedBox::lookChanged, this, &PaintedBox::updateLook);
 }
 
 void PaintedBox::paint(QPainter *painter)
@@ -32,10 +30,10 @@ void PaintedBox::paint(QPainter *painter)
                              radius - inset);
 }
 
-bool PaintedBox::isNeeded()
+void PaintedBox::updateLook()
 {
-    const qreal scale = qGuiApp->devicePixelRatio();
-    return !qFuzzyCompare(scale, std::round(scale));
+    setFlag(ItemHasContents, m_color.alpha() > 0 || m_edge.alpha() > 0);
+    update();
 }
 
 } // namespace ostrel

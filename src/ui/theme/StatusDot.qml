@@ -8,12 +8,21 @@ Item {
 
     required property int status
     required property real size
+    readonly property bool isDown: status === MonitorStatus.Down
     // Set when the dot is shown: lets the halo of a monitor that is down swell and fade.
     property bool pulse: false
 
     implicitWidth: 2.6 * size
     implicitHeight: 2.6 * size
     Component.onCompleted: pulse = true
+    onIsDownChanged: {
+        if (isDown && !halo.item)
+            halo.setSource("PulsingHalo.qml", {
+                objectName: "halo",
+                restDiameter: Qt.binding(() => 2.4 * size),
+                pulse: Qt.binding(() => pulse)
+            });
+    }
 
     Disc {
         anchors.fill: parent
@@ -22,13 +31,13 @@ Item {
         color: Theme.faded(Theme.statusUp, 0.15)
     }
 
-    PulsingHalo {
-        objectName: "halo"
+    // Made for the first outage: most dots never need it.
+    Loader {
+        id: halo
+
         x: (root.width - width) / 2
         y: (root.height - height) / 2
-        visible: root.status === MonitorStatus.Down
-        restDiameter: 2.4 * root.size
-        pulse: root.pulse
+        visible: root.isDown
     }
 
     Disc {
