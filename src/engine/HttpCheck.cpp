@@ -8,13 +8,21 @@
 #include "SSLCaptureDelegate.h"
 #include "TransferTimeout.h"
 
+#include <QPromise>
 #include <QThreadPool>
+#include <QTimer>
 
 #include <utility>
 
 namespace ostrel {
 
 namespace {
+
+using namespace std::chrono_literals;
+
+/// How long after the time-out the keyword may still be looked for, in a body that came just
+/// before.
+constexpr auto searchGrace = 250ms;
 
 bool wantsKeyword(const Monitor &monitor)
 {
@@ -34,12 +42,9 @@ HttpRequest makeRequest(const Monitor &monitor, const QUrl &url,
     };
 }
 
-/// Whether the body holds the monitor's keyword; nothing where there is none to look for or no
-/// text to look in.
+/// Whether the body holds the monitor's keyword; nothing where there is no text to look in.
 std::optional<bool> findKeyword(const Monitor &monitor, const HttpResult &result)
 {
-    if (!result.hasResponse || !wantsKeyword(monitor))
-        return std::nullopt;
     const auto extent = result.isBodyTruncated ? BodyExtent::truncated : BodyExtent::complete;
     const auto text = decodeBody(result.body, extent);
     if (!text)
@@ -82,12 +87,13 @@ Check invalidAddressCheck(const Monitor &monitor, Timestamp timestamp)
 
 } // namespace
 
-/// What one request has brought to light.
-struct HttpCheck::Outcome
+/// What one request has brought to light, and where its check goes.
+struct HttpCheck::Exchange
 {
+    Monitor monitor;
     HttpResult result;
-    std::optional<bool> keywordFound;
     std::optional<Timestamp> sslExpiresAt;
+    std::shared_ptr<QPromise<Check>> promise;
 };
 
 HttpCheck::HttpCheck(Fetch fetch, NotificationManager &notifications, WallClock now,
@@ -112,30 +118,68 @@ QFuture<Check> HttpCheck::run(const Monitor &monitor)
         return QtFuture::makeReadyFuture(invalidAddressCheck(monitor, m_now()));
 
     const auto delegate = std::make_shared<SSLCaptureDelegate>();
-    // A large body takes a while to search; neither the I/O thread nor this one waits for it.
-    const auto outcome =
-        m_fetch(makeRequest(monitor, *url, delegate))
-            .then(QThreadPool::globalInstance(), [monitor, delegate](HttpResult result) {
-                const auto keywordFound = findKeyword(monitor, result);
-                result.body.clear();
-                return Outcome{std::move(result), keywordFound, delegate->expiryDate()};
-            });
-    return continueOn(outcome, this,
-                      [this, monitor](const Outcome &value) { return conclude(monitor, value); });
+    const auto promise = std::make_shared<QPromise<Check>>();
+    promise->start();
+    continueOn(m_fetch(makeRequest(monitor, *url, delegate)), this,
+               [this, monitor, delegate, promise](const HttpResult &result) {
+                   const Exchange exchange{monitor, result, delegate->expiryDate(), promise};
+                   if (result.hasResponse && wantsKeyword(monitor))
+                       search(exchange);
+                   else
+                       conclude(exchange, std::nullopt);
+               });
+    return promise->future();
 }
 
-Check HttpCheck::conclude(const Monitor &monitor, const Outcome &outcome)
+void HttpCheck::search(const Exchange &exchange)
 {
+    // A large body takes a while to search; neither the I/O thread nor this one waits for it.
+    const auto found = QtFuture::makeReadyFuture(exchange.result)
+                           .then(QThreadPool::globalInstance(),
+                                 [monitor = exchange.monitor](const HttpResult &result) {
+                                     return findKeyword(monitor, result);
+                                 });
+    Exchange answered = exchange;
+    answered.result.body.clear();
+    continueOn(found, this, [this, answered](const std::optional<bool> &keywordFound) {
+        conclude(answered, keywordFound);
+    });
+    if (const auto timeout = transferTimeout(exchange.monitor.timeout); timeout > 0ms)
+        QTimer::singleShot(std::chrono::ceil<std::chrono::milliseconds>(timeout + searchGrace -
+                                                                        exchange.result.elapsed),
+                           this, [this, answered] { giveUpSearch(answered); });
+}
+
+void HttpCheck::giveUpSearch(Exchange exchange)
+{
+    exchange.result.hasResponse = false;
+    exchange.result.error = QStringLiteral("Operation timed out after %1 milliseconds")
+                                .arg(transferTimeout(exchange.monitor.timeout).count());
+    conclude(exchange, std::nullopt);
+}
+
+void HttpCheck::conclude(const Exchange &exchange, std::optional<bool> keywordFound)
+{
+    if (exchange.promise->future().isFinished())
+        return;
+    exchange.promise->addResult(judge(exchange, keywordFound));
+    exchange.promise->finish();
+}
+
+Check HttpCheck::judge(const Exchange &exchange, std::optional<bool> keywordFound)
+{
+    const Monitor &monitor = exchange.monitor;
+    const HttpResult &result = exchange.result;
     Check check = newCheck(monitor, m_now());
-    check.responseTime = Milliseconds(outcome.result.elapsed).count();
-    check.sslExpiresAt = outcome.sslExpiresAt;
-    if (!outcome.result.hasResponse) {
-        check.error = outcome.result.error;
+    check.responseTime = Milliseconds(result.elapsed).count();
+    check.sslExpiresAt = exchange.sslExpiresAt;
+    if (!result.hasResponse) {
+        check.error = result.error;
         return check;
     }
 
-    check.statusCode = outcome.result.statusCode;
-    check.keywordFound = outcome.keywordFound;
+    check.statusCode = result.statusCode;
+    check.keywordFound = keywordFound;
     applyStatusRule(check);
     applyKeywordRule(check, monitor);
     notifyIfSlow(monitor, check);

@@ -6,6 +6,7 @@
 #include <QObject>
 
 #include <functional>
+#include <optional>
 
 namespace ostrel {
 
@@ -38,9 +39,14 @@ public:
     [[nodiscard]] QFuture<Check> run(const Monitor &monitor) override;
 
 private:
-    struct Outcome;
+    struct Exchange;
 
-    [[nodiscard]] Check conclude(const Monitor &monitor, const Outcome &outcome);
+    void search(const Exchange &exchange);
+    /// The time-out bounds the search of the body, too.
+    void giveUpSearch(Exchange exchange);
+    /// Ends the check; does nothing where it has ended.
+    void conclude(const Exchange &exchange, std::optional<bool> keywordFound);
+    [[nodiscard]] Check judge(const Exchange &exchange, std::optional<bool> keywordFound);
     void notifyIfSlow(const Monitor &monitor, const Check &check);
     void notifyIfCertificateExpires(const Monitor &monitor, const Check &check);
 

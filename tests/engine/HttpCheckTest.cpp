@@ -200,6 +200,39 @@ TEST_F(HttpCheckTest, KeywordRule)
     EXPECT_EQ(requests.back().bodyLimit, 64 * 1024 * 1024);
 }
 
+TEST_F(HttpCheckTest, TheTimeOutBoundsTheSearchToo)
+{
+    // Accents that the keyword has too: the slowest there is to search.
+    monitor.keyword = QString::fromUtf8("caf\u00e9 ferm\u00e9");
+    const QByteArray accents("cafe\u0301 ");
+    monitor.timeout = Seconds(5);
+    result = response(200, accents.repeated(HttpCheck::searchedBodyLimit / accents.size()), 4999ms);
+    const auto began = std::chrono::steady_clock::now();
+
+    const Check ended = run();
+
+    EXPECT_LT(std::chrono::steady_clock::now() - began, 500ms);
+    EXPECT_FALSE(ended.isUp);
+    EXPECT_EQ(ended.error, QStringLiteral("Operation timed out after 5000 milliseconds"));
+    EXPECT_FALSE(ended.statusCode);
+    EXPECT_FALSE(ended.keywordFound);
+    EXPECT_EQ(ended.responseTime, 4999);
+}
+
+TEST_F(HttpCheckTest, ABodyThatIsSearchedInTimeIsJudgedOnce)
+{
+    monitor.keyword = QStringLiteral("OK");
+    monitor.timeout = Seconds(0.001);
+    monitor.responseTimeThreshold = Milliseconds(1);
+    result = response(200, "OK", 2ms);
+
+    const Check ended = run();
+
+    EXPECT_TRUE(ended.isUp);
+    EXPECT_FALSE(waitFor([&] { return center.requests.size() != 1; }, 500ms))
+        << "judged again when the search would have been given up";
+}
+
 TEST_F(HttpCheckTest, ABodyCutInTheMiddleOfACharacterIsStillSearched)
 {
     monitor.keyword = QStringLiteral("OK");
