@@ -11,9 +11,11 @@ function(ostrel_library name)
     target_link_libraries(ostrel_${name} PUBLIC ${ARG_PUBLIC} PRIVATE ostrel_options ${ARG_PRIVATE})
 endfunction()
 
-# A GoogleTest program, each of whose tests is a test of CTest's.
+# A GoogleTest program, each of whose tests is a test of CTest's and runs in a process of its own. A
+# folder has one program, and another for what needs other properties, another main() or a program
+# to itself.
 #
-#   ostrel_test(MonitorTest SOURCES MonitorTest.cpp LIBRARIES ostrel::model [TIMEOUT seconds]
+#   ostrel_test(ModelTests SOURCES MonitorTest.cpp … LIBRARIES ostrel::model [TIMEOUT seconds]
 #               [LABELS …] [RUN_SERIAL])
 #
 # With RUN_SERIAL each runs alone: for tests of what a clock shows.
