@@ -9,11 +9,14 @@ function(ostrel_library name)
     set_target_properties(ostrel_${name} PROPERTIES AUTOMOC ON)
     target_include_directories(ostrel_${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
     target_link_libraries(ostrel_${name} PUBLIC ${ARG_PUBLIC} PRIVATE ostrel_options ${ARG_PRIVATE})
+    ostrel_use_precompiled(ostrel_${name} core)
 endfunction()
 
-# A GoogleTest program, each of whose tests is a test of CTest's.
+# A GoogleTest program, each of whose tests is a test of CTest's and runs in a process of its own. A
+# folder has one program, and another for what needs other properties, another main() or a program
+# to itself.
 #
-#   ostrel_test(MonitorTest SOURCES MonitorTest.cpp LIBRARIES ostrel::model [TIMEOUT seconds]
+#   ostrel_test(ModelTests SOURCES MonitorTest.cpp … LIBRARIES ostrel::model [TIMEOUT seconds]
 #               [LABELS …] [RUN_SERIAL])
 #
 # With RUN_SERIAL each runs alone: for tests of what a clock shows.
@@ -31,6 +34,11 @@ function(ostrel_test name)
     add_executable(${name} ${ARG_SOURCES})
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
     target_link_libraries(${name} PRIVATE ostrel_options ${ARG_LIBRARIES} ostrel_test_main GTest::gmock GTest::gtest)
+    if(ARG_LIBRARIES MATCHES "ostrel::(ui|theme|gallery)|ostrel_view_test")
+        ostrel_use_precompiled(${name} view_test)
+    else()
+        ostrel_use_precompiled(${name} core_test)
+    endif()
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES ${properties})
 endfunction()
 include(GoogleTest)

@@ -13,7 +13,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-Monitor bakery()
+Monitor bakeryToEdit()
 {
     return {
         .id = QUuid::createUuid(),
@@ -27,7 +27,7 @@ Monitor bakery()
 
 Monitor database()
 {
-    Monitor monitor = bakery();
+    Monitor monitor = bakeryToEdit();
     monitor.url = QStringLiteral("db.local");
     monitor.type = MonitorType::port;
     monitor.port = 5432;
@@ -75,7 +75,7 @@ void choosePort(MonitorForm &form)
 
 void editWebsite(MonitorForm &form)
 {
-    form.beginEdit(bakery(), {});
+    form.beginEdit(bakeryToEdit(), {});
 }
 
 void editPort(MonitorForm &form)
@@ -90,26 +90,26 @@ void withAdvanced(MonitorForm &form)
     form.setShowAdvanced(true);
 }
 
-struct Recipe
+struct Filling
 {
     const char *sample;
     void (*fill)(MonitorForm &form);
 };
 
-constexpr std::array recipes = {
-    Recipe{"empty", begin},
-    Recipe{"suggestion", suggest},
-    Recipe{"website", withAdvanced<suggest>},
-    Recipe{"valid", typeWebsite},
-    Recipe{"valid-advanced", withAdvanced<typeWebsite>},
-    Recipe{"long", withAdvanced<typeLongWebsite>},
-    Recipe{"port-empty", choosePort},
-    Recipe{"port", typePort},
-    Recipe{"port-advanced", withAdvanced<typePort>},
-    Recipe{"edit-website", editWebsite},
-    Recipe{"edit-website-advanced", withAdvanced<editWebsite>},
-    Recipe{"edit-port", editPort},
-    Recipe{"edit-port-advanced", withAdvanced<editPort>},
+constexpr std::array fillings = {
+    Filling{"empty", begin},
+    Filling{"suggestion", suggest},
+    Filling{"website", withAdvanced<suggest>},
+    Filling{"valid", typeWebsite},
+    Filling{"valid-advanced", withAdvanced<typeWebsite>},
+    Filling{"long", withAdvanced<typeLongWebsite>},
+    Filling{"port-empty", choosePort},
+    Filling{"port", typePort},
+    Filling{"port-advanced", withAdvanced<typePort>},
+    Filling{"edit-website", editWebsite},
+    Filling{"edit-website-advanced", withAdvanced<editWebsite>},
+    Filling{"edit-port", editPort},
+    Filling{"edit-port-advanced", withAdvanced<editPort>},
 };
 
 } // namespace
@@ -133,17 +133,17 @@ CannedForm::~CannedForm() = default;
 QStringList CannedForm::samples()
 {
     QStringList samples;
-    for (const Recipe &recipe : recipes)
-        samples += QString::fromLatin1(recipe.sample);
+    for (const Filling &filling : fillings)
+        samples += QString::fromLatin1(filling.sample);
     return samples;
 }
 
 void CannedForm::setSample(const QString &sample)
 {
     m_sample = sample;
-    for (const Recipe &recipe : recipes) {
-        if (sample == QLatin1String(recipe.sample))
-            recipe.fill(m_parts->form);
+    for (const Filling &filling : fillings) {
+        if (sample == QLatin1String(filling.sample))
+            filling.fill(m_parts->form);
     }
 }
 

@@ -236,39 +236,39 @@ CannedMonitor longest()
     return canned;
 }
 
-struct Recipe
+struct MonitorRecipe
 {
     const char *sample;
     CannedMonitor (*make)();
 };
 
-constexpr std::array recipes = {
-    Recipe{"up", up},
-    Recipe{"down", down},
-    Recipe{"paused", paused},
-    Recipe{"pending", [] { return CannedMonitor{.monitor = documentation()}; }},
-    Recipe{"port", port},
-    Recipe{"keyword-ok", up},
-    Recipe{"keyword-issue", keywordIssue},
-    Recipe{"slow", slow},
-    Recipe{"certificate-7", certificate<7>},
-    Recipe{"certificate-8", certificate<8>},
-    Recipe{"certificate-30", certificate<30>},
-    Recipe{"certificate-31", certificate<31>},
-    Recipe{"chart-0", noChart},
-    Recipe{"chart-1", chart<1>},
-    Recipe{"chart-2", chart<2>},
-    Recipe{"chart-40", chart<40>},
-    Recipe{"chart-41", chart<41>},
-    Recipe{"chart-2000", chart<2000>},
-    Recipe{"strip-0", [] { return CannedMonitor{.monitor = documentation()}; }},
-    Recipe{"strip-1", strip<1>},
-    Recipe{"strip-90", strip<90>},
-    Recipe{"strip-91", strip<91>},
-    Recipe{"strip-180", strip<180>},
-    Recipe{"strip-270", strip<270>},
-    Recipe{"stale", stale},
-    Recipe{"long", longest},
+constexpr std::array monitorRecipes = {
+    MonitorRecipe{"up", up},
+    MonitorRecipe{"down", down},
+    MonitorRecipe{"paused", paused},
+    MonitorRecipe{"pending", [] { return CannedMonitor{.monitor = documentation()}; }},
+    MonitorRecipe{"port", port},
+    MonitorRecipe{"keyword-ok", up},
+    MonitorRecipe{"keyword-issue", keywordIssue},
+    MonitorRecipe{"slow", slow},
+    MonitorRecipe{"certificate-7", certificate<7>},
+    MonitorRecipe{"certificate-8", certificate<8>},
+    MonitorRecipe{"certificate-30", certificate<30>},
+    MonitorRecipe{"certificate-31", certificate<31>},
+    MonitorRecipe{"chart-0", noChart},
+    MonitorRecipe{"chart-1", chart<1>},
+    MonitorRecipe{"chart-2", chart<2>},
+    MonitorRecipe{"chart-40", chart<40>},
+    MonitorRecipe{"chart-41", chart<41>},
+    MonitorRecipe{"chart-2000", chart<2000>},
+    MonitorRecipe{"strip-0", [] { return CannedMonitor{.monitor = documentation()}; }},
+    MonitorRecipe{"strip-1", strip<1>},
+    MonitorRecipe{"strip-90", strip<90>},
+    MonitorRecipe{"strip-91", strip<91>},
+    MonitorRecipe{"strip-180", strip<180>},
+    MonitorRecipe{"strip-270", strip<270>},
+    MonitorRecipe{"stale", stale},
+    MonitorRecipe{"long", longest},
 };
 
 } // namespace
@@ -281,14 +281,14 @@ Timestamp cannedNow()
 QStringList cannedMonitorSamples()
 {
     QStringList samples;
-    for (const Recipe &recipe : recipes)
+    for (const MonitorRecipe &recipe : monitorRecipes)
         samples += QString::fromLatin1(recipe.sample);
     return samples;
 }
 
 std::optional<CannedMonitor> cannedMonitor(const QString &sample)
 {
-    for (const Recipe &recipe : recipes) {
+    for (const MonitorRecipe &recipe : monitorRecipes) {
         if (sample == QLatin1String(recipe.sample))
             return recipe.make();
     }

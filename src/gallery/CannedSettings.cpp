@@ -2,7 +2,7 @@
 
 #include "LoginItem.h"
 #include "MonitorStore.h"
-#include "Workspace.h"
+#include "NoWorkspace.h"
 
 #include <QUrl>
 
@@ -15,14 +15,6 @@ class NoLoginItem : public LoginItem
 public:
     bool registerItem() override { return false; }
     bool unregisterItem() override { return false; }
-};
-
-class NoWorkspace : public Workspace
-{
-public:
-    bool open(const QUrl & /*url*/) override { return false; }
-    bool openFolder(const QString & /*path*/) override { return false; }
-    bool openNotificationSettings() override { return false; }
 };
 
 /// A fresh folder, where preferences are kept from now on.

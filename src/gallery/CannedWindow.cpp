@@ -3,7 +3,7 @@
 #include "CannedEngine.h"
 #include "CannedMonitors.h"
 #include "MonitorStore.h"
-#include "Workspace.h"
+#include "NoWorkspace.h"
 
 #include <QTemporaryDir>
 
@@ -12,14 +12,6 @@
 namespace ostrel {
 
 namespace {
-
-class NoWorkspace : public Workspace
-{
-public:
-    bool open(const QUrl & /*url*/) override { return false; }
-    bool openFolder(const QString & /*path*/) override { return false; }
-    bool openNotificationSettings() override { return false; }
-};
 
 std::vector<CannedMonitor> oneAdded()
 {
@@ -45,28 +37,28 @@ std::vector<CannedMonitor> allPaused()
 
 constexpr int dashboard = -1;
 
-struct Recipe
+struct WindowRecipe
 {
     const char *sample;
     std::vector<CannedMonitor> (*make)();
     int selected = dashboard; ///< An index.
 };
 
-constexpr std::array recipes = {
-    Recipe{"empty", [] { return std::vector<CannedMonitor>(); }},
-    Recipe{"all-up", cannedMonitorsUp},
-    Recipe{"one-down", cannedMonitors},
-    Recipe{"pending", oneAdded},
-    Recipe{"one-paused", onePaused},
-    Recipe{"all-paused", allPaused},
-    Recipe{"many", manyCannedMonitors},
-    Recipe{"long", longCannedMonitors},
-    Recipe{"detail-down", cannedMonitors, 1},
-    Recipe{"detail-slow", cannedMonitors, 2},
-    Recipe{"detail-up", cannedMonitors, 3},
-    Recipe{"detail-paused", cannedMonitors, 4},
-    Recipe{"detail-pending", cannedMonitors, 5},
-    Recipe{"detail-long", longCannedMonitors, 0},
+constexpr std::array windowRecipes = {
+    WindowRecipe{"empty", [] { return std::vector<CannedMonitor>(); }},
+    WindowRecipe{"all-up", cannedMonitorsUp},
+    WindowRecipe{"one-down", cannedMonitors},
+    WindowRecipe{"pending", oneAdded},
+    WindowRecipe{"one-paused", onePaused},
+    WindowRecipe{"all-paused", allPaused},
+    WindowRecipe{"many", manyCannedMonitors},
+    WindowRecipe{"long", longCannedMonitors},
+    WindowRecipe{"detail-down", cannedMonitors, 1},
+    WindowRecipe{"detail-slow", cannedMonitors, 2},
+    WindowRecipe{"detail-up", cannedMonitors, 3},
+    WindowRecipe{"detail-paused", cannedMonitors, 4},
+    WindowRecipe{"detail-pending", cannedMonitors, 5},
+    WindowRecipe{"detail-long", longCannedMonitors, 0},
 };
 
 } // namespace
@@ -97,7 +89,7 @@ CannedWindow::~CannedWindow() = default;
 QStringList CannedWindow::samples()
 {
     QStringList samples;
-    for (const Recipe &recipe : recipes)
+    for (const WindowRecipe &recipe : windowRecipes)
         samples += QString::fromLatin1(recipe.sample);
     return samples;
 }
@@ -105,7 +97,7 @@ QStringList CannedWindow::samples()
 void CannedWindow::setSample(const QString &sample)
 {
     m_sample = sample;
-    for (const Recipe &recipe : recipes) {
+    for (const WindowRecipe &recipe : windowRecipes) {
         if (sample != QLatin1String(recipe.sample))
             continue;
         for (const CannedMonitor &canned : recipe.make())

@@ -11,7 +11,7 @@ namespace ostrel {
 
 namespace {
 
-constexpr QByteArrayView signature("\0\0\1\0", 4);
+constexpr QByteArrayView icoSignature("\0\0\1\0", 4);
 constexpr qsizetype headerSize = 6;
 constexpr qsizetype entrySize = 16;
 constexpr qsizetype bitmapHeaderSize = 40;
@@ -90,7 +90,7 @@ QList<Picture> picturesListedIn(QByteArrayView ico)
 /// An ICO file with this one picture.
 QByteArray singlePictureIco(const Picture &picture)
 {
-    QByteArray file = signature.toByteArray();
+    QByteArray file = icoSignature.toByteArray();
     appendLittleEndian<quint16>(file, 1);
     // 256 is written as 0.
     appendLittleEndian(file, static_cast<quint8>(picture.width));
@@ -112,7 +112,7 @@ QByteArray fileOf(const Picture &picture)
 
 bool isIco(QByteArrayView bytes)
 {
-    return bytes.startsWith(signature) && bytes.size() >= headerSize;
+    return bytes.startsWith(icoSignature) && bytes.size() >= headerSize;
 }
 
 QList<QByteArray> picturesInIco(const QByteArray &ico)

@@ -18,7 +18,7 @@ namespace {
 /// The bytes of a file name on every file system that we know.
 constexpr qsizetype longestFileName = 255;
 /// More than the largest picture takes as PNG.
-constexpr qint64 largestFile = qint64(32) * 1024 * 1024;
+constexpr qint64 largestIconFile = qint64(32) * 1024 * 1024;
 constexpr auto privateFile = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
 constexpr auto privateFolder = privateFile | QFileDevice::ExeOwner;
 
@@ -49,7 +49,7 @@ QImage IconFolder::read(const QString &domain) const
     if (!file.open(QIODevice::ReadOnly))
         return {};
     // Never asks for more than there is: QFile makes room for all that it is asked for.
-    return decodePicture(file.read(std::min(file.size(), largestFile)));
+    return decodePicture(file.read(std::min(file.size(), largestIconFile)));
 }
 
 void IconFolder::write(const QString &domain, const QImage &icon) const

@@ -6,7 +6,7 @@ namespace ostrel {
 
 namespace {
 
-constexpr QByteArrayView signature("\x89PNG\r\n\x1a\n", 8);
+constexpr QByteArrayView pngSignature("\x89PNG\r\n\x1a\n", 8);
 constexpr qsizetype lengthSize = 4;
 constexpr qsizetype typeSize = 4;
 constexpr qsizetype checksumSize = 4;
@@ -21,14 +21,14 @@ bool isEssential(QByteArrayView type)
 
 bool isPng(QByteArrayView bytes)
 {
-    return bytes.startsWith(signature);
+    return bytes.startsWith(pngSignature);
 }
 
 QByteArray essentialChunks(const QByteArray &png)
 {
-    QByteArray result = signature.toByteArray();
+    QByteArray result = pngSignature.toByteArray();
     result.reserve(png.size());
-    QByteArrayView rest = QByteArrayView(png).sliced(signature.size());
+    QByteArrayView rest = QByteArrayView(png).sliced(pngSignature.size());
     while (rest.size() >= lengthSize + typeSize + checksumSize) {
         const qsizetype size =
             lengthSize + typeSize + qFromBigEndian<quint32>(rest.data()) + checksumSize;

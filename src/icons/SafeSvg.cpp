@@ -8,7 +8,7 @@ namespace ostrel {
 
 namespace {
 
-constexpr qsizetype largestFile = qsizetype(256) * 1024;
+constexpr qsizetype largestSvg = qsizetype(256) * 1024;
 constexpr qsizetype largestStyleSheet = 4096;
 constexpr int mostElements = 4096;
 constexpr int deepestLevel = 32;
@@ -151,7 +151,7 @@ private:
 
 std::optional<QByteArray> safeSvg(const QByteArray &svg)
 {
-    if (svg.size() > largestFile)
+    if (svg.size() > largestSvg)
         return std::nullopt;
     return SvgCopy(svg).make();
 }

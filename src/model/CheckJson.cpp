@@ -39,9 +39,9 @@ constexpr KeySet setOf(CheckKey key)
     return 1U << static_cast<unsigned>(key);
 }
 
-constexpr KeySet requiredKeys = setOf(CheckKey::id) | setOf(CheckKey::monitorId) |
-                                setOf(CheckKey::timestamp) | setOf(CheckKey::responseTime) |
-                                setOf(CheckKey::isUp);
+constexpr KeySet requiredCheckKeys = setOf(CheckKey::id) | setOf(CheckKey::monitorId) |
+                                     setOf(CheckKey::timestamp) | setOf(CheckKey::responseTime) |
+                                     setOf(CheckKey::isUp);
 
 // Writing
 
@@ -213,7 +213,7 @@ public:
                 return false;
             expected = key == unknownKey ? expected : key + 1;
         }
-        return (m_seen & requiredKeys) == requiredKeys;
+        return (m_seen & requiredCheckKeys) == requiredCheckKeys;
     }
 
     [[nodiscard]] Check &check() { return m_check; }

@@ -54,7 +54,7 @@ constexpr std::array<std::string_view, 16> monitorKeys = {
 };
 
 /// All keys up to "createdAt"; those after it came later.
-constexpr unsigned requiredKeys = (1U << static_cast<unsigned>(MonitorKey::type)) - 1;
+constexpr unsigned requiredMonitorKeys = (1U << static_cast<unsigned>(MonitorKey::type)) - 1;
 
 // Writing
 
@@ -179,7 +179,8 @@ std::optional<Monitor> readMonitor(ondemand::object &object)
         seen |= key == unknownKey ? 0 : 1U << key;
         expected = key == unknownKey ? expected : key + 1;
     }
-    return (seen & requiredKeys) == requiredKeys ? std::optional(std::move(monitor)) : std::nullopt;
+    return (seen & requiredMonitorKeys) == requiredMonitorKeys ? std::optional(std::move(monitor))
+                                                               : std::nullopt;
 }
 
 std::optional<QList<Monitor>> readMonitors(ondemand::array &array)

@@ -323,7 +323,7 @@ TEST(PendingRingTest, TurnsOnlyWhileItCanBeSeen)
     ThemeView view("PendingRing { objectName: 'subject' }");
     ASSERT_EQ(view.error(), QString());
     EXPECT_EQ(view.item()->width(), 14);
-    EXPECT_EQ(view.property("isTurning"), QVariant(true));
+    EXPECT_TRUE(waitFor([&] { return view.property("isTurning").toBool(); }));
     EXPECT_TRUE(waitFor([&] { return view.property("angle").toDouble() > 0; }));
 
     view.window().hide();
