@@ -1,0 +1,120 @@
+#include "BenchWindow.h"
+
+#include "FullFolder.h"
+#include "MonitorSelection.h"
+#include "WaitFor.h"
+
+#include <QEventLoop>
+#include <QQmlExtensionPlugin>
+#include <QTimer>
+
+#include <ctime>
+
+Q_IMPORT_QML_PLUGIN(OstrelPlugin)
+Q_IMPORT_QML_PLUGIN(Ostrel_ThemePlugin)
+
+namespace ostrel::bench {
+
+namespace {
+
+/// A frame that follows from another comes sooner than this.
+constexpr std::chrono::milliseconds quietTime{50};
+
+QQuickItem *findItem(QQuickItem *parent, const QString &name)
+{
+    for (QQuickItem *child : parent->childItems()) {
+        if (child->objectName() == name)
+            return child;
+        if (QQuickItem *found = findItem(child, name))
+            return found;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+double threadTime()
+{
+    timespec time{};
+    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+}
+
+BenchWindow::BenchWindow(MonitorStore &store)
+    : m_scripted(store)
+    , m_monitors(store)
+    , m_overview(store)
+    , m_actions(store, m_scripted.engine)
+    , m_detailModel(store, fullFolderNow)
+    , m_form(store, m_scripted.engine)
+    , m_opener(store, m_form)
+    , m_settings(m_loginItem)
+    , m_desktop(m_workspace, store.storageDir())
+{
+}
+
+bool BenchWindow::show()
+{
+    m_views.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    m_views.setInitialProperties(properties());
+    m_views.load(QUrl(QStringLiteral("qrc:/qt/qml/Ostrel/MainWindow.qml")));
+    m_window = qobject_cast<QQuickWindow *>(m_views.rootObjects().value(0));
+    if (!m_window)
+        return false;
+    // The ring of a monitor that is down swells for ever: that is nobody's work.
+    m_window->setProperty("reducedMotion", true);
+    m_window->show();
+    if (!test::waitFor([&] { return m_window->isExposed(); }))
+        return false;
+    settle();
+    return true;
+}
+
+void BenchWindow::open(int row)
+{
+    item(QStringLiteral("sidebar"))
+        .property("selection")
+        .value<MonitorSelection *>()
+        ->selectRow(row);
+    settle();
+}
+
+QQuickItem &BenchWindow::item(const QString &name) const
+{
+    return *findItem(m_window->contentItem(), name);
+}
+
+void BenchWindow::settle()
+{
+    QEventLoop loop;
+    QTimer quiet;
+    quiet.setSingleShot(true);
+    quiet.setInterval(quietTime);
+    QObject::connect(&quiet, &QTimer::timeout, &loop, &QEventLoop::quit);
+    QObject::connect(m_window, &QQuickWindow::frameSwapped, &quiet, qOverload<>(&QTimer::start));
+    m_window->update();
+    loop.exec();
+}
+
+void BenchWindow::drawFrame()
+{
+    QEventLoop loop;
+    QObject::connect(m_window, &QQuickWindow::frameSwapped, &loop, &QEventLoop::quit);
+    m_window->update();
+    loop.exec();
+}
+
+QVariantMap BenchWindow::properties()
+{
+    return {
+        {QStringLiteral("monitors"), QVariant::fromValue(&m_monitors)},
+        {QStringLiteral("overview"), QVariant::fromValue(&m_overview)},
+        {QStringLiteral("actions"), QVariant::fromValue(&m_actions)},
+        {QStringLiteral("detailModel"), QVariant::fromValue(&m_detailModel)},
+        {QStringLiteral("opener"), QVariant::fromValue(&m_opener)},
+        {QStringLiteral("settings"), QVariant::fromValue(&m_settings)},
+        {QStringLiteral("desktop"), QVariant::fromValue(&m_desktop)},
+    };
+}
+
+} // namespace ostrel::bench
