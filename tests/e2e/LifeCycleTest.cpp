@@ -70,6 +70,20 @@ TEST_F(LifeCycleTest, ClosingTheWindowGoesOnWatchingAndASecondStartShowsItAgain)
     EXPECT_EQ(program.stop(), 0);
 }
 
+TEST_F(LifeCycleTest, WatchesAlsoWhereItsWindowIsMinimisedFromTheStart)
+{
+    const VirtualDisplay other;
+    WindowManager minimising(other, WindowManager::NewWindows::minimised);
+    ASSERT_TRUE(minimising.isReady());
+    program.setEnvironment(text("DISPLAY"), other.name());
+    program.writeMonitors({monitor});
+    ASSERT_TRUE(program.start());
+
+    EXPECT_TRUE(waitFor([this] { return checkCount() > 0; }));
+    EXPECT_TRUE(minimising.hasWindow(text("Ostrel")));
+    EXPECT_EQ(program.stop(), 0);
+}
+
 TEST_F(LifeCycleTest, SigintEndsItCleanlyAndTheNextStartIsFirstAgain)
 {
     for (int start = 0; start < 2; ++start) {

@@ -2,17 +2,33 @@
 
 #include "WaitFor.h"
 
+#include <QFile>
 #include <QRegularExpression>
 
 namespace ostrel::test {
 
-WindowManager::WindowManager(const VirtualDisplay &display)
+namespace {
+
+constexpr char minimising[] = R"(<openbox_config xmlns="http://openbox.org/3.4/rc">
+  <applications><application class="*"><iconic>yes</iconic></application></applications>
+</openbox_config>)";
+
+} // namespace
+
+WindowManager::WindowManager(const VirtualDisplay &display, NewWindows newWindows)
     : m_environment(QProcessEnvironment::systemEnvironment())
 {
     m_environment.insert(QStringLiteral("DISPLAY"), display.name());
     m_manager.setProcessEnvironment(m_environment);
     m_manager.logTo(QProcess::nullDevice());
-    m_manager.start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
+    QStringList arguments = {QStringLiteral("--sm-disable")};
+    if (newWindows == NewWindows::minimised) {
+        QFile config(m_folder.filePath(QStringLiteral("rc.xml")));
+        if (config.open(QIODevice::WriteOnly))
+            config.write(minimising);
+        arguments += {QStringLiteral("--config-file"), config.fileName()};
+    }
+    m_manager.start(QStringLiteral("openbox"), arguments);
 }
 
 bool WindowManager::isReady()

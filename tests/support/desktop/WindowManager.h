@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
+#include <QTemporaryDir>
 
 namespace ostrel::test {
 
@@ -14,8 +15,14 @@ namespace ostrel::test {
 class WindowManager
 {
 public:
+    enum class NewWindows {
+        shown,
+        minimised, ///< And so never drawn.
+    };
+
     /// @p display outlives it. It is on its way up.
-    explicit WindowManager(const VirtualDisplay &display);
+    explicit WindowManager(const VirtualDisplay &display,
+                           NewWindows newWindows = NewWindows::shown);
 
     /// Waits until it manages the display; false where it never does.
     [[nodiscard]] bool isReady();
@@ -26,6 +33,7 @@ public:
 private:
     bool control(const QStringList &arguments);
 
+    QTemporaryDir m_folder;
     QProcessEnvironment m_environment;
     BoundProcess m_manager;
     QByteArray m_output;
