@@ -12,7 +12,7 @@ namespace {
 constexpr char accessible[] = "org.a11y.atspi.Accessible";
 constexpr char action[] = "org.a11y.atspi.Action";
 constexpr char component[] = "org.a11y.atspi.Component";
-constexpr char editableText[] = "org.a11y.atspi.Text";
+constexpr char readableText[] = "org.a11y.atspi.Text";
 constexpr char valued[] = "org.a11y.atspi.Value";
 
 /// Relative to the display and not to the window.
@@ -108,7 +108,7 @@ bool AccessibleNode::act(const QString &name) const
 
 QString AccessibleNode::text() const
 {
-    return call(editableText, "GetText", {0, -1}).toString();
+    return call(readableText, "GetText", {0, -1}).toString();
 }
 
 std::optional<double> AccessibleNode::value() const
