@@ -110,6 +110,8 @@ void IoThread::Worker::renew()
     {
         const std::lock_guard lock(m_mutex);
         m_multi.reset(curl_multi_init());
+        // Whoever has asked for something since the requests were taken has woken the old one.
+        curl_multi_wakeup(m_multi.get());
     }
     for (auto &[handle, transfer] : interrupted)
         startAnew(std::move(transfer));

@@ -184,6 +184,27 @@ TEST(IoThreadTest, RenewalDoesntTouchWaitingTransfers)
     EXPECT_EQ(server.requests().size(), 1);
 }
 
+TEST(IoThreadTest, NothingThatIsAskedForDuringARenewalIsForgotten)
+{
+    const HostileServer server(answerWith("OK"));
+    const auto wakesUp = [&](std::chrono::nanoseconds pause) {
+        IoThread ioThread;
+        HttpClient client(ioThread);
+        ioThread.renewConnections();
+        const auto moment = std::chrono::steady_clock::now() + pause;
+        while (std::chrono::steady_clock::now() < moment) {
+        }
+        const auto future = client.fetch(requestFor(server.url()));
+        const auto patience = moment + 5s;
+        while (!future.isFinished() && std::chrono::steady_clock::now() < patience)
+            std::this_thread::yield();
+        return future.isFinished();
+    };
+    // At another moment of the renewal each time: nobody can tell which is the one that matters.
+    for (int round = 0; round < 1000; ++round)
+        ASSERT_TRUE(wakesUp(std::chrono::nanoseconds(round * 40))) << round;
+}
+
 TEST(IoThreadTest, RenewalOfAnIdleThreadChangesNothing)
 {
     const HostileServer server(answerWith("OK"));
