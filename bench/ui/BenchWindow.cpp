@@ -2,8 +2,10 @@
 
 #include "FullFolder.h"
 #include "MonitorSelection.h"
+#include "ThemeFonts.h"
 #include "WaitFor.h"
 
+#include <QApplication>
 #include <QEventLoop>
 #include <QQmlExtensionPlugin>
 #include <QTimer>
@@ -55,10 +57,15 @@ BenchWindow::BenchWindow(MonitorStore &store)
 
 bool BenchWindow::show()
 {
-    m_views.addImportPath(QStringLiteral("qrc:/qt/qml"));
-    m_views.setInitialProperties(properties());
-    m_views.load(QUrl(QStringLiteral("qrc:/qt/qml/Ostrel/MainWindow.qml")));
-    m_window = qobject_cast<QQuickWindow *>(m_views.rootObjects().value(0));
+    m_window = m_views.load({
+        .monitors = m_monitors,
+        .overview = m_overview,
+        .actions = m_actions,
+        .detailModel = m_detailModel,
+        .opener = m_opener,
+        .settings = m_settings,
+        .desktop = m_desktop,
+    });
     if (!m_window)
         return false;
     // The ring of a monitor that is down swells for ever: that is nobody's work.
@@ -104,17 +111,12 @@ void BenchWindow::drawFrame()
     loop.exec();
 }
 
-QVariantMap BenchWindow::properties()
+int runInWindow(int argc, char **argv, int (*bench)())
 {
-    return {
-        {QStringLiteral("monitors"), QVariant::fromValue(&m_monitors)},
-        {QStringLiteral("overview"), QVariant::fromValue(&m_overview)},
-        {QStringLiteral("actions"), QVariant::fromValue(&m_actions)},
-        {QStringLiteral("detailModel"), QVariant::fromValue(&m_detailModel)},
-        {QStringLiteral("opener"), QVariant::fromValue(&m_opener)},
-        {QStringLiteral("settings"), QVariant::fromValue(&m_settings)},
-        {QStringLiteral("desktop"), QVariant::fromValue(&m_desktop)},
-    };
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    const QApplication application(argc, argv);
+    ThemeFonts::install();
+    return bench();
 }
 
 } // namespace ostrel::bench

@@ -4,13 +4,13 @@
 #include "DashboardOverview.h"
 #include "DesktopActions.h"
 #include "DesktopFakes.h"
+#include "MainWindowLoader.h"
 #include "MonitorDetailModel.h"
 #include "MonitorListModel.h"
 #include "ScriptedEngine.h"
 #include "Settings.h"
 #include "SheetOpener.h"
 
-#include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
 
@@ -41,8 +41,6 @@ public:
     void drawFrame();
 
 private:
-    [[nodiscard]] QVariantMap properties();
-
     test::ScriptedEngine m_scripted;
     test::RecordingLoginItem m_loginItem;
     test::RecordingWorkspace m_workspace;
@@ -54,8 +52,11 @@ private:
     SheetOpener m_opener;
     Settings m_settings;
     DesktopActions m_desktop;
-    QQmlApplicationEngine m_views;
+    MainWindowLoader m_views;
     QQuickWindow *m_window = nullptr;
 };
+
+/// The main() of a bench that opens such a window: runs @p bench in an application.
+int runInWindow(int argc, char **argv, int (*bench)());
 
 } // namespace ostrel::bench

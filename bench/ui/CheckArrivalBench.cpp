@@ -3,9 +3,6 @@
 
 #include "BenchWindow.h"
 #include "FullFolder.h"
-#include "ThemeFonts.h"
-
-#include <QApplication>
 
 #include <algorithm>
 #include <cstdio>
@@ -54,6 +51,8 @@ private:
     double m_saved = 0;
 };
 
+} // namespace
+
 int benchArrival()
 {
     const QTemporaryDir folder;
@@ -73,14 +72,9 @@ int benchArrival()
     return 0;
 }
 
-} // namespace
-
 } // namespace ostrel::bench
 
 int main(int argc, char **argv)
 {
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    const QApplication application(argc, argv);
-    ostrel::ThemeFonts::install();
-    return ostrel::bench::benchArrival();
+    return ostrel::bench::runInWindow(argc, argv, ostrel::bench::benchArrival);
 }

@@ -2,9 +2,6 @@
 
 #include "BenchWindow.h"
 #include "FullFolder.h"
-#include "ThemeFonts.h"
-
-#include <QApplication>
 
 #include <algorithm>
 #include <cstdio>
@@ -46,6 +43,8 @@ void print(const char *what, BenchWindow &window, const QString &view)
                 times[times.size() * 95 / 100], times.back());
 }
 
+} // namespace
+
 int benchScroll()
 {
     const QTemporaryDir folder;
@@ -62,14 +61,9 @@ int benchScroll()
     return 0;
 }
 
-} // namespace
-
 } // namespace ostrel::bench
 
 int main(int argc, char **argv)
 {
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    const QApplication application(argc, argv);
-    ostrel::ThemeFonts::install();
-    return ostrel::bench::benchScroll();
+    return ostrel::bench::runInWindow(argc, argv, ostrel::bench::benchScroll);
 }

@@ -141,13 +141,19 @@ void HttpCheck::search(const Exchange &exchange)
                                  });
     Exchange answered = exchange;
     answered.result.body.clear();
-    continueOn(found, this, [this, answered](const std::optional<bool> &keywordFound) {
+    // Goes with the search.
+    const auto deadline = std::make_shared<QTimer>();
+    continueOn(found, this, [this, answered, deadline](const std::optional<bool> &keywordFound) {
         conclude(answered, keywordFound);
     });
-    if (const auto timeout = transferTimeout(exchange.monitor.timeout); timeout > 0ms)
-        QTimer::singleShot(std::chrono::ceil<std::chrono::milliseconds>(timeout + searchGrace -
-                                                                        exchange.result.elapsed),
-                           this, [this, answered] { giveUpSearch(answered); });
+    const auto timeout = transferTimeout(exchange.monitor.timeout);
+    if (timeout == 0ms)
+        return;
+    connect(deadline.get(), &QTimer::timeout, this, [this, answered] { giveUpSearch(answered); });
+    deadline->setSingleShot(true);
+    deadline->setTimerType(Qt::PreciseTimer);
+    deadline->start(std::chrono::ceil<std::chrono::milliseconds>(timeout + searchGrace -
+                                                                 exchange.result.elapsed));
 }
 
 void HttpCheck::giveUpSearch(Exchange exchange)

@@ -1,5 +1,12 @@
 #include "MainWindowLoader.h"
 
+#include "AppActions.h"
+#include "DashboardOverview.h"
+#include "DesktopActions.h"
+#include "MonitorDetailModel.h"
+#include "MonitorListModel.h"
+#include "Settings.h"
+#include "SheetOpener.h"
 #include "ThemeFonts.h"
 
 #include <QQuickWindow>
@@ -29,9 +36,17 @@ void MainWindowLoader::prepare()
     ThemeFonts::loadFirstFaces();
 }
 
-QQuickWindow *MainWindowLoader::load(const QVariantMap &properties)
+QQuickWindow *MainWindowLoader::load(const WindowModels &models)
 {
-    m_engine.setInitialProperties(properties);
+    m_engine.setInitialProperties({
+        {QStringLiteral("monitors"), QVariant::fromValue(&models.monitors)},
+        {QStringLiteral("overview"), QVariant::fromValue(&models.overview)},
+        {QStringLiteral("actions"), QVariant::fromValue(&models.actions)},
+        {QStringLiteral("detailModel"), QVariant::fromValue(&models.detailModel)},
+        {QStringLiteral("opener"), QVariant::fromValue(&models.opener)},
+        {QStringLiteral("settings"), QVariant::fromValue(&models.settings)},
+        {QStringLiteral("desktop"), QVariant::fromValue(&models.desktop)},
+    });
     m_engine.load(mainWindow());
     return qobject_cast<QQuickWindow *>(m_engine.rootObjects().value(0));
 }

@@ -2,11 +2,30 @@
 
 #include <QQmlApplicationEngine>
 #include <QQmlComponent>
-#include <QVariantMap>
 
 class QQuickWindow;
 
 namespace ostrel {
+
+class AppActions;
+class DashboardOverview;
+class DesktopActions;
+class MonitorDetailModel;
+class MonitorListModel;
+class Settings;
+class SheetOpener;
+
+/// What the main window shows, and what it commands.
+struct WindowModels
+{
+    MonitorListModel &monitors;
+    DashboardOverview &overview;
+    AppActions &actions;
+    MonitorDetailModel &detailModel;
+    SheetOpener &opener;
+    Settings &settings;
+    DesktopActions &desktop;
+};
 
 /// Makes the main window. Lives on the main thread.
 class MainWindowLoader
@@ -20,8 +39,9 @@ public:
     /// Loads what the window needs before it has anything to show, so that this can be done while
     /// the data is still being read.
     void prepare();
-    /// The window with its @p properties, which lives as long as this; null where it can't be made.
-    [[nodiscard]] QQuickWindow *load(const QVariantMap &properties);
+    /// The window, not shown yet, which lives as long as this; null where it can't be made. The
+    /// @p models outlive it.
+    [[nodiscard]] QQuickWindow *load(const WindowModels &models);
 
 private:
     QQmlApplicationEngine m_engine;

@@ -67,21 +67,22 @@ bool OstrelApp::show()
     FaviconImage::useIcons(m_views->engine(), m_icons);
     connect(&m_views->engine(), &QQmlEngine::quit, qApp, &QCoreApplication::quit);
     QQuickWindow *window = m_views->load({
-        {QStringLiteral("monitors"), QVariant::fromValue(&m_monitors)},
-        {QStringLiteral("overview"), QVariant::fromValue(&m_overview)},
-        {QStringLiteral("actions"), QVariant::fromValue(&m_actions)},
-        {QStringLiteral("detailModel"), QVariant::fromValue(&m_detailModel)},
-        {QStringLiteral("opener"), QVariant::fromValue(&m_opener)},
-        {QStringLiteral("settings"), QVariant::fromValue(&m_settings)},
-        {QStringLiteral("desktop"), QVariant::fromValue(&m_desktop)},
-        {QStringLiteral("reducedMotion"), m_services.motion.isReduced()},
+        .monitors = m_monitors,
+        .overview = m_overview,
+        .actions = m_actions,
+        .detailModel = m_detailModel,
+        .opener = m_opener,
+        .settings = m_settings,
+        .desktop = m_desktop,
     });
     if (!window)
         return false;
 
-    connect(&m_services.motion, &MotionPreference::isReducedChanged, window, [this, window] {
+    const auto takeMotion = [this, window] {
         window->setProperty("reducedMotion", m_services.motion.isReduced());
-    });
+    };
+    takeMotion();
+    connect(&m_services.motion, &MotionPreference::isReducedChanged, window, takeMotion);
     watchAppearance(*window);
     m_delegate.setMainWindow(window);
     m_delegate.reopen();

@@ -2,6 +2,7 @@
 #include "DashboardOverview.h"
 #include "DesktopActions.h"
 #include "DesktopFakes.h"
+#include "MainWindowLoader.h"
 #include "MonitorDetailModel.h"
 #include "MonitorForm.h"
 #include "MonitorListModel.h"
@@ -16,7 +17,6 @@
 #include <QAccessible>
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QQmlApplicationEngine>
 #include <QQmlComponent>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -71,18 +71,15 @@ class ContentViewTest : public testing::Test
 protected:
     void show()
     {
-        m_views.addImportPath(QStringLiteral("qrc:/qt/qml"));
-        m_views.setInitialProperties({
-            {QStringLiteral("monitors"), QVariant::fromValue(&m_model)},
-            {QStringLiteral("overview"), QVariant::fromValue(&m_overview)},
-            {QStringLiteral("actions"), QVariant::fromValue(&m_actions)},
-            {QStringLiteral("detailModel"), QVariant::fromValue(&m_detailModel)},
-            {QStringLiteral("opener"), QVariant::fromValue(&m_opener)},
-            {QStringLiteral("settings"), QVariant::fromValue(&m_settings)},
-            {QStringLiteral("desktop"), QVariant::fromValue(&m_desktop)},
+        window = m_views.load({
+            .monitors = m_model,
+            .overview = m_overview,
+            .actions = m_actions,
+            .detailModel = m_detailModel,
+            .opener = m_opener,
+            .settings = m_settings,
+            .desktop = m_desktop,
         });
-        m_views.load(QUrl(QStringLiteral("qrc:/qt/qml/Ostrel/MainWindow.qml")));
-        window = qobject_cast<QQuickWindow *>(m_views.rootObjects().value(0));
         ASSERT_TRUE(window);
         window->show();
         window->requestActivate();
@@ -126,7 +123,7 @@ protected:
     }
     [[nodiscard]] QString themeColor(const char *name)
     {
-        return evaluatedColor(m_views, QByteArray("Theme.") + name);
+        return evaluatedColor(m_views.engine(), QByteArray("Theme.") + name);
     }
     [[nodiscard]] QQuickItem *row(int index) const
     {
@@ -192,7 +189,7 @@ private:
     RecordingLoginItem m_loginItem;
     Settings m_settings{m_loginItem};
     DesktopActions m_desktop{workspace, m_preferences.folder.path()};
-    QQmlApplicationEngine m_views;
+    MainWindowLoader m_views;
 
 protected:
     QQuickWindow *window = nullptr;

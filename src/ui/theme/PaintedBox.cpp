@@ -9,8 +9,7 @@ namespace ostrel {
 PaintedBox::PaintedBox(QQuickItem *parent)
     : PixelItem(parent)
 {
-    setFlag(ItemHasContents, false);
-    connect(this, &PaintedBox::lookChanged, this, &PaintedBox::updateLook);
+    connect(this, &PaintedBox::lookChanged, this, [this] { update(); });
 }
 
 void PaintedBox::paint(QPainter *painter)
@@ -30,10 +29,9 @@ void PaintedBox::paint(QPainter *painter)
                              radius - inset);
 }
 
-void PaintedBox::updateLook()
+bool PaintedBox::isBlank() const
 {
-    setFlag(ItemHasContents, m_color.alpha() > 0 || m_edge.alpha() > 0);
-    update();
+    return m_color.alpha() == 0 && m_edge.alpha() == 0;
 }
 
 } // namespace ostrel

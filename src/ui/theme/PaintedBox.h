@@ -25,9 +25,10 @@ public:
 Q_SIGNALS:
     void lookChanged();
 
-private:
-    void updateLook();
+protected:
+    [[nodiscard]] bool isBlank() const override;
 
+private:
     QColor m_color;
     QColor m_edge;
     qreal m_edgeWidth = 1;

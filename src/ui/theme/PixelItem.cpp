@@ -62,7 +62,7 @@ QImage PixelItem::picture()
 {
     const qreal pixelRatio = window()->effectiveDevicePixelRatio();
     const QSize pixels(pixelsOf(width() * pixelRatio), pixelsOf(height() * pixelRatio));
-    if (pixels.isEmpty() || !isVisible())
+    if (pixels.isEmpty() || !isVisible() || isBlank())
         return {};
     QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(pixelRatio);

@@ -24,6 +24,9 @@ public:
     virtual void paint(QPainter *painter) = 0;
 
 protected:
+    /// Whether there is nothing to draw: no picture is made then.
+    [[nodiscard]] virtual bool isBlank() const { return false; }
+
     void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
     void itemChange(ItemChange change, const ItemChangeData &value) override;
     QSGNode *updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *data) override;
