@@ -3,7 +3,9 @@
 #include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
+#include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
+#include <QEventLoop>
 
 #include <algorithm>
 
@@ -206,7 +208,13 @@ QDBusMessage StatusNotifierHost::call(const QString &path, const QString &interf
 {
     QDBusMessage message = QDBusMessage::createMethodCall(m_item, path, interface, method);
     message.setArguments(arguments);
-    return m_connection.call(message, QDBus::BlockWithGui);
+    // Not QDBus::BlockWithGui: that waits for ever where the answer comes between its look for
+    // one and its wait. A watcher tells of an answer that was there before it, too.
+    const QDBusPendingCallWatcher answer(m_connection.asyncCall(message));
+    QEventLoop loop;
+    connect(&answer, &QDBusPendingCallWatcher::finished, &loop, &QEventLoop::quit);
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    return answer.reply();
 }
 
 } // namespace ostrel::test
