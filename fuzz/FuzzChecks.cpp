@@ -10,21 +10,29 @@ using namespace ostrel;
 class Collector : public CheckMapVisitor
 {
 public:
-    void openHistory(const QUuid & /*monitorId*/) override {}
-    void takeCheck(Check &&check, std::string_view stored) override
+    explicit Collector(QByteArrayView text)
+        : m_text(text)
     {
-        expectReadBack(check, std::string(stored));
+    }
+
+    void openHistory(const QUuid & /*monitorId*/) override {}
+    void takeCheck(Check &&check, std::optional<TextRange> compact) override
+    {
+        if (compact)
+            expectReadBack(check, m_text.sliced(qsizetype(compact->offset), qsizetype(compact->length)));
         std::string encoded;
         appendCheck(encoded, check);
-        expectReadBack(check, encoded);
+        expectReadBack(check, QByteArrayView(encoded.data(), qsizetype(encoded.size())));
     }
 
 private:
-    static void expectReadBack(const Check &check, const std::string &json)
+    static void expectReadBack(const Check &check, QByteArrayView json)
     {
-        if (decodeCheck(QByteArrayView(json.data(), qsizetype(json.size()))) != check)
+        if (decodeCheck(json) != check)
             std::abort();
     }
+
+    QByteArrayView m_text;
 };
 
 } // namespace
@@ -55,12 +63,11 @@ std::vector<std::string_view> fuzz::dictionary()
             "\xff"};
 }
 
-// What has been read once is read back, both from the text that is kept and from its own stored
-// form.
+// What has been read once is read back, both from its compact text and from its own stored form.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    Collector collector;
-    (void)decodeCheckMap(QByteArray(reinterpret_cast<const char *>(data), qsizetype(size)),
-                         collector);
+    const QByteArray text(reinterpret_cast<const char *>(data), qsizetype(size));
+    Collector collector(text);
+    (void)decodeCheckMap(text, collector);
     return 0;
 }

@@ -34,23 +34,18 @@ std::vector<QUuid> fillFolder(const QString &folder, int monitors)
 {
     CheckSource source;
     std::vector<QUuid> ids;
-    std::vector<CheckHistory> histories;
+    CheckHistories histories;
     for (int i = 0; i < monitors; ++i) {
         const QUuid id = ids.emplace_back(QUuid::createUuid());
-        auto &history = histories.emplace_back(id);
+        auto &history = histories.try_emplace(id, id).first->second;
         for (std::size_t j = 0; j < checksPerMonitor; ++j)
             history.append(source.next(id));
     }
-    std::vector<std::string_view> pieces = {"["};
-    for (const auto &history : histories) {
-        if (pieces.size() > 1)
-            pieces.emplace_back(",");
-        history.appendStoredForm(pieces);
-    }
-    pieces.emplace_back("]");
     QDir().mkpath(folder);
-    (void)AtomicFile(folder + QStringLiteral("/checks.json"))
-        .write(pieces, AtomicFile::Flush::none);
+    const auto fill = [&](ContentWriter &content) {
+        return HistoriesWriter().write(histories, FileSnapshot(), content);
+    };
+    (void)AtomicFile(folder + QStringLiteral("/checks.json")).write(fill, AtomicFile::Flush::none);
     return ids;
 }
 

@@ -189,7 +189,7 @@ struct LastReading
     }
 };
 
-/// Reads one check, and learns on the way whether its text can be kept as its stored form.
+/// Reads one check, and learns on the way whether its text can stay its stored form.
 class CheckReader
 {
 public:
@@ -266,8 +266,10 @@ private:
 class CheckMapReader
 {
 public:
-    CheckMapReader(ondemand::document &document, CheckMapVisitor &visitor)
+    /// Of @p document, whose text begins at @p text.
+    CheckMapReader(ondemand::document &document, const char *text, CheckMapVisitor &visitor)
         : m_document(document)
+        , m_text(text)
         , m_visitor(visitor)
     {
     }
@@ -321,24 +323,16 @@ private:
         const char *end = nullptr;
         if (m_document.current_location().get(end) != SUCCESS)
             return false;
-        const std::string_view text(begin, std::size_t(end - begin));
-        m_visitor.takeCheck(std::move(reader.check()), storedForm(reader, text));
+        const TextRange range = {.offset = quint64(begin - m_text), .length = quint64(end - begin)};
+        m_visitor.takeCheck(std::move(reader.check()),
+                            reader.isCompact(range.length) ? std::optional(range) : std::nullopt);
         return true;
     }
 
-    std::string_view storedForm(CheckReader &reader, std::string_view text)
-    {
-        if (reader.isCompact(text.size()))
-            return text;
-        m_rewritten.clear();
-        appendCheck(m_rewritten, reader.check());
-        return m_rewritten;
-    }
-
     ondemand::document &m_document;
+    const char *m_text;
     CheckMapVisitor &m_visitor;
     LastReading m_last;
-    std::string m_rewritten;
 };
 
 } // namespace
@@ -397,7 +391,7 @@ bool decodeCheckMap(QByteArray json, CheckMapVisitor &visitor)
     ondemand::document document;
     const padded_string_view text(json.constData(), size, size + SIMDJSON_PADDING);
     return parser.iterate(text).get(document) == SUCCESS &&
-           CheckMapReader(document, visitor).read();
+           CheckMapReader(document, json.constData(), visitor).read();
 }
 
 } // namespace ostrel

@@ -7,7 +7,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace ostrel {
 
@@ -20,6 +19,15 @@ void appendCheck(std::string &json, const Check &check);
 /// The check that @p json, one object, holds; nothing on the terms of decodeCheckMap.
 [[nodiscard]] std::optional<Check> decodeCheck(QByteArrayView json);
 
+/// A part of a text, in bytes.
+struct TextRange
+{
+    quint64 offset = 0;
+    quint64 length = 0;
+
+    bool operator==(const TextRange &) const = default;
+};
+
 /// Receives the stored histories in the order of the file.
 class CheckMapVisitor
 {
@@ -27,10 +35,10 @@ public:
     virtual ~CheckMapVisitor() = default;
     /// Opens the history of @p monitorId. One of the same id that came before is void.
     virtual void openHistory(const QUuid &monitorId) = 0;
-    /// The next check of the open history, with its stored form as appendCheck would write it, but
-    /// for the order of the keys and the spelling of numbers and escapes. @p stored is valid during
-    /// the call.
-    virtual void takeCheck(Check &&check, std::string_view stored) = 0;
+    /// The next check of the open history. @p compact is where its text stands, if that is what
+    /// appendCheck would write, but for the order of the keys and the spelling of numbers and
+    /// escapes.
+    virtual void takeCheck(Check &&check, std::optional<TextRange> compact) = 0;
 };
 
 /// Reads the stored map of histories: a JSON array that alternates a monitor's id and the array of

@@ -2,16 +2,12 @@
 
 #include <QFile>
 
-#include <algorithm>
 #include <cerrno>
-#include <climits>
 #include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
-#include <sys/uio.h>
 #include <unistd.h>
-#include <vector>
 
 namespace ostrel {
 
@@ -20,46 +16,8 @@ namespace {
 /// As many as the kernel follows.
 constexpr int maxLinks = 40;
 
-/// Repeats @p call while a signal interrupts it.
-template<typename Call>
-auto uninterrupted(Call call)
-{
-    auto result = call();
-    while (result < 0 && errno == EINTR)
-        result = call();
-    return result;
-}
-
 /// What parsers like to have behind a text, so that giving it to them copies nothing.
 constexpr qsizetype spareRoom = 64;
-
-/// An open file. Negative where it could not be opened.
-class Descriptor
-{
-public:
-    explicit Descriptor(int number)
-        : m_number(number)
-    {
-    }
-    ~Descriptor() { close(); }
-    Q_DISABLE_COPY_MOVE(Descriptor)
-
-    [[nodiscard]] int number() const { return m_number; }
-    [[nodiscard]] bool isOpen() const { return m_number >= 0; }
-
-    /// False where the system reports only now that it could not write.
-    bool close()
-    {
-        if (!isOpen())
-            return true;
-        const int result = ::close(std::exchange(m_number, -1));
-        // The descriptor is closed all the same, so another try would close somebody else's.
-        return result == 0 || errno == EINTR;
-    }
-
-private:
-    int m_number;
-};
 
 /// What @p path names past all symbolic links, whether it exists or not; other than a canonical
 /// path, so that the target of a dangling link can be created.
@@ -75,54 +33,22 @@ std::string resolved(std::filesystem::path path)
     return path.string();
 }
 
-/// Drops the first @p count bytes from @p vectors.
-std::span<iovec> withoutFirst(std::span<iovec> vectors, std::size_t count)
-{
-    while (!vectors.empty() && count >= vectors.front().iov_len) {
-        count -= vectors.front().iov_len;
-        vectors = vectors.subspan(1);
-    }
-    if (!vectors.empty()) {
-        vectors.front().iov_base = static_cast<char *>(vectors.front().iov_base) + count;
-        vectors.front().iov_len -= count;
-    }
-    return vectors;
-}
-
-std::vector<iovec> vectorsOf(std::span<const std::string_view> pieces)
-{
-    std::vector<iovec> vectors;
-    vectors.reserve(pieces.size());
-    for (const std::string_view piece : pieces)
-        vectors.push_back({const_cast<char *>(piece.data()), piece.size()});
-    return vectors;
-}
-
-/// Gathers @p pieces in as few calls as the system allows, since a single one of them may be small.
-bool writeAll(int descriptor, std::span<const std::string_view> pieces)
-{
-    auto vectors = vectorsOf(pieces);
-    auto rest = withoutFirst(vectors, 0);
-    while (!rest.empty()) {
-        const auto count = static_cast<int>(std::min<std::size_t>(rest.size(), IOV_MAX));
-        const auto written =
-            uninterrupted([&] { return ::writev(descriptor, rest.data(), count); });
-        if (written <= 0)
-            return false;
-        rest = withoutFirst(rest, static_cast<std::size_t>(written));
-    }
-    return true;
-}
-
-/// The size of an ordinary file; nothing for a folder, a pipe or a device.
-std::optional<qsizetype> sizeOf(int descriptor)
+/// Of an ordinary file; nothing for a folder, a pipe or a device.
+std::optional<struct stat> statusOf(const Descriptor &file)
 {
     struct stat status
     {
     };
-    if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode))
+    if (!file.isOpen() || ::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode))
         return std::nullopt;
-    return static_cast<qsizetype>(status.st_size);
+    return status;
+}
+
+/// Without waiting for the other end, if it is a pipe.
+Descriptor openForReading(const std::string &path)
+{
+    return Descriptor(uninterrupted(
+        [&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); }));
 }
 
 /// Fills @p bytes from the file, and cuts it where the file ends sooner.
@@ -170,19 +96,20 @@ AtomicFile::AtomicFile(const QString &path)
 {
 }
 
-std::optional<QByteArray> AtomicFile::read() const
+std::optional<QByteArray> AtomicFile::read(FileSnapshot *snapshot) const
 {
-    // Without waiting for the other end, if it is a pipe.
-    const Descriptor file(uninterrupted(
-        [&] { return ::open(m_path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); }));
-    const auto size = file.isOpen() ? sizeOf(file.number()) : std::nullopt;
-    if (!size)
+    Descriptor file = openForReading(m_path);
+    const auto status = statusOf(file);
+    if (!status)
         return std::nullopt;
     QByteArray bytes;
-    bytes.reserve(*size + spareRoom);
-    bytes.resize(*size);
+    bytes.reserve(status->st_size + spareRoom);
+    bytes.resize(status->st_size);
     if (!readAll(file.number(), bytes))
         return std::nullopt;
+    // With the status from before the reading, so that a write during it counts as one after it.
+    if (snapshot)
+        *snapshot = FileSnapshot(std::move(file), *status);
     return bytes;
 }
 
@@ -194,18 +121,18 @@ bool AtomicFile::exists() const
     return ::lstat(m_path.c_str(), &status) == 0;
 }
 
-bool AtomicFile::write(std::span<const std::string_view> pieces, Flush flush) const
+bool AtomicFile::write(const Fill &fill, Flush flush, FileSnapshot *snapshot) const
 {
-    if (writeTemporary(pieces, flush) && replace())
+    if (writeTemporary(fill, flush) && replace(snapshot))
         return true;
     removeLeftover();
     return false;
 }
 
-bool AtomicFile::writeKeepingOld(std::span<const std::string_view> pieces, Flush flush,
-                                 std::string_view suffix) const
+bool AtomicFile::writeKeepingOld(const Fill &fill, Flush flush, std::string_view suffix,
+                                 FileSnapshot *snapshot) const
 {
-    if (writeTemporary(pieces, flush) && keep(suffix) && replace())
+    if (writeTemporary(fill, flush) && keep(suffix) && replace(snapshot))
         return true;
     removeLeftover();
     return false;
@@ -216,14 +143,17 @@ void AtomicFile::removeLeftover() const
     ::unlink(m_temporaryPath.c_str());
 }
 
-bool AtomicFile::writeTemporary(std::span<const std::string_view> pieces, Flush flush) const
+bool AtomicFile::writeTemporary(const Fill &fill, Flush flush) const
 {
     // A fresh file, so that neither the mode nor a link of an old one counts.
     removeLeftover();
     constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW;
     Descriptor file(
         uninterrupted([&] { return ::open(m_temporaryPath.c_str(), flags, S_IRUSR | S_IWUSR); }));
-    if (!file.isOpen() || !writeAll(file.number(), pieces))
+    if (!file.isOpen())
+        return false;
+    ContentWriter content(file.number());
+    if (!fill(content) || !content.finish())
         return false;
     if (flush == Flush::beforeReplacing &&
         uninterrupted([&] { return ::fsync(file.number()); }) != 0)
@@ -231,9 +161,17 @@ bool AtomicFile::writeTemporary(std::span<const std::string_view> pieces, Flush 
     return file.close();
 }
 
-bool AtomicFile::replace() const
+bool AtomicFile::replace(FileSnapshot *snapshot) const
 {
-    return ::rename(m_temporaryPath.c_str(), m_path.c_str()) == 0;
+    Descriptor file = snapshot ? openForReading(m_temporaryPath) : Descriptor();
+    if (::rename(m_temporaryPath.c_str(), m_path.c_str()) != 0)
+        return false;
+    // Only now: the new name counts as a change of the file.
+    if (const auto status = statusOf(file))
+        *snapshot = FileSnapshot(std::move(file), *status);
+    else if (snapshot)
+        *snapshot = FileSnapshot();
+    return true;
 }
 
 bool AtomicFile::keep(std::string_view suffix) const

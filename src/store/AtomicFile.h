@@ -1,10 +1,12 @@
 #pragma once
 
+#include "ContentWriter.h"
+
 #include <QByteArray>
 #include <QString>
 
+#include <functional>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -23,28 +25,33 @@ public:
         beforeReplacing, ///< The new content is on the disk before it replaces the old.
     };
 
+    /// Writes the new content; false where it could not be got together.
+    using Fill = std::function<bool(ContentWriter &)>;
+
     explicit AtomicFile(const QString &path);
 
-    /// The whole content; nothing where there is no file or it can't be read.
-    [[nodiscard]] std::optional<QByteArray> read() const;
+    /// The whole content; nothing where there is no file or it can't be read. Gives @p snapshot,
+    /// where there is one, what was read.
+    [[nodiscard]] std::optional<QByteArray> read(FileSnapshot *snapshot = nullptr) const;
     [[nodiscard]] bool exists() const;
 
-    /// Replaces the content by @p pieces, one after the other; the file is its user's alone (0600).
-    /// On false, the file is as it was and the temporary one is gone.
-    bool write(std::span<const std::string_view> pieces, Flush flush) const;
+    /// Replaces the content by what @p fill writes; the file is its user's alone (0600). On false,
+    /// the file is as it was and the temporary one is gone. On true, gives @p snapshot, where there
+    /// is one, the new content.
+    bool write(const Fill &fill, Flush flush, FileSnapshot *snapshot = nullptr) const;
 
     /// As write(), but keeps what the file held until then beside it, under its name, "." and
     /// @p suffix; where that is taken, with "-2", "-3", … at its end. Keeps it only once the new
     /// content is written whole. Never replaces what it could not keep.
-    bool writeKeepingOld(std::span<const std::string_view> pieces, Flush flush,
-                         std::string_view suffix) const;
+    bool writeKeepingOld(const Fill &fill, Flush flush, std::string_view suffix,
+                         FileSnapshot *snapshot = nullptr) const;
 
     /// Removes the temporary file that a crash has left.
     void removeLeftover() const;
 
 private:
-    [[nodiscard]] bool writeTemporary(std::span<const std::string_view> pieces, Flush flush) const;
-    [[nodiscard]] bool replace() const;
+    [[nodiscard]] bool writeTemporary(const Fill &fill, Flush flush) const;
+    [[nodiscard]] bool replace(FileSnapshot *snapshot) const;
     [[nodiscard]] bool keep(std::string_view suffix) const;
 
     std::string m_path; ///< Past all symbolic links.

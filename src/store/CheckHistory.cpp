@@ -1,6 +1,5 @@
 #include "CheckHistory.h"
 
-#include "CheckJson.h"
 #include "UuidText.h"
 
 #include <algorithm>
@@ -10,10 +9,6 @@
 namespace ostrel {
 
 namespace {
-
-/// Large enough for few pieces in a save, small enough to leave little room unused at both ends of
-/// a history.
-constexpr std::size_t chunkSize = 4096;
 
 /// How many dropped checks are removed at once. A history of 2000 that never has more than that
 /// before them stays within the 2048 that doubling has given it.
@@ -50,17 +45,19 @@ std::span<const Check> CheckHistory::checks() const
 
 void CheckHistory::append(const Check &check)
 {
-    std::string stored;
-    appendCheck(stored, check);
-    append(Check(check), stored);
+    m_checks.push_back(check);
 }
 
-void CheckHistory::append(Check &&check, std::string_view stored)
+void CheckHistory::append(Check &&check, TextRange stored)
 {
+    const bool isFirst = m_checks.empty();
+    const quint64 expected = isFirst ? stored.offset : m_storedText.offset + m_storedText.length + 1;
+    if (unstoredChecks().empty() && stored.offset == expected) {
+        if (isFirst)
+            m_storedText.offset = stored.offset;
+        addStored(static_cast<quint32>(stored.length));
+    }
     m_checks.push_back(std::move(check));
-    m_storedLengths.push_back(static_cast<quint32>(stored.size()));
-    appendText(",");
-    appendText(stored);
 }
 
 void CheckHistory::keepNewest(std::size_t count)
@@ -71,49 +68,55 @@ void CheckHistory::keepNewest(std::size_t count)
         removeDropped();
 }
 
-void CheckHistory::appendStoredForm(std::vector<std::string_view> &pieces) const
+std::string_view CheckHistory::opening() const
 {
-    pieces.emplace_back(m_opening);
-    // Not the comma before the first check, which may be all that its chunk still holds.
-    std::size_t passedOver = m_droppedText + 1;
-    for (const std::string &chunk : m_chunks) {
-        pieces.push_back(std::string_view(chunk).substr(passedOver));
-        passedOver = 0;
-    }
-    pieces.emplace_back("]");
+    return m_opening;
 }
 
-void CheckHistory::appendText(std::string_view text)
+TextRange CheckHistory::storedText() const
 {
-    while (!text.empty()) {
-        if (m_chunks.empty() || m_chunks.back().size() == chunkSize)
-            m_chunks.emplace_back().reserve(chunkSize);
-        std::string &chunk = m_chunks.back();
-        const auto part = text.substr(0, chunkSize - chunk.size());
-        chunk += part;
-        text.remove_prefix(part.size());
-    }
+    return m_storedText;
+}
+
+std::span<const Check> CheckHistory::unstoredChecks() const
+{
+    return checks().subspan(m_storedLengths.size());
+}
+
+void CheckHistory::setStored(quint64 offset, std::span<const quint32> newLengths)
+{
+    m_storedText.offset = offset;
+    for (const quint32 length : newLengths)
+        addStored(length);
+}
+
+void CheckHistory::forgetStored()
+{
+    m_storedText = {};
+    m_storedLengths.clear();
+}
+
+void CheckHistory::addStored(quint32 length)
+{
+    m_storedText.length += (m_storedLengths.empty() ? 0 : 1) + length;
+    m_storedLengths.push_back(length);
 }
 
 void CheckHistory::dropOldest()
 {
-    dropText(1 + m_storedLengths[m_dropped]);
     ++m_dropped;
-}
-
-void CheckHistory::dropText(std::size_t length)
-{
-    m_droppedText += length;
-    while (!m_chunks.empty() && m_droppedText >= m_chunks.front().size()) {
-        m_droppedText -= m_chunks.front().size();
-        m_chunks.pop_front();
-    }
+    if (m_storedLengths.empty())
+        return;
+    // The last one has no comma behind it.
+    const auto length = std::min<quint64>(m_storedLengths.front() + 1ULL, m_storedText.length);
+    m_storedText.offset += length;
+    m_storedText.length -= length;
+    m_storedLengths.pop_front();
 }
 
 void CheckHistory::removeDropped()
 {
     removeFirst(m_checks, m_dropped);
-    removeFirst(m_storedLengths, m_dropped);
     m_dropped = 0;
 }
 

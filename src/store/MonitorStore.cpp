@@ -53,7 +53,8 @@ MonitorStore::MonitorStore(const QString &storageDir, StoredRecords records, Acc
     , m_now(std::move(now))
     , m_monitorsFile{AtomicFile(StoredRecords::monitorsPath(storageDir)),
                      records.areMonitorsUnreadable}
-    , m_checksFile{AtomicFile(StoredRecords::checksPath(storageDir)), records.areChecksUnreadable}
+    , m_checksFile{AtomicFile(StoredRecords::checksPath(storageDir)), records.areChecksUnreadable,
+                   std::move(records.checksContent)}
     , m_monitors(std::move(records.monitors))
     , m_checks(std::move(records.checks))
 {
@@ -216,32 +217,41 @@ void MonitorStore::prepareFolder() const
 
 void MonitorStore::saveMonitors()
 {
-    const QByteArray json = encodeMonitors(m_monitors);
-    const std::string_view piece = viewOf(json);
-    save(m_monitorsFile, {&piece, 1}, AtomicFile::Flush::beforeReplacing);
+    const auto fill = [this](ContentWriter &content) {
+        content.append(viewOf(encodeMonitors(m_monitors)));
+        return true;
+    };
+    save(m_monitorsFile, fill, AtomicFile::Flush::beforeReplacing);
 }
 
 void MonitorStore::saveChecks()
 {
-    std::vector<std::string_view> pieces = {"["};
-    for (const auto &[id, history] : m_checks) {
-        if (pieces.size() > 1)
-            pieces.emplace_back(",");
-        history.appendStoredForm(pieces);
+    HistoriesWriter writer;
+    bool isComplete = true;
+    const auto fill = [&](ContentWriter &content) {
+        isComplete = writer.write(m_checks, m_checksFile.content, content);
+        return isComplete;
+    };
+    if (save(m_checksFile, fill, AtomicFile::Flush::none)) {
+        writer.tell(m_checks);
+    } else if (!isComplete) {
+        // Somebody has written into the file, or it can't be read any more.
+        for (auto &[id, history] : m_checks)
+            history.forgetStored();
+        saveChecks();
     }
-    pieces.emplace_back("]");
-    save(m_checksFile, pieces, AtomicFile::Flush::none);
 }
 
-void MonitorStore::save(File &file, std::span<const std::string_view> pieces,
-                        AtomicFile::Flush flush) const
+bool MonitorStore::save(File &file, const AtomicFile::Fill &fill, AtomicFile::Flush flush) const
 {
     if (m_access == Access::readOnly)
-        return;
-    if (!file.keepOld)
-        file.file.write(pieces, flush);
-    else if (file.file.writeKeepingOld(pieces, flush, unreadableSuffix(m_now())))
-        file.keepOld = false;
+        return false;
+    const bool isSaved =
+        file.keepOld
+            ? file.file.writeKeepingOld(fill, flush, unreadableSuffix(m_now()), &file.content)
+            : file.file.write(fill, flush, &file.content);
+    file.keepOld = file.keepOld && !isSaved;
+    return isSaved;
 }
 
 CheckHistory &MonitorStore::historyOf(const QUuid &monitorId)

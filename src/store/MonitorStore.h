@@ -10,10 +10,8 @@
 #include <QString>
 
 #include <chrono>
-#include <map>
 #include <optional>
 #include <span>
-#include <string_view>
 #include <vector>
 
 namespace ostrel {
@@ -100,12 +98,13 @@ private:
     {
         AtomicFile file;
         bool keepOld = false; ///< What it holds could not be loaded, and no save has replaced it.
+        FileSnapshot content = {}; ///< What it held when it was last read or saved.
     };
 
     void prepareFolder() const;
     void saveMonitors();
     void saveChecks();
-    void save(File &file, std::span<const std::string_view> pieces, AtomicFile::Flush flush) const;
+    bool save(File &file, const AtomicFile::Fill &fill, AtomicFile::Flush flush) const;
     [[nodiscard]] CheckHistory &historyOf(const QUuid &monitorId);
     [[nodiscard]] Timestamp beginningOf(std::chrono::hours window) const;
 
@@ -115,7 +114,7 @@ private:
     File m_monitorsFile;
     File m_checksFile;
     QList<Monitor> m_monitors;
-    std::map<QUuid, CheckHistory> m_checks;
+    CheckHistories m_checks;
 };
 
 } // namespace ostrel

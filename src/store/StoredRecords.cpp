@@ -16,15 +16,18 @@ public:
     {
         m_open = &m_histories.insert_or_assign(monitorId, CheckHistory(monitorId)).first->second;
     }
-    void takeCheck(Check &&check, std::string_view stored) override
+    void takeCheck(Check &&check, std::optional<TextRange> compact) override
     {
-        m_open->append(std::move(check), stored);
+        if (compact)
+            m_open->append(std::move(check), *compact);
+        else
+            m_open->append(check);
     }
 
-    [[nodiscard]] std::map<QUuid, CheckHistory> take() { return std::move(m_histories); }
+    [[nodiscard]] CheckHistories take() { return std::move(m_histories); }
 
 private:
-    std::map<QUuid, CheckHistory> m_histories;
+    CheckHistories m_histories;
     CheckHistory *m_open = nullptr;
 };
 
@@ -39,7 +42,7 @@ void readMonitors(const AtomicFile &file, StoredRecords &records)
 void readChecks(const AtomicFile &file, StoredRecords &records)
 {
     HistoryLoader loader;
-    auto json = file.read();
+    auto json = file.read(&records.checksContent);
     const bool isLoaded = json && decodeCheckMap(*std::move(json), loader);
     if (isLoaded)
         records.checks = loader.take();

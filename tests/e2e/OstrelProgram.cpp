@@ -26,7 +26,7 @@ public:
         m_open = monitorId;
         histories[m_open].clear();
     }
-    void takeCheck(Check &&check, std::string_view) override
+    void takeCheck(Check &&check, std::optional<TextRange> /*compact*/) override
     {
         histories[m_open].push_back(std::move(check));
     }

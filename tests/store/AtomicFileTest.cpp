@@ -12,7 +12,6 @@
 #include <string>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <vector>
 
 namespace ostrel {
 namespace {
@@ -42,13 +41,25 @@ protected:
         return QDir(m_folder.path())
             .entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot);
     }
+    static AtomicFile::Fill with(std::string_view text)
+    {
+        return [text](ContentWriter &content) {
+            content.append(text);
+            return true;
+        };
+    }
     static bool write(const AtomicFile &file, std::string_view text)
     {
-        return file.write({&text, 1}, Flush::none);
+        return file.write(with(text), Flush::none);
     }
     static bool writeKeepingOld(const AtomicFile &file, std::string_view text)
     {
-        return file.writeKeepingOld({&text, 1}, Flush::beforeReplacing, "old");
+        return file.writeKeepingOld(with(text), Flush::beforeReplacing, "old");
+    }
+    static std::string textOf(const FileSnapshot &snapshot, std::size_t length)
+    {
+        std::string text(length, '?');
+        return snapshot.read(0, text) ? text : std::string("(none)");
     }
 
     /// How many files this process has open.
@@ -72,35 +83,61 @@ TEST_F(AtomicFileTest, LeavesNothingOpen)
         ASSERT_TRUE(file.read());
     }
     EXPECT_EQ(openCount(), before);
+    {
+        FileSnapshot snapshot;
+        for (int i = 0; i < 3; ++i) {
+            ASSERT_TRUE(file.read(&snapshot));
+            ASSERT_TRUE(file.write(with("new"), Flush::none, &snapshot));
+        }
+        EXPECT_EQ(openCount(), before + 1);
+    }
+    EXPECT_EQ(openCount(), before);
 }
 
-TEST_F(AtomicFileTest, WritesPiecesOneAfterTheOther)
+TEST_F(AtomicFileTest, IsWhatWasFilledIn)
 {
-    const std::vector<std::string_view> pieces = {"", "a", "", "bc", ""};
     const AtomicFile file(pathOf("file"));
-    EXPECT_TRUE(file.write(pieces, Flush::beforeReplacing));
+    EXPECT_TRUE(file.write(with("abc"), Flush::beforeReplacing));
     EXPECT_EQ(file.read(), QByteArrayLiteral("abc"));
     EXPECT_EQ(names(), QStringList{QStringLiteral("file")});
 }
 
-TEST_F(AtomicFileTest, WritesMorePiecesThanOneCallTakes)
+TEST_F(AtomicFileTest, WhatCouldNotBeGotTogetherReplacesNothing)
 {
-    std::vector<std::string> texts;
-    QByteArray expected;
-    for (int i = 0; i < 5000; ++i) {
-        texts.push_back(std::to_string(i) + ",");
-        expected += texts.back().c_str();
-    }
-    const std::vector<std::string_view> pieces(texts.begin(), texts.end());
+    fill("file", "old");
     const AtomicFile file(pathOf("file"));
-    EXPECT_TRUE(file.write(pieces, Flush::none));
-    EXPECT_EQ(file.read(), expected);
+    const auto half = [](ContentWriter &content) {
+        content.append("ne");
+        return false;
+    };
+    FileSnapshot snapshot;
+    EXPECT_FALSE(file.write(half, Flush::none, &snapshot));
+    EXPECT_FALSE(file.writeKeepingOld(half, Flush::none, "old", &snapshot));
+    EXPECT_EQ(contentOf("file"), QByteArrayLiteral("old"));
+    EXPECT_EQ(names(), QStringList{QStringLiteral("file")});
+    EXPECT_FALSE(snapshot.isIntact());
+}
+
+TEST_F(AtomicFileTest, SnapshotsAreOfWhatWasReadAndWritten)
+{
+    fill("file", "old");
+    const AtomicFile file(pathOf("file"));
+    FileSnapshot old;
+    ASSERT_TRUE(file.read(&old));
+    FileSnapshot written;
+    ASSERT_TRUE(file.write(with("new"), Flush::none, &written));
+    EXPECT_EQ(textOf(old, 3), "old") << "though another file has its name";
+    EXPECT_TRUE(written.isIntact());
+    EXPECT_EQ(textOf(written, 3), "new");
+    ASSERT_TRUE(file.writeKeepingOld(with("newer"), Flush::none, "old", &written));
+    EXPECT_TRUE(written.isIntact());
+    EXPECT_EQ(textOf(written, 5), "newer");
 }
 
 TEST_F(AtomicFileTest, WritesNothingAsAnEmptyFile)
 {
     const AtomicFile file(pathOf("file"));
-    EXPECT_TRUE(file.write({}, Flush::none));
+    EXPECT_TRUE(write(file, ""));
     EXPECT_EQ(file.read(), QByteArray(""));
 }
 

@@ -33,7 +33,7 @@ class HistoriesReader : public CheckMapVisitor
 {
 public:
     void openHistory(const QUuid &monitorId) override { m_open = &histories[monitorId]; }
-    void takeCheck(Check &&check, std::string_view /*stored*/) override
+    void takeCheck(Check &&check, std::optional<TextRange> /*compact*/) override
     {
         m_open->push_back(check.id);
     }

@@ -7,9 +7,13 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QThread>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <functional>
 #include <sys/stat.h>
 
 namespace ostrel {
@@ -83,6 +87,9 @@ protected:
         m_store->addCheck(check);
         return check;
     }
+
+    /// Till a change of a file is sure to get another time than what was done before.
+    static void waitForTheFileSystemsClock() { QThread::msleep(20); }
 
     QTemporaryDir m_root;
     Timestamp m_now = start;
@@ -351,13 +358,12 @@ TEST_F(MonitorStoreTest, ChecksOfOneSecondKeepTheirOrder)
 TEST_F(MonitorStoreTest, LongHistoryIsTrimmedByTheNextCheckOnly)
 {
     const QUuid id = QUuid::createUuid();
-    CheckHistory history(id);
-    for (int i = 0; i < 2500; ++i)
-        history.append(checkOf(id));
-    std::vector<std::string_view> pieces = {"["};
-    history.appendStoredForm(pieces);
-    pieces.emplace_back("]");
-    ASSERT_TRUE(AtomicFile(pathOf("checks.json")).write(pieces, AtomicFile::Flush::none));
+    std::string json(CheckHistory(id).opening());
+    for (int i = 0; i < 2500; ++i) {
+        json += i == 0 ? "" : ",";
+        appendCheck(json, checkOf(id));
+    }
+    fill("checks.json", QByteArray::fromStdString("[" + json + "]]"));
     open();
     EXPECT_EQ(m_store->checks(id).size(), 2500U);
     record(id);
@@ -373,6 +379,85 @@ TEST_F(MonitorStoreTest, OfAnIdThatComesTwiceTheLastCounts)
     open();
     EXPECT_TRUE(m_store->checks(check.monitorId).empty());
     EXPECT_EQ(m_store->checkedIds().size(), 1);
+}
+
+TEST_F(MonitorStoreTest, WhatOthersDoToTheFileIsGoneAfterTheNextSave)
+{
+    const auto cutShort = [&](const QByteArray &json) { fill("checks.json", json.left(200)); };
+    const auto blankOut = [&](const QByteArray &json) {
+        fill("checks.json", QByteArray(json.size(), ' '));
+    };
+    const auto lengthen = [&](const QByteArray &json) { fill("checks.json", "{}" + json); };
+    const auto remove = [&](const QByteArray &) { QFile::remove(pathOf("checks.json")); };
+    const auto replace = [&](const QByteArray &) {
+        QFile::remove(pathOf("checks.json"));
+        fill("checks.json", "[]");
+    };
+    const auto giveAnotherName = [&](const QByteArray &) {
+        QFile::remove(pathOf("taken.json"));
+        ASSERT_TRUE(QFile::rename(pathOf("checks.json"), pathOf("taken.json")));
+    };
+    const Monitor monitor = add();
+    std::vector<Check> expected = {record(monitor.id), record(monitor.id)};
+    for (const std::function<void(const QByteArray &)> &meddle :
+         {std::function<void(const QByteArray &)>(cutShort), {blankOut}, {lengthen}, {remove},
+          {replace}, {giveAnotherName}}) {
+        for (const bool isLoadedAnew : {true, false}) {
+            if (isLoadedAnew)
+                open();
+            waitForTheFileSystemsClock();
+            meddle(contentOf("checks.json"));
+            expected.push_back(record(monitor.id));
+            expected.push_back(record(monitor.id));
+            const MonitorStore other(folder(), MonitorStore::Access::readOnly);
+            const auto stored = other.checks(monitor.id);
+            ASSERT_EQ(std::vector(stored.begin(), stored.end()), expected);
+        }
+    }
+}
+
+TEST_F(MonitorStoreTest, FileWithBlanksIsWrittenWithoutThem)
+{
+    const Monitor monitor = add();
+    const std::vector<Check> checks = {record(monitor.id), record(monitor.id), record(monitor.id)};
+    const QByteArray compact = contentOf("checks.json");
+    for (const auto &[text, withBlanks] :
+         {std::pair("},{", "}, {"), std::pair("\",[{", "\", [\n{"), std::pair(":true", ": true")}) {
+        QByteArray json = compact;
+        json.replace(json.indexOf(text), QByteArrayView(text).size(), withBlanks);
+        fill("checks.json", json);
+        open();
+        m_store->addCheck(checks.back());
+        std::string expected = "[";
+        expected += CheckHistory(monitor.id).opening();
+        for (const Check &check : {checks[0], checks[1], checks[2], checks[2]}) {
+            expected += expected.ends_with('[') ? "" : ",";
+            appendCheck(expected, check);
+        }
+        EXPECT_EQ(contentOf("checks.json").toStdString(), expected + "]]") << withBlanks;
+    }
+}
+
+TEST_F(MonitorStoreTest, HistoriesOfChecksOfManyLengthsStayApart)
+{
+    const std::array ids = {QUuid::createUuid(), QUuid::createUuid(), QUuid::createUuid()};
+    const auto recordOne = [&](qsizetype i) {
+        Check check = checkOf(ids[static_cast<std::size_t>(i % 3)]);
+        check.error = QString(i * i, u'x');
+        m_store->addCheck(check);
+    };
+    // The first of them can't be saved, so that one save has many to write.
+    ASSERT_TRUE(QDir(folder()).removeRecursively());
+    for (int i = 0; i < 20; ++i)
+        recordOne(i);
+    ASSERT_TRUE(QDir().mkpath(folder()));
+    for (int i = 20; i < 30; ++i)
+        recordOne(i);
+    const MonitorStore other(folder(), MonitorStore::Access::readOnly);
+    for (const QUuid &id : ids) {
+        ASSERT_EQ(other.checks(id).size(), 10U);
+        EXPECT_TRUE(std::ranges::equal(other.checks(id), m_store->checks(id)));
+    }
 }
 
 TEST_F(MonitorStoreTest, ChecksFileIsCompactAndAlternates)
@@ -456,14 +541,18 @@ TEST_F(MonitorStoreTest, ReadOnlyLeavesTheFolderAsItIs)
 
 TEST_F(MonitorStoreTest, FailedSavesLeaveMemoryAndAreMadeUpLater)
 {
+    const QUuid id = QUuid::createUuid();
+    record(id);
     ASSERT_TRUE(QDir(folder()).removeRecursively());
     const Monitor monitor = add();
+    record(id);
     const Check check = record(monitor.id);
     EXPECT_EQ(m_store->latestCheck(monitor), check);
     ASSERT_TRUE(QDir().mkpath(folder()));
     record(monitor.id);
     open();
     EXPECT_EQ(m_store->checks(monitor.id).size(), 2U);
+    EXPECT_EQ(m_store->checks(id).size(), 2U) << "one of them was in the file that is gone";
     EXPECT_TRUE(m_store->monitors().isEmpty());
 }
 

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "Descriptor.h"
+
+#include <QtGlobal>
+
+#include <ctime>
+#include <span>
+
+struct stat;
+
+namespace ostrel {
+
+/// A file's content as it was at one moment, whatever takes the file's name or place later.
+///
+/// Holds the file open. Somebody who writes into the file itself spoils the snapshot, which is
+/// seen; within the few milliseconds that a file system's clock takes from one tick to the next
+/// after the snapshot was taken, only if the size changes.
+class FileSnapshot
+{
+public:
+    FileSnapshot() = default; ///< Of nothing.
+    /// Of the ordinary file @p file that had this @p status.
+    FileSnapshot(Descriptor file, const struct stat &status);
+
+    /// Whether there is a content, and it is as it was.
+    [[nodiscard]] bool isIntact() const;
+
+    /// Fills @p room with what stands from byte @p offset on. False where that can't be read or the
+    /// file ends before.
+    [[nodiscard]] bool read(quint64 offset, std::span<char> room) const;
+
+private:
+    Descriptor m_file;
+    qint64 m_size = 0;
+    timespec m_changed = {}; ///< When the file's content or its names were last changed.
+};
+
+} // namespace ostrel
