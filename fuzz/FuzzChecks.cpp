@@ -19,7 +19,8 @@ public:
     void takeCheck(Check &&check, std::optional<TextRange> compact) override
     {
         if (compact)
-            expectReadBack(check, m_text.sliced(qsizetype(compact->offset), qsizetype(compact->length)));
+            expectReadBack(check,
+                           m_text.sliced(qsizetype(compact->offset), qsizetype(compact->length)));
         std::string encoded;
         appendCheck(encoded, check);
         expectReadBack(check, QByteArrayView(encoded.data(), qsizetype(encoded.size())));

@@ -8,6 +8,7 @@
 #include "Platform.h"
 #include "PortCheck.h"
 #include "PseudoTranslator.h"
+#include "RecordsReader.h"
 #include "Sleeper.h"
 #include "StatusCommand.h"
 #include "StorageFolder.h"
@@ -52,6 +53,8 @@ struct Program
 
     int operator()(const RunInvocation &invocation)
     {
+        // Before all else, since it takes as long as that.
+        RecordsReader records(invocation.dataDir);
         preferSoftwareRenderer();
         QApplication application(argc, argv);
         QApplication::setDesktopFileName(QStringLiteral("ostrel"));
@@ -73,7 +76,7 @@ struct Program
         case SingleInstance::Claim::first:
             break;
         }
-        return watch(invocation, *instance);
+        return watch(records, *instance);
     }
 
     int operator()(const CheckInvocation &invocation)
@@ -103,7 +106,7 @@ struct Program
     }
 
 private:
-    static int watch(const RunInvocation &invocation, SingleInstance &instance)
+    static int watch(RecordsReader &records, SingleInstance &instance)
     {
         const auto termination = makeTerminationSignal();
         NotificationPresenter presenter; // Of the status bar's, once there is one.
@@ -126,7 +129,7 @@ private:
         TimerSleeper sleeper;
 
         OstrelApp app(
-            invocation.dataDir,
+            records,
             {
                 .httpCheck = httpCheck,
                 .portCheck = portCheck,

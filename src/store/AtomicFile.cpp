@@ -121,6 +121,16 @@ bool AtomicFile::exists() const
     return ::lstat(m_path.c_str(), &status) == 0;
 }
 
+bool AtomicFile::holds(const FileSnapshot &snapshot) const
+{
+    struct stat status
+    {
+    };
+    if (::stat(m_path.c_str(), &status) != 0)
+        return !snapshot.isOfAFile() && !exists();
+    return snapshot.isOf(status);
+}
+
 bool AtomicFile::write(const Fill &fill, Flush flush, FileSnapshot *snapshot) const
 {
     if (writeTemporary(fill, flush) && replace(snapshot))

@@ -34,6 +34,8 @@ public:
     /// where there is one, what was read.
     [[nodiscard]] std::optional<QByteArray> read(FileSnapshot *snapshot = nullptr) const;
     [[nodiscard]] bool exists() const;
+    /// Whether the content is that of @p snapshot; one of nothing stands for that there is no file.
+    [[nodiscard]] bool holds(const FileSnapshot &snapshot) const;
 
     /// Replaces the content by what @p fill writes; the file is its user's alone (0600). On false,
     /// the file is as it was and the temporary one is gone. On true, gives @p snapshot, where there

@@ -51,7 +51,8 @@ void CheckHistory::append(const Check &check)
 void CheckHistory::append(Check &&check, TextRange stored)
 {
     const bool isFirst = m_checks.empty();
-    const quint64 expected = isFirst ? stored.offset : m_storedText.offset + m_storedText.length + 1;
+    const quint64 expected =
+        isFirst ? stored.offset : m_storedText.offset + m_storedText.length + 1;
     if (unstoredChecks().empty() && stored.offset == expected) {
         if (isFirst)
             m_storedText.offset = stored.offset;

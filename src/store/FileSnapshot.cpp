@@ -6,6 +6,8 @@ namespace ostrel {
 
 FileSnapshot::FileSnapshot(Descriptor file, const struct stat &status)
     : m_file(std::move(file))
+    , m_device(status.st_dev)
+    , m_number(status.st_ino)
     , m_size(status.st_size)
     , m_changed(status.st_ctim)
 {
@@ -16,8 +18,15 @@ bool FileSnapshot::isIntact() const
     struct stat status
     {
     };
-    return m_file.isOpen() && ::fstat(m_file.number(), &status) == 0 && status.st_size == m_size &&
-           status.st_ctim.tv_sec == m_changed.tv_sec && status.st_ctim.tv_nsec == m_changed.tv_nsec;
+    return isOfAFile() && ::fstat(m_file.number(), &status) == 0 && isOf(status);
+}
+
+bool FileSnapshot::isOf(const struct stat &status) const
+{
+    // Held open, the file keeps its number for itself.
+    return isOfAFile() && status.st_dev == m_device && status.st_ino == m_number &&
+           status.st_size == m_size && status.st_ctim.tv_sec == m_changed.tv_sec &&
+           status.st_ctim.tv_nsec == m_changed.tv_nsec;
 }
 
 bool FileSnapshot::read(quint64 offset, std::span<char> room) const

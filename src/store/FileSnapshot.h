@@ -6,6 +6,7 @@
 
 #include <ctime>
 #include <span>
+#include <sys/types.h>
 
 struct stat;
 
@@ -23,8 +24,11 @@ public:
     /// Of the ordinary file @p file that had this @p status.
     FileSnapshot(Descriptor file, const struct stat &status);
 
+    [[nodiscard]] bool isOfAFile() const { return m_file.isOpen(); }
     /// Whether there is a content, and it is as it was.
     [[nodiscard]] bool isIntact() const;
+    /// Whether it is of the very file that has this @p status, and that is as it was.
+    [[nodiscard]] bool isOf(const struct stat &status) const;
 
     /// Fills @p room with what stands from byte @p offset on. False where that can't be read or the
     /// file ends before.
@@ -32,6 +36,8 @@ public:
 
 private:
     Descriptor m_file;
+    dev_t m_device = 0;
+    ino_t m_number = 0;
     qint64 m_size = 0;
     timespec m_changed = {}; ///< When the file's content or its names were last changed.
 };

@@ -33,7 +33,7 @@ private:
 
 void readMonitors(const AtomicFile &file, StoredRecords &records)
 {
-    const auto json = file.read();
+    const auto json = file.read(&records.monitorsContent);
     const auto monitors = json ? decodeMonitors(*json) : std::nullopt;
     records.monitors = monitors.value_or(QList<Monitor>());
     records.areMonitorsUnreadable = !monitors && file.exists();
@@ -67,6 +67,12 @@ StoredRecords StoredRecords::read(const QString &storageDir)
     readMonitors(AtomicFile(monitorsPath(storageDir)), records);
     readChecks(AtomicFile(checksPath(storageDir)), records);
     return records;
+}
+
+bool StoredRecords::areCurrent(const QString &storageDir) const
+{
+    return AtomicFile(monitorsPath(storageDir)).holds(monitorsContent) &&
+           AtomicFile(checksPath(storageDir)).holds(checksContent);
 }
 
 } // namespace ostrel

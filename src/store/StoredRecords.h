@@ -13,7 +13,8 @@ struct StoredRecords
 {
     QList<Monitor> monitors; ///< In the user's order.
     CheckHistories checks;
-    FileSnapshot checksContent;         ///< Where the histories' stored forms stand.
+    FileSnapshot monitorsContent;       ///< What the monitors were read from.
+    FileSnapshot checksContent;         ///< The same of the histories: here their stored forms are.
     bool areMonitorsUnreadable = false; ///< There is a file, but it can't be loaded.
     bool areChecksUnreadable = false;   ///< The same of the checks'.
 
@@ -22,6 +23,9 @@ struct StoredRecords
 
     /// Reads @p storageDir. A file that can't be loaded counts as empty. Any thread.
     [[nodiscard]] static StoredRecords read(const QString &storageDir);
+
+    /// Whether nobody has changed the two files of @p storageDir since these were read from it.
+    [[nodiscard]] bool areCurrent(const QString &storageDir) const;
 };
 
 } // namespace ostrel

@@ -18,9 +18,15 @@ FocusScope {
     property alias selectedMonitorId: chosen.monitorId
     property bool showingAddSheet: false
     property bool showedFocus: false
-    readonly property bool isSheetOpen: (sheet.item as AddMonitorSheet)?.visible ?? false
+    // Set by the sheet.
+    property bool isSheetOpen: false
 
     signal settingsRequested
+    // To what is made when it is first needed, and doesn't have to be known before.
+    signal sheetRequested
+    signal pagesScrolled(pages: real)
+    signal editRequested
+    signal editEnded
 
     function add(): void {
         if (!isSheetOpen)
@@ -30,10 +36,24 @@ FocusScope {
     function openSheet(): void {
         showedFocus = (Window.activeFocusItem as T.Control)?.visualFocus ?? false;
         if (!sheet.item)
-            sheet.setSource("AddMonitorSheet.qml", {
-                form: opener.form
+            sheet.setSource("ContentSheet.qml", {
+                content: root
             });
-        (sheet.item as AddMonitorSheet).open();
+        sheetRequested();
+    }
+
+    // Of the sheet.
+    function takeBack(): void {
+        showingAddSheet = false;
+        editEnded();
+        forceActiveFocus(showedFocus ? Qt.TabFocusReason : Qt.PopupFocusReason);
+    }
+
+    function openEditor(): void {
+        if (opener.beginEdit(selectedMonitorId))
+            openSheet();
+        else
+            editEnded();
     }
 
     function checkSelected(): void {
@@ -42,14 +62,14 @@ FocusScope {
 
     function scrollPages(pages: real): void {
         if (chosen.showsMonitor)
-            (page.item as MonitorDetailView).scrollPages(pages);
+            pagesScrolled(pages);
         else
             dashboard.scrollPages(pages);
     }
 
     function editSelected(): void {
         if (!isSheetOpen && chosen.showsMonitor)
-            (page.item as MonitorDetailView).showingEdit = true;
+            editRequested();
     }
 
     focus: true
@@ -157,7 +177,8 @@ FocusScope {
             onCardChosen: appearance.restart()
         }
 
-        // Made when it is first shown, as is the sheet: the window opens sooner without them.
+        // Made when it is first shown, as is the sheet: the window opens sooner without them, and
+        // without the types that only they use.
         Loader {
             id: page
 
@@ -165,29 +186,9 @@ FocusScope {
             visible: chosen.showsMonitor
             onVisibleChanged: {
                 if (visible && !item)
-                    setSource("MonitorDetailView.qml", {
-                        objectName: "detailPage",
-                        model: root.detailModel
+                    setSource("ContentPage.qml", {
+                        content: root
                     });
-            }
-        }
-
-        Connections {
-            target: page.item as MonitorDetailView
-
-            function onCheckNow(): void {
-                root.checkSelected();
-            }
-
-            function onEditMonitor(): void {
-                if (root.opener.beginEdit(root.selectedMonitorId))
-                    root.openSheet();
-                else
-                    (page.item as MonitorDetailView).showingEdit = false;
-            }
-
-            function onGetHelp(): void {
-                root.desktop.getHelp();
             }
         }
 
@@ -205,16 +206,5 @@ FocusScope {
 
     Loader {
         id: sheet
-    }
-
-    Connections {
-        target: sheet.item as AddMonitorSheet
-
-        function onClosed(): void {
-            root.showingAddSheet = false;
-            if (page.item)
-                (page.item as MonitorDetailView).showingEdit = false;
-            root.forceActiveFocus(root.showedFocus ? Qt.TabFocusReason : Qt.PopupFocusReason);
-        }
     }
 }

@@ -27,19 +27,17 @@ Item {
     }
 
     Loader {
-        id: empty
+        readonly property bool isNeeded: root.overview.isEmpty
 
         anchors.fill: parent
-        active: root.overview.isEmpty
-        source: "EmptyDashboard.qml"
-        onLoaded: item.objectName = "empty"
-    }
-
-    Connections {
-        target: empty.item as EmptyDashboard
-
-        function onAddRequested(): void {
-            root.addRequested();
+        onIsNeededChanged: {
+            if (isNeeded)
+                setSource("EmptyDashboard.qml", {
+                    objectName: "empty",
+                    dashboard: root
+                });
+            else
+                source = "";
         }
     }
 

@@ -1,12 +1,13 @@
 import QtQuick
 
+import Ostrel
 import Ostrel.Theme
 
 // What the dashboard shows while there are no monitors: an invitation to add the first.
 Item {
     id: root
 
-    signal addRequested
+    required property DashboardView dashboard
 
     Column {
         anchors.centerIn: parent
@@ -50,7 +51,7 @@ Item {
             anchors.horizontalCenter: parent.horizontalCenter
             symbol: "plus"
             text: qsTr("Add Monitor")
-            onClicked: root.addRequested()
+            onClicked: root.dashboard.addRequested()
         }
     }
 }

@@ -21,13 +21,12 @@ Item {
         radius: root.radius
         color: Theme.siteIconPlate
 
-        ThemeText {
+        QuietText {
             objectName: "letter"
             anchors.centerIn: parent
             text: icon.placeholderLetter
             font: Theme.face(Font.Bold, root.size * Theme.siteIconLetterShare)
             color: Theme.siteIconLetter
-            isSpoken: false
         }
     }
 

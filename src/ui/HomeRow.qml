@@ -17,13 +17,12 @@ SidebarRow {
         size: Theme.rowIconSize
     }
 
-    ThemeText {
+    QuietText {
         anchors.left: icon.right
         anchors.leftMargin: Theme.rowGap
         anchors.verticalCenter: parent.verticalCenter
         text: "Ostrel"
         font: Theme.headline
         color: root.nameColor
-        isSpoken: false
     }
 }

@@ -16,6 +16,9 @@ Window {
     // Whether nothing is to move but what the hand moves.
     property bool reducedMotion: false
 
+    // To the settings' window, which doesn't have to be known before.
+    signal settingsRequested
+
     title: "Ostrel"
     width: Theme.windowWidth
     height: Theme.windowHeight
@@ -42,10 +45,9 @@ Window {
         onSettingsRequested: {
             if (!settingsWindow.item)
                 settingsWindow.setSource("SettingsWindow.qml", {
-                    settings: root.settings,
-                    actions: root.desktop
+                    mainWindow: root
                 });
-            (settingsWindow.item as SettingsWindow).present();
+            root.settingsRequested();
         }
     }
 

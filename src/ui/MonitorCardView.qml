@@ -36,6 +36,10 @@ CardStyle {
         if (activeFocus)
             focusRequested();
     }
+    onShowsFocusChanged: {
+        if (showsFocus && !ring.item)
+            ring.setSource("CardFocusRing.qml");
+    }
 
     MouseArea {
         id: area
@@ -54,7 +58,7 @@ CardStyle {
         size: Theme.monitorCardIconSize
     }
 
-    ThemeText {
+    QuietText {
         anchors.left: icon.right
         anchors.leftMargin: Theme.monitorCardGap
         anchors.right: dot.left
@@ -62,7 +66,6 @@ CardStyle {
         anchors.verticalCenter: icon.verticalCenter
         text: root.name
         font: Theme.demiBold13
-        isSpoken: false
     }
 
     StatusDot {
@@ -74,7 +77,7 @@ CardStyle {
         size: Theme.dotSizeSmall
     }
 
-    ThemeText {
+    QuietText {
         id: time
 
         objectName: "time"
@@ -83,10 +86,9 @@ CardStyle {
         text: root.responseTimeText
         font: Theme.monoSmall
         color: Theme.textTertiary
-        isSpoken: false
     }
 
-    ThemeText {
+    QuietText {
         id: uptime
 
         objectName: "uptime"
@@ -95,12 +97,14 @@ CardStyle {
         text: root.cardUptimeText
         font: Theme.demiBold13
         color: ToneColors.of(root.cardUptimeTone)
-        isSpoken: false
     }
 
-    FocusRing {
-        anchors.margins: -root.padding - distance
+    // Made when it is first shown: most cards never need it.
+    Loader {
+        id: ring
+
+        anchors.fill: parent
+        anchors.margins: -root.padding
         visible: root.showsFocus
-        controlRadius: Theme.cornerRadius
     }
 }

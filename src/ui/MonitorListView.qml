@@ -15,9 +15,12 @@ KeyboardItem {
     required property MonitorSelection selection
     required property AppActions actions
 
-    readonly property MonitorMenu menu: menuLoader.item as MonitorMenu
+    readonly property bool isWindowActive: Window.active
+    // The one whose menu is open; set by the menu.
+    property MonitorListRow rowWithMenu: null
 
-    signal menuKeyPressed
+    // To the menu, which doesn't have to be known before it is first opened.
+    signal menuRequested(row: MonitorListRow, x: real, y: real)
 
     function walkTo(row: int): void {
         focusReason = Qt.TabFocusReason;
@@ -25,11 +28,16 @@ KeyboardItem {
     }
 
     function openMenu(row: MonitorListRow, x: real, y: real): void {
-        if (!menuLoader.item)
-            menuLoader.setSource("MonitorMenu.qml", {
-                actions: actions
+        if (!menu.item)
+            menu.setSource("MonitorMenu.qml", {
+                list: root
             });
-        menu.openFor(row, x, y);
+        menuRequested(row, x, y);
+    }
+
+    function openSelectedMenu(): void {
+        if (list.currentItem)
+            openMenu(list.currentItem as MonitorListRow, Theme.rowMargin + Theme.rowInset, list.currentItem.height);
     }
 
     function take(): void {
@@ -41,7 +49,7 @@ KeyboardItem {
     Keys.onUpPressed: walkTo(selection.row - 1)
     Keys.onDownPressed: walkTo(selection.row + 1)
     Keys.onEscapePressed: walkTo(-1)
-    Keys.onMenuPressed: menuKeyPressed()
+    Keys.onMenuPressed: openSelectedMenu()
     Keys.onPressed: event => {
         event.accepted = true;
         if (event.key === Qt.Key_Home)
@@ -49,7 +57,7 @@ KeyboardItem {
         else if (event.key === Qt.Key_End)
             walkTo(list.count - 1);
         else if (event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier)
-            menuKeyPressed();
+            openSelectedMenu();
         else
             event.accepted = false;
     }
@@ -67,6 +75,7 @@ KeyboardItem {
         isSelected: !root.selection.showsMonitor
         isFocused: isSelected && root.activeFocus
         showsFocus: isSelected && root.visualFocus
+        isWindowActive: root.isWindowActive
         onChosen: {
             root.take();
             root.selection.clear();
@@ -117,7 +126,8 @@ KeyboardItem {
             isSelected: root.selection.row === index
             isFocused: isSelected && root.activeFocus
             showsFocus: isSelected && root.visualFocus
-            hasMenu: (root.menu?.visible ?? false) && root.menu?.row === row
+            hasMenu: root.rowWithMenu === row
+            isWindowActive: root.isWindowActive
             onChosen: {
                 root.take();
                 root.selection.monitorId = monitorId;
@@ -127,15 +137,6 @@ KeyboardItem {
                 root.selection.clear();
             }
             onMenuRequested: (x, y) => root.openMenu(row, x, y)
-
-            Connections {
-                target: root
-
-                function onMenuKeyPressed(): void {
-                    if (row.isSelected)
-                        root.openMenu(row, Theme.rowMargin + Theme.rowInset, row.height);
-                }
-            }
         }
 
         remove: Transition {
@@ -157,19 +158,6 @@ KeyboardItem {
 
     // Made when it is first opened.
     Loader {
-        id: menuLoader
-    }
-
-    Connections {
-        target: root.menu
-
-        function onClosed(): void {
-            root.forceActiveFocus(Qt.PopupFocusReason);
-        }
-
-        function onDeleteRequested(monitorId: var): void {
-            root.selection.leave(monitorId);
-            root.actions.deleteMonitor(monitorId);
-        }
+        id: menu
     }
 }

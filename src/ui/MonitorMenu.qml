@@ -7,13 +7,10 @@ import Ostrel.Theme
 RowMenu {
     id: root
 
-    required property AppActions actions
+    required property MonitorListView list
     property MonitorListRow row: null
     property var monitorId
     property bool isMonitorEnabled: true
-
-    // The monitor is to be deleted.
-    signal deleteRequested(monitorId: var)
 
     function openFor(row: MonitorListRow, x: real, y: real): void {
         root.row = row;
@@ -23,22 +20,41 @@ RowMenu {
         popup(row, x, y);
     }
 
+    onClosed: list.forceActiveFocus(Qt.PopupFocusReason)
+
+    Binding {
+        target: root.list
+        property: "rowWithMenu"
+        value: root.visible ? root.row : null
+    }
+
+    Connections {
+        target: root.list
+
+        function onMenuRequested(row: MonitorListRow, x: real, y: real): void {
+            root.openFor(row, x, y);
+        }
+    }
+
     RowMenuItem {
         symbol: "arrow.trianglehead.clockwise"
         text: qsTr("Check Now")
-        onTriggered: root.actions.checkNow(root.monitorId)
+        onTriggered: root.list.actions.checkNow(root.monitorId)
     }
 
     RowMenuItem {
         symbol: root.isMonitorEnabled ? "pause" : "play"
         text: root.isMonitorEnabled ? qsTr("Pause") : qsTr("Resume")
-        onTriggered: root.actions.togglePause(root.monitorId)
+        onTriggered: root.list.actions.togglePause(root.monitorId)
     }
 
     RowMenuItem {
         symbol: "trash"
         text: qsTr("Delete")
         isDestructive: true
-        onTriggered: root.deleteRequested(root.monitorId)
+        onTriggered: {
+            root.list.selection.leave(root.monitorId);
+            root.list.actions.deleteMonitor(root.monitorId);
+        }
     }
 }

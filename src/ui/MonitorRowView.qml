@@ -66,21 +66,19 @@ SidebarRow {
         anchors.verticalCenter: parent.verticalCenter
         spacing: Theme.rowTextGap
 
-        ThemeText {
+        QuietText {
             width: parent.width
             text: root.name
             font: Theme.demiBold13
             color: root.nameColor
-            isSpoken: false
         }
 
-        ThemeText {
+        QuietText {
             width: parent.width
             text: root.address
             elide: Text.ElideMiddle
             font: Theme.regular10
             color: Theme.textSecondary
-            isSpoken: false
         }
     }
 
@@ -97,7 +95,7 @@ SidebarRow {
             width: root.isPending ? Theme.pendingRingSize : result.implicitWidth
             height: Theme.rowStateHeight
 
-            ThemeText {
+            QuietText {
                 id: result
 
                 objectName: "result"
@@ -106,7 +104,6 @@ SidebarRow {
                 text: root.resultText
                 font: root.isDown ? Theme.bold9 : Theme.mono
                 color: ToneColors.of(root.resultTone)
-                isSpoken: false
             }
 
             // Made for the first wait: most rows never need it.
@@ -118,13 +115,12 @@ SidebarRow {
             }
         }
 
-        ThemeText {
+        QuietText {
             objectName: "uptime"
             anchors.right: parent.right
             text: root.uptimeText
             font: Theme.regular9
             color: Theme.textTertiary
-            isSpoken: false
         }
     }
 }

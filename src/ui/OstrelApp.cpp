@@ -6,11 +6,10 @@
 #include "MainWindowLoader.h"
 #include "MotionPreference.h"
 #include "NotificationCenter.h"
+#include "RecordsReader.h"
 
 #include <QCoreApplication>
 #include <QQuickWindow>
-
-#include <future>
 
 namespace ostrel {
 
@@ -20,20 +19,19 @@ using namespace std::chrono_literals;
 
 constexpr auto longestWaitForAFrame = 1s;
 
-/// The folder's records, read while @p views prepares itself.
-StoredRecords readBeside(MainWindowLoader &views, const QString &storageDir)
+/// What @p records are, once @p views have used the time that it takes to read them.
+StoredRecords takenAfter(MainWindowLoader &views, RecordsReader &records)
 {
-    auto records = std::async(std::launch::async, &StoredRecords::read, storageDir);
     views.prepare();
-    return records.get();
+    return records.take();
 }
 
 } // namespace
 
-OstrelApp::OstrelApp(const QString &storageDir, const AppServices &services)
+OstrelApp::OstrelApp(RecordsReader &records, const AppServices &services)
     : m_services(services)
     , m_views(std::make_unique<MainWindowLoader>())
-    , m_store(storageDir, readBeside(*m_views, storageDir))
+    , m_store(records.storageDir(), takenAfter(*m_views, records))
     , m_engine({
           .store = m_store,
           .httpCheck = services.httpCheck,
@@ -50,8 +48,8 @@ OstrelApp::OstrelApp(const QString &storageDir, const AppServices &services)
     , m_form(m_store, m_engine)
     , m_opener(m_store, m_form)
     , m_settings(services.loginItem)
-    , m_desktop(services.workspace, storageDir)
-    , m_icons(storageDir + QStringLiteral("/favicons"), services.fetchIcon)
+    , m_desktop(services.workspace, records.storageDir())
+    , m_icons(records.storageDir() + QStringLiteral("/favicons"), services.fetchIcon)
 {
     connect(&m_form, &MonitorForm::websiteCreated, this, &OstrelApp::lookUpSite);
     connectStatusBarItem();

@@ -29,6 +29,7 @@ class MonitorCheck;
 class MotionPreference;
 class NotificationCenter;
 class NotificationManager;
+class RecordsReader;
 class Sleeper;
 class StatusBarHost;
 class WakeSignal;
@@ -57,7 +58,8 @@ class OstrelApp : public QObject
     Q_OBJECT
 
 public:
-    OstrelApp(const QString &storageDir, const AppServices &services);
+    /// On the folder of @p records, which is being read.
+    OstrelApp(RecordsReader &records, const AppServices &services);
     ~OstrelApp() override;
 
     /// Shows the main window; false where it can't be made.

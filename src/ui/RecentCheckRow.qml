@@ -34,7 +34,7 @@ Item {
         color: ToneColors.of(root.tone)
     }
 
-    ThemeText {
+    QuietText {
         id: time
 
         anchors.left: dot.right
@@ -44,10 +44,9 @@ Item {
         text: root.timeText
         font: Theme.label
         color: Theme.textSecondary
-        isSpoken: false
     }
 
-    ThemeText {
+    QuietText {
         id: code
 
         anchors.left: time.right
@@ -56,10 +55,9 @@ Item {
         text: root.codeText
         font: Theme.label
         color: Theme.textSecondary
-        isSpoken: false
     }
 
-    ThemeText {
+    QuietText {
         id: result
 
         objectName: "result"
@@ -71,7 +69,6 @@ Item {
         text: root.resultText
         font: Theme.label
         color: root.isUp ? Theme.textPrimary : Theme.statusDown
-        isSpoken: false
     }
 
     HoverHandler {

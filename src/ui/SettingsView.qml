@@ -25,12 +25,11 @@ Rectangle {
             title: qsTr("General")
 
             SettingsRow {
-                ThemeText {
+                QuietText {
                     id: launchLabel
 
                     anchors.verticalCenter: parent.verticalCenter
                     text: qsTr("Launch at Login")
-                    isSpoken: false
                 }
 
                 Toggle {
@@ -49,12 +48,11 @@ Rectangle {
             title: qsTr("Notifications")
 
             SettingsRow {
-                ThemeText {
+                QuietText {
                     id: soundsLabel
 
                     anchors.verticalCenter: parent.verticalCenter
                     text: qsTr("Play Sounds on Status Change")
-                    isSpoken: false
                 }
 
                 Toggle {

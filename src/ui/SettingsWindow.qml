@@ -7,8 +7,7 @@ import Ostrel.Theme
 Window {
     id: root
 
-    required property Settings settings
-    required property DesktopActions actions
+    required property MainWindow mainWindow
 
     // Shows the window, or brings it to the front.
     function present(): void {
@@ -31,10 +30,18 @@ Window {
 
     SettingsView {
         anchors.fill: parent
-        settings: root.settings
-        actions: root.actions
+        settings: root.mainWindow.settings
+        actions: root.mainWindow.desktop
         focus: true
         Keys.onEscapePressed: root.close()
+    }
+
+    Connections {
+        target: root.mainWindow
+
+        function onSettingsRequested(): void {
+            root.present();
+        }
     }
 
     Shortcut {

@@ -17,7 +17,7 @@ Item {
     default property alias contents: box.data
     property bool showsHover: area.containsMouse
     property bool showsPress: area.pressed
-    property bool isWindowActive: Window.active
+    property bool isWindowActive: true
     readonly property color nameColor: isSelected && isWindowActive ? Theme.accent : Theme.textPrimary
     // The opaque colour under what the row holds.
     readonly property color ground: isSelected ? Theme.surface : Theme.over(wash, Theme.background)
@@ -39,6 +39,10 @@ Item {
     onActiveFocusChanged: {
         if (activeFocus)
             chosen();
+    }
+    onShowsFocusChanged: {
+        if (showsFocus && !ring.item)
+            ring.setSource("RowFocusRing.qml");
     }
 
     MouseArea {
@@ -86,9 +90,11 @@ Item {
         }
     }
 
-    FocusRing {
+    // Made when it is first shown: most rows never need it.
+    Loader {
+        id: ring
+
         anchors.fill: box
         visible: root.showsFocus
-        isInside: true
     }
 }

@@ -228,8 +228,8 @@ TEST(CheckMapTest, AlternatesIdsAndHistories)
 {
     Collector collector;
     const std::string opening = "[" + monitorIdJson + ",[";
-    ASSERT_TRUE(decodeMap(
-        opening + plainJson + "," + encoded(fullCheck()) + "]," + idJson + ",[]]", collector));
+    ASSERT_TRUE(decodeMap(opening + plainJson + "," + encoded(fullCheck()) + "]," + idJson + ",[]]",
+                          collector));
     EXPECT_EQ(collector.ids, (std::vector{monitorId, id}));
     EXPECT_EQ(collector.checks, (std::vector{plainCheck(), fullCheck()}));
     const TextRange first = {opening.size(), plainJson.size()};

@@ -400,8 +400,12 @@ TEST_F(MonitorStoreTest, WhatOthersDoToTheFileIsGoneAfterTheNextSave)
     const Monitor monitor = add();
     std::vector<Check> expected = {record(monitor.id), record(monitor.id)};
     for (const std::function<void(const QByteArray &)> &meddle :
-         {std::function<void(const QByteArray &)>(cutShort), {blankOut}, {lengthen}, {remove},
-          {replace}, {giveAnotherName}}) {
+         {std::function<void(const QByteArray &)>(cutShort),
+          {blankOut},
+          {lengthen},
+          {remove},
+          {replace},
+          {giveAnotherName}}) {
         for (const bool isLoadedAnew : {true, false}) {
             if (isLoadedAnew)
                 open();

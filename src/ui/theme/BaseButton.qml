@@ -11,6 +11,7 @@ T.AbstractButton {
     property real radius: Theme.cornerRadiusSmall
     property bool showsHover: hovered
     property bool showsFocus: visualFocus
+    readonly property bool wantsHelp: hovered && !down && helpText !== ""
 
     function press(): void {
         if (root.checkable)
@@ -31,6 +32,12 @@ T.AbstractButton {
     opacity: enabled ? 1 : Theme.disabledOpacity
     Accessible.name: spokenName
     Accessible.description: enabled ? "" : qsTr("Unavailable")
+    onWantsHelpChanged: {
+        if (wantsHelp && !help.item)
+            help.setSource("HelpText.qml", {
+                text: Qt.binding(() => helpText)
+            });
+    }
     Keys.onReturnPressed: event => {
         if (!event.isAutoRepeat)
             press();
@@ -45,8 +52,11 @@ T.AbstractButton {
         controlRadius: root.radius
     }
 
-    HelpText {
-        text: root.helpText
-        visible: root.hovered && !root.down && root.helpText !== ""
+    // Made when the pointer first comes.
+    Loader {
+        id: help
+
+        anchors.fill: parent
+        onLoaded: (item as T.ToolTip).visible = Qt.binding(() => root.wantsHelp)
     }
 }

@@ -30,7 +30,7 @@ Item {
         systemSize: root.symbolSize
     }
 
-    ThemeText {
+    QuietText {
         id: label
 
         x: picture.x + root.symbolWidth
@@ -39,6 +39,5 @@ Item {
         text: root.text
         font: root.font
         color: root.color
-        isSpoken: false
     }
 }

@@ -1,5 +1,7 @@
 import QtQuick
 
+import Ostrel.Theme
+
 // A card around what it holds.
 Item {
     id: root

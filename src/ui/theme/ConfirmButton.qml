@@ -1,5 +1,7 @@
 import QtQuick
 
+import Ostrel.Theme
+
 // The capsule that confirms a sheet. Disabled, it pales instead of fading.
 BaseButton {
     id: root

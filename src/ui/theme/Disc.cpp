@@ -18,4 +18,9 @@ void Disc::paint(QPainter *painter)
     painter->drawEllipse(boundingRect().center(), m_diameter / 2, m_diameter / 2);
 }
 
+QString Disc::look() const
+{
+    return QStringLiteral("disc %1 %2").arg(m_color.name(QColor::HexArgb)).arg(m_diameter);
+}
+
 } // namespace ostrel

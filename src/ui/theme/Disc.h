@@ -23,6 +23,9 @@ public:
 Q_SIGNALS:
     void lookChanged();
 
+protected:
+    [[nodiscard]] QString look() const override;
+
 private:
     QColor m_color;
     qreal m_diameter = 0;

@@ -67,7 +67,7 @@ T.TextField {
         edgeWidth: root.showsFocus ? Theme.focusRingWidth : Theme.hairlineWidth
     }
 
-    ThemeText {
+    QuietText {
         anchors.left: parent.left
         // Beside the caret, which stands where a text begins.
         anchors.leftMargin: root.leftPadding + Theme.caretWidth
@@ -79,7 +79,6 @@ T.TextField {
         font: root.font
         color: root.placeholderTextColor
         horizontalAlignment: root.horizontalAlignment
-        isSpoken: false
     }
 
     Symbol {

@@ -1,5 +1,7 @@
 import QtQuick
 
+import Ostrel.Theme
+
 // Shows which control the keyboard is on. Give it the control as parent, and `visible`.
 EdgedBox {
     id: root

@@ -1,6 +1,8 @@
 import QtQuick
 import QtQuick.Templates as T
 
+import Ostrel.Theme
+
 // Says what a thing does once the pointer has rested on it. Bind `visible` to that.
 T.ToolTip {
     id: root

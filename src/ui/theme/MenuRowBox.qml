@@ -1,5 +1,7 @@
 import QtQuick
 
+import Ostrel.Theme
+
 // One row of a menu under the pointer, the keys or the finger.
 EdgedBox {
     id: root

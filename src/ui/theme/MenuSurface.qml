@@ -1,5 +1,7 @@
 import QtQuick
 
+import Ostrel.Theme
+
 // The ground of a menu.
 EdgedBox {
     radius: Theme.menuRadius

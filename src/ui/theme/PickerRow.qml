@@ -20,11 +20,10 @@ T.ItemDelegate {
     Accessible.onPressAction: clicked()
 
     contentItem: Item {
-        ThemeText {
+        QuietText {
             width: parent.width - Theme.menuCheckWidth
             anchors.verticalCenter: parent.verticalCenter
             text: root.text
-            isSpoken: false
         }
 
         Symbol {

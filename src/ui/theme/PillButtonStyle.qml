@@ -1,5 +1,7 @@
 import QtQuick
 
+import Ostrel.Theme
+
 // The capsule of a page's main action, or the quiet capsule beside it.
 BaseButton {
     id: root

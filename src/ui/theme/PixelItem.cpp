@@ -1,6 +1,8 @@
 #include "PixelItem.h"
 
+#include <QHash>
 #include <QImage>
+#include <QMutex>
 #include <QPainter>
 #include <QQuickWindow>
 #include <QSGImageNode>
@@ -17,6 +19,63 @@ int pixelsOf(qreal length)
 {
     constexpr qreal tolerance = 1e-6;
     return static_cast<int>(std::ceil(length - tolerance));
+}
+
+/// The pictures that are on some screen and can be shared. Of any thread: each window may have one
+/// that draws it.
+class SharedPictures
+{
+public:
+    struct Key
+    {
+        QString look;
+        QSizeF size;
+        qreal pixelRatio;
+
+        bool operator==(const Key &) const = default;
+    };
+
+    static SharedPictures &instance()
+    {
+        static SharedPictures pictures;
+        return pictures;
+    }
+
+    /// The one of @p key, made by @p paint if nobody has it.
+    template<typename Paint>
+    std::shared_ptr<const QImage> picture(const Key &key, Paint paint)
+    {
+        const QMutexLocker lock(&m_mutex);
+        std::weak_ptr<const QImage> &known = m_pictures[key];
+        std::shared_ptr<const QImage> picture = known.lock();
+        if (!picture) {
+            picture = paint();
+            known = picture;
+            forgetUnused();
+        }
+        return picture;
+    }
+
+private:
+    /// Now and then, so that it costs little.
+    void forgetUnused()
+    {
+        if (m_pictures.size() < m_limit)
+            return;
+        m_pictures.removeIf([](const auto &entry) { return entry.value().expired(); });
+        m_limit = 2 * m_pictures.size() + firstLimit;
+    }
+
+    static constexpr qsizetype firstLimit = 64;
+
+    QMutex m_mutex;
+    QHash<Key, std::weak_ptr<const QImage>> m_pictures;
+    qsizetype m_limit = firstLimit;
+};
+
+size_t qHash(const SharedPictures::Key &key, size_t seed = 0)
+{
+    return qHashMulti(seed, key.look, key.size.width(), key.size.height(), key.pixelRatio);
 }
 
 } // namespace
@@ -44,8 +103,8 @@ void PixelItem::itemChange(ItemChange change, const ItemChangeData &value)
 QSGNode *PixelItem::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData * /*data*/)
 {
     std::unique_ptr<QSGNode> previous(oldNode);
-    const QImage image = picture();
-    if (image.isNull())
+    m_picture = picture();
+    if (!m_picture)
         return nullptr;
     auto *node = static_cast<QSGImageNode *>(previous.release());
     if (!node) {
@@ -53,17 +112,27 @@ QSGNode *PixelItem::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData * /*da
         node->setOwnsTexture(true);
         node->setFiltering(QSGTexture::Nearest);
     }
-    node->setTexture(window()->createTextureFromImage(image));
-    node->setRect(QRectF(QPointF(), image.deviceIndependentSize()));
+    node->setTexture(window()->createTextureFromImage(*m_picture));
+    node->setRect(QRectF(QPointF(), m_picture->deviceIndependentSize()));
     return node;
 }
 
-QImage PixelItem::picture()
+std::shared_ptr<const QImage> PixelItem::picture()
 {
     const qreal pixelRatio = window()->effectiveDevicePixelRatio();
     const QSize pixels(pixelsOf(width() * pixelRatio), pixelsOf(height() * pixelRatio));
     if (pixels.isEmpty() || !isVisible() || isBlank())
         return {};
+    const auto paintNew = [&] { return std::make_shared<QImage>(painted(pixels, pixelRatio)); };
+    const QString itsLook = look();
+    if (itsLook.isEmpty())
+        return paintNew();
+    // The fraction of a pixel shifts what is drawn.
+    return SharedPictures::instance().picture({itsLook, size(), pixelRatio}, paintNew);
+}
+
+QImage PixelItem::painted(QSize pixels, qreal pixelRatio)
+{
     QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(pixelRatio);
     image.fill(Qt::transparent);

@@ -4,6 +4,8 @@
 #include <QQuickItem>
 #include <QtQml/qqmlregistration.h>
 
+#include <memory>
+
 class QPainter;
 
 namespace ostrel {
@@ -26,13 +28,19 @@ public:
 protected:
     /// Whether there is nothing to draw: no picture is made then.
     [[nodiscard]] virtual bool isBlank() const { return false; }
+    /// All that decides how the item looks, but for its size: items of the same size and look share
+    /// one picture. Empty where each has its own.
+    [[nodiscard]] virtual QString look() const { return {}; }
 
     void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
     void itemChange(ItemChange change, const ItemChangeData &value) override;
     QSGNode *updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *data) override;
 
 private:
-    [[nodiscard]] QImage picture();
+    [[nodiscard]] std::shared_ptr<const QImage> picture();
+    [[nodiscard]] QImage painted(QSize pixels, qreal pixelRatio);
+
+    std::shared_ptr<const QImage> m_picture; ///< Null where there is nothing to draw.
 };
 
 } // namespace ostrel

@@ -1,5 +1,7 @@
 import QtQuick
 
+import Ostrel.Theme
+
 // The box of what can be pressed or chosen but doesn't ask for it.
 EdgedBox {
     id: root

@@ -1,6 +1,8 @@
 import QtQuick
 import QtQuick.Templates as T
 
+import Ostrel.Theme
+
 // Shows where a page stands, and drags it; gone a while after the last scroll.
 T.ScrollBar {
     id: root

@@ -1,5 +1,7 @@
 import QtQuick
 
+import Ostrel.Theme
+
 // One choice of a segmented picker.
 ChoiceButton {
     id: root

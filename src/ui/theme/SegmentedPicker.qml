@@ -2,6 +2,8 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 
+import Ostrel.Theme
+
 // A few choices in one track, of which one is taken. `spokenName` is what its label says.
 FocusScope {
     id: root

@@ -27,7 +27,7 @@ Item {
         color: Theme.faded(root.color, 0.5)
     }
 
-    ThemeText {
+    QuietText {
         id: titleText
 
         anchors.top: bar.bottom
@@ -36,10 +36,9 @@ Item {
         text: root.title
         font: Theme.statTitle
         color: Theme.textTertiary
-        isSpoken: false
     }
 
-    ThemeText {
+    QuietText {
         id: valueText
 
         objectName: "value"
@@ -48,10 +47,9 @@ Item {
         text: root.value
         font: root.valueSize === Theme.displayLarge.pixelSize ? Theme.displayLarge : ThemeFonts.face(Font.Bold, root.valueSize, 0)
         color: root.color
-        isSpoken: false
     }
 
-    ThemeText {
+    QuietText {
         id: unitText
 
         objectName: "unit"
@@ -62,6 +60,5 @@ Item {
         text: root.unit
         font: Theme.bodyMedium
         color: Theme.textTertiary
-        isSpoken: false
     }
 }

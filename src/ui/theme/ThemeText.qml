@@ -1,27 +1,7 @@
 import QtQuick
 
-import Ostrel.Theme
-
-// A text that a screen reader can name: on one line, in its line box, cut off at the right.
-Text {
-    id: root
-
-    // False where the control around it says the same.
-    property bool isSpoken: true
-    // How far the face's own line stands below the top of the line box.
-    readonly property real halfLeading: ThemeFonts.halfLeading(font)
-
-    // Rounded, a text in a line box of odd height stands too high among its neighbours.
-    anchors.alignWhenCentered: false
-    color: Theme.textPrimary
-    font: Theme.body
-    elide: Text.ElideRight
-    textFormat: Text.PlainText
-    lineHeight: ThemeFonts.lineBox(font.pixelSize)
-    lineHeightMode: Text.FixedHeight
-    topPadding: halfLeading
-    bottomPadding: -halfLeading - ThemeFonts.overhang(font)
+// A text that a screen reader can name.
+QuietText {
     Accessible.role: Accessible.StaticText
     Accessible.name: text
-    Accessible.ignored: !isSpoken
 }

@@ -1,5 +1,7 @@
 import QtQuick
 
+import Ostrel.Theme
+
 // A switch. `spokenName` is what its label says.
 BaseButton {
     id: root

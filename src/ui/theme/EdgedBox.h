@@ -6,9 +6,9 @@
 
 namespace ostrel {
 
-/// A rounded box whose edge lies over its fill, sharp and without seams also where its logical
-/// pixels aren't whole pixels of the screen.
-class PaintedBox : public ostrel::PixelItem
+/// A rounded box whose edge, if it has one, lies over its fill, inside its outline; sharp and
+/// without seams also where its logical pixels aren't whole pixels of the screen.
+class EdgedBox : public ostrel::PixelItem
 {
     Q_OBJECT
     QML_ELEMENT
@@ -18,7 +18,7 @@ class PaintedBox : public ostrel::PixelItem
     Q_PROPERTY(qreal radius MEMBER m_radius NOTIFY lookChanged FINAL)
 
 public:
-    explicit PaintedBox(QQuickItem *parent = nullptr);
+    explicit EdgedBox(QQuickItem *parent = nullptr);
 
     void paint(QPainter *painter) override;
 
@@ -27,10 +27,11 @@ Q_SIGNALS:
 
 protected:
     [[nodiscard]] bool isBlank() const override;
+    [[nodiscard]] QString look() const override;
 
 private:
-    QColor m_color;
-    QColor m_edge;
+    QColor m_color = Qt::transparent;
+    QColor m_edge = Qt::transparent;
     qreal m_edgeWidth = 1;
     qreal m_radius = 0;
 };

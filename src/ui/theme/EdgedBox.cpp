@@ -1,4 +1,4 @@
-#include "PaintedBox.h"
+#include "EdgedBox.h"
 
 #include <QPainter>
 
@@ -6,13 +6,13 @@
 
 namespace ostrel {
 
-PaintedBox::PaintedBox(QQuickItem *parent)
+EdgedBox::EdgedBox(QQuickItem *parent)
     : PixelItem(parent)
 {
-    connect(this, &PaintedBox::lookChanged, this, [this] { update(); });
+    connect(this, &EdgedBox::lookChanged, this, [this] { update(); });
 }
 
-void PaintedBox::paint(QPainter *painter)
+void EdgedBox::paint(QPainter *painter)
 {
     const QRectF box = boundingRect();
     const qreal radius = std::min({m_radius, box.width() / 2, box.height() / 2});
@@ -29,7 +29,15 @@ void PaintedBox::paint(QPainter *painter)
                              radius - inset);
 }
 
-bool PaintedBox::isBlank() const
+QString EdgedBox::look() const
+{
+    return QStringLiteral("box %1 %2 %3 %4")
+        .arg(m_color.name(QColor::HexArgb), m_edge.name(QColor::HexArgb))
+        .arg(m_edgeWidth)
+        .arg(m_radius);
+}
+
+bool EdgedBox::isBlank() const
 {
     return m_color.alpha() == 0 && m_edge.alpha() == 0;
 }
