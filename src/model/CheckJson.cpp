@@ -266,10 +266,12 @@ private:
 class CheckMapReader
 {
 public:
-    /// Of @p document, whose text begins at @p text.
-    CheckMapReader(ondemand::document &document, const char *text, CheckMapVisitor &visitor)
+    /// Of @p document, whose text @p text stands at @p offset.
+    CheckMapReader(ondemand::document &document, const char *text, quint64 offset,
+                   CheckMapVisitor &visitor)
         : m_document(document)
         , m_text(text)
+        , m_offset(offset)
         , m_visitor(visitor)
     {
     }
@@ -323,7 +325,8 @@ private:
         const char *end = nullptr;
         if (m_document.current_location().get(end) != SUCCESS)
             return false;
-        const TextRange range = {.offset = quint64(begin - m_text), .length = quint64(end - begin)};
+        const TextRange range = {.offset = m_offset + quint64(begin - m_text),
+                                 .length = quint64(end - begin)};
         m_visitor.takeCheck(std::move(reader.check()),
                             reader.isCompact(range.length) ? std::optional(range) : std::nullopt);
         return true;
@@ -331,6 +334,7 @@ private:
 
     ondemand::document &m_document;
     const char *m_text;
+    quint64 m_offset;
     CheckMapVisitor &m_visitor;
     LastReading m_last;
 };
@@ -382,16 +386,31 @@ std::optional<Check> decodeCheck(QByteArrayView json)
     return std::move(reader.check());
 }
 
+class CheckMapDecoder::Parser : public ondemand::parser
+{
+};
+
+CheckMapDecoder::CheckMapDecoder(CheckMapVisitor &visitor)
+    : m_visitor(visitor)
+    , m_parser(std::make_unique<Parser>())
+{
+    static_assert(padding >= SIMDJSON_PADDING);
+}
+
+CheckMapDecoder::~CheckMapDecoder() = default;
+
+bool CheckMapDecoder::decode(std::string_view json, quint64 offset)
+{
+    ondemand::document document;
+    const padded_string_view text(json.data(), json.size(), json.size() + padding);
+    return m_parser->iterate(text).get(document) == SUCCESS &&
+           CheckMapReader(document, json.data(), offset, m_visitor).read();
+}
+
 bool decodeCheckMap(QByteArray json, CheckMapVisitor &visitor)
 {
-    const auto size = std::size_t(json.size());
-    // The parser reads, but never heeds, some bytes past the end.
-    json.reserve(json.size() + qsizetype(SIMDJSON_PADDING));
-    ondemand::parser parser;
-    ondemand::document document;
-    const padded_string_view text(json.constData(), size, size + SIMDJSON_PADDING);
-    return parser.iterate(text).get(document) == SUCCESS &&
-           CheckMapReader(document, json.constData(), visitor).read();
+    json.reserve(json.size() + qsizetype(CheckMapDecoder::padding));
+    return CheckMapDecoder(visitor).decode({json.constData(), std::size_t(json.size())});
 }
 
 } // namespace ostrel

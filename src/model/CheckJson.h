@@ -5,8 +5,10 @@
 #include <QByteArray>
 #include <QUuid>
 
+#include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace ostrel {
 
@@ -41,11 +43,32 @@ public:
     virtual void takeCheck(Check &&check, std::optional<TextRange> compact) = 0;
 };
 
-/// Reads the stored map of histories: a JSON array that alternates a monitor's id and the array of
-/// its checks. Keys of a check may come in any order, unknown ones are passed over, of one that
+/// Reads stored maps of histories, each a JSON array that alternates a monitor's id and the array
+/// of its checks. Keys of a check may come in any order, unknown ones are passed over, of one that
 /// comes twice the last counts; UUIDs may be lower case. False, whatever @p visitor has received by
 /// then, if anything is malformed, a record lacks a required key or has a value of the wrong type
 /// (200.5 is no integer, null no string).
+class CheckMapDecoder
+{
+public:
+    /// How many bytes after a text have to be readable, whatever they hold.
+    static constexpr std::size_t padding = 64;
+
+    explicit CheckMapDecoder(CheckMapVisitor &visitor);
+    ~CheckMapDecoder();
+    Q_DISABLE_COPY_MOVE(CheckMapDecoder)
+
+    /// Reads the map @p json. To tell where texts stand, it stands at @p offset itself.
+    [[nodiscard]] bool decode(std::string_view json, quint64 offset = 0);
+
+private:
+    class Parser;
+
+    CheckMapVisitor &m_visitor;
+    std::unique_ptr<Parser> m_parser; ///< Keeps its memory from one map to the next.
+};
+
+/// Reads one map.
 [[nodiscard]] bool decodeCheckMap(QByteArray json, CheckMapVisitor &visitor);
 
 } // namespace ostrel

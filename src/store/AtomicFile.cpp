@@ -16,9 +16,6 @@ namespace {
 /// As many as the kernel follows.
 constexpr int maxLinks = 40;
 
-/// What parsers like to have behind a text, so that giving it to them copies nothing.
-constexpr qsizetype spareRoom = 64;
-
 /// What @p path names past all symbolic links, whether it exists or not; other than a canonical
 /// path, so that the target of a dangling link can be created.
 std::string resolved(std::filesystem::path path)
@@ -51,24 +48,6 @@ Descriptor openForReading(const std::string &path)
         [&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); }));
 }
 
-/// Fills @p bytes from the file, and cuts it where the file ends sooner.
-bool readAll(int descriptor, QByteArray &bytes)
-{
-    qsizetype filled = 0;
-    while (filled < bytes.size()) {
-        const auto room = static_cast<std::size_t>(bytes.size() - filled);
-        const auto count =
-            uninterrupted([&] { return ::read(descriptor, bytes.data() + filled, room); });
-        if (count < 0)
-            return false;
-        if (count == 0)
-            break;
-        filled += static_cast<qsizetype>(count);
-    }
-    bytes.truncate(filled);
-    return true;
-}
-
 /// Gives the file at @p path the second name @p kept, and leaves it its first. False where that
 /// fails, with EEXIST where the name is taken.
 bool giveSecondName(const std::string &path, const std::string &kept)
@@ -96,20 +75,22 @@ AtomicFile::AtomicFile(const QString &path)
 {
 }
 
-std::optional<QByteArray> AtomicFile::read(FileSnapshot *snapshot) const
+FileSnapshot AtomicFile::snapshot() const
 {
     Descriptor file = openForReading(m_path);
     const auto status = statusOf(file);
-    if (!status)
+    return status ? FileSnapshot(std::move(file), *status) : FileSnapshot();
+}
+
+std::optional<QByteArray> AtomicFile::read(FileSnapshot *snapshot) const
+{
+    FileSnapshot current = this->snapshot();
+    QByteArray bytes(static_cast<qsizetype>(current.size()), Qt::Uninitialized);
+    const std::span<char> room(bytes.data(), static_cast<std::size_t>(bytes.size()));
+    if (!current.isOfAFile() || !current.read(0, room))
         return std::nullopt;
-    QByteArray bytes;
-    bytes.reserve(status->st_size + spareRoom);
-    bytes.resize(status->st_size);
-    if (!readAll(file.number(), bytes))
-        return std::nullopt;
-    // With the status from before the reading, so that a write during it counts as one after it.
     if (snapshot)
-        *snapshot = FileSnapshot(std::move(file), *status);
+        *snapshot = std::move(current);
     return bytes;
 }
 

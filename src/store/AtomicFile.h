@@ -30,6 +30,8 @@ public:
 
     explicit AtomicFile(const QString &path);
 
+    /// The content of now; that of nothing where there is no file or it can't be read.
+    [[nodiscard]] FileSnapshot snapshot() const;
     /// The whole content; nothing where there is no file or it can't be read. Gives @p snapshot,
     /// where there is one, what was read.
     [[nodiscard]] std::optional<QByteArray> read(FileSnapshot *snapshot = nullptr) const;

@@ -6,6 +6,7 @@
 #include <QUuid>
 
 #include <deque>
+#include <map>
 #include <span>
 #include <string>
 #include <string_view>
@@ -58,5 +59,7 @@ private:
     TextRange m_storedText;
     std::deque<quint32> m_storedLengths; ///< Of the checks in it.
 };
+
+using CheckHistories = std::map<QUuid, CheckHistory>; ///< By the monitor's id.
 
 } // namespace ostrel

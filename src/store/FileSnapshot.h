@@ -25,6 +25,7 @@ public:
     FileSnapshot(Descriptor file, const struct stat &status);
 
     [[nodiscard]] bool isOfAFile() const { return m_file.isOpen(); }
+    [[nodiscard]] quint64 size() const { return static_cast<quint64>(m_size); } ///< In bytes.
     /// Whether there is a content, and it is as it was.
     [[nodiscard]] bool isIntact() const;
     /// Whether it is of the very file that has this @p status, and that is as it was.

@@ -3,11 +3,7 @@
 #include "CheckHistory.h"
 #include "ContentWriter.h"
 
-#include <map>
-
 namespace ostrel {
-
-using CheckHistories = std::map<QUuid, CheckHistory>; ///< By the monitor's id.
 
 /// One save of all histories, and what it has put where.
 class HistoriesWriter

@@ -1,35 +1,12 @@
 #include "StoredRecords.h"
 
 #include "AtomicFile.h"
-#include "CheckJson.h"
+#include "HistoriesReader.h"
 #include "MonitorJson.h"
 
 namespace ostrel {
 
 namespace {
-
-/// Builds the histories while their file is read.
-class HistoryLoader : public CheckMapVisitor
-{
-public:
-    void openHistory(const QUuid &monitorId) override
-    {
-        m_open = &m_histories.insert_or_assign(monitorId, CheckHistory(monitorId)).first->second;
-    }
-    void takeCheck(Check &&check, std::optional<TextRange> compact) override
-    {
-        if (compact)
-            m_open->append(std::move(check), *compact);
-        else
-            m_open->append(check);
-    }
-
-    [[nodiscard]] CheckHistories take() { return std::move(m_histories); }
-
-private:
-    CheckHistories m_histories;
-    CheckHistory *m_open = nullptr;
-};
 
 void readMonitors(const AtomicFile &file, StoredRecords &records)
 {
@@ -41,12 +18,10 @@ void readMonitors(const AtomicFile &file, StoredRecords &records)
 
 void readChecks(const AtomicFile &file, StoredRecords &records)
 {
-    HistoryLoader loader;
-    auto json = file.read(&records.checksContent);
-    const bool isLoaded = json && decodeCheckMap(*std::move(json), loader);
-    if (isLoaded)
-        records.checks = loader.take();
-    records.areChecksUnreadable = !isLoaded && file.exists();
+    records.checksContent = file.snapshot();
+    auto histories = readHistories(records.checksContent);
+    records.areChecksUnreadable = !histories && file.exists();
+    records.checks = std::move(histories).value_or(CheckHistories());
 }
 
 } // namespace

@@ -1,0 +1,141 @@
+#include "HistoriesReader.h"
+
+#include "CheckJson.h"
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <string_view>
+
+namespace ostrel {
+
+namespace {
+
+/// Some monitors' full histories; little enough for a processor's cache.
+constexpr std::size_t firstRoom = 1024 * 1024;
+
+/// Builds the histories while their file is read.
+class HistoryLoader : public CheckMapVisitor
+{
+public:
+    void openHistory(const QUuid &monitorId) override
+    {
+        m_open = &m_histories.insert_or_assign(monitorId, CheckHistory(monitorId)).first->second;
+    }
+    void takeCheck(Check &&check, std::optional<TextRange> compact) override
+    {
+        if (compact)
+            m_open->append(std::move(check), *compact);
+        else
+            m_open->append(check);
+    }
+
+    [[nodiscard]] CheckHistories take() { return std::move(m_histories); }
+
+private:
+    CheckHistories m_histories;
+    CheckHistory *m_open = nullptr;
+};
+
+/// Where the last history but one that @p text holds ends: at the comma after its bracket. Nothing
+/// where no such place is seen.
+///
+/// Taken for one is `}],"`, 36 characters and `",[`. Of that, the quotes can't be inside a string;
+/// it can stand elsewhere, deep inside a value that this program doesn't know, but then neither
+/// what comes before it nor what comes after it is a map.
+std::size_t lastEndOfAHistory(std::string_view text)
+{
+    constexpr std::size_t idLength = 36;
+    for (std::size_t bracket = text.rfind(']'); bracket != std::string_view::npos && bracket > 0;
+         bracket = text.rfind(']', bracket - 1)) {
+        if (text[bracket - 1] == '}' && text.substr(bracket + 1, 2) == ",\"" &&
+            text.substr(bracket + 3).substr(idLength, 3) == "\",[")
+            return bracket + 1;
+    }
+    return std::string_view::npos;
+}
+
+/// Reads a map from a file part by part, each of which is made a map of its own.
+class PartedReader
+{
+public:
+    PartedReader(const FileSnapshot &content, CheckMapVisitor &visitor, std::size_t room)
+        : m_content(content)
+        , m_decoder(visitor)
+    {
+        makeRoom(room);
+    }
+
+    [[nodiscard]] bool read()
+    {
+        while (fill()) {
+            if (isAtEnd())
+                return m_decoder.decode({m_text.get(), m_length}, m_offset);
+            const std::size_t end = lastEndOfAHistory({m_text.get(), m_length});
+            if (end == std::string_view::npos)
+                makeRoom(2 * m_room);
+            else if (!readUpTo(end))
+                return false;
+        }
+        return false;
+    }
+
+private:
+    void makeRoom(std::size_t room)
+    {
+        auto text = std::make_unique_for_overwrite<char[]>(room + CheckMapDecoder::padding);
+        std::copy_n(m_text.get(), m_length, text.get());
+        m_text = std::move(text);
+        m_room = room;
+    }
+
+    [[nodiscard]] bool fill()
+    {
+        const quint64 rest = m_content.size() - m_offset - m_length;
+        const auto count = static_cast<std::size_t>(std::min<quint64>(rest, m_room - m_length));
+        if (!m_content.read(m_offset + m_length, {m_text.get() + m_length, count}))
+            return false;
+        m_length += count;
+        return true;
+    }
+
+    [[nodiscard]] bool isAtEnd() const { return m_offset + m_length == m_content.size(); }
+
+    /// Reads what comes before the comma at @p end, and makes what follows the next map's
+    /// beginning.
+    [[nodiscard]] bool readUpTo(std::size_t end)
+    {
+        m_text[end] = ']';
+        if (!m_decoder.decode({m_text.get(), end + 1}, m_offset))
+            return false;
+        m_text[end] = '[';
+        m_length -= end;
+        m_offset += end;
+        std::memmove(m_text.get(), m_text.get() + end, m_length);
+        return true;
+    }
+
+    const FileSnapshot &m_content;
+    CheckMapDecoder m_decoder;
+    std::unique_ptr<char[]> m_text;
+    std::size_t m_room = 0;
+    std::size_t m_length = 0; ///< Of the text that is there.
+    quint64 m_offset = 0;     ///< Where it stands in the file.
+};
+
+} // namespace
+
+std::optional<CheckHistories> readHistories(const FileSnapshot &content)
+{
+    if (!content.isOfAFile())
+        return std::nullopt;
+    // As a whole where parts can't be read: they may not be what they seemed to be.
+    for (const std::size_t room : {firstRoom, static_cast<std::size_t>(content.size())}) {
+        HistoryLoader loader;
+        if (PartedReader(content, loader, room).read())
+            return loader.take();
+    }
+    return std::nullopt;
+}
+
+} // namespace ostrel

@@ -1,0 +1,238 @@
+#include "HistoriesReader.h"
+
+#include "AtomicFile.h"
+#include "Printers.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+
+namespace ostrel {
+namespace {
+
+const std::string idText = "01234567-89AB-CDEF-0123-456789ABCDEF";
+
+/// A map as text, and what it holds.
+struct StoredMap
+{
+    void open(const QUuid &id)
+    {
+        text += text.ends_with('[') || text.ends_with(',') ? "" : ",";
+        CheckHistory history(id);
+        text += history.opening();
+        m_open = &expected.insert_or_assign(id, std::vector<Check>()).first->second;
+        m_isFirst = true;
+    }
+    void add(const Check &check, const std::string &separator = ",")
+    {
+        text += std::exchange(m_isFirst, false) ? "" : separator;
+        appendCheck(text, check);
+        m_open->push_back(check);
+    }
+    void close() { text += ']'; }
+
+    std::string text = "[";
+    std::map<QUuid, std::vector<Check>> expected;
+
+private:
+    std::vector<Check> *m_open = nullptr;
+    bool m_isFirst = true;
+};
+
+class HistoriesReaderTest : public testing::Test
+{
+protected:
+    Check nextCheck(const QUuid &id)
+    {
+        Check check;
+        check.id = QUuid(++m_number, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0);
+        check.monitorId = id;
+        check.isUp = m_number % 3 == 0;
+        if (!check.isUp)
+            check.error = m_errors[m_number % std::size(m_errors)];
+        return check;
+    }
+    /// Histories of many lengths, some of them empty; about @p bytes in all.
+    StoredMap mapOf(std::size_t bytes, int longest)
+    {
+        StoredMap map;
+        for (uint i = 1; map.text.size() < bytes; ++i) {
+            const QUuid id(i * 2654435761U, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
+            map.open(id);
+            for (int count = std::uniform_int_distribution(0, longest)(m_random); count > 0;
+                 --count)
+                map.add(nextCheck(id));
+            map.close();
+        }
+        map.text += ']';
+        return map;
+    }
+    [[nodiscard]] std::optional<CheckHistories> read(const std::string &text) const
+    {
+        const AtomicFile file(m_folder.filePath(QStringLiteral("checks.json")));
+        FileSnapshot content;
+        const auto fill = [&](ContentWriter &writer) {
+            writer.append(text);
+            return true;
+        };
+        EXPECT_TRUE(file.write(fill, AtomicFile::Flush::none, &content));
+        return readHistories(content);
+    }
+    /// By this process from files, so far.
+    static quint64 bytesRead()
+    {
+        QFile file(QStringLiteral("/proc/self/io"));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        const QByteArray first = file.readLine();
+        EXPECT_TRUE(first.startsWith("rchar: ")) << first.constData();
+        return first.mid(QByteArrayView("rchar: ").size()).trimmed().toULongLong();
+    }
+    static void expectHolds(const std::optional<CheckHistories> &histories, const StoredMap &map)
+    {
+        ASSERT_TRUE(histories);
+        ASSERT_EQ(histories->size(), map.expected.size());
+        for (const auto &[id, checks] : map.expected) {
+            const CheckHistory &history = histories->at(id);
+            ASSERT_TRUE(std::ranges::equal(history.checks(), checks));
+        }
+    }
+    /// Also that it is known where all of it stands.
+    static void expectKnows(const std::optional<CheckHistories> &histories, const StoredMap &map)
+    {
+        expectHolds(histories, map);
+        for (const auto &[id, history] : *histories) {
+            ASSERT_TRUE(history.unstoredChecks().empty());
+            std::string expected;
+            for (const Check &check : history.checks()) {
+                expected += expected.empty() ? "" : ",";
+                appendCheck(expected, check);
+            }
+            const TextRange stored = history.storedText();
+            ASSERT_EQ(map.text.substr(stored.offset, stored.length), expected);
+        }
+    }
+
+private:
+    static inline const QString m_errors[] = {
+        QStringLiteral("Could not connect to [::1]"),
+        QStringLiteral("}],\"01234567-89AB-CDEF-0123-456789ABCDEF\",[{\"id\":"),
+        QStringLiteral(u"caf\u00e9 \U0001F426 ]}],"),
+        QStringLiteral("\\"),
+        QStringLiteral("}],"),
+    };
+
+    QTemporaryDir m_folder;
+    std::mt19937 m_random{20261121};
+    uint m_number = 0;
+};
+
+TEST_F(HistoriesReaderTest, OfManyPartsAllIsReadAndKnown)
+{
+    for (const int longest : {0, 3, 2000, 9000}) {
+        const StoredMap map = mapOf(longest == 0 ? 3000 : 5'000'000, longest);
+        expectKnows(read(map.text), map);
+    }
+}
+
+TEST_F(HistoriesReaderTest, AHistoryLargerThanAPartIsRead)
+{
+    const QUuid id(1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
+    StoredMap map;
+    map.open(id);
+    for (int i = 0; i < 30'000; ++i)
+        map.add(nextCheck(id));
+    map.close();
+    map.text += ']';
+    expectKnows(read(map.text), map);
+}
+
+TEST_F(HistoriesReaderTest, WhatTheProgramWritesIsReadFromTheFileOnce)
+{
+    const QUuid id(1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 2);
+    StoredMap map = mapOf(3'000'000, 3000);
+    map.text.back() = ',';
+    map.open(id);
+    for (int i = 0; i < 10'000; ++i)
+        map.add(nextCheck(id));
+    map.close();
+    map.text += ']';
+    const quint64 before = bytesRead();
+    expectKnows(read(map.text), map);
+    EXPECT_LT(bytesRead() - before, map.text.size() * 11 / 10);
+}
+
+TEST_F(HistoriesReaderTest, OtherLayoutsAreReadAsAWhole)
+{
+    const QUuid id(1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
+    StoredMap map;
+    map.text = "\n[";
+    map.open(id);
+    for (int i = 0; i < 10'000; ++i)
+        map.add(nextCheck(id), ",\n  ");
+    map.close();
+    map.text += " ]\n";
+    expectHolds(read(map.text), map);
+}
+
+TEST_F(HistoriesReaderTest, WhatLooksLikeAnEndInsideAnUnknownValueIsNone)
+{
+    const QUuid id(1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
+    const std::string trap = ",\"later\":[[{}],\"" + idText + "\",[{}],\"" + idText + "\",[{}]]}";
+    StoredMap map;
+    map.open(id);
+    for (int i = 0; i < 10'000; ++i) {
+        map.add(nextCheck(id));
+        map.text.replace(map.text.size() - 1, 1, trap);
+    }
+    map.close();
+    map.text += ']';
+    expectHolds(read(map.text), map);
+}
+
+TEST_F(HistoriesReaderTest, OneBadPlaceAnywhereSpoilsAll)
+{
+    const StoredMap map = mapOf(2'500'000, 1000);
+    for (const std::size_t place : {std::size_t(0), std::size_t(20), map.text.size() / 3,
+                                    map.text.size() / 2, map.text.size() - 1}) {
+        std::string bad = map.text;
+        bad[place] = '\x01';
+        EXPECT_FALSE(read(bad)) << place;
+        EXPECT_FALSE(read(map.text.substr(0, place))) << place;
+    }
+    EXPECT_FALSE(read(map.text + "x"));
+    EXPECT_FALSE(read(map.text + map.text));
+    EXPECT_FALSE(read(map.text.substr(1)));
+}
+
+TEST_F(HistoriesReaderTest, OfPartsThatAlternateWronglyNoneCounts)
+{
+    const QUuid id(1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
+    StoredMap map;
+    map.open(id);
+    for (int i = 0; i < 10'000; ++i)
+        map.add(nextCheck(id));
+    map.close();
+    const std::string pair = map.text.substr(1);
+    EXPECT_TRUE(read("[" + pair + "," + pair + "]"));
+    EXPECT_FALSE(read("[" + pair + "," + pair + ",\"" + idText + "\"]"));
+    EXPECT_FALSE(read("[" + pair + ",\"" + idText + "\"," + pair + "]"));
+    EXPECT_FALSE(read("[" + pair + ",[]," + pair + "]"));
+    EXPECT_FALSE(read("[" + pair + ",," + pair + "]"));
+    EXPECT_FALSE(read("{" + pair + "," + pair + "]"));
+    EXPECT_FALSE(read("[[" + pair + "," + pair + "]]"));
+}
+
+TEST_F(HistoriesReaderTest, NothingHoldsNothing)
+{
+    EXPECT_FALSE(readHistories(FileSnapshot()));
+    EXPECT_FALSE(read(""));
+    EXPECT_FALSE(read(" "));
+    EXPECT_TRUE(read("[]"));
+}
+
+} // namespace
+} // namespace ostrel
