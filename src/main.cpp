@@ -3,6 +3,7 @@
 #include "HttpCheck.h"
 #include "HttpClient.h"
 #include "IoThread.h"
+#include "MainWindowLoader.h"
 #include "NotificationManager.h"
 #include "OstrelApp.h"
 #include "Platform.h"
@@ -57,6 +58,7 @@ struct Program
         RecordsReader records(invocation.dataDir);
         preferSoftwareRenderer();
         QApplication application(argc, argv);
+        preparePlatform();
         QApplication::setDesktopFileName(QStringLiteral("ostrel"));
         ThemeFonts::install();
         PseudoTranslator pseudo;
@@ -108,6 +110,10 @@ struct Program
 private:
     static int watch(RecordsReader &records, SingleInstance &instance)
     {
+        // First, while others are at work on other threads.
+        auto views = std::make_unique<MainWindowLoader>();
+        views->prepare();
+
         const auto termination = makeTerminationSignal();
         NotificationPresenter presenter; // Of the status bar's, once there is one.
         const auto notificationCenter = makeNotificationCenter(
@@ -129,7 +135,7 @@ private:
         TimerSleeper sleeper;
 
         OstrelApp app(
-            records,
+            std::move(views), records.storageDir(), records.take(),
             {
                 .httpCheck = httpCheck,
                 .portCheck = portCheck,

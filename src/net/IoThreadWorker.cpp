@@ -40,8 +40,6 @@ void blockBrokenPipeSignal()
 IoThread::Worker::Worker(IoThreadConfiguration configuration)
     : m_configuration(std::move(configuration))
 {
-    initializeLibrary();
-    m_multi.reset(curl_multi_init());
     m_thread = std::thread([this] { run(); });
 }
 
@@ -50,7 +48,7 @@ IoThread::Worker::~Worker()
     {
         const std::lock_guard lock(m_mutex);
         m_requests.shallStop = true;
-        curl_multi_wakeup(m_multi.get());
+        wake();
     }
     m_thread.join();
 }
@@ -59,19 +57,29 @@ void IoThread::Worker::submit(std::unique_ptr<Transfer> transfer)
 {
     const std::lock_guard lock(m_mutex);
     m_requests.submissions.push_back(std::move(transfer));
-    curl_multi_wakeup(m_multi.get());
+    wake();
 }
 
 void IoThread::Worker::renewConnections()
 {
     const std::lock_guard lock(m_mutex);
     m_requests.shallRenew = true;
-    curl_multi_wakeup(m_multi.get());
+    wake();
+}
+
+void IoThread::Worker::wake()
+{
+    // Without one, the thread is still on its way to its first look at the requests.
+    if (m_multi)
+        curl_multi_wakeup(m_multi.get());
 }
 
 void IoThread::Worker::run()
 {
     blockBrokenPipeSignal();
+    // Here, since it takes milliseconds, which the start of a program doesn't have.
+    initializeLibrary();
+    replaceMulti();
     for (;;) {
         const int readySockets = waitForWork();
         Requests requests = takeRequests();
@@ -107,14 +115,17 @@ void IoThread::Worker::renew()
     auto interrupted = std::exchange(m_running, {});
     for (const auto &[handle, transfer] : interrupted)
         curl_multi_remove_handle(m_multi.get(), handle);
-    {
-        const std::lock_guard lock(m_mutex);
-        m_multi.reset(curl_multi_init());
-        // Whoever has asked for something since the requests were taken has woken the old one.
-        curl_multi_wakeup(m_multi.get());
-    }
+    replaceMulti();
     for (auto &[handle, transfer] : interrupted)
         startAnew(std::move(transfer));
+}
+
+void IoThread::Worker::replaceMulti()
+{
+    const std::lock_guard lock(m_mutex);
+    m_multi.reset(curl_multi_init());
+    // Whoever has asked for something since the requests were taken has woken the old one, or none.
+    wake();
 }
 
 void IoThread::Worker::startAnew(std::unique_ptr<Transfer> transfer)

@@ -40,6 +40,9 @@ private:
     };
 
     void run();
+    /// Has the thread look at the requests. Called with the mutex locked.
+    void wake();
+    void replaceMulti();
     [[nodiscard]] Requests takeRequests();
     void queue(std::deque<std::unique_ptr<Transfer>> submissions);
     void renew();

@@ -20,6 +20,9 @@ using NotificationPresenter = std::function<void(const NotificationRequest &)>;
 // The implementations of the ports that this build was configured for (OSTREL_PLATFORM). None of
 // these blocks, whatever the desktop lacks.
 
+/// Begins, on another thread, what the others would else wait for. Once there is an application.
+void preparePlatform();
+
 [[nodiscard]] std::unique_ptr<NotificationCenter>
 makeNotificationCenter(const NotificationPresenter &presenter);
 [[nodiscard]] std::unique_ptr<WakeSignal> makeWakeSignal();

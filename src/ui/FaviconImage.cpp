@@ -2,9 +2,13 @@
 
 #include "ContinueOn.h"
 #include "FaviconService.h"
+#include "ThemeFonts.h"
 
+#include <QFontMetricsF>
 #include <QPainter>
 #include <QQmlEngine>
+
+#include <cmath>
 
 namespace ostrel {
 
@@ -23,7 +27,7 @@ FaviconService *iconsOf(const QQuickItem &item)
 FaviconImage::FaviconImage(QQuickItem *parent)
     : PixelItem(parent)
 {
-    connect(this, &FaviconImage::radiusChanged, this, [this] { update(); });
+    connect(this, &FaviconImage::lookChanged, this, [this] { update(); });
 }
 
 void FaviconImage::useIcons(QQmlEngine &views, FaviconService &icons)
@@ -49,16 +53,48 @@ QString FaviconImage::placeholderLetter() const
 
 void FaviconImage::paint(QPainter *painter)
 {
-    if (m_icon.isNull())
-        return;
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    if (hasIcon())
+        paintIcon(painter);
+    else
+        paintPlaceholder(painter);
+}
+
+void FaviconImage::paintIcon(QPainter *painter)
+{
     const auto pixels = (size() * painter->device()->devicePixelRatioF()).toSize();
     // In one step from the source, as good as it gets; a transformed brush only interpolates.
     QBrush brush(m_icon.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
     brush.setTransform(QTransform::fromScale(width() / pixels.width(), height() / pixels.height()));
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(Qt::NoPen);
     painter->setBrush(brush);
     painter->drawRoundedRect(boundingRect(), m_radius, m_radius);
+}
+
+void FaviconImage::paintPlaceholder(QPainter *painter)
+{
+    painter->setBrush(m_plateColor);
+    painter->drawRoundedRect(boundingRect(), m_radius, m_radius);
+    const QString letter = placeholderLetter();
+    const QFont font = ThemeFonts::face(QFont::Bold, m_letterSize);
+    const QFontMetricsF metrics(font);
+    const qreal left = (width() - std::ceil(metrics.horizontalAdvance(letter))) / 2;
+    const qreal baseline =
+        (height() + std::round(metrics.ascent()) - std::round(metrics.descent())) / 2;
+    painter->setFont(font);
+    painter->setPen(m_letterColor);
+    painter->drawText(QPointF(left, baseline), letter);
+}
+
+QString FaviconImage::look() const
+{
+    if (hasIcon())
+        return {};
+    return QStringLiteral("letter %1 %2 %3")
+               .arg(m_plateColor.name(QColor::HexArgb), m_letterColor.name(QColor::HexArgb))
+               .arg(m_letterSize)
+               .arg(m_radius) +
+           placeholderLetter();
 }
 
 void FaviconImage::componentComplete()

@@ -2,6 +2,7 @@
 
 #include "PixelItem.h"
 
+#include <QColor>
 #include <QImage>
 
 class QQmlEngine;
@@ -10,14 +11,18 @@ namespace ostrel {
 
 class FaviconService;
 
-/// The icon of a site with round corners; draws nothing until, or unless, one is found.
+/// The icon of a site with round corners; until, or unless, one is found, a letter on a plate.
 class FaviconImage : public ostrel::PixelItem
 {
     Q_OBJECT
     QML_ELEMENT
     /// The address of the site.
     Q_PROPERTY(QString urlString READ urlString WRITE setUrlString NOTIFY urlStringChanged FINAL)
-    Q_PROPERTY(qreal radius MEMBER m_radius NOTIFY radiusChanged FINAL)
+    Q_PROPERTY(qreal radius MEMBER m_radius NOTIFY lookChanged FINAL)
+    Q_PROPERTY(QColor plateColor MEMBER m_plateColor NOTIFY lookChanged FINAL)
+    Q_PROPERTY(QColor letterColor MEMBER m_letterColor NOTIFY lookChanged FINAL)
+    /// In pixels, as a font's.
+    Q_PROPERTY(qreal letterSize MEMBER m_letterSize NOTIFY lookChanged FINAL)
     Q_PROPERTY(bool hasIcon READ hasIcon NOTIFY hasIconChanged FINAL)
     /// What stands for the site while it has no icon.
     Q_PROPERTY(QString placeholderLetter READ placeholderLetter NOTIFY urlStringChanged FINAL)
@@ -38,18 +43,24 @@ public:
 
 Q_SIGNALS:
     void urlStringChanged();
-    void radiusChanged();
+    void lookChanged();
     void hasIconChanged();
 
 protected:
     void componentComplete() override;
+    [[nodiscard]] QString look() const override;
 
 private:
+    void paintIcon(QPainter *painter);
+    void paintPlaceholder(QPainter *painter);
     void lookUp();
     void setIcon(const QImage &icon);
 
     QString m_urlString;
     qreal m_radius = 0;
+    QColor m_plateColor = Qt::transparent;
+    QColor m_letterColor = Qt::black;
+    qreal m_letterSize = 0;
     QImage m_icon;
 };
 

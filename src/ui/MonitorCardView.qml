@@ -26,7 +26,7 @@ CardStyle {
     }
 
     implicitHeight: Theme.monitorCardHeight
-    fill: area.pressed ? Theme.cardPressed : area.containsMouse ? Theme.cardHover : Theme.surface
+    color: area.pressed ? Theme.cardPressed : area.containsMouse ? Theme.cardHover : Theme.surface
     edge: area.containsMouse ? Theme.cardHoverEdge : Theme.hairline
     Accessible.role: Accessible.Button
     Accessible.name: spokenText

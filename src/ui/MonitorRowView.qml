@@ -31,30 +31,24 @@ SidebarRow {
     FaviconView {
         id: icon
 
+        objectName: "icon"
         x: Theme.rowInset
         anchors.verticalCenter: parent.verticalCenter
         urlString: root.url
         size: Theme.rowIconSize
 
+        // The dot's ring is as wide as its margin at most.
         Disc {
-            anchors.centerIn: dot
-            width: Theme.dotSize + 2 * Theme.dotRing
-            height: width
-            diameter: width
-            color: root.ground
-        }
-
-        Disc {
-            id: dot
-
             objectName: "dot"
             anchors.right: parent.right
             anchors.bottom: parent.bottom
-            anchors.margins: -Theme.rowDotOverhang
-            width: Theme.dotSize
-            height: Theme.dotSize
+            anchors.margins: -Theme.rowDotOverhang - Theme.rowDotMargin
+            width: Theme.dotSize + 2 * Theme.rowDotMargin
+            height: Theme.dotSize + 2 * Theme.rowDotMargin
             diameter: Theme.dotSize
             color: Theme.over(Theme.statusColor(root.status), root.ground)
+            groundDiameter: Theme.dotSize + 2 * Theme.dotRing
+            groundColor: root.ground
         }
     }
 

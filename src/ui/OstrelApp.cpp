@@ -6,7 +6,6 @@
 #include "MainWindowLoader.h"
 #include "MotionPreference.h"
 #include "NotificationCenter.h"
-#include "RecordsReader.h"
 
 #include <QCoreApplication>
 #include <QQuickWindow>
@@ -19,19 +18,13 @@ using namespace std::chrono_literals;
 
 constexpr auto longestWaitForAFrame = 1s;
 
-/// What @p records are, once @p views have used the time that it takes to read them.
-StoredRecords takenAfter(MainWindowLoader &views, RecordsReader &records)
-{
-    views.prepare();
-    return records.take();
-}
-
 } // namespace
 
-OstrelApp::OstrelApp(RecordsReader &records, const AppServices &services)
+OstrelApp::OstrelApp(std::unique_ptr<MainWindowLoader> views, const QString &storageDir,
+                     StoredRecords records, const AppServices &services)
     : m_services(services)
-    , m_views(std::make_unique<MainWindowLoader>())
-    , m_store(records.storageDir(), takenAfter(*m_views, records))
+    , m_views(std::move(views))
+    , m_store(storageDir, std::move(records))
     , m_engine({
           .store = m_store,
           .httpCheck = services.httpCheck,
@@ -48,8 +41,8 @@ OstrelApp::OstrelApp(RecordsReader &records, const AppServices &services)
     , m_form(m_store, m_engine)
     , m_opener(m_store, m_form)
     , m_settings(services.loginItem)
-    , m_desktop(services.workspace, records.storageDir())
-    , m_icons(records.storageDir() + QStringLiteral("/favicons"), services.fetchIcon)
+    , m_desktop(services.workspace, storageDir)
+    , m_icons(storageDir + QStringLiteral("/favicons"), services.fetchIcon)
 {
     connect(&m_form, &MonitorForm::websiteCreated, this, &OstrelApp::lookUpSite);
     connectStatusBarItem();

@@ -29,7 +29,6 @@ class MonitorCheck;
 class MotionPreference;
 class NotificationCenter;
 class NotificationManager;
-class RecordsReader;
 class Sleeper;
 class StatusBarHost;
 class WakeSignal;
@@ -58,8 +57,9 @@ class OstrelApp : public QObject
     Q_OBJECT
 
 public:
-    /// On the folder of @p records, which is being read.
-    OstrelApp(RecordsReader &records, const AppServices &services);
+    /// On the folder @p storageDir, which holds @p records.
+    OstrelApp(std::unique_ptr<MainWindowLoader> views, const QString &storageDir,
+              StoredRecords records, const AppServices &services);
     ~OstrelApp() override;
 
     /// Shows the main window; false where it can't be made.

@@ -18,6 +18,7 @@ Item {
     property bool showsHover: area.containsMouse
     property bool showsPress: area.pressed
     property bool isWindowActive: true
+    readonly property bool isMarked: isSelected || showsFocus
     readonly property color nameColor: isSelected && isWindowActive ? Theme.accent : Theme.textPrimary
     // The opaque colour under what the row holds.
     readonly property color ground: isSelected ? Theme.surface : Theme.over(wash, Theme.background)
@@ -40,9 +41,11 @@ Item {
         if (activeFocus)
             chosen();
     }
-    onShowsFocusChanged: {
-        if (showsFocus && !ring.item)
-            ring.setSource("RowFocusRing.qml");
+    onIsMarkedChanged: {
+        if (isMarked && !marks.item)
+            marks.setSource("SidebarRowMarks.qml", {
+                row: root
+            });
     }
 
     MouseArea {
@@ -65,16 +68,6 @@ Item {
         }
     }
 
-    Rectangle {
-        anchors.verticalCenter: parent.verticalCenter
-        x: box.x - Theme.selectionBarOffset - width
-        visible: root.isSelected
-        width: Theme.selectionBarWidth
-        height: Theme.selectionBarHeight
-        radius: Theme.selectionBarRadius
-        color: root.isWindowActive ? Theme.accent : Theme.statusMuted
-    }
-
     EdgedBox {
         id: box
 
@@ -90,11 +83,11 @@ Item {
         }
     }
 
-    // Made when it is first shown: most rows never need it.
+    // Made when they are first shown: most rows never need them.
     Loader {
-        id: ring
+        id: marks
 
         anchors.fill: box
-        visible: root.showsFocus
+        visible: root.isMarked
     }
 }

@@ -352,8 +352,9 @@ TEST_F(ContentViewTest, WithoutAnIconALetterOfTheHostStandsForItOrAQuestionMark)
     samples.add(database);
     show();
     const auto letter = [&](int index) {
-        const QQuickItem *shown = find(row(index), QStringLiteral("letter"));
-        return shown->isVisible() ? shown->property("text").toString() : QString();
+        const QQuickItem *icon = find(row(index), QStringLiteral("icon"));
+        return icon->property("hasIcon").toBool() ? QString()
+                                                  : icon->property("placeholderLetter").toString();
     };
     EXPECT_EQ(letter(0), QStringLiteral("S"));
     EXPECT_EQ(letter(1), QStringLiteral("?"));

@@ -9,7 +9,17 @@
 #include "Platform.h"
 #include "SessionBus.h"
 
+#include <QThreadPool>
+
 namespace ostrel {
+
+void preparePlatform()
+{
+    QThreadPool::globalInstance()->start([] {
+        static_cast<void>(sessionBus());
+        static_cast<void>(QDBusConnection::systemBus());
+    });
+}
 
 std::unique_ptr<NotificationCenter> makeNotificationCenter(const NotificationPresenter &)
 {

@@ -9,6 +9,8 @@
 
 namespace ostrel {
 
+void preparePlatform() {}
+
 std::unique_ptr<NotificationCenter> makeNotificationCenter(const NotificationPresenter &presenter)
 {
     return std::make_unique<PortableNotificationCenter>(presenter);

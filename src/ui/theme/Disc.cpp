@@ -14,13 +14,21 @@ void Disc::paint(QPainter *painter)
 {
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Qt::NoPen);
+    const QPointF middle = boundingRect().center();
+    if (m_groundColor.alpha() > 0) {
+        painter->setBrush(m_groundColor);
+        painter->drawEllipse(middle, m_groundDiameter / 2, m_groundDiameter / 2);
+    }
     painter->setBrush(m_color);
-    painter->drawEllipse(boundingRect().center(), m_diameter / 2, m_diameter / 2);
+    painter->drawEllipse(middle, m_diameter / 2, m_diameter / 2);
 }
 
 QString Disc::look() const
 {
-    return QStringLiteral("disc %1 %2").arg(m_color.name(QColor::HexArgb)).arg(m_diameter);
+    return QStringLiteral("disc %1 %2 %3 %4")
+        .arg(m_color.name(QColor::HexArgb), m_groundColor.name(QColor::HexArgb))
+        .arg(m_diameter)
+        .arg(m_groundDiameter);
 }
 
 } // namespace ostrel

@@ -6,14 +6,17 @@
 
 namespace ostrel {
 
-/// A filled circle in the middle of the item. Unlike a rectangle with a radius it is round and even
-/// at every size and place, also where its colour is translucent.
+/// A filled circle in the middle of the item, on a larger one if that is wanted. Unlike a rectangle
+/// with a radius it is round and even at every size and place, also where its colour is
+/// translucent.
 class Disc : public ostrel::PixelItem
 {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QColor color MEMBER m_color NOTIFY lookChanged FINAL)
     Q_PROPERTY(qreal diameter MEMBER m_diameter NOTIFY lookChanged FINAL)
+    Q_PROPERTY(QColor groundColor MEMBER m_groundColor NOTIFY lookChanged FINAL)
+    Q_PROPERTY(qreal groundDiameter MEMBER m_groundDiameter NOTIFY lookChanged FINAL)
 
 public:
     explicit Disc(QQuickItem *parent = nullptr);
@@ -29,6 +32,8 @@ protected:
 private:
     QColor m_color;
     qreal m_diameter = 0;
+    QColor m_groundColor = Qt::transparent;
+    qreal m_groundDiameter = 0;
 };
 
 } // namespace ostrel

@@ -2,8 +2,8 @@ import QtQuick
 
 import Ostrel.Theme
 
-// A monitor's status as a dot: a steady halo while up, a swelling one while down.
-Item {
+// A monitor's status as a dot: with a steady halo while up, a swelling one while down.
+Disc {
     id: root
 
     required property int status
@@ -14,6 +14,10 @@ Item {
 
     implicitWidth: 2.6 * size
     implicitHeight: 2.6 * size
+    diameter: size
+    color: Theme.statusColor(status)
+    groundDiameter: 2 * size
+    groundColor: status === MonitorStatus.Up ? Theme.faded(Theme.statusUp, 0.15) : Theme.none
     Component.onCompleted: pulse = true
     onIsDownChanged: {
         if (isDown && !halo.item)
@@ -24,25 +28,14 @@ Item {
             });
     }
 
-    Disc {
-        anchors.fill: parent
-        visible: root.status === MonitorStatus.Up
-        diameter: 2 * root.size
-        color: Theme.faded(Theme.statusUp, 0.15)
-    }
-
     // Made for the first outage: most dots never need it.
     Loader {
         id: halo
 
+        // Behind the dot.
+        z: -1
         x: (root.width - width) / 2
         y: (root.height - height) / 2
         visible: root.isDown
-    }
-
-    Disc {
-        anchors.fill: parent
-        diameter: root.size
-        color: Theme.statusColor(root.status)
     }
 }

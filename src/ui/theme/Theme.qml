@@ -160,6 +160,7 @@ QtObject {
     readonly property real rowFigureGap: 2
     readonly property real rowStateHeight: 16
     readonly property real rowDotOverhang: 2
+    readonly property real rowDotMargin: 2
     readonly property real selectionBarWidth: 3
     readonly property real selectionBarHeight: 20
     readonly property real selectionBarRadius: 1.5
