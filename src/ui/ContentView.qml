@@ -28,6 +28,11 @@ FocusScope {
     signal editRequested
     signal editEnded
 
+    function layOut(): void {
+        sidebar.layOut();
+        dashboard.layOut();
+    }
+
     function add(): void {
         if (!isSheetOpen)
             showingAddSheet = true;

@@ -20,6 +20,10 @@ Item {
     // A card has been chosen; it is selected.
     signal cardChosen
 
+    function layOut(): void {
+        grid.forceLayout();
+    }
+
     function scrollPages(pages: real): void {
         const top = grid.originY - grid.topMargin;
         const bottom = grid.originY + grid.contentHeight + grid.bottomMargin - grid.height;

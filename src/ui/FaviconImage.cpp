@@ -90,7 +90,7 @@ QString FaviconImage::look() const
 {
     if (hasIcon())
         return {};
-    return QStringLiteral("letter %1 %2 %3")
+    return QStringLiteral("letter %1 %2 %3 %4 ")
                .arg(m_plateColor.name(QColor::HexArgb), m_letterColor.name(QColor::HexArgb))
                .arg(m_letterSize)
                .arg(m_radius) +

@@ -19,6 +19,11 @@ Window {
     // To the settings' window, which doesn't have to be known before.
     signal settingsRequested
 
+    // Does what the first frame would do. Without, it is done all the same.
+    function layOut(): void {
+        content.layOut();
+    }
+
     title: "Ostrel"
     width: Theme.windowWidth
     height: Theme.windowHeight

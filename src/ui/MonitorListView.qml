@@ -22,6 +22,10 @@ KeyboardItem {
     // To the menu, which doesn't have to be known before it is first opened.
     signal menuRequested(row: MonitorListRow, x: real, y: real)
 
+    function layOut(): void {
+        list.forceLayout();
+    }
+
     function walkTo(row: int): void {
         focusReason = Qt.TabFocusReason;
         selection.selectRow(row);

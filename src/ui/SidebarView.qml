@@ -14,7 +14,13 @@ Item {
     signal addRequested
     signal settingsRequested
 
+    function layOut(): void {
+        monitorList.layOut();
+    }
+
     MonitorListView {
+        id: monitorList
+
         anchors.top: parent.top
         anchors.bottom: footer.top
         width: parent.width
