@@ -9,6 +9,7 @@
 #include "SheetOpener.h"
 #include "ThemeFonts.h"
 
+#include <QEventLoop>
 #include <QQuickWindow>
 #include <QThreadPool>
 
@@ -16,9 +17,14 @@ namespace ostrel {
 
 namespace {
 
+QUrl viewUrl(const QString &name)
+{
+    return QUrl(QStringLiteral("qrc:/qt/qml/Ostrel/%1.qml").arg(name));
+}
+
 QUrl mainWindow()
 {
-    return QUrl(QStringLiteral("qrc:/qt/qml/Ostrel/MainWindow.qml"));
+    return viewUrl(QStringLiteral("MainWindow"));
 }
 
 } // namespace
@@ -32,12 +38,16 @@ MainWindowLoader::MainWindowLoader()
 
 void MainWindowLoader::prepare()
 {
-    m_types.loadUrl(mainWindow());
+    // A module needs this thread when it is first imported; views that are made of known modules
+    // don't.
+    const QQmlComponent modules(&m_engine, viewUrl(QStringLiteral("WindowModules")));
+    m_types.loadUrl(mainWindow(), QQmlComponent::Asynchronous);
     ThemeFonts::loadFirstFaces();
 }
 
 QQuickWindow *MainWindowLoader::load(const WindowModels &models)
 {
+    finishPreparing();
     m_engine.setInitialProperties({
         {QStringLiteral("monitors"), QVariant::fromValue(&models.monitors)},
         {QStringLiteral("overview"), QVariant::fromValue(&models.overview)},
@@ -49,6 +59,14 @@ QQuickWindow *MainWindowLoader::load(const WindowModels &models)
     });
     m_engine.load(mainWindow());
     return qobject_cast<QQuickWindow *>(m_engine.rootObjects().value(0));
+}
+
+void MainWindowLoader::finishPreparing()
+{
+    QEventLoop loop;
+    QObject::connect(&m_types, &QQmlComponent::statusChanged, &loop, &QEventLoop::quit);
+    if (m_types.isLoading())
+        loop.exec(QEventLoop::ExcludeUserInputEvents);
 }
 
 } // namespace ostrel

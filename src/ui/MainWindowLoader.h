@@ -37,13 +37,17 @@ public:
     [[nodiscard]] QQmlApplicationEngine &engine() { return m_engine; }
 
     /// Loads what the window needs before it has anything to show, so that this can be done while
-    /// the data is still being read.
+    /// the data is still being read. The types of its views are loaded on another thread, and may
+    /// still be when this returns.
     void prepare();
     /// The window, not shown yet, which lives as long as this; null where it can't be made. The
     /// @p models outlive it.
     [[nodiscard]] QQuickWindow *load(const WindowModels &models);
 
 private:
+    /// Runs the event loop while it waits.
+    void finishPreparing();
+
     QQmlApplicationEngine m_engine;
     QQmlComponent m_types;
 };
