@@ -12,7 +12,7 @@ namespace ostrel {
 namespace {
 
 /// Some monitors' full histories; little enough for a processor's cache.
-constexpr std::size_t firstRoom = 1024 * 1024;
+constexpr std::size_t firstRoom = 1 << 20;
 
 /// Builds the histories while their file is read.
 class HistoryLoader : public CheckMapVisitor

@@ -63,6 +63,8 @@ Item {
         anchors.fill: parent
         visible: !root.overview.isEmpty
         clip: true
+        // A card is made in less than a frame's time: none is kept ready.
+        cacheBuffer: 0
         activeFocusOnTab: visible
         boundsBehavior: Flickable.StopAtBounds
         cellWidth: width / 2

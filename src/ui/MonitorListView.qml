@@ -113,6 +113,8 @@ KeyboardItem {
         anchors.bottom: parent.bottom
         width: parent.width
         clip: true
+        // A row is made in less than a frame's time: none is kept ready.
+        cacheBuffer: 0
         spacing: Theme.rowSpacing
         // A list that fits leaves the space under it to the area behind it.
         interactive: contentHeight > height
