@@ -1,8 +1,12 @@
 import QtQuick
-import QtQuick.Templates
+import QtQuick.Templates as T
 
 import Ostrel
 import Ostrel.Theme
 
-// Nothing but the modules that the main window is made of.
-QtObject {}
+// Names something of each module that the main window is made of, and makes none of it.
+QtObject {
+    readonly property T.Control ofTemplates: null
+    readonly property Disc ofTheme: null
+    readonly property FaviconImage ofViews: null
+}
