@@ -56,17 +56,20 @@ protected:
             check.error = m_errors[m_number % std::size(m_errors)];
         return check;
     }
+    void addHistory(StoredMap &map, const QUuid &id, int count, const std::string &separator = ",")
+    {
+        map.open(id);
+        for (int i = 0; i < count; ++i)
+            map.add(nextCheck(id), separator);
+        map.close();
+    }
     /// Histories of many lengths, some of them empty; about @p bytes in all.
     StoredMap mapOf(std::size_t bytes, int longest)
     {
         StoredMap map;
         for (uint i = 1; map.text.size() < bytes; ++i) {
             const QUuid id(i * 2654435761U, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
-            map.open(id);
-            for (int count = std::uniform_int_distribution(0, longest)(m_random); count > 0;
-                 --count)
-                map.add(nextCheck(id));
-            map.close();
+            addHistory(map, id, std::uniform_int_distribution(0, longest)(m_random));
         }
         map.text += ']';
         return map;
@@ -142,10 +145,7 @@ TEST_F(HistoriesReaderTest, AHistoryLargerThanAPartIsRead)
 {
     const QUuid id(1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
     StoredMap map;
-    map.open(id);
-    for (int i = 0; i < 30'000; ++i)
-        map.add(nextCheck(id));
-    map.close();
+    addHistory(map, id, 30'000);
     map.text += ']';
     expectKnows(read(map.text), map);
 }
@@ -155,10 +155,7 @@ TEST_F(HistoriesReaderTest, WhatTheProgramWritesIsReadFromTheFileOnce)
     const QUuid id(1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 2);
     StoredMap map = mapOf(3'000'000, 3000);
     map.text.back() = ',';
-    map.open(id);
-    for (int i = 0; i < 10'000; ++i)
-        map.add(nextCheck(id));
-    map.close();
+    addHistory(map, id, 10'000);
     map.text += ']';
     const quint64 before = bytesRead();
     expectKnows(read(map.text), map);
@@ -170,10 +167,7 @@ TEST_F(HistoriesReaderTest, OtherLayoutsAreReadAsAWhole)
     const QUuid id(1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
     StoredMap map;
     map.text = "\n[";
-    map.open(id);
-    for (int i = 0; i < 10'000; ++i)
-        map.add(nextCheck(id), ",\n  ");
-    map.close();
+    addHistory(map, id, 10'000, ",\n  ");
     map.text += " ]\n";
     expectHolds(read(map.text), map);
 }
@@ -212,10 +206,7 @@ TEST_F(HistoriesReaderTest, OfPartsThatAlternateWronglyNoneCounts)
 {
     const QUuid id(1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
     StoredMap map;
-    map.open(id);
-    for (int i = 0; i < 10'000; ++i)
-        map.add(nextCheck(id));
-    map.close();
+    addHistory(map, id, 10'000);
     const std::string pair = map.text.substr(1);
     EXPECT_TRUE(read("[" + pair + "," + pair + "]"));
     EXPECT_FALSE(read("[" + pair + "," + pair + ",\"" + idText + "\"]"));
