@@ -18,7 +18,7 @@ namespace ostrel {
 /// character.
 void appendCheck(std::string &json, const Check &check);
 
-/// The check that @p json, one object, holds; nothing on the terms of decodeCheckMap.
+/// The check that @p json, one object, holds; nothing on the terms of CheckMapDecoder.
 [[nodiscard]] std::optional<Check> decodeCheck(QByteArrayView json);
 
 /// A part of a text, in bytes.

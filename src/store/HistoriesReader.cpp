@@ -37,7 +37,7 @@ private:
     CheckHistory *m_open = nullptr;
 };
 
-/// Where the last history but one that @p text holds ends: at the comma after its bracket. Nothing
+/// Where the last history but one that @p text holds ends: at the comma after its bracket. npos
 /// where no such place is seen.
 ///
 /// Taken for one is `}],"`, 36 characters and `",[`. Of that, the quotes can't be inside a string;

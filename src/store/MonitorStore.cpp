@@ -53,8 +53,8 @@ MonitorStore::MonitorStore(const QString &storageDir, StoredRecords records, Acc
     , m_now(std::move(now))
     , m_monitorsFile{AtomicFile(StoredRecords::monitorsPath(storageDir)),
                      records.areMonitorsUnreadable}
-    , m_checksFile{AtomicFile(StoredRecords::checksPath(storageDir)), records.areChecksUnreadable,
-                   std::move(records.checksContent)}
+    , m_checksFile{AtomicFile(StoredRecords::checksPath(storageDir)), records.areChecksUnreadable}
+    , m_checksContent(std::move(records.checksContent))
     , m_monitors(std::move(records.monitors))
     , m_checks(std::move(records.checks))
 {
@@ -229,10 +229,10 @@ void MonitorStore::saveChecks()
     HistoriesWriter writer;
     bool isComplete = true;
     const auto fill = [&](ContentWriter &content) {
-        isComplete = writer.write(m_checks, m_checksFile.content, content);
+        isComplete = writer.write(m_checks, m_checksContent, content);
         return isComplete;
     };
-    if (save(m_checksFile, fill, AtomicFile::Flush::none)) {
+    if (save(m_checksFile, fill, AtomicFile::Flush::none, &m_checksContent)) {
         writer.tell(m_checks);
     } else if (!isComplete) {
         // Somebody has written into the file, or it can't be read any more.
@@ -242,14 +242,14 @@ void MonitorStore::saveChecks()
     }
 }
 
-bool MonitorStore::save(File &file, const AtomicFile::Fill &fill, AtomicFile::Flush flush) const
+bool MonitorStore::save(File &file, const AtomicFile::Fill &fill, AtomicFile::Flush flush,
+                        FileSnapshot *content) const
 {
     if (m_access == Access::readOnly)
         return false;
     const bool isSaved =
-        file.keepOld
-            ? file.file.writeKeepingOld(fill, flush, unreadableSuffix(m_now()), &file.content)
-            : file.file.write(fill, flush, &file.content);
+        file.keepOld ? file.file.writeKeepingOld(fill, flush, unreadableSuffix(m_now()), content)
+                     : file.file.write(fill, flush, content);
     file.keepOld = file.keepOld && !isSaved;
     return isSaved;
 }

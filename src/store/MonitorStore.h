@@ -98,13 +98,13 @@ private:
     {
         AtomicFile file;
         bool keepOld = false; ///< What it holds could not be loaded, and no save has replaced it.
-        FileSnapshot content = {}; ///< What it held when it was last read or saved.
     };
 
     void prepareFolder() const;
     void saveMonitors();
     void saveChecks();
-    bool save(File &file, const AtomicFile::Fill &fill, AtomicFile::Flush flush) const;
+    bool save(File &file, const AtomicFile::Fill &fill, AtomicFile::Flush flush,
+              FileSnapshot *content = nullptr) const;
     [[nodiscard]] CheckHistory &historyOf(const QUuid &monitorId);
     [[nodiscard]] Timestamp beginningOf(std::chrono::hours window) const;
 
@@ -113,6 +113,7 @@ private:
     WallClock m_now;
     File m_monitorsFile;
     File m_checksFile;
+    FileSnapshot m_checksContent; ///< What that held when it was last read or saved.
     QList<Monitor> m_monitors;
     CheckHistories m_checks;
 };
