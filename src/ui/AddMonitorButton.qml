@@ -7,8 +7,7 @@ BaseButton {
     id: root
 
     text: qsTr("Add Monitor")
-    leftPadding: Theme.addButtonPadding
-    rightPadding: Theme.addButtonPadding
+    horizontalPadding: Theme.addButtonPadding
     implicitHeight: Theme.addButtonHeight
 
     contentItem: ButtonLabel {

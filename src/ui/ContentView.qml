@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 
 import Ostrel
 import Ostrel.Theme
@@ -17,7 +16,6 @@ FocusScope {
     required property DesktopActions desktop
     property alias selectedMonitorId: chosen.monitorId
     property bool showingAddSheet: false
-    property bool showedFocus: false
     // Set by the sheet.
     property bool isSheetOpen: false
 
@@ -39,7 +37,6 @@ FocusScope {
     }
 
     function openSheet(): void {
-        showedFocus = (Window.activeFocusItem as T.Control)?.visualFocus ?? false;
         if (!sheet.item)
             sheet.setSource("ContentSheet.qml", {
                 content: root
@@ -51,7 +48,7 @@ FocusScope {
     function takeBack(): void {
         showingAddSheet = false;
         editEnded();
-        forceActiveFocus(showedFocus ? Qt.TabFocusReason : Qt.PopupFocusReason);
+        forceActiveFocus(Qt.PopupFocusReason);
     }
 
     function openEditor(): void {

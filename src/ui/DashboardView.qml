@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 
 import Ostrel
 import Ostrel.Theme
@@ -73,7 +72,6 @@ Item {
         topMargin: Theme.pageMargin + Theme.bannerHeight + Theme.sectionSpacing
         bottomMargin: Theme.pageMargin - Theme.spacing
         model: root.monitors
-        T.ScrollBar.vertical: ScrollIndicatorBar {}
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Dashboard")
         Keys.onReturnPressed: choose(currentIndex)
@@ -103,5 +101,9 @@ Item {
                 grid.forceActiveFocus(Qt.OtherFocusReason);
             }
         }
+    }
+
+    PageScrollBar {
+        page: grid
     }
 }

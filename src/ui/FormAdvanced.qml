@@ -14,8 +14,7 @@ Column {
 
     TextButton {
         objectName: "advanced"
-        leftPadding: 0
-        rightPadding: 0
+        horizontalPadding: 0
         implicitHeight: Theme.advancedButtonHeight
         text: qsTr("Advanced")
         symbol: root.form.showAdvanced ? "chevron.down" : "chevron.right"

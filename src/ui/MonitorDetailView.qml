@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 
 import Ostrel
 import Ostrel.Theme
@@ -32,7 +31,6 @@ Flickable {
     contentHeight: page.height + 2 * Theme.pageMargin
     boundsBehavior: Flickable.StopAtBounds
     clip: true
-    T.ScrollBar.vertical: ScrollIndicatorBar {}
     // What has the keyboard stands at the page's top.
     onFocusedChanged: {
         if (holds(focused))
@@ -122,5 +120,10 @@ Flickable {
                 countText: root.detail.recentCountText
             }
         }
+    }
+
+    PageScrollBar {
+        parent: root
+        page: root
     }
 }

@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 
 import Ostrel
 import Ostrel.Theme
@@ -82,7 +81,6 @@ FocusScope {
         boundsBehavior: Flickable.StopAtBounds
         clip: isScrolling
         onFocusedChanged: reveal()
-        T.ScrollBar.vertical: ScrollIndicatorBar {}
 
         Column {
             id: groups
@@ -218,6 +216,10 @@ FocusScope {
                 form: root.form
             }
         }
+    }
+
+    PageScrollBar {
+        page: middle
     }
 
     Item {

@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 
 import Ostrel
 import Ostrel.Theme
@@ -123,7 +122,6 @@ KeyboardItem {
         highlightMoveDuration: 0
         model: root.monitors
         currentIndex: root.selection.row
-        T.ScrollBar.vertical: ScrollIndicatorBar {}
 
         delegate: MonitorListRow {
             id: row
@@ -160,6 +158,10 @@ KeyboardItem {
                 easing.type: Easing.OutQuad
             }
         }
+    }
+
+    PageScrollBar {
+        page: list
     }
 
     // Made when it is first opened.

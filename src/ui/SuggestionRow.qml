@@ -6,8 +6,7 @@ import Ostrel.Theme
 BaseButton {
     id: root
 
-    leftPadding: Theme.fieldPadding
-    rightPadding: Theme.fieldPadding
+    horizontalPadding: Theme.fieldPadding
     implicitHeight: Theme.suggestionHeight
 
     contentItem: ButtonLabel {

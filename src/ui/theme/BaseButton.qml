@@ -1,9 +1,9 @@
 import QtQuick
-import QtQuick.Templates as T
 
-// What all the theme's buttons share: the keys that press them, their place in the focus chain,
-// the focus ring, the help text and what a screen reader says.
-T.AbstractButton {
+import Ostrel.Theme
+
+// What all the theme's buttons share: the focus ring, the help text and what a screen reader says.
+ButtonItem {
     id: root
 
     property string helpText: ""
@@ -13,38 +13,18 @@ T.AbstractButton {
     property bool showsFocus: visualFocus
     readonly property bool wantsHelp: hovered && !down && helpText !== ""
 
-    function press(): void {
-        if (root.checkable)
-            root.toggle();
-        root.clicked();
-    }
-
-    // Found by its name. As a handler, the action would be offered twice.
-    function accessiblePressAction(): void {
-        if (root.enabled)
-            press();
-    }
-
-    implicitWidth: implicitContentWidth + leftPadding + rightPadding
-    implicitHeight: implicitContentHeight + topPadding + bottomPadding
-    hoverEnabled: true
-    focusPolicy: Qt.TabFocus
+    implicitWidth: (contentItem ? contentItem.implicitWidth : 0) + 2 * horizontalPadding
+    implicitHeight: (contentItem ? contentItem.implicitHeight : 0) + 2 * verticalPadding
     opacity: enabled ? 1 : Theme.disabledOpacity
+    Accessible.role: checkable ? Accessible.CheckBox : Accessible.Button
     Accessible.name: spokenName
     Accessible.description: enabled ? "" : qsTr("Unavailable")
     onWantsHelpChanged: {
         if (wantsHelp && !help.item)
             help.setSource("HelpText.qml", {
-                text: Qt.binding(() => helpText)
+                text: Qt.binding(() => helpText),
+                visible: Qt.binding(() => wantsHelp)
             });
-    }
-    Keys.onReturnPressed: event => {
-        if (!event.isAutoRepeat)
-            press();
-    }
-    Keys.onEnterPressed: event => {
-        if (!event.isAutoRepeat)
-            press();
     }
 
     FocusRing {
@@ -57,6 +37,5 @@ T.AbstractButton {
         id: help
 
         anchors.fill: parent
-        onLoaded: (item as T.ToolTip).visible = Qt.binding(() => root.wantsHelp)
     }
 }

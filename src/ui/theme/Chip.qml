@@ -4,8 +4,7 @@ import QtQuick
 ChoiceButton {
     id: root
 
-    leftPadding: Theme.chipPadding
-    rightPadding: Theme.chipPadding
+    horizontalPadding: Theme.chipPadding
     implicitHeight: Theme.chipHeight
     radius: height / 2
 

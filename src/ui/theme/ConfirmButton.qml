@@ -6,8 +6,7 @@ import Ostrel.Theme
 BaseButton {
     id: root
 
-    leftPadding: Theme.confirmPadding
-    rightPadding: Theme.confirmPadding
+    horizontalPadding: Theme.confirmPadding
     implicitHeight: Theme.confirmHeight
     radius: height / 2
     opacity: 1

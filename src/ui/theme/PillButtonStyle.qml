@@ -10,10 +10,8 @@ BaseButton {
     property string symbol: ""
     property real symbolSize: 12
 
-    leftPadding: Theme.pillPadding
-    rightPadding: Theme.pillPadding
-    topPadding: Theme.spacing
-    bottomPadding: Theme.spacing
+    horizontalPadding: Theme.pillPadding
+    verticalPadding: Theme.spacing
     radius: height / 2
 
     contentItem: ButtonLabel {

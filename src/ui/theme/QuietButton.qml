@@ -6,8 +6,7 @@ BaseButton {
 
     property string symbol: ""
 
-    leftPadding: Theme.quietButtonPadding
-    rightPadding: Theme.quietButtonPadding
+    horizontalPadding: Theme.quietButtonPadding
     implicitHeight: Theme.quietButtonHeight
 
     contentItem: ButtonLabel {

@@ -7,19 +7,23 @@ import Ostrel.Theme
 T.ScrollBar {
     id: root
 
+    required property Flickable page
     property bool showsHover: hovered || pressed
     property bool isLingering: false
     readonly property real thickness: showsHover ? Theme.scrollBarWidthHover : Theme.scrollBarWidth
 
-    implicitWidth: Theme.scrollBarWidthHover + 2 * Theme.scrollBarMargin
-    implicitHeight: implicitWidth
+    orientation: Qt.Vertical
+    size: page.visibleArea.heightRatio
+    position: page.visibleArea.yPosition
     padding: Theme.scrollBarMargin
-    minimumSize: height > 0 ? Math.min(1, Theme.scrollBarMinimum / (horizontal ? width : height)) : 0
+    minimumSize: height > 0 ? Math.min(1, Theme.scrollBarMinimum / height) : 0
     hoverEnabled: true
     visible: size < 1
     opacity: active || showsHover || isLingering ? 1 : 0
     Accessible.ignored: true
     onPositionChanged: {
+        if (pressed)
+            page.contentY = page.originY - page.topMargin + position * (page.topMargin + page.contentHeight + page.bottomMargin);
         isLingering = true;
         linger.restart();
     }
@@ -40,9 +44,8 @@ T.ScrollBar {
     contentItem: Item {
         EdgedBox {
             anchors.right: parent.right
-            anchors.bottom: parent.bottom
-            width: root.horizontal ? parent.width : root.thickness
-            height: root.horizontal ? root.thickness : parent.height
+            width: root.thickness
+            height: parent.height
             radius: root.thickness / 2
             color: root.showsHover ? Theme.scrollBarHover : Theme.scrollBar
         }

@@ -6,11 +6,10 @@ import Ostrel.Theme
 ChoiceButton {
     id: root
 
-    leftPadding: Theme.segmentPadding
-    rightPadding: Theme.segmentPadding
+    horizontalPadding: Theme.segmentPadding
     implicitHeight: Theme.segmentHeight - 2 * Theme.segmentInset
     radius: Theme.segmentRadius
-    focusPolicy: isSelected ? Qt.TabFocus : Qt.NoFocus
+    activeFocusOnTab: isSelected
 
     contentItem: ButtonLabel {
         text: root.text

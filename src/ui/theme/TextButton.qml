@@ -7,8 +7,7 @@ BaseButton {
     property string symbol: ""
     property font face: Theme.body
 
-    leftPadding: Theme.textButtonPadding
-    rightPadding: Theme.textButtonPadding
+    horizontalPadding: Theme.textButtonPadding
     implicitHeight: Theme.confirmHeight
 
     contentItem: ButtonLabel {

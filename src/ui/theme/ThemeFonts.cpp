@@ -69,6 +69,9 @@ void ThemeFonts::install()
     QFont::insertSubstitutions(monospaced(),
                                {QStringLiteral("JetBrains Mono"), QStringLiteral("Fira Code"),
                                 QStringLiteral("DejaVu Sans Mono"), QStringLiteral("monospace")});
+    // Every text looks at the application's font before it is set in its own. The desktop's would
+    // be loaded for that alone.
+    QGuiApplication::setFont(face(400, 13, defaultLetterSpacing));
     // Hinted glyphs are sharper on a coarse screen; on a finer one they are spaced unevenly.
     QQuickWindow::setTextRenderType(qGuiApp->devicePixelRatio() > 1.0
                                         ? QQuickWindow::QtTextRendering
@@ -102,7 +105,7 @@ QFont ThemeFonts::mono(int weight, qreal pixelSize)
 
 QFont ThemeFonts::system(qreal pixelSize)
 {
-    QFont font = QGuiApplication::font();
+    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
     font.setPixelSize(static_cast<int>(std::lround(pixelSize)));
     return font;
 }

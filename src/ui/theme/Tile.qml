@@ -6,8 +6,7 @@ ChoiceButton {
 
     property string symbol: ""
 
-    leftPadding: Theme.tilePadding
-    rightPadding: Theme.tilePadding
+    horizontalPadding: Theme.tilePadding
     implicitHeight: Theme.tileHeight
 
     contentItem: ButtonLabel {

@@ -134,6 +134,119 @@ TEST_P(PressableTest, ShowsItsFocusRingToTheKeyboardOnly)
 
 INSTANTIATE_TEST_SUITE_P(Controls, PressableTest, testing::ValuesIn(pressables), nameOf);
 
+TEST(ButtonItemTest, IsPressedWhereThePointerLetsGoInside)
+{
+    ThemeView view("ButtonItem { objectName: 'subject'; width: 80; height: 32 }");
+    ASSERT_EQ(view.error(), QString());
+    QSignalSpy clicked(view.item(), SIGNAL(clicked()));
+    const QPoint inside = ThemeView::middleOf(*view.item());
+    const QPoint outside = inside + QPoint(0, 40);
+
+    QTest::mousePress(&view.window(), Qt::LeftButton, {}, inside);
+    EXPECT_EQ(view.property("down"), QVariant(true));
+    QTest::mouseMove(&view.window(), outside);
+    EXPECT_EQ(view.property("down"), QVariant(false));
+    QTest::mouseRelease(&view.window(), Qt::LeftButton, {}, outside);
+    EXPECT_EQ(clicked.count(), 0);
+
+    QTest::mousePress(&view.window(), Qt::LeftButton, {}, inside);
+    QTest::mouseMove(&view.window(), outside);
+    QTest::mouseMove(&view.window(), inside);
+    EXPECT_EQ(view.property("down"), QVariant(true));
+    QTest::mouseRelease(&view.window(), Qt::LeftButton, {}, inside);
+    EXPECT_EQ(clicked.count(), 1);
+    EXPECT_EQ(view.property("down"), QVariant(false));
+    EXPECT_FALSE(view.item()->hasActiveFocus()) << "a click doesn't take the keyboard";
+}
+
+TEST(ButtonItemTest, ADoubleClickIsTwoPressesAndOtherButtonsAreNone)
+{
+    ThemeView view("ButtonItem { objectName: 'subject'; width: 80; height: 32 }");
+    QSignalSpy clicked(view.item(), SIGNAL(clicked()));
+    const QPoint middle = ThemeView::middleOf(*view.item());
+
+    QTest::mouseClick(&view.window(), Qt::RightButton, {}, middle);
+    EXPECT_EQ(clicked.count(), 0);
+    QTest::mouseDClick(&view.window(), Qt::LeftButton, {}, middle);
+    EXPECT_EQ(clicked.count(), 2);
+}
+
+TEST(ButtonItemTest, AHeldKeyPressesOnce)
+{
+    ThemeView view("ButtonItem { objectName: 'subject'; width: 80; height: 32 }");
+    QSignalSpy clicked(view.item(), SIGNAL(clicked()));
+    view.item()->forceActiveFocus(Qt::TabFocusReason);
+
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space}) {
+        clicked.clear();
+        QTest::keyPress(&view.window(), key);
+        for (int repeat = 0; repeat < 3; ++repeat) {
+            QKeyEvent release(QEvent::KeyRelease, key, {}, QString(), true);
+            QCoreApplication::sendEvent(&view.window(), &release);
+            QKeyEvent press(QEvent::KeyPress, key, {}, QString(), true);
+            QCoreApplication::sendEvent(&view.window(), &press);
+        }
+        QTest::keyRelease(&view.window(), key);
+        EXPECT_EQ(clicked.count(), 1) << key;
+    }
+}
+
+TEST(ButtonItemTest, WhatTakesThePointerOrTheKeyboardAwayTakesThePressBack)
+{
+    ThemeView view("ButtonItem { objectName: 'subject'; width: 80; height: 32 }");
+    QSignalSpy clicked(view.item(), SIGNAL(clicked()));
+    const QPoint middle = ThemeView::middleOf(*view.item());
+
+    view.item()->forceActiveFocus(Qt::TabFocusReason);
+    QTest::keyPress(&view.window(), Qt::Key_Space);
+    EXPECT_EQ(view.property("down"), QVariant(true));
+    view.item()->setFocus(false);
+    EXPECT_EQ(view.property("down"), QVariant(false));
+    QTest::keyRelease(&view.window(), Qt::Key_Space);
+
+    QTest::mousePress(&view.window(), Qt::LeftButton, {}, middle);
+    view.item()->ungrabMouse();
+    EXPECT_EQ(view.property("down"), QVariant(false));
+    QTest::mouseRelease(&view.window(), Qt::LeftButton, {}, middle);
+
+    QTest::mousePress(&view.window(), Qt::LeftButton, {}, middle);
+    view.setProperty("enabled", false);
+    EXPECT_EQ(view.property("down"), QVariant(false));
+    QTest::mouseRelease(&view.window(), Qt::LeftButton, {}, middle);
+    EXPECT_EQ(clicked.count(), 0);
+}
+
+TEST(ButtonItemTest, KnowsThePointerUntilItIsDisabled)
+{
+    ThemeView view("ButtonItem { objectName: 'subject'; width: 80; height: 32 }");
+    QTest::mouseMove(&view.window(), ThemeView::middleOf(*view.item()) + QPoint(0, 60));
+    EXPECT_EQ(view.property("hovered"), QVariant(false));
+    QTest::mouseMove(&view.window(), ThemeView::middleOf(*view.item()));
+    EXPECT_TRUE(waitFor([&] { return view.property("hovered").toBool(); }));
+
+    view.setProperty("enabled", false);
+
+    EXPECT_EQ(view.property("hovered"), QVariant(false));
+}
+
+TEST(ButtonItemTest, LaysItsContentsOutBetweenItsPaddings)
+{
+    ThemeView view("ButtonItem { objectName: 'subject'; width: 80; height: 32\n"
+                   "horizontalPadding: 12; verticalPadding: 4\n"
+                   "contentItem: Item {} background: Item {} }");
+    ASSERT_EQ(view.error(), QString());
+    const auto *content = view.property("contentItem").value<QQuickItem *>();
+    const auto *background = view.property("background").value<QQuickItem *>();
+    const auto boxOf = [](const QQuickItem &item) { return QRectF(item.position(), item.size()); };
+    EXPECT_EQ(boxOf(*content), QRectF(12, 4, 56, 24));
+    EXPECT_EQ(boxOf(*background), QRectF(0, 0, 80, 32));
+
+    view.setProperty("width", 20);
+
+    EXPECT_EQ(boxOf(*content), QRectF(12, 4, 0, 24));
+    EXPECT_EQ(boxOf(*background), QRectF(0, 0, 20, 32));
+}
+
 TEST(ToggleTest, SwitchesAndSaysSo)
 {
     ThemeView view("Toggle { objectName: 'subject'; spokenName: 'Launch at Login' }");
@@ -337,15 +450,50 @@ TEST(PendingRingTest, TurnsOnlyWhileItCanBeSeen)
 
 TEST(ScrollIndicatorBarTest, IsGoneAWhileAfterTheLastScroll)
 {
-    ThemeView view("ScrollIndicatorBar { objectName: 'subject'; orientation: Qt.Vertical; "
-                   "height: 200; size: 0.5 }");
+    ThemeView view("Flickable { id: page; width: 100; height: 200; contentHeight: 400 }\n"
+                   "ScrollIndicatorBar { objectName: 'subject'; page: page; height: 200 }");
     ASSERT_EQ(view.error(), QString());
     EXPECT_TRUE(waitFor([&] { return view.item()->opacity() == 0; }));
 
-    view.setProperty("position", 0.2);
+    (void)view.evaluate(QStringLiteral("page.contentY = 40"));
 
     EXPECT_TRUE(waitFor([&] { return view.item()->opacity() == 1; }));
     EXPECT_TRUE(waitFor([&] { return view.item()->opacity() == 0; }));
+}
+
+TEST(PageScrollBarTest, IsMadeWhenThePageScrollsOrThePointerComes)
+{
+    const QByteArray page = "Flickable { id: page; width: 100; height: 200; contentHeight: 400 }\n"
+                            "PageScrollBar { objectName: 'subject'; page: page }";
+    const auto isMade = [](ThemeView &view) {
+        return view.property("item").value<QQuickItem *>() != nullptr;
+    };
+    ThemeView scrolled(page);
+    ASSERT_EQ(scrolled.error(), QString());
+    EXPECT_FALSE(isMade(scrolled));
+    (void)scrolled.evaluate(QStringLiteral("page.contentY = 1"));
+    EXPECT_TRUE(isMade(scrolled));
+
+    ThemeView pointed(page);
+    QTest::mouseMove(&pointed.window(), ThemeView::middleOf(*pointed.item()));
+    EXPECT_TRUE(waitFor([&] { return isMade(pointed); }));
+}
+
+TEST(PageScrollBarTest, DraggedToItsEndsItShowsThePageWithItsMargins)
+{
+    ThemeView view("Flickable { id: page; width: 100; height: 200; contentHeight: 400\n"
+                   "topMargin: 20; bottomMargin: 30; contentY: -20 }\n"
+                   "PageScrollBar { objectName: 'subject'; page: page }");
+    (void)view.evaluate(QStringLiteral("page.contentY = 0"));
+    const QPoint bar = view.item()->mapToScene({view.item()->width() / 2, 20}).toPoint();
+
+    QTest::mousePress(&view.window(), Qt::LeftButton, {}, bar);
+    QTest::mouseMove(&view.window(), bar + QPoint(0, 20));
+    QTest::mouseMove(&view.window(), bar + QPoint(0, 180));
+    EXPECT_EQ(view.evaluate(QStringLiteral("page.contentY")), QVariant(400.0 + 30 - 200));
+    QTest::mouseMove(&view.window(), bar - QPoint(0, 40));
+    EXPECT_EQ(view.evaluate(QStringLiteral("page.contentY")), QVariant(-20.0));
+    QTest::mouseRelease(&view.window(), Qt::LeftButton, {}, bar);
 }
 
 } // namespace ostrel::test
