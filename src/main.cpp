@@ -1,8 +1,7 @@
 #include "CheckCommand.h"
 #include "CommandLine.h"
 #include "HttpCheck.h"
-#include "HttpClient.h"
-#include "IoThread.h"
+#include "LazyNetwork.h"
 #include "MainWindowLoader.h"
 #include "NotificationManager.h"
 #include "OstrelApp.h"
@@ -13,7 +12,6 @@
 #include "Sleeper.h"
 #include "StatusCommand.h"
 #include "StorageFolder.h"
-#include "TcpConnector.h"
 #include "ThemeFonts.h"
 
 #include <QApplication>
@@ -84,7 +82,8 @@ struct Program
     int operator()(const CheckInvocation &invocation)
     {
         const QCoreApplication application(argc, argv);
-        const Check check = runCheckOnce(invocation);
+        LazyNetwork network;
+        const Check check = runCheckOnce(invocation, network);
         print(describeCheck(invocation, check));
         return exitCodeOf(check);
     }
@@ -124,14 +123,12 @@ private:
         const auto motion = makeMotionPreference();
         const auto statusBarHost = makeStatusBarHost();
 
-        IoThread ioThread;
+        LazyNetwork network;
         QObject::connect(wakeSignal.get(), &WakeSignal::didWake, &instance,
-                         [&] { ioThread.renewConnections(); });
-        HttpClient httpClient(ioThread);
-        TcpConnector tcpConnector(ioThread);
+                         [&] { network.renewConnections(); });
         NotificationManager notifications(*notificationCenter);
-        HttpCheck httpCheck(httpClient, notifications);
-        PortCheck portCheck(tcpConnector);
+        HttpCheck httpCheck(network, notifications);
+        PortCheck portCheck(network);
         TimerSleeper sleeper;
 
         OstrelApp app(
@@ -147,7 +144,7 @@ private:
                 .workspace = *workspace,
                 .motion = *motion,
                 .statusBarHost = *statusBarHost,
-                .fetchIcon = [&](const HttpRequest &request) { return httpClient.fetch(request); },
+                .fetchIcon = [&](const HttpRequest &request) { return network.fetch(request); },
             });
         presenter = [&app](const NotificationRequest &request) {
             app.statusBarItem().present(request);

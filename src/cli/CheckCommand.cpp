@@ -2,10 +2,8 @@
 
 #include "CheckJson.h"
 #include "HttpCheck.h"
-#include "IoThread.h"
 #include "NotificationManager.h"
 #include "PortCheck.h"
-#include "TcpConnector.h"
 
 #include <QEventLoop>
 #include <QFutureWatcher>
@@ -74,15 +72,12 @@ QStringList details(const Monitor &monitor, const Check &check)
 
 } // namespace
 
-Check runCheckOnce(const CheckInvocation &invocation)
+Check runCheckOnce(const CheckInvocation &invocation, Network &network)
 {
     SilentNotificationCenter silence;
     NotificationManager notifications(silence);
-    IoThread ioThread;
-    HttpClient client(ioThread);
-    TcpConnector connector(ioThread);
-    HttpCheck httpCheck(client, notifications);
-    PortCheck portCheck(connector);
+    HttpCheck httpCheck(network, notifications);
+    PortCheck portCheck(network);
     MonitorCheck &check = invocation.monitor.type == MonitorType::http
                               ? static_cast<MonitorCheck &>(httpCheck)
                               : portCheck;

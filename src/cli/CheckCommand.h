@@ -7,9 +7,11 @@
 
 namespace ostrel {
 
-/// Makes the one check that @p invocation asks for, on an event loop of its own. Touches no file
-/// and notifies nobody.
-[[nodiscard]] Check runCheckOnce(const CheckInvocation &invocation);
+class Network;
+
+/// Makes the one check that @p invocation asks for by @p network, on an event loop of its own.
+/// Touches no file and notifies nobody.
+[[nodiscard]] Check runCheckOnce(const CheckInvocation &invocation, Network &network);
 
 /// @p check as the command prints it: for people a few lines, else the one object that the history
 /// file would hold. UTF-8, with a newline at the end.

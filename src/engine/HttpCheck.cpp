@@ -105,8 +105,8 @@ HttpCheck::HttpCheck(Fetch fetch, NotificationManager &notifications, WallClock 
 {
 }
 
-HttpCheck::HttpCheck(HttpClient &client, NotificationManager &notifications)
-    : HttpCheck([&client](const HttpRequest &request) { return client.fetch(request); },
+HttpCheck::HttpCheck(Network &network, NotificationManager &notifications)
+    : HttpCheck([&network](const HttpRequest &request) { return network.fetch(request); },
                 notifications)
 {
 }

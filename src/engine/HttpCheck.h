@@ -1,7 +1,7 @@
 #pragma once
 
-#include "HttpClient.h"
 #include "MonitorCheck.h"
+#include "Network.h"
 
 #include <QObject>
 
@@ -27,14 +27,14 @@ public:
     /// How much of a decoded body is searched for the keyword, in bytes: 64 MiB.
     static constexpr qsizetype searchedBodyLimit = qsizetype(64) * 1024 * 1024;
 
-    /// How a request is sent: HttpClient::fetch.
+    /// How a request is sent: Network::fetch.
     using Fetch = std::function<QFuture<HttpResult>(const HttpRequest &)>;
 
     /// @p notifications outlives the check.
     HttpCheck(Fetch fetch, NotificationManager &notifications, WallClock now = systemNow,
               QObject *parent = nullptr);
-    /// @p client outlives the check too.
-    HttpCheck(HttpClient &client, NotificationManager &notifications);
+    /// @p network outlives the check too.
+    HttpCheck(Network &network, NotificationManager &notifications);
 
     [[nodiscard]] QFuture<Check> run(const Monitor &monitor) override;
 

@@ -46,9 +46,9 @@ PortCheck::PortCheck(TcpConnect tcpConnect, WallClock now, QObject *parent)
 {
 }
 
-PortCheck::PortCheck(TcpConnector &connector)
-    : PortCheck([&connector](const QString &host, quint16 port, std::chrono::milliseconds timeout) {
-        return connector.connect(host, port, timeout);
+PortCheck::PortCheck(Network &network)
+    : PortCheck([&network](const QString &host, quint16 port, std::chrono::milliseconds timeout) {
+        return network.connect(host, port, timeout);
     })
 {
 }

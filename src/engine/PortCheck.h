@@ -1,7 +1,7 @@
 #pragma once
 
 #include "MonitorCheck.h"
-#include "TcpConnector.h"
+#include "Network.h"
 
 #include <QObject>
 
@@ -15,13 +15,13 @@ class PortCheck : public QObject, public MonitorCheck
     Q_OBJECT
 
 public:
-    /// How a connection is opened: TcpConnector::connect.
+    /// How a connection is opened: Network::connect.
     using TcpConnect = std::function<QFuture<TcpResult>(const QString &host, quint16 port,
                                                         std::chrono::milliseconds timeout)>;
 
     explicit PortCheck(TcpConnect tcpConnect, WallClock now = systemNow, QObject *parent = nullptr);
-    /// @p connector outlives the check.
-    explicit PortCheck(TcpConnector &connector);
+    /// @p network outlives the check.
+    explicit PortCheck(Network &network);
 
     [[nodiscard]] QFuture<Check> run(const Monitor &monitor) override;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "HttpClient.h"
+#include "Network.h"
 
 #include <QFuture>
 #include <QImage>
@@ -11,7 +11,7 @@
 
 namespace ostrel {
 
-/// How requests reach the network: HttpClient::fetch, or what a test puts in its place.
+/// How requests reach the network: Network::fetch, or what a test puts in its place.
 using Fetch = std::function<QFuture<HttpResult>(const HttpRequest &)>;
 
 /// How much of an answer is read, in bytes after decoding. A page is cut there; a picture that is

@@ -1,6 +1,7 @@
 #include "CheckCommand.h"
 
 #include "CheckJson.h"
+#include "CurlNetwork.h"
 #include "HostileBehaviours.h"
 #include "Printers.h"
 
@@ -19,6 +20,12 @@ CheckInvocation invocation(const QByteArray &url)
     return check;
 }
 
+Check runOnce(const CheckInvocation &invocation)
+{
+    CurlNetwork network;
+    return runCheckOnce(invocation, network);
+}
+
 } // namespace
 
 TEST(CheckCommandTest, AnAddressThatAnswersIsUp)
@@ -26,7 +33,7 @@ TEST(CheckCommandTest, AnAddressThatAnswersIsUp)
     const HostileServer server(answerWith("welcome"));
     CheckInvocation check = invocation(server.url());
     check.monitor.keyword = QStringLiteral("WELCOME");
-    const Check made = runCheckOnce(check);
+    const Check made = runOnce(check);
 
     EXPECT_EQ(exitCodeOf(made), exitUp);
     const QByteArray text = describeCheck(check, made);
@@ -39,7 +46,7 @@ TEST(CheckCommandTest, AnAddressThatFailsIsDownWithItsReason)
 {
     const HostileServer server(answerWithStatus);
     const CheckInvocation check = invocation(server.url("/503"));
-    const Check made = runCheckOnce(check);
+    const Check made = runOnce(check);
     EXPECT_EQ(exitCodeOf(made), exitDown);
     EXPECT_TRUE(describeCheck(check, made).endsWith("\n      HTTP 503\n"));
 }
@@ -50,10 +57,10 @@ TEST(CheckCommandTest, APortIsOpenOrClosed)
     CheckInvocation check = invocation("127.0.0.1");
     check.monitor.type = MonitorType::port;
     check.monitor.port = server.port();
-    EXPECT_EQ(exitCodeOf(runCheckOnce(check)), exitUp);
+    EXPECT_EQ(exitCodeOf(runOnce(check)), exitUp);
 
     check.monitor.port = closedPort();
-    const Check made = runCheckOnce(check);
+    const Check made = runOnce(check);
     EXPECT_EQ(exitCodeOf(made), exitDown);
     EXPECT_TRUE(describeCheck(check, made).contains("closed or unreachable"));
 }
@@ -63,7 +70,7 @@ TEST(CheckCommandTest, JsonIsTheStoredForm)
     const HostileServer server(answerWith("welcome"));
     CheckInvocation check = invocation(server.url());
     check.format = OutputFormat::json;
-    const Check made = runCheckOnce(check);
+    const Check made = runOnce(check);
 
     const QByteArray json = describeCheck(check, made);
     EXPECT_TRUE(json.endsWith("}\n"));
@@ -79,7 +86,7 @@ TEST(CheckCommandTest, SlowIsSaidAndStaysUp)
     const HostileServer server(answerAfter(60ms));
     CheckInvocation check = invocation(server.url());
     check.monitor.responseTimeThreshold = Milliseconds(50);
-    const Check made = runCheckOnce(check);
+    const Check made = runOnce(check);
     EXPECT_EQ(exitCodeOf(made), exitUp);
     EXPECT_TRUE(describeCheck(check, made).contains("Slow: the threshold is 50 ms"));
 }

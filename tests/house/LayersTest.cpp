@@ -26,6 +26,7 @@ const QHash<QString, QStringList> &allowedFolders()
         {QStringLiteral("model"), {}},
         {QStringLiteral("store"), {QStringLiteral("model")}},
         {QStringLiteral("net"), {}},
+        {QStringLiteral("curl"), {QStringLiteral("net")}},
         {QStringLiteral("notify"), {QStringLiteral("model")}},
         {QStringLiteral("engine"),
          {QStringLiteral("async"), QStringLiteral("model"), QStringLiteral("store"),

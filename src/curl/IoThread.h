@@ -28,9 +28,7 @@ public:
     IoThread(const IoThread &) = delete;
     IoThread &operator=(const IoThread &) = delete;
 
-    /// After a sleep, sockets and look-ups are worthless: forgets them all. Transfers under way
-    /// begin anew, with their whole time-out before them; one that had done so before has what is
-    /// left of it, so that nothing runs for ever. Any thread.
+    /// As Network::renewConnections says. Any thread.
     void renewConnections();
 
     class Worker;

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "Network.h"
+
+namespace ostrel {
+
+class IoThread;
+
+/// Fetches web addresses, as Network::fetch says.
+class HttpClient
+{
+public:
+    /// @p ioThread outlives the client.
+    explicit HttpClient(IoThread &ioThread);
+
+    /// Starts @p request. May be called from any thread.
+    [[nodiscard]] QFuture<HttpResult> fetch(const HttpRequest &request);
+
+private:
+    IoThread &m_ioThread;
+};
+
+} // namespace ostrel

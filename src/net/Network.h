@@ -1,0 +1,74 @@
+#pragma once
+
+#include "TlsDelegate.h"
+
+#include <QByteArray>
+#include <QFuture>
+#include <QString>
+
+#include <chrono>
+#include <memory>
+
+namespace ostrel {
+
+struct HttpRequest
+{
+    QByteArray url;    ///< Absolute, encoded (RFC 3986). Only http and https are fetched.
+    QByteArray method; ///< "GET", "HEAD" or "POST"; a POST carries no body.
+    QByteArray userAgent;
+    std::chrono::milliseconds timeout; ///< Bounds the whole exchange: look-up, all hops, the body.
+    qsizetype bodyLimit = 0;           ///< How much of the body to keep, in bytes after decoding.
+    std::shared_ptr<TlsDelegate> tlsDelegate; ///< May be null.
+};
+
+struct HttpResult
+{
+    /// False where no complete response arrived; `error` then says why.
+    bool hasResponse = false;
+    int statusCode = 0; ///< Of the last hop.
+    /// The first bytes of the last hop's body, decoded, up to the request's bodyLimit.
+    QByteArray body;
+    bool isBodyTruncated = false;
+    /// From the request's admission to its end, measured on the I/O thread, to the microsecond.
+    std::chrono::microseconds elapsed{0};
+    QString error; ///< One line in the library's own words.
+};
+
+struct TcpResult
+{
+    bool isConnected = false;
+    /// From the attempt's admission to its end, measured on the I/O thread, to the microsecond.
+    std::chrono::microseconds elapsed{0};
+};
+
+/// All that the program does with the network. Any thread.
+///
+/// A future finishes, with exactly one result, at most half a second after the time-out counted
+/// from the admission; only where the network ends first is it cancelled instead.
+class Network
+{
+public:
+    Network() = default;
+    Network(const Network &) = delete;
+    Network &operator=(const Network &) = delete;
+    virtual ~Network() = default;
+
+    /// Fetches a web address. Every request stands alone: a connection, look-up, TLS session and
+    /// cookie jar of its own, none of them kept. Up to 20 redirects are followed, to http and https
+    /// only; POST becomes GET on 301, 302 and 303.
+    [[nodiscard]] virtual QFuture<HttpResult> fetch(const HttpRequest &request) = 0;
+
+    /// Sees whether a TCP connection can be opened. Resolves @p host (a name, an IPv4 or an IPv6
+    /// address, without brackets) and connects to @p port, trying the addresses of both families
+    /// (happy eyeballs, RFC 8305), all within @p timeout. A refusal ends the attempt at once.
+    /// Nothing is sent or received, and no proxy is used.
+    [[nodiscard]] virtual QFuture<TcpResult> connect(const QString &host, quint16 port,
+                                                     std::chrono::milliseconds timeout) = 0;
+
+    /// After a sleep, sockets and look-ups are worthless: forgets them all. What is under way
+    /// begins anew, with its whole time-out before it; what had done so before has what is left of
+    /// it, so that nothing runs for ever.
+    virtual void renewConnections() = 0;
+};
+
+} // namespace ostrel
