@@ -17,6 +17,7 @@
 #include <QApplication>
 #include <QQmlExtensionPlugin>
 #include <QQuickWindow>
+#include <QTimer>
 
 #include <cstdio>
 #include <variant>
@@ -30,6 +31,8 @@ using namespace ostrel;
 using namespace std::chrono_literals;
 
 constexpr int exitFailed = 1;
+/// After that the window is there, and every monitor has had its first check.
+constexpr auto startingTime = 4s;
 
 void print(const QByteArray &text, std::FILE *stream = stdout)
 {
@@ -52,6 +55,7 @@ struct Program
 
     int operator()(const RunInvocation &invocation)
     {
+        keepMemorySmall();
         // Before all else, since it takes as long as that.
         RecordsReader records(invocation.dataDir);
         preferSoftwareRenderer();
@@ -153,6 +157,7 @@ private:
                          &AppDelegate::reopen);
         QObject::connect(termination.get(), &TerminationSignal::terminationRequested, &app,
                          &QCoreApplication::quit);
+        QTimer::singleShot(startingTime, &returnFreedMemory);
         return app.show() ? QCoreApplication::exec() : exitFailed;
     }
 };

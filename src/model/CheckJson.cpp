@@ -162,11 +162,13 @@ struct Reading
     Value value = {};
 };
 
-/// What most checks of one history have in common, so that it is parsed once and then recognised.
+/// What most checks of one history have in common, so that it is parsed once and then recognised;
+/// and what the failed ones have, so that all of an outage share one text.
 struct LastReading
 {
     Reading<QUuid> monitorId;
     Reading<CompactOptional<Timestamp>> sslExpiresAt;
+    Reading<OptionalText> error;
 
     /// Gives @p check the value of @p key if @p token is the text that it had last time.
     [[nodiscard]] bool recall(Check &check, std::size_t key, std::string_view token) const
@@ -175,6 +177,8 @@ struct LastReading
             check.monitorId = monitorId.value;
         else if (key == std::size_t(CheckKey::sslExpiresAt) && token == sslExpiresAt.token)
             check.sslExpiresAt = sslExpiresAt.value;
+        else if (key == std::size_t(CheckKey::error) && token == error.token)
+            check.error = error.value;
         else
             return false;
         return true;
@@ -186,6 +190,8 @@ struct LastReading
             monitorId = {token, check.monitorId};
         else if (key == std::size_t(CheckKey::sslExpiresAt))
             sslExpiresAt = {token, check.sslExpiresAt};
+        else if (key == std::size_t(CheckKey::error))
+            error = {token, check.error};
     }
 };
 

@@ -20,6 +20,12 @@ using NotificationPresenter = std::function<void(const NotificationRequest &)>;
 // The implementations of the ports that this build was configured for (OSTREL_PLATFORM). None of
 // these blocks, whatever the desktop lacks.
 
+/// Has the threads use each other's freed memory, for a program that runs all day. Before any of
+/// them.
+void keepMemorySmall();
+/// Gives the memory back that a start has used and freed.
+void returnFreedMemory();
+
 /// Begins, on another thread, what the others would else wait for. Once there is an application.
 void preparePlatform();
 

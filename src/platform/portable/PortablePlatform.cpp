@@ -9,6 +9,10 @@
 
 namespace ostrel {
 
+void keepMemorySmall() {}
+
+void returnFreedMemory() {}
+
 void preparePlatform() {}
 
 std::unique_ptr<NotificationCenter> makeNotificationCenter(const NotificationPresenter &presenter)
