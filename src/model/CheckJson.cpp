@@ -166,7 +166,7 @@ struct Reading
 /// and what the failed ones have, so that all of an outage share one text.
 struct LastReading
 {
-    Reading<QUuid> monitorId;
+    Reading<SharedUuid> monitorId;
     Reading<CompactOptional<Timestamp>> sslExpiresAt;
     Reading<OptionalText> error;
 

@@ -103,6 +103,24 @@ std::optional<std::string> compactTextOf(const std::string &json)
     return range ? std::optional(map.substr(range->offset, range->length)) : std::nullopt;
 }
 
+TEST(CheckJsonTest, FailuresOfOneTextShareItAndOthersKeepTheirs)
+{
+    const std::string timedOut = with(R"("error":"Timed out")");
+    const std::string refused = with(R"("error":"Refused")");
+    Collector collector;
+    ASSERT_TRUE(decodeMap("[" + monitorIdJson + ",[" + timedOut + "," + plainJson + "," + timedOut +
+                              "," + refused + "," + timedOut + "]]",
+                          collector));
+
+    const std::vector<Check> &checks = collector.checks;
+    ASSERT_EQ(checks.size(), 5U);
+    EXPECT_EQ(*checks[0].error, QStringLiteral("Timed out"));
+    EXPECT_FALSE(checks[1].error);
+    EXPECT_EQ(&*checks[2].error, &*checks[0].error);
+    EXPECT_EQ(*checks[3].error, QStringLiteral("Refused"));
+    EXPECT_EQ(*checks[4].error, QStringLiteral("Timed out"));
+}
+
 TEST(CheckJsonTest, PortCheckIsWrittenWithoutAbsentKeys)
 {
     EXPECT_EQ(encoded(plainCheck()), plainJson);
