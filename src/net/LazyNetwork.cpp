@@ -3,7 +3,6 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QLibrary>
-#include <QPromise>
 
 #include <cstdio>
 #include <cstdlib>
@@ -46,73 +45,32 @@ LazyNetwork::LazyNetwork(QString library)
 {
 }
 
-LazyNetwork::~LazyNetwork()
-{
-    if (m_loader.joinable())
-        m_loader.join();
-}
-
-template<typename Result>
-QFuture<Result> LazyNetwork::whenLoaded(std::function<QFuture<Result>(Network &)> ask)
-{
-    if (Network *network = loaded())
-        return ask(*network);
-    const auto promise = std::make_shared<QPromise<QFuture<Result>>>();
-    promise->start();
-    QFuture<Result> result = promise->future().unwrap();
-    whenLoaded([promise, ask = std::move(ask)](Network &network) {
-        promise->addResult(ask(network));
-        promise->finish();
-    });
-    return result;
-}
+LazyNetwork::~LazyNetwork() = default;
 
 QFuture<HttpResult> LazyNetwork::fetch(const HttpRequest &request)
 {
-    return whenLoaded<HttpResult>([request](Network &network) { return network.fetch(request); });
+    return network().fetch(request);
 }
 
 QFuture<TcpResult> LazyNetwork::connect(const QString &host, quint16 port,
                                         std::chrono::milliseconds timeout)
 {
-    return whenLoaded<TcpResult>(
-        [host, port, timeout](Network &network) { return network.connect(host, port, timeout); });
+    return network().connect(host, port, timeout);
 }
 
 void LazyNetwork::renewConnections()
 {
-    if (Network *network = loaded())
+    if (Network *network = m_loaded)
         network->renewConnections();
 }
 
-Network *LazyNetwork::loaded()
+Network &LazyNetwork::network()
 {
-    const std::lock_guard lock(m_mutex);
-    return m_network.get();
-}
-
-void LazyNetwork::whenLoaded(Ask ask)
-{
-    std::unique_lock lock(m_mutex);
-    if (m_network) {
-        lock.unlock();
-        ask(*m_network);
-        return;
-    }
-    m_waiting.push_back(std::move(ask));
-    if (!m_loader.joinable())
-        m_loader = std::thread(&LazyNetwork::load, this);
-}
-
-void LazyNetwork::load()
-{
-    auto network = networkOf(m_library.isEmpty() ? libraryBesideOrInstalled() : m_library);
-    std::unique_lock lock(m_mutex);
-    m_network = std::move(network);
-    const std::vector<Ask> waiting = std::exchange(m_waiting, {});
-    lock.unlock();
-    for (const Ask &ask : waiting)
-        ask(*m_network);
+    std::call_once(m_loading, [this] {
+        m_network = networkOf(m_library.isEmpty() ? libraryBesideOrInstalled() : m_library);
+        m_loaded = m_network.get();
+    });
+    return *m_network;
 }
 
 } // namespace ostrel

@@ -35,6 +35,12 @@ StatusBarMenu::StatusBarMenu(const MonitorStore &store, const StatusBarHost &hos
     connect(&store, &MonitorStore::checksChanged, this, &StatusBarMenu::updateRow);
 }
 
+StatusBarMenu::~StatusBarMenu()
+{
+    // A menu that goes with its entries leaves behind what stands for them on the bus.
+    m_menu.clear();
+}
+
 bool StatusBarMenu::isDrawnByHost()
 {
     return m_menu.platformMenu() != nullptr;

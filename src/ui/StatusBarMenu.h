@@ -25,6 +25,7 @@ class StatusBarMenu : public QObject
 public:
     /// Both outlive this object.
     StatusBarMenu(const MonitorStore &store, const StatusBarHost &host, QObject *parent = nullptr);
+    ~StatusBarMenu() override;
 
     /// Owned by this object.
     [[nodiscard]] QMenu &menu() { return m_menu; }
