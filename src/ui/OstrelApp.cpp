@@ -94,17 +94,15 @@ void OstrelApp::connectStatusBarItem()
 void OstrelApp::watchAppearance(QQuickWindow &window)
 {
     m_appearance.setSingleShot(true);
-    m_appearance.setInterval(longestWaitForAFrame);
     connect(&m_appearance, &QTimer::timeout, this, &OstrelApp::contentAppeared);
     connect(&window, &QWindow::visibleChanged, &m_appearance, [this](bool isVisible) {
         if (isVisible)
-            m_appearance.start();
+            m_appearance.start(longestWaitForAFrame);
     });
     connect(&window, &QQuickWindow::frameSwapped, &m_appearance, [this] {
-        if (!m_appearance.isActive())
-            return;
-        m_appearance.stop();
-        contentAppeared();
+        // Not before the frame is done with.
+        if (m_appearance.isActive())
+            m_appearance.start(0);
     });
 }
 
