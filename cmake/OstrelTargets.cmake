@@ -26,16 +26,21 @@ endfunction()
 # to itself.
 #
 #   ostrel_test(ModelTests SOURCES MonitorTest.cpp … LIBRARIES ostrel::model [TIMEOUT seconds]
-#               [LABELS …] [RUN_SERIAL])
+#               [LABELS …] [RUN_SERIAL] [WHOLE_STACKS])
 #
-# With RUN_SERIAL each runs alone: for tests of what a clock shows.
+# With RUN_SERIAL each runs alone: for tests of what a clock shows. With WHOLE_STACKS
+# AddressSanitizer follows allocations through libraries without frame pointers, which is slow: for
+# those whose suppression in lsan.supp names a function of such a library.
 function(ostrel_test name)
-    cmake_parse_arguments(ARG "RUN_SERIAL" "TIMEOUT" "SOURCES;LIBRARIES;LABELS" ${ARGN})
+    cmake_parse_arguments(ARG "RUN_SERIAL;WHOLE_STACKS" "TIMEOUT" "SOURCES;LIBRARIES;LABELS" ${ARGN})
     if(NOT ARG_TIMEOUT)
         set(ARG_TIMEOUT 60)
     endif()
     set(properties TIMEOUT ${ARG_TIMEOUT} RUN_SERIAL ${ARG_RUN_SERIAL}
         ENVIRONMENT "TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/tsan.supp")
+    if(ARG_WHOLE_STACKS)
+        list(APPEND properties ENVIRONMENT_MODIFICATION "ASAN_OPTIONS=set:fast_unwind_on_malloc=0")
+    endif()
     # An empty list would vanish from the arguments and take the next property's name for its value.
     if(ARG_LABELS)
         list(APPEND properties LABELS "${ARG_LABELS}")
