@@ -31,7 +31,7 @@ std::string resolved(std::filesystem::path path)
 }
 
 /// Of an ordinary file; nothing for a folder, a pipe or a device.
-std::optional<struct stat> statusOf(const Descriptor &file)
+std::optional<struct stat> statusOf(const FileDescriptor &file)
 {
     struct stat status
     {
@@ -42,9 +42,9 @@ std::optional<struct stat> statusOf(const Descriptor &file)
 }
 
 /// Without waiting for the other end, if it is a pipe.
-Descriptor openForReading(const std::string &path)
+FileDescriptor openForReading(const std::string &path)
 {
-    return Descriptor(uninterrupted(
+    return FileDescriptor(uninterrupted(
         [&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); }));
 }
 
@@ -77,7 +77,7 @@ AtomicFile::AtomicFile(const QString &path)
 
 FileSnapshot AtomicFile::snapshot() const
 {
-    Descriptor file = openForReading(m_path);
+    FileDescriptor file = openForReading(m_path);
     const auto status = statusOf(file);
     return status ? FileSnapshot(std::move(file), *status) : FileSnapshot();
 }
@@ -139,7 +139,7 @@ bool AtomicFile::writeTemporary(const Fill &fill, Flush flush) const
     // A fresh file, so that neither the mode nor a link of an old one counts.
     removeLeftover();
     constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW;
-    Descriptor file(
+    FileDescriptor file(
         uninterrupted([&] { return ::open(m_temporaryPath.c_str(), flags, S_IRUSR | S_IWUSR); }));
     if (!file.isOpen())
         return false;
@@ -154,7 +154,7 @@ bool AtomicFile::writeTemporary(const Fill &fill, Flush flush) const
 
 bool AtomicFile::replace(FileSnapshot *snapshot) const
 {
-    Descriptor file = snapshot ? openForReading(m_temporaryPath) : Descriptor();
+    FileDescriptor file = snapshot ? openForReading(m_temporaryPath) : FileDescriptor();
     if (::rename(m_temporaryPath.c_str(), m_path.c_str()) != 0)
         return false;
     // Only now: the new name counts as a change of the file.

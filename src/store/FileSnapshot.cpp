@@ -4,7 +4,7 @@
 
 namespace ostrel {
 
-FileSnapshot::FileSnapshot(Descriptor file, const struct stat &status)
+FileSnapshot::FileSnapshot(FileDescriptor file, const struct stat &status)
     : m_file(std::move(file))
     , m_device(status.st_dev)
     , m_number(status.st_ino)

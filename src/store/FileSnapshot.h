@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Descriptor.h"
+#include "FileDescriptor.h"
 
 #include <QtGlobal>
 
@@ -22,7 +22,7 @@ class FileSnapshot
 public:
     FileSnapshot() = default; ///< Of nothing.
     /// Of the ordinary file @p file that had this @p status.
-    FileSnapshot(Descriptor file, const struct stat &status);
+    FileSnapshot(FileDescriptor file, const struct stat &status);
 
     [[nodiscard]] bool isOfAFile() const { return m_file.isOpen(); }
     [[nodiscard]] quint64 size() const { return static_cast<quint64>(m_size); } ///< In bytes.
@@ -36,7 +36,7 @@ public:
     [[nodiscard]] bool read(quint64 offset, std::span<char> room) const;
 
 private:
-    Descriptor m_file;
+    FileDescriptor m_file;
     dev_t m_device = 0;
     ino_t m_number = 0;
     qint64 m_size = 0;

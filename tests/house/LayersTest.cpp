@@ -23,8 +23,9 @@ const QHash<QString, QStringList> &allowedFolders()
     };
     static const QHash<QString, QStringList> folders = {
         {QStringLiteral("async"), {}},
+        {QStringLiteral("posix"), {}},
         {QStringLiteral("model"), {}},
-        {QStringLiteral("store"), {QStringLiteral("model")}},
+        {QStringLiteral("store"), {QStringLiteral("model"), QStringLiteral("posix")}},
         {QStringLiteral("net"), {}},
         {QStringLiteral("curl"), {QStringLiteral("net")}},
         {QStringLiteral("notify"), {QStringLiteral("model")}},
@@ -34,7 +35,8 @@ const QHash<QString, QStringList> &allowedFolders()
         {QStringLiteral("forms"),
          {QStringLiteral("model"), QStringLiteral("store"), QStringLiteral("engine")}},
         {QStringLiteral("platform"),
-         {QStringLiteral("model"), QStringLiteral("notify"), QStringLiteral("engine")}},
+         {QStringLiteral("model"), QStringLiteral("notify"), QStringLiteral("engine"),
+          QStringLiteral("posix")}},
         {QStringLiteral("cli"), belowPlatform},
         {QStringLiteral("icons"),
          {QStringLiteral("async"), QStringLiteral("model"), QStringLiteral("net")}},

@@ -213,13 +213,13 @@ protected:
         std::ranges::copy(QFile::encodeName(path("ostrel.sock")), address.sun_path);
         FileDescriptor peer(::socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
         EXPECT_EQ(
-            ::connect(peer.get(), reinterpret_cast<const sockaddr *>(&address), sizeof(address)),
+            ::connect(peer.number(), reinterpret_cast<const sockaddr *>(&address), sizeof(address)),
             0);
         return peer;
     }
     static void say(const FileDescriptor &peer, const QByteArray &text)
     {
-        (void)::send(peer.get(), text.constData(), static_cast<std::size_t>(text.size()),
+        (void)::send(peer.number(), text.constData(), static_cast<std::size_t>(text.size()),
                      MSG_NOSIGNAL);
     }
     /// What the first program answers until it hangs up.
@@ -228,7 +228,7 @@ protected:
         QByteArray answer;
         EXPECT_TRUE(waitFor([&] {
             std::array<char, 64> bytes = {};
-            const auto count = ::recv(peer.get(), bytes.data(), bytes.size(), 0);
+            const auto count = ::recv(peer.number(), bytes.data(), bytes.size(), 0);
             if (count > 0)
                 answer.append(bytes.data(), count);
             return count == 0 || (count < 0 && errno == ECONNRESET);
@@ -287,7 +287,7 @@ TEST_F(FreedesktopSingleInstanceTest, AnEndlessLineIsNotReadToItsEnd)
     const QByteArray piece(4096, 'x');
     qint64 sent = 0;
     ASSERT_TRUE(waitFor([&] {
-        const auto count = ::send(peer.get(), piece.constData(), 4096, MSG_NOSIGNAL);
+        const auto count = ::send(peer.number(), piece.constData(), 4096, MSG_NOSIGNAL);
         sent += std::max<qint64>(count, 0);
         return count < 0 && errno != EAGAIN;
     }));

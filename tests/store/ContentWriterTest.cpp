@@ -24,18 +24,18 @@ std::string longText()
 class ContentWriterTest : public testing::Test
 {
 protected:
-    [[nodiscard]] Descriptor open(const char *name, int flags) const
+    [[nodiscard]] FileDescriptor open(const char *name, int flags) const
     {
         const QByteArray path = QFile::encodeName(m_folder.filePath(QString::fromUtf8(name)));
-        return Descriptor(::open(path.constData(), flags | O_CLOEXEC, 0600));
+        return FileDescriptor(::open(path.constData(), flags | O_CLOEXEC, 0600));
     }
     [[nodiscard]] FileSnapshot sourceOf(const std::string &text) const
     {
-        const Descriptor file = open("source", O_WRONLY | O_CREAT | O_TRUNC);
+        const FileDescriptor file = open("source", O_WRONLY | O_CREAT | O_TRUNC);
         ContentWriter writer(file.number());
         writer.append(text);
         EXPECT_TRUE(writer.finish());
-        Descriptor source = open("source", O_RDONLY);
+        FileDescriptor source = open("source", O_RDONLY);
         struct stat status
         {
         };
@@ -49,7 +49,7 @@ protected:
     }
 
     QTemporaryDir m_folder;
-    Descriptor m_file = open("file", O_RDWR | O_CREAT | O_TRUNC);
+    FileDescriptor m_file = open("file", O_RDWR | O_CREAT | O_TRUNC);
     ContentWriter m_writer{m_file.number()};
 };
 
@@ -92,7 +92,7 @@ TEST_F(ContentWriterTest, APartThatTheFileDoesNotHoldIsNoContent)
 
 TEST_F(ContentWriterTest, WhatCannotBeWrittenIsTold)
 {
-    const Descriptor readOnly = open("file", O_RDONLY);
+    const FileDescriptor readOnly = open("file", O_RDONLY);
     ContentWriter atTheEnd(readOnly.number());
     atTheEnd.append("a");
     EXPECT_FALSE(atTheEnd.finish());

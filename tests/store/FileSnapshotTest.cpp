@@ -25,11 +25,11 @@ protected:
         file.write(text);
     }
     [[nodiscard]] QString path() const { return m_folder.filePath(QStringLiteral("file")); }
-    [[nodiscard]] Descriptor open() const
+    [[nodiscard]] FileDescriptor open() const
     {
-        return Descriptor(::open(QFile::encodeName(path()).constData(), O_RDONLY | O_CLOEXEC));
+        return FileDescriptor(::open(QFile::encodeName(path()).constData(), O_RDONLY | O_CLOEXEC));
     }
-    static struct stat statusOf(const Descriptor &file)
+    static struct stat statusOf(const FileDescriptor &file)
     {
         struct stat status
         {
@@ -39,7 +39,7 @@ protected:
     }
     [[nodiscard]] FileSnapshot take() const
     {
-        Descriptor file = open();
+        FileDescriptor file = open();
         const struct stat status = statusOf(file);
         // Till a change of the file is sure to get another time.
         QThread::msleep(20);
@@ -91,7 +91,7 @@ TEST_F(FileSnapshotTest, IsSpoiledByAWriteIntoTheFile)
 
 TEST_F(FileSnapshotTest, IsSpoiledByAnotherSizeWithinATickOfTheClock)
 {
-    Descriptor file = open();
+    FileDescriptor file = open();
     struct stat status = statusOf(file);
     --status.st_size;
     EXPECT_FALSE(FileSnapshot(std::move(file), status).isIntact());

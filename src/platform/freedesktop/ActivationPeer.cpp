@@ -22,7 +22,7 @@ constexpr QByteArrayView command = "activate ";
 ActivationPeer::ActivationPeer(FileDescriptor socket, QObject *parent)
     : QObject(parent)
     , m_socket(std::move(socket))
-    , m_notifier(m_socket.get(), QSocketNotifier::Read)
+    , m_notifier(m_socket.number(), QSocketNotifier::Read)
 {
     connect(&m_notifier, &QSocketNotifier::activated, this, &ActivationPeer::read);
     connect(&m_timeout, &QTimer::timeout, this, &ActivationPeer::end);
@@ -33,14 +33,14 @@ bool ActivationPeer::isOurs(const FileDescriptor &socket)
 {
     ucred peer = {};
     socklen_t size = sizeof(peer);
-    return ::getsockopt(socket.get(), SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0 &&
+    return ::getsockopt(socket.number(), SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0 &&
            peer.uid == ::getuid();
 }
 
 void ActivationPeer::read()
 {
     std::array<char, 512> bytes;
-    const auto count = ::recv(m_socket.get(), bytes.data(), bytes.size(), 0);
+    const auto count = ::recv(m_socket.number(), bytes.data(), bytes.size(), 0);
     if (count <= 0)
         return end();
     m_received.append(bytes.data(), count);
@@ -56,7 +56,7 @@ void ActivationPeer::answer(const QByteArray &line)
     end();
     if (!line.startsWith(command) || line.size() > command.size() + maxActivationTokenLength)
         return;
-    ::send(m_socket.get(), "ok\n", 3, MSG_NOSIGNAL);
+    ::send(m_socket.number(), "ok\n", 3, MSG_NOSIGNAL);
     Q_EMIT activationRequested(line.sliced(command.size()));
 }
 

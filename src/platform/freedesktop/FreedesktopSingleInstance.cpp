@@ -40,7 +40,8 @@ sockaddr_un addressIn(const FileDescriptor &folder)
 {
     sockaddr_un address = {};
     address.sun_family = AF_UNIX;
-    const QByteArray path = "/proc/self/fd/" + QByteArray::number(folder.get()) + '/' + socketName;
+    const QByteArray path =
+        "/proc/self/fd/" + QByteArray::number(folder.number()) + '/' + socketName;
     std::ranges::copy(path, address.sun_path);
     return address;
 }
@@ -51,7 +52,8 @@ using SocketCall = int (*)(int, const sockaddr *, socklen_t);
 bool attach(SocketCall call, const FileDescriptor &socket, const FileDescriptor &folder)
 {
     const sockaddr_un address = addressIn(folder);
-    return call(socket.get(), reinterpret_cast<const sockaddr *>(&address), sizeof(address)) == 0;
+    return call(socket.number(), reinterpret_cast<const sockaddr *>(&address), sizeof(address)) ==
+           0;
 }
 
 FileDescriptor newSocket()
@@ -63,18 +65,18 @@ FileDescriptor newSocket()
 FileDescriptor listenIn(const FileDescriptor &folder)
 {
     // Left by a program that was killed: whoever holds the lock owns this name.
-    ::unlinkat(folder.get(), socketName, 0);
+    ::unlinkat(folder.number(), socketName, 0);
     FileDescriptor socket = newSocket();
-    const bool isListening = socket.isOpen() && ::fchmod(socket.get(), ownerOnly) == 0 &&
+    const bool isListening = socket.isOpen() && ::fchmod(socket.number(), ownerOnly) == 0 &&
                              attach(::bind, socket, folder) &&
-                             ::listen(socket.get(), maxPeers) == 0;
+                             ::listen(socket.number(), maxPeers) == 0;
     return isListening ? std::move(socket) : FileDescriptor();
 }
 
 /// Waits until @p socket has something to read, or @p deadline.
 bool waitForAnswer(const FileDescriptor &socket, const QDeadlineTimer &deadline)
 {
-    pollfd waited = {.fd = socket.get(), .events = POLLIN, .revents = 0};
+    pollfd waited = {.fd = socket.number(), .events = POLLIN, .revents = 0};
     return ::poll(&waited, 1, static_cast<int>(deadline.remainingTime())) > 0;
 }
 
@@ -86,12 +88,12 @@ bool askFirst(const FileDescriptor &folder, const QDeadlineTimer &deadline)
         return false;
     const QByteArray request = "activate " + activationTokenFromEnvironment() + '\n';
     const auto size = static_cast<std::size_t>(request.size());
-    if (::send(socket.get(), request.constData(), size, MSG_NOSIGNAL) != request.size())
+    if (::send(socket.number(), request.constData(), size, MSG_NOSIGNAL) != request.size())
         return false;
     if (!waitForAnswer(socket, deadline))
         return false;
     std::array<char, okAnswer.size()> answer = {};
-    const auto count = ::recv(socket.get(), answer.data(), answer.size(), 0);
+    const auto count = ::recv(socket.number(), answer.data(), answer.size(), 0);
     return count > 0 &&
            std::string_view(answer.data(), static_cast<std::size_t>(count)) == okAnswer;
 }
@@ -115,15 +117,15 @@ FreedesktopSingleInstance::~FreedesktopSingleInstance()
 {
     // While the lock is still held, so that the successor's socket can't be meant.
     if (m_listener.isOpen())
-        ::unlinkat(m_folder.get(), socketName, 0);
+        ::unlinkat(m_folder.number(), socketName, 0);
 }
 
 SingleInstance::Claim FreedesktopSingleInstance::claim(std::chrono::milliseconds patience)
 {
     const QDeadlineTimer deadline(patience);
     m_folder = FileDescriptor(::open(m_storageDir.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    m_lock = FileDescriptor(
-        ::openat(m_folder.get(), lockName, O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, ownerOnly));
+    m_lock = FileDescriptor(::openat(m_folder.number(), lockName,
+                                     O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, ownerOnly));
     if (!m_lock.isOpen())
         return Claim::failed;
     if (takeLock())
@@ -133,7 +135,7 @@ SingleInstance::Claim FreedesktopSingleInstance::claim(std::chrono::milliseconds
 
 bool FreedesktopSingleInstance::takeLock()
 {
-    return ::flock(m_lock.get(), LOCK_EX | LOCK_NB) == 0;
+    return ::flock(m_lock.number(), LOCK_EX | LOCK_NB) == 0;
 }
 
 SingleInstance::Claim FreedesktopSingleInstance::becomeFirst()
@@ -141,7 +143,7 @@ SingleInstance::Claim FreedesktopSingleInstance::becomeFirst()
     m_listener = listenIn(m_folder);
     if (!m_listener.isOpen())
         return Claim::first;
-    m_notifier = std::make_unique<QSocketNotifier>(m_listener.get(), QSocketNotifier::Read);
+    m_notifier = std::make_unique<QSocketNotifier>(m_listener.number(), QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this,
             &FreedesktopSingleInstance::acceptPeers);
     return Claim::first;
@@ -163,7 +165,7 @@ SingleInstance::Claim FreedesktopSingleInstance::handOver(const QDeadlineTimer &
 void FreedesktopSingleInstance::acceptPeers()
 {
     FileDescriptor socket(
-        ::accept4(m_listener.get(), nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
+        ::accept4(m_listener.number(), nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
     const auto peers = findChildren<ActivationPeer *>(QString(), Qt::FindDirectChildrenOnly);
     if (!socket.isOpen() || peers.size() >= maxPeers || !ActivationPeer::isOurs(socket))
         return;

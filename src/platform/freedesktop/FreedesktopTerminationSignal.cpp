@@ -33,10 +33,10 @@ FreedesktopTerminationSignal::FreedesktopTerminationSignal(QObject *parent)
         return;
     m_readEnd = FileDescriptor(ends[0]);
     m_writeEnd = FileDescriptor(ends[1]);
-    m_notifier = std::make_unique<QSocketNotifier>(m_readEnd.get(), QSocketNotifier::Read);
+    m_notifier = std::make_unique<QSocketNotifier>(m_readEnd.number(), QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this,
             &FreedesktopTerminationSignal::drain);
-    handlerEnd = m_writeEnd.get();
+    handlerEnd = m_writeEnd.number();
     for (const int signalNumber : {SIGTERM, SIGINT, SIGHUP})
         install(signalNumber);
 }
@@ -66,7 +66,7 @@ void FreedesktopTerminationSignal::install(int signalNumber)
 void FreedesktopTerminationSignal::drain()
 {
     std::array<char, 64> bytes;
-    while (::read(m_readEnd.get(), bytes.data(), bytes.size()) > 0) {
+    while (::read(m_readEnd.number(), bytes.data(), bytes.size()) > 0) {
     }
     Q_EMIT terminationRequested();
 }

@@ -19,24 +19,24 @@ auto uninterrupted(Call call)
 }
 
 /// An open file. Negative where there is none, or it could not be opened.
-class Descriptor
+class FileDescriptor
 {
 public:
-    explicit Descriptor(int number = -1)
+    explicit FileDescriptor(int number = -1)
         : m_number(number)
     {
     }
-    Descriptor(Descriptor &&other) noexcept
+    FileDescriptor(FileDescriptor &&other) noexcept
         : m_number(std::exchange(other.m_number, -1))
     {
     }
-    Descriptor &operator=(Descriptor &&other) noexcept
+    FileDescriptor &operator=(FileDescriptor &&other) noexcept
     {
         std::swap(m_number, other.m_number);
         return *this;
     }
-    Q_DISABLE_COPY(Descriptor)
-    ~Descriptor() { close(); }
+    Q_DISABLE_COPY(FileDescriptor)
+    ~FileDescriptor() { close(); }
 
     [[nodiscard]] int number() const { return m_number; }
     [[nodiscard]] bool isOpen() const { return m_number >= 0; }
