@@ -44,28 +44,13 @@ double threadTime()
 
 BenchWindow::BenchWindow(MonitorStore &store)
     : m_scripted(store)
-    , m_monitors(store)
-    , m_overview(store)
-    , m_actions(store, m_scripted.engine)
-    , m_detailModel(store, fullFolderNow)
-    , m_form(store, m_scripted.engine)
-    , m_opener(store, m_form)
-    , m_settings(m_loginItem)
-    , m_desktop(m_workspace, store.storageDir())
+    , m_models(store, m_scripted.engine, m_loginItem, m_workspace, fullFolderNow)
 {
 }
 
 bool BenchWindow::show()
 {
-    m_window = m_views.load({
-        .monitors = m_monitors,
-        .overview = m_overview,
-        .actions = m_actions,
-        .detailModel = m_detailModel,
-        .opener = m_opener,
-        .settings = m_settings,
-        .desktop = m_desktop,
-    });
+    m_window = m_views.load(m_models);
     if (!m_window)
         return false;
     // The ring of a monitor that is down swells for ever: that is nobody's work.

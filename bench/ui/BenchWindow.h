@@ -1,15 +1,9 @@
 #pragma once
 
-#include "AppActions.h"
-#include "DashboardOverview.h"
-#include "DesktopActions.h"
 #include "DesktopFakes.h"
 #include "MainWindowLoader.h"
-#include "MonitorDetailModel.h"
-#include "MonitorListModel.h"
 #include "ScriptedEngine.h"
-#include "Settings.h"
-#include "SheetOpener.h"
+#include "WindowModels.h"
 
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -44,14 +38,7 @@ private:
     test::ScriptedEngine m_scripted;
     test::RecordingLoginItem m_loginItem;
     test::RecordingWorkspace m_workspace;
-    MonitorListModel m_monitors;
-    DashboardOverview m_overview;
-    AppActions m_actions;
-    MonitorDetailModel m_detailModel;
-    MonitorForm m_form;
-    SheetOpener m_opener;
-    Settings m_settings;
-    DesktopActions m_desktop;
+    WindowModels m_models;
     MainWindowLoader m_views;
     QQuickWindow *m_window = nullptr;
 };

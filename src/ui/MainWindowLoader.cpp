@@ -1,13 +1,7 @@
 #include "MainWindowLoader.h"
 
-#include "AppActions.h"
-#include "DashboardOverview.h"
-#include "DesktopActions.h"
-#include "MonitorDetailModel.h"
-#include "MonitorListModel.h"
-#include "Settings.h"
-#include "SheetOpener.h"
 #include "ThemeFonts.h"
+#include "WindowModels.h"
 
 #include <QEventLoop>
 #include <QQuickWindow>
@@ -45,7 +39,7 @@ void MainWindowLoader::prepare()
     ThemeFonts::loadFirstFaces();
 }
 
-QQuickWindow *MainWindowLoader::load(const WindowModels &models)
+QQuickWindow *MainWindowLoader::load(WindowModels &models)
 {
     finishPreparing();
     m_engine.setInitialProperties({

@@ -7,25 +7,7 @@ class QQuickWindow;
 
 namespace ostrel {
 
-class AppActions;
-class DashboardOverview;
-class DesktopActions;
-class MonitorDetailModel;
-class MonitorListModel;
-class Settings;
-class SheetOpener;
-
-/// What the main window shows, and what it commands.
-struct WindowModels
-{
-    MonitorListModel &monitors;
-    DashboardOverview &overview;
-    AppActions &actions;
-    MonitorDetailModel &detailModel;
-    SheetOpener &opener;
-    Settings &settings;
-    DesktopActions &desktop;
-};
+struct WindowModels;
 
 /// Makes the main window. Lives on the main thread.
 class MainWindowLoader
@@ -42,7 +24,7 @@ public:
     void prepare();
     /// The window, not shown yet, which lives as long as this; null where it can't be made. The
     /// @p models outlive it.
-    [[nodiscard]] QQuickWindow *load(const WindowModels &models);
+    [[nodiscard]] QQuickWindow *load(WindowModels &models);
 
 private:
     /// Runs the event loop while it waits.

@@ -34,17 +34,10 @@ OstrelApp::OstrelApp(std::unique_ptr<MainWindowLoader> views, const QString &sto
           .sleeper = services.sleeper,
       })
     , m_statusBarItem(m_store, services.statusBarHost)
-    , m_monitors(m_store)
-    , m_overview(m_store)
-    , m_actions(m_store, m_engine)
-    , m_detailModel(m_store)
-    , m_form(m_store, m_engine)
-    , m_opener(m_store, m_form)
-    , m_settings(services.loginItem)
-    , m_desktop(services.workspace, storageDir)
+    , m_models(m_store, m_engine, services.loginItem, services.workspace)
     , m_icons(storageDir + QStringLiteral("/favicons"), services.fetchIcon)
 {
-    connect(&m_form, &MonitorForm::websiteCreated, this, &OstrelApp::lookUpSite);
+    connect(&m_models.form, &MonitorForm::websiteCreated, this, &OstrelApp::lookUpSite);
     connectStatusBarItem();
 }
 
@@ -57,15 +50,7 @@ bool OstrelApp::show()
 {
     FaviconImage::useIcons(m_views->engine(), m_icons);
     connect(&m_views->engine(), &QQmlEngine::quit, qApp, &QCoreApplication::quit);
-    QQuickWindow *window = m_views->load({
-        .monitors = m_monitors,
-        .overview = m_overview,
-        .actions = m_actions,
-        .detailModel = m_detailModel,
-        .opener = m_opener,
-        .settings = m_settings,
-        .desktop = m_desktop,
-    });
+    QQuickWindow *window = m_views->load(m_models);
     if (!window)
         return false;
 
@@ -85,7 +70,8 @@ bool OstrelApp::show()
 
 void OstrelApp::connectStatusBarItem()
 {
-    connect(&m_statusBarItem, &StatusBarItem::helpRequested, &m_desktop, &DesktopActions::getHelp);
+    connect(&m_statusBarItem, &StatusBarItem::helpRequested, &m_models.desktop,
+            &DesktopActions::getHelp);
     connect(&m_statusBarItem, &StatusBarItem::openRequested, &m_delegate,
             [this] { m_delegate.reopen(); });
     connect(&m_statusBarItem, &StatusBarItem::quitRequested, qApp, &QCoreApplication::quit);
@@ -119,7 +105,7 @@ void OstrelApp::lookUpSite(const QUuid &monitorId, const QString &address)
     continueOn(m_icons.pageTitle(address), this,
                [this, monitorId](const std::optional<QString> &title) {
                    if (title)
-                       m_form.applyTitle(monitorId, *title);
+                       m_models.form.applyTitle(monitorId, *title);
                });
 }
 

@@ -1,18 +1,11 @@
 #pragma once
 
-#include "AppActions.h"
 #include "AppDelegate.h"
-#include "DashboardOverview.h"
-#include "DesktopActions.h"
 #include "FaviconService.h"
-#include "MonitorDetailModel.h"
-#include "MonitorForm.h"
-#include "MonitorListModel.h"
 #include "MonitorStore.h"
 #include "MonitoringEngine.h"
-#include "Settings.h"
-#include "SheetOpener.h"
 #include "StatusBarItem.h"
+#include "WindowModels.h"
 
 #include <QObject>
 #include <QTimer>
@@ -86,14 +79,7 @@ private:
     MonitorStore m_store;
     MonitoringEngine m_engine;
     StatusBarItem m_statusBarItem;
-    MonitorListModel m_monitors;
-    DashboardOverview m_overview;
-    AppActions m_actions;
-    MonitorDetailModel m_detailModel;
-    MonitorForm m_form;
-    SheetOpener m_opener;
-    Settings m_settings;
-    DesktopActions m_desktop;
+    WindowModels m_models;
     FaviconService m_icons;
     QTimer m_appearance; ///< Runs from a window's being shown to its first frame.
 };

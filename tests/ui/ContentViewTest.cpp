@@ -1,18 +1,11 @@
-#include "AppActions.h"
-#include "DashboardOverview.h"
-#include "DesktopActions.h"
 #include "DesktopFakes.h"
 #include "MainWindowLoader.h"
-#include "MonitorDetailModel.h"
-#include "MonitorForm.h"
-#include "MonitorListModel.h"
 #include "PresentationSamples.h"
 #include "Printers.h"
 #include "ProductConstants.h"
 #include "ScriptedEngine.h"
-#include "Settings.h"
-#include "SheetOpener.h"
 #include "WaitFor.h"
+#include "WindowModels.h"
 
 #include <QAccessible>
 #include <QClipboard>
@@ -71,15 +64,7 @@ class ContentViewTest : public testing::Test
 protected:
     void show()
     {
-        window = m_views.load({
-            .monitors = m_model,
-            .overview = m_overview,
-            .actions = m_actions,
-            .detailModel = m_detailModel,
-            .opener = m_opener,
-            .settings = m_settings,
-            .desktop = m_desktop,
-        });
+        window = m_views.load(m_models);
         ASSERT_TRUE(window);
         window->show();
         window->requestActivate();
@@ -180,15 +165,8 @@ protected:
 
 private:
     PrivatePreferences m_preferences;
-    MonitorListModel m_model{samples.store};
-    DashboardOverview m_overview{samples.store};
-    AppActions m_actions{samples.store, scripted.engine};
-    MonitorDetailModel m_detailModel{samples.store};
-    MonitorForm m_form{samples.store, scripted.engine};
-    SheetOpener m_opener{samples.store, m_form};
     RecordingLoginItem m_loginItem;
-    Settings m_settings{m_loginItem};
-    DesktopActions m_desktop{workspace, m_preferences.folder.path()};
+    WindowModels m_models{samples.store, scripted.engine, m_loginItem, workspace};
     MainWindowLoader m_views;
 
 protected:

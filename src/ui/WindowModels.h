@@ -1,0 +1,37 @@
+#pragma once
+
+#include "AppActions.h"
+#include "DashboardOverview.h"
+#include "DesktopActions.h"
+#include "MonitorDetailModel.h"
+#include "MonitorForm.h"
+#include "MonitorListModel.h"
+#include "Settings.h"
+#include "SheetOpener.h"
+
+namespace ostrel {
+
+class LoginItem;
+class MonitorStore;
+class MonitoringEngine;
+class Workspace;
+
+/// What the main window shows, and what it commands. Lives on the main thread, and longer than the
+/// window.
+struct WindowModels
+{
+    /// All arguments outlive this.
+    WindowModels(MonitorStore &store, MonitoringEngine &engine, LoginItem &loginItem,
+                 Workspace &workspace, const WallClock &now = systemNow);
+
+    MonitorListModel monitors;
+    DashboardOverview overview;
+    AppActions actions;
+    MonitorDetailModel detailModel;
+    MonitorForm form;
+    SheetOpener opener;
+    Settings settings;
+    DesktopActions desktop;
+};
+
+} // namespace ostrel
