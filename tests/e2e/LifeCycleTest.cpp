@@ -29,11 +29,7 @@ QString text(const char *english)
 class LifeCycleTest : public testing::Test
 {
 protected:
-    LifeCycleTest()
-    {
-        program.setEnvironment(text("QT_QPA_PLATFORM"), text("xcb"));
-        program.setEnvironment(text("DISPLAY"), display.name());
-    }
+    LifeCycleTest() { program.showOn(display); }
 
     [[nodiscard]] std::size_t checkCount() const
     {
@@ -75,7 +71,7 @@ TEST_F(LifeCycleTest, WatchesAlsoWhereItsWindowIsMinimisedFromTheStart)
     const VirtualDisplay other;
     WindowManager minimising(other, WindowManager::NewWindows::minimised);
     ASSERT_TRUE(minimising.isReady());
-    program.setEnvironment(text("DISPLAY"), other.name());
+    program.showOn(other);
     program.writeMonitors({monitor});
     ASSERT_TRUE(program.start());
 

@@ -6,8 +6,7 @@ namespace ostrel::test {
 
 OstrelDesktop::OstrelDesktop()
 {
-    program.setEnvironment(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
-    program.setEnvironment(QStringLiteral("DISPLAY"), display.name());
+    program.showOn(display);
     program.setEnvironment(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), sessionBus.address());
     program.setEnvironment(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"), QStringLiteral("1"));
 }

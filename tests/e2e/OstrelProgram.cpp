@@ -3,6 +3,7 @@
 #include "CheckJson.h"
 #include "IconFolder.h"
 #include "MonitorJson.h"
+#include "VirtualDisplay.h"
 #include "WaitFor.h"
 
 #include <QDir>
@@ -61,6 +62,12 @@ OstrelProgram::OstrelProgram()
 void OstrelProgram::setEnvironment(const QString &name, const QString &value)
 {
     m_environment.insert(name, value);
+}
+
+void OstrelProgram::showOn(const VirtualDisplay &display)
+{
+    setEnvironment(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    setEnvironment(QStringLiteral("DISPLAY"), display.name());
 }
 
 void OstrelProgram::writeMonitors(const QList<Monitor> &monitors) const

@@ -14,6 +14,8 @@
 
 namespace ostrel::test {
 
+class VirtualDisplay;
+
 /// The real program, with a home of its own and, unless it is given more, neither display nor bus.
 class OstrelProgram
 {
@@ -22,6 +24,8 @@ public:
 
     /// For the starts that follow.
     void setEnvironment(const QString &name, const QString &value);
+    /// Where the windows of the starts that follow are; they aren't on any screen otherwise.
+    void showOn(const VirtualDisplay &display);
     /// For the starts that follow.
     void setArguments(const QStringList &arguments) { m_arguments = arguments; }
     /// What the folder holds before the program sees it.

@@ -36,8 +36,7 @@ class StatusBarTest : public testing::Test
 protected:
     StatusBarTest()
     {
-        program.setEnvironment(text("QT_QPA_PLATFORM"), text("xcb"));
-        program.setEnvironment(text("DISPLAY"), display.name());
+        program.showOn(display);
         program.setEnvironment(text("DBUS_SESSION_BUS_ADDRESS"), bus.address());
         program.setEnvironment(text("XDG_CURRENT_DESKTOP"), text("XFCE"));
     }
