@@ -2,6 +2,7 @@
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core)
 if(OSTREL_PLATFORM STREQUAL "freedesktop")
     find_package(Qt6 6.4 REQUIRED COMPONENTS DBus)
+    find_package(Fontconfig REQUIRED)
 endif()
 if(NOT OSTREL_CORE_ONLY)
     find_package(Qt6 6.4 REQUIRED COMPONENTS Gui Widgets Svg Qml Quick QuickControls2)

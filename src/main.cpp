@@ -20,6 +20,7 @@
 #include <QTimer>
 
 #include <cstdio>
+#include <future>
 #include <variant>
 
 Q_IMPORT_QML_PLUGIN(OstrelPlugin)
@@ -56,8 +57,9 @@ struct Program
     int operator()(const RunInvocation &invocation)
     {
         keepMemorySmall();
-        // Before all else, since it takes as long as that.
+        // Before all else, since they take as long as that.
         RecordsReader records(invocation.dataDir);
+        const auto faces = std::async(std::launch::async, &readFontConfiguration);
         preferSoftwareRenderer();
         QApplication application(argc, argv);
         preparePlatform();

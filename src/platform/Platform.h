@@ -26,6 +26,10 @@ void keepMemorySmall();
 /// Gives the memory back that a start has used and freed.
 void returnFreedMemory();
 
+/// Reads which faces the desktop has and prefers, which lasts milliseconds, so that the first text
+/// doesn't wait for that. Any thread.
+void readFontConfiguration();
+
 /// Begins, on another thread, what the others would else wait for. Once there is an application.
 void preparePlatform();
 

@@ -11,6 +11,8 @@
 
 #include <QThreadPool>
 
+#include <fontconfig/fontconfig.h>
+
 #ifdef __GLIBC__
 #include <malloc.h>
 #endif
@@ -31,6 +33,11 @@ void returnFreedMemory()
 #ifdef __GLIBC__
     ::malloc_trim(0);
 #endif
+}
+
+void readFontConfiguration()
+{
+    ::FcInit();
 }
 
 void preparePlatform()

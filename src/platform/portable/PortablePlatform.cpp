@@ -13,6 +13,8 @@ void keepMemorySmall() {}
 
 void returnFreedMemory() {}
 
+void readFontConfiguration() {}
+
 void preparePlatform() {}
 
 std::unique_ptr<NotificationCenter> makeNotificationCenter(const NotificationPresenter &presenter)
