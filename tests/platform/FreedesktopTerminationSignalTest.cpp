@@ -1,6 +1,7 @@
 #include "FreedesktopTerminationSignal.h"
 
 #include "BoundProcess.h"
+#include "WaitFor.h"
 
 #include <gtest/gtest.h>
 
@@ -92,6 +93,22 @@ TEST(TerminationSignalTest, GivesTheSignalsBack)
     struct sigaction action = {};
     ::sigaction(SIGTERM, nullptr, &action);
     EXPECT_EQ(action.sa_handler, SIG_IGN);
+}
+
+TEST(TerminationSignalTest, NoMoreSignalsKillAProgramThatEndsBecauseOfOne)
+{
+    {
+        FreedesktopTerminationSignal signal;
+        bool isRequested = false;
+        QObject::connect(&signal, &TerminationSignal::terminationRequested, &signal,
+                         [&] { isRequested = true; });
+        ::raise(SIGTERM);
+        ASSERT_TRUE(waitFor([&] { return isRequested; }));
+    }
+    for (const int signalNumber : {SIGTERM, SIGINT, SIGHUP}) {
+        ::raise(signalNumber);
+        std::signal(signalNumber, SIG_DFL);
+    }
 }
 
 } // namespace

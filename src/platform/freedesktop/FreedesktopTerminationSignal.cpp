@@ -43,8 +43,12 @@ FreedesktopTerminationSignal::FreedesktopTerminationSignal(QObject *parent)
 
 FreedesktopTerminationSignal::~FreedesktopTerminationSignal()
 {
-    for (const auto &[signalNumber, action] : m_previous)
-        ::sigaction(signalNumber, &action, nullptr);
+    for (const auto &[signalNumber, action] : m_previous) {
+        if (m_isRequested)
+            std::signal(signalNumber, SIG_IGN);
+        else
+            ::sigaction(signalNumber, &action, nullptr);
+    }
     handlerEnd = -1;
 }
 
@@ -68,6 +72,7 @@ void FreedesktopTerminationSignal::drain()
     std::array<char, 64> bytes;
     while (::read(m_readEnd.number(), bytes.data(), bytes.size()) > 0) {
     }
+    m_isRequested = true;
     Q_EMIT terminationRequested();
 }
 

@@ -12,7 +12,8 @@
 namespace ostrel {
 
 /// SIGTERM, SIGINT and SIGHUP, carried from their handler to the event loop through a pipe. One
-/// object at a time; its end gives the signals back to who had them before.
+/// object at a time. Its end gives the signals back to who had them before, unless one has asked
+/// the program to end: another must not kill it while it does.
 class FreedesktopTerminationSignal final : public TerminationSignal
 {
     Q_OBJECT
@@ -29,6 +30,7 @@ private:
     FileDescriptor m_writeEnd;
     std::unique_ptr<QSocketNotifier> m_notifier;
     std::map<int, struct sigaction> m_previous; ///< By signal number.
+    bool m_isRequested = false;
 };
 
 } // namespace ostrel
