@@ -1,5 +1,6 @@
 #pragma once
 
+#include "BodyReader.h"
 #include "TlsDelegate.h"
 
 #include <QByteArray>
@@ -11,6 +12,13 @@
 
 namespace ostrel {
 
+/// Which addresses a request may connect to. Loopback, private and link-local ones aren't public.
+enum class Reach {
+    everywhere,
+    outwards,   ///< From the first public address on, on the way of redirects, only to public ones.
+    publicOnly, ///< To public ones from the beginning.
+};
+
 struct HttpRequest
 {
     QByteArray url;    ///< Absolute, encoded (RFC 3986). Only http and https are fetched.
@@ -19,6 +27,9 @@ struct HttpRequest
     std::chrono::milliseconds timeout; ///< Bounds the whole exchange: look-up, all hops, the body.
     qsizetype bodyLimit = 0;           ///< How much of the body to keep, in bytes after decoding.
     std::shared_ptr<TlsDelegate> tlsDelegate; ///< May be null.
+    /// Reads the last hop's body; may be null. A body that nobody reads or keeps isn't decoded.
+    std::shared_ptr<BodyReader> bodyReader = nullptr;
+    Reach reach = Reach::everywhere;
 };
 
 struct HttpResult
@@ -29,6 +40,11 @@ struct HttpResult
     /// The first bytes of the last hop's body, decoded, up to the request's bodyLimit.
     QByteArray body;
     bool isBodyTruncated = false;
+    /// Whether the request's bodyReader has read the whole body. Reading is given up when it can't
+    /// keep up with the site, or when the body isn't what its encoding says.
+    bool isBodyRead = false;
+    /// Whether the last hop's answer came from a public address.
+    bool isFromPublicAddress = false;
     /// From the request's admission to its end, measured on the I/O thread, to the microsecond.
     std::chrono::microseconds elapsed{0};
     QString error; ///< One line in the library's own words.

@@ -85,9 +85,11 @@ FileSnapshot AtomicFile::snapshot() const
 std::optional<QByteArray> AtomicFile::read(FileSnapshot *snapshot) const
 {
     FileSnapshot current = this->snapshot();
+    if (!current.isOfAFile() || current.size() > maxStoredFileSize)
+        return std::nullopt;
     QByteArray bytes(static_cast<qsizetype>(current.size()), Qt::Uninitialized);
     const std::span<char> room(bytes.data(), static_cast<std::size_t>(bytes.size()));
-    if (!current.isOfAFile() || !current.read(0, room))
+    if (!current.read(0, room))
         return std::nullopt;
     if (snapshot)
         *snapshot = std::move(current);

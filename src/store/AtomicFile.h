@@ -32,8 +32,8 @@ public:
 
     /// The content of now; that of nothing where there is no file or it can't be read.
     [[nodiscard]] FileSnapshot snapshot() const;
-    /// The whole content; nothing where there is no file or it can't be read. Gives @p snapshot,
-    /// where there is one, what was read.
+    /// The whole content; nothing if there is no file, it can't be read or is larger than
+    /// maxStoredFileSize. Gives @p snapshot, if there is one, what was read.
     [[nodiscard]] std::optional<QByteArray> read(FileSnapshot *snapshot = nullptr) const;
     [[nodiscard]] bool exists() const;
     /// Whether the content is that of @p snapshot; one of nothing stands for that there is no file.

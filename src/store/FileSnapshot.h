@@ -12,6 +12,9 @@ struct stat;
 
 namespace ostrel {
 
+/// In bytes, 1 GiB: what is larger, nobody has written. It counts as unreadable.
+inline constexpr quint64 maxStoredFileSize = quint64(1) << 30;
+
 /// A file's content as it was at one moment, whatever takes the file's name or place later.
 ///
 /// Holds the file open. Somebody who writes into the file itself spoils the snapshot, which is

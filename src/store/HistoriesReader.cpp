@@ -1,6 +1,7 @@
 #include "HistoriesReader.h"
 
 #include "CheckJson.h"
+#include "UuidText.h"
 
 #include <algorithm>
 #include <cstring>
@@ -10,9 +11,6 @@
 namespace ostrel {
 
 namespace {
-
-/// Some monitors' full histories; little enough for a processor's cache.
-constexpr std::size_t firstRoom = 1 << 20;
 
 /// Builds the histories while their file is read.
 class HistoryLoader : public CheckMapVisitor
@@ -37,20 +35,31 @@ private:
     CheckHistory *m_open = nullptr;
 };
 
-/// Where the last history but one that @p text holds ends: at the comma after its bracket. npos
-/// where no such place is seen.
+/// Whether a history ends at @p bracket: what stands there is `}],"`, 36 characters and `",[`.
 ///
-/// Taken for one is `}],"`, 36 characters and `",[`. Of that, the quotes can't be inside a string;
-/// it can stand elsewhere, deep inside a value that this program doesn't know, but then neither
-/// what comes before it nor what comes after it is a map.
+/// Of that, the quotes can't be inside a string; it can stand elsewhere, deep inside a value that
+/// this program doesn't know, but then neither what comes before it nor what comes after it is a
+/// map.
+bool isEndOfAHistory(std::string_view text, std::size_t bracket)
+{
+    constexpr std::string_view end = "}],\"";
+    constexpr std::string_view next = "\",[";
+    if (bracket == 0)
+        return false;
+    const std::string_view rest = text.substr(bracket - 1);
+    return rest.size() >= end.size() + uuidTextLength + next.size() && rest.starts_with(end) &&
+           rest.substr(end.size() + uuidTextLength).starts_with(next);
+}
+
+/// Where the last history that @p text holds wholly, and another follows, ends: at the comma after
+/// its bracket. npos if no such place is seen.
 std::size_t lastEndOfAHistory(std::string_view text)
 {
-    constexpr std::size_t idLength = 36;
-    for (std::size_t bracket = text.rfind(']'); bracket != std::string_view::npos && bracket > 0;
-         bracket = text.rfind(']', bracket - 1)) {
-        if (text[bracket - 1] == '}' && text.substr(bracket + 1, 2) == ",\"" &&
-            text.substr(bracket + 3).substr(idLength, 3) == "\",[")
+    std::size_t bracket = text.rfind(']');
+    while (bracket != std::string_view::npos && bracket > 0) {
+        if (isEndOfAHistory(text, bracket))
             return bracket + 1;
+        bracket = text.rfind(']', bracket - 1);
     }
     return std::string_view::npos;
 }
@@ -125,14 +134,14 @@ private:
 
 } // namespace
 
-std::optional<CheckHistories> readHistories(const FileSnapshot &content)
+std::optional<CheckHistories> readHistories(const FileSnapshot &content, std::size_t partSize)
 {
-    if (!content.isOfAFile())
+    if (!content.isOfAFile() || content.size() > maxStoredFileSize)
         return std::nullopt;
-    // As a whole where parts can't be read: they may not be what they seemed to be.
-    for (const std::size_t room : {firstRoom, static_cast<std::size_t>(content.size())}) {
+    // As a whole if parts can't be read: they may not be what they seemed to be.
+    for (const std::size_t room : {partSize, static_cast<std::size_t>(content.size())}) {
         HistoryLoader loader;
-        if (PartedReader(content, loader, room).read())
+        if (PartedReader(content, loader, std::max<std::size_t>(room, 1)).read())
             return loader.take();
     }
     return std::nullopt;

@@ -4,7 +4,9 @@ namespace ostrel {
 
 RecordsReader::RecordsReader(const QString &storageDir)
     : m_storageDir(storageDir)
-    , m_records(std::async(std::launch::async, &StoredRecords::read, storageDir))
+    // Deferred if there is no thread to be had.
+    , m_records(
+          std::async(std::launch::async | std::launch::deferred, &StoredRecords::read, storageDir))
 {
 }
 

@@ -4,14 +4,30 @@
 #include "HistoriesReader.h"
 #include "MonitorJson.h"
 
+#include <exception>
+#include <type_traits>
+
 namespace ostrel {
 
 namespace {
 
+/// What @p read gives; nothing if it throws, for example for want of memory.
+template<typename Read>
+std::invoke_result_t<Read> readOrNothing(Read read)
+{
+    try {
+        return read();
+    } catch (const std::exception &) {
+        return std::nullopt;
+    }
+}
+
 void readMonitors(const AtomicFile &file, StoredRecords &records)
 {
-    const auto json = file.read(&records.monitorsContent);
-    const auto monitors = json ? decodeMonitors(*json) : std::nullopt;
+    const auto monitors = readOrNothing([&] {
+        const auto json = file.read(&records.monitorsContent);
+        return json ? decodeMonitors(*json) : std::nullopt;
+    });
     records.monitors = monitors.value_or(QList<Monitor>());
     records.areMonitorsUnreadable = !monitors && file.exists();
 }
@@ -19,7 +35,7 @@ void readMonitors(const AtomicFile &file, StoredRecords &records)
 void readChecks(const AtomicFile &file, StoredRecords &records)
 {
     records.checksContent = file.snapshot();
-    auto histories = readHistories(records.checksContent);
+    auto histories = readOrNothing([&] { return readHistories(records.checksContent); });
     records.areChecksUnreadable = !histories && file.exists();
     records.checks = std::move(histories).value_or(CheckHistories());
 }

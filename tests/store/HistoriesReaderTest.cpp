@@ -74,7 +74,7 @@ protected:
         map.text += ']';
         return map;
     }
-    [[nodiscard]] std::optional<CheckHistories> read(const std::string &text) const
+    [[nodiscard]] FileSnapshot written(const std::string &text) const
     {
         const AtomicFile file(m_folder.filePath(QStringLiteral("checks.json")));
         FileSnapshot content;
@@ -83,7 +83,11 @@ protected:
             return true;
         };
         EXPECT_TRUE(file.write(fill, AtomicFile::Flush::none, &content));
-        return readHistories(content);
+        return content;
+    }
+    [[nodiscard]] std::optional<CheckHistories> read(const std::string &text) const
+    {
+        return readHistories(written(text));
     }
     /// By this process from files, so far.
     static quint64 bytesRead()
@@ -119,6 +123,8 @@ protected:
         }
     }
 
+    [[nodiscard]] const QTemporaryDir &folder() const { return m_folder; }
+
 private:
     static inline const QString m_errors[] = {
         QStringLiteral("Could not connect to [::1]"),
@@ -148,6 +154,44 @@ TEST_F(HistoriesReaderTest, AHistoryLargerThanAPartIsRead)
     addHistory(map, id, 30'000);
     map.text += ']';
     expectKnows(read(map.text), map);
+}
+
+TEST_F(HistoriesReaderTest, PartsOfEverySizeAreReadAlike)
+{
+    const StoredMap map = mapOf(4000, 4);
+    const FileSnapshot content = written(map.text);
+    for (std::size_t partSize = 0; partSize <= map.text.size() + 1; ++partSize) {
+        SCOPED_TRACE(partSize);
+        expectKnows(readHistories(content, partSize), map);
+        if (HasFatalFailure())
+            return;
+    }
+}
+
+TEST_F(HistoriesReaderTest, APartMayEndAnywhereBehindAHistory)
+{
+    const StoredMap map = mapOf(historiesPartSize * 2, 2000);
+    const std::string end = "}],\"";
+    const std::size_t border = map.text.find(end, historiesPartSize);
+    ASSERT_NE(border, std::string::npos);
+    const FileSnapshot content = written(map.text);
+    for (std::size_t behind = 0; behind < 60; ++behind) {
+        SCOPED_TRACE(behind);
+        expectHolds(readHistories(content, border + behind), map);
+    }
+}
+
+TEST_F(HistoriesReaderTest, AFileOfASizeThatNobodyWritesIsUnreadable)
+{
+    QFile file(folder().filePath(QStringLiteral("checks.json")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    for (const qint64 size : {qint64(maxStoredFileSize) + 1, qint64(1) << 40}) {
+        ASSERT_TRUE(file.resize(size));
+        const AtomicFile stored(file.fileName());
+        EXPECT_EQ(stored.snapshot().size(), quint64(size));
+        EXPECT_FALSE(readHistories(stored.snapshot()));
+        EXPECT_FALSE(stored.read());
+    }
 }
 
 TEST_F(HistoriesReaderTest, WhatTheProgramWritesIsReadFromTheFileOnce)

@@ -3,12 +3,15 @@
 #include "MonitorStore.h"
 #include "Printers.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <functional>
+#include <sys/resource.h>
 
 namespace ostrel {
 namespace {
@@ -114,6 +117,27 @@ TEST_F(RecordsReaderTest, NeedsNobodyWhoTakes)
     add();
     const RecordsReader reader(folder());
 }
+
+// AddressSanitizer reserves more address space than any limit leaves.
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+TEST_F(RecordsReaderTest, WantOfMemoryMakesAFileUnreadable)
+{
+    for (const char *name : {"monitors.json", "checks.json"}) {
+        QFile file(QDir(folder()).filePath(QString::fromLatin1(name)));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_TRUE(file.resize(qint64(maxStoredFileSize)));
+    }
+    const auto readWithLittleMemory = [this] {
+        constexpr rlim_t room = rlim_t(512) << 20;
+        const rlimit limit{room, room};
+        ::setrlimit(RLIMIT_AS, &limit);
+        const StoredRecords records = StoredRecords::read(folder());
+        const bool isUnreadable = records.areMonitorsUnreadable && records.areChecksUnreadable;
+        std::_Exit(isUnreadable ? 0 : 1);
+    };
+    EXPECT_EXIT(readWithLittleMemory(), testing::ExitedWithCode(0), "");
+}
+#endif
 
 } // namespace
 } // namespace ostrel
