@@ -3,6 +3,7 @@
 #include "HttpCheck.h"
 #include "LazyNetwork.h"
 #include "MainWindowLoader.h"
+#include "NetworkPresence.h"
 #include "NotificationManager.h"
 #include "OstrelApp.h"
 #include "Platform.h"
@@ -124,6 +125,7 @@ private:
         const auto notificationCenter = makeNotificationCenter(
             [&presenter](const NotificationRequest &request) { presenter(request); });
         const auto wakeSignal = makeWakeSignal();
+        NetworkPresence networkPresence;
         const auto loginItem = makeLoginItem();
         const auto workspace = makeWorkspace();
         const auto motion = makeMotionPreference();
@@ -135,7 +137,7 @@ private:
         NotificationManager notifications(*notificationCenter);
         HttpCheck httpCheck(network, notifications);
         PortCheck portCheck(network);
-        TimerSleeper sleeper;
+        TimerSleeper sleeper(&continuousNow);
 
         OstrelApp app(
             std::move(views), records.storageDir(), records.take(),
@@ -145,6 +147,7 @@ private:
                 .notificationCenter = *notificationCenter,
                 .notifications = notifications,
                 .wakeSignal = *wakeSignal,
+                .networkPresence = networkPresence,
                 .sleeper = sleeper,
                 .loginItem = *loginItem,
                 .workspace = *workspace,

@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QPromise>
 
+#include <exception>
 #include <functional>
 #include <memory>
 #include <type_traits>
@@ -12,13 +13,28 @@
 
 namespace ostrel {
 
+/// Calls @p function with @p future itself once that has finished, with a result or cancelled, on
+/// the thread of @p context, which is the calling one, always from its event loop. If @p context
+/// dies first, the function is never called. It may not throw.
+template<typename T, typename Function>
+void whenFinished(QFuture<T> future, QObject *context, Function function)
+{
+    auto *watcher = new QFutureWatcher<T>(context);
+    QObject::connect(watcher, &QFutureWatcherBase::finished, context,
+                     [watcher, function = std::move(function)]() mutable {
+                         watcher->deleteLater();
+                         function(watcher->future());
+                     });
+    watcher->setFuture(std::move(future));
+}
+
 namespace detail {
 
 /// Finishes @p promise with what @p function makes of @p future's result; leaves it, and so cancels
-/// it in the end, where that future was cancelled.
+/// it in the end, if that future was cancelled or the function throws.
 template<typename Result, typename T, typename Function>
 void fulfil(QPromise<Result> &promise, const QFuture<T> &future, Function &function)
-{
+try {
     if (future.isCanceled())
         return;
     if constexpr (std::is_void_v<T> && std::is_void_v<Result>) {
@@ -31,6 +47,8 @@ void fulfil(QPromise<Result> &promise, const QFuture<T> &future, Function &funct
         promise.addResult(function(future.result()));
     }
     promise.finish();
+} catch (const std::exception &) {
+    return;
 }
 
 template<typename Function, typename T>
@@ -47,8 +65,8 @@ struct Continued<Function, void>
 } // namespace detail
 
 /// Calls @p function with @p future's result on the thread of @p context, which is the calling one,
-/// always from its event loop. Where @p context dies first, or the future is cancelled, the
-/// function is never called and the future that is returned is cancelled.
+/// always from its event loop. If @p context dies first, or the future is cancelled, the function
+/// is never called and the future that is returned is cancelled; so it is if the function throws.
 ///
 /// QFuture::then(context, …) of Qt 6.4 asserts that the context is alive.
 template<typename T, typename Function>
@@ -56,16 +74,14 @@ QFuture<typename detail::Continued<Function, T>::type>
 continueOn(QFuture<T> future, QObject *context, Function function)
 {
     using Result = typename detail::Continued<Function, T>::type;
-    const auto promise = std::make_shared<QPromise<Result>>();
+    auto promise = std::make_shared<QPromise<Result>>();
     promise->start();
     auto continued = promise->future();
-    auto *watcher = new QFutureWatcher<T>(context);
-    QObject::connect(watcher, &QFutureWatcherBase::finished, context,
-                     [watcher, promise, function = std::move(function)]() mutable {
-                         watcher->deleteLater();
-                         detail::fulfil(*promise, watcher->future(), function);
-                     });
-    watcher->setFuture(std::move(future));
+    whenFinished(std::move(future), context,
+                 [promise = std::move(promise),
+                  function = std::move(function)](const QFuture<T> &finished) mutable {
+                     detail::fulfil(*promise, finished, function);
+                 });
     return continued;
 }
 

@@ -1,19 +1,41 @@
 #include "MonitoringEngine.h"
 
+#include "Address.h"
 #include "ContinueOn.h"
+#include "LoopbackHost.h"
 #include "MonitorCheck.h"
 #include "MonitorStore.h"
+#include "NetworkPresence.h"
 #include "NotificationManager.h"
 #include "PeriodicTask.h"
 #include "Sleeper.h"
 #include "WakeSignal.h"
 
+#include <QPromise>
+
+#include <exception>
+#include <memory>
+
 namespace ostrel {
 
 namespace {
 
+using namespace std::chrono_literals;
+
 // One failure may be chance; the second in a row is told, once.
 constexpr qint64 failuresUntilDown = 2;
+
+/// So long at most, not counting the sleep itself, are results dropped for a sleep that is near: if
+/// nobody tells of its end, it isn't coming.
+constexpr auto longestNearness = 30s;
+
+/// For a check that couldn't be carried out, for example for want of memory.
+Check failedCheck(const Monitor &monitor)
+{
+    Check check = newCheck(monitor, systemNow());
+    check.error = QStringLiteral("The check could not be carried out");
+    return check;
+}
 
 } // namespace
 
@@ -21,7 +43,14 @@ MonitoringEngine::MonitoringEngine(const EngineServices &services, QObject *pare
     : QObject(parent)
     , m_services(services)
 {
-    connect(&m_services.wakeSignal, &WakeSignal::didWake, this, &MonitoringEngine::checkAfterWake);
+    m_nearSleep.setSingleShot(true);
+    connect(&m_nearSleep, &QTimer::timeout, this, &MonitoringEngine::checkAllAnew);
+    connect(&m_services.wakeSignal, &WakeSignal::willSleep, this, &MonitoringEngine::holdForSleep);
+    connect(&m_services.wakeSignal, &WakeSignal::didWake, this, &MonitoringEngine::checkAllAnew);
+    connect(&m_services.networkPresence, &NetworkPresence::isPresentChanged, this, [this] {
+        if (m_isRunning && m_services.networkPresence.isPresent())
+            checkAllAnew();
+    });
 }
 
 MonitoringEngine::~MonitoringEngine() = default;
@@ -33,11 +62,8 @@ void MonitoringEngine::start()
     m_isRunning = true;
     Q_EMIT isRunningChanged();
 
-    const auto monitors = m_services.store.monitors();
-    for (const Monitor &monitor : monitors) {
-        if (monitor.isEnabled)
-            startMonitoring(monitor);
-    }
+    for (const Monitor &monitor : enabledMonitors())
+        startMonitoring(monitor);
 }
 
 void MonitoringEngine::startMonitoring(const Monitor &monitor)
@@ -46,9 +72,13 @@ void MonitoringEngine::startMonitoring(const Monitor &monitor)
     if (!monitor.isEnabled)
         return;
 
-    auto *task = new PeriodicTask(
-        monitor, [this](const Monitor &current) { return runCheck(current); },
-        [this, id = monitor.id] { return enabledMonitor(id); }, m_services.sleeper, this);
+    const PeriodicTask::Duties duties = {
+        .mustWait = [this](const Monitor &current) { return mustWait(current); },
+        .runCheck =
+            [this](const Monitor &current) { return runCheck(current, Occasion::scheduled); },
+        .currentMonitor = [this, id = monitor.id] { return enabledMonitor(id); },
+    };
+    auto *task = new PeriodicTask(monitor, duties, m_services.sleeper, this);
     m_tasks.insert(monitor.id, task);
     Q_EMIT tasksChanged();
     task->start();
@@ -66,7 +96,7 @@ void MonitoringEngine::stopMonitoring(const Monitor &monitor)
 
 void MonitoringEngine::checkNow(const Monitor &monitor)
 {
-    static_cast<void>(runCheck(monitor));
+    static_cast<void>(runCheck(monitor, Occasion::requested));
 }
 
 void MonitoringEngine::handleResult(const Check &check, const Monitor &monitor)
@@ -78,11 +108,53 @@ void MonitoringEngine::handleResult(const Check &check, const Monitor &monitor)
         handleFailure(check, monitor);
 }
 
-QFuture<void> MonitoringEngine::runCheck(const Monitor &monitor)
+QFuture<void> MonitoringEngine::runCheck(const Monitor &monitor, Occasion occasion)
 {
+    m_checkedInThisEra.insert(monitor.id);
+    const auto promise = std::make_shared<QPromise<void>>();
+    promise->start();
+    const Errand errand{.monitor = monitor, .occasion = occasion, .era = m_era};
+    whenFinished(begin(monitor), this, [this, errand, promise](const QFuture<Check> &check) {
+        end(check, errand);
+        promise->finish();
+    });
+    return promise->future();
+}
+
+QFuture<Check> MonitoringEngine::begin(const Monitor &monitor)
+try {
     auto &check = monitor.type == MonitorType::http ? m_services.httpCheck : m_services.portCheck;
-    return continueOn(check.run(monitor), this,
-                      [this, monitor](const Check &result) { handleResult(result, monitor); });
+    return check.run(monitor);
+} catch (const std::exception &) {
+    return QtFuture::makeReadyFuture(failedCheck(monitor));
+}
+
+void MonitoringEngine::end(const QFuture<Check> &check, const Errand &errand)
+try {
+    if (errand.era != m_era)
+        return;
+    const Check result = check.isCanceled() ? failedCheck(errand.monitor) : check.result();
+    if (!isNoFaultOfTheSite(result, errand))
+        handleResult(result, errand.monitor);
+} catch (const std::exception &) {
+    return; // It can't be recorded; the next one may be.
+}
+
+bool MonitoringEngine::isNoFaultOfTheSite(const Check &check, const Errand &errand) const
+{
+    return m_nearSleep.isActive() ||
+           (errand.occasion == Occasion::scheduled && !check.isUp && isOutOfReach(errand.monitor));
+}
+
+bool MonitoringEngine::mustWait(const Monitor &monitor) const
+{
+    return m_nearSleep.isActive() || isOutOfReach(monitor);
+}
+
+bool MonitoringEngine::isOutOfReach(const Monitor &monitor) const
+{
+    return !m_services.networkPresence.isPresent() &&
+           !isLoopbackHost(hostOf(monitor.url).value_or(monitor.url));
 }
 
 std::optional<Monitor> MonitoringEngine::enabledMonitor(const QUuid &id) const
@@ -91,12 +163,30 @@ std::optional<Monitor> MonitoringEngine::enabledMonitor(const QUuid &id) const
     return monitor && monitor->isEnabled ? monitor : std::nullopt;
 }
 
-void MonitoringEngine::checkAfterWake()
+QList<Monitor> MonitoringEngine::enabledMonitors() const
 {
-    const auto monitors = m_services.store.monitors();
-    for (const Monitor &monitor : monitors) {
-        if (monitor.isEnabled)
-            checkNow(monitor);
+    QList<Monitor> monitors = m_services.store.monitors();
+    monitors.removeIf([](const Monitor &monitor) { return !monitor.isEnabled; });
+    return monitors;
+}
+
+void MonitoringEngine::holdForSleep()
+{
+    m_nearSleep.start(longestNearness);
+}
+
+void MonitoringEngine::checkAllAnew()
+{
+    m_nearSleep.stop();
+    ++m_era;
+    m_checkedInThisEra.clear();
+    m_services.sleeper.catchUp();
+    for (const Monitor &monitor : enabledMonitors()) {
+        PeriodicTask *task = m_tasks.value(monitor.id);
+        if (task && task->isWaiting())
+            task->endWait();
+        else if (!m_checkedInThisEra.contains(monitor.id) && !isOutOfReach(monitor))
+            static_cast<void>(runCheck(monitor, Occasion::scheduled));
     }
 }
 

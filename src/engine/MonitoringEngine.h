@@ -5,12 +5,18 @@
 
 #include <QFuture>
 #include <QHash>
+#include <QList>
 #include <QObject>
+#include <QSet>
+#include <QTimer>
+
+#include <optional>
 
 namespace ostrel {
 
 class MonitorCheck;
 class MonitorStore;
+class NetworkPresence;
 class NotificationManager;
 class PeriodicTask;
 class Sleeper;
@@ -24,11 +30,16 @@ struct EngineServices
     MonitorCheck &portCheck;
     NotificationManager &notifications;
     WakeSignal &wakeSignal;
+    NetworkPresence &networkPresence;
     Sleeper &sleeper;
 };
 
 /// The one scheduler: keeps a periodic task for every enabled monitor, hands every result to the
 /// store, and turns runs of failures and recoveries into notifications. Main thread only.
+///
+/// What is no site's fault isn't recorded. While the computer has no network, scheduled checks of
+/// other computers wait. When it has one again, and after a sleep, what was under way is dropped,
+/// and every enabled monitor is checked once; a check that fell due meanwhile is that one.
 class MonitoringEngine : public QObject
 {
     Q_OBJECT
@@ -66,9 +77,29 @@ Q_SIGNALS:
     void consecutiveFailuresChanged();
 
 private:
-    [[nodiscard]] QFuture<void> runCheck(const Monitor &monitor);
+    enum class Occasion { scheduled, requested };
+
+    /// What a check that is under way was begun with.
+    struct Errand
+    {
+        Monitor monitor;
+        Occasion occasion;
+        quint64 era;
+    };
+
+    /// Finishes once the check has ended and is recorded, or is dropped, whatever was thrown.
+    [[nodiscard]] QFuture<void> runCheck(const Monitor &monitor, Occasion occasion);
+    [[nodiscard]] QFuture<Check> begin(const Monitor &monitor);
+    void end(const QFuture<Check> &check, const Errand &errand);
+    [[nodiscard]] bool isNoFaultOfTheSite(const Check &check, const Errand &errand) const;
+    /// Whether a scheduled check of @p monitor would say more of this computer than of the site.
+    [[nodiscard]] bool mustWait(const Monitor &monitor) const;
+    [[nodiscard]] bool isOutOfReach(const Monitor &monitor) const;
     [[nodiscard]] std::optional<Monitor> enabledMonitor(const QUuid &id) const;
-    void checkAfterWake();
+    [[nodiscard]] QList<Monitor> enabledMonitors() const;
+    void holdForSleep();
+    /// Drops what is under way, and checks every enabled monitor once.
+    void checkAllAnew();
     void handleFailure(const Check &check, const Monitor &monitor);
     void handleSuccess(const Check &check, const Monitor &monitor);
     void setConsecutiveFailures(const QUuid &monitorId, qint64 count);
@@ -76,6 +107,9 @@ private:
     EngineServices m_services;
     QHash<QUuid, PeriodicTask *> m_tasks;
     QHash<QUuid, qint64> m_consecutiveFailures;
+    quint64 m_era = 0;              ///< What was begun in an earlier one is dropped.
+    QSet<QUuid> m_checkedInThisEra; ///< The monitors of which a check has begun.
+    QTimer m_nearSleep{this};       ///< Runs from the word that sleep is near to the wake.
     bool m_isRunning = false;
 };
 

@@ -7,12 +7,10 @@
 
 namespace ostrel {
 
-PeriodicTask::PeriodicTask(const Monitor &monitor, RunCheck runCheck, CurrentMonitor currentMonitor,
-                           Sleeper &sleeper, QObject *parent)
+PeriodicTask::PeriodicTask(const Monitor &monitor, Duties duties, Sleeper &sleeper, QObject *parent)
     : QObject(parent)
     , m_monitor(monitor)
-    , m_runCheck(std::move(runCheck))
-    , m_currentMonitor(std::move(currentMonitor))
+    , m_duties(std::move(duties))
     , m_sleeper(sleeper)
 {
 }
@@ -27,9 +25,17 @@ void PeriodicTask::cancel()
     m_isCancelled = true;
 }
 
+void PeriodicTask::endWait()
+{
+    if (std::exchange(m_isWaiting, false))
+        wake();
+}
+
 void PeriodicTask::check(const Monitor &monitor)
 {
-    continueOn(m_runCheck(monitor), this, [this] { sleep(); });
+    m_isWaiting = m_duties.mustWait(monitor);
+    if (!m_isWaiting)
+        whenFinished(m_duties.runCheck(monitor), this, [this](const QFuture<void> &) { sleep(); });
 }
 
 void PeriodicTask::sleep()
@@ -42,7 +48,7 @@ void PeriodicTask::wake()
 {
     if (m_isCancelled)
         return;
-    if (const auto monitor = m_currentMonitor())
+    if (const auto monitor = m_duties.currentMonitor())
         check(*monitor);
     else
         sleep();

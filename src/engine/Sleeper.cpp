@@ -1,46 +1,58 @@
 #include "Sleeper.h"
 
-#include <QDeadlineTimer>
-#include <QObject>
-#include <QTimer>
-
 #include <algorithm>
-#include <chrono>
-#include <limits>
 #include <utility>
 
 namespace ostrel {
 
 namespace {
 
-using std::chrono::milliseconds;
+using namespace std::chrono;
 
-// A timer's length is a 32-bit number of milliseconds, 24.8 days; longer waits take several.
-constexpr milliseconds longestTimer{std::numeric_limits<int>::max()};
-
-// 200 years: no wait that anybody sees the end of is longer, and the deadline doesn't overflow.
+/// 200 years: no wait that anybody sees the end of is longer, and its end doesn't overflow.
 constexpr Seconds longestSleep{200.0 * 366 * 24 * 3600};
 
-void waitUntil(QDeadlineTimer deadline, QObject *context, std::function<void()> wake)
-{
-    const auto remaining = std::chrono::ceil<milliseconds>(deadline.remainingTimeAsDuration());
-    const auto step = std::min(remaining, longestTimer);
-    QTimer::singleShot(step, Qt::PreciseTimer, context,
-                       [deadline, context, wake = std::move(wake)]() mutable {
-                           if (deadline.hasExpired())
-                               wake();
-                           else
-                               waitUntil(deadline, context, std::move(wake));
-                       });
-}
+/// The event loop's clock stands still while the computer sleeps. So late at most is a sleep's end
+/// noticed if nobody tells of the wake.
+constexpr milliseconds longestTimer = minutes(1);
 
 } // namespace
+
+TimerSleeper::TimerSleeper(ContinuousClock clock, QObject *parent)
+    : QObject(parent)
+    , m_clock(std::move(clock))
+{
+    m_timer.setSingleShot(true);
+    m_timer.setTimerType(Qt::PreciseTimer);
+    connect(&m_timer, &QTimer::timeout, this, &TimerSleeper::catchUp);
+}
 
 void TimerSleeper::sleep(Seconds duration, QObject *context, std::function<void()> wake)
 {
     const auto bounded = std::clamp(duration, shortestSleep, longestSleep);
-    const auto length = std::chrono::ceil<milliseconds>(bounded);
-    waitUntil(QDeadlineTimer(length, Qt::PreciseTimer), context, std::move(wake));
+    m_sleeps.emplace(m_clock() + ceil<nanoseconds>(bounded), Sleep{context, std::move(wake)});
+    setTimer();
+}
+
+void TimerSleeper::catchUp()
+{
+    const ContinuousTime now = m_clock();
+    while (!m_sleeps.empty() && m_sleeps.begin()->first <= now) {
+        const Sleep ended = std::move(m_sleeps.extract(m_sleeps.begin()).mapped());
+        if (ended.context)
+            ended.wake();
+    }
+    setTimer();
+}
+
+void TimerSleeper::setTimer()
+{
+    if (m_sleeps.empty()) {
+        m_timer.stop();
+        return;
+    }
+    const auto left = ceil<milliseconds>(m_sleeps.begin()->first - m_clock());
+    m_timer.start(std::clamp(left, milliseconds(0), longestTimer));
 }
 
 } // namespace ostrel

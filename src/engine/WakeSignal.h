@@ -4,7 +4,7 @@
 
 namespace ostrel {
 
-/// The port that tells when the computer has woken from sleep. Lives on the main thread.
+/// The port that tells when the computer goes to sleep and has woken. Lives on the main thread.
 class WakeSignal : public QObject
 {
     Q_OBJECT
@@ -13,6 +13,8 @@ public:
     using QObject::QObject;
 
 Q_SIGNALS:
+    /// Sleep is near. Not every system tells of it.
+    void willSleep();
     void didWake();
 };
 

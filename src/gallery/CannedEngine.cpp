@@ -2,19 +2,32 @@
 
 #include "MonitorCheck.h"
 #include "MonitoringEngine.h"
+#include "NetworkPresence.h"
 #include "NotificationCenter.h"
 #include "NotificationManager.h"
 #include "Sleeper.h"
 #include "WakeSignal.h"
 
+#include <QPromise>
+
+#include <chrono>
+
 namespace ostrel {
 
 namespace {
 
-class NoCheck : public MonitorCheck
+/// Checks that never end.
+class EndlessCheck : public MonitorCheck
 {
 public:
-    [[nodiscard]] QFuture<Check> run(const Monitor & /*monitor*/) override { return {}; }
+    EndlessCheck() { m_promise.start(); }
+    [[nodiscard]] QFuture<Check> run(const Monitor & /*monitor*/) override
+    {
+        return m_promise.future();
+    }
+
+private:
+    QPromise<Check> m_promise;
 };
 
 class NoNotificationCenter : public NotificationCenter
@@ -35,16 +48,18 @@ struct CannedEngine::Parts
               .portCheck = check,
               .notifications = notifications,
               .wakeSignal = wakeSignal,
+              .networkPresence = networkPresence,
               .sleeper = sleeper,
           })
     {
     }
 
-    NoCheck check;
+    EndlessCheck check;
     NoNotificationCenter center;
     NotificationManager notifications{center};
     WakeSignal wakeSignal;
-    TimerSleeper sleeper;
+    NetworkPresence networkPresence;
+    TimerSleeper sleeper{[] { return std::chrono::steady_clock::now().time_since_epoch(); }};
     MonitoringEngine engine;
 };
 

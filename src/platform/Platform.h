@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ContinuousClock.h"
 #include "LoginItem.h"
 #include "MotionPreference.h"
 #include "NotificationCenter.h"
@@ -35,6 +36,8 @@ void preparePlatform();
 
 [[nodiscard]] std::unique_ptr<NotificationCenter>
 makeNotificationCenter(const NotificationPresenter &presenter);
+/// Now, on this system's continuous clock. Any thread.
+[[nodiscard]] ContinuousTime continuousNow();
 [[nodiscard]] std::unique_ptr<WakeSignal> makeWakeSignal();
 [[nodiscard]] std::unique_ptr<LoginItem> makeLoginItem();
 /// @p storageDir exists.

@@ -31,6 +31,7 @@ OstrelApp::OstrelApp(std::unique_ptr<MainWindowLoader> views, const QString &sto
           .portCheck = services.portCheck,
           .notifications = services.notifications,
           .wakeSignal = services.wakeSignal,
+          .networkPresence = services.networkPresence,
           .sleeper = services.sleeper,
       })
     , m_statusBarItem(m_store, services.statusBarHost)

@@ -20,6 +20,7 @@ class LoginItem;
 class MainWindowLoader;
 class MonitorCheck;
 class MotionPreference;
+class NetworkPresence;
 class NotificationCenter;
 class NotificationManager;
 class Sleeper;
@@ -35,6 +36,7 @@ struct AppServices
     NotificationCenter &notificationCenter;
     NotificationManager &notifications;
     WakeSignal &wakeSignal;
+    NetworkPresence &networkPresence;
     Sleeper &sleeper;
     LoginItem &loginItem;
     Workspace &workspace;

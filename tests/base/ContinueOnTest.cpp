@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <new>
 
 namespace ostrel::test {
 
@@ -85,6 +86,33 @@ TEST(ContinueOnTest, ContinuationsChain)
     promise.finish();
     ASSERT_TRUE(waitFor([&] { return second.isFinished(); }));
     EXPECT_EQ(second.result(), 2);
+}
+
+TEST(ContinueOnTest, WhatThrowsCancelsWhatFollows)
+{
+    QObject context;
+    const auto continued = continueOn(QtFuture::makeReadyFuture(20), &context,
+                                      [](int) -> int { throw std::bad_alloc(); });
+    ASSERT_TRUE(waitFor([&] { return continued.isFinished(); }));
+    EXPECT_TRUE(continued.isCanceled());
+}
+
+TEST(ContinueOnTest, TheEndOfACancelledFutureIsToldToo)
+{
+    QObject context;
+    int ends = 0;
+    bool wasCancelled = false;
+    {
+        QPromise<int> promise;
+        promise.start();
+        whenFinished(promise.future(), &context, [&](const QFuture<int> &future) {
+            ++ends;
+            wasCancelled = future.isCanceled();
+        });
+    }
+    ASSERT_TRUE(waitFor([&] { return ends > 0; }));
+    EXPECT_TRUE(wasCancelled);
+    EXPECT_EQ(ends, 1);
 }
 
 } // namespace ostrel::test

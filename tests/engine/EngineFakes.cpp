@@ -1,5 +1,6 @@
 #include "EngineFakes.h"
 
+#include <new>
 #include <utility>
 
 namespace ostrel::test {
@@ -31,17 +32,28 @@ void ManualSleeper::sleep(Seconds duration, QObject *context, std::function<void
     sleeps.push_back({duration, context, std::move(wake)});
 }
 
-void ManualSleeper::wakeAll()
+void ManualSleeper::catchUp()
 {
-    for (const Sleep &sleep : std::exchange(sleeps, {})) {
+    const auto end = sleeps.begin() + static_cast<std::ptrdiff_t>(std::exchange(m_due, 0));
+    const std::vector<Sleep> ended(sleeps.begin(), end);
+    sleeps.erase(sleeps.begin(), end);
+    for (const Sleep &sleep : ended) {
         if (sleep.context)
             sleep.wake();
     }
 }
 
+void ManualSleeper::wakeAll()
+{
+    fallDue(sleeps.size());
+    catchUp();
+}
+
 QFuture<Check> ScriptedCheck::run(const Monitor &monitor)
 {
     runs.push_back(monitor);
+    if (std::exchange(m_isThrowing, false))
+        throw std::bad_alloc();
     if (m_isHolding) {
         QPromise<Check> promise;
         promise.start();

@@ -3,6 +3,7 @@
 #include "Check.h"
 #include "Monitor.h"
 #include "MonitorCheck.h"
+#include "NetworkPresence.h"
 #include "NotificationCenter.h"
 #include "Sleeper.h"
 
@@ -32,11 +33,25 @@ public:
     };
 
     void sleep(Seconds duration, QObject *context, std::function<void()> wake) override;
+    /// Ends those sleeps of which the test says that they fell due.
+    void catchUp() override;
 
+    /// The first @p count of the sleeps are over by now, but nobody has noticed.
+    void fallDue(std::size_t count) { m_due = count; }
     /// Ends the sleeps that have begun so far; new ones that begin meanwhile go on.
     void wakeAll();
 
     std::vector<Sleep> sleeps;
+
+private:
+    std::size_t m_due = 0;
+};
+
+/// A network that is there or not as the test says.
+class ScriptedPresence : public NetworkPresence
+{
+public:
+    using NetworkPresence::setPresent;
 };
 
 /// Checks whose outcome the test decides, at once or later.
@@ -50,12 +65,17 @@ public:
     /// From now on checks stay under way until finishNext().
     void hold();
     void finishNext(bool isUp);
+    /// The next check that is still under way is cancelled, as at the network's end.
+    void cancelNext() { m_held.pop_front(); }
+    /// The next run throws.
+    void throwNext() { m_isThrowing = true; }
 
     std::vector<Monitor> runs;
 
 private:
     std::deque<bool> m_outcomes;
     bool m_isHolding = false;
+    bool m_isThrowing = false;
     std::deque<std::pair<Monitor, QPromise<Check>>> m_held;
 };
 

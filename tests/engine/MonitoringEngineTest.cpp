@@ -6,8 +6,12 @@
 #include "WaitFor.h"
 
 #include <QPointer>
+#include <QTimer>
 
 #include <gtest/gtest.h>
+
+#include <new>
+#include <utility>
 
 namespace ostrel::test {
 
@@ -345,6 +349,253 @@ TEST_F(MonitoringEngineTest, ChangesOfItsFieldsAreAnnounced)
     engine.stopMonitoring(monitor);
     engine.stopMonitoring(monitor);
     EXPECT_EQ(tasks, 4) << "also where there was nothing to stop";
+}
+
+TEST_F(MonitoringEngineTest, WhateverFailsInACheckEndsInOneCheckAndTheNextComes)
+{
+    httpCheck.throwNext();
+    runThrough({true});
+    ASSERT_EQ(store.checks(monitor.id).size(), 1u);
+    EXPECT_FALSE(store.checks(monitor.id).back().isUp);
+    EXPECT_EQ(store.checks(monitor.id).back().error,
+              QStringLiteral("The check could not be carried out"));
+
+    httpCheck.hold();
+    nextRound();
+    httpCheck.cancelNext();
+    settle();
+    ASSERT_EQ(store.checks(monitor.id).size(), 2u);
+    EXPECT_FALSE(store.checks(monitor.id).back().isUp);
+
+    nextRound();
+    httpCheck.finishNext(true);
+    settle();
+    ASSERT_EQ(store.checks(monitor.id).size(), 3u);
+    EXPECT_TRUE(store.checks(monitor.id).back().isUp);
+}
+
+TEST_F(MonitoringEngineTest, AResultThatCannotBeHandledDoesNotEndTheWatch)
+{
+    bool shallThrow = true;
+    QObject::connect(&store, &MonitorStore::checksChanged, &engine, [&] {
+        if (std::exchange(shallThrow, false))
+            throw std::bad_alloc();
+    });
+    runThrough({true});
+    nextRound();
+    EXPECT_EQ(store.checks(monitor.id).size(), 2u);
+}
+
+TEST_F(MonitoringEngineTest, ACheckThatFellDueInASleepIsTheWakesOwn)
+{
+    const Monitor second = makeMonitor(QStringLiteral("Second"));
+    store.addMonitor(monitor);
+    store.addMonitor(second);
+    engine.start();
+    settle();
+    sleeper.fallDue(1);
+
+    Q_EMIT wakeSignal.didWake();
+    settle();
+
+    EXPECT_EQ(store.checks(monitor.id).size(), 2u);
+    EXPECT_EQ(store.checks(second.id).size(), 2u);
+    EXPECT_EQ(sleeper.sleeps.size(), 2u);
+}
+
+TEST_F(MonitoringEngineTest, WhatIsUnderWayAtASleepIsDroppedForTheWakesCheck)
+{
+    httpCheck.hold();
+    store.addMonitor(monitor);
+    engine.start();
+    settle();
+
+    Q_EMIT wakeSignal.didWake();
+    settle();
+    httpCheck.finishNext(false);
+    settle();
+    EXPECT_TRUE(store.checks(monitor.id).empty());
+    EXPECT_EQ(sleeper.sleeps.size(), 1u) << "the task goes on";
+
+    httpCheck.finishNext(true);
+    settle();
+    EXPECT_EQ(store.checks(monitor.id).size(), 1u);
+    EXPECT_EQ(httpCheck.runs.size(), 2u);
+}
+
+TEST_F(MonitoringEngineTest, NothingIsRecordedBetweenTheWordOfASleepAndTheWake)
+{
+    runThrough({true});
+    httpCheck.hold();
+    nextRound();
+    Q_EMIT wakeSignal.willSleep();
+    httpCheck.finishNext(false);
+    settle();
+    EXPECT_EQ(store.checks(monitor.id).size(), 1u);
+    nextRound();
+    EXPECT_EQ(httpCheck.runs.size(), 2u) << "no check begins";
+
+    Q_EMIT wakeSignal.didWake();
+    settle();
+    httpCheck.finishNext(false);
+    settle();
+    EXPECT_EQ(store.checks(monitor.id).size(), 2u);
+    EXPECT_EQ(engine.consecutiveFailures().value(monitor.id), 1);
+    EXPECT_EQ(httpCheck.runs.size(), 3u);
+}
+
+TEST_F(MonitoringEngineTest, ASleepThatDoesNotComeHoldsNothingUpForEver)
+{
+    runThrough({true});
+    Q_EMIT wakeSignal.willSleep();
+    nextRound();
+    ASSERT_EQ(httpCheck.runs.size(), 1u);
+    auto *nearness = engine.findChild<QTimer *>();
+    ASSERT_TRUE(nearness);
+    ASSERT_TRUE(nearness->isActive());
+
+    nearness->start(0);
+    ASSERT_TRUE(waitFor([&] { return store.checks(monitor.id).size() == 2; }));
+    EXPECT_EQ(sleeper.sleeps.size(), 1u);
+}
+
+class MonitoringEngineOfflineTest : public MonitoringEngineTest
+{
+protected:
+    MonitoringEngineOfflineTest()
+    {
+        local.url = QStringLiteral("http://127.0.0.1:8080/");
+        paused.isEnabled = false;
+        for (const Monitor &each : {monitor, local, paused})
+            store.addMonitor(each);
+    }
+    void goOffline() { networkPresence.setPresent(false); }
+    void comeBack()
+    {
+        networkPresence.setPresent(true);
+        settle();
+    }
+    [[nodiscard]] std::vector<std::size_t> counts() const
+    {
+        return {store.checks(monitor.id).size(), store.checks(local.id).size(),
+                store.checks(paused.id).size()};
+    }
+
+    Monitor local = makeMonitor(QStringLiteral("Local"));
+    Monitor paused = makeMonitor(QStringLiteral("Paused"));
+};
+
+using Counts = std::vector<std::size_t>;
+
+TEST_F(MonitoringEngineOfflineTest, ScheduledChecksOfOtherComputersWaitAndAreMadeAtOnceOnReturn)
+{
+    engine.start();
+    settle();
+    ASSERT_EQ(counts(), Counts({1, 1, 0}));
+    goOffline();
+    nextRound();
+    EXPECT_EQ(counts(), Counts({1, 2, 0}));
+    nextRound();
+    EXPECT_EQ(counts(), Counts({1, 3, 0}));
+    EXPECT_EQ(center.kinds(), none);
+
+    comeBack();
+    EXPECT_EQ(counts(), Counts({2, 4, 0}));
+    EXPECT_EQ(sleeper.sleeps.size(), 2u);
+    nextRound();
+    EXPECT_EQ(counts(), Counts({3, 5, 0}));
+}
+
+TEST_F(MonitoringEngineOfflineTest, FirstChecksWaitToo)
+{
+    goOffline();
+    engine.start();
+    settle();
+    EXPECT_EQ(counts(), Counts({0, 1, 0}));
+    comeBack();
+    EXPECT_EQ(counts(), Counts({1, 2, 0}));
+}
+
+TEST_F(MonitoringEngineOfflineTest, ATaskThatStillSleepsIsCheckedOnReturnAndKeepsItsTiming)
+{
+    engine.start();
+    settle();
+    goOffline();
+    comeBack();
+    EXPECT_EQ(counts(), Counts({2, 2, 0}));
+    EXPECT_EQ(sleeper.sleeps.size(), 2u);
+}
+
+TEST_F(MonitoringEngineOfflineTest, CheckNowChecksAllTheSame)
+{
+    goOffline();
+    httpCheck.willBe({false});
+    engine.checkNow(monitor);
+    settle();
+    ASSERT_EQ(counts(), Counts({1, 0, 0}));
+    EXPECT_FALSE(store.checks(monitor.id).back().isUp);
+}
+
+TEST_F(MonitoringEngineOfflineTest, FailuresOfChecksThatTheAbsenceInterruptedAreDropped)
+{
+    httpCheck.hold();
+    engine.start();
+    settle();
+    goOffline();
+    httpCheck.finishNext(false);
+    httpCheck.finishNext(false);
+    settle();
+    EXPECT_EQ(counts(), Counts({0, 1, 0})) << "a failure of this computer's own server counts";
+    EXPECT_EQ(engine.consecutiveFailures().value(monitor.id), 0);
+    EXPECT_EQ(sleeper.sleeps.size(), 2u);
+}
+
+TEST_F(MonitoringEngineOfflineTest, AnswersThatStillArriveCount)
+{
+    httpCheck.hold();
+    engine.start();
+    settle();
+    goOffline();
+    httpCheck.finishNext(true);
+    settle();
+    EXPECT_EQ(counts(), Counts({1, 0, 0}));
+}
+
+TEST_F(MonitoringEngineOfflineTest, WhatIsUnderWayOnReturnIsDroppedForTheChecksThen)
+{
+    httpCheck.hold();
+    engine.start();
+    settle();
+    goOffline();
+    comeBack();
+    httpCheck.finishNext(false);
+    httpCheck.finishNext(false);
+    settle();
+    EXPECT_EQ(counts(), Counts({0, 0, 0}));
+    httpCheck.finishNext(true);
+    httpCheck.finishNext(true);
+    settle();
+    EXPECT_EQ(counts(), Counts({1, 1, 0}));
+}
+
+TEST_F(MonitoringEngineOfflineTest, TheWakesChecksWaitAsWell)
+{
+    engine.start();
+    settle();
+    goOffline();
+    sleeper.fallDue(2);
+    Q_EMIT wakeSignal.didWake();
+    settle();
+    EXPECT_EQ(counts(), Counts({1, 2, 0}));
+    comeBack();
+    EXPECT_EQ(counts(), Counts({2, 3, 0}));
+}
+
+TEST_F(MonitoringEngineOfflineTest, NothingBeginsOnReturnBeforeTheEngineHasStarted)
+{
+    goOffline();
+    comeBack();
+    EXPECT_EQ(counts(), Counts({0, 0, 0}));
 }
 
 } // namespace ostrel::test

@@ -21,7 +21,8 @@ struct FolderStore
 struct ScriptedEngine
 {
     explicit ScriptedEngine(MonitorStore &watched)
-        : engine({watched, httpCheck, portCheck, notifications, wakeSignal, sleeper})
+        : engine(
+              {watched, httpCheck, portCheck, notifications, wakeSignal, networkPresence, sleeper})
     {
     }
 
@@ -30,6 +31,7 @@ struct ScriptedEngine
     RecordingNotificationCenter center;
     NotificationManager notifications{center};
     WakeSignal wakeSignal;
+    ScriptedPresence networkPresence;
     ManualSleeper sleeper;
     MonitoringEngine engine;
 };

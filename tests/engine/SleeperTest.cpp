@@ -3,10 +3,12 @@
 #include "WaitFor.h"
 
 #include <QElapsedTimer>
+#include <QList>
 #include <QObject>
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 
 namespace ostrel::test {
@@ -14,9 +16,18 @@ namespace ostrel::test {
 using namespace std::chrono_literals;
 using std::chrono::milliseconds;
 
+namespace {
+
+ContinuousTime steadyNow()
+{
+    return std::chrono::steady_clock::now().time_since_epoch();
+}
+
+} // namespace
+
 TEST(TimerSleeperTest, WakesOnceAfterTheDurationAndNeverEarly)
 {
-    TimerSleeper sleeper;
+    TimerSleeper sleeper(&steadyNow);
     QObject context;
     int wakes = 0;
     QElapsedTimer elapsed;
@@ -31,7 +42,7 @@ TEST(TimerSleeperTest, WakesOnceAfterTheDurationAndNeverEarly)
 TEST(TimerSleeperTest, NoSleepIsShorterThanItsBound)
 {
     for (const double seconds : {0.0, -5.0, 1e-9}) {
-        TimerSleeper sleeper;
+        TimerSleeper sleeper(&steadyNow);
         QObject context;
         bool isAwake = false;
         QElapsedTimer elapsed;
@@ -45,7 +56,7 @@ TEST(TimerSleeperTest, NoSleepIsShorterThanItsBound)
 
 TEST(TimerSleeperTest, YearsDoNotOverflowIntoAnEarlyWake)
 {
-    TimerSleeper sleeper;
+    TimerSleeper sleeper(&steadyNow);
     QObject context;
     bool isAwake = false;
     for (const double seconds : {30.0 * 24 * 3600, 3e8, 1e12, 1e300})
@@ -55,12 +66,55 @@ TEST(TimerSleeperTest, YearsDoNotOverflowIntoAnEarlyWake)
 
 TEST(TimerSleeperTest, AContextThatDiesIsNotWoken)
 {
-    TimerSleeper sleeper;
+    TimerSleeper sleeper(&steadyNow);
     auto context = std::make_unique<QObject>();
     bool isAwake = false;
     sleeper.sleep(Seconds(0.1), context.get(), [&] { isAwake = true; });
     context.reset();
     EXPECT_FALSE(waitFor([&] { return isAwake; }, 300ms));
+}
+
+TEST(TimerSleeperTest, WhatFellDueWhileTheComputerSleptEndsAtOnceAndTheRestKeepsItsTime)
+{
+    ContinuousTime slept{0};
+    TimerSleeper sleeper([&] { return steadyNow() + slept; });
+    QObject context;
+    int due = 0;
+    int later = 0;
+    sleeper.sleep(Seconds(3600), &context, [&] { ++due; });
+    sleeper.sleep(Seconds(3600.3), &context, [&] { ++later; });
+    EXPECT_FALSE(waitFor([&] { return due + later > 0; }, 50ms));
+
+    slept = std::chrono::hours(1);
+    sleeper.catchUp();
+    EXPECT_EQ(due, 1);
+    EXPECT_EQ(later, 0);
+    ASSERT_TRUE(waitFor([&] { return later > 0; }));
+    EXPECT_EQ(due, 1);
+}
+
+TEST(TimerSleeperTest, SleepsEndInTheOrderOfTheirEnds)
+{
+    TimerSleeper sleeper(&steadyNow);
+    QObject context;
+    QList<int> ended;
+    for (const int tenths : {3, 1, 2})
+        sleeper.sleep(Seconds(tenths / 10.0), &context, [&, tenths] { ended += tenths; });
+    ASSERT_TRUE(waitFor([&] { return ended.size() == 3; }));
+    EXPECT_EQ(ended, QList<int>({1, 2, 3}));
+}
+
+TEST(TimerSleeperTest, ASleepMayBeginWhereAnotherEnds)
+{
+    TimerSleeper sleeper(&steadyNow);
+    QObject context;
+    int ends = 0;
+    std::function<void()> again = [&] {
+        if (++ends < 3)
+            sleeper.sleep(Seconds(0), &context, again);
+    };
+    sleeper.sleep(Seconds(0), &context, again);
+    EXPECT_TRUE(waitFor([&] { return ends == 3; }));
 }
 
 } // namespace ostrel::test

@@ -11,6 +11,7 @@
 
 #include <QThreadPool>
 
+#include <ctime>
 #include <fontconfig/fontconfig.h>
 
 #ifdef __GLIBC__
@@ -51,6 +52,13 @@ void preparePlatform()
 std::unique_ptr<NotificationCenter> makeNotificationCenter(const NotificationPresenter &)
 {
     return std::make_unique<FreedesktopNotificationCenter>();
+}
+
+ContinuousTime continuousNow()
+{
+    timespec now = {};
+    ::clock_gettime(CLOCK_BOOTTIME, &now);
+    return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
 }
 
 std::unique_ptr<WakeSignal> makeWakeSignal()

@@ -16,7 +16,9 @@ FreedesktopWakeSignal::FreedesktopWakeSignal(const QDBusConnection &bus, QObject
 
 void FreedesktopWakeSignal::prepareForSleep(bool isGoingToSleep)
 {
-    if (!isGoingToSleep)
+    if (isGoingToSleep)
+        Q_EMIT willSleep();
+    else
         Q_EMIT didWake();
 }
 

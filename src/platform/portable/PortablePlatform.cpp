@@ -22,6 +22,12 @@ std::unique_ptr<NotificationCenter> makeNotificationCenter(const NotificationPre
     return std::make_unique<PortableNotificationCenter>(presenter);
 }
 
+ContinuousTime continuousNow()
+{
+    // Goes on during a sleep on Windows and macOS, for which this implementation is.
+    return std::chrono::steady_clock::now().time_since_epoch();
+}
+
 std::unique_ptr<WakeSignal> makeWakeSignal()
 {
     return std::make_unique<PortableWakeSignal>();

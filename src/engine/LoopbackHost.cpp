@@ -1,0 +1,27 @@
+#include "LoopbackHost.h"
+
+#include <QRegularExpression>
+#include <QUrl>
+
+namespace ostrel {
+
+namespace {
+
+/// In the shortest spelling of an address, and lower case.
+QString canonical(const QString &host)
+{
+    QUrl url;
+    url.setHost(host);
+    return url.host();
+}
+
+} // namespace
+
+bool isLoopbackHost(const QString &host)
+{
+    static const QRegularExpression loopback(
+        QStringLiteral(R"(^(127(\.\d+){3}|::1|::ffff:127(\.\d+){3}|(.*\.)?localhost\.?)$)"));
+    return loopback.match(canonical(host)).hasMatch();
+}
+
+} // namespace ostrel
