@@ -44,7 +44,8 @@ double threadTime()
 
 BenchWindow::BenchWindow(MonitorStore &store)
     : m_scripted(store)
-    , m_models(store, m_scripted.engine, m_loginItem, m_workspace, fullFolderNow)
+    , m_models(store, m_scripted.engine, m_scripted.networkPresence, m_loginItem, m_workspace,
+               fullFolderNow)
 {
 }
 

@@ -3,6 +3,7 @@
 #include "CannedEngine.h"
 #include "CannedMonitors.h"
 #include "MonitorStore.h"
+#include "NetworkPresence.h"
 #include "NoWorkspace.h"
 
 #include <QTemporaryDir>
@@ -42,6 +43,14 @@ struct WindowRecipe
     const char *sample;
     std::vector<CannedMonitor> (*make)();
     int selected = dashboard; ///< An index.
+    bool isOffline = false;
+};
+
+/// A network that is there or not as the sample says.
+class CannedPresence : public NetworkPresence
+{
+public:
+    using NetworkPresence::setPresent;
 };
 
 constexpr std::array windowRecipes = {
@@ -53,6 +62,7 @@ constexpr std::array windowRecipes = {
     WindowRecipe{"all-paused", allPaused},
     WindowRecipe{"many", manyCannedMonitors},
     WindowRecipe{"long", longCannedMonitors},
+    WindowRecipe{"offline", cannedMonitorsUp, dashboard, true},
     WindowRecipe{"detail-down", cannedMonitors, 1},
     WindowRecipe{"detail-slow", cannedMonitors, 2},
     WindowRecipe{"detail-up", cannedMonitors, 3},
@@ -76,6 +86,8 @@ struct CannedWindow::Parts
     MonitorForm form{store, canned.engine(), cannedNow};
     SheetOpener opener{store, form};
     DesktopActions desktop{workspace, folder.path()};
+    CannedPresence presence;
+    SidebarNotice notice{presence};
 };
 
 CannedWindow::CannedWindow(QObject *parent)
@@ -102,6 +114,7 @@ void CannedWindow::setSample(const QString &sample)
             continue;
         for (const CannedMonitor &canned : recipe.make())
             addTo(m_parts->store, canned);
+        m_parts->presence.setPresent(!recipe.isOffline);
         if (recipe.selected != dashboard)
             m_selectedMonitorId = m_parts->monitors.monitorIdAt(recipe.selected);
     }
@@ -135,6 +148,11 @@ SheetOpener *CannedWindow::opener()
 DesktopActions *CannedWindow::desktop()
 {
     return &m_parts->desktop;
+}
+
+SidebarNotice *CannedWindow::notice()
+{
+    return &m_parts->notice;
 }
 
 } // namespace ostrel

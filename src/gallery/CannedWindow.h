@@ -6,6 +6,7 @@
 #include "MonitorDetailModel.h"
 #include "MonitorListModel.h"
 #include "SheetOpener.h"
+#include "SidebarNotice.h"
 
 #include <QObject>
 #include <QStringList>
@@ -31,6 +32,7 @@ class CannedWindow : public QObject
     Q_PROPERTY(ostrel::MonitorDetailModel *detailModel READ detailModel CONSTANT)
     Q_PROPERTY(ostrel::SheetOpener *opener READ opener CONSTANT)
     Q_PROPERTY(ostrel::DesktopActions *desktop READ desktop CONSTANT)
+    Q_PROPERTY(ostrel::SidebarNotice *notice READ notice CONSTANT)
     /// A QUuid: the monitor whose page is to be shown; null for the dashboard.
     Q_PROPERTY(QVariant selectedMonitorId READ selectedMonitorId CONSTANT)
 
@@ -50,6 +52,7 @@ public:
     [[nodiscard]] MonitorDetailModel *detailModel();
     [[nodiscard]] SheetOpener *opener();
     [[nodiscard]] DesktopActions *desktop();
+    [[nodiscard]] SidebarNotice *notice();
     [[nodiscard]] QVariant selectedMonitorId() const { return m_selectedMonitorId; }
 
 private:

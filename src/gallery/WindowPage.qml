@@ -29,6 +29,7 @@ Rectangle {
         detailModel: canned.detailModel
         opener: canned.opener
         desktop: canned.desktop
+        notice: canned.notice
     }
 
     CannedWindow {

@@ -14,6 +14,7 @@ FocusScope {
     required property MonitorDetailModel detailModel
     required property SheetOpener opener
     required property DesktopActions desktop
+    required property SidebarNotice notice
     property alias selectedMonitorId: chosen.monitorId
     property bool showingAddSheet: false
     // Set by the sheet.
@@ -133,6 +134,7 @@ FocusScope {
         monitors: root.monitors
         selection: chosen
         actions: root.actions
+        notice: root.notice
         onAddRequested: root.add()
         onSettingsRequested: root.settingsRequested()
     }

@@ -13,6 +13,7 @@ Window {
     required property SheetOpener opener
     required property Settings settings
     required property DesktopActions desktop
+    required property SidebarNotice notice
     // Whether nothing is to move but what the hand moves.
     property bool reducedMotion: false
 
@@ -47,6 +48,7 @@ Window {
         detailModel: root.detailModel
         opener: root.opener
         desktop: root.desktop
+        notice: root.notice
         onSettingsRequested: {
             if (!settingsWindow.item)
                 settingsWindow.setSource("SettingsWindow.qml", {

@@ -50,6 +50,7 @@ QQuickWindow *MainWindowLoader::load(WindowModels &models)
         {QStringLiteral("opener"), QVariant::fromValue(&models.opener)},
         {QStringLiteral("settings"), QVariant::fromValue(&models.settings)},
         {QStringLiteral("desktop"), QVariant::fromValue(&models.desktop)},
+        {QStringLiteral("notice"), QVariant::fromValue(&models.notice)},
     });
     m_engine.load(mainWindow());
     return qobject_cast<QQuickWindow *>(m_engine.rootObjects().value(0));

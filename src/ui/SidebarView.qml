@@ -10,6 +10,7 @@ Item {
     required property MonitorListModel monitors
     required property MonitorSelection selection
     required property AppActions actions
+    required property SidebarNotice notice
 
     signal addRequested
     signal settingsRequested
@@ -22,12 +23,31 @@ Item {
         id: monitorList
 
         anchors.top: parent.top
-        anchors.bottom: footer.top
+        anchors.bottom: noticeRow.top
         width: parent.width
         focus: true
         monitors: root.monitors
         selection: root.selection
         actions: root.actions
+    }
+
+    // Made when there is something to say for the first time.
+    Loader {
+        id: noticeRow
+
+        readonly property bool isNeeded: root.notice.isNeeded
+
+        function make(): void {
+            if (isNeeded && !item)
+                setSource("SidebarNoticeRow.qml", {
+                    notice: root.notice
+                });
+        }
+
+        anchors.bottom: footer.top
+        width: parent.width
+        onIsNeededChanged: make()
+        Component.onCompleted: make()
     }
 
     Item {

@@ -4,7 +4,8 @@
 
 namespace ostrel {
 
-WindowModels::WindowModels(MonitorStore &store, MonitoringEngine &engine, LoginItem &loginItem,
+WindowModels::WindowModels(MonitorStore &store, MonitoringEngine &engine,
+                           const NetworkPresence &presence, LoginItem &loginItem,
                            Workspace &workspace, const WallClock &now)
     : monitors(store)
     , overview(store)
@@ -14,6 +15,7 @@ WindowModels::WindowModels(MonitorStore &store, MonitoringEngine &engine, LoginI
     , opener(store, form)
     , settings(loginItem)
     , desktop(workspace, store.storageDir())
+    , notice(presence)
 {
 }
 

@@ -8,12 +8,14 @@
 #include "MonitorListModel.h"
 #include "Settings.h"
 #include "SheetOpener.h"
+#include "SidebarNotice.h"
 
 namespace ostrel {
 
 class LoginItem;
 class MonitorStore;
 class MonitoringEngine;
+class NetworkPresence;
 class Workspace;
 
 /// What the main window shows, and what it commands. Lives on the main thread, and longer than the
@@ -21,8 +23,8 @@ class Workspace;
 struct WindowModels
 {
     /// All arguments outlive this.
-    WindowModels(MonitorStore &store, MonitoringEngine &engine, LoginItem &loginItem,
-                 Workspace &workspace, const WallClock &now = systemNow);
+    WindowModels(MonitorStore &store, MonitoringEngine &engine, const NetworkPresence &presence,
+                 LoginItem &loginItem, Workspace &workspace, const WallClock &now = systemNow);
 
     MonitorListModel monitors;
     DashboardOverview overview;
@@ -32,6 +34,7 @@ struct WindowModels
     SheetOpener opener;
     Settings settings;
     DesktopActions desktop;
+    SidebarNotice notice;
 };
 
 } // namespace ostrel

@@ -166,7 +166,8 @@ protected:
 private:
     PrivatePreferences m_preferences;
     RecordingLoginItem m_loginItem;
-    WindowModels m_models{samples.store, scripted.engine, m_loginItem, workspace};
+    WindowModels m_models{samples.store, scripted.engine, scripted.networkPresence, m_loginItem,
+                          workspace};
     MainWindowLoader m_views;
 
 protected:
@@ -511,6 +512,33 @@ TEST_F(ContentViewTest, TheSettingsHaveAWindowOfTheirOwn)
     window->close();
     EXPECT_TRUE(settingsWindow()) << "it goes on without the main window";
     EXPECT_FALSE(settingsWindow()->transientParent()) << "nor is it minimised together with it";
+}
+
+TEST_F(ContentViewTest, ANoticeStandsAboveTheFooterWhileThereIsSomethingToSay)
+{
+    samples.add(sampleMonitor());
+    show();
+    const qreal height = item("list")->height();
+    EXPECT_FALSE(item("noticeText"));
+
+    scripted.networkPresence.setPresent(false);
+    ASSERT_TRUE(item("noticeText"));
+    const QQuickItem *row = item("noticeText")->parentItem();
+    ASSERT_TRUE(waitFor([&] { return row->opacity() == 1; }));
+    EXPECT_EQ(textOf("noticeText"), QStringLiteral("Offline. Checks wait for the network."));
+    EXPECT_EQ(item("list")->height(), height - 36);
+    EXPECT_EQ(row->mapToScene({0, row->height()}).y(), window->height() - 49);
+    const QAccessibleInterface *spoken =
+        QAccessible::queryAccessibleInterface(item("noticeText")->parentItem());
+    ASSERT_TRUE(spoken);
+    EXPECT_EQ(spoken->role(), QAccessible::AlertMessage);
+    EXPECT_EQ(spoken->text(QAccessible::Name), textOf("noticeText"));
+
+    scripted.networkPresence.setPresent(true);
+    EXPECT_EQ(textOf("noticeText"), QStringLiteral("Offline. Checks wait for the network."))
+        << "it doesn't change while it goes";
+    ASSERT_TRUE(waitFor([&] { return !row->isVisible(); }));
+    EXPECT_EQ(item("list")->height(), height);
 }
 
 TEST(ToneColorsTest, EveryToneIsAColourOfTheTheme)

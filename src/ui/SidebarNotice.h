@@ -1,0 +1,53 @@
+#pragma once
+
+#include "Tone.h"
+
+#include <QObject>
+#include <QString>
+#include <QtQml/qqmlregistration.h>
+
+namespace ostrel {
+
+class NetworkPresence;
+
+/// What the sidebar says of Ostrel itself: what keeps it from its work at the moment. Main thread.
+class SidebarNotice : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made by the application")
+    Q_PROPERTY(bool isNeeded READ isNeeded NOTIFY changed FINAL)
+    // What is said, or what was said last, for the time in which it disappears.
+    Q_PROPERTY(QString text READ text NOTIFY changed FINAL)
+    Q_PROPERTY(QString symbol READ symbol NOTIFY changed FINAL)
+    /// A Tone, as a number.
+    Q_PROPERTY(int tone READ tone NOTIFY changed FINAL)
+
+public:
+    /// @p presence outlives this object.
+    explicit SidebarNotice(const NetworkPresence &presence, QObject *parent = nullptr);
+
+    [[nodiscard]] bool isNeeded() const { return m_isNeeded; }
+    [[nodiscard]] QString text() const { return m_message.text; }
+    [[nodiscard]] QString symbol() const { return m_message.symbol; }
+    [[nodiscard]] int tone() const { return static_cast<int>(m_message.tone); }
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    struct Message
+    {
+        QString text;
+        QString symbol;
+        Tone tone = Tone::Secondary;
+    };
+
+    void update();
+
+    const NetworkPresence &m_presence;
+    Message m_message;
+    bool m_isNeeded = false;
+};
+
+} // namespace ostrel

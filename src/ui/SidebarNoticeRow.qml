@@ -1,0 +1,63 @@
+import QtQuick
+
+import Ostrel
+import Ostrel.Theme
+
+// Shows the sidebar's notice while there is one; takes no room without.
+Item {
+    id: root
+
+    required property SidebarNotice notice
+    readonly property real rowHeight: 36
+    readonly property real inset: 18
+    readonly property real symbolGap: 8
+
+    implicitHeight: visible ? rowHeight : 0
+    opacity: notice.isNeeded ? 1 : 0
+    visible: opacity > 0
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: notice.text
+
+    Behavior on opacity {
+        NumberAnimation {
+            duration: Theme.quickMotion
+        }
+    }
+
+    Hairline {
+        width: parent.width
+    }
+
+    Symbol {
+        id: symbol
+
+        x: root.inset
+        anchors.verticalCenter: parent.verticalCenter
+        name: root.notice.symbol
+        systemSize: 12
+        color: ToneColors.of(root.notice.tone)
+    }
+
+    QuietText {
+        objectName: "noticeText"
+        anchors.left: symbol.right
+        anchors.leftMargin: root.symbolGap
+        anchors.right: parent.right
+        anchors.rightMargin: root.inset
+        anchors.verticalCenter: parent.verticalCenter
+        text: root.notice.text
+        font: Theme.footnote
+        color: Theme.textSecondary
+        wrapMode: Text.Wrap
+        maximumLineCount: 2
+    }
+
+    HoverHandler {
+        id: hover
+    }
+
+    HelpText {
+        visible: hover.hovered && root.notice.isNeeded
+        text: root.notice.text
+    }
+}
