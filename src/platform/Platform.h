@@ -3,6 +3,7 @@
 #include "ContinuousClock.h"
 #include "LoginItem.h"
 #include "MotionPreference.h"
+#include "NetworkPresence.h"
 #include "NotificationCenter.h"
 #include "SingleInstance.h"
 #include "StatusBarHost.h"
@@ -39,6 +40,7 @@ makeNotificationCenter(const NotificationPresenter &presenter);
 /// Now, on this system's continuous clock. Any thread.
 [[nodiscard]] ContinuousTime continuousNow();
 [[nodiscard]] std::unique_ptr<WakeSignal> makeWakeSignal();
+[[nodiscard]] std::unique_ptr<NetworkPresence> makeNetworkPresence();
 [[nodiscard]] std::unique_ptr<LoginItem> makeLoginItem();
 /// @p storageDir exists.
 [[nodiscard]] std::unique_ptr<SingleInstance> makeSingleInstance(const QString &storageDir);
