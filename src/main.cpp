@@ -3,7 +3,6 @@
 #include "HttpCheck.h"
 #include "LazyNetwork.h"
 #include "MainWindowLoader.h"
-#include "NetworkPresence.h"
 #include "NotificationManager.h"
 #include "OstrelApp.h"
 #include "Platform.h"
@@ -125,15 +124,17 @@ private:
         const auto notificationCenter = makeNotificationCenter(
             [&presenter](const NotificationRequest &request) { presenter(request); });
         const auto wakeSignal = makeWakeSignal();
-        NetworkPresence networkPresence;
+        const auto networkPresence = makeNetworkPresence();
         const auto loginItem = makeLoginItem();
         const auto workspace = makeWorkspace();
         const auto motion = makeMotionPreference();
         const auto statusBarHost = makeStatusBarHost();
 
         LazyNetwork network;
-        QObject::connect(wakeSignal.get(), &WakeSignal::didWake, &instance,
-                         [&] { network.renewConnections(); });
+        const auto renewConnections = [&] { network.renewConnections(); };
+        QObject::connect(wakeSignal.get(), &WakeSignal::didWake, &instance, renewConnections);
+        QObject::connect(networkPresence.get(), &NetworkPresence::isPresentChanged, &instance,
+                         renewConnections);
         NotificationManager notifications(*notificationCenter);
         HttpCheck httpCheck(network, notifications);
         PortCheck portCheck(network);
@@ -147,7 +148,7 @@ private:
                 .notificationCenter = *notificationCenter,
                 .notifications = notifications,
                 .wakeSignal = *wakeSignal,
-                .networkPresence = networkPresence,
+                .networkPresence = *networkPresence,
                 .sleeper = sleeper,
                 .loginItem = *loginItem,
                 .workspace = *workspace,

@@ -1,6 +1,7 @@
 #include "OstrelProgram.h"
 
 #include "CheckJson.h"
+#include "FaviconService.h"
 #include "IconFolder.h"
 #include "MonitorJson.h"
 #include "VirtualDisplay.h"
@@ -72,10 +73,14 @@ void OstrelProgram::showOn(const VirtualDisplay &display)
 
 void OstrelProgram::writeMonitors(const QList<Monitor> &monitors) const
 {
-    // So that no public service is asked for this machine's icon.
+    // So that nobody is asked for their icons.
     QImage icon(16, 16, QImage::Format_RGB32);
     icon.fill(Qt::blue);
-    IconFolder(dataDir() + QStringLiteral("/favicons")).write(QStringLiteral("127.0.0.1"), icon);
+    const IconFolder icons(dataDir() + QStringLiteral("/favicons"));
+    for (const Monitor &monitor : monitors) {
+        if (const auto domain = FaviconService::domain(monitor.url))
+            icons.write(*domain, icon);
+    }
 
     QFile file(dataDir() + QStringLiteral("/monitors.json"));
     if (file.open(QIODevice::WriteOnly))

@@ -1,5 +1,6 @@
 #include "ExpectedMonitor.h"
 #include "FakeLogind.h"
+#include "FakeNetworkManager.h"
 #include "HostileBehaviours.h"
 #include "NginxServer.h"
 #include "NotificationDaemon.h"
@@ -366,6 +367,32 @@ TEST_F(WatchTest, AWakeChecksEverythingOnceMoreAtOnce)
     EXPECT_EQ(program.stop(), 0);
     EXPECT_EQ(program.readChecks()->value(hourly.id).size(), 2u);
     EXPECT_FALSE(program.readChecks()->contains(paused.id));
+}
+
+TEST_F(WatchTest, ChecksOfOtherComputersWaitForTheNetwork)
+{
+    FakeNetworkManager networkManager(systemBus, FakeNetworkManager::disconnected);
+    ASSERT_TRUE(networkManager.isRunning());
+    // A host that isn't this computer by its text, and is reached all the same.
+    program.setEnvironment(text("http_proxy"), QString::fromLatin1(nginx.url(0, "/")));
+    const Monitor local = webMonitor(text("Local"), nginx.url(0, "/local"));
+    const Monitor other = webMonitor(text("Other"), "http://other.test/");
+    program.writeMonitors({local, other});
+    ASSERT_TRUE(program.start());
+    const auto count = [this](const Monitor &monitor) {
+        return program.readChecks().value_or(QHash<QUuid, std::vector<Check>>())[monitor.id].size();
+    };
+    ASSERT_TRUE(waitFor([&] { return networkManager.questions() > 0 && count(local) >= 2; }));
+    // The first check may have gone out before the answer was there.
+    const auto before = count(other);
+    EXPECT_TRUE(waitFor([&, before = count(local)] { return count(local) >= before + 3; }));
+    EXPECT_EQ(count(other), before);
+
+    networkManager.changeState(FakeNetworkManager::connectedGlobally);
+    EXPECT_TRUE(waitFor([&] { return count(other) >= before + 2; }));
+    EXPECT_EQ(program.stop(), 0);
+    for (const Check &check : program.readChecks()->value(other.id))
+        EXPECT_TRUE(check.isUp) << qPrintable(check.error.value_or(QString()));
 }
 
 TEST_F(WatchTest, ADaemonThatComesLateOrRestartsGetsWhatIsNew)

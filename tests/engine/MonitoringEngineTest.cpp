@@ -400,7 +400,9 @@ TEST_F(MonitoringEngineTest, ACheckThatFellDueInASleepIsTheWakesOwn)
 
     EXPECT_EQ(store.checks(monitor.id).size(), 2u);
     EXPECT_EQ(store.checks(second.id).size(), 2u);
-    EXPECT_EQ(sleeper.sleeps.size(), 2u);
+    ASSERT_EQ(sleeper.sleeps.size(), 2u);
+    EXPECT_EQ(sleeper.sleeps.back().context, engine.tasks().value(monitor.id))
+        << "its next interval begins now";
 }
 
 TEST_F(MonitoringEngineTest, WhatIsUnderWayAtASleepIsDroppedForTheWakesCheck)
