@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 namespace ostrel::test {
 
 /// What a page calls itself, a server says or a file holds, to do harm where it is shown.
@@ -13,6 +15,11 @@ struct ForeignText
     const char *name;
     QString text;
 };
+
+inline void PrintTo(const ForeignText &foreign, std::ostream *out)
+{
+    *out << foreign.name;
+}
 
 /// The same ones for every way out.
 [[nodiscard]] const QList<ForeignText> &foreignTexts();
