@@ -1,9 +1,9 @@
 #include "DisplayFormats.h"
 
 #include "FixedPoint.h"
+#include "LocalClock.h"
 #include "OneLine.h"
 
-#include <QDateTime>
 #include <QRegularExpression>
 
 namespace ostrel {
@@ -93,9 +93,7 @@ QString fullHourPattern(const QLocale &locale)
 
 QString clockTimeText(Timestamp timestamp, const QTimeZone &timeZone, const QLocale &locale)
 {
-    const auto instant =
-        QDateTime::fromMSecsSinceEpoch(timestamp.time_since_epoch().count(), timeZone);
-    return locale.toString(instant.time(), clockTimePattern(locale));
+    return locale.toString(onClocksOf(timeZone, timestamp).time(), clockTimePattern(locale));
 }
 
 } // namespace ostrel
