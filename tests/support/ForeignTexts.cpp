@@ -95,7 +95,7 @@ testing::AssertionResult isFitForPeople(const QString &text)
     for (qsizetype i = 0; i < text.size(); ++i) {
         const char16_t c = text[i].unicode();
         if (isControl(c) || isBidiControl(c) || isHalfAPair(text, i))
-            return testing::AssertionFailure() << std::hex << "U+" << unsigned{c};
+            return testing::AssertionFailure() << "U+" << QString::number(c, 16).toStdString();
     }
     return testing::AssertionSuccess();
 }
