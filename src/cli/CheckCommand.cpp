@@ -1,8 +1,10 @@
 #include "CheckCommand.h"
 
 #include "CheckJson.h"
+#include "FixedPoint.h"
 #include "HttpCheck.h"
 #include "NotificationManager.h"
+#include "OneLine.h"
 #include "PortCheck.h"
 
 #include <QEventLoop>
@@ -34,13 +36,14 @@ Check waitForResult(const QFuture<Check> &future)
 
 QString milliseconds(double value)
 {
-    return QString::asprintf("%.0f ms", value);
+    return fixedPoint(value) + QStringLiteral(" ms");
 }
 
 QString target(const Monitor &monitor)
 {
-    return monitor.port ? QStringLiteral("%1, port %2").arg(monitor.url).arg(*monitor.port)
-                        : monitor.url;
+    const QString address = oneLine(monitor.url);
+    return monitor.port ? address + QStringLiteral(", port ") + QString::number(*monitor.port)
+                        : address;
 }
 
 QString headline(const Monitor &monitor, const Check &check)
@@ -57,7 +60,7 @@ QStringList details(const Monitor &monitor, const Check &check)
 {
     QStringList lines;
     if (check.error)
-        lines += *check.error;
+        lines += oneLine(*check.error);
     const auto &threshold = monitor.responseTimeThreshold;
     if (check.isUp && threshold && check.responseTime > threshold->count())
         lines += QStringLiteral("Slow: the threshold is %1").arg(milliseconds(threshold->count()));

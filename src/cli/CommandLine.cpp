@@ -1,9 +1,16 @@
 #include "CommandLine.h"
 
+#include "Address.h"
+#include "FieldText.h"
+#include "FormValidation.h"
+#include "HostAndPort.h"
 #include "MonitorStore.h"
+#include "OneLine.h"
+#include "SavedAddress.h"
 
 #include <QCommandLineParser>
 #include <QDir>
+#include <QRegularExpression>
 
 #include <cmath>
 #include <limits>
@@ -71,10 +78,20 @@ UnusableInvocation unusable(const QString &reason)
     return {.reason = reason};
 }
 
+QString quoted(const QString &argument)
+{
+    return u'\'' + oneLine(argument) + u'\'';
+}
+
 UnusableInvocation unusableOption(const QCommandLineParser &parser, const char *name)
 {
-    return unusable(QStringLiteral("'%1' is no usable value for --%2.")
-                        .arg(parser.value(text(name)), text(name)));
+    return unusable(quoted(parser.value(text(name))) +
+                    QStringLiteral(" is no usable value for --") + text(name) + u'.');
+}
+
+UnusableInvocation unusableLine(const QCommandLineParser &parser)
+{
+    return unusable(oneLine(parser.errorText()));
 }
 
 std::optional<Language> languageFrom(const QString &value)
@@ -97,7 +114,9 @@ QString generalHelp()
                 "window of the first.\n"
                 "\n"
                 "Commands:\n"
-                "  check ADDRESS         make one check, touching no file, and print it\n"
+                "  check ADDRESS         make one check, touching no file, and print it; without\n"
+                "                        a scheme ADDRESS is completed with https://, and\n"
+                "                        HOST:PORT means a TCP connection\n"
                 "    --port N            open a TCP connection to port N instead of fetching\n"
                 "    --method M          GET (default), HEAD or POST\n"
                 "    --timeout S         give up after S seconds (default 30)\n"
@@ -134,8 +153,8 @@ std::optional<UnusableInvocation> complaint(const QCommandLineParser &parser,
 {
     const QStringList positionals = parser.positionalArguments();
     if (positionals.size() > expectedPositionals)
-        return unusable(
-            QStringLiteral("Unexpected argument '%1'.").arg(positionals.at(expectedPositionals)));
+        return unusable(QStringLiteral("Unexpected argument ") +
+                        quoted(positionals.at(expectedPositionals)) + u'.');
     if (positionals.size() < expectedPositionals)
         return unusable(text("An address is missing."));
     return std::nullopt;
@@ -154,48 +173,136 @@ void addCheckOptions(QCommandLineParser &parser)
     });
 }
 
+/// What is to be checked: a web address, or a host where there is a port.
+struct Target
+{
+    QString url;
+    std::optional<qint64> port = {};
+};
+
+bool isWebAddress(const QString &address)
+{
+    const auto url = parseAddress(address);
+    return url && !url->host().isEmpty() &&
+           (url->scheme() == text("http") || url->scheme() == text("https"));
+}
+
+/// @p typed as the form completes it. Nothing where the form refuses it, or would take it although
+/// it can't be fetched.
+std::optional<QString> webAddressFrom(const QString &typed)
+{
+    static const QRegularExpression scheme(text("^\\s*[a-z][a-z0-9+.-]*://"),
+                                           QRegularExpression::CaseInsensitiveOption);
+    const bool hasScheme = scheme.match(typed).hasMatch();
+    if (!hasScheme && !isValidWebsite(typed))
+        return std::nullopt;
+    const QString address =
+        hasScheme ? trimmedField(typed) : savedAddress(MonitorType::http, typed);
+    return isWebAddress(address) ? std::optional(address) : std::nullopt;
+}
+
+std::optional<Target> portTarget(const QString &host, std::optional<qint64> port)
+{
+    return host.isEmpty() ? std::nullopt : std::optional(Target{.url = host, .port = port});
+}
+
+/// With @p port its host, otherwise what the form reads in @p typed. Nothing where that can't be
+/// checked.
+std::optional<Target> targetFrom(const QString &typed, std::optional<qint64> port)
+{
+    if (port)
+        return portTarget(typed, port);
+    if (const auto detected = detectHostAndPort(typed))
+        return portTarget(trimmedField(detected->host), integerFrom(detected->portText));
+    const auto address = webAddressFrom(typed);
+    return address ? std::optional(Target{.url = *address}) : std::nullopt;
+}
+
 /// An option that only makes sense for the other kind of check, or only with another one.
-std::optional<UnusableInvocation> contradiction(const QCommandLineParser &parser)
+std::optional<UnusableInvocation> contradiction(const QCommandLineParser &parser,
+                                                const Target &target)
 {
     if (parser.isSet(text("keyword-absent")) && !parser.isSet(text("keyword")))
         return unusable(text("--keyword-absent needs --keyword."));
     for (const char *webOnly : {"method", "keyword", "threshold"}) {
-        if (parser.isSet(text("port")) && parser.isSet(text(webOnly)))
-            return unusable(QStringLiteral("--%1 doesn't go with --port.").arg(text(webOnly)));
+        if (target.port && parser.isSet(text(webOnly)))
+            return unusable(text("--") + text(webOnly) + text(" doesn't go with a port."));
     }
     return std::nullopt;
 }
 
-Invocation checkInvocation(const QCommandLineParser &parser)
+UnusableInvocation noTarget(const QString &typed)
 {
-    const auto port = optionValue<qint64>(parser, text("port"), portFrom);
-    const auto timeout = optionValue<double>(parser, text("timeout"), positiveNumberFrom);
-    const auto threshold = optionValue<double>(parser, text("threshold"), positiveNumberFrom);
-    const auto method = httpMethodFrom(parser.value(text("method")).toUpper());
-    if (!port.isUsable)
-        return unusableOption(parser, "port");
-    if (!timeout.isUsable)
-        return unusableOption(parser, "timeout");
-    if (!threshold.isUsable)
-        return unusableOption(parser, "threshold");
-    if (!method)
-        return unusableOption(parser, "method");
-
-    Monitor monitor{.id = QUuid::createUuid(), .url = parser.positionalArguments().constFirst()};
-    if (monitor.url.isEmpty())
+    if (typed.isEmpty())
         return unusable(text("The address is empty."));
-    monitor.method = *method;
-    monitor.timeout = Seconds(timeout.value.value_or(defaultTimeoutSeconds));
+    return unusable(quoted(typed) +
+                    text(" is no web address and no HOST:PORT. A web address begins "
+                         "with https:// or http://."));
+}
+
+/// The values of the check's options.
+struct CheckValues
+{
+    OptionValue<qint64> port;
+    OptionValue<double> timeout;
+    OptionValue<double> threshold;
+    std::optional<HTTPMethod> method;
+};
+
+CheckValues valuesOf(const QCommandLineParser &parser)
+{
+    return {
+        .port = optionValue<qint64>(parser, text("port"), portFrom),
+        .timeout = optionValue<double>(parser, text("timeout"), positiveNumberFrom),
+        .threshold = optionValue<double>(parser, text("threshold"), positiveNumberFrom),
+        .method = httpMethodFrom(parser.value(text("method")).toUpper()),
+    };
+}
+
+std::optional<UnusableInvocation> complaint(const QCommandLineParser &parser,
+                                            const CheckValues &values)
+{
+    if (!values.port.isUsable)
+        return unusableOption(parser, "port");
+    if (!values.timeout.isUsable)
+        return unusableOption(parser, "timeout");
+    if (!values.threshold.isUsable)
+        return unusableOption(parser, "threshold");
+    if (!values.method)
+        return unusableOption(parser, "method");
+    return std::nullopt;
+}
+
+Monitor monitorFrom(const QCommandLineParser &parser, const CheckValues &values,
+                    const Target &target)
+{
+    Monitor monitor{.id = QUuid::createUuid(), .url = target.url};
+    monitor.method = *values.method;
+    monitor.timeout = Seconds(values.timeout.value.value_or(defaultTimeoutSeconds));
     monitor.createdAt = systemNow();
-    monitor.type = port.value ? MonitorType::port : MonitorType::http;
-    monitor.port = port.value;
+    monitor.type = target.port ? MonitorType::port : MonitorType::http;
+    monitor.port = target.port;
     if (parser.isSet(text("keyword")))
         monitor.keyword = parser.value(text("keyword"));
     monitor.keywordShouldExist = !parser.isSet(text("keyword-absent"));
-    if (threshold.value)
-        monitor.responseTimeThreshold = Milliseconds(*threshold.value);
+    if (values.threshold.value)
+        monitor.responseTimeThreshold = Milliseconds(*values.threshold.value);
+    return monitor;
+}
+
+Invocation checkInvocation(const QCommandLineParser &parser)
+{
+    const CheckValues values = valuesOf(parser);
+    if (const auto problem = complaint(parser, values))
+        return *problem;
+    const QString typed = parser.positionalArguments().constFirst();
+    const auto target = targetFrom(typed, values.port.value);
+    if (!target)
+        return noTarget(typed);
+    if (const auto problem = contradiction(parser, *target))
+        return *problem;
     return CheckInvocation{
-        .monitor = monitor,
+        .monitor = monitorFrom(parser, values, *target),
         .format = parser.isSet(text("json")) ? OutputFormat::json : OutputFormat::human,
     };
 }
@@ -205,10 +312,8 @@ Invocation parseCheck(const QStringList &arguments)
     QCommandLineParser parser;
     addCheckOptions(parser);
     if (!parser.parse(arguments))
-        return unusable(parser.errorText());
+        return unusableLine(parser);
     if (const auto problem = complaint(parser, 1))
-        return *problem;
-    if (const auto problem = contradiction(parser))
         return *problem;
     return checkInvocation(parser);
 }
@@ -218,7 +323,7 @@ Invocation parseStatus(const QStringList &arguments)
     QCommandLineParser parser;
     parser.addOptions({jsonOption(), dataDirOption()});
     if (!parser.parse(arguments))
-        return unusable(parser.errorText());
+        return unusableLine(parser);
     if (const auto problem = complaint(parser, 0))
         return *problem;
     const auto dataDir = dataDirOf(parser);
@@ -235,7 +340,7 @@ Invocation parseRun(const QStringList &arguments)
     QCommandLineParser parser;
     parser.addOptions({dataDirOption(), {text("language"), {}, text("LANGUAGE")}});
     if (!parser.parse(arguments))
-        return unusable(parser.errorText());
+        return unusableLine(parser);
     if (const auto problem = complaint(parser, 0))
         return *problem;
     const auto dataDir = dataDirOf(parser);

@@ -1,7 +1,9 @@
 #include "StatusCommand.h"
 
 #include "CheckJson.h"
+#include "FixedPoint.h"
 #include "MonitorStore.h"
+#include "OneLine.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -70,13 +72,19 @@ QJsonObject monitorObject(const MonitorStore &store, const Monitor &monitor)
     return object;
 }
 
+QString nameOf(const Monitor &monitor)
+{
+    return oneLine(monitor.displayName());
+}
+
 QString resultText(const std::optional<Check> &check)
 {
     if (!check)
         return QStringLiteral("not checked yet");
     const QString time = QString::fromLatin1(formatTimestamp(check->timestamp));
-    const QString result = check->isUp ? QString::asprintf("%.0f ms", check->responseTime)
-                                       : check->error.value_or(QStringLiteral("Not responding"));
+    const QString result = check->isUp
+                               ? fixedPoint(check->responseTime) + QStringLiteral(" ms")
+                               : oneLine(check->error.value_or(QStringLiteral("Not responding")));
     return QStringLiteral("%1 at %2").arg(result, time);
 }
 
@@ -85,7 +93,7 @@ QString uptimeText(const MonitorStore &store, const Monitor &monitor)
     QStringList parts;
     for (const auto &window : uptimeWindows) {
         const double share = store.uptime(monitor.id, window.length);
-        parts += QString::asprintf("%s %.1f%%", window.name, share * 100);
+        parts += QLatin1String(window.name) + u' ' + fixedPoint(share * 100, 1) + u'%';
     }
     return parts.join(QStringLiteral(", "));
 }
@@ -94,7 +102,7 @@ QString monitorLine(const MonitorStore &store, const Monitor &monitor, qsizetype
 {
     return QStringLiteral("%1  %2  %3  %4\n")
         .arg(statusName(store.status(monitor)).toUpper().leftJustified(7),
-             monitor.displayName().leftJustified(nameWidth), uptimeText(store, monitor),
+             nameOf(monitor).leftJustified(nameWidth), uptimeText(store, monitor),
              resultText(store.latestCheck(monitor)));
 }
 
@@ -104,7 +112,7 @@ QByteArray describeForPeople(const MonitorStore &store)
         return "No monitors\n";
     qsizetype nameWidth = 0;
     for (const Monitor &monitor : store.monitors())
-        nameWidth = std::max(nameWidth, monitor.displayName().size());
+        nameWidth = std::max(nameWidth, nameOf(monitor).size());
     QString lines;
     for (const Monitor &monitor : store.monitors())
         lines += monitorLine(store, monitor, nameWidth);

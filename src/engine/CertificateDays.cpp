@@ -1,6 +1,6 @@
 #include "CertificateDays.h"
 
-#include <QDateTime>
+#include "LocalClock.h"
 
 namespace ostrel {
 
@@ -9,17 +9,12 @@ namespace {
 // What is counted where the calendar gives no number.
 constexpr qint64 unknownDays = 999;
 
-QDateTime dateTime(Timestamp timestamp, const QTimeZone &timeZone)
-{
-    return QDateTime::fromMSecsSinceEpoch(timestamp.time_since_epoch().count(), timeZone);
-}
-
 } // namespace
 
 qint64 wholeDaysBetween(Timestamp from, Timestamp to, const QTimeZone &timeZone)
 {
-    const QDateTime begin = dateTime(from, timeZone);
-    const QDateTime end = dateTime(to, timeZone);
+    const QDateTime begin = onClocksOf(timeZone, from);
+    const QDateTime end = onClocksOf(timeZone, to);
     if (!begin.isValid() || !end.isValid())
         return unknownDays;
 

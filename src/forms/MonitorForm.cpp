@@ -4,6 +4,7 @@
 #include "HostAndPort.h"
 #include "MonitorStore.h"
 #include "MonitoringEngine.h"
+#include "OneLine.h"
 #include "ProductConstants.h"
 #include "TimeoutText.h"
 
@@ -131,7 +132,7 @@ bool MonitorForm::showsClipboardSuggestion() const
 
 QString MonitorForm::suggestionText() const
 {
-    return tr("Paste: %1").arg(clipboardURL());
+    return tr("Paste: %1").arg(oneLine(clipboardURL()));
 }
 
 QList<double> MonitorForm::intervals() const

@@ -1,5 +1,8 @@
 #include "NotificationManager.h"
 
+#include "FixedPoint.h"
+#include "OneLine.h"
+
 namespace ostrel {
 
 namespace {
@@ -12,6 +15,17 @@ QString identifierFor(const QString &kind, const Monitor &monitor)
     return kind + monitor.id.toString(QUuid::WithoutBraces).toUpper();
 }
 
+/// Cut by itself, so that what is said of the monitor is never cut off.
+QString nameOf(const Monitor &monitor)
+{
+    return oneLine(monitor.displayName());
+}
+
+QString milliseconds(Milliseconds time)
+{
+    return fixedPoint(time.count()) + QStringLiteral("ms");
+}
+
 } // namespace
 
 NotificationManager::NotificationManager(NotificationCenter &center)
@@ -22,25 +36,25 @@ NotificationManager::NotificationManager(NotificationCenter &center)
 void NotificationManager::notifyDown(const Monitor &monitor, const OptionalText &error)
 {
     m_center.add({.identifier = identifierFor(QStringLiteral("down-"), monitor),
-                  .title = monitor.displayName() + QStringLiteral(" is Down"),
-                  .body = error.value_or(QStringLiteral("Not responding")),
+                  .title = nameOf(monitor) + QStringLiteral(" is Down"),
+                  .body = oneLine(error.value_or(QStringLiteral("Not responding"))),
                   .level = InterruptionLevel::timeSensitive});
 }
 
 void NotificationManager::notifyRecovery(const Monitor &monitor, Milliseconds responseTime)
 {
     m_center.add({.identifier = identifierFor(QStringLiteral("up-"), monitor),
-                  .title = monitor.displayName() + QStringLiteral(" is Back Up"),
-                  .body = QString::asprintf("Responding in %.0fms", responseTime.count())});
+                  .title = nameOf(monitor) + QStringLiteral(" is Back Up"),
+                  .body = QStringLiteral("Responding in ") + milliseconds(responseTime)});
 }
 
 void NotificationManager::notifySlow(const Monitor &monitor, Milliseconds responseTime,
                                      Milliseconds threshold)
 {
     m_center.add({.identifier = identifierFor(QStringLiteral("slow-"), monitor),
-                  .title = monitor.displayName() + QStringLiteral(" is Slow"),
-                  .body = QString::asprintf("%.0fms (threshold: %.0fms)", responseTime.count(),
-                                            threshold.count())});
+                  .title = nameOf(monitor) + QStringLiteral(" is Slow"),
+                  .body = milliseconds(responseTime) + QStringLiteral(" (threshold: ") +
+                          milliseconds(threshold) + u')'});
 }
 
 void NotificationManager::notifyCertificateExpiring(const Monitor &monitor, qint64 days)
@@ -48,8 +62,8 @@ void NotificationManager::notifyCertificateExpiring(const Monitor &monitor, qint
     const QString unit = days == 1 ? QStringLiteral("day") : QStringLiteral("days");
     m_center.add({.identifier = identifierFor(QStringLiteral("ssl-"), monitor),
                   .title = QStringLiteral("SSL Certificate Expiring"),
-                  .body = monitor.displayName() + QStringLiteral(": ") + QString::number(days) +
-                          u' ' + unit + QStringLiteral(" remaining"),
+                  .body = nameOf(monitor) + QStringLiteral(": ") + QString::number(days) + u' ' +
+                          unit + QStringLiteral(" remaining"),
                   .level = days < urgentCertificateDays ? InterruptionLevel::timeSensitive
                                                         : InterruptionLevel::active});
 }

@@ -7,6 +7,8 @@
 namespace ostrel {
 
 /// Composes the four kinds of notification and posts them. When to notify is not its business.
+/// Names and errors are cut to one line each, so that no title or body is longer than a few hundred
+/// characters.
 /// Main thread only; holds no state.
 class NotificationManager
 {

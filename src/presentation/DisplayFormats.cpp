@@ -1,26 +1,16 @@
 #include "DisplayFormats.h"
 
-#include <QDateTime>
-#include <QRegularExpression>
+#include "FixedPoint.h"
+#include "LocalClock.h"
+#include "OneLine.h"
 
-#include <array>
-#include <charconv>
+#include <QRegularExpression>
 
 namespace ostrel {
 
 using namespace std::chrono_literals;
 
 namespace {
-
-/// As C's "%.<decimals>f" in the C locale. QString's own formatting rounds ties up.
-QString fixed(double value, int decimals)
-{
-    std::array<char, 400> text; // room for every double
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
-                                   std::chars_format::fixed, decimals)
-                         .ptr;
-    return QString::fromLatin1(text.data(), end - text.data());
-}
 
 bool countsToTwelve(const QString &pattern)
 {
@@ -33,22 +23,22 @@ QString shortResponseTimeText(Milliseconds time)
 {
     if (time < 1000ms)
         return compactResponseTimeText(time);
-    return fixed(Seconds(time).count(), 1) + QLatin1Char('s');
+    return fixedPoint(Seconds(time).count(), 1) + QLatin1Char('s');
 }
 
 QString compactResponseTimeText(Milliseconds time)
 {
-    return fixed(time.count(), 0) + QLatin1String("ms");
+    return fixedPoint(time.count()) + QLatin1String("ms");
 }
 
 QString responseTimeText(Milliseconds time)
 {
-    return fixed(time.count(), 0) + QLatin1String(" ms");
+    return fixedPoint(time.count()) + QLatin1String(" ms");
 }
 
 QString averageText(Milliseconds average)
 {
-    return average <= 0ms ? QStringLiteral("--") : fixed(average.count(), 0);
+    return average <= 0ms ? QStringLiteral("--") : fixedPoint(average.count());
 }
 
 QString rowUptimeText(double share)
@@ -58,17 +48,22 @@ QString rowUptimeText(double share)
 
 QString cardUptimeText(double share)
 {
-    return fixed(share * 100, 1) + QLatin1Char('%');
+    return fixedPoint(share * 100, 1) + QLatin1Char('%');
 }
 
 QString statisticUptimeText(double share)
 {
-    return share >= 1 ? QStringLiteral("100") : fixed(share * 100, 1);
+    return share >= 1 ? QStringLiteral("100") : fixedPoint(share * 100, 1);
 }
 
 QString percentageText(double percentage)
 {
-    return fixed(percentage, 2) + QLatin1Char('%');
+    return fixedPoint(percentage, 2) + QLatin1Char('%');
+}
+
+QString nameText(const Monitor &monitor)
+{
+    return oneLine(monitor.displayName());
 }
 
 QString addressText(const QString &url)
@@ -79,7 +74,7 @@ QString addressText(const QString &url)
         text.remove(0, 1);
     while (text.endsWith(QLatin1Char('/')))
         text.chop(1);
-    return text;
+    return oneLine(text);
 }
 
 QString clockTimePattern(const QLocale &locale)
@@ -98,9 +93,7 @@ QString fullHourPattern(const QLocale &locale)
 
 QString clockTimeText(Timestamp timestamp, const QTimeZone &timeZone, const QLocale &locale)
 {
-    const auto instant =
-        QDateTime::fromMSecsSinceEpoch(timestamp.time_since_epoch().count(), timeZone);
-    return locale.toString(instant.time(), clockTimePattern(locale));
+    return locale.toString(onClocksOf(timeZone, timestamp).time(), clockTimePattern(locale));
 }
 
 } // namespace ostrel

@@ -29,7 +29,9 @@ namespace ostrel {
 /// "99.87%" of a percentage in 0…100.
 [[nodiscard]] QString percentageText(double percentage);
 
-/// An address without its scheme, and without slashes at its ends.
+/// What @p monitor is called, on one line.
+[[nodiscard]] QString nameText(const Monitor &monitor);
+/// An address on one line, without its scheme, and without slashes at its ends.
 [[nodiscard]] QString addressText(const QString &url);
 
 /// The locale's pattern for hour and minute, as QLocale::toString() takes it.

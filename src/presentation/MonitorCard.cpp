@@ -19,7 +19,7 @@ QString cardTimeText(const std::optional<Check> &latestCheck)
 MonitorCard monitorCard(const Monitor &monitor, const MonitorState &state)
 {
     return {
-        .name = monitor.displayName(),
+        .name = nameText(monitor),
         .statusTone = statusTone(state.status),
         .responseTimeText = cardTimeText(state.latestCheck),
         .uptimeText = cardUptimeText(state.uptime24h),

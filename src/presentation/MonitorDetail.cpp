@@ -84,7 +84,7 @@ MonitorDetail monitorDetail(const Monitor &monitor, const DetailSource &source,
 {
     const auto &state = source.state;
     return {
-        .name = monitor.displayName(),
+        .name = nameText(monitor),
         .address = addressText(monitor.url),
         .url = monitor.url,
         .pillSymbol = statusSymbol(state.status),

@@ -51,7 +51,7 @@ QString spokenText(const MonitorRow &row, const MonitorState &state)
 MonitorRow monitorRow(const Monitor &monitor, const MonitorState &state)
 {
     MonitorRow row{
-        .name = monitor.displayName(),
+        .name = nameText(monitor),
         .address = addressText(monitor.url),
         .status = state.status,
         .statusTone = statusTone(state.status),

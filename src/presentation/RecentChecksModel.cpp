@@ -2,6 +2,7 @@
 
 #include "DisplayFormats.h"
 #include "MonitorStore.h"
+#include "OneLine.h"
 #include "StatusTexts.h"
 
 #include <algorithm>
@@ -25,7 +26,7 @@ QString resultText(const Check &check)
 {
     if (check.isUp)
         return responseTimeText(Milliseconds(check.responseTime));
-    return check.error.value_or(RecentChecksModel::tr("Failed"));
+    return oneLine(check.error.value_or(RecentChecksModel::tr("Failed")));
 }
 
 } // namespace

@@ -29,7 +29,7 @@ public:
         toneRole,       ///< Tone of the dot.
         timeTextRole,   ///< The time of day.
         codeTextRole,   ///< HTTP; empty where no response arrived.
-        resultTextRole, ///< The response time, or what went wrong.
+        resultTextRole, ///< The response time, or what went wrong on one line.
         spokenTextRole, ///< The row as one sentence.
     };
     Q_ENUM(Role)

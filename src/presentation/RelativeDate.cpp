@@ -1,8 +1,7 @@
 #include "RelativeDate.h"
 
 #include "CertificateDays.h"
-
-#include <QDateTime>
+#include "LocalClock.h"
 
 #include <unicode/reldatefmt.h>
 
@@ -24,11 +23,6 @@ struct Distance
     URelativeDateTimeUnit unit;
 };
 
-QDateTime dateTime(Timestamp timestamp, const QTimeZone &timeZone)
-{
-    return QDateTime::fromMSecsSinceEpoch(timestamp.time_since_epoch().count(), timeZone);
-}
-
 /// Whole calendar months, rounded toward zero. @p earlier is not later than @p later.
 qint64 wholeMonthsBetween(const QDateTime &earlier, const QDateTime &later)
 {
@@ -40,8 +34,9 @@ qint64 wholeMonthsBetween(const QDateTime &earlier, const QDateTime &later)
 
 qint64 signedMonthsBetween(Timestamp from, Timestamp to, const QTimeZone &timeZone)
 {
-    return to < from ? -wholeMonthsBetween(dateTime(to, timeZone), dateTime(from, timeZone))
-                     : wholeMonthsBetween(dateTime(from, timeZone), dateTime(to, timeZone));
+    const QDateTime begin = onClocksOf(timeZone, from);
+    const QDateTime end = onClocksOf(timeZone, to);
+    return to < from ? -wholeMonthsBetween(end, begin) : wholeMonthsBetween(begin, end);
 }
 
 Distance calendarDistance(qint64 days, qint64 months)
@@ -89,7 +84,7 @@ QString relativeDateText(Timestamp timestamp, Timestamp now, const QLocale &loca
     formatter.format(static_cast<double>(distance.count), distance.unit, text, status);
     // Without ICU's data the time of day is better than nothing.
     if (U_FAILURE(status))
-        return locale.toString(dateTime(timestamp, timeZone), QLocale::ShortFormat);
+        return locale.toString(onClocksOf(timeZone, timestamp), QLocale::ShortFormat);
     return QString::fromUtf16(text.getBuffer(), text.length());
 }
 

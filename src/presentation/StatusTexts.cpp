@@ -132,7 +132,7 @@ StatusMenuEntry statusMenuEntry(const Monitor &monitor, MonitorStatus status,
 {
     return {
         .symbol = menuSymbol(status),
-        .name = monitor.displayName(),
+        .name = nameText(monitor),
         .trailingText = menuTrailingText(status, latestCheck),
     };
 }

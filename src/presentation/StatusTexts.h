@@ -51,7 +51,7 @@ public:
 struct StatusMenuEntry
 {
     QString symbol = {};
-    QString name = {};
+    QString name = {};         ///< On one line.
     QString trailingText = {}; ///< May be empty.
 
     bool operator==(const StatusMenuEntry &) const = default;

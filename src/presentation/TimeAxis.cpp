@@ -1,8 +1,7 @@
 #include "TimeAxis.h"
 
 #include "DisplayFormats.h"
-
-#include <QDateTime>
+#include "LocalClock.h"
 
 #include <algorithm>
 #include <array>
@@ -35,13 +34,13 @@ QDateTime instantAt(QDate day, qint64 minuteOfDay, const QTimeZone &timeZone)
     const QDate date = day.addDays(minuteOfDay / minutesPerDay);
     const QTime time = QTime::fromMSecsSinceStartOfDay(
         static_cast<int>(milliseconds(minutes(minuteOfDay % minutesPerDay)).count()));
-    const QDateTime instant(date, time, timeZone);
+    const QDateTime instant = onClocksOf(timeZone, date, time);
     return instant.time() == time && instant.date() == date ? instant : QDateTime();
 }
 
 Times roundTimes(Timestamp first, Timestamp last, minutes step, const QTimeZone &timeZone)
 {
-    const auto local = QDateTime::fromMSecsSinceEpoch(first.time_since_epoch().count(), timeZone);
+    const QDateTime local = onClocksOf(timeZone, first);
     const qint64 begin = local.time().hour() * 60 + local.time().minute();
     // A day more, for clocks that are set back on the way.
     const qint64 end = begin + duration_cast<minutes>(last - first + 24h).count();

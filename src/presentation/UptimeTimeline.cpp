@@ -35,10 +35,8 @@ UptimeTimeline emptyTimeline()
 QString spokenText(const UptimeTimeline &timeline, qsizetype total, qsizetype down)
 {
     return TimelineTexts::tr("Uptime %1, checks: %2, failed: %3, oldest: %4")
-        .arg(timeline.percentageText)
-        .arg(total)
-        .arg(down)
-        .arg(timeline.ageText);
+        .arg(timeline.percentageText, QString::number(total), QString::number(down),
+             timeline.ageText);
 }
 
 } // namespace

@@ -11,18 +11,6 @@
 
 namespace ostrel {
 
-namespace {
-
-/// A tab would begin the trailing text, and a line's end another line.
-QString onOneLine(QString name)
-{
-    std::ranges::replace_if(
-        name, [](QChar c) { return c.category() == QChar::Other_Control; }, QChar(u' '));
-    return name;
-}
-
-} // namespace
-
 StatusBarMenu::StatusBarMenu(const MonitorStore &store, const StatusBarHost &host, QObject *parent)
     : QObject(parent)
     , m_store(store)
@@ -156,7 +144,7 @@ QIcon StatusBarMenu::menuIcon(const QString &symbol)
 
 QString StatusBarMenu::rowText(const StatusMenuEntry &entry)
 {
-    const QString name = menuText(onOneLine(entry.name));
+    const QString name = menuText(entry.name);
     return entry.trailingText.isEmpty() ? name : name + u'\t' + entry.trailingText;
 }
 

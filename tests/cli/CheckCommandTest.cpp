@@ -2,6 +2,7 @@
 
 #include "CheckJson.h"
 #include "CurlNetwork.h"
+#include "ForeignTexts.h"
 #include "HostileBehaviours.h"
 #include "Printers.h"
 
@@ -17,6 +18,14 @@ CheckInvocation invocation(const QByteArray &url)
     check.monitor.id = QUuid::createUuid();
     check.monitor.url = QString::fromLatin1(url);
     check.monitor.timeout = Seconds(5);
+    return check;
+}
+
+Check failedCheck(const QString &error)
+{
+    Check check;
+    check.responseTime = 0.5;
+    check.error = error;
     return check;
 }
 
@@ -63,6 +72,28 @@ TEST(CheckCommandTest, APortIsOpenOrClosed)
     const Check made = runOnce(check);
     EXPECT_EQ(exitCodeOf(made), exitDown);
     EXPECT_TRUE(describeCheck(check, made).contains("closed or unreachable"));
+}
+
+TEST(CheckCommandTest, ForeignTextsAreALineEach)
+{
+    for (const ForeignText &foreign : foreignTexts()) {
+        CheckInvocation check = invocation("");
+        check.monitor.url = foreign.text;
+        const QString text = QString::fromUtf8(describeCheck(check, failedCheck(foreign.text)));
+        const QStringList lines = text.split(u'\n');
+        ASSERT_EQ(lines.size(), 3) << foreign.name;
+        EXPECT_TRUE(isFitForPeople(lines[0])) << foreign.name;
+        EXPECT_TRUE(isFitForPeople(lines[1])) << foreign.name;
+    }
+}
+
+TEST(CheckCommandTest, TextsWithPlaceholdersArePrintedAsTheyAre)
+{
+    CheckInvocation check = invocation("db%1%2.local");
+    check.monitor.type = MonitorType::port;
+    check.monitor.port = 5432;
+    EXPECT_EQ(describeCheck(check, failedCheck(QStringLiteral("%1 100%"))),
+              QByteArray("DOWN  db%1%2.local, port 5432  0 ms\n      %1 100%\n"));
 }
 
 TEST(CheckCommandTest, JsonIsTheStoredForm)

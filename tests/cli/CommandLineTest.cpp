@@ -1,5 +1,6 @@
 #include "CommandLine.h"
 
+#include "ForeignTexts.h"
 #include "MonitorStore.h"
 #include "Printers.h"
 
@@ -74,6 +75,84 @@ TEST(CommandLineTest, ACheckTakesItsOptions)
     EXPECT_EQ(port.monitor.port, 5432);
 }
 
+TEST(CommandLineTest, AnAddressIsCompletedAsTheFormCompletesIt)
+{
+    const struct
+    {
+        const char *typed;
+        const char *url;
+        std::optional<qint64> port = {};
+    } cases[] = {
+        {"example.com", "https://example.com"},
+        {"www.example.com/a:b?c", "https://www.example.com/a:b?c"},
+        {"shop.example:8443/cart", "https://shop.example:8443/cart"},
+        {"http://localhost:3000", "http://localhost:3000"},
+        {"https://shop.example/?to=ftp://a.example", "https://shop.example/?to=ftp://a.example"},
+        {"shop.example/?to=http://a.example", "https://shop.example/?to=http://a.example"},
+        {"HTTPS://shop.example", "HTTPS://shop.example"},
+        {"localhost:8080", "localhost", 8080},
+        {"example.com:443", "example.com", 443},
+        {"127.0.0.1:1", "127.0.0.1", 1},
+        {"db:+65535", "db", 65535},
+    };
+    for (const auto &each : cases) {
+        const Monitor monitor =
+            parseCheck(QStringLiteral("check ") + QString::fromLatin1(each.typed)).monitor;
+        EXPECT_EQ(monitor.url, QString::fromLatin1(each.url)) << each.typed;
+        EXPECT_EQ(monitor.port, each.port) << each.typed;
+        EXPECT_EQ(monitor.type, each.port ? MonitorType::port : MonitorType::http) << each.typed;
+    }
+}
+
+TEST(CommandLineTest, BlanksAroundAnAddressDontCount)
+{
+    for (const char *typed : {" example.com\n", "\thttps://example.com "}) {
+        const Invocation invocation = parseCommandLine(
+            {QStringLiteral("ostrel"), QStringLiteral("check"), QString::fromLatin1(typed)});
+        ASSERT_TRUE(std::holds_alternative<CheckInvocation>(invocation)) << typed;
+        EXPECT_EQ(std::get<CheckInvocation>(invocation).monitor.url,
+                  QStringLiteral("https://example.com"));
+    }
+}
+
+TEST(CommandLineTest, WhatCantBeCompletedIsRefusedWithAHint)
+{
+    for (const char *typed : {"localhost", "httpbin.local", "ftp://shop.example"}) {
+        const Invocation invocation = parse(QStringLiteral("check ") + QString::fromLatin1(typed));
+        const auto *unusable = std::get_if<UnusableInvocation>(&invocation);
+        ASSERT_TRUE(unusable) << typed;
+        EXPECT_EQ(unusable->reason, QStringLiteral("'") + QString::fromLatin1(typed) +
+                                        QStringLiteral("' is no web address and no HOST:PORT. "
+                                                       "A web address begins with https:// or "
+                                                       "http://."));
+    }
+}
+
+TEST(CommandLineTest, WithAPortTheArgumentIsItsHost)
+{
+    const Monitor monitor = parseCheck(QStringLiteral("check localhost --port 22")).monitor;
+    EXPECT_EQ(monitor.type, MonitorType::port);
+    EXPECT_EQ(monitor.url, QStringLiteral("localhost"));
+    EXPECT_EQ(monitor.port, 22);
+}
+
+TEST(CommandLineTest, ComplaintsAreFitForPeople)
+{
+    for (const ForeignText &foreign : foreignTexts()) {
+        for (const QStringList &arguments :
+             {QStringList{QStringLiteral("check"), QStringLiteral("x ") + foreign.text},
+              QStringList{QStringLiteral("check"), QStringLiteral("a.b"), foreign.text},
+              QStringList{QStringLiteral("check"), QStringLiteral("a.b"),
+                          QStringLiteral("--timeout=") + foreign.text},
+              QStringList{QStringLiteral("--x") + foreign.text}}) {
+            const Invocation invocation =
+                parseCommandLine(QStringList{QStringLiteral("ostrel")} + arguments);
+            const auto *unusable = std::get_if<UnusableInvocation>(&invocation);
+            EXPECT_TRUE(!unusable || isFitForPeople(unusable->reason)) << foreign.name;
+        }
+    }
+}
+
 TEST(CommandLineTest, UnusableArgumentsAreNamed)
 {
     const char *const lines[] = {
@@ -84,6 +163,20 @@ TEST(CommandLineTest, UnusableArgumentsAreNamed)
         "check a --port 0",
         "check a --port 65536",
         "check a --port 80.5",
+        "check localhost",
+        "check http",
+        "check http:80",
+        "check http://",
+        "check https://:443",
+        "check httpbin.local",
+        "check ftp://shop.example",
+        "check host:8080/path",
+        "check [::1]:80",
+        "check :80",
+        "check ://shop.example",
+        "check db.local:5432 --keyword x",
+        "check db.local:5432 --method HEAD",
+        "check db.local:5432 --threshold 5",
         "check a --timeout 0",
         "check a --timeout -1",
         "check a --timeout inf",

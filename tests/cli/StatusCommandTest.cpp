@@ -1,5 +1,6 @@
 #include "StatusCommand.h"
 
+#include "ForeignTexts.h"
 #include "MonitorStore.h"
 #include "Printers.h"
 
@@ -71,6 +72,46 @@ TEST_F(StatusCommandTest, ForPeopleALineEach)
         << lines[1].toStdString();
     EXPECT_TRUE(lines[2].startsWith("PAUSED   paused ")) << lines[2].toStdString();
     EXPECT_TRUE(lines[3].endsWith("not checked yet")) << lines[3].toStdString();
+}
+
+TEST_F(StatusCommandTest, ForPeopleForeignTextsAreALineEachToo)
+{
+    const QString foreignDir = folder.filePath(QStringLiteral("foreign"));
+    MonitorStore store(foreignDir);
+    for (const ForeignText &foreign : foreignTexts()) {
+        Monitor monitor{.id = QUuid::createUuid(), .name = foreign.text};
+        store.addMonitor(monitor);
+        Check check = checkOf(monitor, false);
+        check.error = foreign.text;
+        store.addCheck(check);
+    }
+    const QString text = QString::fromUtf8(describeStatus(store, OutputFormat::human));
+    const QStringList lines = text.split(u'\n');
+    ASSERT_EQ(lines.size(), foreignTexts().size() + 1);
+    for (const QString &line : lines.first(lines.size() - 1)) {
+        EXPECT_TRUE(line.startsWith(QStringLiteral("DOWN     ")));
+        EXPECT_TRUE(isFitForPeople(line)) << qPrintable(line);
+    }
+}
+
+TEST_F(StatusCommandTest, AsJsonAForeignNameIsWhatIsStored)
+{
+    const QString foreignDir = folder.filePath(QStringLiteral("foreign"));
+    MonitorStore store(foreignDir);
+    const QString name = QStringLiteral("Sh\x1b[2J\n\u202Eop") + QString(300, u'a');
+    store.addMonitor({.id = QUuid::createUuid(), .name = name});
+    const QJsonArray monitors =
+        QJsonDocument::fromJson(describeStatus(store, OutputFormat::json)).array();
+    EXPECT_EQ(monitors[0].toObject()[QStringLiteral("name")].toString(), name);
+}
+
+TEST_F(StatusCommandTest, TiesOfAHalfGoToTheEvenMillisecond)
+{
+    MonitorStore store(dataDir);
+    Check check = checkOf(up, true);
+    check.responseTime = 500.5;
+    store.addCheck(check);
+    EXPECT_TRUE(describeStatus(store, OutputFormat::human).contains("  500 ms at "));
 }
 
 TEST_F(StatusCommandTest, AsJsonEverythingInTheStoresOrder)

@@ -1,5 +1,7 @@
 #include "CertificateDays.h"
 
+#include "ScopedTimeZone.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -49,6 +51,54 @@ INSTANTIATE_TEST_SUITE_P(
         // And back on 25 October: 25 hours.
         Case{"LongDay", "2026-10-24T10:00:00Z", "2026-10-25T10:59:59Z", "Europe/Berlin", 0},
         Case{"FarFuture", "2026-01-01T00:00:00Z", "9999-12-31T23:59:59Z", "UTC", 2912442}),
+    [](const auto &each) { return std::string(each.param.name); });
+
+struct SystemZoneCase
+{
+    const char *name;
+    const char *environment; ///< TZ
+    const char *from;
+    const char *to;
+    qint64 days;
+};
+
+void PrintTo(const SystemZoneCase &sample, std::ostream *out)
+{
+    *out << sample.name;
+}
+
+class CertificateDaysOfSystemTest : public testing::TestWithParam<SystemZoneCase>
+{
+};
+
+TEST_P(CertificateDaysOfSystemTest, CountsWhateverTheEnvironmentCallsTheTimeZone)
+{
+    const SystemZoneCase &c = GetParam();
+    const ScopedTimeZone zone(c.environment);
+    EXPECT_EQ(wholeDaysBetween(*parseTimestamp(c.from), *parseTimestamp(c.to)), c.days);
+}
+
+constexpr auto winter = "2026-01-10T10:00:00Z";
+constexpr auto twoWeeksOn = "2026-01-24T10:00:00Z";
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, CertificateDaysOfSystemTest,
+    testing::Values(SystemZoneCase{"Name", "Europe/Berlin", winter, twoWeeksOn, 14},
+                    SystemZoneCase{"PathWithColon", ":/usr/share/zoneinfo/Europe/Berlin", winter,
+                                   twoWeeksOn, 14},
+                    SystemZoneCase{"Path", "/usr/share/zoneinfo/Europe/Berlin", winter, twoWeeksOn,
+                                   14},
+                    SystemZoneCase{"ShortDayByPath", "/usr/share/zoneinfo/Europe/Berlin",
+                                   "2026-03-28T11:00:00Z", "2026-03-29T10:00:00Z", 1},
+                    SystemZoneCase{"ShortDayByRule", "CET-1CEST,M3.5.0,M10.5.0/3",
+                                   "2026-03-28T11:00:00Z", "2026-03-29T10:00:00Z", 1},
+                    SystemZoneCase{"RuleWithoutDates", "MEZ-1MESZ", winter, twoWeeksOn, 14},
+                    SystemZoneCase{"RuleWithoutDatesExpired", "MEZ-1MESZ", twoWeeksOn, winter, -14},
+                    SystemZoneCase{"Nonsense", "Nowhere/At All", winter, twoWeeksOn, 14},
+                    SystemZoneCase{"MissingFile", "/nowhere", winter, twoWeeksOn, 14},
+                    SystemZoneCase{"Empty", "", winter, twoWeeksOn, 14},
+                    SystemZoneCase{"FarFuture", "MEZ-1MESZ", "2026-01-01T00:00:00Z",
+                                   "9999-12-31T23:59:59Z", 2912442}),
     [](const auto &each) { return std::string(each.param.name); });
 
 } // namespace ostrel::test

@@ -1,5 +1,6 @@
 #include "MonitorForm.h"
 
+#include "ForeignTexts.h"
 #include "PeriodicTask.h"
 #include "Printers.h"
 #include "ProductConstants.h"
@@ -234,6 +235,18 @@ TEST_F(MonitorFormTest, AMonitorThatIsShownKeepsItsType)
     form.setUrl(monitor.url);
     EXPECT_EQ(form.monitorType(), QStringLiteral("http"));
     EXPECT_EQ(form.url(), monitor.url);
+}
+
+TEST_F(MonitorFormTest, TheClipboardsAddressIsOfferedOnOneLineAndPastedAsItIs)
+{
+    for (const ForeignText &foreign : foreignTexts()) {
+        const QString address = clipboardAddress + foreign.text + u'.';
+        form.beginCreate(address);
+        ASSERT_TRUE(form.showsClipboardSuggestion()) << foreign.name;
+        EXPECT_TRUE(isFitForPeople(form.suggestionText())) << foreign.name;
+        form.pasteSuggestion();
+        EXPECT_EQ(form.url(), address) << foreign.name;
+    }
 }
 
 TEST_F(MonitorFormTest, TheClipboardsAddressIsOfferedTrimmed)

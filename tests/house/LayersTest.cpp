@@ -39,7 +39,7 @@ const QHash<QString, QStringList> &allowedFolders()
         {QStringLiteral("platform"),
          {QStringLiteral("model"), QStringLiteral("store"), QStringLiteral("notify"),
           QStringLiteral("engine"), QStringLiteral("base")}},
-        {QStringLiteral("cli"), belowPlatform},
+        {QStringLiteral("cli"), belowPlatform + QStringList{QStringLiteral("forms")}},
         {QStringLiteral("icons"),
          {QStringLiteral("base"), QStringLiteral("model"), QStringLiteral("net")}},
         {QStringLiteral("presentation"),

@@ -1,5 +1,6 @@
 #include "NotificationManager.h"
 
+#include "ForeignTexts.h"
 #include "Printers.h"
 
 #include <QList>
@@ -106,8 +107,10 @@ std::vector<Case> cases()
         down("DownWithFormatCharacters", QStringLiteral("100%s <b>%1</b>"), "100%s <b>%1</b>"),
         recovery("Recovery", 1234.56, "Responding in 1235ms"),
         recovery("RecoveryBelowAMillisecond", 0.4, "Responding in 0ms"),
+        recovery("RecoveryTiesToEven", 500.5, "Responding in 500ms"),
         recovery("RecoveryWithoutGrouping", 1234567, "Responding in 1234567ms"),
         slow("Slow", 1234.56, 1000, "1235ms (threshold: 1000ms)"),
+        slow("SlowTiesToEven", 501.5, 500.5, "502ms (threshold: 500ms)"),
         slow("SlowBelowAMillisecond", 0.4, 0.2, "0ms (threshold: 0ms)"),
         certificate("CertificateFourteenDays", 14, "Shop: 14 days remaining", usual),
         certificate("CertificateFourDays", 4, "Shop: 4 days remaining", usual),
@@ -157,6 +160,33 @@ TEST_P(NotificationManagerTest, PostsExactlyOneRequest)
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, NotificationManagerTest, testing::ValuesIn(cases()),
+                         [](const auto &test) { return std::string(test.param.name); });
+
+class ForeignNotificationTest : public testing::TestWithParam<test::ForeignText>
+{
+};
+
+TEST_P(ForeignNotificationTest, IsFitForPeopleAndSaysWhatItIsAbout)
+{
+    const QString &foreign = GetParam().text;
+    RecordingCenter center;
+    NotificationManager manager(center);
+    manager.notifyDown(monitorNamed(foreign), foreign);
+    manager.notifyRecovery(monitorNamed(foreign), Milliseconds(1));
+    manager.notifySlow(monitorNamed(foreign), Milliseconds(2), Milliseconds(1));
+    manager.notifyCertificateExpiring(monitorNamed(foreign), 14);
+
+    for (const NotificationRequest &request : center.requests) {
+        EXPECT_TRUE(test::isFitForPeople(request.title));
+        EXPECT_TRUE(test::isFitForPeople(request.body));
+    }
+    EXPECT_TRUE(center.requests[0].title.endsWith(QStringLiteral(" is Down")));
+    EXPECT_TRUE(center.requests[1].title.endsWith(QStringLiteral(" is Back Up")));
+    EXPECT_TRUE(center.requests[2].title.endsWith(QStringLiteral(" is Slow")));
+    EXPECT_TRUE(center.requests[3].body.endsWith(QStringLiteral(": 14 days remaining")));
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, ForeignNotificationTest, testing::ValuesIn(test::foreignTexts()),
                          [](const auto &test) { return std::string(test.param.name); });
 
 TEST(NotificationIdentifierTest, IsTheSameForTheSameKindAndMonitorAlone)

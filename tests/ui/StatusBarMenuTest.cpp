@@ -1,5 +1,6 @@
 #include "StatusBarMenu.h"
 
+#include "ForeignTexts.h"
 #include "PresentationSamples.h"
 #include "Printers.h"
 #include "StatusBarHost.h"
@@ -162,6 +163,15 @@ TEST_F(StatusBarMenuTest, NamesReadAsTheyStand)
     add("Tom & Jerry_x");
     add("Two\tcolumns\nand lines");
     EXPECT_EQ(monitorLines(), QStringList({text("Tom && Jerry_x"), text("Two columns and lines")}));
+}
+
+TEST_F(StatusBarMenuTest, ForeignNamesAreOneEntryEach)
+{
+    for (const ForeignText &foreign : foreignTexts())
+        samples.add(sampleMonitor(foreign.text));
+    ASSERT_EQ(monitorLines().size(), foreignTexts().size());
+    for (const QString &line : monitorLines())
+        EXPECT_TRUE(isFitForPeople(line)) << qPrintable(line);
 }
 
 TEST_F(StatusBarMenuTest, AMonitorWithoutANameShowsItsHost)

@@ -1,0 +1,71 @@
+#include "DetailBadges.h"
+#include "DisplayFormats.h"
+#include "PresentationSamples.h"
+#include "Printers.h"
+#include "RelativeDate.h"
+#include "ScopedTimeZone.h"
+#include "TimeAxis.h"
+
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace ostrel::test {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// What the environment may call Central European Time, and Qt or nobody knows.
+class UnknownTimeZoneTest : public testing::TestWithParam<const char *>
+{
+protected:
+    const ScopedTimeZone zone{GetParam()};
+    const QLocale british{QStringLiteral("en_GB")};
+};
+
+} // namespace
+
+TEST_P(UnknownTimeZoneTest, TheClockIsTheComputers)
+{
+    EXPECT_EQ(clockTimeText(sampleNow(), QTimeZone::systemTimeZone(), british),
+              QStringLiteral("16:42"));
+}
+
+TEST_P(UnknownTimeZoneTest, TheChartHasItsMarksAtFullHoursOfTheComputersClock)
+{
+    QStringList labels;
+    for (const TimeTick &tick :
+         timeTicks(sampleNow() - 19h, sampleNow(), QTimeZone::systemTimeZone(), british))
+        labels += tick.label;
+    EXPECT_EQ(labels.join(QStringLiteral(" | ")),
+              QStringLiteral("Fri 20 | 03:00 | 06:00 | 09:00 | 12:00 | 15:00"));
+}
+
+TEST_P(UnknownTimeZoneTest, DaysAndMonthsAreCounted)
+{
+    const auto ago = [this](std::chrono::hours time) {
+        return relativeDateText(sampleNow() - time, sampleNow(), british,
+                                QTimeZone::systemTimeZone());
+    };
+    EXPECT_EQ(ago(49h), QStringLiteral("2 days ago"));
+    EXPECT_EQ(ago(70 * 24h), QStringLiteral("2 months ago"));
+}
+
+TEST_P(UnknownTimeZoneTest, ACertificatesDaysAreCounted)
+{
+    const Monitor monitor = sampleMonitor();
+    Check check = upCheck(monitor, sampleNow());
+    check.sslExpiresAt = sampleNow() + 12 * 24h;
+    const auto badges = detailBadges(monitor, check, sampleNow());
+    ASSERT_EQ(badges.size(), 1);
+    EXPECT_EQ(badges[0].text, QStringLiteral("SSL: 12d left"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, UnknownTimeZoneTest,
+                         testing::Values("/usr/share/zoneinfo/Europe/Berlin", "CET-1",
+                                         "CET-1CEST,M3.5.0,M10.5.0/3", "MEZ-1MESZ"));
+
+} // namespace ostrel::test

@@ -1,0 +1,103 @@
+#include "ForeignTexts.h"
+
+namespace ostrel::test {
+
+namespace {
+
+QString repeated(char16_t c, qsizetype count)
+{
+    return QString(count, QChar(c));
+}
+
+/// "Shop" in the middle, so that what is shown can be told from nothing.
+QString around(const QString &middle)
+{
+    return QStringLiteral("Sh") + middle + QStringLiteral("op");
+}
+
+bool isControl(char16_t c)
+{
+    return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0x2028 || c == 0x2029;
+}
+
+bool isBidiControl(char16_t c)
+{
+    return c == 0x061C || c == 0x200E || c == 0x200F || (c >= 0x202A && c <= 0x202E) ||
+           (c >= 0x2066 && c <= 0x2069);
+}
+
+bool isHalfAPair(const QString &text, qsizetype at)
+{
+    const QChar before = at > 0 ? text[at - 1] : QChar();
+    const QChar after = at + 1 < text.size() ? text[at + 1] : QChar();
+    return (text[at].isHighSurrogate() && !after.isLowSurrogate()) ||
+           (text[at].isLowSurrogate() && !before.isHighSurrogate());
+}
+
+qsizetype longestRunOfMarks(const QString &text)
+{
+    qsizetype longest = 0;
+    qsizetype run = 0;
+    for (const QChar c : text) {
+        run = c.isMark() ? run + 1 : 0;
+        longest = std::max(longest, run);
+    }
+    return longest;
+}
+
+} // namespace
+
+const QList<ForeignText> &foreignTexts()
+{
+    static const QList<ForeignText> texts = {
+        {"Escape", QStringLiteral("\x1b]0;owned\x07\x1b[2J\x1b[31mShop")},
+        {"EightBitEscape", QStringLiteral("\u009B2J\u009B31mShop")},
+        {"ForgedRow", QStringLiteral("Shop\r\nUP       Bank")},
+        {"LineSeparator", around(QStringLiteral("\u2028"))},
+        {"ParagraphSeparator", around(QStringLiteral("\u2029"))},
+        {"NextLine", around(QStringLiteral("\u0085"))},
+        {"Tab", around(QStringLiteral("\t"))},
+        {"VerticalTabAndFormFeed", around(QStringLiteral("\v\f"))},
+        {"Nul", around(QString(QChar(u'\0')))},
+        {"BackspaceAndDelete", around(QStringLiteral("\b\u007F"))},
+        {"Override", QStringLiteral("\u202Epohs")},
+        {"Isolate", QStringLiteral("Shop\u2067\u2066")},
+        {"NestedEmbeddings", repeated(0x202B, 120'000) + QStringLiteral("Shop")},
+        {"BidiMarks", QStringLiteral("Shop") + repeated(0x200F, 120'000)},
+        {"BidiMarksAlone", repeated(0x061C, 3)},
+        {"MarksOnOneLetter", QStringLiteral("Shop") + repeated(0x0301, 120'000)},
+        {"MarksAlone", repeated(0x0489, 120'000)},
+        {"ZeroWidthBlanks", around(repeated(0x200B, 120'000))},
+        {"VariationSelectors", around(repeated(0xFE0F, 120'000))},
+        {"Tags", around(QStringLiteral("\U000E0041").repeated(60'000))},
+        {"LoneHighSurrogate", around(QString(QChar(0xD83D)))},
+        {"LoneLowSurrogate", around(QString(QChar(0xDE00)))},
+        {"Emoji", QStringLiteral("\U0001F600").repeated(3000)},
+        {"Million", QStringLiteral("Shop") + repeated(u'W', 1'000'000)},
+        {"MillionLines", QStringLiteral("Shop\n").repeated(200'000)},
+        {"MillionSlashes",
+         repeated(u'/', 500'000) + QStringLiteral("Shop") + repeated(u'/', 500'000)},
+        {"Placeholders", QStringLiteral("Shop %1 %2 %L3 %n %s %.0f %%")},
+        {"Markup", QStringLiteral("<b>Shop</b> &amp; <img src='http://127.0.0.1/'>")},
+    };
+    return texts;
+}
+
+testing::AssertionResult isFitForPeople(const QString &text)
+{
+    // Two to a code point, nine code points to a character; and what we add ourselves.
+    constexpr qsizetype longest = 2 * 9 * 200 + 100;
+    constexpr qsizetype mostMarks = 8;
+    if (text.size() > longest)
+        return testing::AssertionFailure() << text.size() << " code units";
+    if (longestRunOfMarks(text) > mostMarks)
+        return testing::AssertionFailure() << longestRunOfMarks(text) << " marks in a row";
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const char16_t c = text[i].unicode();
+        if (isControl(c) || isBidiControl(c) || isHalfAPair(text, i))
+            return testing::AssertionFailure() << "U+" << QString::number(c, 16).toStdString();
+    }
+    return testing::AssertionSuccess();
+}
+
+} // namespace ostrel::test
