@@ -154,13 +154,16 @@ bool readField(Monitor &monitor, std::size_t key, JsonValue &value)
     case MonitorKey::keyword:
         return assignOptional(monitor.keyword, standard.keyword, value, readText);
     case MonitorKey::keywordShouldExist:
-        return assignOptional(monitor.keywordShouldExist, standard.keywordShouldExist, value, readBool);
+        return assignOptional(monitor.keywordShouldExist, standard.keywordShouldExist, value,
+                              readBool);
     case MonitorKey::responseTimeThreshold:
-        return assignOptional(monitor.responseTimeThreshold, standard.responseTimeThreshold, value, readNumber);
+        return assignOptional(monitor.responseTimeThreshold, standard.responseTimeThreshold, value,
+                              readNumber);
     case MonitorKey::port:
         return assignOptional(monitor.port, standard.port, value, readInteger);
     case MonitorKey::sslExpiryWarningDays:
-        return assignOptional(monitor.sslExpiryWarningDays, standard.sslExpiryWarningDays, value, readInteger);
+        return assignOptional(monitor.sslExpiryWarningDays, standard.sslExpiryWarningDays, value,
+                              readInteger);
     }
     return skipValue(value);
 }

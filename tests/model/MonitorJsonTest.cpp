@@ -137,8 +137,8 @@ TEST(MonitorJsonTest, WrongTypesFail)
             const bool isFreeText = key == QStringLiteral("name") || key == QStringLiteral("url") ||
                                     key == QStringLiteral("keyword");
             const bool isOptional = !plainObject().contains(key);
-            if ((text == "null" && isOptional) || (text == "true" && value.isBool()) || (text == "1" && value.isDouble()) ||
-                (text == "\"x\"" && isFreeText))
+            if ((text == "null" && isOptional) || (text == "true" && value.isBool()) ||
+                (text == "1" && value.isDouble()) || (text == "\"x\"" && isFreeText))
                 continue;
             EXPECT_FALSE(decodeMonitors(withRaw(key, text)))
                 << key.toStdString() << text.toStdString();

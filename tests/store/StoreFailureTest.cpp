@@ -332,18 +332,18 @@ TEST_F(StoreFailureTest, TheFileThatFitsIsSavedAlsoIfTheOtherDoesNot)
 {
     open();
     const Monitor monitor = add();
-    record(monitor);
+    Monitor edited = monitor;
+    edited.name = QString(2000, u'x');
     {
-        const FullDisk disk(rlim_t(contentOf("checks.json").size()) + 20);
-        Monitor edited = monitor;
-        edited.name = QString(2000, u'x');
+        const FullDisk disk(2000);
         m_store->updateMonitor(edited);
         EXPECT_FALSE(m_store->canSave());
-        m_store->deleteMonitor(QUuid::createUuid());
+        record(monitor);
+        EXPECT_EQ(storedCheckCount(), 1U);
         EXPECT_FALSE(m_store->canSave()) << "as long as one of them is behind";
+        EXPECT_EQ(storedMonitors(), QList<Monitor>{monitor});
     }
-    EXPECT_EQ(storedMonitors(), QList<Monitor>{monitor});
-    m_store->deleteMonitor(QUuid::createUuid());
+    record(monitor);
     expectAllIsStored();
 }
 
