@@ -40,6 +40,23 @@ void print(const QByteArray &text, std::FILE *stream = stdout)
     std::fwrite(text.constData(), 1, static_cast<std::size_t>(text.size()), stream);
 }
 
+void complain(const QString &sentence)
+{
+    print("ostrel: " + sentence.toLocal8Bit() + "\n", stderr);
+}
+
+/// Says on stderr each time that @p store can't save any more.
+void tellOfFailures(const MonitorStore &store)
+{
+    const auto tell = [&store] {
+        if (!store.canSave())
+            complain(QStringLiteral("can't save to ") + store.storageDir() + QStringLiteral(": ") +
+                     store.saveFailure());
+    };
+    QObject::connect(&store, &MonitorStore::canSaveChanged, tell);
+    tell();
+}
+
 /// The interface needs no more than lines, pictures and text, which are drawn in a fraction of the
 /// memory and time without OpenGL. A user who asks for another renderer gets it.
 void preferSoftwareRenderer()
@@ -70,6 +87,8 @@ struct Program
             QCoreApplication::installTranslator(&pseudo);
 
         createPrivateFolder(invocation.dataDir);
+        for (const QString &complaint : closeToOthers(invocation.dataDir))
+            complain(complaint);
         const auto instance = makeSingleInstance(invocation.dataDir);
         switch (instance->claim(5s)) {
         case SingleInstance::Claim::handedOver:
@@ -96,8 +115,12 @@ struct Program
 
     int operator()(const StatusInvocation &invocation)
     {
-        print(readStatus(invocation));
-        return 0;
+        if (const auto status = readStatus(invocation)) {
+            print(*status);
+            return 0;
+        }
+        complain(QStringLiteral("can't read ") + StoredRecords::monitorsPath(invocation.dataDir));
+        return exitFailed;
     }
 
     int operator()(const AnswerInvocation &invocation)
@@ -156,6 +179,7 @@ private:
                 .statusBarHost = *statusBarHost,
                 .fetchIcon = [&](const HttpRequest &request) { return network.fetch(request); },
             });
+        tellOfFailures(app.store());
         presenter = [&app](const NotificationRequest &request) {
             app.statusBarItem().present(request);
         };

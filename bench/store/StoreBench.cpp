@@ -2,6 +2,7 @@
 #include "FullFolder.h"
 #include "MonitorStore.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -163,6 +164,7 @@ void benchQueries(const QString &folder, const std::vector<QUuid> &ids)
 
 int main(int argc, char **argv)
 {
+    const QCoreApplication application(argc, argv);
     const QTemporaryDir temporary;
     const QString root = argc > 1 ? QFile::decodeName(argv[1]) : temporary.path();
     std::printf("%-10s %8s %14s %14s %14s %14s %8s %8s\n", "", "monitors", "best us", "median us",

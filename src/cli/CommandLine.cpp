@@ -135,7 +135,7 @@ QString generalHelp()
                 "  --version             print the version\n"
                 "  --help                print this text\n"
                 "\n"
-                "Exit status: 0 up (or done), 1 down, 2 unusable arguments.\n");
+                "Exit status: 0 up (or done), 1 down (or failed), 2 unusable arguments.\n");
 }
 
 /// The folder that is to be used, absolute; nothing for an empty one.

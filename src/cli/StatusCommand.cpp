@@ -134,9 +134,13 @@ QByteArray describeStatus(const MonitorStore &store, OutputFormat format)
     return format == OutputFormat::json ? describeAsJson(store) : describeForPeople(store);
 }
 
-QByteArray readStatus(const StatusInvocation &invocation)
+std::optional<QByteArray> readStatus(const StatusInvocation &invocation)
 {
-    const MonitorStore store(invocation.dataDir, MonitorStore::Access::readOnly);
+    StoredRecords records = StoredRecords::read(invocation.dataDir);
+    if (records.areMonitorsUnreadable)
+        return std::nullopt;
+    const MonitorStore store(invocation.dataDir, std::move(records),
+                             {.access = MonitorStore::Access::readOnly});
     return describeStatus(store, invocation.format);
 }
 

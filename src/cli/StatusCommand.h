@@ -4,6 +4,8 @@
 
 #include <QByteArray>
 
+#include <optional>
+
 namespace ostrel {
 
 class MonitorStore;
@@ -14,7 +16,8 @@ class MonitorStore;
 /// "uptime" with "24h", "7d" and "30d" in 0…1. UTF-8, with a newline at the end.
 [[nodiscard]] QByteArray describeStatus(const MonitorStore &store, OutputFormat format);
 
-/// describeStatus of the folder, which is only read.
-[[nodiscard]] QByteArray readStatus(const StatusInvocation &invocation);
+/// describeStatus of the folder, which is only read; nothing if the monitors can't be read. Where
+/// there is no folder or no such file, there are no monitors.
+[[nodiscard]] std::optional<QByteArray> readStatus(const StatusInvocation &invocation);
 
 } // namespace ostrel

@@ -125,17 +125,17 @@ bool readField(Check &check, std::size_t key, JsonValue &value)
     case CheckKey::timestamp:
         return assign(check.timestamp, readTimestamp(value));
     case CheckKey::statusCode:
-        return assign(check.statusCode, readStatusCode(value));
+        return assignOptional(check.statusCode, {}, value, readStatusCode);
     case CheckKey::responseTime:
         return assign(check.responseTime, readNumber(value));
     case CheckKey::isUp:
         return assign(check.isUp, readBool(value));
     case CheckKey::error:
-        return assign(check.error, readText(value));
+        return assignOptional(check.error, {}, value, readText);
     case CheckKey::sslExpiresAt:
-        return assign(check.sslExpiresAt, readTimestamp(value));
+        return assignOptional(check.sslExpiresAt, {}, value, readTimestamp);
     case CheckKey::keywordFound:
-        return assign(check.keywordFound, readBool(value));
+        return assignOptional(check.keywordFound, {}, value, readBool);
     }
     return skipValue(value);
 }
@@ -225,7 +225,7 @@ public:
     [[nodiscard]] Check &check() { return m_check; }
 
     /// Whether a text of @p length, from brace to brace, holds nothing but known keys, each once,
-    /// upper-case UUIDs, and not one blank.
+    /// upper-case UUIDs, no null, and not one blank.
     [[nodiscard]] bool isCompact(std::size_t length) const
     {
         return m_isPlain && length == m_compactLength;
@@ -250,7 +250,8 @@ private:
 
     bool isPlainMember(std::size_t key, std::string_view token) const
     {
-        if (key == unknownKey || (m_seen & bitOf(key)) != 0 || isBlank(token.back()))
+        if (key == unknownKey || (m_seen & bitOf(key)) != 0 || isBlank(token.back()) ||
+            token.front() == 'n')
             return false;
         const bool isUuid = key <= std::size_t(CheckKey::monitorId);
         return !isUuid || (token.size() == uuidTextLength + 2 && !hasLowerCase(token));

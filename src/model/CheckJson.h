@@ -47,7 +47,8 @@ public:
 /// of its checks. Keys of a check may come in any order, unknown ones are passed over, of one that
 /// comes twice the last counts; UUIDs may be lower case. False, whatever @p visitor has received by
 /// then, if anything is malformed, a record lacks a required key or has a value of the wrong type
-/// (200.5 is no integer, null no string).
+/// (200.5 is no integer, null no required string). A null stands for that an optional key isn't
+/// there.
 class CheckMapDecoder
 {
 public:

@@ -70,7 +70,7 @@ bool skip(JsonValue &value, int depth)
     case ondemand::json_type::boolean:
         return readBool(value).has_value();
     case ondemand::json_type::null:
-        return valueOf(value.is_null()).value_or(false);
+        return isNull(value);
     }
     return false;
 }
@@ -125,6 +125,11 @@ std::optional<qint64> readInteger(JsonValue &value)
     if (!number || *number != std::trunc(*number) || *number <= -bound || *number >= bound)
         return std::nullopt;
     return static_cast<qint64>(*number);
+}
+
+bool isNull(JsonValue &value)
+{
+    return valueOf(value.is_null()).value_or(false);
 }
 
 bool skipValue(JsonValue &value)

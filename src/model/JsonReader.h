@@ -28,6 +28,8 @@ using JsonValue = simdjson::ondemand::value;
 /// A whole number, however it is written (80, 80.0, 8e1), that 64 bits hold.
 [[nodiscard]] std::optional<qint64> readInteger(JsonValue &value);
 
+[[nodiscard]] bool isNull(JsonValue &value);
+
 /// Whether @p value, of any type and nesting, is well-formed; passes it over.
 [[nodiscard]] bool skipValue(JsonValue &value);
 
@@ -51,6 +53,17 @@ template<typename Target, typename Value>
     if (!value)
         return false;
     target = Target(*std::move(value));
+    return true;
+}
+
+/// Stores what @p read gives for @p value in @p target, and for null @p absent; false where that is
+/// nothing.
+template<typename Target, typename Read>
+[[nodiscard]] bool assignOptional(Target &target, const Target &absent, JsonValue &value, Read read)
+{
+    if (!isNull(value))
+        return assign(target, read(value));
+    target = absent;
     return true;
 }
 

@@ -127,6 +127,7 @@ std::optional<MonitorType> readType(JsonValue &value)
 
 bool readField(Monitor &monitor, std::size_t key, JsonValue &value)
 {
+    static const Monitor standard;
     switch (static_cast<MonitorKey>(key)) {
     case MonitorKey::id:
         return assign(monitor.id, readUuid(value));
@@ -149,17 +150,20 @@ bool readField(Monitor &monitor, std::size_t key, JsonValue &value)
     case MonitorKey::createdAt:
         return assign(monitor.createdAt, readTimestamp(value));
     case MonitorKey::type:
-        return assign(monitor.type, readType(value));
+        return assignOptional(monitor.type, standard.type, value, readType);
     case MonitorKey::keyword:
-        return assign(monitor.keyword, readText(value));
+        return assignOptional(monitor.keyword, standard.keyword, value, readText);
     case MonitorKey::keywordShouldExist:
-        return assign(monitor.keywordShouldExist, readBool(value));
+        return assignOptional(monitor.keywordShouldExist, standard.keywordShouldExist, value,
+                              readBool);
     case MonitorKey::responseTimeThreshold:
-        return assign(monitor.responseTimeThreshold, readNumber(value));
+        return assignOptional(monitor.responseTimeThreshold, standard.responseTimeThreshold, value,
+                              readNumber);
     case MonitorKey::port:
-        return assign(monitor.port, readInteger(value));
+        return assignOptional(monitor.port, standard.port, value, readInteger);
     case MonitorKey::sslExpiryWarningDays:
-        return assign(monitor.sslExpiryWarningDays, readInteger(value));
+        return assignOptional(monitor.sslExpiryWarningDays, standard.sslExpiryWarningDays, value,
+                              readInteger);
     }
     return skipValue(value);
 }

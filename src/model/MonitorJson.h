@@ -18,9 +18,9 @@ namespace ostrel {
 
 /// The monitors that @p json holds. Keys may come in any order, unknown ones are passed over, the
 /// keys that came later have their defaults ("type" http, "keywordShouldExist" true,
-/// "sslExpiryWarningDays" 14), of one that comes twice the last counts; UUIDs may be lower case.
-/// Nothing if any record lacks a required key or has a value of the wrong type: 80.5 is no integer,
-/// null no string.
+/// "sslExpiryWarningDays" 14), of one that comes twice the last counts; UUIDs may be lower case. A
+/// null stands for that such a later key isn't there. Nothing if any record lacks a required key or
+/// has a value of the wrong type: 80.5 is no integer, null no required string.
 [[nodiscard]] std::optional<QList<Monitor>> decodeMonitors(QByteArrayView json);
 
 } // namespace ostrel

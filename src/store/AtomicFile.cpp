@@ -67,12 +67,99 @@ bool giveSecondName(const std::string &path, const std::string &kept)
     return ::rename(path.c_str(), kept.c_str()) == 0;
 }
 
+/// How many names temporary files have. Nobody gives that many things of other kinds such names.
+constexpr int maxTemporaryNames = 16;
+
+std::string temporaryName(const std::string &path, int number)
+{
+    const std::string name = path + ".tmp";
+    return number == 1 ? name : name + '-' + std::to_string(number);
+}
+
+/// Removes what a crash has left at @p path; nothing that isn't an ordinary file of this user's.
+void removeLeftover(const std::string &path)
+{
+    struct stat status
+    {
+    };
+    if (::lstat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
+        status.st_uid == ::geteuid())
+        ::unlink(path.c_str());
+}
+
+std::string folderOf(const std::string &path)
+{
+    return std::filesystem::path(path).parent_path().string();
+}
+
 } // namespace
 
-AtomicFile::AtomicFile(const QString &path)
-    : m_path(resolved(QFile::encodeName(path).toStdString()))
-    , m_temporaryPath(m_path + ".tmp")
+/// A new file beside the one that it is to replace; gone with this object, unless it has.
+class AtomicFile::Temporary
 {
+public:
+    /// Beside @p path. Not open, with errno, where there can be none.
+    explicit Temporary(const std::string &path);
+    ~Temporary();
+    Q_DISABLE_COPY(Temporary)
+
+    [[nodiscard]] FileDescriptor &file() { return m_file; }
+
+    /// Takes the place of the file at @p path. Gives @p snapshot, where there is one, the content.
+    [[nodiscard]] bool replace(const std::string &path, FileSnapshot *snapshot);
+
+private:
+    std::string m_path; ///< Empty if there is none, or it has another name now.
+    FileDescriptor m_file;
+};
+
+AtomicFile::Temporary::Temporary(const std::string &path)
+{
+    constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW;
+    for (int number = 1; number <= maxTemporaryNames; ++number) {
+        const std::string name = temporaryName(path, number);
+        // A fresh file, so that neither the mode nor a link of an old one counts.
+        removeLeftover(name);
+        m_file = FileDescriptor(
+            uninterrupted([&] { return ::open(name.c_str(), flags, S_IRUSR | S_IWUSR); }));
+        if (m_file.isOpen())
+            m_path = name;
+        if (m_file.isOpen() || errno != EEXIST)
+            return;
+    }
+}
+
+AtomicFile::Temporary::~Temporary()
+{
+    const int reason = errno;
+    if (!m_path.empty())
+        ::unlink(m_path.c_str());
+    errno = reason;
+}
+
+bool AtomicFile::Temporary::replace(const std::string &path, FileSnapshot *snapshot)
+{
+    FileDescriptor file = snapshot ? openForReading(m_path) : FileDescriptor();
+    if (::rename(m_path.c_str(), path.c_str()) != 0)
+        return false;
+    m_path.clear();
+    // Only now: the new name counts as a change of the file.
+    if (const auto status = statusOf(file))
+        *snapshot = FileSnapshot(std::move(file), *status);
+    else if (snapshot)
+        *snapshot = FileSnapshot();
+    return true;
+}
+
+AtomicFile::AtomicFile(const QString &path, Sync sync)
+    : m_path(resolved(QFile::encodeName(path).toStdString()))
+    , m_sync(std::move(sync))
+{
+}
+
+bool AtomicFile::waitForTheDisk(const FileDescriptor &file)
+{
+    return uninterrupted([&] { return ::fsync(file.number()); }) == 0;
 }
 
 FileSnapshot AtomicFile::snapshot() const
@@ -101,7 +188,7 @@ bool AtomicFile::exists() const
     struct stat status
     {
     };
-    return ::lstat(m_path.c_str(), &status) == 0;
+    return ::lstat(m_path.c_str(), &status) == 0 || errno != ENOENT;
 }
 
 bool AtomicFile::holds(const FileSnapshot &snapshot) const
@@ -116,55 +203,41 @@ bool AtomicFile::holds(const FileSnapshot &snapshot) const
 
 bool AtomicFile::write(const Fill &fill, Flush flush, FileSnapshot *snapshot) const
 {
-    if (writeTemporary(fill, flush) && replace(snapshot))
-        return true;
-    removeLeftover();
-    return false;
+    Temporary temporary(m_path);
+    return fillIn(temporary, fill, flush) && temporary.replace(m_path, snapshot);
 }
 
 bool AtomicFile::writeKeepingOld(const Fill &fill, Flush flush, std::string_view suffix,
                                  FileSnapshot *snapshot) const
 {
-    if (writeTemporary(fill, flush) && keep(suffix) && replace(snapshot))
-        return true;
-    removeLeftover();
-    return false;
+    Temporary temporary(m_path);
+    return fillIn(temporary, fill, flush) && keep(suffix) && temporary.replace(m_path, snapshot);
 }
 
-void AtomicFile::removeLeftover() const
+bool AtomicFile::flush(const Sync &sync) const
 {
-    ::unlink(m_temporaryPath.c_str());
+    const FileDescriptor file = openForReading(m_path);
+    const FileDescriptor folder = openForReading(folderOf(m_path));
+    return file.isOpen() && sync(file) && folder.isOpen() && sync(folder);
 }
 
-bool AtomicFile::writeTemporary(const Fill &fill, Flush flush) const
+void AtomicFile::removeLeftovers() const
 {
-    // A fresh file, so that neither the mode nor a link of an old one counts.
-    removeLeftover();
-    constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW;
-    FileDescriptor file(
-        uninterrupted([&] { return ::open(m_temporaryPath.c_str(), flags, S_IRUSR | S_IWUSR); }));
+    for (int number = 1; number <= maxTemporaryNames; ++number)
+        removeLeftover(temporaryName(m_path, number));
+}
+
+bool AtomicFile::fillIn(Temporary &temporary, const Fill &fill, Flush flush) const
+{
+    FileDescriptor &file = temporary.file();
     if (!file.isOpen())
         return false;
     ContentWriter content(file.number());
     if (!fill(content) || !content.finish())
         return false;
-    if (flush == Flush::beforeReplacing &&
-        uninterrupted([&] { return ::fsync(file.number()); }) != 0)
+    if (flush == Flush::beforeReplacing && !m_sync(file))
         return false;
     return file.close();
-}
-
-bool AtomicFile::replace(FileSnapshot *snapshot) const
-{
-    FileDescriptor file = snapshot ? openForReading(m_temporaryPath) : FileDescriptor();
-    if (::rename(m_temporaryPath.c_str(), m_path.c_str()) != 0)
-        return false;
-    // Only now: the new name counts as a change of the file.
-    if (const auto status = statusOf(file))
-        *snapshot = FileSnapshot(std::move(file), *status);
-    else if (snapshot)
-        *snapshot = FileSnapshot();
-    return true;
 }
 
 bool AtomicFile::keep(std::string_view suffix) const

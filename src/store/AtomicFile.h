@@ -14,9 +14,11 @@ namespace ostrel {
 
 /// A file that is only ever replaced as a whole, so that nobody reads it half-written.
 ///
-/// New content goes to a temporary file beside it (its name and ".tmp"), which then is moved over
-/// it. A path that is a symbolic link is followed: the link stays, what it names is replaced.
-/// Two programs must not write the same file.
+/// New content goes to a temporary file beside it, which then is moved over it: its name and
+/// ".tmp", or, while something that isn't such a file has that name, with "-2", "-3", … up to "-16"
+/// at its end. A path that is a symbolic link is followed: the link stays, what it names is
+/// replaced. Two programs must not write the same file. Where a function gives false for a failure,
+/// errno says which.
 class AtomicFile
 {
 public:
@@ -27,14 +29,21 @@ public:
 
     /// Writes the new content; false where it could not be got together.
     using Fill = std::function<bool(ContentWriter &)>;
+    /// Waits until the disk has what was written to an open file; false, with errno, if it hasn't.
+    using Sync = std::function<bool(const FileDescriptor &)>;
 
-    explicit AtomicFile(const QString &path);
+    /// @p sync is what Flush::beforeReplacing does.
+    explicit AtomicFile(const QString &path, Sync sync = waitForTheDisk);
+
+    /// fsync(2).
+    static bool waitForTheDisk(const FileDescriptor &file);
 
     /// The content of now; that of nothing where there is no file or it can't be read.
     [[nodiscard]] FileSnapshot snapshot() const;
     /// The whole content; nothing if there is no file, it can't be read or is larger than
     /// maxStoredFileSize. Gives @p snapshot, if there is one, what was read.
     [[nodiscard]] std::optional<QByteArray> read(FileSnapshot *snapshot = nullptr) const;
+    /// Whether there is anything at the path; also if that can't be told.
     [[nodiscard]] bool exists() const;
     /// Whether the content is that of @p snapshot; one of nothing stands for that there is no file.
     [[nodiscard]] bool holds(const FileSnapshot &snapshot) const;
@@ -50,16 +59,21 @@ public:
     bool writeKeepingOld(const Fill &fill, Flush flush, std::string_view suffix,
                          FileSnapshot *snapshot = nullptr) const;
 
-    /// Removes the temporary file that a crash has left.
-    void removeLeftover() const;
+    /// Has the disk take the content of now, and its name, by @p sync. Any thread.
+    bool flush(const Sync &sync) const;
+
+    /// Removes the temporary files that a crash has left: those of ordinary files that are this
+    /// user's.
+    void removeLeftovers() const;
 
 private:
-    [[nodiscard]] bool writeTemporary(const Fill &fill, Flush flush) const;
-    [[nodiscard]] bool replace(FileSnapshot *snapshot) const;
+    class Temporary;
+
+    [[nodiscard]] bool fillIn(Temporary &temporary, const Fill &fill, Flush flush) const;
     [[nodiscard]] bool keep(std::string_view suffix) const;
 
     std::string m_path; ///< Past all symbolic links.
-    std::string m_temporaryPath;
+    Sync m_sync;
 };
 
 } // namespace ostrel

@@ -44,7 +44,8 @@ bool ContentWriter::copy(const FileSnapshot &source, quint64 offset, quint64 len
 bool ContentWriter::finish()
 {
     flush();
-    return !m_hasFailed;
+    errno = m_error;
+    return m_error == 0;
 }
 
 /// Some room for the next @p length bytes, at least for one of them.
@@ -65,10 +66,11 @@ void ContentWriter::take(std::size_t count)
 void ContentWriter::flush()
 {
     std::string_view rest(m_gathered.get(), std::exchange(m_gatheredSize, 0));
-    while (!rest.empty() && !m_hasFailed) {
+    while (!rest.empty() && m_error == 0) {
         const auto written =
             uninterrupted([&] { return ::write(m_descriptor, rest.data(), rest.size()); });
-        m_hasFailed = written <= 0;
+        if (written <= 0)
+            m_error = written < 0 ? errno : EIO;
         rest.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
     }
 }

@@ -24,7 +24,7 @@ public:
     /// How many bytes have been appended.
     [[nodiscard]] quint64 size() const { return m_size; }
 
-    /// Writes what is still gathered; false where anything could not be written.
+    /// Writes what is still gathered; false where anything could not be written, with errno.
     [[nodiscard]] bool finish();
 
 private:
@@ -36,7 +36,7 @@ private:
     std::unique_ptr<char[]> m_gathered;
     std::size_t m_gatheredSize = 0;
     quint64 m_size = 0;
-    bool m_hasFailed = false;
+    int m_error = 0; ///< Of the write that has failed; 0 if none has.
 };
 
 } // namespace ostrel

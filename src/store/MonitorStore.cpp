@@ -1,9 +1,9 @@
 #include "MonitorStore.h"
 
+#include "FolderOwnership.h"
 #include "MonitorJson.h"
 #include "StorageFolder.h"
 
-#include <QDir>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -12,14 +12,31 @@ namespace ostrel {
 
 namespace {
 
+using namespace std::chrono_literals;
+
+/// So long an edit waits for the disk, so that a power cut can't take the monitors; a disk that is
+/// slower is not waited for.
+constexpr auto patienceWithTheDisk = 200ms;
+constexpr auto patienceAtTheEnd = 500ms;
+
+constexpr auto unreadable = "unreadable";
+constexpr auto replaced = "replaced";
+
 /// "unreadable-20261120T191500Z"
-std::string unreadableSuffix(Timestamp now)
+std::string keptSuffix(const char *what, Timestamp now)
 {
-    std::string text = "unreadable-" + formatTimestamp(now).toStdString();
-    std::erase(text, ':');
-    text.erase(text.find_last_of('-'), 1);
-    text.erase(text.find_last_of('-'), 1);
-    return text;
+    QByteArray time = formatTimestamp(now);
+    time.replace(":", "").replace("-", "");
+    return std::string(what) + '-' + time.toStdString();
+}
+
+/// What is said of the content that the first save replaces: of one that could not be loaded, or
+/// that only comes after the load.
+const char *wordForOldContent(const FileSnapshot &loaded, bool isUnreadable)
+{
+    if (isUnreadable)
+        return unreadable;
+    return loaded.isOfAFile() ? nullptr : replaced;
 }
 
 std::string_view viewOf(const QByteArray &bytes)
@@ -41,30 +58,65 @@ QString MonitorStore::defaultStorageDir()
 }
 
 MonitorStore::MonitorStore(const QString &storageDir, Access access, WallClock now, QObject *parent)
-    : MonitorStore(storageDir, StoredRecords::read(storageDir), access, std::move(now), parent)
+    : MonitorStore(storageDir, StoredRecords::read(storageDir),
+                   Options{.access = access, .now = std::move(now)}, parent)
 {
 }
 
-MonitorStore::MonitorStore(const QString &storageDir, StoredRecords records, Access access,
-                           WallClock now, QObject *parent)
+MonitorStore::MonitorStore(const QString &storageDir, StoredRecords records, Options options,
+                           QObject *parent)
     : QObject(parent)
     , m_storageDir(storageDir)
-    , m_access(access)
-    , m_now(std::move(now))
-    , m_monitorsFile{AtomicFile(StoredRecords::monitorsPath(storageDir)),
-                     records.areMonitorsUnreadable}
-    , m_checksFile{AtomicFile(StoredRecords::checksPath(storageDir)), records.areChecksUnreadable}
-    , m_checksContent(std::move(records.checksContent))
+    , m_access(options.access)
+    , m_now(std::move(options.now))
+    , m_ownership(options.ownership)
+    , m_flushThread(std::move(options.sync))
+    , m_monitorsFile{.file = AtomicFile(StoredRecords::monitorsPath(storageDir),
+                                        [this](const FileDescriptor &file) {
+                                            return m_flushThread.flushWithin(patienceWithTheDisk,
+                                                                             file);
+                                        }),
+                     .content = std::move(records.monitorsContent)}
+    , m_checksFile{.file = AtomicFile(StoredRecords::checksPath(storageDir)),
+                   .content = std::move(records.checksContent)}
     , m_monitors(std::move(records.monitors))
     , m_checks(std::move(records.checks))
 {
-    if (m_access == Access::readWrite)
-        prepareFolder();
+    m_monitorsFile.keptAs =
+        wordForOldContent(m_monitorsFile.content, records.areMonitorsUnreadable);
+    m_checksFile.keptAs = wordForOldContent(m_checksFile.content, records.areChecksUnreadable);
+    if (m_access == Access::readOnly)
+        return;
+    m_flush.setSingleShot(true);
+    m_flush.setInterval(options.flushInterval);
+    connect(&m_flush, &QTimer::timeout, this, &MonitorStore::flushChecks);
+    connect(&m_retry, &QTimer::timeout, this, &MonitorStore::catchUp);
+    m_retry.start(options.retryInterval);
+    catchUp();
+}
+
+MonitorStore::~MonitorStore()
+{
+    if (!canSave())
+        catchUp();
+    if (m_flush.isActive())
+        flushChecks();
+    m_flushThread.finish(patienceAtTheEnd);
 }
 
 const QString &MonitorStore::storageDir() const
 {
     return m_storageDir;
+}
+
+bool MonitorStore::canSave() const
+{
+    return m_failure.isEmpty();
+}
+
+const QString &MonitorStore::saveFailure() const
+{
+    return m_failure;
 }
 
 const QList<Monitor> &MonitorStore::monitors() const
@@ -98,7 +150,7 @@ void MonitorStore::addMonitor(const Monitor &monitor)
     const bool hadChecks = !checks(id).empty();
     m_monitors.append(monitor);
     m_checks.insert_or_assign(id, CheckHistory(id));
-    saveMonitors();
+    save({&m_monitorsFile});
     Q_EMIT monitorsChanged();
     if (hadChecks)
         Q_EMIT checksChanged(id);
@@ -110,7 +162,7 @@ void MonitorStore::updateMonitor(const Monitor &monitor)
     if (found == m_monitors.end())
         return;
     *found = monitor;
-    saveMonitors();
+    save({&m_monitorsFile});
     Q_EMIT monitorsChanged();
 }
 
@@ -120,8 +172,7 @@ void MonitorStore::deleteMonitor(const QUuid &id)
     const QUuid deleted = id;
     m_monitors.removeIf([&](const Monitor &monitor) { return monitor.id == deleted; });
     m_checks.erase(deleted);
-    saveMonitors();
-    saveChecks();
+    save({&m_monitorsFile, &m_checksFile});
     Q_EMIT monitorsChanged();
     Q_EMIT checksChanged(deleted);
 }
@@ -132,7 +183,7 @@ void MonitorStore::addCheck(const Check &check)
     CheckHistory &history = historyOf(monitorId);
     history.append(check);
     history.keepNewest(maxChecksPerMonitor);
-    saveChecks();
+    save({&m_checksFile});
     Q_EMIT checksChanged(monitorId);
 }
 
@@ -206,52 +257,107 @@ std::vector<Check> MonitorStore::recentChecks(const QUuid &monitorId,
     return recent;
 }
 
-void MonitorStore::prepareFolder() const
+void MonitorStore::save(std::initializer_list<File *> changed)
 {
-    createPrivateFolder(m_storageDir);
-    if (QDir(m_storageDir) == QDir(defaultStorageDir()))
-        makeFolderPrivate(m_storageDir);
-    m_monitorsFile.file.removeLeftover();
-    m_checksFile.file.removeLeftover();
+    for (File *file : changed)
+        file->isBehind = true;
+    catchUp();
 }
 
-void MonitorStore::saveMonitors()
+void MonitorStore::catchUp()
+{
+    if (m_access == Access::readOnly)
+        return;
+    const bool couldSave = canSave();
+    m_failure = saveWhatIsBehind();
+    if (canSave() != couldSave)
+        Q_EMIT canSaveChanged();
+}
+
+/// Why something is still behind then, or would be; empty if nothing.
+QString MonitorStore::saveWhatIsBehind()
+{
+    if (!prepareToWrite(m_storageDir)) {
+        QString reason = qt_error_string(errno);
+        m_isOurs = false;
+        return reason;
+    }
+    if (!isOurs())
+        return QStringLiteral("another program has it, or it can't be locked");
+    for (File *file : {&m_monitorsFile, &m_checksFile})
+        file->isBehind = file->isBehind || (file->content.isOfAFile() && !file->file.exists());
+    // All that can be saved, also if the other can't.
+    QString failure;
+    if (m_monitorsFile.isBehind && !saveMonitors())
+        failure = qt_error_string(errno);
+    if (m_checksFile.isBehind && !saveChecks())
+        failure = qt_error_string(errno);
+    return failure;
+}
+
+bool MonitorStore::isOurs()
+{
+    const bool wasOurs = std::exchange(m_isOurs, !m_ownership || m_ownership->renew());
+    if (!m_isOurs || wasOurs)
+        return m_isOurs;
+    for (File *file : {&m_monitorsFile, &m_checksFile}) {
+        file->file.removeLeftovers();
+        // Another program may have had it meanwhile, and its user may have entered something there.
+        if (!file->keptAs && !file->file.holds(file->content))
+            file->keptAs = replaced;
+    }
+    return true;
+}
+
+bool MonitorStore::saveMonitors()
 {
     const auto fill = [this](ContentWriter &content) {
         content.append(viewOf(encodeMonitors(m_monitors)));
         return true;
     };
-    save(m_monitorsFile, fill, AtomicFile::Flush::beforeReplacing);
+    if (!write(m_monitorsFile, fill, AtomicFile::Flush::beforeReplacing))
+        return false;
+    m_flushThread.flushLater(m_monitorsFile.file);
+    return true;
 }
 
-void MonitorStore::saveChecks()
+bool MonitorStore::saveChecks()
 {
     HistoriesWriter writer;
     bool isComplete = true;
     const auto fill = [&](ContentWriter &content) {
-        isComplete = writer.write(m_checks, m_checksContent, content);
+        isComplete = writer.write(m_checks, m_checksFile.content, content);
         return isComplete;
     };
-    if (save(m_checksFile, fill, AtomicFile::Flush::none, &m_checksContent)) {
+    if (write(m_checksFile, fill, AtomicFile::Flush::none)) {
         writer.tell(m_checks);
-    } else if (!isComplete) {
-        // Somebody has written into the file, or it can't be read any more.
-        for (auto &[id, history] : m_checks)
-            history.forgetStored();
-        saveChecks();
+        if (!m_flush.isActive())
+            m_flush.start();
+        return true;
     }
+    if (isComplete)
+        return false;
+    // Somebody has written into the file, or it can't be read any more.
+    for (auto &[id, history] : m_checks)
+        history.forgetStored();
+    return saveChecks();
 }
 
-bool MonitorStore::save(File &file, const AtomicFile::Fill &fill, AtomicFile::Flush flush,
-                        FileSnapshot *content) const
+bool MonitorStore::write(File &file, const AtomicFile::Fill &fill, AtomicFile::Flush flush)
 {
-    if (m_access == Access::readOnly)
-        return false;
     const bool isSaved =
-        file.keepOld ? file.file.writeKeepingOld(fill, flush, unreadableSuffix(m_now()), content)
-                     : file.file.write(fill, flush, content);
-    file.keepOld = file.keepOld && !isSaved;
+        file.keptAs ? file.file.writeKeepingOld(fill, flush, keptSuffix(file.keptAs, m_now()),
+                                                &file.content)
+                    : file.file.write(fill, flush, &file.content);
+    if (isSaved)
+        file.keptAs = nullptr;
+    file.isBehind = !isSaved;
     return isSaved;
+}
+
+void MonitorStore::flushChecks()
+{
+    m_flushThread.flushLater(m_checksFile.file);
 }
 
 CheckHistory &MonitorStore::historyOf(const QUuid &monitorId)

@@ -1,21 +1,91 @@
 #include "StorageFolder.h"
 
+#include <QDir>
 #include <QFile>
 
 #include <cerrno>
+#include <fcntl.h>
 #include <filesystem>
+#include <optional>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace ostrel {
 
 namespace {
 
-void create(const std::filesystem::path &path)
+constexpr mode_t othersRights = S_IRWXG | S_IRWXO;
+
+/// False, with errno, where there is one already or there can be none.
+bool create(const std::filesystem::path &path)
 {
-    if (::mkdir(path.c_str(), S_IRWXU) == 0 || errno != ENOENT || !path.has_relative_path())
-        return;
-    create(path.parent_path());
-    ::mkdir(path.c_str(), S_IRWXU);
+    if (::mkdir(path.c_str(), S_IRWXU) == 0)
+        return true;
+    if (errno != ENOENT || !path.has_relative_path())
+        return false;
+    return (create(path.parent_path()) || errno == EEXIST) && ::mkdir(path.c_str(), S_IRWXU) == 0;
+}
+
+bool isWritableFolder(const QByteArray &path)
+{
+    // The dot, so that a file of that name is none.
+    return ::faccessat(AT_FDCWD, (path + "/.").constData(), W_OK | X_OK, AT_EACCESS) == 0;
+}
+
+/// Nothing if there is nothing at @p path, or it can't be told.
+std::optional<struct stat> statusOf(const QString &path)
+{
+    struct stat status
+    {
+    };
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0)
+        return std::nullopt;
+    return status;
+}
+
+/// Whether the user's home folder is @p path or in it.
+bool holdsHome(const QString &path)
+{
+    const QString prefix = path.endsWith(QLatin1Char('/')) ? path : path + QLatin1Char('/');
+    return (QDir::homePath() + QLatin1Char('/')).startsWith(prefix);
+}
+
+/// Whether others may have their own things in the folder @p path of this @p status.
+bool isUsedByOthers(const QString &path, const struct stat &status)
+{
+    return (status.st_mode & S_ISVTX) != 0 || holdsHome(path);
+}
+
+/// Why others keep their rights to @p path after this; nothing if they have none.
+std::optional<QString> close(const QString &path, mode_t mode)
+{
+    const auto status = statusOf(path);
+    if (!status || (status->st_mode & othersRights) == 0)
+        return std::nullopt;
+    if (status->st_uid != ::geteuid())
+        return QStringLiteral("it belongs to somebody else");
+    if (S_ISDIR(status->st_mode) && isUsedByOthers(path, *status))
+        return QStringLiteral("it isn't Ostrel's alone");
+    if (::chmod(QFile::encodeName(path).constData(), mode) != 0)
+        return qt_error_string(errno);
+    const auto now = statusOf(path);
+    if (now && (now->st_mode & othersRights) != 0)
+        return QStringLiteral("its file system doesn't keep modes");
+    return std::nullopt;
+}
+
+/// As closeToOthers(), of the folder @p path and its files that @p names are.
+QStringList closeFolder(const QString &path, const QStringList &names)
+{
+    if (const auto reason = close(path, S_IRWXU))
+        return {QStringLiteral("others can use %1: %2").arg(path, *reason)};
+    QStringList complaints;
+    for (const QString &name : QDir(path).entryList(names, QDir::Files | QDir::Hidden)) {
+        const QString file = path + QLatin1Char('/') + name;
+        if (const auto reason = close(file, S_IRUSR | S_IWUSR))
+            complaints += QStringLiteral("others can use %1: %2").arg(file, *reason);
+    }
+    return complaints;
 }
 
 } // namespace
@@ -25,9 +95,21 @@ void createPrivateFolder(const QString &path)
     create(QFile::encodeName(path).toStdString());
 }
 
-void makeFolderPrivate(const QString &path)
+bool prepareToWrite(const QString &path)
 {
-    ::chmod(QFile::encodeName(path).constData(), S_IRWXU);
+    const QByteArray name = QFile::encodeName(path);
+    if (isWritableFolder(name))
+        return true;
+    return errno == ENOENT && (create(name.toStdString()) || errno == EEXIST) &&
+           isWritableFolder(name);
+}
+
+QStringList closeToOthers(const QString &path)
+{
+    const QStringList files = {QStringLiteral("monitors.json*"), QStringLiteral("checks.json*"),
+                               QStringLiteral("ostrel.lock")};
+    return closeFolder(path, files) +
+           closeFolder(path + QStringLiteral("/favicons"), {QStringLiteral("*")});
 }
 
 } // namespace ostrel

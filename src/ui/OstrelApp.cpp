@@ -24,7 +24,7 @@ OstrelApp::OstrelApp(std::unique_ptr<MainWindowLoader> views, const QString &sto
                      StoredRecords records, const AppServices &services)
     : m_services(services)
     , m_views(std::move(views))
-    , m_store(storageDir, std::move(records))
+    , m_store(storageDir, std::move(records), {.ownership = services.folderOwnership})
     , m_engine({
           .store = m_store,
           .httpCheck = services.httpCheck,

@@ -16,6 +16,7 @@ class QQuickWindow;
 
 namespace ostrel {
 
+class FolderOwnership;
 class LoginItem;
 class MainWindowLoader;
 class MonitorCheck;
@@ -43,6 +44,7 @@ struct AppServices
     MotionPreference &motion;
     StatusBarHost &statusBarHost;
     Fetch fetchIcon; ///< How the sites' icons and titles reach the program.
+    FolderOwnership *folderOwnership = nullptr; ///< Null if nobody else could have the folder.
 };
 
 /// The application: makes the delegate, the one store and the one engine, in this order, and shows
@@ -60,6 +62,7 @@ public:
     /// Shows the main window; false where it can't be made.
     [[nodiscard]] bool show();
 
+    [[nodiscard]] const MonitorStore &store() const { return m_store; }
     [[nodiscard]] AppDelegate &delegate() { return m_delegate; }
     [[nodiscard]] StatusBarItem &statusBarItem() { return m_statusBarItem; }
 

@@ -2,6 +2,7 @@
 
 #include "ForeignTexts.h"
 #include "MonitorStore.h"
+#include "PlainUser.h"
 #include "Printers.h"
 
 #include <QDir>
@@ -12,6 +13,9 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <functional>
+#include <sys/stat.h>
 
 namespace ostrel::test {
 
@@ -61,7 +65,7 @@ protected:
 
 TEST_F(StatusCommandTest, ForPeopleALineEach)
 {
-    const QByteArray text = readStatus({.dataDir = dataDir});
+    const QByteArray text = readStatus({.dataDir = dataDir}).value_or(QByteArray());
     const auto lines = text.split('\n');
     ASSERT_EQ(lines.size(), 5);
     EXPECT_TRUE(
@@ -116,7 +120,8 @@ TEST_F(StatusCommandTest, TiesOfAHalfGoToTheEvenMillisecond)
 
 TEST_F(StatusCommandTest, AsJsonEverythingInTheStoresOrder)
 {
-    const QByteArray text = readStatus({.dataDir = dataDir, .format = OutputFormat::json});
+    const QByteArray text =
+        readStatus({.dataDir = dataDir, .format = OutputFormat::json}).value_or(QByteArray());
     const QJsonArray monitors = QJsonDocument::fromJson(text).array();
     ASSERT_EQ(monitors.size(), 4);
     const QJsonObject second = monitors[1].toObject();
@@ -148,6 +153,45 @@ TEST_F(StatusCommandTest, AFolderThatIsNotThereHasNoMonitorsAndIsNotMade)
     EXPECT_EQ(readStatus({.dataDir = missing}), QByteArray("No monitors\n"));
     EXPECT_EQ(readStatus({.dataDir = missing, .format = OutputFormat::json}), QByteArray("[\n]\n"));
     EXPECT_FALSE(QDir(missing).exists());
+}
+
+TEST_F(StatusCommandTest, AFolderWithoutMonitorsHasNone)
+{
+    const QTemporaryDir empty;
+    EXPECT_EQ(readStatus({.dataDir = empty.path()}), QByteArray("No monitors\n"));
+    ASSERT_TRUE(QFile::link(empty.filePath(QStringLiteral("gone")),
+                            empty.filePath(QStringLiteral("monitors.json"))));
+    EXPECT_EQ(readStatus({.dataDir = empty.path()}), QByteArray("No monitors\n"));
+}
+
+TEST_F(StatusCommandTest, MonitorsThatCannotBeReadAreNotNone)
+{
+    const QString path = StoredRecords::monitorsPath(dataDir);
+    const std::function<bool()> makers[] = {
+        [&] { return QFile(path).resize(3); },
+        [&] { return QFile(path).resize(0); },
+        [&] { return QFile::remove(path) && QDir().mkdir(path); },
+        [&] {
+            return QDir().rmdir(path) && ::mkfifo(QFile::encodeName(path).constData(), 0600) == 0;
+        },
+        [&] { return QDir(dataDir).removeRecursively() && QFile(dataDir).open(QFile::WriteOnly); },
+    };
+    for (const auto &make : makers) {
+        ASSERT_TRUE(make());
+        for (const OutputFormat format : {OutputFormat::human, OutputFormat::json})
+            EXPECT_EQ(readStatus({.dataDir = dataDir, .format = format}), std::nullopt)
+                << &make - makers;
+    }
+}
+
+TEST_F(StatusCommandTest, AFolderThatCannotBeReadIsNotOneWithoutMonitors)
+{
+    ASSERT_EQ(::chmod(QFile::encodeName(dataDir).constData(), 0), 0);
+    {
+        const PlainUser plain; // whom modes bind
+        EXPECT_EQ(readStatus({.dataDir = dataDir}), std::nullopt);
+    }
+    ASSERT_EQ(::chmod(QFile::encodeName(dataDir).constData(), 0700), 0);
 }
 
 } // namespace ostrel::test

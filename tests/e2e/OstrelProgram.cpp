@@ -87,6 +87,17 @@ void OstrelProgram::writeMonitors(const QList<Monitor> &monitors) const
         file.write(encodeMonitors(monitors));
 }
 
+QByteArray OstrelProgram::complaints() const
+{
+    QFile file(homeFile(QStringLiteral("errors")));
+    QByteArray lines;
+    if (!file.open(QIODevice::ReadOnly))
+        return lines;
+    for (QByteArray line = file.readLine(); !line.isEmpty(); line = file.readLine())
+        lines += line.startsWith("ostrel: ") ? line : QByteArray();
+    return lines;
+}
+
 bool OstrelProgram::start()
 {
     const QString loginItem = homeFile(QStringLiteral("config/autostart/ostrel.desktop"));
@@ -120,11 +131,14 @@ void OstrelProgram::kill()
 OstrelProgram::Outcome OstrelProgram::run(const QStringList &arguments) const
 {
     BoundProcess process;
+    process.setProcessChannelMode(QProcess::SeparateChannels);
     process.setProcessEnvironment(m_environment);
     process.start(program, arguments);
     if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
         return {};
-    return {.exitCode = process.exitCode(), .output = process.readAllStandardOutput()};
+    return {.exitCode = process.exitCode(),
+            .output = process.readAllStandardOutput(),
+            .errors = process.readAllStandardError()};
 }
 
 QByteArray OstrelProgram::file(const QString &name) const

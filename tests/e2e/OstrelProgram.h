@@ -31,6 +31,12 @@ public:
     /// What the folder holds before the program sees it.
     void writeMonitors(const QList<Monitor> &monitors) const;
 
+    /// What it says on stderr from the next start on is kept, instead of going where this program's
+    /// goes.
+    void keepErrors() { m_process.logTo(homeFile(QStringLiteral("errors"))); }
+    /// The lines that it said there itself, without Qt's.
+    [[nodiscard]] QByteArray complaints() const;
+
     /// Starts watching, and returns when the window's content has appeared and so the login item is
     /// there. False where it ends instead.
     [[nodiscard]] bool start();
@@ -49,6 +55,7 @@ public:
     {
         int exitCode = -1;
         QByteArray output;
+        QByteArray errors;
     };
     [[nodiscard]] Outcome run(const QStringList &arguments) const;
 

@@ -191,28 +191,42 @@ TEST(CheckJsonTest, LackingARequiredKeyFails)
 
 TEST(CheckJsonTest, WrongTypesFail)
 {
-    for (const char *member : {R"("statusCode":null)",
-                               R"("statusCode":"200")",
-                               R"("statusCode":200.5)",
-                               R"("statusCode":2147483648)",
-                               R"("statusCode":-2147483648)",
-                               R"("error":null)",
-                               R"("error":1)",
-                               R"("sslExpiresAt":null)",
-                               R"("sslExpiresAt":0)",
-                               R"("sslExpiresAt":"2027-01-01")",
-                               R"("keywordFound":null)",
-                               R"("keywordFound":0)",
-                               R"("keywordFound":"true")",
-                               R"("isUp":1)",
-                               R"("responseTime":"1")",
-                               R"("id":null)",
-                               R"("id":"{01234567-89AB-CDEF-0123-456789ABCDEF}")",
-                               R"("timestamp":{})",
-                               R"("error":[])",
-                               R"("error":"\ud800")",
-                               R"("later":tru)"})
+    for (const char *member :
+         {R"("statusCode":"200")", R"("statusCode":200.5)", R"("statusCode":2147483648)",
+          R"("statusCode":-2147483648)", R"("error":1)", R"("sslExpiresAt":0)",
+          R"("sslExpiresAt":"2027-01-01")", R"("keywordFound":0)", R"("keywordFound":"true")",
+          R"("isUp":1)", R"("responseTime":"1")", R"("id":null)",
+          R"("id":"{01234567-89AB-CDEF-0123-456789ABCDEF}")", R"("timestamp":{})", R"("error":[])",
+          R"("error":"\ud800")", R"("later":tru)"})
         EXPECT_FALSE(decoded(with(member))) << member;
+}
+
+TEST(CheckJsonTest, OptionalKeysThatAreNullAreAbsent)
+{
+    for (const char *key : {"statusCode", "error", "sslExpiresAt", "keywordFound"}) {
+        const std::string member = '"' + std::string(key) + R"(":null)";
+        EXPECT_EQ(decoded(with(member)), plainCheck()) << key;
+        EXPECT_EQ(decoded(with(member + "," + member)), plainCheck()) << key;
+        EXPECT_FALSE(decoded(with('"' + std::string(key) + R"(":nul)"))) << key;
+    }
+    for (const char *key : {"id", "monitorId", "timestamp", "responseTime", "isUp"})
+        EXPECT_FALSE(decoded(with('"' + std::string(key) + R"(":null)"))) << key;
+    const auto check =
+        decoded(with(R"("error":"x","error":null,"statusCode":200,"statusCode":null)"));
+    EXPECT_EQ(check, plainCheck()) << "of a key that comes twice the last counts";
+}
+
+TEST(CheckMapTest, ANullDoesNotComeBackInTheNextCheckOrInTheFile)
+{
+    Collector collector;
+    Check failed = plainCheck();
+    failed.error = QStringLiteral("x");
+    const std::string withNull = with(R"("error":null)");
+    ASSERT_TRUE(decodeMap("[" + monitorIdJson + ",[" + withNull + "," + with(R"("error":"x")") +
+                              "," + withNull + "," + withNull + "]]",
+                          collector));
+    EXPECT_EQ(collector.checks, (std::vector{plainCheck(), failed, plainCheck(), plainCheck()}));
+    EXPECT_EQ(compactTextOf(withNull), std::nullopt);
 }
 
 TEST(CheckJsonTest, WholeStatusCodesAreRead)

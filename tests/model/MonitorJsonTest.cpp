@@ -136,13 +136,29 @@ TEST(MonitorJsonTest, WrongTypesFail)
         for (const QByteArray &text : texts) {
             const bool isFreeText = key == QStringLiteral("name") || key == QStringLiteral("url") ||
                                     key == QStringLiteral("keyword");
-            if ((text == "true" && value.isBool()) || (text == "1" && value.isDouble()) ||
-                (text == "\"x\"" && isFreeText))
+            const bool isOptional = !plainObject().contains(key);
+            if ((text == "null" && isOptional) || (text == "true" && value.isBool()) ||
+                (text == "1" && value.isDouble()) || (text == "\"x\"" && isFreeText))
                 continue;
             EXPECT_FALSE(decodeMonitors(withRaw(key, text)))
                 << key.toStdString() << text.toStdString();
         }
     }
+}
+
+TEST(MonitorJsonTest, OptionalKeysThatAreNullAreAbsent)
+{
+    const auto plain = decoded(plainObject());
+    ASSERT_TRUE(plain);
+    for (const char *key : {"type", "keyword", "keywordShouldExist", "responseTimeThreshold",
+                            "port", "sslExpiryWarningDays"}) {
+        EXPECT_EQ(decodeMonitors(withRaw(QLatin1StringView(key), "null")), plain) << key;
+        EXPECT_FALSE(decodeMonitors(withRaw(QLatin1StringView(key), "nul"))) << key;
+    }
+    for (const QString &key : plainObject().keys())
+        EXPECT_FALSE(decodeMonitors(withRaw(key, "null"))) << key.toStdString();
+    EXPECT_EQ(decodeMonitors(withRaw(QStringLiteral("port"), R"(80,"port":null)")), plain)
+        << "of a key that comes twice the last counts";
 }
 
 TEST(MonitorJsonTest, IntegersAreWhole)

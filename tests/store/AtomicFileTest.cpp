@@ -1,5 +1,6 @@
 #include "AtomicFile.h"
 
+#include "PlainUser.h"
 #include "Printers.h"
 
 #include <QDir>
@@ -8,10 +9,14 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <csignal>
+#include <functional>
 #include <string>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
 
 namespace ostrel {
 namespace {
@@ -180,6 +185,118 @@ TEST_F(AtomicFileTest, LinkAtTheTemporaryNameIsNotFollowed)
     EXPECT_TRUE(write(AtomicFile(pathOf("file")), "new"));
     EXPECT_EQ(contentOf("other"), QByteArrayLiteral("untouched"));
     EXPECT_EQ(contentOf("file"), QByteArrayLiteral("new"));
+    EXPECT_TRUE(QFileInfo(pathOf("file.tmp")).isSymLink()) << "nor is it removed";
+}
+
+TEST_F(AtomicFileTest, NothingWithTheTemporaryNameStopsAWrite)
+{
+    const auto makeFolder = [](const char *path) { return ::mkdir(path, 0700); };
+    const auto makePipe = [](const char *path) { return ::mkfifo(path, 0600); };
+    const auto makeLink = [](const char *path) { return ::symlink("nowhere", path); };
+    const auto makeForeign = [](const char *path) {
+        return ::mknod(path, S_IFREG | 0600, 0) == 0 ? ::chown(path, test::PlainUser::nobody, 0)
+                                                     : -1;
+    };
+    const AtomicFile file(pathOf("file"));
+    int number = 0;
+    for (const std::function<int(const char *)> &make :
+         {std::function<int(const char *)>(makeFolder), {makePipe}, {makeLink}, {makeForeign}}) {
+        if (number == 3 && ::geteuid() != 0)
+            continue; // Only the administrator can give files away.
+        ++number;
+        const std::string name = number == 1 ? "file.tmp" : "file.tmp-" + std::to_string(number);
+        ASSERT_EQ(make(QFile::encodeName(pathOf(name.c_str())).constData()), 0) << name;
+        const QStringList before = names();
+        const std::string text = std::to_string(number);
+        ASSERT_TRUE(write(file, text)) << name;
+        ASSERT_TRUE(writeKeepingOld(file, text)) << name;
+        file.removeLeftovers();
+        EXPECT_EQ(contentOf("file").toStdString(), text) << name;
+        ASSERT_TRUE(QFile::remove(pathOf("file.old")));
+        EXPECT_EQ(names().size(), std::max<qsizetype>(before.size(), number + 1)) << name;
+        for (const QString &kept : before)
+            EXPECT_TRUE(names().contains(kept)) << kept.toStdString();
+    }
+}
+
+TEST_F(AtomicFileTest, WithoutAFreeTemporaryNameAllStaysAsItWas)
+{
+    fill("file", "old");
+    const QDir folder(m_folder.path());
+    ASSERT_TRUE(folder.mkdir(QStringLiteral("file.tmp")));
+    for (int number = 2; number <= 15; ++number)
+        ASSERT_TRUE(folder.mkdir(QStringLiteral("file.tmp-%1").arg(number)));
+    const AtomicFile file(pathOf("file"));
+    EXPECT_TRUE(write(file, "new"));
+    ASSERT_TRUE(folder.mkdir(QStringLiteral("file.tmp-16")));
+    EXPECT_FALSE(write(file, "newer"));
+    EXPECT_EQ(errno, EEXIST);
+    EXPECT_EQ(contentOf("file"), QByteArrayLiteral("new"));
+    EXPECT_EQ(names().size(), 17);
+}
+
+TEST_F(AtomicFileTest, LeftoversGoUnderEveryTemporaryName)
+{
+    for (const char *name : {"file", "file.tmp", "file.tmp-2", "file.tmp-16", "file.tmp-17",
+                             "file.tmp-x", "other.tmp"})
+        fill(name, "half");
+    AtomicFile(pathOf("file")).removeLeftovers();
+    EXPECT_EQ(names().join(u' '), QStringLiteral("file file.tmp-17 file.tmp-x other.tmp"));
+}
+
+TEST_F(AtomicFileTest, FailureTellsWhy)
+{
+    fill("ordinary", "x");
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("folder")));
+    const std::pair<const char *, int> cases[] = {
+        {"missing/file", ENOENT}, {"ordinary/file", ENOTDIR}, {"folder", EISDIR}};
+    for (const auto &[name, reason] : cases) {
+        EXPECT_FALSE(write(AtomicFile(pathOf(name)), "new"));
+        EXPECT_EQ(errno, reason) << name;
+    }
+}
+
+TEST_F(AtomicFileTest, WhatTheDiskDoesNotTakeReplacesNothing)
+{
+    fill("file", "old");
+    const AtomicFile file(pathOf("file"), [](const FileDescriptor &) {
+        errno = EIO;
+        return false;
+    });
+    EXPECT_FALSE(file.write(with("new"), Flush::beforeReplacing));
+    EXPECT_EQ(errno, EIO);
+    EXPECT_EQ(contentOf("file"), QByteArrayLiteral("old"));
+    EXPECT_EQ(names(), QStringList{QStringLiteral("file")});
+    EXPECT_TRUE(file.write(with("new"), Flush::none)) << "for which nobody waits";
+}
+
+TEST_F(AtomicFileTest, FlushIsOfTheContentAndOfItsName)
+{
+    fill("file", "x");
+    std::vector<QByteArray> flushed;
+    const auto sync = [&](const FileDescriptor &file) {
+        const QString link = QStringLiteral("/proc/self/fd/%1").arg(file.number());
+        flushed.push_back(QFile::symLinkTarget(link).toUtf8());
+        return true;
+    };
+    EXPECT_TRUE(AtomicFile(pathOf("file")).flush(sync));
+    EXPECT_EQ(flushed, (std::vector{pathOf("file").toUtf8(), m_folder.path().toUtf8()}));
+    EXPECT_FALSE(AtomicFile(pathOf("missing")).flush(sync));
+    EXPECT_TRUE(AtomicFile(pathOf("file")).flush(AtomicFile::waitForTheDisk));
+}
+
+TEST_F(AtomicFileTest, IsThereUnlessItIsKnownNotToBe)
+{
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("closed")));
+    fill("closed/file", "x");
+    EXPECT_FALSE(AtomicFile(pathOf("closed/missing")).exists());
+    EXPECT_TRUE(AtomicFile(pathOf("closed/file/inside")).exists());
+    ASSERT_EQ(::chmod(QFile::encodeName(pathOf("closed")).constData(), 0), 0);
+    {
+        const test::PlainUser plain;
+        EXPECT_TRUE(AtomicFile(pathOf("closed/file")).exists());
+    }
+    ASSERT_EQ(::chmod(QFile::encodeName(pathOf("closed")).constData(), 0700), 0);
 }
 
 TEST_F(AtomicFileTest, FailureLeavesEverythingAsItWas)
@@ -207,10 +324,12 @@ TEST_F(AtomicFileTest, FullDiskLeavesTheOldContent)
     const std::string large(100000, 'x');
     const bool written = write(AtomicFile(pathOf("file")), large);
     const bool writtenKeeping = writeKeepingOld(AtomicFile(pathOf("file")), large);
+    const int reason = errno;
     ::setrlimit(RLIMIT_FSIZE, &previous);
     ::signal(SIGXFSZ, previousHandler);
     EXPECT_FALSE(written);
     EXPECT_FALSE(writtenKeeping);
+    EXPECT_EQ(reason, EFBIG);
     EXPECT_EQ(contentOf("file"), QByteArrayLiteral("old"));
     EXPECT_EQ(names(), QStringList{QStringLiteral("file")});
 }

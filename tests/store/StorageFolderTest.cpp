@@ -1,0 +1,170 @@
+#include "StorageFolder.h"
+
+#include "PlainUser.h"
+#include "Printers.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <sys/stat.h>
+
+namespace ostrel {
+namespace {
+
+class StorageFolderTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        // Nobody's home is below it, but in the one test that says so.
+        ASSERT_TRUE(QDir().mkpath(path() + QStringLiteral("/favicons")));
+        for (const QString &name : ourFiles)
+            ASSERT_TRUE(QFile(pathOf(name)).open(QIODevice::WriteOnly));
+    }
+    [[nodiscard]] QString path() const { return m_root.filePath(QStringLiteral("data")); }
+    [[nodiscard]] QString pathOf(const QString &name) const
+    {
+        return path() + QLatin1Char('/') + name;
+    }
+    static unsigned modeOf(const QString &path)
+    {
+        struct stat status
+        {
+        };
+        ::stat(QFile::encodeName(path).constData(), &status);
+        return status.st_mode & 07777U;
+    }
+    static void setMode(const QString &path, mode_t mode)
+    {
+        ASSERT_EQ(::chmod(QFile::encodeName(path).constData(), mode), 0);
+    }
+
+    const QStringList ourFiles = {
+        QStringLiteral("monitors.json"),
+        QStringLiteral("checks.json"),
+        QStringLiteral("ostrel.lock"),
+        QStringLiteral("checks.json.unreadable-20261120T191500Z"),
+        QStringLiteral("favicons/a.example.png"),
+        QStringLiteral("favicons/b.example.png"),
+    };
+    QTemporaryDir m_root;
+};
+
+TEST_F(StorageFolderTest, WhatOthersCouldUseIsItsUsersAloneAfterwards)
+{
+    for (const mode_t mode : {0755U, 0777U, 0701U, 0710U}) {
+        setMode(path(), mode);
+        setMode(pathOf(QStringLiteral("favicons")), mode);
+        for (const QString &name : ourFiles)
+            setMode(pathOf(name), 0644);
+        EXPECT_EQ(closeToOthers(path()), QStringList());
+        EXPECT_EQ(modeOf(path()), 0700U);
+        EXPECT_EQ(modeOf(pathOf(QStringLiteral("favicons"))), 0700U);
+        for (const QString &name : ourFiles)
+            EXPECT_EQ(modeOf(pathOf(name)), 0600U) << name.toStdString();
+    }
+}
+
+TEST_F(StorageFolderTest, WhatIsNotOursKeepsItsMode)
+{
+    ASSERT_TRUE(QFile(pathOf(QStringLiteral("notes"))).open(QIODevice::WriteOnly));
+    setMode(pathOf(QStringLiteral("notes")), 0644);
+    setMode(pathOf(QStringLiteral("monitors.json")), 0400);
+    EXPECT_EQ(closeToOthers(path()), QStringList());
+    EXPECT_EQ(modeOf(pathOf(QStringLiteral("notes"))), 0644U);
+    EXPECT_EQ(modeOf(pathOf(QStringLiteral("monitors.json"))), 0400U) << "which others can't use";
+}
+
+TEST_F(StorageFolderTest, AFolderThatOthersUseTooKeepsItsModeAndIsToldOf)
+{
+    const QStringList complaint = {
+        QStringLiteral("others can use %1: it isn't Ostrel's alone").arg(path())};
+    setMode(path(), 01777);
+    EXPECT_EQ(closeToOthers(path()), complaint);
+    EXPECT_EQ(modeOf(path()), 01777U);
+
+    setMode(path(), 0755);
+    const QByteArray home = qgetenv("HOME");
+    for (const QString &below : {QString(), QStringLiteral("/favicons")}) {
+        qputenv("HOME", QFile::encodeName(path() + below));
+        EXPECT_EQ(closeToOthers(path()), complaint);
+        EXPECT_EQ(modeOf(path()), 0755U);
+    }
+    qputenv("HOME", QFile::encodeName(path() + QStringLiteral("base")));
+    EXPECT_EQ(closeToOthers(path()), QStringList()) << "whose name only begins like it";
+    qputenv("HOME", home);
+}
+
+TEST_F(StorageFolderTest, WhatBelongsToSomebodyElseIsToldOf)
+{
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "only the administrator can give files away";
+    const QString file = pathOf(QStringLiteral("monitors.json"));
+    setMode(file, 0644);
+    ASSERT_EQ(::chown(QFile::encodeName(file).constData(), test::PlainUser::nobody, 0), 0);
+    EXPECT_EQ(
+        closeToOthers(path()),
+        QStringList{QStringLiteral("others can use %1: it belongs to somebody else").arg(file)});
+    EXPECT_EQ(modeOf(file), 0644U);
+
+    setMode(path(), 0755);
+    ASSERT_EQ(::chown(QFile::encodeName(path()).constData(), test::PlainUser::nobody, 0), 0);
+    EXPECT_EQ(
+        closeToOthers(path()),
+        QStringList{QStringLiteral("others can use %1: it belongs to somebody else").arg(path())});
+    EXPECT_EQ(modeOf(path()), 0755U);
+}
+
+TEST_F(StorageFolderTest, RootOfAllFoldersIsNobodysAlone)
+{
+    const unsigned before = modeOf(QStringLiteral("/"));
+    const QStringList complaints = closeToOthers(QStringLiteral("/"));
+    EXPECT_EQ(complaints.size(), 1);
+    EXPECT_EQ(modeOf(QStringLiteral("/")), before);
+}
+
+TEST_F(StorageFolderTest, NothingIsSaidOfAFolderThatIsNotThere)
+{
+    EXPECT_EQ(closeToOthers(pathOf(QStringLiteral("missing"))), QStringList());
+    EXPECT_EQ(closeToOthers(pathOf(QStringLiteral("monitors.json/inside"))), QStringList());
+}
+
+TEST_F(StorageFolderTest, AMissingFolderIsMadeForItsUserAlone)
+{
+    const QString deep = pathOf(QStringLiteral("a/b"));
+    EXPECT_TRUE(prepareToWrite(deep));
+    EXPECT_EQ(modeOf(deep), 0700U);
+    EXPECT_EQ(modeOf(pathOf(QStringLiteral("a"))), 0700U);
+    setMode(deep, 0755);
+    EXPECT_TRUE(prepareToWrite(deep));
+    EXPECT_EQ(modeOf(deep), 0755U) << "as it was found";
+}
+
+TEST_F(StorageFolderTest, WhereNothingCanBeWrittenItSaysWhy)
+{
+    for (const char *name : {"monitors.json", "monitors.json/inside"}) {
+        EXPECT_FALSE(prepareToWrite(pathOf(QString::fromLatin1(name))));
+        EXPECT_EQ(errno, ENOTDIR) << name;
+    }
+    ASSERT_TRUE(QFile::link(QStringLiteral("nowhere"), pathOf(QStringLiteral("link"))));
+    EXPECT_FALSE(prepareToWrite(pathOf(QStringLiteral("link"))));
+    EXPECT_EQ(errno, ENOENT);
+
+    setMode(m_root.path(), 0755);
+    setMode(path(), 0555);
+    {
+        const test::PlainUser plain;
+        for (const QString &each : {path(), pathOf(QStringLiteral("missing"))}) {
+            EXPECT_FALSE(prepareToWrite(each));
+            EXPECT_EQ(errno, EACCES) << each.toStdString();
+        }
+    }
+    setMode(path(), 0700);
+}
+
+} // namespace
+} // namespace ostrel

@@ -1,0 +1,146 @@
+#include "MonitorStore.h"
+#include "WaitFor.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+
+// When a store has the disk take what it has saved.
+
+namespace ostrel {
+namespace {
+
+using namespace std::chrono_literals;
+
+using test::waitFor;
+
+/// A disk that tells what it took, and hangs while it is told to.
+class WatchedDisk
+{
+public:
+    AtomicFile::Sync sync()
+    {
+        return [state = m_state](const FileDescriptor &file) { return state->take(file); };
+    }
+    ~WatchedDisk() { goOn(); }
+
+    void hang() { m_state->hangs = true; }
+    void goOn()
+    {
+        const std::lock_guard lock(m_state->mutex);
+        m_state->hangs = false;
+        m_state->changed.notify_all();
+    }
+    [[nodiscard]] qsizetype countOf(const char *name)
+    {
+        const std::lock_guard lock(m_state->mutex);
+        return m_state->taken.count(QString::fromLatin1(name));
+    }
+
+private:
+    struct State
+    {
+        bool take(const FileDescriptor &file)
+        {
+            const QString link = QStringLiteral("/proc/self/fd/%1").arg(file.number());
+            std::unique_lock lock(mutex);
+            changed.wait_for(lock, 30s, [this] { return !hangs; });
+            taken += QFileInfo(QFile::symLinkTarget(link)).fileName();
+            return true;
+        }
+
+        std::mutex mutex;
+        std::condition_variable changed;
+        std::atomic<bool> hangs = false;
+        QStringList taken;
+    };
+    std::shared_ptr<State> m_state = std::make_shared<State>();
+};
+
+class StoreFlushTest : public testing::Test
+{
+protected:
+    void open(std::chrono::milliseconds flushInterval)
+    {
+        m_store = std::make_unique<MonitorStore>(
+            folder(), StoredRecords(),
+            MonitorStore::Options{.sync = m_disk.sync(), .flushInterval = flushInterval});
+    }
+    [[nodiscard]] QString folder() const { return m_root.filePath(QStringLiteral("store")); }
+    void record()
+    {
+        Check check;
+        check.id = QUuid::createUuid();
+        check.monitorId = check.id;
+        m_store->addCheck(check);
+    }
+
+    QTemporaryDir m_root;
+    WatchedDisk m_disk;
+    std::unique_ptr<MonitorStore> m_store;
+};
+
+TEST_F(StoreFlushTest, HistoryIsFlushedOnceTheTimeIsUp)
+{
+    open(1ms);
+    record();
+    EXPECT_TRUE(waitFor([this] { return m_disk.countOf("store") == 1; })) << "its name, last";
+    EXPECT_EQ(m_disk.countOf("checks.json"), 1);
+    record();
+    EXPECT_TRUE(waitFor([this] { return m_disk.countOf("store") == 2; }));
+}
+
+TEST_F(StoreFlushTest, HistoryIsNotFlushedMoreOften)
+{
+    open(10min);
+    for (int i = 0; i < 10; ++i)
+        record();
+    m_store->addMonitor({.id = QUuid::createUuid()}); // which is flushed after all before
+    EXPECT_TRUE(waitFor([this] { return m_disk.countOf("store") == 1; }));
+    EXPECT_EQ(m_disk.countOf("checks.json"), 0);
+}
+
+TEST_F(StoreFlushTest, HistoryIsFlushedAtTheEnd)
+{
+    open(10min);
+    record();
+    m_store.reset();
+    EXPECT_EQ(m_disk.countOf("checks.json"), 1);
+    EXPECT_EQ(m_disk.countOf("store"), 1);
+}
+
+TEST_F(StoreFlushTest, WithoutANewCheckNothingIsFlushedAtTheEnd)
+{
+    open(10min);
+    m_store.reset();
+    EXPECT_EQ(m_disk.countOf("store"), 0);
+}
+
+TEST_F(StoreFlushTest, MonitorsAreOnTheDiskBeforeTheyReplaceTheOldOnes)
+{
+    open(10min);
+    m_store->addMonitor({.id = QUuid::createUuid()});
+    EXPECT_EQ(m_disk.countOf("monitors.json.tmp"), 1);
+}
+
+TEST_F(StoreFlushTest, ADiskThatHangsHoldsUpNeitherAnEditNorTheEnd)
+{
+    m_disk.hang();
+    open(1ms);
+    m_store->addMonitor({.id = QUuid::createUuid()});
+    record();
+    EXPECT_EQ(StoredRecords::read(folder()).monitors.size(), 1);
+    EXPECT_EQ(StoredRecords::read(folder()).checks.size(), 2U);
+    m_store.reset();
+    EXPECT_EQ(m_disk.countOf("monitors.json.tmp"), 0) << "it hangs still";
+}
+
+} // namespace
+} // namespace ostrel

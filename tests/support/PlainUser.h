@@ -1,0 +1,33 @@
+#pragma once
+
+#include <sys/types.h>
+#include <unistd.h>
+
+namespace ostrel::test {
+
+/// For as long as it lives, this process is one whom the modes of files bind: the administrator is
+/// nobody meanwhile.
+class PlainUser
+{
+public:
+    PlainUser()
+        : m_before(::geteuid())
+    {
+        if (m_before == 0 && ::seteuid(nobody) != 0)
+            ::_exit(1);
+    }
+    PlainUser(const PlainUser &) = delete;
+    PlainUser &operator=(const PlainUser &) = delete;
+    ~PlainUser()
+    {
+        if (::seteuid(m_before) != 0)
+            ::_exit(1);
+    }
+
+    static constexpr uid_t nobody = 65534;
+
+private:
+    uid_t m_before;
+};
+
+} // namespace ostrel::test
