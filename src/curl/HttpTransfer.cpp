@@ -99,7 +99,7 @@ bool HttpTransfer::takeNextHop(CURLcode code)
     curl_easy_getinfo(handle(), CURLINFO_RESPONSE_CODE, &status);
     std::optional<HttpHop> next = m_hop.redirectedTo(m_location, status, m_proxies);
     if (!next) {
-        setErrorText(curl_easy_strerror(CURLE_URL_MALFORMAT));
+        setErrorText(m_hop.address().redirectProblem(m_location));
         return false;
     }
     ++m_redirects;

@@ -20,6 +20,13 @@ QByteArray withoutBrackets(const QByteArray &host)
     return host.startsWith('[') ? host.sliced(1, host.size() - 2) : host;
 }
 
+/// With the library's own allowances.
+CURLUcode redirect(CURLU *url, const QByteArray &location)
+{
+    return curl_url_set(url, CURLUPART_URL, location.constData(),
+                        CURLU_URLENCODE | CURLU_ALLOW_SPACE | CURLU_NON_SUPPORT_SCHEME);
+}
+
 } // namespace
 
 bool needsLookUp(const QByteArray &host)
@@ -46,10 +53,16 @@ std::optional<WebAddress> WebAddress::of(CURLU *url)
 std::optional<WebAddress> WebAddress::redirectedTo(const QByteArray &location) const
 {
     CurlUrl url(curl_url_dup(m_url.get()));
-    if (curl_url_set(url.get(), CURLUPART_URL, location.constData(),
-                     CURLU_URLENCODE | CURLU_ALLOW_SPACE | CURLU_NON_SUPPORT_SCHEME) != CURLUE_OK)
+    if (redirect(url.get(), location) != CURLUE_OK)
         return std::nullopt;
     return WebAddress(std::move(url));
+}
+
+QByteArray WebAddress::redirectProblem(const QByteArray &location) const
+{
+    const CurlUrl url(curl_url_dup(m_url.get()));
+    return QByteArray("The redirect target URL could not be parsed: ") +
+           curl_url_strerror(redirect(url.get(), location));
 }
 
 WebAddress WebAddress::withCredentialsOf(const WebAddress &other) const

@@ -38,6 +38,8 @@ public:
     /// Where a redirect from here to @p location leads, which may be relative. Nothing where that
     /// is no URL. Names and passwords for a site are neither added nor taken away.
     [[nodiscard]] std::optional<WebAddress> redirectedTo(const QByteArray &location) const;
+    /// Why redirectedTo() finds nothing, in the library's words.
+    [[nodiscard]] QByteArray redirectProblem(const QByteArray &location) const;
     /// This, with the name and the password that @p other holds, where it has none of its own.
     [[nodiscard]] WebAddress withCredentialsOf(const WebAddress &other) const;
 

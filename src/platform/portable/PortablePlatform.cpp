@@ -9,6 +9,8 @@
 
 namespace ostrel {
 
+void raiseDescriptorLimit() {}
+
 void keepMemorySmall() {}
 
 void returnFreedMemory() {}
