@@ -204,6 +204,7 @@ QStringList argumentsOf(int argc, char **argv)
 
 int main(int argc, char **argv)
 {
+    raiseDescriptorLimit();
     QCoreApplication::setOrganizationName(QStringLiteral("Ostrel"));
     QCoreApplication::setApplicationName(QStringLiteral("Ostrel"));
     return std::visit(Program{argc, argv}, parseCommandLine(argumentsOf(argc, argv)));

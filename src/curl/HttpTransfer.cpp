@@ -1,9 +1,11 @@
 #include "HttpTransfer.h"
 
 #include "LeafCertificate.h"
-#include "TrustStore.h"
 
 #include <algorithm>
+#include <arpa/inet.h>
+#include <exception>
+#include <netinet/in.h>
 #include <utility>
 
 namespace ostrel {
@@ -19,10 +21,25 @@ constexpr long receiveBufferSize = 1024;
 /// read in one. Other encodings have no such bound and can make gigabytes of a kilobyte.
 constexpr qsizetype maxBytesInTurn = qsizetype(128) * 1024 * 1024;
 
-/// An empty path is no path at all.
-const char *orNull(const QByteArray &path)
+constexpr int maxRedirects = 20;
+
+/// @p text is an address as inet_ntop() writes it.
+sockaddr_storage addressFrom(const char *text)
 {
-    return path.isEmpty() ? nullptr : path.constData();
+    sockaddr_storage address{};
+    auto &address4 = reinterpret_cast<sockaddr_in &>(address);
+    auto &address6 = reinterpret_cast<sockaddr_in6 &>(address);
+    if (inet_pton(AF_INET, text, &address4.sin_addr) == 1)
+        address.ss_family = AF_INET;
+    else if (inet_pton(AF_INET6, text, &address6.sin6_addr) == 1)
+        address.ss_family = AF_INET6;
+    return address;
+}
+
+/// The client has seen that it can be parsed.
+HttpHop firstHopOf(const HttpRequest &request, const Proxies &proxies)
+{
+    return HttpHop(*WebAddress::parse(request.url), request.method, proxies);
 }
 
 } // namespace
@@ -30,21 +47,19 @@ const char *orNull(const QByteArray &path)
 HttpTransfer::HttpTransfer(HttpRequest request)
     : Transfer(request.timeout)
     , m_request(std::move(request))
+    , m_hop(firstHopOf(m_request, m_proxies))
 {
+    setNames(m_hop.names());
     m_promise.start();
 }
 
-void HttpTransfer::setUp(CURL *handle, const TrustStore &trustStore)
+void HttpTransfer::setUp(CURL *handle)
 {
     m_body.clear();
     m_isBodyTruncated = false;
     m_refusal = CURLE_OK;
-    curl_easy_setopt(handle, CURLOPT_URL, m_request.url.constData());
     curl_easy_setopt(handle, CURLOPT_USERAGENT, m_request.userAgent.constData());
     curl_easy_setopt(handle, CURLOPT_PROTOCOLS_STR, "http,https");
-    curl_easy_setopt(handle, CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
-    curl_easy_setopt(handle, CURLOPT_FOLLOWLOCATION, 1L);
-    curl_easy_setopt(handle, CURLOPT_MAXREDIRS, 20L);
     // A cookie jar in memory, for this handle alone: sites set cookies on one hop and want them on
     // the next.
     curl_easy_setopt(handle, CURLOPT_COOKIEFILE, "");
@@ -52,19 +67,75 @@ void HttpTransfer::setUp(CURL *handle, const TrustStore &trustStore)
     curl_easy_setopt(handle, CURLOPT_BUFFERSIZE, receiveBufferSize);
     curl_easy_setopt(handle, CURLOPT_WRITEFUNCTION, didReceiveBody);
     curl_easy_setopt(handle, CURLOPT_WRITEDATA, this);
-    setMethod(handle);
-    setTls(handle, trustStore);
+    curl_easy_setopt(handle, CURLOPT_HEADERFUNCTION, didReceiveHeader);
+    curl_easy_setopt(handle, CURLOPT_HEADERDATA, this);
+    // A proxy's answer to CONNECT isn't the site's.
+    curl_easy_setopt(handle, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
+    setTls(handle);
+}
+
+void HttpTransfer::setUpHop(CURL *handle, const Surroundings &surroundings)
+{
+    m_surroundings = surroundings;
+    m_hasHead = false;
+    m_location.clear();
+    m_hop.setUp(handle);
+}
+
+bool HttpTransfer::needsCertificates() const
+{
+    return m_hop.needsCertificates();
+}
+
+bool HttpTransfer::takeNextHop(CURLcode code)
+{
+    if (code != CURLE_WRITE_ERROR || m_location.isEmpty())
+        return false;
+    if (m_redirects == maxRedirects) {
+        setErrorText("Maximum (" + QByteArray::number(maxRedirects) + ") redirects followed");
+        return false;
+    }
+    long status = 0;
+    curl_easy_getinfo(handle(), CURLINFO_RESPONSE_CODE, &status);
+    std::optional<HttpHop> next = m_hop.redirectedTo(m_location, status, m_proxies);
+    if (!next) {
+        setErrorText(m_hop.address().redirectProblem(m_location));
+        return false;
+    }
+    ++m_redirects;
+    m_hasBeenPublic = m_hasBeenPublic || isServerPublic();
+    setHop(std::move(*next));
+    return true;
+}
+
+void HttpTransfer::startOver()
+{
+    m_redirects = 0;
+    m_hasBeenPublic = false;
+    setHop(firstHopOf(m_request, m_proxies));
+}
+
+bool HttpTransfer::mayConnectTo(const sockaddr &address)
+{
+    const bool mayAnywhere = m_request.reach == Reach::everywhere ||
+                             (m_request.reach == Reach::outwards && !m_hasBeenPublic);
+    if (mayAnywhere)
+        return true;
+    return m_hop.isProxied() ? isServerPublic() : m_surroundings.isPublicAddress(address);
 }
 
 void HttpTransfer::report(CURLcode code, std::chrono::microseconds elapsed)
 {
     HttpResult result;
     result.elapsed = elapsed;
+    if (isHeadTooLong(code))
+        setErrorText("A header of the response is too long");
     if (code == CURLE_OK) {
         long statusCode = 0;
         curl_easy_getinfo(handle(), CURLINFO_RESPONSE_CODE, &statusCode);
         result.hasResponse = true;
         result.statusCode = static_cast<int>(statusCode);
+        result.isFromPublicAddress = isServerPublic();
         result.body = std::move(m_body);
         result.isBodyTruncated = m_isBodyTruncated;
     } else {
@@ -86,42 +157,89 @@ std::size_t HttpTransfer::didReceiveBody(char *bytes, std::size_t size, std::siz
     return transfer->m_refusal == CURLE_OK ? byteCount : 0;
 }
 
+std::size_t HttpTransfer::didReceiveHeader(char *bytes, std::size_t size, std::size_t count,
+                                           void *self)
+{
+    auto *transfer = static_cast<HttpTransfer *>(self);
+    const std::size_t byteCount = size * count;
+    const bool isLast = QByteArrayView(bytes, qsizetype(byteCount)).trimmed().isEmpty();
+    if (!isLast)
+        return byteCount;
+    try {
+        transfer->m_location = transfer->locationInHead();
+    } catch (const std::exception &) {
+        return 0;
+    }
+    transfer->m_hasHead = true;
+    // Nobody reads the body of a redirect.
+    return transfer->m_location.isEmpty() ? byteCount : 0;
+}
+
+QByteArray HttpTransfer::locationInHead() const
+{
+    long status = 0;
+    curl_easy_getinfo(handle(), CURLINFO_RESPONSE_CODE, &status);
+    curl_header *header = nullptr;
+    const bool isRedirect =
+        status >= 300 && status < 400 &&
+        curl_easy_header(handle(), "Location", 0, CURLH_HEADER, -1, &header) == CURLHE_OK;
+    return isRedirect ? QByteArray(header->value) : QByteArray();
+}
+
 CURLcode HttpTransfer::didCreateTlsContext(CURL *handle, void *context, void *self)
 {
     Q_UNUSED(handle)
+    auto *transfer = static_cast<HttpTransfer *>(self);
     auto *tlsContext = static_cast<SSL_CTX *>(context);
     // Many servers end a body by closing the connection without a close_notify.
     SSL_CTX_set_options(tlsContext, SSL_OP_IGNORE_UNEXPECTED_EOF);
-    if (const auto &delegate = static_cast<HttpTransfer *>(self)->m_request.tlsDelegate)
+    if (X509_STORE *trusted = transfer->m_surroundings.certificates.get())
+        SSL_CTX_set1_cert_store(tlsContext, trusted);
+    const auto &delegate = transfer->m_request.tlsDelegate;
+    if (transfer->m_hop.isHandshakeWithSite() && delegate)
         reportLeafCertificate(tlsContext, *delegate);
     return CURLE_OK;
 }
 
-void HttpTransfer::setMethod(CURL *handle)
+void HttpTransfer::setTls(CURL *handle)
 {
-    if (m_request.method == "HEAD")
-        curl_easy_setopt(handle, CURLOPT_NOBODY, 1L);
-    if (m_request.method != "POST")
-        return;
-    // Not as a custom request, which would stay POST on every redirect.
-    curl_easy_setopt(handle, CURLOPT_POST, 1L);
-    curl_easy_setopt(handle, CURLOPT_POSTFIELDS, "");
-    curl_easy_setopt(handle, CURLOPT_POSTFIELDSIZE, 0L);
-    m_headers.reset(curl_slist_append(nullptr, "Content-Type:"));
-    curl_easy_setopt(handle, CURLOPT_HTTPHEADER, m_headers.get());
-}
-
-void HttpTransfer::setTls(CURL *handle, const TrustStore &trustStore)
-{
-    // The library has defaults for both, so that an unused one has to be taken away.
-    curl_easy_setopt(handle, CURLOPT_CAPATH, orNull(trustStore.directory));
-    curl_easy_setopt(handle, CURLOPT_CAINFO, orNull(trustStore.file));
-    curl_easy_setopt(handle, CURLOPT_PROXY_CAPATH, orNull(trustStore.directory));
-    curl_easy_setopt(handle, CURLOPT_PROXY_CAINFO, orNull(trustStore.file));
+    // The library has defaults, which it would read for each connection, and add to what it is
+    // given: the certificates are ours.
+    for (const CURLoption option :
+         {CURLOPT_CAPATH, CURLOPT_CAINFO, CURLOPT_PROXY_CAPATH, CURLOPT_PROXY_CAINFO})
+        curl_easy_setopt(handle, option, nullptr);
+    // Nor may it keep one connection's certificates for the next, since they may have changed.
+    curl_easy_setopt(handle, CURLOPT_CA_CACHE_TIMEOUT, 0L);
     // A resumed session shows no certificate.
     curl_easy_setopt(handle, CURLOPT_SSL_SESSIONID_CACHE, 0L);
     curl_easy_setopt(handle, CURLOPT_SSL_CTX_FUNCTION, didCreateTlsContext);
     curl_easy_setopt(handle, CURLOPT_SSL_CTX_DATA, this);
+}
+
+void HttpTransfer::setHop(HttpHop hop)
+{
+    m_hop = std::move(hop);
+    setNames(m_hop.names());
+}
+
+/// Of one behind a proxy, only its host can tell.
+bool HttpTransfer::isServerPublic() const
+{
+    if (m_hop.isProxied())
+        return !isPrivateHost(QString::fromUtf8(m_hop.address().place().host));
+    const char *text = nullptr;
+    curl_easy_getinfo(handle(), CURLINFO_PRIMARY_IP, &text);
+    const sockaddr_storage address = addressFrom(text == nullptr ? "" : text);
+    return m_surroundings.isPublicAddress(reinterpret_cast<const sockaddr &>(address));
+}
+
+/// The library has no other word for it than that there is no memory.
+bool HttpTransfer::isHeadTooLong(CURLcode code) const
+{
+    curl_off_t untilRequest = 0;
+    if (code == CURLE_OUT_OF_MEMORY && handle() != nullptr)
+        curl_easy_getinfo(handle(), CURLINFO_PRETRANSFER_TIME_T, &untilRequest);
+    return untilRequest > 0 && !m_hasHead;
 }
 
 void HttpTransfer::keep(const char *bytes, qsizetype count)

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <csignal>
-#include <iterator>
 #include <limits>
 #include <utility>
 
@@ -35,43 +34,49 @@ void blockBrokenPipeSignal()
     pthread_sigmask(SIG_BLOCK, &signals, nullptr);
 }
 
+std::size_t atLeastOne(int bound)
+{
+    return static_cast<std::size_t>(std::max(bound, 1));
+}
+
+bool hasFailed(const std::shared_ptr<const LookUp> &lookUp)
+{
+    return lookUp->isFinished && lookUp->addresses.empty();
+}
+
+bool isFinished(const std::shared_ptr<const LookUp> &lookUp)
+{
+    return lookUp->isFinished;
+}
+
 } // namespace
 
 IoThread::Worker::Worker(IoThreadConfiguration configuration)
     : m_configuration(std::move(configuration))
+    , m_trustedCertificates(std::make_shared<TrustedCertificates>(m_configuration.trustStore))
+    , m_surroundings{.certificates = nullptr, .isPublicAddress = m_configuration.isPublicAddress}
+    , m_nameLookUps(m_inbox, atLeastOne(m_configuration.maxConcurrentLookUps))
 {
     m_thread = std::thread([this] { run(); });
 }
 
 IoThread::Worker::~Worker()
 {
-    {
-        const std::lock_guard lock(m_mutex);
-        m_requests.shallStop = true;
-        wake();
-    }
+    m_inbox->post([this] { m_shallStop = true; });
     m_thread.join();
 }
 
 void IoThread::Worker::submit(std::unique_ptr<Transfer> transfer)
 {
-    const std::lock_guard lock(m_mutex);
-    m_requests.submissions.push_back(std::move(transfer));
-    wake();
+    // Shared, since messages can be copied.
+    const auto held = std::make_shared<std::unique_ptr<Transfer>>(std::move(transfer));
+    m_inbox->post([this, held] { queue(std::move(*held)); });
 }
 
 void IoThread::Worker::renewConnections()
 {
-    const std::lock_guard lock(m_mutex);
-    m_requests.shallRenew = true;
-    wake();
-}
-
-void IoThread::Worker::wake()
-{
-    // Without one, the thread is still on its way to its first look at the requests.
-    if (m_multi)
-        curl_multi_wakeup(m_multi.get());
+    if (!m_shallRenew.exchange(true))
+        m_inbox->post([this] { renew(); });
 }
 
 void IoThread::Worker::run()
@@ -79,56 +84,85 @@ void IoThread::Worker::run()
     blockBrokenPipeSignal();
     // Here, since it takes milliseconds, which the start of a program doesn't have.
     initializeLibrary();
-    replaceMulti();
-    for (;;) {
+    m_inbox->replaceMulti();
+    while (!m_shallStop) {
         const int readySockets = waitForWork();
-        Requests requests = takeRequests();
-        if (requests.shallStop)
-            break;
-        if (requests.shallRenew)
-            renew();
-        queue(std::move(requests.submissions));
+        readMessages();
+        goOnWithLookUps();
         if (readySockets == 0 || Clock::now() - m_lastAdmission > longestWithoutAdmission)
             admitSome();
         serve();
         endFinished();
     }
     for (const auto &[handle, transfer] : m_running)
-        curl_multi_remove_handle(m_multi.get(), handle);
+        curl_multi_remove_handle(m_inbox->multi(), handle);
     m_running.clear();
+    m_inbox->close();
+    m_lookingUp.clear();
     m_waiting.clear();
+    m_needingCertificates.clear();
 }
 
-IoThread::Worker::Requests IoThread::Worker::takeRequests()
+void IoThread::Worker::readMessages()
 {
-    const std::lock_guard lock(m_mutex);
-    return std::exchange(m_requests, {});
+    for (const Inbox::Message &message : m_inbox->take()) {
+        if (m_shallStop)
+            return;
+        message();
+    }
 }
 
-void IoThread::Worker::queue(std::deque<std::unique_ptr<Transfer>> submissions)
+void IoThread::Worker::queue(std::unique_ptr<Transfer> transfer)
 {
-    std::move(submissions.begin(), submissions.end(), std::back_inserter(m_waiting));
+    if (!transfer->needsCertificates()) {
+        wait(std::move(transfer));
+        return;
+    }
+    m_needingCertificates.push_back(std::move(transfer));
+    readCertificates();
+}
+
+void IoThread::Worker::readCertificates()
+{
+    // What comes while they are read gets a reading of its own, so that it sees what has changed.
+    m_certificateReader.post([this, inbox = m_inbox, certificates = m_trustedCertificates] {
+        TrustedCertificates::Store store = certificates->current();
+        inbox->post([this, store] { didReadCertificates(store); });
+    });
+}
+
+void IoThread::Worker::didReadCertificates(TrustedCertificates::Store certificates)
+{
+    m_surroundings.certificates = std::move(certificates);
+    std::unique_ptr<Transfer> transfer = std::move(m_needingCertificates.front());
+    m_needingCertificates.pop_front();
+    wait(std::move(transfer));
+}
+
+void IoThread::Worker::wait(std::unique_ptr<Transfer> transfer)
+{
+    // Whoever waits for the end of what has begun goes first.
+    if (transfer->isUnderWay())
+        m_waiting.push_front(std::move(transfer));
+    else
+        m_waiting.push_back(std::move(transfer));
 }
 
 void IoThread::Worker::renew()
 {
+    m_shallRenew = false;
     auto interrupted = std::exchange(m_running, {});
     for (const auto &[handle, transfer] : interrupted)
-        curl_multi_remove_handle(m_multi.get(), handle);
-    replaceMulti();
+        curl_multi_remove_handle(m_inbox->multi(), handle);
+    m_inbox->replaceMulti();
+    m_nameLookUps.forget();
     for (auto &[handle, transfer] : interrupted)
-        startAnew(std::move(transfer));
+        interrupt(std::move(transfer));
+    for (LookingUp &lookingUp : std::exchange(m_lookingUp, {}))
+        interrupt(std::move(lookingUp.transfer));
 }
 
-void IoThread::Worker::replaceMulti()
-{
-    const std::lock_guard lock(m_mutex);
-    m_multi.reset(curl_multi_init());
-    // Whoever has asked for something since the requests were taken has woken the old one, or none.
-    wake();
-}
-
-void IoThread::Worker::startAnew(std::unique_ptr<Transfer> transfer)
+void IoThread::Worker::interrupt(std::unique_ptr<Transfer> transfer)
 {
     // Renewals that follow each other more closely than the library's shortest time-out must not
     // keep it alive.
@@ -136,8 +170,8 @@ void IoThread::Worker::startAnew(std::unique_ptr<Transfer> transfer)
         transfer->end(CURLE_OPERATION_TIMEDOUT, Clock::now());
         return;
     }
-    CURL *handle = transfer->beginAnew(m_configuration.trustStore);
-    start(std::move(transfer), handle);
+    transfer->interrupt();
+    m_waiting.push_front(std::move(transfer));
 }
 
 void IoThread::Worker::serve()
@@ -145,7 +179,7 @@ void IoThread::Worker::serve()
     for (const auto &[handle, transfer] : m_running)
         transfer->didBeginTurn();
     int stillRunning = 0;
-    curl_multi_perform(m_multi.get(), &stillRunning);
+    curl_multi_perform(m_inbox->multi(), &stillRunning);
 }
 
 void IoThread::Worker::endFinished()
@@ -153,49 +187,131 @@ void IoThread::Worker::endFinished()
     // Once for all: ending one takes time that isn't the next one's.
     const auto now = Clock::now();
     int messagesLeft = 0;
-    while (const CURLMsg *message = curl_multi_info_read(m_multi.get(), &messagesLeft)) {
+    while (const CURLMsg *message = curl_multi_info_read(m_inbox->multi(), &messagesLeft)) {
         // The message dies with the handle's membership.
         const CURLcode code = message->data.result;
         auto finished = m_running.extract(message->easy_handle);
-        curl_multi_remove_handle(m_multi.get(), finished.key());
-        finished.mapped()->end(code, now);
+        curl_multi_remove_handle(m_inbox->multi(), finished.key());
+        if (finished.mapped()->goesOn(code))
+            queue(std::move(finished.mapped()));
+        else
+            finished.mapped()->end(code, now);
     }
 }
 
 int IoThread::Worker::waitForWork()
 {
-    const int patience = canAdmit() ? 0 : std::numeric_limits<int>::max();
     int readySockets = 0;
-    curl_multi_poll(m_multi.get(), nullptr, 0, patience, &readySockets);
+    curl_multi_poll(m_inbox->multi(), nullptr, 0, patience(), &readySockets);
     return readySockets;
 }
 
-bool IoThread::Worker::canAdmit() const
+int IoThread::Worker::patience() const
 {
-    const auto bound =
-        static_cast<std::size_t>(std::max(m_configuration.maxConcurrentTransfers, 1));
-    return !m_waiting.empty() && m_running.size() < bound;
+    if (nextToAdmit() != m_waiting.cend())
+        return 0;
+    auto longest = milliseconds(std::numeric_limits<int>::max());
+    const auto now = Clock::now();
+    for (const LookingUp &lookingUp : m_lookingUp) {
+        const auto left = ceil<milliseconds>(lookingUp.transfer->deadline() - now);
+        longest = std::clamp(left, milliseconds(0), longest);
+    }
+    return static_cast<int>(longest.count());
+}
+
+bool IoThread::Worker::canAdmit(const Transfer &transfer) const
+{
+    const Transfer::Names &names = transfer.names();
+    return names.empty() ||
+           (m_lookingUp.size() < atLeastOne(m_configuration.maxConcurrentLookUps) &&
+            std::ranges::all_of(names, [this](const Transfer::Name &name) {
+                return m_nameLookUps.canBegin(name.place.host);
+            }));
+}
+
+std::deque<std::unique_ptr<Transfer>>::const_iterator IoThread::Worker::nextToAdmit() const
+{
+    const std::size_t most = atLeastOne(m_configuration.maxConcurrentTransfers);
+    if (m_running.size() + m_lookingUp.size() >= most)
+        return m_waiting.cend();
+    return std::find_if(m_waiting.cbegin(), m_waiting.cend(),
+                        [this](const auto &transfer) { return canAdmit(*transfer); });
 }
 
 void IoThread::Worker::admitSome()
 {
-    for (int i = 0; i < admissionsPerTurn && canAdmit(); ++i) {
-        std::unique_ptr<Transfer> transfer = std::move(m_waiting.front());
-        m_waiting.pop_front();
+    for (int i = 0; i < admissionsPerTurn; ++i) {
+        const auto next = nextToAdmit();
+        if (next == m_waiting.cend())
+            return;
+        const auto index = next - m_waiting.cbegin();
+        std::unique_ptr<Transfer> transfer = std::move(m_waiting[static_cast<std::size_t>(index)]);
+        m_waiting.erase(next);
         admit(std::move(transfer));
     }
 }
 
 void IoThread::Worker::admit(std::unique_ptr<Transfer> transfer)
 {
-    m_lastAdmission = Clock::now();
-    CURL *handle = transfer->begin(m_configuration.trustStore);
-    start(std::move(transfer), handle);
+    transfer->admit();
+    m_lastAdmission = transfer->admission();
+    Transfer::LookUps lookUps = lookUp(transfer->names());
+    if (lookUps.empty())
+        start(std::move(transfer), {});
+    else
+        m_lookingUp.push_back({.transfer = std::move(transfer), .lookUps = std::move(lookUps)});
 }
 
-void IoThread::Worker::start(std::unique_ptr<Transfer> transfer, CURL *handle)
+Transfer::LookUps IoThread::Worker::lookUp(const Transfer::Names &names)
 {
-    if (handle == nullptr || curl_multi_add_handle(m_multi.get(), handle) != CURLM_OK)
+    Transfer::LookUps lookUps;
+    for (const Transfer::Name &name : names)
+        lookUps.push_back(m_nameLookUps.begin(name.place.host));
+    return lookUps;
+}
+
+void IoThread::Worker::goOnWithLookUps()
+{
+    for (auto waiting = m_lookingUp.begin(); waiting != m_lookingUp.end();) {
+        if (takeLookUps(*waiting))
+            waiting = m_lookingUp.erase(waiting);
+        else
+            ++waiting;
+    }
+}
+
+bool IoThread::Worker::takeLookUps(LookingUp &waiting)
+{
+    if (waiting.transfer->isOverdue()) {
+        waiting.transfer->endInLookUp();
+        return true;
+    }
+    repeatFailedLookUps(waiting);
+    const auto failed = std::ranges::find_if(waiting.lookUps, hasFailed);
+    if (failed != waiting.lookUps.end()) {
+        const auto index = static_cast<std::size_t>(failed - waiting.lookUps.begin());
+        waiting.transfer->endWithoutAddress(waiting.transfer->names()[index]);
+        return true;
+    }
+    if (!std::ranges::all_of(waiting.lookUps, isFinished))
+        return false;
+    start(std::move(waiting.transfer), waiting.lookUps);
+    return true;
+}
+
+/// A look-up that began before this transfer may have failed for what has passed since.
+void IoThread::Worker::repeatFailedLookUps(LookingUp &waiting)
+{
+    for (std::shared_ptr<const LookUp> &lookUp : waiting.lookUps) {
+        if (hasFailed(lookUp) && lookUp->start < waiting.transfer->admission())
+            lookUp = m_nameLookUps.begin(lookUp->name);
+    }
+}
+
+void IoThread::Worker::start(std::unique_ptr<Transfer> transfer, const Transfer::LookUps &lookUps)
+{
+    CURL *handle = transfer->begin(m_surroundings, lookUps);
+    if (handle == nullptr || curl_multi_add_handle(m_inbox->multi(), handle) != CURLM_OK)
         transfer->end(CURLE_OUT_OF_MEMORY, Clock::now());
     else
         m_running.emplace(handle, std::move(transfer));

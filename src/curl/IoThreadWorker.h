@@ -1,13 +1,18 @@
 #pragma once
 
 #include "CurlHandles.h"
+#include "Inbox.h"
 #include "IoThread.h"
+#include "NameLookUps.h"
 #include "Transfer.h"
+#include "TrustedCertificates.h"
+#include "WorkThread.h"
 
+#include <atomic>
 #include <chrono>
 #include <deque>
+#include <list>
 #include <memory>
-#include <mutex>
 #include <thread>
 #include <unordered_map>
 
@@ -15,6 +20,9 @@ namespace ostrel {
 
 /// The loop of the I/O thread. Other threads call the constructor, the destructor, submit() and
 /// renewConnections(); everything else happens on the thread itself.
+///
+/// The way of a transfer: it waits for the certificates, if it needs them; it waits to be admitted;
+/// its names are looked up; it runs; and goes back to the beginning if there is another hop.
 class IoThread::Worker
 {
 public:
@@ -31,41 +39,58 @@ public:
 private:
     using Clock = Transfer::Clock;
 
-    /// What other threads ask for, between two turns of the loop.
-    struct Requests
+    /// A transfer whose clock runs while its names are looked up.
+    struct LookingUp
     {
-        std::deque<std::unique_ptr<Transfer>> submissions;
-        bool shallRenew = false;
-        bool shallStop = false;
+        std::unique_ptr<Transfer> transfer;
+        Transfer::LookUps lookUps;
     };
 
     void run();
-    /// Has the thread look at the requests. Called with the mutex locked.
-    void wake();
-    void replaceMulti();
-    [[nodiscard]] Requests takeRequests();
-    void queue(std::deque<std::unique_ptr<Transfer>> submissions);
+    void readMessages();
+    void queue(std::unique_ptr<Transfer> transfer);
     void renew();
-    void startAnew(std::unique_ptr<Transfer> transfer);
+    void interrupt(std::unique_ptr<Transfer> transfer);
     void serve();
     void endFinished();
     /// The number of sockets that are ready, or none when the time has come for something else.
     [[nodiscard]] int waitForWork();
-    [[nodiscard]] bool canAdmit() const;
+    [[nodiscard]] int patience() const;
+
+    void readCertificates();
+    void didReadCertificates(TrustedCertificates::Store certificates);
+    void wait(std::unique_ptr<Transfer> transfer);
+
+    [[nodiscard]] bool canAdmit(const Transfer &transfer) const;
+    /// The first of those that wait that can be admitted.
+    [[nodiscard]] std::deque<std::unique_ptr<Transfer>>::const_iterator nextToAdmit() const;
     void admitSome();
     void admit(std::unique_ptr<Transfer> transfer);
-    void start(std::unique_ptr<Transfer> transfer, CURL *handle);
+
+    [[nodiscard]] Transfer::LookUps lookUp(const Transfer::Names &names);
+    void goOnWithLookUps();
+    /// False where it has to go on looking up.
+    [[nodiscard]] bool takeLookUps(LookingUp &waiting);
+    void repeatFailedLookUps(LookingUp &waiting);
+    void start(std::unique_ptr<Transfer> transfer, const Transfer::LookUps &lookUps);
 
     const IoThreadConfiguration m_configuration;
 
-    std::mutex m_mutex; ///< Guards m_requests, and m_multi against being replaced while woken.
-    Requests m_requests;
-    CurlMulti m_multi;
+    std::shared_ptr<Inbox> m_inbox = std::make_shared<Inbox>();
+    std::atomic<bool> m_shallRenew = false; ///< Whether a message says so. Any thread.
+    bool m_shallStop = false;
 
+    std::shared_ptr<TrustedCertificates> m_trustedCertificates; ///< Of m_certificateReader.
+    Surroundings m_surroundings;
+    NameLookUps m_nameLookUps;
+
+    std::deque<std::unique_ptr<Transfer>> m_needingCertificates;
     std::deque<std::unique_ptr<Transfer>> m_waiting;
+    std::list<LookingUp> m_lookingUp;
     std::unordered_map<CURL *, std::unique_ptr<Transfer>> m_running;
     Clock::time_point m_lastAdmission;
 
+    WorkThread m_certificateReader;
     std::thread m_thread;
 };
 

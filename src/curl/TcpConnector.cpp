@@ -6,6 +6,7 @@
 #include <QUrl>
 
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace ostrel {
@@ -22,19 +23,19 @@ QByteArray encodedHost(const QString &host)
     return host.contains(u'%') ? QByteArray() : QUrl::toAce(host);
 }
 
-/// Null where @p host or @p port can't be a target.
-CurlUrl targetOf(const QString &host, quint16 port)
+/// Nothing where @p host or @p port can't be a target.
+std::optional<WebAddress> targetOf(const QString &host, quint16 port)
 {
-    CurlUrl url(curl_url());
+    const QByteArray name = encodedHost(host);
+    const CurlUrl url(curl_url());
     const auto set = [&url](CURLUPart part, const QByteArray &text) {
         return curl_url_set(url.get(), part, text.constData(), 0) == CURLUE_OK;
     };
-    const QByteArray name = encodedHost(host);
     // The scheme is there because a URL needs one: nothing is sent.
     const bool isTarget = !name.isEmpty() && set(CURLUPART_SCHEME, "http") &&
                           set(CURLUPART_HOST, name) &&
                           set(CURLUPART_PORT, QByteArray::number(port));
-    return isTarget ? std::move(url) : nullptr;
+    return isTarget ? WebAddress::of(url.get()) : std::nullopt;
 }
 
 } // namespace
@@ -47,10 +48,10 @@ TcpConnector::TcpConnector(IoThread &ioThread)
 QFuture<TcpResult> TcpConnector::connect(const QString &host, quint16 port,
                                          std::chrono::milliseconds timeout)
 {
-    CurlUrl target = targetOf(host, port);
-    if (target == nullptr)
+    const std::optional<WebAddress> target = targetOf(host, port);
+    if (!target)
         return QtFuture::makeReadyFuture(TcpResult{});
-    auto transfer = std::make_unique<TcpTransfer>(std::move(target), timeout);
+    auto transfer = std::make_unique<TcpTransfer>(*target, timeout);
     QFuture<TcpResult> future = transfer->future();
     m_ioThread.worker().submit(std::move(transfer));
     return future;

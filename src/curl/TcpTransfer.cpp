@@ -1,22 +1,21 @@
 #include "TcpTransfer.h"
 
-#include "TrustStore.h"
-
 #include <utility>
 
 namespace ostrel {
 
-TcpTransfer::TcpTransfer(CurlUrl target, std::chrono::milliseconds timeout)
+TcpTransfer::TcpTransfer(WebAddress target, std::chrono::milliseconds timeout)
     : Transfer(timeout)
     , m_target(std::move(target))
 {
     m_promise.start();
+    if (const Place place = m_target.place(); needsLookUp(place.host))
+        setNames({{.place = place}});
 }
 
-void TcpTransfer::setUp(CURL *handle, const TrustStore &trustStore)
+void TcpTransfer::setUp(CURL *handle)
 {
-    Q_UNUSED(trustStore)
-    curl_easy_setopt(handle, CURLOPT_CURLU, m_target.get());
+    curl_easy_setopt(handle, CURLOPT_URL, m_target.text().constData());
     curl_easy_setopt(handle, CURLOPT_CONNECT_ONLY, 1L);
     // Neither one that the environment names: that would connect to the proxy.
     curl_easy_setopt(handle, CURLOPT_PROXY, "");

@@ -12,16 +12,16 @@ class TcpTransfer final : public Transfer
 {
 public:
     /// @p target names the host and the port.
-    TcpTransfer(CurlUrl target, std::chrono::milliseconds timeout);
+    TcpTransfer(WebAddress target, std::chrono::milliseconds timeout);
 
     [[nodiscard]] QFuture<TcpResult> future() const { return m_promise.future(); }
 
 protected:
-    void setUp(CURL *handle, const TrustStore &trustStore) override;
+    void setUp(CURL *handle) override;
     void report(CURLcode code, std::chrono::microseconds elapsed) override;
 
 private:
-    CurlUrl m_target;
+    WebAddress m_target;
     QPromise<TcpResult> m_promise;
 };
 

@@ -1,7 +1,13 @@
 #include "Transfer.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
+#include <arpa/inet.h>
+#include <cstring>
+#include <fcntl.h>
 #include <limits>
+#include <netinet/in.h>
 
 namespace ostrel {
 
@@ -12,6 +18,25 @@ namespace {
 /// The library counts milliseconds in an int.
 constexpr milliseconds longestTimeout(std::numeric_limits<int>::max() - 1);
 
+QByteArray textOf(const sockaddr_storage &address)
+{
+    std::array<char, INET6_ADDRSTRLEN> text{};
+    const void *bytes =
+        address.ss_family == AF_INET6
+            ? static_cast<const void *>(&reinterpret_cast<const sockaddr_in6 &>(address).sin6_addr)
+            : &reinterpret_cast<const sockaddr_in &>(address).sin_addr;
+    return inet_ntop(address.ss_family, bytes, text.data(), text.size());
+}
+
+/// As the library reads it: "host:port:address,address".
+QByteArray entryFor(const Place &place, const std::vector<sockaddr_storage> &addresses)
+{
+    QByteArrayList texts;
+    for (const sockaddr_storage &address : addresses)
+        texts.append(textOf(address));
+    return place.host + ':' + QByteArray::number(place.port) + ':' + texts.join(',');
+}
+
 } // namespace
 
 Transfer::Transfer(milliseconds timeout)
@@ -19,24 +44,67 @@ Transfer::Transfer(milliseconds timeout)
 {
 }
 
-CURL *Transfer::begin(const TrustStore &trustStore)
+void Transfer::admit()
 {
-    m_clockStart = Clock::now();
-    return beginAt(m_clockStart, trustStore);
+    m_lastAdmission = Clock::now();
+    m_clockStart = m_lastAdmission - m_spent;
 }
 
-CURL *Transfer::beginAnew(const TrustStore &trustStore)
+CURL *Transfer::begin(const Surroundings &surroundings, const LookUps &lookUps)
 {
-    if (!m_hasBegunAnew) {
-        m_hasBegunAnew = true;
-        return begin(trustStore);
+    m_lastBeginning = Clock::now();
+    m_errorBuffer.front() = '\0';
+    if (!m_handle) {
+        m_addressCache.reset(curl_share_init());
+        m_handle.reset(curl_easy_init());
+        if (!m_handle || !m_addressCache)
+            return nullptr;
+        setCommonOptions();
+        setUp(m_handle.get());
     }
-    return beginAt(Clock::now(), trustStore);
+    setTimeout(timeLeft());
+    setAddresses(lookUps);
+    setUpHop(m_handle.get(), surroundings);
+    return m_handle.get();
+}
+
+bool Transfer::goesOn(CURLcode code)
+{
+    if (!takeNextHop(code))
+        return false;
+    m_spent = Clock::now() - m_clockStart;
+    return true;
+}
+
+void Transfer::interrupt()
+{
+    m_spent = m_hasBegunAnew ? Clock::now() - m_clockStart : Clock::duration::zero();
+    m_hasBegunAnew = true;
+    m_handle.reset();
+    startOver();
 }
 
 void Transfer::end(CURLcode code, Clock::time_point now)
 {
+    if (code == CURLE_OPERATION_TIMEDOUT)
+        countWholeTime(now);
     report(code, elapsed(code, now));
+}
+
+void Transfer::endWithoutAddress(const Name &name)
+{
+    const QByteArray kind = name.isProxy ? "proxy" : "host";
+    setErrorText("Could not resolve " + kind + ": " + name.place.host);
+    end(name.isProxy ? CURLE_COULDNT_RESOLVE_PROXY : CURLE_COULDNT_RESOLVE_HOST, Clock::now());
+}
+
+void Transfer::endInLookUp()
+{
+    const auto now = Clock::now();
+    const auto spent = floor<milliseconds>(now - m_clockStart).count();
+    setErrorText("Resolving timed out after " + QByteArray::number(qint64(spent)) +
+                 " milliseconds");
+    report(CURLE_OPERATION_TIMEDOUT, elapsed(CURLE_OPERATION_TIMEDOUT, now));
 }
 
 QString Transfer::errorText(CURLcode code) const
@@ -46,36 +114,91 @@ QString Transfer::errorText(CURLcode code) const
     return text.simplified();
 }
 
-CURL *Transfer::beginAt(Clock::time_point now, const TrustStore &trustStore)
+void Transfer::setErrorText(const QByteArray &text)
 {
-    m_lastBeginning = now;
-    m_errorBuffer.front() = '\0';
-    m_handle.reset(curl_easy_init());
-    if (m_handle != nullptr) {
-        setCommonOptions(timeLeft());
-        setUp(m_handle.get(), trustStore);
-    }
-    return m_handle.get();
+    qstrncpy(m_errorBuffer.data(), text.constData(), m_errorBuffer.size());
 }
 
-void Transfer::setCommonOptions(milliseconds timeout)
+/// The library knows of the last hop's time only, and not of that of a look-up.
+void Transfer::countWholeTime(Clock::time_point now)
+{
+    if (m_lastBeginning - m_clockStart < milliseconds(1))
+        return;
+    static const QRegularExpression count(QStringLiteral("after [0-9]+ m"));
+    const auto whole = floor<milliseconds>(now - m_clockStart).count();
+    QString text = QString::fromUtf8(m_errorBuffer.data());
+    setErrorText(text.replace(count, QStringLiteral("after %1 m").arg(whole)).toUtf8());
+}
+
+curl_socket_t Transfer::openSocket(void *self, curlsocktype purpose, curl_sockaddr *address)
+{
+    Q_UNUSED(purpose)
+    auto *transfer = static_cast<Transfer *>(self);
+    if (!transfer->mayConnectTo(address->addr))
+        return CURL_SOCKET_BAD;
+    transfer->restoreScope(*address);
+    const int number = socket(address->family, address->socktype, address->protocol);
+    // Programs that this one starts have no use for it.
+    fcntl(number, F_SETFD, FD_CLOEXEC);
+    return number;
+}
+
+/// A link-local address is worth nothing without its network interface, which the library doesn't
+/// hand on.
+void Transfer::restoreScope(curl_sockaddr &address) const
+{
+    if (address.family != AF_INET6)
+        return;
+    auto &asked = reinterpret_cast<sockaddr_in6 &>(address.addr);
+    for (const sockaddr_storage &found : m_addresses) {
+        const auto &known = reinterpret_cast<const sockaddr_in6 &>(found);
+        if (found.ss_family == AF_INET6 && asked.sin6_scope_id == 0 &&
+            std::memcmp(&known.sin6_addr, &asked.sin6_addr, sizeof(in6_addr)) == 0)
+            asked.sin6_scope_id = known.sin6_scope_id;
+    }
+}
+
+void Transfer::setCommonOptions()
 {
     CURL *easy = m_handle.get();
-    // The library rounds what has passed up or down: without the extra millisecond it may give up
-    // before the time is over.
-    const auto count = static_cast<long>(timeout.count() + 1);
     curl_easy_setopt(easy, CURLOPT_PRIVATE, this);
     curl_easy_setopt(easy, CURLOPT_ERRORBUFFER, m_errorBuffer.data());
-    curl_easy_setopt(easy, CURLOPT_TIMEOUT_MS, count);
-    // The library's own bound of five minutes may be shorter than the whole time-out.
-    curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS, count);
     curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
     curl_easy_setopt(easy, CURLOPT_FRESH_CONNECT, 1L);
     curl_easy_setopt(easy, CURLOPT_FORBID_REUSE, 1L);
+    curl_easy_setopt(easy, CURLOPT_OPENSOCKETFUNCTION, openSocket);
+    curl_easy_setopt(easy, CURLOPT_OPENSOCKETDATA, this);
+    // The addresses that our look-ups find are this transfer's alone. The library keeps those that
+    // it is given for as long as the cache lives.
+    curl_share_setopt(m_addressCache.get(), CURLSHOPT_SHARE, CURL_LOCK_DATA_DNS);
+    curl_easy_setopt(easy, CURLOPT_SHARE, m_addressCache.get());
     curl_easy_setopt(easy, CURLOPT_DNS_CACHE_TIMEOUT, 0L);
-    // Without it, giving up on a look-up waits for the resolver's own time-out and holds up every
-    // other transfer.
+    // Should a look-up be left to the library after all: without it, giving up on one waits for the
+    // resolver's own time-out and holds up every other transfer.
     curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
+}
+
+void Transfer::setTimeout(milliseconds timeout)
+{
+    // The library rounds what has passed up or down: without the extra millisecond it may give up
+    // before the time is over.
+    const auto count = static_cast<long>(timeout.count() + 1);
+    curl_easy_setopt(m_handle.get(), CURLOPT_TIMEOUT_MS, count);
+    // The library's own bound of five minutes may be shorter than the whole time-out.
+    curl_easy_setopt(m_handle.get(), CURLOPT_CONNECTTIMEOUT_MS, count);
+}
+
+void Transfer::setAddresses(const LookUps &lookUps)
+{
+    m_resolved.reset();
+    m_addresses.clear();
+    for (std::size_t i = 0; i < lookUps.size(); ++i) {
+        const std::vector<sockaddr_storage> &found = lookUps[i]->addresses;
+        const QByteArray entry = entryFor(m_names[i].place, found);
+        m_resolved.reset(curl_slist_append(m_resolved.release(), entry.constData()));
+        m_addresses.insert(m_addresses.end(), found.begin(), found.end());
+    }
+    curl_easy_setopt(m_handle.get(), CURLOPT_RESOLVE, m_resolved.get());
 }
 
 milliseconds Transfer::timeLeft() const

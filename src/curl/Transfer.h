@@ -1,22 +1,47 @@
 #pragma once
 
 #include "CurlHandles.h"
+#include "IoThread.h"
+#include "NameLookUps.h"
+#include "TrustedCertificates.h"
+#include "WebAddress.h"
 
 #include <QString>
 
 #include <array>
 #include <chrono>
+#include <utility>
+#include <vector>
 
 namespace ostrel {
 
-struct TrustStore;
+/// What every transfer finds on the I/O thread.
+struct Surroundings
+{
+    /// As they are when the transfer begins, if it needs them. May be null: then nothing is
+    /// trusted.
+    TrustedCertificates::Store certificates;
+    AddressJudge isPublicAddress;
+};
 
-/// One exchange with the network, from its admission to its end. Belongs to the I/O thread once it
-/// has been submitted; whoever destroys it before its end cancels it.
+/// One exchange with the network, from its admission to its end, in one hop or several. Belongs to
+/// the I/O thread once it has been submitted; whoever destroys it before its end cancels it.
+///
+/// Its clock runs from each admission until it ends or has to wait for another: what waits in our
+/// own queue spends nothing.
 class Transfer
 {
 public:
     using Clock = std::chrono::steady_clock;
+
+    /// A name to look up before a hop can begin.
+    struct Name
+    {
+        Place place;
+        bool isProxy = false;
+    };
+    using Names = std::vector<Name>;
+    using LookUps = std::vector<std::shared_ptr<const LookUp>>;
 
     /// A @p timeout that is no time at all is the shortest one, never "none"; one of more than 24
     /// days is 24 days.
@@ -25,45 +50,98 @@ public:
     Transfer &operator=(const Transfer &) = delete;
     virtual ~Transfer() = default;
 
-    /// Starts the clock and sets up a new handle, which belongs to the transfer. Null where there
-    /// is no memory for one.
-    [[nodiscard]] CURL *begin(const TrustStore &trustStore);
+    /// Of the next hop. Empty where the library needs no resolver.
+    [[nodiscard]] const Names &names() const { return m_names; }
+    /// Whether the next hop may be one over TLS.
+    [[nodiscard]] virtual bool needsCertificates() const { return false; }
 
-    /// As begin(), after the handle of the last beginning has left its multi handle. Only the
-    /// first time does the clock start anew: afterwards the rest of the time-out has to do.
-    [[nodiscard]] CURL *beginAnew(const TrustStore &trustStore);
+    /// The clock starts, or goes on.
+    void admit();
+    [[nodiscard]] Clock::time_point admission() const { return m_lastAdmission; }
+    /// Whether the clock has run before.
+    [[nodiscard]] bool isUnderWay() const { return m_spent > Clock::duration::zero(); }
 
-    /// Whether the time-out has passed.
-    [[nodiscard]] bool isOverdue() const { return Clock::now() - m_clockStart > m_timeout; }
+    /// Sets up the next hop's handle, which belongs to the transfer. @p lookUps are finished, those
+    /// of names() in their order. Null where there is no memory for one.
+    [[nodiscard]] CURL *begin(const Surroundings &surroundings, const LookUps &lookUps);
+
+    /// A hop has ended with @p code, and its handle has left its multi handle. True where another
+    /// follows: the clock then stands still until that is admitted.
+    [[nodiscard]] bool goesOn(CURLcode code);
+
+    /// Sockets and look-ups are worthless: the clock stands still, and what is admitted next is the
+    /// first hop. Only the first time is all the time given back: afterwards the rest of the
+    /// time-out has to do. The handle has left its multi handle.
+    void interrupt();
+
+    /// When the time-out will have passed.
+    [[nodiscard]] Clock::time_point deadline() const { return m_clockStart + m_timeout; }
+    [[nodiscard]] bool isOverdue() const { return Clock::now() > deadline(); }
 
     /// A turn of the I/O thread's loop begins.
     virtual void didBeginTurn() {}
 
     /// Reports the outcome to whoever waits for it. The transfer was found to have ended at @p now.
     void end(CURLcode code, Clock::time_point now);
+    /// The same, while a look-up is under way or because it has failed.
+    void endWithoutAddress(const Name &name);
+    void endInLookUp();
 
 protected:
     /// Sets the options of @p handle, beyond those that every transfer has, for a first or another
     /// beginning.
-    virtual void setUp(CURL *handle, const TrustStore &trustStore) = 0;
+    virtual void setUp(CURL *handle) = 0;
+    /// The same for each hop, the first one included.
+    virtual void setUpHop(CURL *handle, const Surroundings &surroundings)
+    {
+        Q_UNUSED(handle)
+        Q_UNUSED(surroundings)
+    }
+    /// Chooses the next hop after one that has ended with @p code. False where there is none.
+    virtual bool takeNextHop(CURLcode code)
+    {
+        Q_UNUSED(code)
+        return false;
+    }
+    /// What is next is the first hop.
+    virtual void startOver() {}
+    /// Whether a socket to @p address may be opened.
+    [[nodiscard]] virtual bool mayConnectTo(const sockaddr &address)
+    {
+        Q_UNUSED(address)
+        return true;
+    }
     virtual void report(CURLcode code, std::chrono::microseconds elapsed) = 0;
 
+    void setNames(Names names) { m_names = std::move(names); }
     [[nodiscard]] CURL *handle() const { return m_handle.get(); }
     /// What went wrong, in the library's words.
     [[nodiscard]] QString errorText(CURLcode code) const;
+    void setErrorText(const QByteArray &text);
 
 private:
-    [[nodiscard]] CURL *beginAt(Clock::time_point now, const TrustStore &trustStore);
-    void setCommonOptions(std::chrono::milliseconds timeout);
+    static curl_socket_t openSocket(void *self, curlsocktype purpose, curl_sockaddr *address);
+
+    void setCommonOptions();
+    void setTimeout(std::chrono::milliseconds timeout);
+    void setAddresses(const LookUps &lookUps);
+    void restoreScope(curl_sockaddr &address) const;
+    void countWholeTime(Clock::time_point now);
     [[nodiscard]] std::chrono::milliseconds timeLeft() const;
     [[nodiscard]] std::chrono::microseconds elapsed(CURLcode code, Clock::time_point now) const;
 
     std::chrono::milliseconds m_timeout;
-    Clock::time_point m_clockStart;
+    Names m_names;
+    Clock::duration m_spent{0};     ///< Until the clock last stood still.
+    Clock::time_point m_clockStart; ///< Of the whole, if the clock had never stood still.
+    Clock::time_point m_lastAdmission;
     Clock::time_point m_lastBeginning;
     bool m_hasBegunAnew = false;
-    // Outlives the handle, which writes to it.
+    std::vector<sockaddr_storage> m_addresses; ///< Those that the hop's look-ups have found.
+    // These outlive the handle, which uses them.
     std::array<char, CURL_ERROR_SIZE> m_errorBuffer{};
+    CurlList m_resolved;
+    CurlShare m_addressCache;
     CurlEasy m_handle;
 };
 

@@ -22,6 +22,10 @@ using NotificationPresenter = std::function<void(const NotificationRequest &)>;
 // The implementations of the ports that this build was configured for (OSTREL_PLATFORM). None of
 // these blocks, whatever the desktop lacks.
 
+/// Lets the program open as many files as the system allows it. The programs that it starts get the
+/// limit that it was started with. First of all.
+void raiseDescriptorLimit();
+
 /// Has the threads use each other's freed memory, for a program that runs all day. Before any of
 /// them.
 void keepMemorySmall();

@@ -1,12 +1,22 @@
 #include "FetchFixture.h"
+#include "FileDescriptor.h"
 #include "HostileBehaviours.h"
+#include "TcpConnector.h"
 #include "WaitFor.h"
 
+#include <QDir>
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <atomic>
 #include <condition_variable>
 #include <dlfcn.h>
+#include <memory>
 #include <mutex>
 #include <netdb.h>
-#include <string_view>
+#include <sys/resource.h>
+#include <vector>
 
 namespace ostrel::test {
 
@@ -18,11 +28,17 @@ using namespace std::chrono_literals;
 class HangingLookUps
 {
 public:
+    /// And every name below it.
     static constexpr auto name = "hanging.test";
+    /// Hangs as that one does, but can be found afterwards.
+    static constexpr auto recoveringName = "recovering.test";
 
     /// Returns when the test lets go, or after so long that the test has failed.
     void hang()
     {
+        // As a resolver's sockets.
+        const FileDescriptor one(socket(AF_INET, SOCK_DGRAM, 0));
+        const FileDescriptor other(socket(AF_INET, SOCK_DGRAM, 0));
         std::unique_lock lock(m_mutex);
         ++m_count;
         m_change.wait_for(lock, 5s, [this] { return m_isOver; });
@@ -33,6 +49,16 @@ public:
     {
         const std::lock_guard lock(m_mutex);
         return m_count;
+    }
+
+    void find() { ++m_foundCount; }
+    /// How often the recovering name has been found.
+    [[nodiscard]] int foundCount() const { return m_foundCount; }
+
+    [[nodiscard]] bool isHolding()
+    {
+        const std::lock_guard lock(m_mutex);
+        return !m_isOver;
     }
 
     void holdUp(bool shallHang)
@@ -46,6 +72,7 @@ private:
     std::mutex m_mutex;
     std::condition_variable m_change;
     int m_count = 0;
+    std::atomic<int> m_foundCount = 0;
     bool m_isOver = false;
 };
 
@@ -61,13 +88,39 @@ protected:
         EXPECT_TRUE(waitFor([] { return lookUps.count() == 0; }));
     }
 
-    [[nodiscard]] static HttpRequest request(std::chrono::milliseconds timeout)
+    [[nodiscard]] static HttpRequest request(std::chrono::milliseconds timeout,
+                                             const QByteArray &host = HangingLookUps::name)
     {
-        HttpRequest request = requestFor(QByteArray("http://") + HangingLookUps::name + "/");
+        HttpRequest request = requestFor("http://" + host + "/");
         request.timeout = timeout;
         return request;
     }
 };
+
+/// Sets the limit of open files that programs usually start with.
+class UsualLimit
+{
+public:
+    UsualLimit()
+    {
+        getrlimit(RLIMIT_NOFILE, &m_before);
+        const rlimit usual{.rlim_cur = std::min<rlim_t>(1024, m_before.rlim_max),
+                           .rlim_max = m_before.rlim_max};
+        setrlimit(RLIMIT_NOFILE, &usual);
+    }
+    ~UsualLimit() { setrlimit(RLIMIT_NOFILE, &m_before); }
+    Q_DISABLE_COPY_MOVE(UsualLimit)
+
+private:
+    rlimit m_before{};
+};
+
+qsizetype entryCount(const char *folder)
+{
+    return QDir(QString::fromLatin1(folder))
+        .entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)
+        .size();
+}
 
 } // namespace
 
@@ -99,15 +152,157 @@ TEST_F(HangingLookUpTest, EndsWithTheTimeoutAndLeavesOthersAlone)
     EXPECT_EQ(lookUps.count(), 1);
 }
 
+TEST_F(HangingLookUpTest, ADeadNameServerTakesABoundedNumberOfThreadsAndFiles)
+{
+    constexpr int monitors = 300;
+    const IoThreadConfiguration configuration;
+    const HostileServer server(answerWith("OK"));
+    const UsualLimit limit;
+    const qsizetype threadsBefore = entryCount("/proc/self/task");
+    const qsizetype filesBefore = entryCount("/proc/self/fd");
+    auto ioThread = std::make_unique<IoThread>(configuration);
+    HttpClient client(*ioThread);
+    std::vector<QFuture<HttpResult>> dead;
+    for (int i = 0; i < monitors; ++i)
+        dead.push_back(
+            client.fetch(request(100ms, QByteArray::number(i) + '.' + HangingLookUps::name)));
+    ASSERT_TRUE(waitFor([&] { return lookUps.count() == configuration.maxConcurrentLookUps; }));
+
+    for (int i = 0; i < 100; ++i) {
+        const HttpResult result = client.fetch(requestFor(server.url())).result();
+        EXPECT_TRUE(result.hasResponse) << result.error.toStdString();
+    }
+    ASSERT_TRUE(waitFor([&] { return dead.front().isFinished(); }));
+    EXPECT_EQ(lookUps.count(), configuration.maxConcurrentLookUps);
+    // Of the server's connections each has a thread, too.
+    EXPECT_LE(entryCount("/proc/self/task"),
+              threadsBefore + configuration.maxConcurrentLookUps + 100 + 10);
+    EXPECT_LE(entryCount("/proc/self/fd"),
+              filesBefore + 2 * configuration.maxConcurrentLookUps + 50);
+    // Whoever waits in our own queue isn't down.
+    const auto ended = std::ranges::count_if(dead, &QFuture<HttpResult>::isFinished);
+    EXPECT_LE(ended, configuration.maxConcurrentLookUps);
+}
+
+TEST_F(HangingLookUpTest, AddressesDontWaitForNames)
+{
+    const HostileServer server(answerWith("OK"));
+    IoThread ioThread;
+    HttpClient client(ioThread);
+    TcpConnector connector(ioThread);
+    for (int i = 0; i < 300; ++i)
+        (void)client.fetch(request(30s));
+    ASSERT_TRUE(waitFor([] { return lookUps.count() == 1; }));
+    EXPECT_TRUE(client.fetch(requestFor(server.url())).result().hasResponse);
+    for (const char *host : {"127.0.0.1", "localhost"})
+        EXPECT_TRUE(
+            connector.connect(QString::fromLatin1(host), server.port(), 10s).result().isConnected);
+    EXPECT_EQ(lookUps.count(), 1);
+}
+
+TEST_F(HangingLookUpTest, OneThatWasGivenUpIsJoinedByTheNext)
+{
+    IoThread ioThread;
+    HttpClient client(ioThread);
+    TcpConnector connector(ioThread);
+    for (int i = 0; i < 5; ++i) {
+        EXPECT_FALSE(client.fetch(request(20ms)).result().hasResponse);
+        EXPECT_FALSE(connector.connect(QString::fromLatin1(HangingLookUps::name), 80, 20ms)
+                         .result()
+                         .isConnected);
+    }
+    EXPECT_EQ(lookUps.count(), 1);
+}
+
+TEST_F(HangingLookUpTest, ItsFailureIsntThatOfAnotherThatJoinedLater)
+{
+    const HostileServer server(answerWith("OK"));
+    IoThread ioThread;
+    TcpConnector connector(ioThread);
+    const QString name = QString::fromLatin1(HangingLookUps::recoveringName);
+    EXPECT_FALSE(connector.connect(name, server.port(), 50ms).result().isConnected);
+    const auto later = connector.connect(name, server.port(), 10s);
+    // Passed by one that needs no look-up, so that the later one has joined.
+    (void)connector.connect(QStringLiteral("127.0.0.1"), server.port(), 10s).result();
+    EXPECT_EQ(lookUps.count(), 1);
+    lookUps.holdUp(false);
+    EXPECT_TRUE(later.result().isConnected);
+}
+
+TEST_F(HangingLookUpTest, ARenewalWaitsForNoneThatBeganBefore)
+{
+    IoThread ioThread;
+    HttpClient client(ioThread);
+    const auto result = client.fetch(request(30s));
+    ASSERT_TRUE(waitFor([] { return lookUps.count() == 1; }));
+    ioThread.renewConnections();
+    EXPECT_TRUE(waitFor([] { return lookUps.count() == 2; }));
+    EXPECT_FALSE(result.isFinished());
+}
+
+TEST_F(HangingLookUpTest, OfARedirectsTargetEndsWithTheTimeout)
+{
+    const HostileServer server(redirectTo(QByteArray("http://") + HangingLookUps::name + "/"));
+    IoThread ioThread;
+    HttpRequest request = requestFor(server.url());
+    request.timeout = 200ms;
+    const HttpResult result = HttpClient(ioThread).fetch(request).result();
+    EXPECT_FALSE(result.hasResponse);
+    EXPECT_GE(result.elapsed, 200ms);
+    EXPECT_LE(result.elapsed, 700ms);
+    EXPECT_THAT(result.error.toStdString(),
+                testing::MatchesRegex("Resolving timed out after [2-6][0-9][0-9] milliseconds"));
+}
+
+TEST_F(HangingLookUpTest, EachNameIsLookedUpOnce)
+{
+    // However it is written: the library finds what was found for it.
+    const HostileServer server(answerWith("OK"));
+    const QByteArray port = QByteArray::number(server.port());
+    IoThread ioThread;
+    HttpClient client(ioThread);
+    TcpConnector connector(ioThread);
+    lookUps.holdUp(false);
+    for (const char *name : {"recovering.test", "RECOVERING.test", "recovering.test."}) {
+        const int before = lookUps.foundCount();
+        const QByteArray url = QByteArray("http://") + name + ":" + port + "/";
+        EXPECT_TRUE(client.fetch(requestFor(url)).result().hasResponse) << name;
+        EXPECT_TRUE(
+            connector.connect(QString::fromLatin1(name), server.port(), 5s).result().isConnected);
+        EXPECT_EQ(lookUps.foundCount(), before + 2) << name;
+    }
+}
+
+TEST_F(HangingLookUpTest, IsNoneOfOursWhereAProxyLooksUp)
+{
+    const HostileServer proxy(answerWith("from the proxy"));
+    qputenv("http_proxy", proxy.url());
+    IoThread ioThread;
+    EXPECT_EQ(HttpClient(ioThread).fetch(request(5s)).result().body, "from the proxy");
+    qputenv("http_proxy", QByteArray("http://proxy.") + HangingLookUps::name + ":3128");
+    const HttpResult result = HttpClient(ioThread).fetch(request(100ms, "shop.example")).result();
+    qunsetenv("http_proxy");
+    EXPECT_FALSE(result.hasResponse);
+    EXPECT_EQ(lookUps.count(), 1);
+}
+
 } // namespace ostrel::test
 
 /// Takes the C library's place in this program.
 extern "C" int getaddrinfo(const char *name, const char *service, const addrinfo *hints,
                            addrinfo **result)
 {
-    if (name != nullptr && std::string_view(name) == ostrel::test::HangingLookUps::name) {
-        ostrel::test::lookUps.hang();
+    using ostrel::test::HangingLookUps;
+    using ostrel::test::lookUps;
+    const QByteArray asked = QByteArray(name).toLower();
+    const bool recovers = asked.startsWith(HangingLookUps::recoveringName);
+    if (asked.endsWith(HangingLookUps::name) || (recovers && lookUps.isHolding())) {
+        lookUps.hang();
         return EAI_AGAIN;
+    }
+    if (recovers) {
+        lookUps.find();
+        name = "127.0.0.1";
     }
     using Resolve = decltype(getaddrinfo);
     static auto *const resolve = reinterpret_cast<Resolve *>(dlsym(RTLD_NEXT, "getaddrinfo"));

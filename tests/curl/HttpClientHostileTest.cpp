@@ -4,6 +4,10 @@
 
 #include <gmock/gmock.h>
 
+#include <memory>
+#include <utility>
+#include <vector>
+
 namespace ostrel::test {
 
 namespace {
@@ -81,6 +85,31 @@ INSTANTIATE_TEST_SUITE_P(
         Hostility{"BrokenCertificate", sendBrokenCertificate, HostileServer::Greeting::None,
                   "https", false}),
     [](const auto &test) { return std::string(test.param.name); });
+
+TEST(HttpClientCrowdTest, EachOfManyHostileServersEndsInTime)
+{
+    const std::vector<std::pair<HostileServer::Behaviour, const char *>> behaviours = {
+        {staySilent, "http"},         {staySilent, "https"},       {dripBytes, "http"},
+        {sendEndlessHeaders, "http"}, {redirectEndlessly, "http"}, {sendEndlessHeaderLine, "http"},
+        {sendEndlessBody, "http"},    {sendGarbage, "https"},
+    };
+    constexpr int ofEach = 22;
+    std::vector<std::unique_ptr<HostileServer>> servers;
+    IoThread ioThread({.maxConcurrentTransfers = 1000});
+    HttpClient client(ioThread);
+    std::vector<QFuture<HttpResult>> futures;
+    for (int i = 0; i < ofEach; ++i) {
+        for (const auto &[behaviour, scheme] : behaviours) {
+            servers.push_back(std::make_unique<HostileServer>(behaviour));
+            futures.push_back(client.fetch(hastyRequestFor(servers.back()->url("/0", scheme))));
+        }
+    }
+    for (const QFuture<HttpResult> &future : futures) {
+        const HttpResult result = future.result();
+        EXPECT_FALSE(result.hasResponse);
+        EXPECT_LE(result.elapsed, timeout + grace) << result.error.toStdString();
+    }
+}
 
 class HttpClientTimeoutTest : public FetchFixture
 {

@@ -1,5 +1,7 @@
 #include "FreedesktopWorkspace.h"
 
+#include "LimitGuard.h"
+#include "Platform.h"
 #include "Printers.h"
 #include "StubFileManager.h"
 #include "StubPortal.h"
@@ -68,6 +70,16 @@ class NotificationSettingsTest : public FreedesktopWorkspaceTest,
                                  public testing::WithParamInterface<SettingsCase>
 {
 };
+
+TEST_F(FreedesktopWorkspaceTest, AProgramGetsTheLimitOfFilesThatThisOneStartedWith)
+{
+    const LimitGuard guard(512);
+    raiseDescriptorLimit();
+    raiseDescriptorLimit(); // There is nothing left to raise, and nothing is forgotten.
+    programs.add(QStringLiteral("xdg-open"), QStringLiteral("$(ulimit -n)"));
+    EXPECT_TRUE(busless.open(website));
+    EXPECT_TRUE(haveStarted({QStringLiteral("xdg-open 512")}));
+}
 
 TEST_F(FreedesktopWorkspaceTest, AnAddressIsOpenedByThePortal)
 {

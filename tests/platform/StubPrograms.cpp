@@ -15,14 +15,14 @@ StubPrograms::~StubPrograms()
     qputenv("PATH", m_formerPath);
 }
 
-void StubPrograms::add(const QString &name)
+void StubPrograms::add(const QString &name, const QString &what)
 {
     QFile program(m_folder.filePath(name));
     if (!program.open(QIODevice::WriteOnly))
         return;
     // One write, which appends as a whole whoever else is writing.
-    const auto script = QStringLiteral("#!/bin/sh\nprintf '%s\\n' \"%1 $*\" >> '%2'\n");
-    program.write(script.arg(name, logPath()).toUtf8());
+    const auto script = QStringLiteral("#!/bin/sh\nprintf '%s\\n' \"%1 %2\" >> '%3'\n");
+    program.write(script.arg(name, what, logPath()).toUtf8());
     program.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 

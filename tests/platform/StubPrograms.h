@@ -17,7 +17,8 @@ public:
     StubPrograms(const StubPrograms &) = delete;
     StubPrograms &operator=(const StubPrograms &) = delete;
 
-    void add(const QString &name);
+    /// The program notes @p what, as its shell expands it, after its name.
+    void add(const QString &name, const QString &what = QStringLiteral("$*"));
     /// The starts so far, each with its name and its arguments separated by blanks, in order.
     [[nodiscard]] QStringList starts() const;
 

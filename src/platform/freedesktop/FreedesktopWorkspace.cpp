@@ -1,10 +1,12 @@
 #include "FreedesktopWorkspace.h"
 
+#include "DescriptorLimit.h"
 #include "NotificationSettings.h"
 
 #include <QDBusPendingCallWatcher>
 #include <QFileInfo>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QStringList>
 #include <QUrl>
 #include <QVariantMap>
@@ -18,9 +20,12 @@ namespace {
 /// Starts @p command, which outlives this program; false where there is no such program.
 bool startDetached(const QStringList &command)
 {
+    if (QStandardPaths::findExecutable(command.first()).isEmpty())
+        return false;
+    const QStringList limited = withInitialDescriptorLimit(command);
     QProcess process;
-    process.setProgram(command.first());
-    process.setArguments(command.sliced(1));
+    process.setProgram(limited.first());
+    process.setArguments(limited.sliced(1));
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
     return process.startDetached();

@@ -10,6 +10,8 @@
 
 namespace ostrel {
 
+void raiseDescriptorLimit() {}
+
 void keepMemorySmall() {}
 
 void returnFreedMemory() {}

@@ -248,6 +248,13 @@ HostileServer::Behaviour answerAfter(std::chrono::milliseconds delay)
     };
 }
 
+HostileServer::Behaviour answerWithHeaderOf(qsizetype size)
+{
+    return [size](HostileConnection &connection, const SeenRequest &) {
+        connection.respond("200 OK", "OK", "X-Large: " + QByteArray(size - 9, 'x') + "\r\n");
+    };
+}
+
 HostileServer::Behaviour redirectTo(const QByteArray &location)
 {
     return [location](HostileConnection &connection, const SeenRequest &) {

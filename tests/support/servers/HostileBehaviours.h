@@ -56,6 +56,8 @@ void sendBrokenCertificate(HostileConnection &connection, const SeenRequest &req
 
 /// Answers "OK" after @p delay.
 [[nodiscard]] HostileServer::Behaviour answerAfter(std::chrono::milliseconds delay);
+/// Answers "OK" with a header of one line of @p size bytes.
+[[nodiscard]] HostileServer::Behaviour answerWithHeaderOf(qsizetype size);
 /// Redirects to @p location.
 [[nodiscard]] HostileServer::Behaviour redirectTo(const QByteArray &location);
 /// Plays a proxy whose whole network is this computer: a tunnel to a place in @p network, such as

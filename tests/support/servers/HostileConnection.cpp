@@ -116,7 +116,7 @@ void HostileConnection::waitForTheEnd()
     }
 }
 
-void HostileConnection::relayTo(quint16 port)
+void HostileConnection::relayTo(quint16 port, const Filter &fromPeer, const Filter &toPeer)
 {
     const int descriptor = connectTo(port);
     if (descriptor < 0)
@@ -126,9 +126,9 @@ void HostileConnection::relayTo(quint16 port)
                               pollfd{.fd = descriptor, .events = POLLIN, .revents = 0},
                               pollfd{.fd = m_stopDescriptor, .events = POLLIN, .revents = 0}};
     while (poll(all.data(), all.size(), -1) > 0 && all[2].revents == 0) {
-        if (all[0].revents != 0 && !passOnTo(other))
+        if (all[0].revents != 0 && !passOnTo(other, fromPeer))
             return;
-        if (all[1].revents != 0 && !other.passOnTo(*this))
+        if (all[1].revents != 0 && !other.passOnTo(*this, toPeer))
             return;
     }
 }
@@ -139,11 +139,11 @@ void HostileConnection::reset()
     setsockopt(m_descriptor, SOL_SOCKET, SO_LINGER, &immediately, sizeof immediately);
 }
 
-bool HostileConnection::passOnTo(HostileConnection &other)
+bool HostileConnection::passOnTo(HostileConnection &other, const Filter &filter)
 {
     std::array<char, 4096> buffer{};
     const ssize_t count = recv(m_descriptor, buffer.data(), buffer.size(), 0);
-    return count > 0 && other.send(QByteArray(buffer.data(), count));
+    return count > 0 && other.send(filter(QByteArray(buffer.data(), count)));
 }
 
 bool HostileConnection::waitFor(short events)

@@ -5,6 +5,7 @@
 #include <QtGlobal>
 
 #include <chrono>
+#include <functional>
 #include <optional>
 
 namespace ostrel::test {
@@ -43,14 +44,18 @@ public:
     bool pause(std::chrono::milliseconds time);
     /// Does nothing until the peer has gone or the server stops.
     void waitForTheEnd();
+    /// Makes other bytes of those that are handed on.
+    using Filter = std::function<QByteArray(const QByteArray &)>;
     /// Hands bytes on in both directions between the peer and @p port of 127.0.0.1, until either
-    /// end has gone.
-    void relayTo(quint16 port);
+    /// end has gone. What the peer sends goes through @p fromPeer, what it gets through @p toPeer.
+    void relayTo(quint16 port, const Filter &fromPeer = asTheyAre,
+                 const Filter &toPeer = asTheyAre);
     /// Closes with a reset instead of an orderly end.
     void reset();
 
 private:
-    bool passOnTo(HostileConnection &other);
+    [[nodiscard]] static QByteArray asTheyAre(const QByteArray &bytes) { return bytes; }
+    bool passOnTo(HostileConnection &other, const Filter &filter);
     [[nodiscard]] bool waitFor(short events);
 
     int m_descriptor;

@@ -9,12 +9,12 @@ namespace ostrel::test {
 
 namespace {
 
-sockaddr_in ipv4Address(quint16 port)
+sockaddr_in ipv4Address(quint16 port, in_addr_t host = INADDR_LOOPBACK)
 {
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_port = htons(port);
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    address.sin_addr.s_addr = htonl(host);
     return address;
 }
 
@@ -34,8 +34,10 @@ bool bindTo(int descriptor, const Address &address)
 
 bool bindToFreePort(int descriptor, LoopbackFamily family)
 {
-    return family == LoopbackFamily::Ipv6 ? bindTo(descriptor, ipv6Address())
-                                          : bindTo(descriptor, ipv4Address(0));
+    if (family == LoopbackFamily::Ipv6)
+        return bindTo(descriptor, ipv6Address());
+    const bool isSecond = family == LoopbackFamily::SecondIpv4;
+    return bindTo(descriptor, ipv4Address(0, INADDR_LOOPBACK + (isSecond ? 1 : 0)));
 }
 
 quint16 portOf(int descriptor)

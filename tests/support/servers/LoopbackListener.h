@@ -4,7 +4,11 @@
 
 namespace ostrel::test {
 
-enum class LoopbackFamily { Ipv4, Ipv6 };
+enum class LoopbackFamily {
+    Ipv4,
+    SecondIpv4, ///< 127.0.0.2, for what tells addresses apart.
+    Ipv6,
+};
 
 /// A TCP socket that listens on a free port of the loopback interface, and that nobody need accept
 /// from: the kernel completes connections up to the backlog.

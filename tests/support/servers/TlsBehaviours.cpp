@@ -2,6 +2,7 @@
 
 #include <openssl/ssl.h>
 
+#include <algorithm>
 #include <array>
 #include <functional>
 #include <memory>
@@ -37,6 +38,26 @@ public:
             [&] { return SSL_write(m_tls.get(), bytes.constData(), int(bytes.size())); });
     }
 
+    /// What the peer has said in @p bytes, some of which may be about TLS itself.
+    QByteArray decrypt(const QByteArray &bytes)
+    {
+        BIO_write(SSL_get_rbio(m_tls.get()), bytes.constData(), int(bytes.size()));
+        QByteArray said;
+        std::array<char, 4096> buffer{};
+        for (int count = 1; count > 0;) {
+            count = SSL_read(m_tls.get(), buffer.data(), int(buffer.size()));
+            said.append(buffer.data(), std::max(count, 0));
+        }
+        sendPending();
+        return said;
+    }
+
+    QByteArray encrypt(const QByteArray &bytes)
+    {
+        SSL_write(m_tls.get(), bytes.constData(), int(bytes.size()));
+        return takePending();
+    }
+
 private:
     /// Goes on with @p step until it has done something, or the peer has gone.
     bool complete(const std::function<int()> &step)
@@ -53,15 +74,17 @@ private:
         }
     }
 
-    bool sendPending()
+    QByteArray takePending()
     {
         char *bytes = nullptr;
         BIO *out = SSL_get_wbio(m_tls.get());
         const long count = BIO_get_mem_data(out, &bytes);
-        const bool isSent = m_connection.send(QByteArray(bytes, count));
+        const QByteArray pending(bytes, count);
         BIO_reset(out);
-        return isSent;
+        return pending;
     }
+
+    bool sendPending() { return m_connection.send(takePending()); }
 
     bool receivePending()
     {
@@ -89,6 +112,16 @@ HostileServer::Behaviour closeWithoutNotify(const TestLeaf &leaf, const QByteArr
         TlsConnection tls(connection, leaf);
         if (tls.readSome())
             tls.send(response);
+    };
+}
+
+HostileServer::Behaviour terminateTls(const TestLeaf &leaf, quint16 port)
+{
+    return [leaf, port](HostileConnection &connection, const SeenRequest &) {
+        TlsConnection tls(connection, leaf);
+        connection.relayTo(
+            port, [&tls](const QByteArray &bytes) { return tls.decrypt(bytes); },
+            [&tls](const QByteArray &bytes) { return tls.encrypt(bytes); });
     };
 }
 

@@ -12,4 +12,7 @@ namespace ostrel::test {
 [[nodiscard]] HostileServer::Behaviour closeWithoutNotify(const TestLeaf &leaf,
                                                           const QByteArray &response);
 
+/// Speaks TLS with the client, and hands what it says on to @p port of 127.0.0.1.
+[[nodiscard]] HostileServer::Behaviour terminateTls(const TestLeaf &leaf, quint16 port);
+
 } // namespace ostrel::test

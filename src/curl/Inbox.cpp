@@ -1,0 +1,46 @@
+#include "Inbox.h"
+
+#include <utility>
+
+namespace ostrel {
+
+void Inbox::post(Message message)
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_isClosed)
+        return;
+    m_messages.push_back(std::move(message));
+    wake();
+}
+
+void Inbox::wake()
+{
+    // Without one, the thread is still on its way to its first look at the messages.
+    if (m_multi)
+        curl_multi_wakeup(m_multi.get());
+}
+
+void Inbox::replaceMulti()
+{
+    const std::lock_guard lock(m_mutex);
+    m_multi.reset(curl_multi_init());
+    // Whoever has posted something since the messages were taken has woken the old one, or none.
+    wake();
+}
+
+std::deque<Inbox::Message> Inbox::take()
+{
+    const std::lock_guard lock(m_mutex);
+    return std::exchange(m_messages, {});
+}
+
+void Inbox::close()
+{
+    std::deque<Message> dropped;
+    const std::lock_guard lock(m_mutex);
+    m_isClosed = true;
+    m_messages.swap(dropped);
+    m_multi.reset();
+}
+
+} // namespace ostrel

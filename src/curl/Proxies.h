@@ -1,0 +1,30 @@
+#pragma once
+
+#include "WebAddress.h"
+
+#include <QByteArray>
+
+namespace ostrel {
+
+/// The proxies that the environment names: http_proxy, https_proxy and all_proxy, and in no_proxy
+/// the hosts that none serves; all but the first in small letters or in capitals.
+class Proxies
+{
+public:
+    [[nodiscard]] static Proxies fromEnvironment();
+
+    /// The proxy that serves a request of @p address, as the environment has it; empty for none.
+    /// None ever serves this computer's own addresses: another computer takes them for its own.
+    [[nodiscard]] QByteArray proxyFor(const WebAddress &address) const;
+
+private:
+    QByteArray m_forHttp;
+    QByteArray m_forHttps;
+    QByteArray m_exceptions;
+};
+
+/// Whether @p exceptions, a list in the form of no_proxy, holds @p host: as a name, as the end of a
+/// name, as an address, as a block of addresses ("10.0.0.0/8"), or because it is "*".
+[[nodiscard]] bool isProxyException(const QByteArray &exceptions, const QByteArray &host);
+
+} // namespace ostrel

@@ -1,0 +1,90 @@
+#include "TrustedCertificates.h"
+
+#include <openssl/err.h>
+#include <openssl/x509_vfy.h>
+
+#include <sys/stat.h>
+#include <utility>
+
+namespace ostrel {
+
+using namespace std::chrono;
+
+namespace {
+
+/// A pipe or a device would keep its reader waiting.
+bool isRegularFile(const QByteArray &path)
+{
+    struct stat status = {};
+    return stat(path.constData(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+void addFile(X509_STORE *store, const QByteArray &path)
+{
+    if (isRegularFile(path))
+        X509_STORE_load_file(store, path.constData());
+}
+
+void addDirectory(X509_STORE *store, const QByteArray &paths)
+{
+    if (!paths.isEmpty())
+        X509_STORE_load_path(store, paths.constData());
+}
+
+} // namespace
+
+TrustedCertificates::TrustedCertificates(TrustStore places)
+    : m_places(std::move(places))
+    , m_paths(m_places.directory.split(':'))
+{
+    m_paths.append(m_places.file);
+}
+
+TrustedCertificates::Store TrustedCertificates::current()
+{
+    // Before they are read, so that what changes meanwhile is read once more.
+    std::vector<State> now = states();
+    if (!m_store || now != m_states) {
+        m_store = read();
+        m_states = std::move(now);
+    }
+    return m_store;
+}
+
+TrustedCertificates::State TrustedCertificates::stateOf(const QByteArray &path)
+{
+    struct stat status = {};
+    if (stat(path.constData(), &status) != 0)
+        return {};
+    // The time of change, since it also moves on when a file becomes readable, and nobody sets it
+    // back.
+    return {.device = status.st_dev,
+            .inode = status.st_ino,
+            .size = status.st_size,
+            .change = seconds(status.st_ctim.tv_sec) + nanoseconds(status.st_ctim.tv_nsec)};
+}
+
+std::vector<TrustedCertificates::State> TrustedCertificates::states() const
+{
+    std::vector<State> states;
+    for (const QByteArray &path : m_paths)
+        states.push_back(stateOf(path));
+    return states;
+}
+
+TrustedCertificates::Store TrustedCertificates::read() const
+{
+    Store store(X509_STORE_new(), X509_STORE_free);
+    if (!store)
+        return store;
+    // An authority of ours before one that a server sends, and an intermediate that is trusted
+    // needs no root: as the library itself does it.
+    X509_STORE_set_flags(store.get(), X509_V_FLAG_TRUSTED_FIRST | X509_V_FLAG_PARTIAL_CHAIN);
+    addFile(store.get(), m_places.file);
+    addDirectory(store.get(), m_places.directory);
+    // What couldn't be read shows in the verifications.
+    ERR_clear_error();
+    return store;
+}
+
+} // namespace ostrel

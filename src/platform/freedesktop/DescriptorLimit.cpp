@@ -1,0 +1,37 @@
+#include "DescriptorLimit.h"
+
+#include "Platform.h"
+
+#include <sys/resource.h>
+
+namespace ostrel {
+
+namespace {
+
+/// As it was at the start; none where it has never been raised.
+rlimit initialLimit{};
+
+} // namespace
+
+void raiseDescriptorLimit()
+{
+    rlimit limit{};
+    if (getrlimit(RLIMIT_NOFILE, &limit) != 0 || limit.rlim_cur == limit.rlim_max)
+        return;
+    initialLimit = limit;
+    limit.rlim_cur = limit.rlim_max;
+    setrlimit(RLIMIT_NOFILE, &limit);
+}
+
+QStringList withInitialDescriptorLimit(const QStringList &command)
+{
+    if (initialLimit.rlim_cur == 0)
+        return command;
+    // Not by a modifier of QProcess's, which has no effect on what it starts detached.
+    return QStringList{QStringLiteral("/bin/sh"), QStringLiteral("-c"),
+                       QStringLiteral("ulimit -S -n \"$0\"; exec \"$@\""),
+                       QString::number(initialLimit.rlim_cur)} +
+           command;
+}
+
+} // namespace ostrel
