@@ -27,6 +27,9 @@ struct UptimeWindow
 constexpr std::array uptimeWindows = {UptimeWindow{"24h", 24h}, UptimeWindow{"7d", 7 * 24h},
                                       UptimeWindow{"30d", 30 * 24h}};
 
+/// A longer name moves the rest of its own line alone.
+constexpr qsizetype widestNameColumn = 40;
+
 QString statusName(MonitorStatus status)
 {
     switch (status) {
@@ -112,7 +115,7 @@ QByteArray describeForPeople(const MonitorStore &store)
         return "No monitors\n";
     qsizetype nameWidth = 0;
     for (const Monitor &monitor : store.monitors())
-        nameWidth = std::max(nameWidth, nameOf(monitor).size());
+        nameWidth = std::clamp(nameOf(monitor).size(), nameWidth, widestNameColumn);
     QString lines;
     for (const Monitor &monitor : store.monitors())
         lines += monitorLine(store, monitor, nameWidth);

@@ -10,8 +10,8 @@ namespace ostrel {
 
 namespace {
 
-constexpr int mostCharacters = 200;
-constexpr int mostJoined = 8;
+constexpr qsizetype mostCharacters = 200;
+constexpr qsizetype mostJoined = 8;
 /// In code units. No line can be longer, with a surrogate pair for each of its code points.
 constexpr qsizetype longestRead = 4096;
 static_assert(longestRead > 2 * mostCharacters * (1 + mostJoined));
@@ -50,8 +50,8 @@ QString oneLine(const QString &foreign)
     const auto ellipsis = u'…';
     const QString beginning = beginningOf(foreign);
     QString line;
-    int characters = 0;
-    int joined = 0;
+    qsizetype characters = 0;
+    qsizetype joined = 0;
     for (const char32_t c : beginning.toUcs4()) {
         if (isBidiControl(c))
             continue;

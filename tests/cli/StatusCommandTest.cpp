@@ -98,6 +98,16 @@ TEST_F(StatusCommandTest, ForPeopleForeignTextsAreALineEachToo)
     }
 }
 
+TEST_F(StatusCommandTest, ALongNameMovesItsOwnLineAlone)
+{
+    MonitorStore store(dataDir);
+    const QString longName(100, u'w');
+    store.addMonitor({.id = QUuid::createUuid(), .name = longName});
+    const auto lines = describeStatus(store, OutputFormat::human).split('\n');
+    EXPECT_EQ(lines[0].indexOf("24h"), 9 + 40 + 2);
+    EXPECT_EQ(lines[4].indexOf("24h"), 9 + 100 + 2);
+}
+
 TEST_F(StatusCommandTest, AsJsonAForeignNameIsWhatIsStored)
 {
     const QString foreignDir = folder.filePath(QStringLiteral("foreign"));

@@ -1,0 +1,45 @@
+#include "LocalClock.h"
+
+#include "Printers.h"
+#include "ScopedTimeZone.h"
+
+#include <gtest/gtest.h>
+
+namespace ostrel::test {
+
+namespace {
+
+const Timestamp winterNoon = *parseTimestamp("2026-01-10T12:00:00Z");
+
+QString shown(const QDateTime &time)
+{
+    return time.toString(QStringLiteral("yyyy-MM-dd HH:mm"));
+}
+
+} // namespace
+
+TEST(LocalClockTest, AZoneShowsItsOwnTimeWhateverTheComputersClocksAre)
+{
+    const ScopedTimeZone zone("EST5");
+    const QTimeZone berlin("Europe/Berlin");
+    EXPECT_EQ(shown(onClocksOf(berlin, winterNoon)), QStringLiteral("2026-01-10 13:00"));
+    EXPECT_EQ(onClocksOf(berlin, QDate(2026, 1, 10), QTime(13, 0)).toMSecsSinceEpoch(),
+              winterNoon.time_since_epoch().count());
+}
+
+TEST(LocalClockTest, AnInvalidZoneIsTheComputersClocks)
+{
+    const ScopedTimeZone zone("MEZ-1MESZ");
+    ASSERT_FALSE(QTimeZone::systemTimeZone().isValid()) << "nothing is tested";
+    EXPECT_EQ(shown(onClocksOf({}, winterNoon)), QStringLiteral("2026-01-10 13:00"));
+    EXPECT_EQ(onClocksOf({}, QDate(2026, 1, 10), QTime(13, 0)).toMSecsSinceEpoch(),
+              winterNoon.time_since_epoch().count());
+}
+
+TEST(LocalClockTest, WhatNobodyKnowsIsUtc)
+{
+    const ScopedTimeZone zone("Nowhere/At All");
+    EXPECT_EQ(shown(onClocksOf({}, winterNoon)), QStringLiteral("2026-01-10 12:00"));
+}
+
+} // namespace ostrel::test
