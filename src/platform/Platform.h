@@ -2,6 +2,7 @@
 
 #include "LoginItem.h"
 #include "MotionPreference.h"
+#include "NetworkPresence.h"
 #include "NotificationCenter.h"
 #include "SingleInstance.h"
 #include "StatusBarHost.h"
@@ -36,6 +37,7 @@ void preparePlatform();
 [[nodiscard]] std::unique_ptr<NotificationCenter>
 makeNotificationCenter(const NotificationPresenter &presenter);
 [[nodiscard]] std::unique_ptr<WakeSignal> makeWakeSignal();
+[[nodiscard]] std::unique_ptr<NetworkPresence> makeNetworkPresence();
 [[nodiscard]] std::unique_ptr<LoginItem> makeLoginItem();
 /// @p storageDir exists.
 [[nodiscard]] std::unique_ptr<SingleInstance> makeSingleInstance(const QString &storageDir);

@@ -1,4 +1,5 @@
 #include "PortableLoginItem.h"
+#include "PortableNetworkPresence.h"
 #include "PortableNotificationCenter.h"
 #include "PortableWakeSignal.h"
 #include "PortableWorkspace.h"
@@ -71,6 +72,11 @@ TEST(PortableNotificationCenterTest, DropsEverythingWithoutAPresenter)
 {
     PortableNotificationCenter center(nullptr);
     center.add({});
+}
+
+TEST(PortableNetworkPresenceTest, IsAlwaysThere)
+{
+    EXPECT_TRUE(PortableNetworkPresence().isPresent());
 }
 
 TEST(PortableLoginItemTest, IsRefused)

@@ -1,5 +1,6 @@
 #include "FreedesktopLoginItem.h"
 #include "FreedesktopMotionPreference.h"
+#include "FreedesktopNetworkPresence.h"
 #include "FreedesktopNotificationCenter.h"
 #include "FreedesktopSingleInstance.h"
 #include "FreedesktopStatusBarHost.h"
@@ -56,6 +57,14 @@ std::unique_ptr<NotificationCenter> makeNotificationCenter(const NotificationPre
 std::unique_ptr<WakeSignal> makeWakeSignal()
 {
     return std::make_unique<FreedesktopWakeSignal>();
+}
+
+std::unique_ptr<NetworkPresence> makeNetworkPresence()
+{
+    auto presence = std::make_unique<FreedesktopNetworkPresence>();
+    if (const auto bus = QDBusConnection::systemBus(); bus.isConnected())
+        presence->follow(bus);
+    return presence;
 }
 
 std::unique_ptr<LoginItem> makeLoginItem()

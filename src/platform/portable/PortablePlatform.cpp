@@ -1,5 +1,6 @@
 #include "Platform.h"
 #include "PortableLoginItem.h"
+#include "PortableNetworkPresence.h"
 #include "PortableNotificationCenter.h"
 #include "PortableSingleInstance.h"
 #include "PortableStatusBarHost.h"
@@ -25,6 +26,11 @@ std::unique_ptr<NotificationCenter> makeNotificationCenter(const NotificationPre
 std::unique_ptr<WakeSignal> makeWakeSignal()
 {
     return std::make_unique<PortableWakeSignal>();
+}
+
+std::unique_ptr<NetworkPresence> makeNetworkPresence()
+{
+    return std::make_unique<PortableNetworkPresence>();
 }
 
 std::unique_ptr<LoginItem> makeLoginItem()

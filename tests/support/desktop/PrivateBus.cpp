@@ -18,7 +18,9 @@ const char *policyOf(PrivateBus::Kind kind)
     <allow receive_type="signal"/><allow receive_type="method_call"/>
     <allow receive_type="method_return"/><allow receive_type="error"/>
     <allow send_destination="org.freedesktop.DBus"/>
-    <allow own="org.freedesktop.login1"/><allow send_destination="org.freedesktop.login1"/>)";
+    <allow own="org.freedesktop.login1"/><allow send_destination="org.freedesktop.login1"/>
+    <allow own="org.freedesktop.NetworkManager"/>
+    <allow send_destination="org.freedesktop.NetworkManager"/>)";
 }
 
 void write(const QString &path, const QString &text)

@@ -15,7 +15,7 @@ class PrivateBus
 public:
     enum class Kind {
         session, ///< Everything is allowed.
-        system,  ///< Method calls go only to logind, whose name this user may own.
+        system,  ///< Method calls go only to logind and NetworkManager; this user may own their names.
     };
 
     explicit PrivateBus(Kind kind = Kind::session);

@@ -1,0 +1,166 @@
+#include "FreedesktopNetworkPresence.h"
+
+#include "FakeNetworkManager.h"
+#include "Printers.h"
+#include "WaitFor.h"
+
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+
+#include <gtest/gtest.h>
+
+#include <optional>
+
+namespace ostrel::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+class FreedesktopNetworkPresenceTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(m_bus.isRunning());
+        QObject::connect(&m_presence, &NetworkPresence::isPresentChanged, [this] { ++m_changes; });
+    }
+
+    /// Handles all that the bus has taken so far: it delivers in order.
+    void receiveAll()
+    {
+        (void)m_connection.interface()->registeredServiceNames();
+        QCoreApplication::processEvents();
+    }
+
+    [[nodiscard]] bool becomes(bool isPresent)
+    {
+        return waitFor([&] { return m_presence.isPresent() == isPresent; });
+    }
+
+    PrivateBus m_bus{PrivateBus::Kind::system};
+    QDBusConnection m_connection = m_bus.connect();
+    FreedesktopNetworkPresence m_presence{50ms};
+    int m_changes = 0;
+};
+
+TEST_F(FreedesktopNetworkPresenceTest, IsThereUnlessEveryConnectionIsAway)
+{
+    FakeNetworkManager manager(m_bus);
+    ASSERT_TRUE(manager.isRunning());
+    m_presence.follow(m_connection);
+    ASSERT_TRUE(waitFor([&] { return manager.questions() == 1; }));
+    const std::pair<uint, bool> states[] = {
+        {10, false}, {70, true}, {20, false}, {60, true}, {30, false},           {50, true},
+        {40, false}, {0, true},  {9, true},   {41, true}, {4'000'000'000, true},
+    };
+    for (const auto &[state, isPresent] : states) {
+        manager.changeState(state);
+        receiveAll();
+        EXPECT_EQ(m_presence.isPresent(), isPresent) << state;
+    }
+    EXPECT_EQ(m_changes, 8);
+}
+
+TEST_F(FreedesktopNetworkPresenceTest, KnowsAStateThatStoodBefore)
+{
+    const FakeNetworkManager manager(m_bus, FakeNetworkManager::disconnected);
+    m_presence.follow(m_connection);
+    EXPECT_TRUE(m_presence.isPresent());
+    EXPECT_TRUE(becomes(false));
+}
+
+TEST_F(FreedesktopNetworkPresenceTest, IsThereWhenNetworkManagerEnds)
+{
+    m_presence.follow(m_connection);
+    for (int start = 1; start <= 2; ++start) {
+        std::optional<FakeNetworkManager> manager;
+        manager.emplace(m_bus, FakeNetworkManager::asleep);
+        EXPECT_TRUE(becomes(false));
+        manager.reset();
+        EXPECT_TRUE(becomes(true));
+    }
+}
+
+TEST_F(FreedesktopNetworkPresenceTest, IsThereWhenTheBusEnds)
+{
+    const FakeNetworkManager manager(m_bus, FakeNetworkManager::asleep);
+    FreedesktopNetworkPresence unhurried(1h);
+    unhurried.follow(m_connection);
+    ASSERT_TRUE(waitFor([&] { return !unhurried.isPresent(); }));
+    m_bus.stop();
+    EXPECT_TRUE(waitFor([&] { return unhurried.isPresent(); }));
+}
+
+TEST_F(FreedesktopNetworkPresenceTest, IsThereWhenNetworkManagerFallsSilent)
+{
+    FakeNetworkManager manager(m_bus, FakeNetworkManager::connecting);
+    m_presence.follow(m_connection);
+    ASSERT_TRUE(becomes(false));
+    manager.setBehaviour(FakeNetworkManager::Behaviour::hangs);
+    EXPECT_TRUE(becomes(true));
+}
+
+TEST_F(FreedesktopNetworkPresenceTest, IsAskedForAgainWhileThereIsNone)
+{
+    FakeNetworkManager manager(m_bus, FakeNetworkManager::disconnected);
+    m_presence.follow(m_connection);
+    ASSERT_TRUE(becomes(false));
+    ASSERT_TRUE(waitFor([&] { return manager.questions() >= 3; }));
+    EXPECT_FALSE(m_presence.isPresent());
+    manager.changeStateSilently(FakeNetworkManager::connectedGlobally);
+    EXPECT_TRUE(becomes(true));
+}
+
+TEST_F(FreedesktopNetworkPresenceTest, IsThereWhereNetworkManagerDoesNotTell)
+{
+    using enum FakeNetworkManager::Behaviour;
+    m_presence.follow(m_connection);
+    for (const auto behaviour : {fails, hangs}) {
+        const FakeNetworkManager manager(m_bus, FakeNetworkManager::asleep, behaviour);
+        ASSERT_TRUE(waitFor([&] { return manager.questions() == 1; }));
+        receiveAll();
+        EXPECT_TRUE(m_presence.isPresent());
+    }
+    EXPECT_EQ(m_changes, 0);
+}
+
+TEST_F(FreedesktopNetworkPresenceTest, BelievesNobodyButNetworkManager)
+{
+    FakeNetworkManager manager(m_bus);
+    m_presence.follow(m_connection);
+    ASSERT_TRUE(waitFor([&] { return manager.questions() == 1; }));
+    QDBusMessage signal = QDBusMessage::createSignal(
+        QStringLiteral("/org/freedesktop/NetworkManager"),
+        QStringLiteral("org.freedesktop.NetworkManager"), QStringLiteral("StateChanged"));
+    signal.setArguments({uint(FakeNetworkManager::asleep)});
+    QDBusConnection stranger = m_bus.connect();
+    stranger.send(signal);
+    // The bus answers a connection only after what that has sent before.
+    (void)stranger.interface()->registeredServiceNames();
+    receiveAll();
+    EXPECT_TRUE(m_presence.isPresent());
+}
+
+TEST(NetworkPresenceTest, StartsNoNetworkManager)
+{
+    PrivateBus bus;
+    ASSERT_TRUE(bus.isRunning());
+    const QTemporaryDir folder;
+    const QString started = folder.filePath(QStringLiteral("started"));
+    const QString startedLater = folder.filePath(QStringLiteral("started-later"));
+    const auto touch = QStringLiteral("/usr/bin/touch ");
+    bus.makeActivatable(QStringLiteral("org.freedesktop.NetworkManager"), touch + started);
+    bus.makeActivatable(QStringLiteral("org.example.Later"), touch + startedLater);
+    QDBusConnection connection = bus.connect();
+    FreedesktopNetworkPresence presence;
+    presence.follow(connection);
+    QCoreApplication::processEvents();
+    connection.interface()->asyncCall(QStringLiteral("StartServiceByName"),
+                                      QStringLiteral("org.example.Later"), uint(0));
+    EXPECT_TRUE(waitFor([&] { return QFile::exists(startedLater); }));
+    EXPECT_FALSE(QFile::exists(started));
+    EXPECT_TRUE(presence.isPresent());
+}
+
+} // namespace
+} // namespace ostrel::test

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "PrivateBus.h"
+
+#include <QDBusVirtualObject>
+
+namespace ostrel::test {
+
+/// Plays NetworkManager on a bus of the test's own, because no test can take its computer's network
+/// away. Its name is free again when this object ends.
+///
+/// Lives in the test's own thread: whoever waits for it without an event loop waits in vain.
+class FakeNetworkManager : public QDBusVirtualObject
+{
+    Q_OBJECT
+
+public:
+    /// The protocol's numbers.
+    enum State : uint {
+        unknown = 0,
+        asleep = 10,
+        disconnected = 20,
+        disconnecting = 30,
+        connecting = 40,
+        connectedLocally = 50,
+        connectedToSite = 60,
+        connectedGlobally = 70,
+    };
+    enum class Behaviour {
+        answers,
+        fails, ///< Answers every question with an error.
+        hangs, ///< Never answers.
+    };
+
+    /// @p bus outlives it.
+    explicit FakeNetworkManager(PrivateBus &bus, uint state = connectedGlobally,
+                                Behaviour behaviour = Behaviour::answers);
+    ~FakeNetworkManager() override;
+
+    /// Whether it has got NetworkManager's name.
+    [[nodiscard]] bool isRunning() const { return m_hasName; }
+    [[nodiscard]] int questions() const { return m_questions; }
+
+    void setBehaviour(Behaviour behaviour) { m_behaviour = behaviour; }
+    /// Tells everybody; returns when the bus has taken it.
+    void changeState(uint state);
+    /// Says so to those who ask, and to nobody else.
+    void changeStateSilently(uint state) { m_state = state; }
+
+    // What it answers on the bus.
+    [[nodiscard]] QString introspect(const QString &path) const override;
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
+
+private:
+    QDBusConnection m_connection;
+    uint m_state;
+    Behaviour m_behaviour;
+    int m_questions = 0;
+    bool m_hasName;
+};
+
+} // namespace ostrel::test
