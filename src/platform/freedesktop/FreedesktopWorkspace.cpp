@@ -1,5 +1,6 @@
 #include "FreedesktopWorkspace.h"
 
+#include "MessageBus.h"
 #include "NotificationSettings.h"
 
 #include <QDBusPendingCallWatcher>
@@ -21,6 +22,7 @@ bool startDetached(const QStringList &command)
     QProcess process;
     process.setProgram(command.first());
     process.setArguments(command.sliced(1));
+    process.setProcessEnvironment(environmentOfPrograms());
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
     return process.startDetached();
@@ -59,10 +61,8 @@ QString encoded(const QUrl &url)
 
 } // namespace
 
-FreedesktopWorkspace::FreedesktopWorkspace(const QDBusConnection &bus,
-                                           std::chrono::milliseconds patience, QObject *parent)
+FreedesktopWorkspace::FreedesktopWorkspace(std::chrono::milliseconds patience, QObject *parent)
     : QObject(parent)
-    , m_bus(bus)
     , m_patience(patience)
 {
 }
@@ -90,9 +90,9 @@ bool FreedesktopWorkspace::openNotificationSettings()
 
 bool FreedesktopWorkspace::ask(const QDBusMessage &call, const QString &target)
 {
-    if (!m_bus.isConnected())
+    if (!m_bus || !m_bus->isConnected())
         return openWithProgram(target);
-    const auto reply = m_bus.asyncCall(call, static_cast<int>(m_patience.count()));
+    const auto reply = m_bus->asyncCall(call, static_cast<int>(m_patience.count()));
     auto *watcher = new QDBusPendingCallWatcher(reply, this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, target] {
         watcher->deleteLater();

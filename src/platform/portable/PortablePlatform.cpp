@@ -16,6 +16,8 @@ void returnFreedMemory() {}
 
 void readFontConfiguration() {}
 
+void avoidSilentServices() {}
+
 void preparePlatform() {}
 
 std::unique_ptr<NotificationCenter> makeNotificationCenter(const NotificationPresenter &presenter)
