@@ -78,6 +78,7 @@ struct Program
         RecordsReader records(invocation.dataDir);
         const auto faces = std::async(std::launch::async, &readFontConfiguration);
         preferSoftwareRenderer();
+        avoidSilentServices();
         QApplication application(argc, argv);
         preparePlatform();
         QApplication::setDesktopFileName(QStringLiteral("ostrel"));
@@ -95,10 +96,11 @@ struct Program
             return 0;
         case SingleInstance::Claim::failed:
             print("ostrel: another Ostrel that doesn't answer uses " +
-                      invocation.dataDir.toLocal8Bit() + ", or the folder can't be used\n",
+                      invocation.dataDir.toLocal8Bit() + '\n',
                   stderr);
             return exitFailed;
         case SingleInstance::Claim::first:
+        case SingleInstance::Claim::unusable: // It watches and tells all the same.
             break;
         }
         return watch(records, *instance);
@@ -185,6 +187,10 @@ private:
         };
         QObject::connect(&instance, &SingleInstance::activationRequested, &app.delegate(),
                          &AppDelegate::reopen);
+        QObject::connect(&instance, &SingleInstance::ownershipLost, &app, [] {
+            print("ostrel: another Ostrel has taken the data folder over\n", stderr);
+            QCoreApplication::quit();
+        });
         QObject::connect(termination.get(), &TerminationSignal::terminationRequested, &app,
                          &QCoreApplication::quit);
         QTimer::singleShot(startingTime, &returnFreedMemory);

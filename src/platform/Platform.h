@@ -36,6 +36,11 @@ void returnFreedMemory();
 /// doesn't wait for that. Any thread.
 void readFontConfiguration();
 
+/// Keeps the toolkit from those of the desktop's services that don't answer: it would wait for
+/// them. Takes a millisecond or two; half a second at most where one is silent. Before there is an
+/// application.
+void avoidSilentServices();
+
 /// Begins, on another thread, what the others would else wait for. Once there is an application.
 void preparePlatform();
 

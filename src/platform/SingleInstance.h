@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FolderOwnership.h"
+
 #include <QObject>
 #include <QString>
 
@@ -9,7 +11,10 @@ namespace ostrel {
 
 /// Sees to it that one program at a time owns a data folder, and hands a second start over to the
 /// first. Main thread.
-class SingleInstance : public QObject
+///
+/// What is owned is the folder that stands at the path: where it was deleted, renamed or replaced,
+/// renew() makes it again if there is none, and owns what is there.
+class SingleInstance : public QObject, public FolderOwnership
 {
     Q_OBJECT
 
@@ -17,7 +22,8 @@ public:
     enum class Claim {
         first,      ///< The folder is ours until this object or the process ends, however it ends.
         handedOver, ///< Another program has it, and has been asked to show itself.
-        failed,     ///< Another program has it but doesn't answer, or the folder can't be used.
+        failed,     ///< Another program has it but doesn't answer.
+        unusable,   ///< Nobody can have it (read-only, foreign, no folder). renew() may yet.
     };
 
     using QObject::QObject;
@@ -29,6 +35,9 @@ public:
 Q_SIGNALS:
     /// To the first: another start has handed over to us. @p activationToken may be empty.
     void activationRequested(const QByteArray &activationToken);
+    /// Once, from the event loop: another program has the folder that stands at the path now, and
+    /// has been asked to show itself. renew() is false from then on.
+    void ownershipLost();
 };
 
 } // namespace ostrel

@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 namespace ostrel::test {
 namespace {
 
@@ -221,6 +223,33 @@ TEST_F(FreedesktopLoginItemTest, IsRefusedWhereItCantBeWritten)
     QDir().mkpath(entryPath()); // A folder of that name.
     EXPECT_FALSE(item.registerItem());
     EXPECT_FALSE(item.unregisterItem());
+}
+
+TEST_F(FreedesktopLoginItemTest, LeavesAPipeOrADeviceAloneAndWaitsForNeither)
+{
+    QDir().mkpath(path("config/autostart"));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(entryPath()).constData(), 0600), 0);
+    FreedesktopLoginItem item(makeProgram(QStringLiteral("bin/ostrel")));
+    EXPECT_FALSE(item.registerItem());
+    EXPECT_TRUE(item.unregisterItem());
+    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/null"), entryPath()));
+    EXPECT_FALSE(item.registerItem());
+    EXPECT_EQ(QFileInfo(entryPath()).symLinkTarget(), QStringLiteral("/dev/null"));
+    struct stat status = {};
+    ASSERT_EQ(::stat("/dev/null", &status), 0);
+    EXPECT_TRUE(S_ISCHR(status.st_mode));
+}
+
+TEST_F(FreedesktopLoginItemTest, ClearsTheTemporaryFileOfAStartThatWasKilled)
+{
+    FreedesktopLoginItem item(makeProgram(QStringLiteral("bin/ostrel")));
+    ASSERT_TRUE(item.registerItem());
+    const QDir folder(path("config/autostart"));
+    EXPECT_EQ(folder.entryList(QDir::Files), QStringList{QStringLiteral("ostrel.desktop")});
+    QFile left(entryPath() + QStringLiteral(".tmp"));
+    ASSERT_TRUE(left.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(item.registerItem());
+    EXPECT_EQ(folder.entryList(QDir::Files), QStringList{QStringLiteral("ostrel.desktop")});
 }
 
 TEST_F(FreedesktopLoginItemTest, IsValidToTheDesktopsOwnTool)

@@ -88,7 +88,8 @@ TEST_P(MotionSettingTest, IsReadAtTheStart)
     const SettingCase &setting = GetParam();
     StubSettingsPortal portal(bus, {{setting.group, {{setting.key, setting.value}}}});
     QDBusConnection connection = bus.connect();
-    const FreedesktopMotionPreference preference(connection);
+    FreedesktopMotionPreference preference;
+    preference.follow(connection);
     ASSERT_TRUE(waitFor([&] { return !portal.asked.isEmpty(); }));
     EXPECT_TRUE(portal.asked.contains(setting.group));
     portal.awaitBus();
@@ -113,7 +114,8 @@ TEST(FreedesktopMotionPreferenceTest, FollowsTheDesktop)
 {
     PrivateBus bus;
     StubSettingsPortal portal(bus, {{gnome, {{enableAnimations, false}}}});
-    const FreedesktopMotionPreference preference(bus.connect());
+    FreedesktopMotionPreference preference;
+    preference.follow(bus.connect());
     int changes = 0;
     QObject::connect(&preference, &MotionPreference::isReducedChanged, [&] { ++changes; });
     ASSERT_TRUE(waitFor([&] { return preference.isReduced(); }));
@@ -128,8 +130,9 @@ TEST(FreedesktopMotionPreferenceTest, MovesWithoutAPortalOrABus)
 {
     PrivateBus bus;
     QDBusConnection connection = bus.connect();
-    const FreedesktopMotionPreference alone(connection);
-    const FreedesktopMotionPreference busless(QDBusConnection{QString()});
+    FreedesktopMotionPreference alone;
+    alone.follow(connection);
+    const FreedesktopMotionPreference busless;
     (void)connection.interface()->registeredServiceNames();
     QCoreApplication::processEvents();
     EXPECT_FALSE(alone.isReduced());

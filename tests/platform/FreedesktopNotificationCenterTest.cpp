@@ -35,7 +35,11 @@ NotificationRequest request(const QString &identifier, const QString &body,
 class FreedesktopNotificationCenterTest : public testing::Test
 {
 protected:
-    void SetUp() override { ASSERT_TRUE(m_bus.isRunning()); }
+    void SetUp() override
+    {
+        ASSERT_TRUE(m_bus.isRunning());
+        m_center.follow(m_connection);
+    }
 
     void startDaemon(const QStringList &capabilities = {QStringLiteral("body")})
     {
@@ -88,7 +92,7 @@ protected:
     PrivateBus m_bus;
     QDBusConnection m_connection = m_bus.connect();
     std::unique_ptr<StubNotificationDaemon> m_daemon;
-    FreedesktopNotificationCenter m_center{m_connection, 200ms};
+    FreedesktopNotificationCenter m_center{200ms};
 };
 
 TEST_F(FreedesktopNotificationCenterTest, SendsAllThatTheProtocolAsksFor)
@@ -340,7 +344,8 @@ TEST_F(FreedesktopNotificationCenterTest, MayEndWhileTheDaemonIsThinking)
     startDaemon();
     m_daemon->setBehaviour(Behaviour::holds);
     {
-        FreedesktopNotificationCenter center(m_bus.connect());
+        FreedesktopNotificationCenter center;
+        center.follow(m_bus.connect());
         center.add(request(shopDown, QStringLiteral("1")));
         ASSERT_TRUE(waitFor([&] { return m_daemon->capabilityCalls() == 1; }));
     }
@@ -358,65 +363,29 @@ TEST_F(FreedesktopNotificationCenterTest, SendsTextThatTheBusWouldRefuse)
     EXPECT_TRUE(m_daemon->notifications().first().body.startsWith(u'a'));
 }
 
-struct EnvironmentCase
+TEST_F(FreedesktopNotificationCenterTest, HoldsBackForABusThatIsAwaitedTheNewestOfEachIdentifier)
 {
-    const char *name;
-    const char *address;
-    const char *runtimeFolder;
-};
-
-void PrintTo(const EnvironmentCase &sample, std::ostream *out)
-{
-    *out << sample.name;
+    startDaemon();
+    FreedesktopNotificationCenter early;
+    early.awaitBus();
+    for (const auto *body : {"1", "2"})
+        early.add(request(shopDown, QString::fromLatin1(body)));
+    early.add(request(blogDown, QStringLiteral("3")));
+    early.follow(m_bus.connect());
+    ASSERT_TRUE(daemonHas(2));
+    EXPECT_EQ(m_daemon->notifications().at(0).body, QStringLiteral("2"));
+    EXPECT_EQ(m_daemon->notifications().at(1).body, QStringLiteral("3"));
 }
 
-/// Environments from which the bus library would find a bus only by starting one.
-class NoSessionBusTest : public testing::TestWithParam<EnvironmentCase>
+TEST_F(FreedesktopNotificationCenterTest, DropsEverythingWithoutABus)
 {
-};
-
-TEST_P(NoSessionBusTest, DropsEverything)
-{
-    qputenv("DBUS_SESSION_BUS_ADDRESS", GetParam().address);
-    qputenv("XDG_RUNTIME_DIR", GetParam().runtimeFolder);
-    // With a display and a home, one could be started.
-    const VirtualDisplay display;
-    const QTemporaryDir home;
-    qputenv("DISPLAY", display.name().toUtf8());
-    qputenv("HOME", home.path().toUtf8());
-    FreedesktopNotificationCenter center;
-    center.requestAuthorization();
-    center.add(request(shopDown, QStringLiteral("1")));
-    QCoreApplication::processEvents();
-    EXPECT_FALSE(sessionBus().isConnected());
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Environments, NoSessionBusTest,
-    testing::Values(EnvironmentCase{"Empty", "", ""},
-                    EnvironmentCase{"RuntimeFolderWithoutABus", "", "/nonexistent"},
-                    EnvironmentCase{"BusThatIsNoSocket", "", "/proc/self/root/bin/.."},
-                    EnvironmentCase{"Launching", "autolaunch:", ""},
-                    EnvironmentCase{"SocketThatIsGone", "unix:path=/nonexistent/bus", ""}),
-    [](const auto &test) { return std::string(test.param.name); });
-
-TEST(SessionBusTest, IsTheOneThatTheEnvironmentNames)
-{
-    PrivateBus bus;
-    qputenv("DBUS_SESSION_BUS_ADDRESS", bus.address().toUtf8());
-    StubNotificationDaemon daemon(bus);
-    FreedesktopNotificationCenter center;
-    center.add(request(shopDown, QStringLiteral("1")));
-    EXPECT_TRUE(waitFor([&] { return daemon.notifications().size() == 1; }));
-}
-
-TEST(SessionBusTest, IsFoundInTheRuntimeFolder)
-{
-    PrivateBus bus;
-    const QString path = bus.address().section(QStringLiteral("unix:path="), 1).section(u',', 0, 0);
-    qunsetenv("DBUS_SESSION_BUS_ADDRESS");
-    qputenv("XDG_RUNTIME_DIR", path.section(u'/', 0, -2).toUtf8());
-    EXPECT_TRUE(sessionBus().isConnected());
+    startDaemon();
+    FreedesktopNotificationCenter busless;
+    busless.add(request(shopDown, QStringLiteral("1")));
+    busless.follow(m_bus.connect());
+    busless.add(request(blogDown, QStringLiteral("2")));
+    ASSERT_TRUE(daemonHas(1));
+    EXPECT_EQ(m_daemon->notifications().at(0).body, QStringLiteral("2"));
 }
 
 } // namespace

@@ -15,16 +15,12 @@ QString text(const char *english)
     return QString::fromUtf8(english);
 }
 
-QDBusConnection noBus()
-{
-    return QDBusConnection(QString());
-}
-
 TEST(FreedesktopStatusBarHostTest, TellsOfEveryHostThatComes)
 {
     PrivateBus bus;
     ASSERT_TRUE(bus.isRunning());
-    const FreedesktopStatusBarHost host(bus.connect());
+    FreedesktopStatusBarHost host;
+    host.follow(bus.connect());
     EXPECT_TRUE(host.isAwaited());
     int comings = 0;
     QObject::connect(&host, &StatusBarHost::appeared, [&] { ++comings; });
@@ -43,7 +39,8 @@ TEST(FreedesktopStatusBarHostTest, FindsAHostThatIsThereAlready)
 {
     PrivateBus bus;
     ASSERT_TRUE(bus.connect().registerService(text("org.kde.StatusNotifierWatcher")));
-    const FreedesktopStatusBarHost host(bus.connect());
+    FreedesktopStatusBarHost host;
+    host.follow(bus.connect());
     int comings = 0;
     QObject::connect(&host, &StatusBarHost::appeared, [&] { ++comings; });
     EXPECT_TRUE(waitFor([&] { return comings > 0; }));
@@ -53,14 +50,14 @@ TEST(FreedesktopStatusBarHostTest, FindsAHostThatIsThereAlready)
 
 TEST(FreedesktopStatusBarHostTest, IsThereWithoutABus)
 {
-    const FreedesktopStatusBarHost host(noBus());
+    const FreedesktopStatusBarHost host;
     EXPECT_FALSE(host.isAwaited());
     EXPECT_EQ(host.menuText(text("Shop")), text("Shop"));
 }
 
 TEST(FreedesktopStatusBarHostTest, NoCharacterOfATextMarksAKey)
 {
-    const FreedesktopStatusBarHost host(noBus());
+    const FreedesktopStatusBarHost host;
     const std::pair<const char *, const char *> texts[] = {
         {"", ""},
         {"Field Notes", "Field Notes"},
@@ -77,7 +74,7 @@ TEST(FreedesktopStatusBarHostTest, NoCharacterOfATextMarksAKey)
 
 TEST(FreedesktopStatusBarHostTest, SharesThePaletteOnDesktopsOfTheToolkit)
 {
-    const FreedesktopStatusBarHost host(noBus());
+    const FreedesktopStatusBarHost host;
     const std::pair<const char *, bool> desktops[] = {
         {"KDE", true},           {"LXQt", true},     {"XFCE", false}, {"", false},
         {"ubuntu:GNOME", false}, {"Fork:KDE", true}, {"KDEx", false},

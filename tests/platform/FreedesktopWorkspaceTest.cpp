@@ -29,6 +29,7 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(bus.isRunning());
+        workspace.follow(bus.connect());
         ASSERT_TRUE(QDir(data.path()).mkdir(QStringLiteral("Ostrel data")));
     }
 
@@ -48,8 +49,8 @@ protected:
     QTemporaryDir data;
     PrivateBus bus; // Started while PATH still leads to its daemon.
     StubPrograms programs;
-    FreedesktopWorkspace workspace{bus.connect()};
-    FreedesktopWorkspace busless{QDBusConnection(QString())};
+    FreedesktopWorkspace workspace;
+    FreedesktopWorkspace busless;
 };
 
 /// The settings of notifications, desktop by desktop.
@@ -121,7 +122,8 @@ TEST_F(FreedesktopWorkspaceTest, APortalThatDoesNotAnswerIsGivenUp)
 {
     programs.add(QStringLiteral("xdg-open"));
     const StubPortal portal(bus, StubPortal::Behaviour::hangs);
-    FreedesktopWorkspace impatient(bus.connect(), 50ms);
+    FreedesktopWorkspace impatient(50ms);
+    impatient.follow(bus.connect());
     EXPECT_TRUE(impatient.open(mailbox));
     EXPECT_TRUE(haveStarted(openedMailbox));
     EXPECT_EQ(portal.addresses().size(), 1);

@@ -39,6 +39,7 @@ protected:
     {
         ASSERT_TRUE(m_bus.isRunning());
         ASSERT_TRUE(m_display.isRunning());
+        m_center.follow(m_connection);
     }
     [[nodiscard]] bool displays(int count)
     {
@@ -71,7 +72,7 @@ protected:
     QDBusConnection m_connection = m_bus.connect();
     VirtualDisplay m_display;
     NotificationDaemon m_daemon{m_bus, m_display};
-    FreedesktopNotificationCenter m_center{m_connection};
+    FreedesktopNotificationCenter m_center;
     NotificationManager m_manager{m_center};
 };
 

@@ -11,6 +11,7 @@
 // line, what happens to it.
 //
 //   PlatformHelper claim freedesktop|portable FOLDER PATIENCE-IN-MS
+//                                      renews its ownership at every request to end
 //   PlatformHelper signals COUNT       ends after COUNT requests to end
 
 namespace ostrel {
@@ -38,6 +39,8 @@ const char *nameOf(SingleInstance::Claim claim)
         return "handedOver";
     case SingleInstance::Claim::failed:
         return "failed";
+    case SingleInstance::Claim::unusable:
+        return "unusable";
     }
     Q_UNREACHABLE();
 }
@@ -47,9 +50,19 @@ int claim(const QStringList &arguments)
     const auto instance = makeInstance(arguments.at(2), arguments.at(3));
     QObject::connect(instance.get(), &SingleInstance::activationRequested,
                      [](const QByteArray &token) { tell("activated " + token); });
+    QObject::connect(instance.get(), &SingleInstance::ownershipLost, [] {
+        tell("lost");
+        QCoreApplication::quit();
+    });
+    // As the store does before it saves.
+    const FreedesktopTerminationSignal question;
+    QObject::connect(&question, &TerminationSignal::terminationRequested,
+                     [&] { tell(instance->renew() ? "owned" : "not owned"); });
     const auto claim = instance->claim(std::chrono::milliseconds(arguments.at(4).toInt()));
     tell(nameOf(claim));
-    return claim == SingleInstance::Claim::first ? QCoreApplication::exec() : 0;
+    if (claim != SingleInstance::Claim::first && claim != SingleInstance::Claim::unusable)
+        return 0;
+    return QCoreApplication::exec();
 }
 
 int awaitSignals(const QStringList &arguments)

@@ -3,6 +3,7 @@
 #include "ActivationToken.h"
 
 #include <array>
+#include <cerrno>
 #include <chrono>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -41,6 +42,8 @@ void ActivationPeer::read()
 {
     std::array<char, 512> bytes;
     const auto count = ::recv(m_socket.number(), bytes.data(), bytes.size(), 0);
+    if (count < 0 && (errno == EAGAIN || errno == EINTR))
+        return;
     if (count <= 0)
         return end();
     m_received.append(bytes.data(), count);

@@ -22,14 +22,17 @@ public:
     /// Whether the other end of @p socket belongs to this user.
     [[nodiscard]] static bool isOurs(const FileDescriptor &socket);
 
+    /// Takes what the other has said so far.
+    void read();
+    /// Hangs up.
+    void end();
+
 Q_SIGNALS:
     /// At most once, after the other has its answer.
     void activationRequested(const QByteArray &activationToken);
 
 private:
-    void read();
     void answer(const QByteArray &line);
-    void end();
 
     FileDescriptor m_socket;
     QByteArray m_received;

@@ -1,11 +1,12 @@
 #include "FreedesktopLoginItem.h"
 
+#include "AtomicFile.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -101,8 +102,9 @@ Keys desktopEntryKeys(const QString &text)
 /// The keys of the entry that stands in @p path; nothing where none can be read.
 std::optional<Keys> readEntry(const QString &path)
 {
+    // Opening a pipe would wait for whoever writes into it.
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
         return std::nullopt;
     return desktopEntryKeys(QString::fromUtf8(file.read(maxEntrySize)));
 }
@@ -140,13 +142,19 @@ FreedesktopLoginItem::FreedesktopLoginItem(const QString &executable)
 
 bool FreedesktopLoginItem::registerItem()
 {
+    const AtomicFile file(m_file);
+    file.removeLeftovers();
     if (isSettled())
         return true;
-    QSaveFile file(m_file);
-    if (!QDir().mkpath(QFileInfo(m_file).path()) || !file.open(QIODevice::WriteOnly))
+    const QFileInfo place(m_file);
+    // A link to a device, as users make one to disable an entry, stays.
+    if ((place.exists() && !place.isFile()) || !QDir().mkpath(place.path()))
         return false;
-    file.write(entry());
-    return file.commit();
+    const auto fill = [this](ContentWriter &writer) {
+        writer.append(entry().toStdString());
+        return true;
+    };
+    return file.write(fill, AtomicFile::Flush::none);
 }
 
 bool FreedesktopLoginItem::unregisterItem()

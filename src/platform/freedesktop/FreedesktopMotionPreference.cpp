@@ -45,27 +45,30 @@ QDBusMessage portalCall(const QString &method)
 
 } // namespace
 
-FreedesktopMotionPreference::FreedesktopMotionPreference(const QDBusConnection &bus,
-                                                         QObject *parent)
+FreedesktopMotionPreference::FreedesktopMotionPreference(QObject *parent)
     : MotionPreference(parent)
-    , m_bus(bus)
+    , m_portal(portalCall({}).service())
 {
-    if (!m_bus.isConnected())
-        return;
-    const QDBusMessage portal = portalCall(QStringLiteral("ReadAll"));
-    m_bus.connect(portal.service(), portal.path(), portal.interface(),
-                  QStringLiteral("SettingChanged"), this, SLOT(settingChanged(QDBusMessage)));
-    readAll();
 }
 
-void FreedesktopMotionPreference::readAll()
+void FreedesktopMotionPreference::follow(const QDBusConnection &bus)
+{
+    const QDBusMessage portal = portalCall({});
+    QDBusConnection(bus).connect(QString(), portal.path(), portal.interface(),
+                                 QStringLiteral("SettingChanged"), this,
+                                 SLOT(settingChanged(QDBusMessage)));
+    m_portal.follow(bus);
+    readAll(bus);
+}
+
+void FreedesktopMotionPreference::readAll(const QDBusConnection &bus)
 {
     QStringList groups;
     for (const MotionKey &key : motionKeys)
         groups += QString::fromLatin1(key.group);
     QDBusMessage call = portalCall(QStringLiteral("ReadAll"));
     call.setArguments({groups});
-    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
+    auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(call), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         watcher->deleteLater();
         const QDBusMessage reply = watcher->reply();
@@ -82,7 +85,7 @@ void FreedesktopMotionPreference::readAll()
 
 void FreedesktopMotionPreference::settingChanged(const QDBusMessage &signal)
 {
-    if (signal.signature() != QStringLiteral("ssv"))
+    if (signal.service() != m_portal.uniqueName() || signal.signature() != QStringLiteral("ssv"))
         return;
     const QVariantList arguments = signal.arguments();
     takeSetting(arguments.at(0).toString(), arguments.at(1).toString(),

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "MotionPreference.h"
+#include "NameOwner.h"
 
-#include <QDBusConnection>
 #include <QDBusMessage>
 #include <QVariant>
 
@@ -17,16 +17,19 @@ class FreedesktopMotionPreference final : public MotionPreference
     Q_OBJECT
 
 public:
-    explicit FreedesktopMotionPreference(const QDBusConnection &bus, QObject *parent = nullptr);
+    explicit FreedesktopMotionPreference(QObject *parent = nullptr);
+
+    /// @p bus is connected. At most once.
+    void follow(const QDBusConnection &bus);
 
 private Q_SLOTS:
     void settingChanged(const QDBusMessage &signal);
 
 private:
-    void readAll();
+    void readAll(const QDBusConnection &bus);
     void takeSetting(const QString &group, const QString &key, const QVariant &value);
 
-    QDBusConnection m_bus;
+    NameOwner m_portal;
     std::array<bool, 3> m_wantsLess = {}; ///< By the number of the key.
 };
 

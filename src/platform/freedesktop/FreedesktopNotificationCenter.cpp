@@ -57,25 +57,28 @@ T firstOf(const QDBusMessage &reply)
 
 } // namespace
 
-FreedesktopNotificationCenter::FreedesktopNotificationCenter(const QDBusConnection &bus,
-                                                             std::chrono::milliseconds patience,
+FreedesktopNotificationCenter::FreedesktopNotificationCenter(std::chrono::milliseconds patience,
                                                              QObject *parent)
     : QObject(parent)
-    , m_bus(bus)
     , m_patience(patience)
 {
-    if (!m_bus.isConnected())
-        return;
-    const auto *watcher = new QDBusServiceWatcher(daemonService(), m_bus,
+}
+
+void FreedesktopNotificationCenter::follow(const QDBusConnection &bus)
+{
+    m_bus = bus;
+    m_isBusAwaited = false;
+    const auto *watcher = new QDBusServiceWatcher(daemonService(), bus,
                                                   QDBusServiceWatcher::WatchForOwnerChange, this);
     connect(
         watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
         [this](const QString &, const QString &, const QString &owner) { changeDaemon(owner); });
+    sendWaiting();
 }
 
 void FreedesktopNotificationCenter::add(const NotificationRequest &request)
 {
-    if (!m_bus.isConnected())
+    if (!isConnected() && !m_isBusAwaited)
         return;
     const auto older =
         std::ranges::find(m_waiting, request.identifier, &NotificationRequest::identifier);
@@ -88,7 +91,7 @@ void FreedesktopNotificationCenter::add(const NotificationRequest &request)
 
 QDBusPendingCallWatcher *FreedesktopNotificationCenter::call(const QDBusMessage &message)
 {
-    const auto reply = m_bus.asyncCall(message, static_cast<int>(m_patience.count()));
+    const auto reply = m_bus->asyncCall(message, static_cast<int>(m_patience.count()));
     auto *watcher = new QDBusPendingCallWatcher(reply, this);
     connect(watcher, &QDBusPendingCallWatcher::finished, watcher, &QObject::deleteLater);
     return watcher;
@@ -114,7 +117,7 @@ void FreedesktopNotificationCenter::learnBodyFormat(const QDBusMessage &reply)
 
 void FreedesktopNotificationCenter::sendWaiting()
 {
-    if (m_waiting.isEmpty() || m_bodyFormat == BodyFormat::asked)
+    if (m_waiting.isEmpty() || !isConnected() || m_bodyFormat == BodyFormat::asked)
         return;
     if (m_bodyFormat == BodyFormat::unknown)
         return askForBodyFormat();

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "NotificationCenter.h"
-#include "SessionBus.h"
 
+#include <QDBusConnection>
 #include <QDBusMessage>
 #include <QHash>
 #include <QList>
@@ -10,6 +10,7 @@
 #include <QSet>
 
 #include <chrono>
+#include <optional>
 
 class QDBusPendingCallWatcher;
 
@@ -19,7 +20,8 @@ namespace ostrel {
 ///
 /// Never waits for the daemon: while it is thinking about a notification, newer ones of the same
 /// identifier wait, and only the newest is sent. What the daemon refuses, or doesn't answer within
-/// the patience, is dropped. Without a bus everything is.
+/// the patience, is dropped. Without a bus
+/// everything is.
 class FreedesktopNotificationCenter final : public QObject, public NotificationCenter
 {
     Q_OBJECT
@@ -28,9 +30,13 @@ public:
     /// Starting a daemon counts as part of its answer.
     static constexpr std::chrono::milliseconds defaultPatience{25'000};
 
-    explicit FreedesktopNotificationCenter(const QDBusConnection &bus = sessionBus(),
-                                           std::chrono::milliseconds patience = defaultPatience,
+    explicit FreedesktopNotificationCenter(std::chrono::milliseconds patience = defaultPatience,
                                            QObject *parent = nullptr);
+
+    /// Holds notifications back from now on, rather than dropping them, until there is a bus.
+    void awaitBus() { m_isBusAwaited = true; }
+    /// @p bus is connected. At most once.
+    void follow(const QDBusConnection &bus);
 
     void requestAuthorization() override {}
     void add(const NotificationRequest &request) override;
@@ -39,6 +45,7 @@ private:
     /// Daemons differ in whether a body is markup, and only the running one can tell.
     enum class BodyFormat { unknown, asked, plain, markup };
 
+    [[nodiscard]] bool isConnected() const { return m_bus && m_bus->isConnected(); }
     [[nodiscard]] QDBusPendingCallWatcher *call(const QDBusMessage &message);
     void askForBodyFormat();
     void learnBodyFormat(const QDBusMessage &reply);
@@ -47,7 +54,8 @@ private:
     void finishSending(const QString &identifier, const QDBusMessage &reply);
     void changeDaemon(const QString &owner);
 
-    QDBusConnection m_bus;
+    std::optional<QDBusConnection> m_bus;
+    bool m_isBusAwaited = false;
     std::chrono::milliseconds m_patience;
     BodyFormat m_bodyFormat = BodyFormat::unknown;
     bool m_hasDaemonChanged = false;      ///< Since the body's format was asked for.

@@ -1,3 +1,4 @@
+#include "ContinueOn.h"
 #include "FreedesktopLoginItem.h"
 #include "FreedesktopMotionPreference.h"
 #include "FreedesktopNetworkPresence.h"
@@ -7,9 +8,11 @@
 #include "FreedesktopTerminationSignal.h"
 #include "FreedesktopWakeSignal.h"
 #include "FreedesktopWorkspace.h"
+#include "MessageBus.h"
 #include "Platform.h"
-#include "SessionBus.h"
 
+#include <QDBusConnection>
+#include <QPromise>
 #include <QThreadPool>
 
 #include <ctime>
@@ -20,6 +23,76 @@
 #endif
 
 namespace ostrel {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// The buses of this process.
+struct Buses
+{
+    MessageBus session{sessionBusAddresses()};
+    MessageBus system{systemBusAddresses()};
+    bool isSessionHidden = false;
+};
+
+Buses &buses()
+{
+    static Buses all;
+    return all;
+}
+
+/// The toolkit's own connection, if the bus isn't hidden from it.
+QDBusConnection connectSession()
+{
+    const Buses &all = buses();
+    return all.isSessionHidden
+               ? QDBusConnection::connectToBus(QString::fromLocal8Bit(all.session.addresses()),
+                                               QStringLiteral("ostrel-session"))
+               : QDBusConnection::sessionBus();
+}
+
+using Connect = QDBusConnection (*)();
+
+QFuture<QDBusConnection> connectOnAnotherThread(Connect connect)
+{
+    const auto promise = std::make_shared<QPromise<QDBusConnection>>();
+    promise->start();
+    QThreadPool::globalInstance()->start([promise, connect] {
+        promise->addResult(connect());
+        promise->finish();
+    });
+    return promise->future();
+}
+
+/// Has @p service follow @p bus: now if it has answered, else when it does.
+template<typename Service>
+void attach(Service &service, const MessageBus &bus, Connect connect)
+{
+    const auto follow = [&service](const QDBusConnection &connection) {
+        if (connection.isConnected())
+            service.follow(connection);
+    };
+    if (bus.answersWithin(0ms))
+        return follow(connect());
+    continueOn(bus.answer(), &service, [&service, connect, follow] {
+        continueOn(connectOnAnotherThread(connect), &service, follow);
+    });
+}
+
+template<typename Service>
+void attachToSession(Service &service)
+{
+    attach(service, buses().session, &connectSession);
+}
+
+template<typename Service>
+void attachToSystem(Service &service)
+{
+    attach(service, buses().system, &QDBusConnection::systemBus);
+}
+
+} // namespace
 
 void keepMemorySmall()
 {
@@ -42,17 +115,32 @@ void readFontConfiguration()
     ::FcInit();
 }
 
+void avoidSilentServices()
+{
+    Buses &all = buses();
+    if (all.session.answersWithin(MessageBus::defaultPatience) || !all.session.isAwaited())
+        return;
+    hideSessionBus();
+    all.isSessionHidden = true;
+}
+
 void preparePlatform()
 {
     QThreadPool::globalInstance()->start([] {
-        static_cast<void>(sessionBus());
-        static_cast<void>(QDBusConnection::systemBus());
+        if (buses().session.answersWithin(0ms))
+            static_cast<void>(connectSession());
+        if (buses().system.answersWithin(0ms))
+            static_cast<void>(QDBusConnection::systemBus());
     });
 }
 
 std::unique_ptr<NotificationCenter> makeNotificationCenter(const NotificationPresenter &)
 {
-    return std::make_unique<FreedesktopNotificationCenter>();
+    auto center = std::make_unique<FreedesktopNotificationCenter>();
+    if (buses().session.isAwaited())
+        center->awaitBus();
+    attachToSession(*center);
+    return center;
 }
 
 ContinuousTime continuousNow()
@@ -64,7 +152,16 @@ ContinuousTime continuousNow()
 
 std::unique_ptr<WakeSignal> makeWakeSignal()
 {
-    return std::make_unique<FreedesktopWakeSignal>();
+    auto signal = std::make_unique<FreedesktopWakeSignal>();
+    attachToSystem(*signal);
+    return signal;
+}
+
+std::unique_ptr<NetworkPresence> makeNetworkPresence()
+{
+    auto presence = std::make_unique<FreedesktopNetworkPresence>();
+    attachToSystem(*presence);
+    return presence;
 }
 
 std::unique_ptr<NetworkPresence> makeNetworkPresence()
@@ -87,7 +184,11 @@ std::unique_ptr<SingleInstance> makeSingleInstance(const QString &storageDir)
 
 std::unique_ptr<StatusBarHost> makeStatusBarHost()
 {
-    return std::make_unique<FreedesktopStatusBarHost>();
+    auto host = std::make_unique<FreedesktopStatusBarHost>();
+    // A host on a bus that is hidden from the toolkit has nothing to show of ours.
+    if (!buses().isSessionHidden)
+        attachToSession(*host);
+    return host;
 }
 
 std::unique_ptr<TerminationSignal> makeTerminationSignal()
@@ -97,12 +198,16 @@ std::unique_ptr<TerminationSignal> makeTerminationSignal()
 
 std::unique_ptr<Workspace> makeWorkspace()
 {
-    return std::make_unique<FreedesktopWorkspace>();
+    auto workspace = std::make_unique<FreedesktopWorkspace>();
+    attachToSession(*workspace);
+    return workspace;
 }
 
 std::unique_ptr<MotionPreference> makeMotionPreference()
 {
-    return std::make_unique<FreedesktopMotionPreference>(sessionBus());
+    auto motion = std::make_unique<FreedesktopMotionPreference>();
+    attachToSession(*motion);
+    return motion;
 }
 
 } // namespace ostrel

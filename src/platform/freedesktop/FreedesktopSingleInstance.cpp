@@ -2,6 +2,7 @@
 
 #include "ActivationPeer.h"
 #include "ActivationToken.h"
+#include "StorageFolder.h"
 
 #include <QFile>
 
@@ -33,6 +34,8 @@ constexpr mode_t ownerOnly = 0600;
 /// How long a second start waits before it tries again.
 constexpr auto retryInterval = 20ms;
 constexpr int maxPeers = 16;
+/// How long accepting rests when it fails, as it does for want of descriptors.
+constexpr auto acceptPause = 200ms;
 
 /// The socket's address by way of the folder's descriptor, because a socket's path must be short
 /// and a data folder's may be long.
@@ -69,7 +72,7 @@ FileDescriptor listenIn(const FileDescriptor &folder)
     FileDescriptor socket = newSocket();
     const bool isListening = socket.isOpen() && ::fchmod(socket.number(), ownerOnly) == 0 &&
                              attach(::bind, socket, folder) &&
-                             ::listen(socket.number(), maxPeers) == 0;
+                             ::listen(socket.number(), SOMAXCONN) == 0;
     return isListening ? std::move(socket) : FileDescriptor();
 }
 
@@ -80,17 +83,24 @@ bool waitForAnswer(const FileDescriptor &socket, const QDeadlineTimer &deadline)
     return ::poll(&waited, 1, static_cast<int>(deadline.remainingTime())) > 0;
 }
 
+/// Asks the program that owns @p folder to show itself, without waiting; a closed descriptor where
+/// that can't be asked.
+FileDescriptor sendRequest(const FileDescriptor &folder)
+{
+    FileDescriptor socket = newSocket();
+    if (!socket.isOpen() || !attach(::connect, socket, folder))
+        return FileDescriptor();
+    const QByteArray request = "activate " + activationTokenFromEnvironment() + '\n';
+    const auto size = static_cast<std::size_t>(request.size());
+    const auto sent = ::send(socket.number(), request.constData(), size, MSG_NOSIGNAL);
+    return sent == request.size() ? std::move(socket) : FileDescriptor();
+}
+
 /// Asks the first program once; true where it has said that it will show itself.
 bool askFirst(const FileDescriptor &folder, const QDeadlineTimer &deadline)
 {
-    const FileDescriptor socket = newSocket();
-    if (!socket.isOpen() || !attach(::connect, socket, folder))
-        return false;
-    const QByteArray request = "activate " + activationTokenFromEnvironment() + '\n';
-    const auto size = static_cast<std::size_t>(request.size());
-    if (::send(socket.number(), request.constData(), size, MSG_NOSIGNAL) != request.size())
-        return false;
-    if (!waitForAnswer(socket, deadline))
+    const FileDescriptor socket = sendRequest(folder);
+    if (!socket.isOpen() || !waitForAnswer(socket, deadline))
         return false;
     std::array<char, okAnswer.size()> answer = {};
     const auto count = ::recv(socket.number(), answer.data(), answer.size(), 0);
@@ -105,12 +115,37 @@ void pause(const QDeadlineTimer &deadline)
     std::this_thread::sleep_for(pause);
 }
 
+/// The lock's file in @p folder, which is made where it can be. Never waits for what stands there
+/// in its place.
+FileDescriptor openLock(const FileDescriptor &folder)
+{
+    constexpr int flags = O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
+    FileDescriptor lock(::openat(folder.number(), lockName, O_RDWR | O_CREAT | flags, ownerOnly));
+    // One in a folder that is read-only can be locked as well.
+    if (!lock.isOpen())
+        lock = FileDescriptor(::openat(folder.number(), lockName, O_RDONLY | flags));
+    struct stat status = {};
+    const bool isFile = ::fstat(lock.number(), &status) == 0 && S_ISREG(status.st_mode);
+    return isFile ? std::move(lock) : FileDescriptor();
+}
+
+bool isSameFile(const struct stat &a, const struct stat &b)
+{
+    return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+}
+
 } // namespace
 
 FreedesktopSingleInstance::FreedesktopSingleInstance(const QString &storageDir, QObject *parent)
     : SingleInstance(parent)
     , m_storageDir(QFile::encodeName(storageDir))
 {
+    m_nextAccept.setSingleShot(true);
+    m_nextAccept.setInterval(acceptPause);
+    connect(&m_nextAccept, &QTimer::timeout, this, [this] {
+        if (m_notifier)
+            m_notifier->setEnabled(true);
+    });
 }
 
 FreedesktopSingleInstance::~FreedesktopSingleInstance()
@@ -123,55 +158,122 @@ FreedesktopSingleInstance::~FreedesktopSingleInstance()
 SingleInstance::Claim FreedesktopSingleInstance::claim(std::chrono::milliseconds patience)
 {
     const QDeadlineTimer deadline(patience);
-    m_folder = FileDescriptor(::open(m_storageDir.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    m_lock = FileDescriptor(::openat(m_folder.number(), lockName,
-                                     O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, ownerOnly));
-    if (!m_lock.isOpen())
-        return Claim::failed;
-    if (takeLock())
-        return becomeFirst();
-    return errno == EWOULDBLOCK ? handOver(deadline) : Claim::failed;
+    switch (takeLock()) {
+    case Lock::taken:
+        return Claim::first;
+    case Lock::held:
+        return handOver(deadline);
+    case Lock::impossible:
+        return Claim::unusable;
+    }
+    Q_UNREACHABLE();
 }
 
-bool FreedesktopSingleInstance::takeLock()
+bool FreedesktopSingleInstance::renew()
 {
-    return ::flock(m_lock.number(), LOCK_EX | LOCK_NB) == 0;
+    if (m_isLost || isOwner())
+        return !m_isLost;
+    createPrivateFolder(QFile::decodeName(m_storageDir));
+    const Lock lock = takeLock();
+    if (lock == Lock::held)
+        lose();
+    return lock == Lock::taken;
 }
 
-SingleInstance::Claim FreedesktopSingleInstance::becomeFirst()
+/// Whether the lock that stands at the path is the one that is held.
+bool FreedesktopSingleInstance::isOwner() const
 {
+    struct stat own = {};
+    struct stat found = {};
+    const QByteArray path = m_storageDir + '/' + lockName;
+    return ::fstat(m_lock.number(), &own) == 0 && ::lstat(path.constData(), &found) == 0 &&
+           isSameFile(own, found);
+}
+
+/// The former lock is held until there is a new one.
+FreedesktopSingleInstance::Lock FreedesktopSingleInstance::takeLock()
+{
+    FileDescriptor folder(
+        ::open(m_storageDir.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK));
+    FileDescriptor lock = openLock(folder);
+    if (!lock.isOpen())
+        return Lock::impossible;
+    if (::flock(lock.number(), LOCK_EX | LOCK_NB) != 0)
+        return errno == EWOULDBLOCK ? Lock::held : Lock::impossible;
+    std::swap(m_folder, folder);
+    std::swap(m_lock, lock);
+    // One that was replaced since it was opened keeps nobody out.
+    if (!isOwner())
+        return Lock::impossible;
+    listen();
+    return Lock::taken;
+}
+
+void FreedesktopSingleInstance::listen()
+{
+    m_notifier.reset();
     m_listener = listenIn(m_folder);
     if (!m_listener.isOpen())
-        return Claim::first;
+        return;
     m_notifier = std::make_unique<QSocketNotifier>(m_listener.number(), QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this,
             &FreedesktopSingleInstance::acceptPeers);
-    return Claim::first;
 }
 
 /// The first program may have the lock but not its socket yet, and it may end at any moment.
 SingleInstance::Claim FreedesktopSingleInstance::handOver(const QDeadlineTimer &deadline)
 {
+    const FileDescriptor folder(
+        ::open(m_storageDir.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     do {
-        if (askFirst(m_folder, deadline))
+        if (askFirst(folder, deadline))
             return Claim::handedOver;
         pause(deadline);
-        if (takeLock())
-            return becomeFirst();
+        if (takeLock() == Lock::taken)
+            return Claim::first;
     } while (!deadline.hasExpired());
     return Claim::failed;
 }
 
+void FreedesktopSingleInstance::lose()
+{
+    m_isLost = true;
+    (void)sendRequest(
+        FileDescriptor(::open(m_storageDir.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)));
+    QMetaObject::invokeMethod(this, &SingleInstance::ownershipLost, Qt::QueuedConnection);
+}
+
 void FreedesktopSingleInstance::acceptPeers()
 {
-    FileDescriptor socket(
-        ::accept4(m_listener.number(), nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
-    const auto peers = findChildren<ActivationPeer *>(QString(), Qt::FindDirectChildrenOnly);
-    if (!socket.isOpen() || peers.size() >= maxPeers || !ActivationPeer::isOurs(socket))
-        return;
+    for (int i = 0; i < maxPeers; ++i) {
+        if (acceptPeer())
+            continue;
+        if (errno == EAGAIN || errno == EWOULDBLOCK)
+            return;
+        // The notifier would tell of the same peer again and again.
+        m_notifier->setEnabled(false);
+        return m_nextAccept.start();
+    }
+}
+
+/// False, with errno, where nobody could be accepted.
+bool FreedesktopSingleInstance::acceptPeer()
+{
+    FileDescriptor socket(uninterrupted([this] {
+        return ::accept4(m_listener.number(), nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC);
+    }));
+    if (!socket.isOpen())
+        return false;
+    if (!ActivationPeer::isOurs(socket))
+        return true;
     auto *peer = new ActivationPeer(std::move(socket), this);
     connect(peer, &ActivationPeer::activationRequested, this,
             &FreedesktopSingleInstance::activationRequested);
+    peer->read();
+    const auto peers = findChildren<ActivationPeer *>(QString(), Qt::FindDirectChildrenOnly);
+    if (peers.size() > maxPeers)
+        delete peers.first();
+    return true;
 }
 
 } // namespace ostrel

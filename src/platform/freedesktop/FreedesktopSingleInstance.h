@@ -5,6 +5,7 @@
 
 #include <QDeadlineTimer>
 #include <QSocketNotifier>
+#include <QTimer>
 
 #include <memory>
 
@@ -15,7 +16,7 @@ namespace ostrel {
 /// line "activate TOKEN", answered by the line "ok".
 ///
 /// Only programs of the same user are served, a few at a time, each for a bounded time and a
-/// bounded number of bytes.
+/// bounded number of bytes. Who has said nothing makes way for who comes later.
 class FreedesktopSingleInstance final : public SingleInstance
 {
     Q_OBJECT
@@ -25,18 +26,27 @@ public:
     ~FreedesktopSingleInstance() override;
 
     [[nodiscard]] Claim claim(std::chrono::milliseconds patience) override;
+    [[nodiscard]] bool renew() override;
 
 private:
-    [[nodiscard]] bool takeLock();
-    Claim becomeFirst();
+    /// Of a try to lock the folder that stands at the path.
+    enum class Lock { taken, held, impossible };
+
+    [[nodiscard]] bool isOwner() const;
+    [[nodiscard]] Lock takeLock();
+    void listen();
     Claim handOver(const QDeadlineTimer &deadline);
+    void lose();
     void acceptPeers();
+    bool acceptPeer();
 
     QByteArray m_storageDir;
     FileDescriptor m_folder;
-    FileDescriptor m_lock;
-    FileDescriptor m_listener; ///< Open in the first program alone.
+    FileDescriptor m_lock; ///< Open in the first program alone, as are the ones that follow.
+    FileDescriptor m_listener;
     std::unique_ptr<QSocketNotifier> m_notifier;
+    QTimer m_nextAccept; ///< Runs while no more can be accepted.
+    bool m_isLost = false;
 };
 
 } // namespace ostrel

@@ -1,58 +1,29 @@
 #include "FreedesktopStatusBarHost.h"
 
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
-
 namespace ostrel {
 
-namespace {
-
-QString watcherService()
+FreedesktopStatusBarHost::FreedesktopStatusBarHost(QObject *parent)
+    : StatusBarHost(parent)
+    , m_host(QStringLiteral("org.kde.StatusNotifierWatcher"))
 {
-    return QStringLiteral("org.kde.StatusNotifierWatcher");
+    connect(&m_host, &NameOwner::changed, this, &FreedesktopStatusBarHost::noteHost);
 }
 
-} // namespace
-
-FreedesktopStatusBarHost::FreedesktopStatusBarHost(const QDBusConnection &bus, QObject *parent)
-    : StatusBarHost(parent)
-    , m_bus(bus)
+void FreedesktopStatusBarHost::follow(const QDBusConnection &bus)
 {
-    if (!m_bus.isConnected())
-        return;
-    connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
-            [this](const QString &, const QString &, const QString &owner) { noteHost(owner); });
-    m_watcher.setConnection(m_bus);
-    m_watcher.setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
-    m_watcher.addWatchedService(watcherService());
-    findHost();
+    m_bus = bus;
+    m_host.follow(bus);
 }
 
 bool FreedesktopStatusBarHost::isAwaited() const
 {
-    return m_bus.isConnected() && !m_isThere;
+    return m_bus && m_bus->isConnected() && !m_isThere;
 }
 
-void FreedesktopStatusBarHost::findHost()
-{
-    QDBusMessage question = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetNameOwner"));
-    question.setArguments({watcherService()});
-    auto *answer = new QDBusPendingCallWatcher(m_bus.asyncCall(question), this);
-    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
-        const QDBusPendingReply<QString> owner = *answer;
-        if (owner.isValid())
-            noteHost(owner.value());
-        answer->deleteLater();
-    });
-}
-
-void FreedesktopStatusBarHost::noteHost(const QString &owner)
+void FreedesktopStatusBarHost::noteHost()
 {
     const bool wasThere = m_isThere;
-    m_isThere = !owner.isEmpty();
+    m_isThere = !m_host.uniqueName().isEmpty();
     if (m_isThere && !wasThere)
         Q_EMIT appeared();
 }

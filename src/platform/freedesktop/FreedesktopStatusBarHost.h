@@ -1,9 +1,9 @@
 #pragma once
 
-#include "SessionBus.h"
+#include "NameOwner.h"
 #include "StatusBarHost.h"
 
-#include <QDBusServiceWatcher>
+#include <optional>
 
 namespace ostrel {
 
@@ -14,8 +14,10 @@ class FreedesktopStatusBarHost final : public StatusBarHost
     Q_OBJECT
 
 public:
-    explicit FreedesktopStatusBarHost(const QDBusConnection &bus = sessionBus(),
-                                      QObject *parent = nullptr);
+    explicit FreedesktopStatusBarHost(QObject *parent = nullptr);
+
+    /// @p bus is connected. At most once.
+    void follow(const QDBusConnection &bus);
 
     /// For as long as there is a bus without one.
     [[nodiscard]] bool isAwaited() const override;
@@ -24,11 +26,10 @@ public:
     [[nodiscard]] bool hasOurPalette() const override;
 
 private:
-    void findHost();
-    void noteHost(const QString &owner);
+    void noteHost();
 
-    QDBusConnection m_bus;
-    QDBusServiceWatcher m_watcher;
+    std::optional<QDBusConnection> m_bus;
+    NameOwner m_host;
     bool m_isThere = false;
 };
 

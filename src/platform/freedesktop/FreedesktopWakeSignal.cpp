@@ -2,20 +2,25 @@
 
 namespace ostrel {
 
-FreedesktopWakeSignal::FreedesktopWakeSignal(const QDBusConnection &bus, QObject *parent)
+FreedesktopWakeSignal::FreedesktopWakeSignal(QObject *parent)
     : WakeSignal(parent)
-    , m_bus(bus)
+    , m_logind(QStringLiteral("org.freedesktop.login1"))
 {
-    if (!m_bus.isConnected())
-        return;
-    m_bus.connect(QStringLiteral("org.freedesktop.login1"),
-                  QStringLiteral("/org/freedesktop/login1"),
-                  QStringLiteral("org.freedesktop.login1.Manager"),
-                  QStringLiteral("PrepareForSleep"), this, SLOT(prepareForSleep(bool)));
 }
 
-void FreedesktopWakeSignal::prepareForSleep(bool isGoingToSleep)
+void FreedesktopWakeSignal::follow(const QDBusConnection &bus)
 {
+    QDBusConnection(bus).connect(QString(), QStringLiteral("/org/freedesktop/login1"),
+                                 QStringLiteral("org.freedesktop.login1.Manager"),
+                                 QStringLiteral("PrepareForSleep"), this,
+                                 SLOT(prepareForSleep(bool, QDBusMessage)));
+    m_logind.follow(bus);
+}
+
+void FreedesktopWakeSignal::prepareForSleep(bool isGoingToSleep, const QDBusMessage &signal)
+{
+    if (signal.service() != m_logind.uniqueName())
+        return;
     if (isGoingToSleep)
         Q_EMIT willSleep();
     else

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "NameOwner.h"
 #include "WakeSignal.h"
 
-#include <QDBusConnection>
+#include <QDBusMessage>
 
 namespace ostrel {
 
@@ -13,14 +14,16 @@ class FreedesktopWakeSignal final : public WakeSignal
     Q_OBJECT
 
 public:
-    explicit FreedesktopWakeSignal(const QDBusConnection &bus = QDBusConnection::systemBus(),
-                                   QObject *parent = nullptr);
+    explicit FreedesktopWakeSignal(QObject *parent = nullptr);
+
+    /// @p bus is connected. At most once.
+    void follow(const QDBusConnection &bus);
 
 private Q_SLOTS:
-    void prepareForSleep(bool isGoingToSleep);
+    void prepareForSleep(bool isGoingToSleep, const QDBusMessage &signal);
 
 private:
-    QDBusConnection m_bus;
+    NameOwner m_logind;
 };
 
 } // namespace ostrel

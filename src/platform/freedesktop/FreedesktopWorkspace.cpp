@@ -1,6 +1,7 @@
 #include "FreedesktopWorkspace.h"
 
 #include "DescriptorLimit.h"
+#include "MessageBus.h"
 #include "NotificationSettings.h"
 
 #include <QDBusPendingCallWatcher>
@@ -26,6 +27,7 @@ bool startDetached(const QStringList &command)
     QProcess process;
     process.setProgram(limited.first());
     process.setArguments(limited.sliced(1));
+    process.setProcessEnvironment(environmentOfPrograms());
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
     return process.startDetached();
@@ -64,10 +66,8 @@ QString encoded(const QUrl &url)
 
 } // namespace
 
-FreedesktopWorkspace::FreedesktopWorkspace(const QDBusConnection &bus,
-                                           std::chrono::milliseconds patience, QObject *parent)
+FreedesktopWorkspace::FreedesktopWorkspace(std::chrono::milliseconds patience, QObject *parent)
     : QObject(parent)
-    , m_bus(bus)
     , m_patience(patience)
 {
 }
@@ -95,9 +95,9 @@ bool FreedesktopWorkspace::openNotificationSettings()
 
 bool FreedesktopWorkspace::ask(const QDBusMessage &call, const QString &target)
 {
-    if (!m_bus.isConnected())
+    if (!m_bus || !m_bus->isConnected())
         return openWithProgram(target);
-    const auto reply = m_bus.asyncCall(call, static_cast<int>(m_patience.count()));
+    const auto reply = m_bus->asyncCall(call, static_cast<int>(m_patience.count()));
     auto *watcher = new QDBusPendingCallWatcher(reply, this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, target] {
         watcher->deleteLater();

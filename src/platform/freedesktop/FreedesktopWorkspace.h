@@ -1,12 +1,13 @@
 #pragma once
 
-#include "SessionBus.h"
 #include "Workspace.h"
 
+#include <QDBusConnection>
 #include <QDBusMessage>
 #include <QObject>
 
 #include <chrono>
+#include <optional>
 
 namespace ostrel {
 
@@ -23,9 +24,11 @@ public:
     /// Starting the portal or the file manager counts as part of its answer.
     static constexpr std::chrono::milliseconds defaultPatience{25'000};
 
-    explicit FreedesktopWorkspace(const QDBusConnection &bus = sessionBus(),
-                                  std::chrono::milliseconds patience = defaultPatience,
+    explicit FreedesktopWorkspace(std::chrono::milliseconds patience = defaultPatience,
                                   QObject *parent = nullptr);
+
+    /// Uses @p bus, which is connected, from now on.
+    void follow(const QDBusConnection &bus) { m_bus = bus; }
 
     bool open(const QUrl &url) override;
     bool openFolder(const QString &path) override;
@@ -35,7 +38,7 @@ private:
     /// Sends @p call, which opens @p target, or does without it.
     bool ask(const QDBusMessage &call, const QString &target);
 
-    QDBusConnection m_bus;
+    std::optional<QDBusConnection> m_bus;
     std::chrono::milliseconds m_patience;
 };
 

@@ -18,6 +18,8 @@ void returnFreedMemory() {}
 
 void readFontConfiguration() {}
 
+void avoidSilentServices() {}
+
 void preparePlatform() {}
 
 std::unique_ptr<NotificationCenter> makeNotificationCenter(const NotificationPresenter &presenter)

@@ -2,9 +2,11 @@
 
 #include "ActivationToken.h"
 
+#include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <QUuid>
 
@@ -54,32 +56,97 @@ QByteArray takeRequest(const QString &path)
 PortableSingleInstance::PortableSingleInstance(const QString &storageDir, QObject *parent)
     : SingleInstance(parent)
     , m_mailbox(storageDir + QStringLiteral("/.ostrel-instance"))
-    , m_lock(m_mailbox + QStringLiteral("/lock"))
 {
-    // However old, a lock is good for as long as its program runs.
-    m_lock.setStaleLockTime(0);
     connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this,
             &PortableSingleInstance::takeRequests);
 }
 
-SingleInstance::Claim PortableSingleInstance::claim(std::chrono::milliseconds patience)
+PortableSingleInstance::~PortableSingleInstance()
 {
-    if (!QDir().mkpath(m_mailbox))
-        return Claim::failed;
-    QFile::setPermissions(m_mailbox, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    if (m_lock.tryLock(0))
-        return becomeFirst();
-    return m_lock.error() == QLockFile::LockFailedError ? handOver(patience) : Claim::failed;
+    forgetOthersLock();
 }
 
-SingleInstance::Claim PortableSingleInstance::becomeFirst()
+SingleInstance::Claim PortableSingleInstance::claim(std::chrono::milliseconds patience)
 {
+    switch (takeLock()) {
+    case Lock::taken:
+        return Claim::first;
+    case Lock::held:
+        return handOver(patience);
+    case Lock::impossible:
+        return Claim::unusable;
+    }
+    Q_UNREACHABLE();
+}
+
+bool PortableSingleInstance::renew()
+{
+    if (m_isLost || isOwner())
+        return !m_isLost;
+    const Lock lock = takeLock();
+    if (lock == Lock::held) {
+        m_isLost = true;
+        (void)writeRequest(m_mailbox);
+        QMetaObject::invokeMethod(this, &SingleInstance::ownershipLost, Qt::QueuedConnection);
+    }
+    return lock == Lock::taken;
+}
+
+/// Whether the lock that stands at the path is ours.
+bool PortableSingleInstance::isOwner() const
+{
+    qint64 process = 0;
+    QString host;
+    QString program;
+    return m_lock && isLockReadable() && m_lock->getLockInfo(&process, &host, &program) &&
+           process == QCoreApplication::applicationPid();
+}
+
+/// Whether no pipe or device stands in the lock's place, which Qt would wait for.
+bool PortableSingleInstance::isLockReadable() const
+{
+    const QFileInfo lock(lockPath());
+    return lock.isFile() || (!lock.exists() && !lock.isSymLink());
+}
+
+QString PortableSingleInstance::lockPath() const
+{
+    return m_mailbox + QStringLiteral("/lock");
+}
+
+/// A lock's end removes the file at its path, which must not be another program's.
+void PortableSingleInstance::forgetOthersLock()
+{
+    if (m_lock && QFileInfo::exists(lockPath()) && !isOwner())
+        static_cast<void>(m_lock.release());
+}
+
+PortableSingleInstance::Lock PortableSingleInstance::takeLock()
+{
+    forgetOthersLock();
+    m_lock.reset();
+    if (!QDir().mkpath(m_mailbox) || !isLockReadable())
+        return Lock::impossible;
+    constexpr auto ownerOnly = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+    QFile::setPermissions(m_mailbox, ownerOnly);
+    auto lock = std::make_unique<QLockFile>(lockPath());
+    // However old, a lock is good for as long as its program runs.
+    lock->setStaleLockTime(0);
+    if (!lock->tryLock(0))
+        return lock->error() == QLockFile::LockFailedError ? Lock::held : Lock::impossible;
+    m_lock = std::move(lock);
+    serve();
+    return Lock::taken;
+}
+
+void PortableSingleInstance::serve()
+{
+    m_watcher.removePath(m_mailbox);
     m_watcher.addPath(m_mailbox);
     // What was asked of a program that has ended, or of this one before it could listen, is
     // granted by this start.
     for (const QString &request : requestsIn(m_mailbox))
         takeRequest(m_mailbox + u'/' + request);
-    return Claim::first;
 }
 
 SingleInstance::Claim PortableSingleInstance::handOver(std::chrono::milliseconds patience)
@@ -90,8 +157,8 @@ SingleInstance::Claim PortableSingleInstance::handOver(std::chrono::milliseconds
         return Claim::failed;
     while (QFile::exists(*request) && !deadline.hasExpired()) {
         // The first program may end instead of answering.
-        if (m_lock.tryLock(0))
-            return becomeFirst();
+        if (takeLock() == Lock::taken)
+            return Claim::first;
         std::this_thread::sleep_for(lookInterval);
     }
     return QFile::remove(*request) ? Claim::failed : Claim::handedOver;

@@ -5,6 +5,8 @@
 #include <QFile>
 #include <QUuid>
 
+#include <csignal>
+
 namespace ostrel::test {
 
 namespace {
@@ -46,6 +48,7 @@ PrivateBus::PrivateBus(Kind kind)
 
 PrivateBus::~PrivateBus()
 {
+    thaw();
     for (const QString &name : m_connections)
         QDBusConnection::disconnectFromBus(name);
 }
@@ -90,6 +93,16 @@ void PrivateBus::makeActivatable(const QString &name, const QString &command)
     write(m_folder.filePath(QStringLiteral("services/%1.service").arg(name)),
           text.arg(name, command));
     connect().interface()->call(QStringLiteral("ReloadConfig"));
+}
+
+void PrivateBus::freeze()
+{
+    ::kill(static_cast<pid_t>(m_daemon.processId()), SIGSTOP);
+}
+
+void PrivateBus::thaw()
+{
+    ::kill(static_cast<pid_t>(m_daemon.processId()), SIGCONT);
 }
 
 void PrivateBus::stop()

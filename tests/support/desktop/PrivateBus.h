@@ -15,7 +15,8 @@ class PrivateBus
 public:
     enum class Kind {
         session, ///< Everything is allowed.
-        system,  ///< Method calls go only to logind and NetworkManager; this user may own their names.
+        system,  ///< Method calls go only to logind and NetworkManager; this user may own their
+                 ///< names.
     };
 
     explicit PrivateBus(Kind kind = Kind::session);
@@ -35,6 +36,9 @@ public:
     /// From now on the bus starts @p command, an absolute path with arguments, when @p name is
     /// called and nobody has it.
     void makeActivatable(const QString &name, const QString &command);
+    /// From now on the bus takes connections and bytes, but answers nothing, until it is thawed.
+    void freeze();
+    void thaw();
     /// Ends the bus before its time.
     void stop();
 

@@ -1,0 +1,106 @@
+#include "MessageBus.h"
+
+#include "BusHandshake.h"
+
+#include <QDeadlineTimer>
+#include <QPromise>
+
+#include <optional>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+
+namespace ostrel {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto sessionBusVariable = "DBUS_SESSION_BUS_ADDRESS";
+/// How often a bus that has hung up is called again.
+constexpr auto retryInterval = 10s;
+
+/// A bus that isn't there at the start is none; one that was silent may be back any time.
+void seekAnswer(const QByteArray &addresses, std::promise<bool> isThere, QPromise<void> answer)
+{
+    const QDeadlineTimer never(QDeadlineTimer::Forever);
+    BusAnswer given = askBus(addresses, never);
+    if (given == BusAnswer::given)
+        answer.finish();
+    isThere.set_value(given == BusAnswer::given);
+    if (given != BusAnswer::awaited)
+        return; // Cancels the answer of who isn't there.
+    while (given != BusAnswer::given) {
+        std::this_thread::sleep_for(retryInterval);
+        given = askBus(addresses, never);
+    }
+    answer.finish();
+}
+
+/// Whether the user's runtime folder holds a bus socket that the bus library would accept.
+bool hasUserBus(const QByteArray &folder)
+{
+    struct stat status = {};
+    return !folder.isEmpty() && ::stat((folder + "/bus").constData(), &status) == 0 &&
+           S_ISSOCK(status.st_mode) && status.st_uid == ::getuid();
+}
+
+/// The variable of the session's bus as it was, while it is hidden; null if there was none.
+std::optional<QByteArray> hiddenSessionBus;
+
+} // namespace
+
+MessageBus::MessageBus(const QByteArray &addresses)
+    : m_addresses(addresses)
+{
+    QPromise<void> answer;
+    answer.start();
+    m_answer = answer.future();
+    std::promise<bool> isThere;
+    m_isThere = isThere.get_future();
+    // Not joined: it may wait for as long as the program runs.
+    std::thread(&seekAnswer, addresses, std::move(isThere), std::move(answer)).detach();
+}
+
+bool MessageBus::answersWithin(std::chrono::milliseconds patience) const
+{
+    return m_isThere.wait_for(patience) == std::future_status::ready && m_isThere.get();
+}
+
+QByteArray sessionBusAddresses()
+{
+    const QByteArray addresses = qgetenv(sessionBusVariable);
+    const QByteArray folder = qgetenv("XDG_RUNTIME_DIR");
+    if (addresses.isEmpty())
+        return hasUserBus(folder) ? "unix:path=" + folder.toPercentEncoding("/") + "/bus"
+                                  : QByteArray();
+    return addresses.startsWith("autolaunch:") ? QByteArray() : addresses;
+}
+
+void hideSessionBus()
+{
+    hiddenSessionBus = qgetenv(sessionBusVariable);
+    // An address that nobody can connect to: without any the bus library looks elsewhere.
+    qputenv(sessionBusVariable, "disabled:");
+}
+
+QProcessEnvironment environmentOfPrograms()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    if (!hiddenSessionBus)
+        return environment;
+    const auto variable = QString::fromLatin1(sessionBusVariable);
+    if (hiddenSessionBus->isNull())
+        environment.remove(variable);
+    else
+        environment.insert(variable, QString::fromLocal8Bit(*hiddenSessionBus));
+    return environment;
+}
+
+QByteArray systemBusAddresses()
+{
+    const QByteArray addresses = qgetenv("DBUS_SYSTEM_BUS_ADDRESS");
+    return addresses.isEmpty() ? QByteArray("unix:path=/run/dbus/system_bus_socket") : addresses;
+}
+
+} // namespace ostrel
