@@ -4,6 +4,7 @@
 #include "LazyNetwork.h"
 #include "MainWindowLoader.h"
 #include "NotificationManager.h"
+#include "OneLine.h"
 #include "OstrelApp.h"
 #include "Platform.h"
 #include "PortCheck.h"
@@ -42,7 +43,7 @@ void print(const QByteArray &text, std::FILE *stream = stdout)
 
 void complain(const QString &sentence)
 {
-    print("ostrel: " + sentence.toLocal8Bit() + "\n", stderr);
+    print("ostrel: " + oneLine(sentence).toLocal8Bit() + '\n', stderr);
 }
 
 /// Says on stderr each time that @p store can't save any more.
@@ -95,9 +96,8 @@ struct Program
         case SingleInstance::Claim::handedOver:
             return 0;
         case SingleInstance::Claim::failed:
-            print("ostrel: another Ostrel that doesn't answer uses " +
-                      invocation.dataDir.toLocal8Bit() + '\n',
-                  stderr);
+            complain(QStringLiteral("another Ostrel that doesn't answer uses ") +
+                     invocation.dataDir);
             return exitFailed;
         case SingleInstance::Claim::first:
         case SingleInstance::Claim::unusable: // It watches and tells all the same.
@@ -179,6 +179,7 @@ private:
                 .workspace = *workspace,
                 .motion = *motion,
                 .statusBarHost = *statusBarHost,
+                .folderOwnership = &instance,
                 .fetchIcon = [&](const HttpRequest &request) { return network.fetch(request); },
             });
         tellOfFailures(app.store());
@@ -188,7 +189,7 @@ private:
         QObject::connect(&instance, &SingleInstance::activationRequested, &app.delegate(),
                          &AppDelegate::reopen);
         QObject::connect(&instance, &SingleInstance::ownershipLost, &app, [] {
-            print("ostrel: another Ostrel has taken the data folder over\n", stderr);
+            complain(QStringLiteral("another Ostrel has taken the data folder over"));
             QCoreApplication::quit();
         });
         QObject::connect(termination.get(), &TerminationSignal::terminationRequested, &app,

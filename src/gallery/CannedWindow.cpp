@@ -62,7 +62,7 @@ constexpr std::array windowRecipes = {
     WindowRecipe{"all-paused", allPaused},
     WindowRecipe{"many", manyCannedMonitors},
     WindowRecipe{"long", longCannedMonitors},
-    WindowRecipe{"offline", cannedMonitorsUp, dashboard, true},
+    WindowRecipe{.sample = "offline", .make = cannedMonitorsUp, .isOffline = true},
     WindowRecipe{"detail-down", cannedMonitors, 1},
     WindowRecipe{"detail-slow", cannedMonitors, 2},
     WindowRecipe{"detail-up", cannedMonitors, 3},
@@ -87,7 +87,7 @@ struct CannedWindow::Parts
     SheetOpener opener{store, form};
     DesktopActions desktop{workspace, folder.path()};
     CannedPresence presence;
-    SidebarNotice notice{presence};
+    SidebarNotice notice{store, presence};
 };
 
 CannedWindow::CannedWindow(QObject *parent)

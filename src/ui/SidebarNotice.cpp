@@ -1,25 +1,49 @@
 #include "SidebarNotice.h"
 
+#include "FolderText.h"
+#include "MonitorStore.h"
 #include "NetworkPresence.h"
+#include "OneLine.h"
+
+#include <QDir>
 
 namespace ostrel {
 
-SidebarNotice::SidebarNotice(const NetworkPresence &presence, QObject *parent)
+SidebarNotice::SidebarNotice(const MonitorStore &store, const NetworkPresence &presence,
+                             QObject *parent)
     : QObject(parent)
+    , m_store(store)
     , m_presence(presence)
 {
+    connect(&m_store, &MonitorStore::canSaveChanged, this, &SidebarNotice::update);
     connect(&m_presence, &NetworkPresence::isPresentChanged, this, &SidebarNotice::update);
     update();
 }
 
 void SidebarNotice::update()
 {
-    m_isNeeded = !m_presence.isPresent();
-    if (m_isNeeded)
-        m_message = {.text = tr("Offline. Checks wait for the network."),
-                     .symbol = QStringLiteral("network"),
-                     .tone = Tone::Secondary};
+    const auto message = currentMessage();
+    m_isNeeded = message.has_value();
+    if (message)
+        m_message = *message;
     Q_EMIT changed();
+}
+
+std::optional<SidebarNotice::Message> SidebarNotice::currentMessage() const
+{
+    // First what may lose something.
+    if (!m_store.canSave()) {
+        QString folder = folderText(m_store.storageDir(), QDir::homePath());
+        folder.chop(1); // The slash, before a full stop.
+        return Message{.text = tr("Can't save to %1.").arg(oneLine(folder)),
+                       .symbol = QStringLiteral("exclamationmark.triangle.fill"),
+                       .tone = Tone::Warning};
+    }
+    if (!m_presence.isPresent())
+        return Message{.text = tr("Offline. Checks wait for the network."),
+                       .symbol = QStringLiteral("network"),
+                       .tone = Tone::Secondary};
+    return std::nullopt;
 }
 
 } // namespace ostrel

@@ -6,8 +6,11 @@
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 
+#include <optional>
+
 namespace ostrel {
 
+class MonitorStore;
 class NetworkPresence;
 
 /// What the sidebar says of Ostrel itself: what keeps it from its work at the moment. Main thread.
@@ -24,8 +27,9 @@ class SidebarNotice : public QObject
     Q_PROPERTY(int tone READ tone NOTIFY changed FINAL)
 
 public:
-    /// @p presence outlives this object.
-    explicit SidebarNotice(const NetworkPresence &presence, QObject *parent = nullptr);
+    /// @p store and @p presence outlive this object.
+    SidebarNotice(const MonitorStore &store, const NetworkPresence &presence,
+                  QObject *parent = nullptr);
 
     [[nodiscard]] bool isNeeded() const { return m_isNeeded; }
     [[nodiscard]] QString text() const { return m_message.text; }
@@ -44,7 +48,9 @@ private:
     };
 
     void update();
+    [[nodiscard]] std::optional<Message> currentMessage() const;
 
+    const MonitorStore &m_store;
     const NetworkPresence &m_presence;
     Message m_message;
     bool m_isNeeded = false;

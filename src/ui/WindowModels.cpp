@@ -15,7 +15,7 @@ WindowModels::WindowModels(MonitorStore &store, MonitoringEngine &engine,
     , opener(store, form)
     , settings(loginItem)
     , desktop(workspace, store.storageDir())
-    , notice(presence)
+    , notice(store, presence)
 {
 }
 

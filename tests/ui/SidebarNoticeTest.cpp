@@ -1,33 +1,79 @@
 #include "SidebarNotice.h"
 
 #include "EngineFakes.h"
-#include "Tone.h"
+#include "MonitorStore.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 namespace ostrel::test {
 namespace {
 
-TEST(SidebarNoticeTest, SaysThatTheNetworkIsAway)
+class SidebarNoticeTest : public testing::Test
 {
-    ScriptedPresence presence;
-    const SidebarNotice notice(presence);
-    int changes = 0;
-    QObject::connect(&notice, &SidebarNotice::changed, [&] { ++changes; });
-    EXPECT_FALSE(notice.isNeeded());
+protected:
+    SidebarNoticeTest()
+    {
+        QObject::connect(&notice, &SidebarNotice::changed, [this] { ++changes; });
+    }
+    /// A file where the folder should be.
+    static QString blocked(const QString &path)
+    {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        return path;
+    }
+    /// Takes that away, and has the store notice.
+    void makeRoom()
+    {
+        ASSERT_TRUE(QFile::remove(store.storageDir()));
+        store.addMonitor(makeMonitor());
+    }
 
-    presence.setPresent(false);
-    EXPECT_EQ(changes, 1);
+    QTemporaryDir folder;
+    MonitorStore store{blocked(folder.filePath(QStringLiteral("data")))};
+    ScriptedPresence presence;
+    SidebarNotice notice{store, presence};
+    int changes = 0;
+};
+
+const QString offline = QStringLiteral("Offline. Checks wait for the network.");
+
+TEST_F(SidebarNoticeTest, SaysWhereNothingCanBeSaved)
+{
     EXPECT_TRUE(notice.isNeeded());
-    EXPECT_EQ(notice.text(), QStringLiteral("Offline. Checks wait for the network."));
+    EXPECT_EQ(notice.text(), QStringLiteral("Can't save to %1.").arg(store.storageDir()));
+    EXPECT_EQ(notice.symbol(), QStringLiteral("exclamationmark.triangle.fill"));
+    EXPECT_EQ(notice.tone(), static_cast<int>(Tone::Warning));
+
+    makeRoom();
+    EXPECT_EQ(changes, 1);
+    EXPECT_FALSE(notice.isNeeded());
+}
+
+TEST_F(SidebarNoticeTest, SaysThatTheNetworkIsAway)
+{
+    makeRoom();
+    presence.setPresent(false);
+    EXPECT_TRUE(notice.isNeeded());
+    EXPECT_EQ(notice.text(), offline);
     EXPECT_EQ(notice.symbol(), QStringLiteral("network"));
     EXPECT_EQ(notice.tone(), static_cast<int>(Tone::Secondary));
 
     presence.setPresent(true);
-    EXPECT_EQ(changes, 2);
     EXPECT_FALSE(notice.isNeeded());
-    EXPECT_EQ(notice.text(), QStringLiteral("Offline. Checks wait for the network."))
-        << "while it disappears";
+    EXPECT_EQ(notice.text(), offline) << "while it disappears";
+}
+
+TEST_F(SidebarNoticeTest, WhatMayLoseSomethingGoesFirst)
+{
+    presence.setPresent(false);
+    EXPECT_NE(notice.text(), offline);
+    makeRoom();
+    EXPECT_EQ(notice.text(), offline);
 }
 
 } // namespace
