@@ -29,12 +29,14 @@ public:
     static constexpr qsizetype memoryLimit = qsizetype(16) * 1024 * 1024;
 
     /// Keeps its files in @p cacheDir, which is made if it is missing, also later. What @p fetch
-    /// stands for outlives the service.
-    FaviconService(const QString &cacheDir, Fetch fetch, QObject *parent = nullptr);
+    /// stands for outlives the service. Of another @p priority for who waits for its icons.
+    FaviconService(const QString &cacheDir, Fetch fetch,
+                   WorkThread::Priority priority = WorkThread::Priority::idle,
+                   QObject *parent = nullptr);
 
     /// The icon of the site at @p address, as shownIcon makes it of what its source served, which
-    /// its file holds; a null image where none is found. Comes from memory, else from disk, else from the network, where lookups of
-    /// the same domain share one search.
+    /// its file holds; a null image where none is found. Comes from memory, else from disk, else
+    /// from the network, where lookups of the same domain share one search.
     [[nodiscard]] QFuture<QImage> icon(const QString &address);
 
     /// The title that the page at @p address, a URL with its scheme, gives itself; as pageTitleIn.

@@ -54,9 +54,8 @@ bool isLeftover(const QFileInfo &file, const QDateTime &newest)
 FileDescriptor openForReading(const QString &path)
 {
     const QByteArray name = QFile::encodeName(path);
-    return FileDescriptor(uninterrupted([&] {
-        return ::open(name.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-    }));
+    return FileDescriptor(uninterrupted(
+        [&] { return ::open(name.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); }));
 }
 
 } // namespace
@@ -71,7 +70,8 @@ void IconFolder::prepare() const
     makePrivateFolder(m_path);
     if (!QFileInfo(m_path).isSymLink())
         QFile::setPermissions(m_path, privateFolder);
-    const auto newest = QDateTime::currentDateTimeUtc().addSecs(-std::chrono::seconds(leftoverAge).count());
+    const auto newest =
+        QDateTime::currentDateTimeUtc().addSecs(-std::chrono::seconds(leftoverAge).count());
     QDirIterator entries(m_path, QDir::Files | QDir::Hidden);
     while (entries.hasNext()) {
         entries.next();

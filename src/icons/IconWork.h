@@ -19,6 +19,11 @@ namespace ostrel {
 class IconWork
 {
 public:
+    explicit IconWork(WorkThread::Priority priority = WorkThread::Priority::idle)
+        : m_thread(priority)
+    {
+    }
+
     /// Does @p work some time; it is no matter if that fails.
     void post(WorkThread::Work work) { m_thread.post(std::move(work)); }
 
@@ -30,7 +35,8 @@ public:
         return m_thread.run([work = std::move(work)] { return quietly(work); });
     }
 
-    /// What @p reader makes of @p answer's result, on the same terms; cancelled where the answer is.
+    /// What @p reader makes of @p answer's result, on the same terms; cancelled where the answer
+    /// is.
     template<typename Reader>
     [[nodiscard]] auto read(QFuture<HttpResult> answer, Reader reader)
     {
@@ -58,7 +64,7 @@ private:
         }
     }
 
-    WorkThread m_thread{WorkThread::Priority::idle};
+    WorkThread m_thread;
 };
 
 } // namespace ostrel

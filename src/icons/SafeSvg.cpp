@@ -15,8 +15,8 @@ constexpr qsizetype largestStyleSheet = 4096;
 constexpr int mostElements = 4096;
 constexpr int deepestLevel = 32;
 constexpr int mostAttributes = 64;
-/// How often a condition of a style sheet may meet a character of a class. Meeting an element takes as long as that
-/// many characters.
+/// How often a condition of a style sheet may meet a character of a class. Meeting an element takes
+/// as long as that many characters.
 constexpr qsizetype mostSelecting = qsizetype(12) * 1024 * 1024;
 constexpr qsizetype charactersPerElement = 28;
 const QLatin1String svgNamespace("http://www.w3.org/2000/svg");
@@ -67,9 +67,8 @@ bool hasFewAttributes(QStringView svg)
 /// How many conditions @p styleSheet has at most, one for each that selects or is combined.
 qsizetype conditionsIn(QStringView styleSheet)
 {
-    return std::ranges::count_if(styleSheet, [](QChar character) {
-        return QStringView(u"{,.#[").contains(character);
-    });
+    return std::ranges::count_if(
+        styleSheet, [](QChar character) { return QStringView(u"{,.#[").contains(character); });
 }
 
 /// Whether no element is selected by all that precede it, which takes quadratic time.
@@ -183,7 +182,8 @@ private:
         const QStringView sheet = m_reader.text();
         m_styleSheetSize += sheet.size();
         m_conditions += conditionsIn(sheet);
-        m_isSafe = m_styleSheetSize <= largestStyleSheet && hasNoSiblings(sheet) && isHarmless(sheet);
+        m_isSafe =
+            m_styleSheetSize <= largestStyleSheet && hasNoSiblings(sheet) && isHarmless(sheet);
         m_writer.writeCharacters(sheet.toString());
     }
 
