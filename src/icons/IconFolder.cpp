@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <fcntl.h>
+#include <unistd.h>
 #include <utility>
 
 namespace ostrel {
