@@ -1,6 +1,7 @@
 #include "FuzzTarget.h"
 #include "Mutator.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -12,11 +13,21 @@
 
 namespace {
 
+/// By name: a folder's own order differs from clone to clone, and with it what is made of a seed.
+std::vector<std::filesystem::path> sortedFiles(const std::filesystem::path &folder)
+{
+    std::vector<std::filesystem::path> files;
+    for (const auto &entry : std::filesystem::directory_iterator(folder))
+        files.push_back(entry.path());
+    std::ranges::sort(files);
+    return files;
+}
+
 std::vector<std::string> readCorpus(const std::filesystem::path &folder)
 {
     std::vector<std::string> corpus;
-    for (const auto &entry : std::filesystem::directory_iterator(folder)) {
-        std::ifstream file(entry.path(), std::ios::binary);
+    for (const auto &path : sortedFiles(folder)) {
+        std::ifstream file(path, std::ios::binary);
         corpus.emplace_back(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
     }
     return corpus;

@@ -5,7 +5,6 @@
 #include "PageTitle.h"
 
 #include <QTextBoundaryFinder>
-#include <QThreadPool>
 
 #include <utility>
 
@@ -32,12 +31,15 @@ std::optional<QString> titleOf(const HttpResult &result)
 
 } // namespace
 
-FaviconService::FaviconService(const QString &cacheDir, Fetch fetch, QObject *parent)
+FaviconService::FaviconService(const QString &cacheDir, Fetch fetch, WorkThread::Priority priority,
+                               QObject *parent)
     : QObject(parent)
     , m_cacheDir(cacheDir)
     , m_fetch(std::move(fetch))
     , m_memoryCache(memoryLimit)
+    , m_work(priority)
 {
+    m_work.post([folder = m_cacheDir] { folder.prepare(); });
 }
 
 QFuture<QImage> FaviconService::icon(const QString &address)
@@ -54,7 +56,7 @@ QFuture<QImage> FaviconService::icon(const QString &address)
 
 QFuture<QImage> FaviconService::search(const QString &domain)
 {
-    auto *search = new IconSearch(domain, m_cacheDir, m_fetch, this);
+    auto *search = new IconSearch(domain, m_cacheDir, m_fetch, m_work, this);
     connect(search, &IconSearch::finished, this, [this, domain, search](const QImage &icon) {
         m_inFlight.remove(domain);
         if (!icon.isNull())
@@ -66,10 +68,10 @@ QFuture<QImage> FaviconService::search(const QString &domain)
 
 QFuture<std::optional<QString>> FaviconService::pageTitle(const QString &address)
 {
-    const auto request = plainGet(address);
+    const auto request = plainGet(address, Reach::outwards);
     if (!request)
         return QtFuture::makeReadyFuture(std::optional<QString>());
-    return m_fetch(*request).then(QThreadPool::globalInstance(), titleOf);
+    return m_work.read(m_fetch(*request), &titleOf);
 }
 
 std::optional<QString> FaviconService::domain(const QString &address)

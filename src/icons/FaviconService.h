@@ -1,6 +1,7 @@
 #pragma once
 
 #include "IconFolder.h"
+#include "IconWork.h"
 #include "PlainGet.h"
 
 #include <QCache>
@@ -24,16 +25,18 @@ class FaviconService : public QObject
 
 public:
     /// How much memory the icons may take, in bytes. The least recently used go first; they are
-    /// still on disk. Has room for a thousand icons of 64 by 64 pixels, or one of the largest.
+    /// still on disk. Has room for a thousand icons of 64 by 64 pixels, or 64 of the largest.
     static constexpr qsizetype memoryLimit = qsizetype(16) * 1024 * 1024;
 
-    /// Keeps its files in @p cacheDir, which is made if it is missing. What @p fetch stands for
-    /// outlives the service.
-    FaviconService(const QString &cacheDir, Fetch fetch, QObject *parent = nullptr);
+    /// Keeps its files in @p cacheDir, which is made if it is missing, also later. What @p fetch
+    /// stands for outlives the service. Of another @p priority for who waits for its icons.
+    FaviconService(const QString &cacheDir, Fetch fetch,
+                   WorkThread::Priority priority = WorkThread::Priority::idle,
+                   QObject *parent = nullptr);
 
-    /// The icon of the site at @p address, as large as its source served it; a null image where
-    /// none is found. Comes from memory, else from disk, else from the network, where lookups of
-    /// the same domain share one search.
+    /// The icon of the site at @p address, as shownIcon makes it of what its source served, which
+    /// its file holds; a null image where none is found. Comes from memory, else from disk, else
+    /// from the network, where lookups of the same domain share one search.
     [[nodiscard]] QFuture<QImage> icon(const QString &address);
 
     /// The title that the page at @p address, a URL with its scheme, gives itself; as pageTitleIn.
@@ -54,6 +57,7 @@ private:
     const Fetch m_fetch;
     QCache<QString, QImage> m_memoryCache; ///< By domain; costs are bytes.
     QHash<QString, QFuture<QImage>> m_inFlight;
+    IconWork m_work;
 };
 
 } // namespace ostrel

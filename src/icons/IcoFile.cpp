@@ -1,5 +1,6 @@
 #include "IcoFile.h"
 
+#include "PictureDecoder.h"
 #include "PngChunks.h"
 
 #include <QtEndian>
@@ -19,6 +20,7 @@ constexpr qsizetype bitmapHeaderSize = 40;
 constexpr quint32 largestBitmapSide = 256;
 /// Each may cost as much to decode as a file of its own.
 constexpr qsizetype mostPictures = 8;
+constexpr quint32 mostFurtherPixels = 512 * 512;
 
 struct Picture
 {
@@ -48,9 +50,12 @@ std::optional<Picture> pngPicture(QByteArrayView content)
     constexpr qsizetype depthOffset = 24;
     if (content.size() <= depthOffset)
         return std::nullopt;
+    const auto width = qFromBigEndian<quint32>(content.data() + widthOffset);
+    const auto height = qFromBigEndian<quint32>(content.data() + heightOffset);
+    if (width > largestPictureSide || height > largestPictureSide)
+        return std::nullopt;
     constexpr quint16 bitsPerPixel = 32;
-    return Picture{qFromBigEndian<quint32>(content.data() + widthOffset),
-                   qFromBigEndian<quint32>(content.data() + heightOffset), bitsPerPixel, content};
+    return Picture{width, height, bitsPerPixel, content};
 }
 
 /// The height in the bitmap's header counts the mask too.
@@ -123,8 +128,14 @@ QList<QByteArray> picturesInIco(const QByteArray &ico)
     });
 
     QList<QByteArray> files;
-    for (const Picture &picture : pictures.first(std::min(pictures.size(), mostPictures)))
+    quint32 pixelsLeft = mostFurtherPixels;
+    for (const Picture &picture : pictures) {
+        const quint32 pixels = files.isEmpty() ? 0 : picture.width * picture.height;
+        if (pixels > pixelsLeft || files.size() == mostPictures)
+            continue;
+        pixelsLeft -= pixels;
         files.append(fileOf(picture));
+    }
     return files;
 }
 

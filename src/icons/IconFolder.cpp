@@ -1,14 +1,20 @@
 #include "IconFolder.h"
 
+#include "FileDescriptor.h"
 #include "PictureDecoder.h"
 
+#include <QDateTime>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSaveFile>
 #include <QUrl>
 
 #include <algorithm>
+#include <fcntl.h>
+#include <unistd.h>
 #include <utility>
 
 namespace ostrel {
@@ -32,12 +38,47 @@ void makePrivateFolder(const QString &path)
     QDir().mkdir(path, privateFolder);
 }
 
+/// Whether QSaveFile makes such names for what it is to replace an icon with.
+bool isTemporaryName(const QString &name)
+{
+    static const QRegularExpression pattern(QStringLiteral(R"(^.+\.png\.[A-Za-z]{6}$)"));
+    return pattern.match(name).hasMatch();
+}
+
+bool isLeftover(const QFileInfo &file, const QDateTime &newest)
+{
+    return isTemporaryName(file.fileName()) && file.isFile() && !file.isSymLink() &&
+           file.ownerId() == ::geteuid() && file.lastModified() < newest;
+}
+
+/// Without waiting for the other end, if it is a pipe.
+FileDescriptor openForReading(const QString &path)
+{
+    const QByteArray name = QFile::encodeName(path);
+    return FileDescriptor(uninterrupted(
+        [&] { return ::open(name.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); }));
+}
+
 } // namespace
 
 IconFolder::IconFolder(QString path)
-    : m_path(std::move(path))
+    : m_path(QDir::cleanPath(QDir(path).absolutePath()))
 {
-    makePrivateFolder(QDir::cleanPath(QDir(m_path).absolutePath()));
+}
+
+void IconFolder::prepare() const
+{
+    makePrivateFolder(m_path);
+    if (!QFileInfo(m_path).isSymLink())
+        QFile::setPermissions(m_path, privateFolder);
+    const auto newest =
+        QDateTime::currentDateTimeUtc().addSecs(-std::chrono::seconds(leftoverAge).count());
+    QDirIterator entries(m_path, QDir::Files | QDir::Hidden);
+    while (entries.hasNext()) {
+        entries.next();
+        if (isLeftover(entries.fileInfo(), newest))
+            QFile::remove(entries.filePath());
+    }
 }
 
 QImage IconFolder::read(const QString &domain) const
@@ -45,8 +86,10 @@ QImage IconFolder::read(const QString &domain) const
     const auto path = filePath(domain);
     if (!path || !QFileInfo(*path).isFile())
         return {};
-    QFile file(*path);
-    if (!file.open(QIODevice::ReadOnly))
+    const FileDescriptor opened = openForReading(*path);
+    QFile file;
+    // It may have become something else since, from which nothing is read.
+    if (!opened.isOpen() || !file.open(opened.number(), QIODevice::ReadOnly) || file.isSequential())
         return {};
     // Never asks for more than there is: QFile makes room for all that it is asked for.
     return decodePicture(file.read(std::min(file.size(), largestIconFile)));
@@ -57,6 +100,7 @@ void IconFolder::write(const QString &domain, const QImage &icon) const
     const auto path = filePath(domain);
     if (!path)
         return;
+    makePrivateFolder(m_path);
     QSaveFile file(*path);
     if (file.open(QIODevice::WriteOnly) && file.setPermissions(privateFile) &&
         icon.save(&file, "PNG"))

@@ -3,6 +3,7 @@
 #include <QImage>
 #include <QString>
 
+#include <chrono>
 #include <optional>
 
 namespace ostrel {
@@ -12,13 +13,21 @@ namespace ostrel {
 class IconFolder
 {
 public:
-    /// Makes the folder at @p path, and those above it, where they are missing; a failure shows
-    /// only in that nothing is kept.
+    /// After so long a temporary file is a crash's.
+    static constexpr std::chrono::hours leftoverAge{1};
+
     explicit IconFolder(QString path);
 
-    /// Null where there is none that can be read.
+    /// Makes the folder, and those above it, where they are missing; takes it away from others;
+    /// removes the temporary files that a crash has left in it. A failure shows only in that
+    /// nothing is kept.
+    void prepare() const;
+
+    /// Null where there is none that can be read. Waits for nobody where a pipe or a device has
+    /// its file's name.
     [[nodiscard]] QImage read(const QString &domain) const;
-    /// Replaces the icon of @p domain, whole or not at all; does nothing where that fails.
+    /// Replaces the icon of @p domain, whole or not at all; does nothing where that fails. Makes
+    /// the folder where it is missing.
     void write(const QString &domain, const QImage &icon) const;
 
     /// The name of the file for @p domain: the domain itself and ".png". What could lead out of the

@@ -1,10 +1,9 @@
 #include "IconSearch.h"
 
 #include "ContinueOn.h"
-#include "IconSources.h"
+#include "IconSizes.h"
+#include "IconWork.h"
 #include "PageIcon.h"
-
-#include <QThreadPool>
 
 #include <utility>
 
@@ -12,28 +11,25 @@ namespace ostrel {
 
 namespace {
 
-QStringList iconAddressesIn(const HttpResult &result, const QString &domain)
+QList<IconSource> iconSourcesIn(const HttpResult &result, const QString &domain)
 {
     const auto page = pageIn(result);
-    return page ? iconAddresses(*page, domain) : QStringList();
-}
-
-QImage keepPictureIn(const HttpResult &result, const QString &domain, const IconFolder &folder)
-{
-    QImage picture = pictureIn(result);
-    if (!picture.isNull())
-        folder.write(domain, picture);
-    return picture;
+    QList<IconSource> sources;
+    for (const QString &address : page ? iconAddresses(*page, domain) : QStringList())
+        sources.append({address, reachOfLinksIn(result)});
+    return sources;
 }
 
 } // namespace
 
-IconSearch::IconSearch(QString domain, IconFolder folder, Fetch fetch, QObject *parent)
+IconSearch::IconSearch(QString domain, IconFolder folder, Fetch fetch, IconWork &work,
+                       QObject *parent)
     : QObject(parent)
     , m_domain(std::move(domain))
     , m_folder(std::move(folder))
     , m_fetch(std::move(fetch))
-    , m_addresses(wellKnownIconAddresses(m_domain))
+    , m_work(work)
+    , m_sources(wellKnownIconSources(m_domain))
 {
 }
 
@@ -46,9 +42,8 @@ QFuture<QImage> IconSearch::start()
 
 void IconSearch::readFolder()
 {
-    const auto icon = QtFuture::makeReadyFuture().then(
-        QThreadPool::globalInstance(),
-        [domain = m_domain, folder = m_folder] { return folder.read(domain); });
+    const auto icon = m_work.run(
+        [domain = m_domain, folder = m_folder] { return shownIcon(folder.read(domain)); });
     continueOn(icon, this, [this](const QImage &kept) {
         if (kept.isNull())
             fetchHomePage();
@@ -59,45 +54,52 @@ void IconSearch::readFolder()
 
 void IconSearch::fetchHomePage()
 {
-    const auto request = plainGet(homePageAddress(m_domain));
+    const auto request = plainGet(homePageAddress(m_domain), Reach::outwards);
     if (!request) {
-        tryNextAddress();
+        tryNextSource();
         return;
     }
-    const auto addresses = m_fetch(*request).then(
-        QThreadPool::globalInstance(),
-        [domain = m_domain](const HttpResult &result) { return iconAddressesIn(result, domain); });
-    continueOn(addresses, this, [this](const QStringList &named) {
-        m_addresses = named + m_addresses;
-        tryNextAddress();
+    const auto sources =
+        m_work.read(m_fetch(*request), [domain = m_domain](const HttpResult &result) {
+            return iconSourcesIn(result, domain);
+        });
+    continueOn(sources, this, [this](const QList<IconSource> &named) {
+        m_sources = named + m_sources;
+        tryNextSource();
     });
 }
 
-void IconSearch::tryNextAddress()
+void IconSearch::tryNextSource()
 {
-    if (m_addresses.isEmpty()) {
+    if (m_sources.isEmpty()) {
         finish({});
         return;
     }
-    if (const auto request = plainGet(m_addresses.takeFirst()))
+    const IconSource source = m_sources.takeFirst();
+    if (const auto request = plainGet(source.address, source.reach))
         fetchPicture(*request);
     else
-        tryNextAddress();
+        tryNextSource();
 }
 
 void IconSearch::fetchPicture(const HttpRequest &request)
 {
-    const auto icon =
-        m_fetch(request).then(QThreadPool::globalInstance(),
-                              [domain = m_domain, folder = m_folder](const HttpResult &result) {
-                                  return keepPictureIn(result, domain, folder);
-                              });
-    continueOn(icon, this, [this](const QImage &picture) {
+    continueOn(m_work.read(m_fetch(request), &pictureIn), this, [this](const QImage &picture) {
         if (picture.isNull())
-            tryNextAddress();
+            tryNextSource();
         else
-            finish(picture);
+            keep(picture);
     });
+}
+
+void IconSearch::keep(const QImage &picture)
+{
+    // Two pieces of work, each of which is long enough for one.
+    m_work.post([domain = m_domain, folder = m_folder, picture] {
+        folder.write(domain, keptIcon(picture));
+    });
+    continueOn(m_work.run([picture] { return shownIcon(picture); }), this,
+               [this](const QImage &shown) { finish(shown); });
 }
 
 void IconSearch::finish(const QImage &icon)

@@ -1,15 +1,18 @@
 #pragma once
 
 #include "IconFolder.h"
+#include "IconSources.h"
 #include "PlainGet.h"
 
 #include <QFuture>
 #include <QImage>
+#include <QList>
 #include <QObject>
 #include <QPromise>
-#include <QStringList>
 
 namespace ostrel {
+
+class IconWork;
 
 /// Looks for the icon of one domain, once: on disk, then in one source after the other, each tried
 /// only after the one before has failed. What a source yields is kept on disk. Main thread, which
@@ -19,10 +22,12 @@ class IconSearch : public QObject
     Q_OBJECT
 
 public:
-    IconSearch(QString domain, IconFolder folder, Fetch fetch, QObject *parent = nullptr);
+    /// @p work outlives the search.
+    IconSearch(QString domain, IconFolder folder, Fetch fetch, IconWork &work,
+               QObject *parent = nullptr);
 
-    /// Begins. The future finishes, through the event loop, with the icon or a null image; it is
-    /// cancelled where the search is destroyed before its end.
+    /// Begins. The future finishes, through the event loop, with the icon as shownIcon makes it, or
+    /// a null image; it is cancelled where the search is destroyed before its end.
     [[nodiscard]] QFuture<QImage> start();
 
 Q_SIGNALS:
@@ -32,14 +37,16 @@ Q_SIGNALS:
 private:
     void readFolder();
     void fetchHomePage();
-    void tryNextAddress();
+    void tryNextSource();
     void fetchPicture(const HttpRequest &request);
+    void keep(const QImage &picture);
     void finish(const QImage &icon);
 
     const QString m_domain;
     const IconFolder m_folder;
     const Fetch m_fetch;
-    QStringList m_addresses; ///< Still to be tried.
+    IconWork &m_work;
+    QList<IconSource> m_sources; ///< Still to be tried.
     QPromise<QImage> m_promise;
 };
 

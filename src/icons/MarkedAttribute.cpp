@@ -49,6 +49,14 @@ Spans spansOf(const QString &html, const QRegularExpression &pattern)
     return spans;
 }
 
+std::vector<qsizetype> closersIn(const QString &html)
+{
+    std::vector<qsizetype> closers;
+    for (qsizetype at = html.indexOf(u'>'); at >= 0; at = html.indexOf(u'>', at + 1))
+        closers.push_back(at);
+    return closers;
+}
+
 /// A page with the places of everything that a pattern is made of, each found in one pass.
 class MarkedPage
 {
@@ -57,7 +65,7 @@ public:
         : m_html(html)
         , m_tags(spansOf(html, attribute.tag))
         , m_markers(spansOf(html, attribute.marker))
-        , m_closers(spansOf(html, QRegularExpression(QStringLiteral(">"))))
+        , m_closers(closersIn(html))
         , m_values(valuesIn(html, attribute.value))
     {
     }
@@ -89,8 +97,8 @@ private:
     /// The place of the first ">" from @p position on, or the page's end.
     [[nodiscard]] qsizetype closerFrom(qsizetype position) const
     {
-        const auto closer = firstFrom(m_closers, position, &Span::begin);
-        return closer == m_closers.end() ? m_html.size() : closer->begin;
+        const auto closer = std::ranges::lower_bound(m_closers, position);
+        return closer == m_closers.end() ? m_html.size() : *closer;
     }
 
     [[nodiscard]] bool hasMarker(Span range) const
@@ -130,7 +138,7 @@ private:
     const QString &m_html;
     Spans m_tags;
     Spans m_markers;
-    Spans m_closers;
+    std::vector<qsizetype> m_closers;
     std::vector<Value> m_values;
 };
 

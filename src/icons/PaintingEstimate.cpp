@@ -47,6 +47,10 @@ public:
     }
 
 private:
+    /// Filling it takes a twentieth of a microsecond for each point and pixel, drawing its outline
+    /// a third of one.
+    static constexpr double timesForOutline = 6;
+
     static QPainterPath pathThrough(const QPointF *points, int count)
     {
         QPainterPath path;
@@ -57,10 +61,12 @@ private:
         return path;
     }
 
+    [[nodiscard]] bool hasOutline() const { return m_pen.style() != Qt::NoPen; }
+
     /// How far the outline may reach beyond the path: the corners' tips are the farthest.
     [[nodiscard]] double outlineReach() const
     {
-        return m_pen.style() == Qt::NoPen ? 0 : m_pen.widthF() * std::max(m_pen.miterLimit(), 1.0);
+        return hasOutline() ? m_pen.widthF() * std::max(m_pen.miterLimit(), 1.0) : 0;
     }
 
     void add(const QRectF &bounds, int points)
@@ -71,7 +77,7 @@ private:
         // What lies far outside is costly too, however small it is.
         const double farthest = std::max({std::abs(drawn.left()), std::abs(drawn.right()),
                                           std::abs(drawn.top()), std::abs(drawn.bottom())});
-        m_work += points * farthest;
+        m_work += points * farthest * (hasOutline() ? timesForOutline : 1);
     }
 
     QTransform m_transform;

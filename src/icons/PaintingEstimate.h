@@ -18,7 +18,8 @@ public:
     ~PaintingEstimate() override;
 
     /// Every point of every path that was painted, times how many pixels its path, outline
-    /// included, reaches from the origin. A logo of 1000 points at 128 pixels comes to 128 000.
+    /// included, reaches from the origin; six times that where the outline is drawn. A logo of 1000
+    /// points at 128 pixels comes to 128 000, without outlines.
     /// Not finite where a coordinate isn't.
     [[nodiscard]] double work() const;
 

@@ -4,6 +4,7 @@
 #include "PaintingEstimate.h"
 #include "PngChunks.h"
 #include "SafeSvg.h"
+#include "WebpFile.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -37,15 +38,14 @@ PictureFormat formatOf(const QByteArray &bytes)
         return PictureFormat::jpeg;
     if (bytes.startsWith("GIF87a") || bytes.startsWith("GIF89a"))
         return PictureFormat::gif;
-    if (bytes.startsWith("RIFF") && QByteArrayView(bytes).sliced(4).indexOf("WEBP") == 4)
+    if (isWebp(bytes))
         return PictureFormat::webp;
     return looksLikeXml(bytes) ? PictureFormat::svg : PictureFormat::none;
 }
 
-bool isModestSize(const QSize &size)
+bool isModestSize(const QSize &size, int largestSide = largestPictureSide)
 {
-    return !size.isEmpty() && size.width() <= largestPictureSide &&
-           size.height() <= largestPictureSide;
+    return !size.isEmpty() && size.width() <= largestSide && size.height() <= largestSide;
 }
 
 /// The pixels of @p image without the texts, profile and resolution that came with them.
@@ -62,12 +62,12 @@ QImage pixelsOf(const QImage &image)
     return pixels;
 }
 
-QImage readPixels(QByteArray bytes, const QByteArray &format)
+QImage readPixels(QByteArray bytes, const QByteArray &format, int largestSide = largestPictureSide)
 {
     QBuffer buffer(&bytes);
     QImageReader reader(&buffer, format);
     reader.setAutoDetectImageFormat(false);
-    if (!isModestSize(reader.size()))
+    if (!isModestSize(reader.size(), largestSide))
         return {};
     return pixelsOf(reader.read());
 }
@@ -103,10 +103,19 @@ QImage decodeIco(const QByteArray &ico)
 /// the file's author.
 QImage decodeJpeg(const QByteArray &jpeg)
 {
-    constexpr qsizetype mostScans = 64;
+    constexpr qsizetype mostScans = 24;
     const QByteArrayView startOfScan("\xff\xda");
     return jpeg.count(startOfScan) > mostScans ? QImage()
                                                : readPixels(jpeg, QByteArrayLiteral("jpeg"));
+}
+
+/// A lossless picture can have as many tables as squares of four by four pixels.
+QImage decodeWebp(const QByteArray &webp)
+{
+    constexpr qsizetype mostLossless = qsizetype(40) * 1024;
+    constexpr int largestSide = 512;
+    const int side = losslessSize(webp) > mostLossless ? largestSide : largestPictureSide;
+    return readPixels(webp, QByteArrayLiteral("webp"), side);
 }
 
 /// A drawing that is 1 by 1 by its own account is a tracking pixel, and stays one.
@@ -160,7 +169,7 @@ QImage decodePicture(const QByteArray &bytes)
     case PictureFormat::gif:
         return decodeGif(bytes);
     case PictureFormat::webp:
-        return readPixels(bytes, QByteArrayLiteral("webp"));
+        return decodeWebp(bytes);
     case PictureFormat::svg:
         return decodeSvg(bytes);
     case PictureFormat::none:

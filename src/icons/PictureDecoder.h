@@ -15,7 +15,7 @@ inline constexpr int drawnPictureSide = 128;
 /// where either side is over largestPictureSide, which is found out before any pixel is decoded.
 ///
 /// Meant for what strangers send: pictures made to take a lot of time or memory are refused, and
-/// nothing but pixels is kept. Any thread; not the main one, for it may take tens of milliseconds.
+/// nothing but pixels is kept. Any thread; not the main one, for it may take a sixth of a second.
 [[nodiscard]] QImage decodePicture(const QByteArray &bytes);
 
 } // namespace ostrel

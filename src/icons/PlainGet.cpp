@@ -29,7 +29,7 @@ bool isOk(const HttpResult &result)
 
 } // namespace
 
-std::optional<HttpRequest> plainGet(const QString &address)
+std::optional<HttpRequest> plainGet(const QString &address, Reach reach)
 {
     if (address.size() > longestAddress)
         return std::nullopt;
@@ -43,6 +43,7 @@ std::optional<HttpRequest> plainGet(const QString &address)
         .timeout = 8s,
         .bodyLimit = answerLimit,
         .tlsDelegate = nullptr,
+        .reach = reach,
     };
 }
 

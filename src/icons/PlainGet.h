@@ -18,9 +18,9 @@ using Fetch = std::function<QFuture<HttpResult>(const HttpRequest &)>;
 /// larger is refused.
 inline constexpr qsizetype answerLimit = qsizetype(2) * 1024 * 1024;
 
-/// A GET of @p address as a plain client sends it, within 8 seconds. Nothing where the address is
-/// no URL of http or https, or is longer than any server takes.
-[[nodiscard]] std::optional<HttpRequest> plainGet(const QString &address);
+/// A GET of @p address as a plain client sends it, within 8 seconds, as far as @p reach allows.
+/// Nothing where the address is no URL of http or https, or is longer than any server takes.
+[[nodiscard]] std::optional<HttpRequest> plainGet(const QString &address, Reach reach);
 
 /// The text of a page that was fetched. Nothing unless the answer's status is 200 and its body
 /// UTF-8. Any thread.

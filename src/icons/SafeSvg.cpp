@@ -4,6 +4,8 @@
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
+#include <algorithm>
+
 namespace ostrel {
 
 namespace {
@@ -12,6 +14,11 @@ constexpr qsizetype largestSvg = qsizetype(256) * 1024;
 constexpr qsizetype largestStyleSheet = 4096;
 constexpr int mostElements = 4096;
 constexpr int deepestLevel = 32;
+constexpr int mostAttributes = 64;
+/// How often a condition of a style sheet may meet a character of a class. Meeting an element takes
+/// as long as that many characters.
+constexpr qsizetype mostSelecting = qsizetype(12) * 1024 * 1024;
+constexpr qsizetype charactersPerElement = 28;
 const QLatin1String svgNamespace("http://www.w3.org/2000/svg");
 const QLatin1String linkNamespace("http://www.w3.org/1999/xlink");
 
@@ -38,6 +45,38 @@ bool isInert(const QXmlStreamReader &reader)
            element == QLatin1String("desc") || element == QLatin1String("metadata");
 }
 
+/// Whether no element has more attributes than it may have. The reader takes quadratic time to find
+/// out that no two have the same name. No attribute's value holds "<", so every attribute stands
+/// between two of them, and has a "=". Lists of attributes in a declaration come on top.
+bool hasFewAttributes(QStringView svg)
+{
+    int attributes = 0;
+    bool isDeclaration = false;
+    for (qsizetype i = 0; i < svg.size() && attributes <= mostAttributes; ++i) {
+        if (svg[i] == u'<') {
+            attributes = 0;
+            // Comments may be full of such signs.
+            isDeclaration = svg.sliced(i).startsWith(u"<!");
+        } else if (svg[i] == u'=' && !isDeclaration) {
+            ++attributes;
+        }
+    }
+    return attributes <= mostAttributes;
+}
+
+/// How many conditions @p styleSheet has at most, one for each that selects or is combined.
+qsizetype conditionsIn(QStringView styleSheet)
+{
+    return std::ranges::count_if(
+        styleSheet, [](QChar character) { return QStringView(u"{,.#[").contains(character); });
+}
+
+/// Whether no element is selected by all that precede it, which takes quadratic time.
+bool hasNoSiblings(QStringView styleSheet)
+{
+    return !styleSheet.contains(u'~');
+}
+
 /// Dashes can be made so short that a line has millions of them, and imports lead out.
 bool isHarmless(QStringView styleOrAttribute)
 {
@@ -50,7 +89,7 @@ bool isHarmless(QStringView styleOrAttribute)
 class SvgCopy
 {
 public:
-    explicit SvgCopy(const QByteArray &svg)
+    explicit SvgCopy(const QString &svg)
         : m_reader(svg)
         , m_writer(&m_copy)
     {
@@ -60,12 +99,18 @@ public:
     {
         while (m_isSafe && !m_reader.atEnd())
             copyToken(m_reader.readNext());
-        if (!m_isSafe || m_reader.hasError())
+        if (!m_isSafe || m_reader.hasError() || selecting() > mostSelecting)
             return std::nullopt;
         return m_copy;
     }
 
 private:
+    /// Each condition is tried on every element, and on every class that it has.
+    [[nodiscard]] qsizetype selecting() const
+    {
+        return m_conditions * (m_elements * charactersPerElement + m_classSize);
+    }
+
     void copyToken(QXmlStreamReader::TokenType token)
     {
         switch (token) {
@@ -113,6 +158,7 @@ private:
         const auto attributes = m_reader.attributes();
         for (const QXmlStreamAttribute &attribute : attributes) {
             m_isSafe = m_isSafe && isHarmless(attribute.name()) && isHarmless(attribute.value());
+            m_classSize += attribute.name() == u"class" ? attribute.value().size() : 0;
             if (attribute.namespaceUri().isEmpty())
                 m_writer.writeAttribute(attribute.name().toString(), attribute.value().toString());
             else if (isLinkInside(attribute))
@@ -133,9 +179,12 @@ private:
     {
         if (m_path.isEmpty() || m_path.last() != QLatin1String("style"))
             return;
-        m_styleSheetSize += m_reader.text().size();
-        m_isSafe = m_styleSheetSize <= largestStyleSheet && isHarmless(m_reader.text());
-        m_writer.writeCharacters(m_reader.text().toString());
+        const QStringView sheet = m_reader.text();
+        m_styleSheetSize += sheet.size();
+        m_conditions += conditionsIn(sheet);
+        m_isSafe =
+            m_styleSheetSize <= largestStyleSheet && hasNoSiblings(sheet) && isHarmless(sheet);
+        m_writer.writeCharacters(sheet.toString());
     }
 
     QXmlStreamReader m_reader;
@@ -143,6 +192,8 @@ private:
     QXmlStreamWriter m_writer;
     QStringList m_path; ///< The elements that are open.
     qsizetype m_styleSheetSize = 0;
+    qsizetype m_conditions = 0;
+    qsizetype m_classSize = 0; ///< Of the classes of all elements, in characters.
     int m_elements = 0;
     bool m_isSafe = true;
 };
@@ -153,7 +204,10 @@ std::optional<QByteArray> safeSvg(const QByteArray &svg)
 {
     if (svg.size() > largestSvg)
         return std::nullopt;
-    return SvgCopy(svg).make();
+    const QString text = QString::fromUtf8(svg);
+    if (text.contains(QLatin1String("<!ATTLIST")) || !hasFewAttributes(text))
+        return std::nullopt;
+    return SvgCopy(text).make();
 }
 
 } // namespace ostrel

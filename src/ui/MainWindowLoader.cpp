@@ -5,7 +5,6 @@
 
 #include <QEventLoop>
 #include <QQuickWindow>
-#include <QThreadPool>
 
 namespace ostrel {
 
@@ -24,9 +23,10 @@ QUrl mainWindow()
 } // namespace
 
 MainWindowLoader::MainWindowLoader()
-    : m_types(&m_engine)
+    : m_faces(std::in_place)
+    , m_types(&m_engine)
 {
-    QThreadPool::globalInstance()->start(&ThemeFonts::findFaces);
+    m_faces->post(&ThemeFonts::findFaces);
     m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
 }
 
@@ -42,6 +42,7 @@ void MainWindowLoader::prepare()
 QQuickWindow *MainWindowLoader::load(WindowModels &models)
 {
     finishPreparing();
+    m_faces.reset();
     m_engine.setInitialProperties({
         {QStringLiteral("monitors"), QVariant::fromValue(&models.monitors)},
         {QStringLiteral("overview"), QVariant::fromValue(&models.overview)},

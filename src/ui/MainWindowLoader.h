@@ -1,7 +1,11 @@
 #pragma once
 
+#include "WorkThread.h"
+
 #include <QQmlApplicationEngine>
 #include <QQmlComponent>
+
+#include <optional>
 
 class QQuickWindow;
 
@@ -30,6 +34,7 @@ private:
     /// Runs the event loop while it waits.
     void finishPreparing();
 
+    std::optional<WorkThread> m_faces; ///< While the window is prepared.
     QQmlApplicationEngine m_engine;
     QQmlComponent m_types;
 };

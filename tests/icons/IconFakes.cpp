@@ -24,7 +24,13 @@ void FakeWeb::put(const QString &address, const QByteArray &body, int statusCode
     result.hasResponse = true;
     result.statusCode = statusCode;
     result.body = body;
+    result.isFromPublicAddress = true;
     m_answers.insert(address, result);
+}
+
+void FakeWeb::setPrivate(const QString &address)
+{
+    m_answers[address].isFromPublicAddress = false;
 }
 
 void FakeWeb::redirect(const QString &from, const QString &to)
@@ -51,6 +57,15 @@ QStringList FakeWeb::addresses() const
     for (const HttpRequest &request : requests)
         addresses += QString::fromLatin1(request.url);
     return addresses;
+}
+
+std::optional<Reach> FakeWeb::reachOf(const QString &address) const
+{
+    for (const HttpRequest &request : requests) {
+        if (QString::fromLatin1(request.url) == address)
+            return request.reach;
+    }
+    return std::nullopt;
 }
 
 HttpResult FakeWeb::answer(const HttpRequest &request) const

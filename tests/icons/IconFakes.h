@@ -9,6 +9,7 @@
 #include <QStringList>
 
 #include <deque>
+#include <optional>
 #include <vector>
 
 namespace ostrel::test {
@@ -21,6 +22,8 @@ public:
     [[nodiscard]] Fetch fetch();
 
     void put(const QString &address, const QByteArray &body, int statusCode = 200);
+    /// The answers for @p address come from a private network.
+    void setPrivate(const QString &address);
     void redirect(const QString &from, const QString &to);
     /// Requests for @p address get no response at all.
     void breakAt(const QString &address);
@@ -32,6 +35,8 @@ public:
 
     /// The addresses that were asked for, in order.
     [[nodiscard]] QStringList addresses() const;
+    /// How far the first request for @p address was allowed to go; nothing if there was none.
+    [[nodiscard]] std::optional<Reach> reachOf(const QString &address) const;
 
     std::vector<HttpRequest> requests;
 

@@ -2,17 +2,23 @@
 
 #include "Printers.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QSaveFile>
 #include <QTemporaryDir>
+#include <QTemporaryFile>
 
 #include <gtest/gtest.h>
 
 #include <string>
+#include <sys/stat.h>
 
 namespace ostrel::test {
 
 namespace {
+
+using namespace std::chrono_literals;
 
 struct NameCase
 {
@@ -28,6 +34,17 @@ class IconFileNameTest : public testing::TestWithParam<NameCase>
 class IconFolderTest : public testing::Test
 {
 protected:
+    IconFolderTest() { folder.prepare(); }
+
+    /// A file that was last written so long ago.
+    void putFile(const QString &name, std::chrono::seconds age) const
+    {
+        QFile file(path + QLatin1Char('/') + name);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTimeUtc().addSecs(-age.count()),
+                                     QFileDevice::FileModificationTime));
+    }
+
     [[nodiscard]] QStringList files() const
     {
         return QDir(path).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
@@ -123,6 +140,83 @@ TEST_F(IconFolderTest, WhatIsMissingOrNoFileIsNoIcon)
     EXPECT_TRUE(folder.read(domain).isNull());
     ASSERT_TRUE(QDir(path).mkdir(QStringLiteral("example.org.png")));
     EXPECT_TRUE(folder.read(domain).isNull());
+}
+
+TEST_F(IconFolderTest, AFolderUnderAnIconsNameIsLeftAlone)
+{
+    ASSERT_TRUE(QDir(path).mkdir(QStringLiteral("example.org.png")));
+    folder.write(domain, square(Qt::red));
+    EXPECT_TRUE(QFileInfo(path + QStringLiteral("/example.org.png")).isDir());
+    EXPECT_EQ(files().size(), 1);
+}
+
+TEST_F(IconFolderTest, APipeUnderAnIconsNameBlocksNothing)
+{
+    const QByteArray pipe = QFile::encodeName(path + QStringLiteral("/example.org.png"));
+    ASSERT_EQ(::mkfifo(pipe.constData(), S_IRUSR | S_IWUSR), 0);
+    EXPECT_TRUE(folder.read(domain).isNull());
+    folder.write(domain, square(Qt::red));
+    EXPECT_EQ(folder.read(domain), square(Qt::red));
+}
+
+TEST_F(IconFolderTest, ALinkToAPipeBlocksNothing)
+{
+    const QString pipe = path + QStringLiteral("/pipe");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), S_IRUSR | S_IWUSR), 0);
+    ASSERT_TRUE(QFile::link(pipe, path + QStringLiteral("/example.org.png")));
+    EXPECT_TRUE(folder.read(domain).isNull());
+}
+
+TEST_F(IconFolderTest, AFileIsWrittenWhereTheFolderIsGone)
+{
+    ASSERT_TRUE(QDir(parent.filePath(QStringLiteral("a"))).removeRecursively());
+    folder.write(domain, square(Qt::red));
+    EXPECT_EQ(folder.read(domain), square(Qt::red));
+    constexpr auto user = QFileDevice::ReadUser | QFileDevice::WriteUser | QFileDevice::ExeUser;
+    constexpr auto owner = QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner;
+    EXPECT_EQ(QFile::permissions(path), user | owner);
+}
+
+TEST_F(IconFolderTest, AFolderThatOthersCouldReadIsTakenAwayFromThem)
+{
+    ASSERT_TRUE(QFile::setPermissions(path, QFileDevice::Permissions(0x7755)));
+    folder.prepare();
+    EXPECT_EQ(QFile::permissions(path) & QFileDevice::Permissions(0x0077),
+              QFileDevice::Permissions());
+}
+
+TEST_F(IconFolderTest, WhatACrashHasLeftIsRemoved)
+{
+    // As QSaveFile names its temporary files where the file system gives every file a name.
+    QTemporaryFile temporary(path + QStringLiteral("/example.org.png.XXXXXX"));
+    temporary.setAutoRemove(false);
+    ASSERT_TRUE(temporary.open());
+    const QString left = QFileInfo(temporary.fileName()).fileName();
+    temporary.close();
+    putFile(left, IconFolder::leftoverAge + 1min);
+    putFile(QStringLiteral("%2Ebashrc.png.abcXYZ"), IconFolder::leftoverAge + 1min);
+    folder.prepare();
+    EXPECT_EQ(files(), QStringList());
+}
+
+TEST_F(IconFolderTest, WhatMayBeInUseOrSomebodyElsesStays)
+{
+    const QStringList others = {
+        QStringLiteral("example.org.png"),
+        QStringLiteral("example.org.png.abc"),
+        QStringLiteral("example.org.png.abcdefg"),
+        QStringLiteral("example.org.png.abcde1"),
+        QStringLiteral("notes.abcdef"),
+        QStringLiteral(".png.abcdef"),
+    };
+    for (const QString &name : others)
+        putFile(name, IconFolder::leftoverAge + 1min);
+    putFile(QStringLiteral("example.net.png.abcdef"), IconFolder::leftoverAge - 1min);
+    ASSERT_TRUE(QDir(path).mkdir(QStringLiteral("example.com.png.abcdef")));
+    ASSERT_TRUE(QFile::link(path + QStringLiteral("/example.org.png"),
+                            path + QStringLiteral("/link.png.abcdef")));
+    folder.prepare();
+    EXPECT_EQ(files().size(), others.size() + 3);
 }
 
 } // namespace ostrel::test

@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QImageReader>
 #include <QImageWriter>
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtEndian>
 
@@ -209,7 +210,7 @@ TEST(PictureDecoderTest, APngWhoseChunksRunOverItsEndIsSurvived)
     EXPECT_TRUE(decodePicture(png).isNull());
 }
 
-TEST(PictureDecoderTest, AJpegOfThousandsOfScansIsRefused)
+TEST(PictureDecoderTest, AJpegOfManyScansIsRefused)
 {
     QImage image(64, 64, QImage::Format_RGB32);
     image.fill(Qt::red);
@@ -224,7 +225,35 @@ TEST(PictureDecoderTest, AJpegOfThousandsOfScansIsRefused)
     ASSERT_GT(lastScan, 0);
     const qsizetype endOfImage = 2;
     const QByteArray scan = jpeg.sliced(lastScan, jpeg.size() - lastScan - endOfImage);
-    EXPECT_TRUE(decodePicture(jpeg.first(lastScan) + scan.repeated(1000) + jpeg.last(2)).isNull());
+    const auto withScans = [&](qsizetype count) {
+        const qsizetype others = jpeg.count("\xff\xda") - 1;
+        return jpeg.first(lastScan) + scan.repeated(count - others) + jpeg.last(endOfImage);
+    };
+    EXPECT_FALSE(decodePicture(withScans(24)).isNull());
+    EXPECT_TRUE(decodePicture(withScans(25)).isNull());
+}
+
+TEST(PictureDecoderTest, ALargeWebpOfManyLosslessBytesIsRefused)
+{
+    const auto noise = [](int side) {
+        QImage image(side, side, QImage::Format_RGB32);
+        QRandomGenerator random(1);
+        random.fillRange(reinterpret_cast<quint32 *>(image.bits()), image.sizeInBytes() / 4);
+        return image;
+    };
+    const auto webp = [](const QImage &image, int quality) {
+        QByteArray bytes;
+        QBuffer buffer(&bytes);
+        buffer.open(QIODevice::WriteOnly);
+        image.save(&buffer, "webp", quality);
+        return bytes;
+    };
+    constexpr int lossless = 100;
+    constexpr int lossy = 50;
+    EXPECT_FALSE(decodePicture(webp(noise(512), lossless)).isNull());
+    EXPECT_TRUE(decodePicture(webp(noise(513), lossless)).isNull());
+    EXPECT_FALSE(decodePicture(webp(noise(513), lossy)).isNull());
+    EXPECT_FALSE(decodePicture(picture({2048, 2048}, "webp")).isNull()) << "of a few bytes";
 }
 
 TEST(PictureDecoderTest, TheLargestPictureOfAnIcoIsTaken)
@@ -281,6 +310,19 @@ TEST(PictureDecoderTest, AnIcoOfManyEntriesForOnePictureIsNoBurden)
         ico += QByteArray(8, '\0') + littleEndian(contentSize) + littleEndian(offset);
     ico += pngClaiming(2048, 2048).leftJustified(contentSize, 'x');
     EXPECT_TRUE(decodePicture(ico).isNull());
+}
+
+TEST(PictureDecoderTest, AnIcoCannotHaveManyLargePicturesTried)
+{
+    QByteArray broken = picture({600, 600}, "png", Qt::blue);
+    broken[broken.size() - 20] = static_cast<char>(~broken[broken.size() - 20]);
+    ASSERT_TRUE(decodePicture(broken).isNull());
+    const IcoEntry large{0, broken};
+    const IcoEntry fitting{0, picture({512, 512}, "png", Qt::red)};
+    const IcoEntry small{16, picture({16, 16}, "png", Qt::green)};
+    EXPECT_EQ(decodePicture(icoOf({large, fitting})).size(), QSize(512, 512));
+    EXPECT_EQ(decodePicture(icoOf({large, {0, picture({513, 512})}, small})).size(), QSize(16, 16));
+    EXPECT_EQ(decodePicture(icoOf({large, large, small})).size(), QSize(16, 16));
 }
 
 TEST(PictureDecoderTest, AnIcoThatPointsOutsideItselfIsSurvived)
@@ -448,6 +490,59 @@ TEST_F(HostileSvgTest, WhatWouldTakeMinutesToDrawIsRefused)
     EXPECT_TRUE(decodePicture(svg("<circle r='9' stroke='#000' stroke-width='30000'/>")).isNull());
     EXPECT_TRUE(decodePicture(svg("<polygon points='0 0 1e9 0 0 1e9'/>")).isNull());
     EXPECT_TRUE(decodePicture(svg("<line x2='1e9' y2='1e9' stroke='#000'/>")).isNull());
+}
+
+TEST_F(HostileSvgTest, AttributesAreBounded)
+{
+    const auto attributes = [](int count) {
+        QByteArray list;
+        for (int i = 0; i < count; ++i)
+            list += " a" + QByteArray::number(i) + "=''";
+        return list;
+    };
+    const auto rect = [&](const QByteArray &more) {
+        return svg(QByteArray("<rect width='32' height='32'") + more + "/>");
+    };
+    EXPECT_FALSE(decodePicture(rect(attributes(62))).isNull());
+    EXPECT_TRUE(decodePicture(rect(attributes(63))).isNull());
+    EXPECT_TRUE(decodePicture(rect(attributes(22000))).isNull());
+    EXPECT_FALSE(decodePicture(svg(("<g" + attributes(60) + "/>").repeated(100))).isNull())
+        << "each element has its own";
+    EXPECT_FALSE(decodePicture(svg("<!--" + QByteArray(80, '=') + "-->")).isNull());
+    EXPECT_TRUE(decodePicture(svg("<title><b" + attributes(65) + "/></title>")).isNull())
+        << "also in what is left out";
+    EXPECT_TRUE(decodePicture("<!DOCTYPE svg [<!ATTLIST g a CDATA 'x'>]>" + svg("<g/>")).isNull())
+        << "each element would have them";
+}
+
+TEST_F(HostileSvgTest, SelectingIsBounded)
+{
+    const auto drawing = [](int conditions, int elements, const QByteArray &classes) {
+        return svg("<style>" + QByteArray("g{}").repeated(conditions) + "</style>" +
+                   ("<g class='" + classes + "'/>").repeated(elements));
+    };
+    EXPECT_FALSE(decodePicture(drawing(100, 4000, "a")).isNull());
+    EXPECT_TRUE(decodePicture(drawing(120, 4000, "a")).isNull());
+    EXPECT_FALSE(decodePicture(drawing(1300, 200, "a")).isNull());
+    EXPECT_TRUE(decodePicture(drawing(1300, 400, "a")).isNull());
+    EXPECT_TRUE(decodePicture(drawing(1300, 1, QByteArray("a ").repeated(5000))).isNull());
+    EXPECT_TRUE(decodePicture(svg("<style>" + QByteArray(".a").repeated(1000) + "{}</style>" +
+                                  QByteArray("<g class='a'/>").repeated(1000)))
+                    .isNull());
+    EXPECT_TRUE(decodePicture(svg("<style>g~g{}</style><g/><g/>")).isNull());
+}
+
+TEST_F(HostileSvgTest, OutlinesCountForMoreThanFillings)
+{
+    const auto zigzag = [](const QByteArray &attributes, int points) {
+        QByteArray path = "<path " + attributes + " d='M0 0";
+        for (int i = 0; i < points; ++i)
+            path += (i % 2 == 0 ? "L31 " : "L0 ") + QByteArray::number(i % 31);
+        return svg(path + "'/>");
+    };
+    EXPECT_FALSE(decodePicture(zigzag("", 10000)).isNull());
+    EXPECT_FALSE(decodePicture(zigzag("stroke='#000'", 1000)).isNull());
+    EXPECT_TRUE(decodePicture(zigzag("stroke='#000'", 7000)).isNull());
 }
 
 TEST_F(HostileSvgTest, BrokenDrawingsAreRefused)
