@@ -164,14 +164,6 @@ std::unique_ptr<NetworkPresence> makeNetworkPresence()
     return presence;
 }
 
-std::unique_ptr<NetworkPresence> makeNetworkPresence()
-{
-    auto presence = std::make_unique<FreedesktopNetworkPresence>();
-    if (const auto bus = QDBusConnection::systemBus(); bus.isConnected())
-        presence->follow(bus);
-    return presence;
-}
-
 std::unique_ptr<LoginItem> makeLoginItem()
 {
     return std::make_unique<FreedesktopLoginItem>();

@@ -1,0 +1,93 @@
+#include "ExpectedMonitor.h"
+#include "HostileBehaviours.h"
+#include "OstrelProgram.h"
+#include "PrivateBus.h"
+#include "StatusNotifierHost.h"
+#include "VirtualDisplay.h"
+#include "WaitFor.h"
+
+#include <QElapsedTimer>
+
+#include <gtest/gtest.h>
+
+namespace ostrel::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Half of what the bus library waits for an answer.
+constexpr qint64 farTooLong = 12'000;
+
+/// The program on buses that take all that is said to them and answer nothing.
+class SilentBusTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(sessionBus.isRunning());
+        ASSERT_TRUE(systemBus.isRunning());
+        program.showOn(display);
+        program.setEnvironment(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), sessionBus.address());
+        program.setEnvironment(QStringLiteral("DBUS_SYSTEM_BUS_ADDRESS"), systemBus.address());
+        program.setEnvironment(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"),
+                               QStringLiteral("1"));
+        program.writeMonitors({monitor});
+        time.start();
+    }
+
+    [[nodiscard]] bool recordsChecks(std::size_t count) const
+    {
+        return waitFor([&] {
+            const auto checks = program.readChecks();
+            return checks && checks->value(monitor.id).size() >= count;
+        });
+    }
+
+    HostileServer server{answerWith("OK")};
+    Monitor monitor = webMonitor(QStringLiteral("Shop"), server.url());
+    PrivateBus sessionBus;
+    PrivateBus systemBus{PrivateBus::Kind::system};
+    VirtualDisplay display;
+    OstrelProgram program;
+    QElapsedTimer time;
+};
+
+TEST_F(SilentBusTest, DelaysNeitherTheWindowNorTheChecksNorTheEnd)
+{
+    sessionBus.freeze();
+    systemBus.freeze();
+    ASSERT_TRUE(program.start());
+    EXPECT_TRUE(recordsChecks(2));
+    EXPECT_EQ(program.stop(), 0);
+    EXPECT_LT(time.elapsed(), farTooLong);
+}
+
+TEST_F(SilentBusTest, DelaysNothingWhereOneOfThemAnswers)
+{
+    for (PrivateBus *silent : {&sessionBus, &systemBus}) {
+        silent->freeze();
+        time.start();
+        ASSERT_TRUE(program.start());
+        EXPECT_TRUE(recordsChecks(1));
+        EXPECT_EQ(program.stop(), 0);
+        EXPECT_LT(time.elapsed(), farTooLong);
+        silent->thaw();
+    }
+}
+
+TEST_F(SilentBusTest, DelaysNothingWhenItFallsSilentLater)
+{
+    StatusNotifierHost panel(sessionBus);
+    ASSERT_TRUE(program.start());
+    ASSERT_TRUE(waitFor([&] { return panel.hasItem(); }));
+    sessionBus.freeze();
+    systemBus.freeze();
+    time.start();
+    const auto before = program.readChecks().value_or(QHash<QUuid, std::vector<Check>>());
+    EXPECT_TRUE(recordsChecks(before.value(monitor.id).size() + 2));
+    EXPECT_EQ(program.stop(), 0);
+    EXPECT_LT(time.elapsed(), farTooLong);
+}
+
+} // namespace
+} // namespace ostrel::test
