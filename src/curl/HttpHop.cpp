@@ -10,9 +10,10 @@ namespace {
 constexpr quint16 tlsProxyPort = 443;
 constexpr quint16 proxyPort = 1080;
 
+/// Nothing where there is no proxy, or its address is none.
 std::optional<WebAddress> proxyAddress(const QByteArray &proxy)
 {
-    return WebAddress::parse(proxy, CURLU_GUESS_SCHEME);
+    return proxy.isEmpty() ? std::nullopt : WebAddress::parse(proxy, CURLU_GUESS_SCHEME);
 }
 
 /// Of these a proxy gets an address, of all others it gets the name.
@@ -63,7 +64,7 @@ Transfer::Names HttpHop::names() const
     if (!m_address.isHttp())
         return names;
     const std::optional<WebAddress> proxy = proxyAddress(m_proxy);
-    if (isProxied() && proxy) {
+    if (proxy) {
         const quint16 port = isProxyTls() ? tlsProxyPort : proxyPort;
         addName(names, {.place = proxy->placeOr(port), .isProxy = true});
     }

@@ -15,7 +15,7 @@ namespace {
 QByteArray variable(std::initializer_list<const char *> names)
 {
     for (const char *name : names) {
-        if (const QByteArray value = qgetenv(name); !value.isEmpty())
+        if (QByteArray value = qgetenv(name); !value.isEmpty())
             return value;
     }
     return {};

@@ -55,9 +55,8 @@ CURL *Transfer::begin(const Surroundings &surroundings, const LookUps &lookUps)
     m_lastBeginning = Clock::now();
     m_errorBuffer.front() = '\0';
     if (!m_handle) {
-        m_addressCache.reset(curl_share_init());
         m_handle.reset(curl_easy_init());
-        if (!m_handle || !m_addressCache)
+        if (!m_handle)
             return nullptr;
         setCommonOptions();
         setUp(m_handle.get());
@@ -168,10 +167,6 @@ void Transfer::setCommonOptions()
     curl_easy_setopt(easy, CURLOPT_FORBID_REUSE, 1L);
     curl_easy_setopt(easy, CURLOPT_OPENSOCKETFUNCTION, openSocket);
     curl_easy_setopt(easy, CURLOPT_OPENSOCKETDATA, this);
-    // The addresses that our look-ups find are this transfer's alone. The library keeps those that
-    // it is given for as long as the cache lives.
-    curl_share_setopt(m_addressCache.get(), CURLSHOPT_SHARE, CURL_LOCK_DATA_DNS);
-    curl_easy_setopt(easy, CURLOPT_SHARE, m_addressCache.get());
     curl_easy_setopt(easy, CURLOPT_DNS_CACHE_TIMEOUT, 0L);
     // Should a look-up be left to the library after all: without it, giving up on one waits for the
     // resolver's own time-out and holds up every other transfer.
@@ -199,6 +194,19 @@ void Transfer::setAddresses(const LookUps &lookUps)
         m_addresses.insert(m_addresses.end(), found.begin(), found.end());
     }
     curl_easy_setopt(m_handle.get(), CURLOPT_RESOLVE, m_resolved.get());
+    if (m_resolved)
+        keepAddressesApart();
+}
+
+/// The library keeps the addresses that it is given for as long as their cache lives: it is this
+/// transfer's alone.
+void Transfer::keepAddressesApart()
+{
+    if (!m_addressCache) {
+        m_addressCache.reset(curl_share_init());
+        curl_share_setopt(m_addressCache.get(), CURLSHOPT_SHARE, CURL_LOCK_DATA_DNS);
+    }
+    curl_easy_setopt(m_handle.get(), CURLOPT_SHARE, m_addressCache.get());
 }
 
 milliseconds Transfer::timeLeft() const

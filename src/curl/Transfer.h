@@ -125,6 +125,7 @@ private:
     void setCommonOptions();
     void setTimeout(std::chrono::milliseconds timeout);
     void setAddresses(const LookUps &lookUps);
+    void keepAddressesApart();
     void restoreScope(curl_sockaddr &address) const;
     void countWholeTime(Clock::time_point now);
     [[nodiscard]] std::chrono::milliseconds timeLeft() const;

@@ -60,7 +60,8 @@ struct TcpResult
 /// All that the program does with the network. Any thread.
 ///
 /// A future finishes, with exactly one result, at most half a second after the time-out counted
-/// from the admission; only where the network ends first is it cancelled instead.
+/// from the admission; only where the network ends first is it cancelled instead. What waits for a
+/// place among our own, for a free look-up or for the trusted certificates spends none of its time.
 class Network
 {
 public:
@@ -69,9 +70,11 @@ public:
     Network &operator=(const Network &) = delete;
     virtual ~Network() = default;
 
-    /// Fetches a web address. Every request stands alone: a connection, look-up, TLS session and
-    /// cookie jar of its own, none of them kept. Up to 20 redirects are followed, to http and https
-    /// only; POST becomes GET on 301, 302 and 303.
+    /// Fetches a web address. Every request stands alone: a connection, TLS session and cookie jar
+    /// of its own, none of them kept. Nor are look-ups, but one that is under way serves all that
+    /// ask for its name. Up to 20 redirects are followed, to http and https only; POST becomes GET
+    /// on 301, 302 and 303. The proxies that the environment names are used, for no address of this
+    /// computer's.
     [[nodiscard]] virtual QFuture<HttpResult> fetch(const HttpRequest &request) = 0;
 
     /// Sees whether a TCP connection can be opened. Resolves @p host (a name, an IPv4 or an IPv6

@@ -15,7 +15,7 @@ public:
 
     /// A server has shown its leaf certificate, which ends at @p notAfter. Called on the I/O
     /// thread, during the handshake, before the verdict, once or more for every TLS server on the
-    /// way; every call happens before the request's future is finished.
+    /// way, but for proxies; every call happens before the request's future is finished.
     virtual void didReceiveLeafCertificate(std::chrono::sys_seconds notAfter) = 0;
 };
 
