@@ -9,6 +9,7 @@
 namespace ostrel {
 
 using namespace std::chrono;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -48,30 +49,27 @@ IoThread::Worker::~Worker()
     {
         const std::lock_guard lock(m_mutex);
         m_requests.shallStop = true;
-        wake();
     }
+    m_waker->wake();
     m_thread.join();
 }
 
 void IoThread::Worker::submit(std::unique_ptr<Transfer> transfer)
 {
-    const std::lock_guard lock(m_mutex);
-    m_requests.submissions.push_back(std::move(transfer));
-    wake();
+    {
+        const std::lock_guard lock(m_mutex);
+        m_requests.submissions.push_back(std::move(transfer));
+    }
+    m_waker->wake();
 }
 
 void IoThread::Worker::renewConnections()
 {
-    const std::lock_guard lock(m_mutex);
-    m_requests.shallRenew = true;
-    wake();
-}
-
-void IoThread::Worker::wake()
-{
-    // Without one, the thread is still on its way to its first look at the requests.
-    if (m_multi)
-        curl_multi_wakeup(m_multi.get());
+    {
+        const std::lock_guard lock(m_mutex);
+        m_requests.shallRenew = true;
+    }
+    m_waker->wake();
 }
 
 void IoThread::Worker::run()
@@ -92,10 +90,13 @@ void IoThread::Worker::run()
             admitSome();
         serve();
         endFinished();
+        concludeEnded();
     }
+    m_waker->setMulti(nullptr);
     for (const auto &[handle, transfer] : m_running)
         curl_multi_remove_handle(m_multi.get(), handle);
     m_running.clear();
+    m_ended.clear();
     m_waiting.clear();
 }
 
@@ -122,10 +123,10 @@ void IoThread::Worker::renew()
 
 void IoThread::Worker::replaceMulti()
 {
-    const std::lock_guard lock(m_mutex);
-    m_multi.reset(curl_multi_init());
+    CurlMulti multi(curl_multi_init());
     // Whoever has asked for something since the requests were taken has woken the old one, or none.
-    wake();
+    m_waker->setMulti(multi.get());
+    m_multi = std::move(multi);
 }
 
 void IoThread::Worker::startAnew(std::unique_ptr<Transfer> transfer)
@@ -133,7 +134,7 @@ void IoThread::Worker::startAnew(std::unique_ptr<Transfer> transfer)
     // Renewals that follow each other more closely than the library's shortest time-out must not
     // keep it alive.
     if (transfer->isOverdue()) {
-        transfer->end(CURLE_OPERATION_TIMEDOUT, Clock::now());
+        end(std::move(transfer), CURLE_OPERATION_TIMEDOUT, Clock::now());
         return;
     }
     CURL *handle = transfer->beginAnew(m_configuration.trustStore);
@@ -158,23 +159,51 @@ void IoThread::Worker::endFinished()
         const CURLcode code = message->data.result;
         auto finished = m_running.extract(message->easy_handle);
         curl_multi_remove_handle(m_multi.get(), finished.key());
-        finished.mapped()->end(code, now);
+        end(std::move(finished.mapped()), code, now);
     }
+}
+
+void IoThread::Worker::end(std::unique_ptr<Transfer> transfer, CURLcode code, Clock::time_point now)
+{
+    transfer->end(code, now);
+    if (!transfer->conclude(now))
+        m_ended.push_back(std::move(transfer));
+}
+
+void IoThread::Worker::concludeEnded()
+{
+    const auto now = Clock::now();
+    std::erase_if(m_ended, [now](const auto &transfer) { return transfer->conclude(now); });
 }
 
 int IoThread::Worker::waitForWork()
 {
-    const int patience = canAdmit() ? 0 : std::numeric_limits<int>::max();
     int readySockets = 0;
-    curl_multi_poll(m_multi.get(), nullptr, 0, patience, &readySockets);
+    curl_multi_poll(m_multi.get(), nullptr, 0, patience(), &readySockets);
     return readySockets;
+}
+
+/// In milliseconds, for the library.
+int IoThread::Worker::patience() const
+{
+    if (canAdmit())
+        return 0;
+    auto next = Clock::time_point::max();
+    for (const auto &[handle, transfer] : m_running)
+        next = std::min(next, transfer->nextTurn());
+    for (const auto &transfer : m_ended)
+        next = std::min(next, transfer->nextTurn());
+    constexpr milliseconds longest(std::numeric_limits<int>::max());
+    const auto left = next == Clock::time_point::max() ? longest : next - Clock::now();
+    return static_cast<int>(
+        ceil<milliseconds>(std::clamp<Clock::duration>(left, 0ms, longest)).count());
 }
 
 bool IoThread::Worker::canAdmit() const
 {
     const auto bound =
         static_cast<std::size_t>(std::max(m_configuration.maxConcurrentTransfers, 1));
-    return !m_waiting.empty() && m_running.size() < bound;
+    return !m_waiting.empty() && m_running.size() + m_ended.size() < bound;
 }
 
 void IoThread::Worker::admitSome()
@@ -196,7 +225,7 @@ void IoThread::Worker::admit(std::unique_ptr<Transfer> transfer)
 void IoThread::Worker::start(std::unique_ptr<Transfer> transfer, CURL *handle)
 {
     if (handle == nullptr || curl_multi_add_handle(m_multi.get(), handle) != CURLM_OK)
-        transfer->end(CURLE_OUT_OF_MEMORY, Clock::now());
+        end(std::move(transfer), CURLE_OUT_OF_MEMORY, Clock::now());
     else
         m_running.emplace(handle, std::move(transfer));
 }

@@ -2,6 +2,7 @@
 
 #include "CurlHandles.h"
 #include "IoThread.h"
+#include "IoWaker.h"
 #include "Transfer.h"
 
 #include <chrono>
@@ -10,6 +11,7 @@
 #include <mutex>
 #include <thread>
 #include <unordered_map>
+#include <vector>
 
 namespace ostrel {
 
@@ -27,6 +29,8 @@ public:
     void submit(std::unique_ptr<Transfer> transfer);
     /// Any thread.
     void renewConnections();
+    /// For other threads that work for transfers; may outlive the worker.
+    [[nodiscard]] std::shared_ptr<IoWaker> waker() const { return m_waker; }
 
 private:
     using Clock = Transfer::Clock;
@@ -40,8 +44,6 @@ private:
     };
 
     void run();
-    /// Has the thread look at the requests. Called with the mutex locked.
-    void wake();
     void replaceMulti();
     [[nodiscard]] Requests takeRequests();
     void queue(std::deque<std::unique_ptr<Transfer>> submissions);
@@ -49,8 +51,11 @@ private:
     void startAnew(std::unique_ptr<Transfer> transfer);
     void serve();
     void endFinished();
+    void end(std::unique_ptr<Transfer> transfer, CURLcode code, Clock::time_point now);
+    void concludeEnded();
     /// The number of sockets that are ready, or none when the time has come for something else.
     [[nodiscard]] int waitForWork();
+    [[nodiscard]] int patience() const;
     [[nodiscard]] bool canAdmit() const;
     void admitSome();
     void admit(std::unique_ptr<Transfer> transfer);
@@ -58,12 +63,14 @@ private:
 
     const IoThreadConfiguration m_configuration;
 
-    std::mutex m_mutex; ///< Guards m_requests, and m_multi against being replaced while woken.
+    std::mutex m_mutex; ///< Guards m_requests.
     Requests m_requests;
+    const std::shared_ptr<IoWaker> m_waker = std::make_shared<IoWaker>();
     CurlMulti m_multi;
 
     std::deque<std::unique_ptr<Transfer>> m_waiting;
     std::unordered_map<CURL *, std::unique_ptr<Transfer>> m_running;
+    std::vector<std::unique_ptr<Transfer>> m_ended; ///< Which have something to wait for yet.
     Clock::time_point m_lastAdmission;
 
     std::thread m_thread;

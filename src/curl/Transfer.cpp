@@ -10,7 +10,14 @@ using namespace std::chrono;
 namespace {
 
 /// The library counts milliseconds in an int.
-constexpr milliseconds longestTimeout(std::numeric_limits<int>::max() - 1);
+constexpr milliseconds longestTimeout(std::numeric_limits<int>::max() - 1000);
+
+/// The library rounds what has passed up or down: without the extra millisecond it may give up
+/// before the time is over.
+long optionFor(milliseconds timeout)
+{
+    return static_cast<long>(timeout.count() + 1);
+}
 
 } // namespace
 
@@ -39,6 +46,11 @@ void Transfer::end(CURLcode code, Clock::time_point now)
     report(code, elapsed(code, now));
 }
 
+void Transfer::setExtraTime(milliseconds extra)
+{
+    curl_easy_setopt(m_handle.get(), CURLOPT_TIMEOUT_MS, optionFor(timeLeft() + extra));
+}
+
 QString Transfer::errorText(CURLcode code) const
 {
     const char *detail = m_errorBuffer.data();
@@ -61,9 +73,7 @@ CURL *Transfer::beginAt(Clock::time_point now, const TrustStore &trustStore)
 void Transfer::setCommonOptions(milliseconds timeout)
 {
     CURL *easy = m_handle.get();
-    // The library rounds what has passed up or down: without the extra millisecond it may give up
-    // before the time is over.
-    const auto count = static_cast<long>(timeout.count() + 1);
+    const long count = optionFor(timeout);
     curl_easy_setopt(easy, CURLOPT_PRIVATE, this);
     curl_easy_setopt(easy, CURLOPT_ERRORBUFFER, m_errorBuffer.data());
     curl_easy_setopt(easy, CURLOPT_TIMEOUT_MS, count);
