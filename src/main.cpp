@@ -14,6 +14,7 @@
 #include "StatusCommand.h"
 #include "StorageFolder.h"
 #include "ThemeFonts.h"
+#include "WorkThread.h"
 
 #include <QApplication>
 #include <QQmlExtensionPlugin>
@@ -21,6 +22,7 @@
 #include <QTimer>
 
 #include <cstdio>
+#include <cstdlib>
 #include <future>
 #include <variant>
 
@@ -199,6 +201,16 @@ private:
     }
 };
 
+/// Ends the program at once if some thread is still at work that nobody waits for: it may use the
+/// static objects that an orderly end would destroy.
+void endUnderThreads(int code)
+{
+    if (!WorkThread::isAnyLeftBehind() && !LazyNetwork::isAnyLeftBehind())
+        return;
+    std::fflush(nullptr);
+    std::_Exit(code);
+}
+
 QStringList argumentsOf(int argc, char **argv)
 {
     QStringList arguments;
@@ -214,5 +226,7 @@ int main(int argc, char **argv)
     raiseDescriptorLimit();
     QCoreApplication::setOrganizationName(QStringLiteral("Ostrel"));
     QCoreApplication::setApplicationName(QStringLiteral("Ostrel"));
-    return std::visit(Program{argc, argv}, parseCommandLine(argumentsOf(argc, argv)));
+    const int code = std::visit(Program{argc, argv}, parseCommandLine(argumentsOf(argc, argv)));
+    endUnderThreads(code);
+    return code;
 }

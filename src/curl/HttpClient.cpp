@@ -62,7 +62,9 @@ QFuture<HttpResult> HttpClient::fetch(const HttpRequest &request)
         result.error = refusal;
         return QtFuture::makeReadyFuture(result);
     }
-    auto transfer = std::make_unique<HttpTransfer>(request);
+    const WorkThread &thread = request.bodyReader ? m_reading : m_keeping;
+    auto transfer =
+        std::make_unique<HttpTransfer>(request, thread.queue(), m_ioThread.worker().inbox());
     QFuture<HttpResult> future = transfer->future();
     m_ioThread.worker().submit(std::move(transfer));
     return future;

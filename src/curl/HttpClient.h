@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Network.h"
+#include "WorkThread.h"
 
 namespace ostrel {
 
@@ -18,6 +19,9 @@ public:
 
 private:
     IoThread &m_ioThread;
+    WorkThread m_reading;
+    /// For bodies that are only kept: they are icons' and titles', which nobody waits for.
+    WorkThread m_keeping{WorkThread::Priority::idle};
 };
 
 } // namespace ostrel

@@ -6,6 +6,8 @@ namespace ostrel {
 
 namespace {
 
+constexpr auto acceptedEncodings = "Accept-Encoding: gzip, deflate, br, zstd";
+
 /// The library's own defaults.
 constexpr quint16 tlsProxyPort = 443;
 constexpr quint16 proxyPort = 1080;
@@ -97,14 +99,14 @@ bool HttpHop::isHandshakeWithSite()
 void HttpHop::setMethod(CURL *handle)
 {
     curl_easy_setopt(handle, CURLOPT_HTTPGET, 1L);
-    m_headers.reset();
+    m_headers.reset(curl_slist_append(nullptr, acceptedEncodings));
     if (m_method == "HEAD")
         curl_easy_setopt(handle, CURLOPT_NOBODY, 1L);
     if (m_method == "POST") {
         curl_easy_setopt(handle, CURLOPT_POST, 1L);
         curl_easy_setopt(handle, CURLOPT_POSTFIELDS, "");
         curl_easy_setopt(handle, CURLOPT_POSTFIELDSIZE, 0L);
-        m_headers.reset(curl_slist_append(nullptr, "Content-Type:"));
+        curl_slist_append(m_headers.get(), "Content-Type:");
     }
     curl_easy_setopt(handle, CURLOPT_HTTPHEADER, m_headers.get());
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <arpa/inet.h>
 #include <exception>
+#include <new>
 #include <netinet/in.h>
 #include <utility>
 
@@ -12,14 +13,14 @@ namespace ostrel {
 
 namespace {
 
-/// The library reads up to a hundred buffers of a body in one go, with no look at the time-out,
-/// while every other transfer waits. Of the smallest size, so that even with gzip, which makes at
-/// most a thousandfold of them, that is done in a fraction of a second.
-constexpr long receiveBufferSize = 1024;
+using namespace std::chrono_literals;
 
-/// The most that a body may grow by in one turn of the loop: more than gzip can make of what is
-/// read in one. Other encodings have no such bound and can make gigabytes of a kilobyte.
-constexpr qsizetype maxBytesInTurn = qsizetype(128) * 1024 * 1024;
+/// The library reads up to a hundred buffers of a body in one go, with no look at the time-out,
+/// while every other transfer waits.
+constexpr long receiveBufferSize = 4096;
+
+/// How long after the time-out a body may still be read that came in time.
+constexpr auto readingGrace = 250ms;
 
 constexpr int maxRedirects = 20;
 
@@ -44,26 +45,61 @@ HttpHop firstHopOf(const HttpRequest &request, const Proxies &proxies)
 
 } // namespace
 
-HttpTransfer::HttpTransfer(HttpRequest request)
+HttpTransfer::HttpTransfer(HttpRequest request, std::shared_ptr<WorkQueue> reading,
+                           std::shared_ptr<Inbox> inbox)
     : Transfer(request.timeout)
     , m_request(std::move(request))
     , m_hop(firstHopOf(m_request, m_proxies))
+    , m_reading(std::move(reading))
+    , m_inbox(std::move(inbox))
 {
     setNames(m_hop.names());
     m_promise.start();
 }
 
+void HttpTransfer::didBeginTurn()
+{
+    if (!m_pausedSince)
+        return;
+    if (pausedTime(Clock::now()) > longestPause())
+        m_body->giveUp();
+    if (m_body->hasRoom())
+        resume();
+}
+
+Transfer::Clock::time_point HttpTransfer::nextTurn() const
+{
+    if (m_result.hasResponse)
+        return deadline() + readingGrace;
+    if (m_pausedSince)
+        return *m_pausedSince + longestPause() - m_pausedBefore;
+    return m_pausedBefore == 0ms ? Clock::time_point::max() : deadline() + extraTime();
+}
+
+bool HttpTransfer::conclude(Clock::time_point now)
+{
+    if (m_isFinished)
+        return true;
+    if (!m_body->isOver() && now < deadline() + readingGrace)
+        return false;
+    m_body->giveUp();
+    IncomingBody::Outcome outcome = m_body->takeOutcome();
+    m_result.body = std::move(outcome.kept);
+    m_result.isBodyTruncated = outcome.isTruncated;
+    m_result.isBodyRead = outcome.isWhole && m_request.bodyReader != nullptr;
+    finish();
+    return true;
+}
+
 void HttpTransfer::setUp(CURL *handle)
 {
-    m_body.clear();
-    m_isBodyTruncated = false;
-    m_refusal = CURLE_OK;
     curl_easy_setopt(handle, CURLOPT_USERAGENT, m_request.userAgent.constData());
     curl_easy_setopt(handle, CURLOPT_PROTOCOLS_STR, "http,https");
     // A cookie jar in memory, for this handle alone: sites set cookies on one hop and want them on
     // the next.
     curl_easy_setopt(handle, CURLOPT_COOKIEFILE, "");
-    curl_easy_setopt(handle, CURLOPT_ACCEPT_ENCODING, "");
+    // The library would make an error of an encoding that it doesn't know.
+    curl_easy_setopt(handle, CURLOPT_HTTP_CONTENT_DECODING, 0L);
     curl_easy_setopt(handle, CURLOPT_BUFFERSIZE, receiveBufferSize);
     curl_easy_setopt(handle, CURLOPT_WRITEFUNCTION, didReceiveBody);
     curl_easy_setopt(handle, CURLOPT_WRITEDATA, this);
@@ -79,6 +115,7 @@ void HttpTransfer::setUpHop(CURL *handle, const Surroundings &surroundings)
     m_surroundings = surroundings;
     m_hasHead = false;
     m_location.clear();
+    renewBody();
     m_hop.setUp(handle);
 }
 
@@ -126,24 +163,41 @@ bool HttpTransfer::mayConnectTo(const sockaddr &address)
 
 void HttpTransfer::report(CURLcode code, std::chrono::microseconds elapsed)
 {
-    HttpResult result;
-    result.elapsed = elapsed;
     if (isHeadTooLong(code))
         setErrorText("A header of the response is too long");
-    if (code == CURLE_OK) {
-        long statusCode = 0;
-        curl_easy_getinfo(handle(), CURLINFO_RESPONSE_CODE, &statusCode);
-        result.hasResponse = true;
-        result.statusCode = static_cast<int>(statusCode);
-        result.isFromPublicAddress = isServerPublic();
-        result.body = std::move(m_body);
-        result.isBodyTruncated = m_isBodyTruncated;
-    } else {
-        result.error = m_refusal == CURLE_OK ? errorText(code) : refusalText(elapsed);
+    // The time in which we had paused the transfer isn't the site's.
+    const auto paused = pausedTime(Clock::now());
+    m_result.elapsed = elapsed - std::chrono::floor<std::chrono::microseconds>(paused);
+    if (code == CURLE_OK || isTimeoutOurs(code)) {
+        reportResponse();
+        return;
     }
+    m_result.error = m_hasBrokenOff ? timeoutText() : errorText(code);
+    finish();
+}
+
+void HttpTransfer::reportResponse()
+{
+    long statusCode = 0;
+    curl_easy_getinfo(handle(), CURLINFO_RESPONSE_CODE, &statusCode);
+    m_result.hasResponse = true;
+    m_result.statusCode = static_cast<int>(statusCode);
+    m_result.isFromPublicAddress = isServerPublic();
+    m_result.isBodyTruncated = m_hasBody;
+    if (m_body)
+        m_body->complete();
+    else
+        finish();
+}
+
+void HttpTransfer::finish()
+{
+    m_isFinished = true;
+    if (m_body)
+        m_body->giveUp();
     // Whoever waits for the result may count on being the last to hold the delegate.
     m_request.tlsDelegate.reset();
-    m_promise.addResult(std::move(result));
+    m_promise.addResult(std::move(m_result));
     m_promise.finish();
 }
 
@@ -152,9 +206,11 @@ std::size_t HttpTransfer::didReceiveBody(char *bytes, std::size_t size, std::siz
 {
     auto *transfer = static_cast<HttpTransfer *>(self);
     const std::size_t byteCount = size * count;
-    transfer->keep(bytes, static_cast<qsizetype>(byteCount));
-    transfer->m_refusal = transfer->refusal();
-    return transfer->m_refusal == CURLE_OK ? byteCount : 0;
+    transfer->m_hasBrokenOff = transfer->isOverTime();
+    if (transfer->m_hasBrokenOff)
+        return 0;
+    const bool isTaken = transfer->handOver({bytes, static_cast<qsizetype>(byteCount)});
+    return isTaken ? byteCount : CURL_WRITEFUNC_PAUSE;
 }
 
 std::size_t HttpTransfer::didReceiveHeader(char *bytes, std::size_t size, std::size_t count,
@@ -242,28 +298,107 @@ bool HttpTransfer::isHeadTooLong(CURLcode code) const
     return untilRequest > 0 && !m_hasHead;
 }
 
-void HttpTransfer::keep(const char *bytes, qsizetype count)
+/// What came of a body before is void.
+void HttpTransfer::renewBody()
 {
-    const qsizetype kept = std::clamp<qsizetype>(m_request.bodyLimit - m_body.size(), 0, count);
-    m_body.append(bytes, kept);
-    m_isBodyTruncated = m_isBodyTruncated || kept < count;
-    m_bytesInTurn += count;
+    if (m_body)
+        m_body->giveUp();
+    m_body = makeIncomingBody();
+    m_hasBody = false;
+    m_hasBrokenOff = false;
+    m_pausedSince.reset();
+    m_pausedBefore = {};
 }
 
-QString HttpTransfer::refusalText(std::chrono::microseconds elapsed) const
+/// Null also where there is no memory for it: then it isn't read.
+std::shared_ptr<IncomingBody> HttpTransfer::makeIncomingBody() const
 {
-    // As the library says it where it is the one to break off.
-    if (m_refusal == CURLE_OPERATION_TIMEDOUT)
-        return QStringLiteral("Operation timed out after %1 milliseconds")
-            .arg(std::chrono::floor<std::chrono::milliseconds>(elapsed).count());
-    return QString::fromUtf8(curl_easy_strerror(m_refusal));
+    if (!m_request.bodyReader && m_request.bodyLimit == 0)
+        return nullptr;
+    try {
+        return std::make_shared<IncomingBody>(BodyWish{m_request.bodyReader, m_request.bodyLimit},
+                                              m_reading, m_inbox);
+    } catch (const std::bad_alloc &) {
+        return nullptr;
+    }
 }
 
-CURLcode HttpTransfer::refusal() const
+bool HttpTransfer::handOver(QByteArrayView bytes)
 {
-    if (m_bytesInTurn > maxBytesInTurn)
-        return CURLE_BAD_CONTENT_ENCODING;
-    return isOverdue() ? CURLE_OPERATION_TIMEDOUT : CURLE_OK;
+    const bool isFirst = !std::exchange(m_hasBody, true);
+    if (!m_body)
+        return true;
+    try {
+        if (isFirst)
+            m_body->setEncoding(contentEncoding());
+    } catch (const std::bad_alloc &) {
+        m_body->giveUp();
+    }
+    const bool isTaken = m_body->offer(bytes);
+    if (!isTaken)
+        pause();
+    return isTaken;
+}
+
+/// The values of that header, however many lines it has.
+QByteArray HttpTransfer::contentEncoding() const
+{
+    QByteArray values;
+    curl_header *header = nullptr;
+    for (std::size_t i = 0;
+         curl_easy_header(handle(), "Content-Encoding", i, CURLH_HEADER, -1, &header) == CURLHE_OK;
+         ++i)
+        values.append(header->value).append(',');
+    return values;
+}
+
+void HttpTransfer::pause()
+{
+    m_pausedSince = Clock::now();
+    setExtraTime(readingGrace);
+}
+
+void HttpTransfer::resume()
+{
+    m_pausedBefore = pausedTime(Clock::now());
+    m_pausedSince.reset();
+    setExtraTime(extraTime());
+    // What the library has received meanwhile comes at once, and may pause it again.
+    curl_easy_pause(handle(), CURLPAUSE_CONT);
+}
+
+Transfer::Clock::duration HttpTransfer::pausedTime(Clock::time_point now) const
+{
+    return m_pausedBefore + (m_pausedSince ? now - *m_pausedSince : Clock::duration(0));
+}
+
+/// How much longer than its time-out the transfer may take, since we have held it up.
+std::chrono::milliseconds HttpTransfer::extraTime() const
+{
+    return std::min(std::chrono::ceil<std::chrono::milliseconds>(m_pausedBefore),
+                    std::chrono::milliseconds(readingGrace));
+}
+
+bool HttpTransfer::isOverTime() const
+{
+    return Clock::now() > deadline() + extraTime();
+}
+
+/// Whether the site would have been in time if we hadn't held it up. A body whose length isn't
+/// announced may have no end.
+bool HttpTransfer::isTimeoutOurs(CURLcode code) const
+{
+    curl_off_t length = -1;
+    curl_easy_getinfo(handle(), CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &length);
+    const bool isTimeout = m_hasBrokenOff || code == CURLE_OPERATION_TIMEDOUT;
+    return isTimeout && m_hasBody && length >= 0 && m_result.elapsed < timeout();
+}
+
+/// As the library says it where it is the one to break off.
+QString HttpTransfer::timeoutText() const
+{
+    return QStringLiteral("Operation timed out after %1 milliseconds")
+        .arg(std::chrono::floor<std::chrono::milliseconds>(m_result.elapsed).count());
 }
 
 } // namespace ostrel

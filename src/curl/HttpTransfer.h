@@ -2,10 +2,13 @@
 
 #include "HttpClient.h"
 #include "HttpHop.h"
+#include "IncomingBody.h"
 #include "Proxies.h"
 #include "Transfer.h"
 
 #include <QPromise>
+
+#include <optional>
 
 namespace ostrel {
 
@@ -13,12 +16,16 @@ namespace ostrel {
 class HttpTransfer final : public Transfer
 {
 public:
-    explicit HttpTransfer(HttpRequest request);
+    /// The body is read by way of @p reading, if somebody wants it.
+    HttpTransfer(HttpRequest request, std::shared_ptr<WorkQueue> reading,
+                 std::shared_ptr<Inbox> inbox);
 
     [[nodiscard]] QFuture<HttpResult> future() const { return m_promise.future(); }
 
     [[nodiscard]] bool needsCertificates() const override;
-    void didBeginTurn() override { m_bytesInTurn = 0; }
+    void didBeginTurn() override;
+    [[nodiscard]] Clock::time_point nextTurn() const override;
+    [[nodiscard]] bool conclude(Clock::time_point now) override;
 
 protected:
     void setUp(CURL *handle) override;
@@ -40,9 +47,22 @@ private:
     [[nodiscard]] QByteArray locationInHead() const;
     [[nodiscard]] bool isServerPublic() const;
     [[nodiscard]] bool isHeadTooLong(CURLcode code) const;
-    void keep(const char *bytes, qsizetype count);
-    [[nodiscard]] CURLcode refusal() const;
-    [[nodiscard]] QString refusalText(std::chrono::microseconds elapsed) const;
+    void reportResponse();
+    void finish();
+    [[nodiscard]] QString timeoutText() const;
+
+    void renewBody();
+    [[nodiscard]] std::shared_ptr<IncomingBody> makeIncomingBody() const;
+    /// False where the body's reader can't keep up.
+    [[nodiscard]] bool handOver(QByteArrayView bytes);
+    [[nodiscard]] QByteArray contentEncoding() const;
+    void pause();
+    void resume();
+    [[nodiscard]] Clock::duration longestPause() const { return timeout() / 4; }
+    [[nodiscard]] Clock::duration pausedTime(Clock::time_point now) const;
+    [[nodiscard]] std::chrono::milliseconds extraTime() const;
+    [[nodiscard]] bool isOverTime() const;
+    [[nodiscard]] bool isTimeoutOurs(CURLcode code) const;
 
     HttpRequest m_request;
     Proxies m_proxies = Proxies::fromEnvironment();
@@ -53,10 +73,16 @@ private:
     bool m_hasBeenPublic = false; ///< Whether a hop has answered from a public address.
     Surroundings m_surroundings;
     QPromise<HttpResult> m_promise;
-    QByteArray m_body;
-    bool m_isBodyTruncated = false;
-    CURLcode m_refusal = CURLE_OK; ///< Why we broke off.
-    qsizetype m_bytesInTurn = 0;
+    HttpResult m_result;
+    bool m_isFinished = false;
+
+    const std::shared_ptr<WorkQueue> m_reading;
+    const std::shared_ptr<Inbox> m_inbox;
+    std::shared_ptr<IncomingBody> m_body; ///< The hop's; null where nobody wants it.
+    bool m_hasBody = false;               ///< Some of it has come.
+    bool m_hasBrokenOff = false;          ///< We have, since the time is over.
+    std::optional<Clock::time_point> m_pausedSince;
+    Clock::duration m_pausedBefore{0};
 };
 
 } // namespace ostrel

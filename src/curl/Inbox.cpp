@@ -10,10 +10,16 @@ void Inbox::post(Message message)
     if (m_isClosed)
         return;
     m_messages.push_back(std::move(message));
-    wake();
+    wakeLocked();
 }
 
 void Inbox::wake()
+{
+    const std::lock_guard lock(m_mutex);
+    wakeLocked();
+}
+
+void Inbox::wakeLocked()
 {
     // Without one, the thread is still on its way to its first look at the messages.
     if (m_multi)
@@ -25,7 +31,7 @@ void Inbox::replaceMulti()
     const std::lock_guard lock(m_mutex);
     m_multi.reset(curl_multi_init());
     // Whoever has posted something since the messages were taken has woken the old one, or none.
-    wake();
+    wakeLocked();
 }
 
 std::deque<Inbox::Message> Inbox::take()

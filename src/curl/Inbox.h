@@ -18,6 +18,8 @@ public:
 
     /// Any thread. Dropped where the I/O thread has ended.
     void post(Message message);
+    /// Has the thread make a turn of its loop. Any thread.
+    void wake();
 
     // The rest is the I/O thread's.
 
@@ -29,8 +31,7 @@ public:
     void close();
 
 private:
-    /// Has the thread look at the messages. Called with the mutex locked.
-    void wake();
+    void wakeLocked();
 
     std::mutex m_mutex; ///< Guards m_messages, and m_multi against being replaced while woken.
     std::deque<Message> m_messages;

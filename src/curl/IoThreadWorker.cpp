@@ -93,10 +93,12 @@ void IoThread::Worker::run()
             admitSome();
         serve();
         endFinished();
+        concludeEnded();
     }
     for (const auto &[handle, transfer] : m_running)
         curl_multi_remove_handle(m_inbox->multi(), handle);
     m_running.clear();
+    m_ended.clear();
     m_inbox->close();
     m_lookingUp.clear();
     m_waiting.clear();
@@ -167,7 +169,7 @@ void IoThread::Worker::interrupt(std::unique_ptr<Transfer> transfer)
     // Renewals that follow each other more closely than the library's shortest time-out must not
     // keep it alive.
     if (transfer->isOverdue()) {
-        transfer->end(CURLE_OPERATION_TIMEDOUT, Clock::now());
+        end(std::move(transfer), CURLE_OPERATION_TIMEDOUT, Clock::now());
         return;
     }
     transfer->interrupt();
@@ -195,8 +197,21 @@ void IoThread::Worker::endFinished()
         if (finished.mapped()->goesOn(code))
             queue(std::move(finished.mapped()));
         else
-            finished.mapped()->end(code, now);
+            end(std::move(finished.mapped()), code, now);
     }
+}
+
+void IoThread::Worker::end(std::unique_ptr<Transfer> transfer, CURLcode code, Clock::time_point now)
+{
+    transfer->end(code, now);
+    if (!transfer->conclude(now))
+        m_ended.push_back(std::move(transfer));
+}
+
+void IoThread::Worker::concludeEnded()
+{
+    const auto now = Clock::now();
+    std::erase_if(m_ended, [now](const auto &transfer) { return transfer->conclude(now); });
 }
 
 int IoThread::Worker::waitForWork()
@@ -210,13 +225,24 @@ int IoThread::Worker::patience() const
 {
     if (nextToAdmit() != m_waiting.cend())
         return 0;
-    auto longest = milliseconds(std::numeric_limits<int>::max());
-    const auto now = Clock::now();
-    for (const LookingUp &lookingUp : m_lookingUp) {
-        const auto left = ceil<milliseconds>(lookingUp.transfer->deadline() - now);
-        longest = std::clamp(left, milliseconds(0), longest);
-    }
-    return static_cast<int>(longest.count());
+    constexpr milliseconds longest(std::numeric_limits<int>::max());
+    const auto next = nextTurn();
+    const auto left = next == Clock::time_point::max() ? longest : next - Clock::now();
+    const auto patience = std::clamp<Clock::duration>(left, milliseconds(0), longest);
+    return static_cast<int>(ceil<milliseconds>(patience).count());
+}
+
+/// When a turn of the loop is needed even if nothing happens until then.
+IoThread::Worker::Clock::time_point IoThread::Worker::nextTurn() const
+{
+    auto next = Clock::time_point::max();
+    for (const LookingUp &lookingUp : m_lookingUp)
+        next = std::min(next, lookingUp.transfer->deadline());
+    for (const auto &[handle, transfer] : m_running)
+        next = std::min(next, transfer->nextTurn());
+    for (const auto &transfer : m_ended)
+        next = std::min(next, transfer->nextTurn());
+    return next;
 }
 
 bool IoThread::Worker::canAdmit(const Transfer &transfer) const
@@ -232,7 +258,7 @@ bool IoThread::Worker::canAdmit(const Transfer &transfer) const
 std::deque<std::unique_ptr<Transfer>>::const_iterator IoThread::Worker::nextToAdmit() const
 {
     const std::size_t most = atLeastOne(m_configuration.maxConcurrentTransfers);
-    if (m_running.size() + m_lookingUp.size() >= most)
+    if (m_running.size() + m_lookingUp.size() + m_ended.size() >= most)
         return m_waiting.cend();
     return std::find_if(m_waiting.cbegin(), m_waiting.cend(),
                         [this](const auto &transfer) { return canAdmit(*transfer); });
@@ -312,7 +338,7 @@ void IoThread::Worker::start(std::unique_ptr<Transfer> transfer, const Transfer:
 {
     CURL *handle = transfer->begin(m_surroundings, lookUps);
     if (handle == nullptr || curl_multi_add_handle(m_inbox->multi(), handle) != CURLM_OK)
-        transfer->end(CURLE_OUT_OF_MEMORY, Clock::now());
+        end(std::move(transfer), CURLE_OUT_OF_MEMORY, Clock::now());
     else
         m_running.emplace(handle, std::move(transfer));
 }

@@ -15,6 +15,7 @@
 #include <memory>
 #include <thread>
 #include <unordered_map>
+#include <vector>
 
 namespace ostrel {
 
@@ -35,6 +36,8 @@ public:
     void submit(std::unique_ptr<Transfer> transfer);
     /// Any thread.
     void renewConnections();
+    /// For other threads that work for transfers; may outlive the worker.
+    [[nodiscard]] std::shared_ptr<Inbox> inbox() const { return m_inbox; }
 
 private:
     using Clock = Transfer::Clock;
@@ -53,9 +56,13 @@ private:
     void interrupt(std::unique_ptr<Transfer> transfer);
     void serve();
     void endFinished();
+    void end(std::unique_ptr<Transfer> transfer, CURLcode code, Clock::time_point now);
+    void concludeEnded();
     /// The number of sockets that are ready, or none when the time has come for something else.
     [[nodiscard]] int waitForWork();
+    /// In milliseconds, for the library.
     [[nodiscard]] int patience() const;
+    [[nodiscard]] Clock::time_point nextTurn() const;
 
     void readCertificates();
     void didReadCertificates(TrustedCertificates::Store certificates);
@@ -88,6 +95,7 @@ private:
     std::deque<std::unique_ptr<Transfer>> m_waiting;
     std::list<LookingUp> m_lookingUp;
     std::unordered_map<CURL *, std::unique_ptr<Transfer>> m_running;
+    std::vector<std::unique_ptr<Transfer>> m_ended; ///< Which have something to wait for yet.
     Clock::time_point m_lastAdmission;
 
     WorkThread m_certificateReader;

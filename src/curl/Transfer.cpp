@@ -16,7 +16,14 @@ using namespace std::chrono;
 namespace {
 
 /// The library counts milliseconds in an int.
-constexpr milliseconds longestTimeout(std::numeric_limits<int>::max() - 1);
+constexpr milliseconds longestTimeout(std::numeric_limits<int>::max() - 1000);
+
+/// The library rounds what has passed up or down: without the extra millisecond it may give up
+/// before the time is over.
+long optionFor(milliseconds timeout)
+{
+    return static_cast<long>(timeout.count() + 1);
+}
 
 QByteArray textOf(const sockaddr_storage &address)
 {
@@ -106,6 +113,11 @@ void Transfer::endInLookUp()
     report(CURLE_OPERATION_TIMEDOUT, elapsed(CURLE_OPERATION_TIMEDOUT, now));
 }
 
+void Transfer::setExtraTime(milliseconds extra)
+{
+    curl_easy_setopt(m_handle.get(), CURLOPT_TIMEOUT_MS, optionFor(timeLeft() + extra));
+}
+
 QString Transfer::errorText(CURLcode code) const
 {
     const char *detail = m_errorBuffer.data();
@@ -175,9 +187,7 @@ void Transfer::setCommonOptions()
 
 void Transfer::setTimeout(milliseconds timeout)
 {
-    // The library rounds what has passed up or down: without the extra millisecond it may give up
-    // before the time is over.
-    const auto count = static_cast<long>(timeout.count() + 1);
+    const long count = optionFor(timeout);
     curl_easy_setopt(m_handle.get(), CURLOPT_TIMEOUT_MS, count);
     // The library's own bound of five minutes may be shorter than the whole time-out.
     curl_easy_setopt(m_handle.get(), CURLOPT_CONNECTTIMEOUT_MS, count);

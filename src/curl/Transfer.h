@@ -81,11 +81,22 @@ public:
     /// A turn of the I/O thread's loop begins.
     virtual void didBeginTurn() {}
 
+    /// When it wants a turn even if nothing happens until then.
+    [[nodiscard]] virtual Clock::time_point nextTurn() const { return Clock::time_point::max(); }
+
     /// Reports the outcome to whoever waits for it. The transfer was found to have ended at @p now.
     void end(CURLcode code, Clock::time_point now);
     /// The same, while a look-up is under way or because it has failed.
     void endWithoutAddress(const Name &name);
     void endInLookUp();
+
+    /// Called after end(), until it's true: whether the outcome is reported. It may have to wait
+    /// for what other threads do with what has come.
+    [[nodiscard]] virtual bool conclude(Clock::time_point now)
+    {
+        Q_UNUSED(now)
+        return true;
+    }
 
 protected:
     /// Sets the options of @p handle, beyond those that every transfer has, for a first or another
@@ -115,6 +126,9 @@ protected:
 
     void setNames(Names names) { m_names = std::move(names); }
     [[nodiscard]] CURL *handle() const { return m_handle.get(); }
+    [[nodiscard]] std::chrono::milliseconds timeout() const { return m_timeout; }
+    /// Has the library wait so much longer than the time-out.
+    void setExtraTime(std::chrono::milliseconds extra);
     /// What went wrong, in the library's words.
     [[nodiscard]] QString errorText(CURLcode code) const;
     void setErrorText(const QByteArray &text);

@@ -1,32 +1,50 @@
 #include "HttpCheck.h"
 
 #include "Address.h"
+#include "CaselessSearch.h"
 #include "CertificateDays.h"
 #include "ContinueOn.h"
-#include "KeywordSearch.h"
 #include "NotificationManager.h"
 #include "SSLCaptureDelegate.h"
 #include "TransferTimeout.h"
 
-#include <QPromise>
-#include <QThreadPool>
-#include <QTimer>
-
+#include <memory>
 #include <utility>
 
 namespace ostrel {
 
 namespace {
 
-using namespace std::chrono_literals;
-
-/// How long after the time-out the keyword may still be looked for, in a body that came just
-/// before.
-constexpr auto searchGrace = 250ms;
-
 bool wantsKeyword(const Monitor &monitor)
 {
     return monitor.keyword && !monitor.keyword->isEmpty();
+}
+
+/// Looks for a monitor's keyword in the body.
+class KeywordReader final : public BodyReader
+{
+public:
+    explicit KeywordReader(QString keyword)
+        : m_keyword(std::move(keyword))
+    {
+    }
+
+    // Here, because preparing a long keyword takes a while, and may fail.
+    void begin() override { m_search.emplace(m_keyword); }
+    void read(QByteArrayView bytes) override { m_search->read(bytes); }
+
+    /// Whether the keyword is in the body, once all of that is read; nothing if it's no text.
+    [[nodiscard]] std::optional<bool> finish() { return m_search->finish(); }
+
+private:
+    const QString m_keyword;
+    std::optional<CaselessSearch> m_search;
+};
+
+/// Null where no keyword is looked for.
+std::shared_ptr<KeywordReader> makeReader(const Monitor &monitor)
+{
+    return wantsKeyword(monitor) ? std::make_shared<KeywordReader>(*monitor.keyword) : nullptr;
 }
 
 HttpRequest makeRequest(const Monitor &monitor, const QUrl &url,
@@ -37,19 +55,8 @@ HttpRequest makeRequest(const Monitor &monitor, const QUrl &url,
         .method = rawValue(monitor.method).toLatin1(),
         .userAgent = HttpCheck::userAgent,
         .timeout = transferTimeout(monitor.timeout),
-        .bodyLimit = wantsKeyword(monitor) ? HttpCheck::searchedBodyLimit : 0,
         .tlsDelegate = delegate,
     };
-}
-
-/// Whether the body holds the monitor's keyword; nothing where there is no text to look in.
-std::optional<bool> findKeyword(const Monitor &monitor, const HttpResult &result)
-{
-    const auto extent = result.isBodyTruncated ? BodyExtent::truncated : BodyExtent::complete;
-    const auto text = decodeBody(result.body, extent);
-    if (!text)
-        return std::nullopt;
-    return containsKeyword(*text, *monitor.keyword);
 }
 
 /// A site that asks for credentials, or forbids the anonymous client, is alive.
@@ -87,15 +94,6 @@ Check invalidAddressCheck(const Monitor &monitor, Timestamp timestamp)
 
 } // namespace
 
-/// What one request has brought to light, and where its check goes.
-struct HttpCheck::Exchange
-{
-    Monitor monitor;
-    HttpResult result;
-    std::optional<Timestamp> sslExpiresAt;
-    std::shared_ptr<QPromise<Check>> promise;
-};
-
 HttpCheck::HttpCheck(Fetch fetch, NotificationManager &notifications, WallClock now,
                      QObject *parent)
     : QObject(parent)
@@ -118,74 +116,30 @@ QFuture<Check> HttpCheck::run(const Monitor &monitor)
         return QtFuture::makeReadyFuture(invalidAddressCheck(monitor, m_now()));
 
     const auto delegate = std::make_shared<SSLCaptureDelegate>();
-    const auto promise = std::make_shared<QPromise<Check>>();
-    promise->start();
-    continueOn(m_fetch(makeRequest(monitor, *url, delegate)), this,
-               [this, monitor, delegate, promise](const HttpResult &result) {
-                   const Exchange exchange{monitor, result, delegate->expiryDate(), promise};
-                   if (result.hasResponse && wantsKeyword(monitor))
-                       search(exchange);
-                   else
-                       conclude(exchange, std::nullopt);
-               });
-    return promise->future();
+    const auto reader = makeReader(monitor);
+    HttpRequest request = makeRequest(monitor, *url, delegate);
+    request.bodyReader = reader;
+    return continueOn(m_fetch(request), this,
+                      [this, monitor, delegate, reader](const HttpResult &result) {
+                          const bool isRead = reader && result.isBodyRead;
+                          return judge(monitor, {result, delegate->expiryDate(),
+                                                 isRead ? reader->finish() : std::nullopt});
+                      });
 }
 
-void HttpCheck::search(const Exchange &exchange)
+Check HttpCheck::judge(const Monitor &monitor, const Answer &answer)
 {
-    // A large body takes a while to search; neither the I/O thread nor this one waits for it.
-    const auto found = QtFuture::makeReadyFuture(exchange.result)
-                           .then(QThreadPool::globalInstance(),
-                                 [monitor = exchange.monitor](const HttpResult &result) {
-                                     return findKeyword(monitor, result);
-                                 });
-    Exchange answered = exchange;
-    answered.result.body.clear();
-    // Goes with the search.
-    const auto deadline = std::make_shared<QTimer>();
-    continueOn(found, this, [this, answered, deadline](const std::optional<bool> &keywordFound) {
-        conclude(answered, keywordFound);
-    });
-    const auto timeout = transferTimeout(exchange.monitor.timeout);
-    if (timeout == 0ms)
-        return;
-    connect(deadline.get(), &QTimer::timeout, this, [this, answered] { giveUpSearch(answered); });
-    deadline->setSingleShot(true);
-    deadline->setTimerType(Qt::PreciseTimer);
-    deadline->start(std::chrono::ceil<std::chrono::milliseconds>(timeout + searchGrace -
-                                                                 exchange.result.elapsed));
-}
-
-void HttpCheck::giveUpSearch(Exchange exchange)
-{
-    exchange.result.hasResponse = false;
-    exchange.result.error = QStringLiteral("Operation timed out after %1 milliseconds")
-                                .arg(transferTimeout(exchange.monitor.timeout).count());
-    conclude(exchange, std::nullopt);
-}
-
-void HttpCheck::conclude(const Exchange &exchange, std::optional<bool> keywordFound)
-{
-    if (exchange.promise->future().isFinished())
-        return;
-    exchange.promise->addResult(judge(exchange, keywordFound));
-    exchange.promise->finish();
-}
-
-Check HttpCheck::judge(const Exchange &exchange, std::optional<bool> keywordFound)
-{
-    const Monitor &monitor = exchange.monitor;
-    const HttpResult &result = exchange.result;
+    const HttpResult &result = answer.result;
     Check check = newCheck(monitor, m_now());
     check.responseTime = Milliseconds(result.elapsed).count();
-    check.sslExpiresAt = exchange.sslExpiresAt;
+    check.sslExpiresAt = answer.sslExpiresAt;
     if (!result.hasResponse) {
         check.error = result.error;
         return check;
     }
 
     check.statusCode = result.statusCode;
-    check.keywordFound = keywordFound;
+    check.keywordFound = answer.keywordFound;
     applyStatusRule(check);
     applyKeywordRule(check, monitor);
     notifyIfSlow(monitor, check);

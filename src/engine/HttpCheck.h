@@ -24,8 +24,6 @@ public:
     static constexpr char userAgent[] =
         "Mozilla/5.0 (Macintosh; Intel Mac OS X 14_0) AppleWebKit/605.1.15 (KHTML, like Gecko) "
         "Version/17.0 Safari/605.1.15";
-    /// How much of a decoded body is searched for the keyword, in bytes: 64 MiB.
-    static constexpr qsizetype searchedBodyLimit = qsizetype(64) * 1024 * 1024;
 
     /// How a request is sent: Network::fetch.
     using Fetch = std::function<QFuture<HttpResult>(const HttpRequest &)>;
@@ -39,14 +37,15 @@ public:
     [[nodiscard]] QFuture<Check> run(const Monitor &monitor) override;
 
 private:
-    struct Exchange;
+    /// What a request has brought to light.
+    struct Answer
+    {
+        const HttpResult &result;
+        std::optional<Timestamp> sslExpiresAt;
+        std::optional<bool> keywordFound;
+    };
 
-    void search(const Exchange &exchange);
-    /// The time-out bounds the search of the body, too.
-    void giveUpSearch(Exchange exchange);
-    /// Ends the check; does nothing where it has ended.
-    void conclude(const Exchange &exchange, std::optional<bool> keywordFound);
-    [[nodiscard]] Check judge(const Exchange &exchange, std::optional<bool> keywordFound);
+    [[nodiscard]] Check judge(const Monitor &monitor, const Answer &answer);
     void notifyIfSlow(const Monitor &monitor, const Check &check);
     void notifyIfCertificateExpires(const Monitor &monitor, const Check &check);
 

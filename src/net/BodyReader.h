@@ -6,7 +6,7 @@ namespace ostrel {
 
 /// Reads a response's body, decoded, while it arrives. Called from one thread at a time, which is
 /// neither the I/O thread nor that of the request's maker, and only before the request's future
-/// finishes.
+/// finishes, but for one call that may be under way if reading was given up.
 class BodyReader
 {
 public:

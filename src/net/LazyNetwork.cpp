@@ -25,18 +25,22 @@ QString libraryBesideOrInstalled()
 
 /// What the library can be asked for.
 using MakeNetwork = Network *(*)();
+using IsLeftBehind = bool (*)();
 
-std::unique_ptr<Network> networkOf(const QString &file)
+/// Ends the program where @p library has no function of that @p name.
+template<typename Function>
+Function resolve(QLibrary &library, const char *name)
 {
-    QLibrary library(file); // Stays loaded.
-    const auto make = reinterpret_cast<MakeNetwork>(library.resolve("makeOstrelNetwork"));
-    if (!make) {
+    const auto function = reinterpret_cast<Function>(library.resolve(name));
+    if (!function) {
         const QByteArray reason = library.errorString().toLocal8Bit();
         std::fprintf(stderr, "ostrel: the network can't be used: %s\n", reason.constData());
         std::_Exit(exitWithoutLibrary);
     }
-    return std::unique_ptr<Network>(make());
+    return function;
 }
+
+std::atomic<bool> isOneLeftBehind = false;
 
 } // namespace
 
@@ -45,7 +49,17 @@ LazyNetwork::LazyNetwork(QString library)
 {
 }
 
-LazyNetwork::~LazyNetwork() = default;
+LazyNetwork::~LazyNetwork()
+{
+    m_network.reset();
+    if (m_isLeftBehind != nullptr && m_isLeftBehind())
+        isOneLeftBehind = true;
+}
+
+bool LazyNetwork::isAnyLeftBehind()
+{
+    return isOneLeftBehind;
+}
 
 QFuture<HttpResult> LazyNetwork::fetch(const HttpRequest &request)
 {
@@ -66,11 +80,17 @@ void LazyNetwork::renewConnections()
 
 Network &LazyNetwork::network()
 {
-    std::call_once(m_loading, [this] {
-        m_network = networkOf(m_library.isEmpty() ? libraryBesideOrInstalled() : m_library);
-        m_loaded = m_network.get();
-    });
+    std::call_once(m_loading, [this] { load(); });
     return *m_network;
+}
+
+void LazyNetwork::load()
+{
+    // Stays loaded.
+    QLibrary library(m_library.isEmpty() ? libraryBesideOrInstalled() : m_library);
+    m_isLeftBehind = resolve<IsLeftBehind>(library, "isOstrelNetworkLeftBehind");
+    m_network.reset(resolve<MakeNetwork>(library, "makeOstrelNetwork")());
+    m_loaded = m_network.get();
 }
 
 } // namespace ostrel

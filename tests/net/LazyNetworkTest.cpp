@@ -1,12 +1,14 @@
 #include "LazyNetwork.h"
 
 #include "HostileBehaviours.h"
+#include "WaitFor.h"
 
 #include <QFile>
 
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <cstdlib>
 #include <thread>
 #include <vector>
 
@@ -91,6 +93,60 @@ TEST(LazyNetworkTest, ItsEndCancelsWhatIsUnderWay)
         page = network.fetch(requestFor(server.url()));
     }
     EXPECT_TRUE(page.isCanceled());
+}
+
+namespace {
+
+/// Reads for ever, once it has begun.
+class StuckReader : public BodyReader
+{
+public:
+    void begin() override {}
+    void read(QByteArrayView bytes) override
+    {
+        Q_UNUSED(bytes)
+        isReading = true;
+        for (;;)
+            std::this_thread::sleep_for(1h);
+    }
+
+    std::atomic<bool> isReading = false;
+};
+
+/// As main.cpp does, while a page is being read.
+void endTheProgramWhileReading()
+{
+    const HostileServer server(answerWith("welcome"));
+    {
+        LazyNetwork network(networkFile());
+        const auto reader = std::make_shared<StuckReader>();
+        HttpRequest request = requestFor(server.url());
+        request.bodyReader = reader;
+        const auto page = network.fetch(request);
+        if (!waitFor([&] { return reader->isReading.load(); }))
+            std::_Exit(1);
+    }
+    std::_Exit(LazyNetwork::isAnyLeftBehind() ? 42 : 2);
+}
+
+} // namespace
+
+TEST(LazyNetworkDeathTest, TheEndDoesNotWaitForABodyThatIsBeingRead)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_EXIT(endTheProgramWhileReading(), testing::ExitedWithCode(42), "");
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, 10s);
+}
+
+TEST(LazyNetworkTest, WhatHasEndedIsNotLeftBehind)
+{
+    const HostileServer server(answerWith("welcome"));
+    {
+        LazyNetwork network(networkFile());
+        EXPECT_EQ(network.fetch(requestFor(server.url())).result().body, "welcome");
+    }
+    EXPECT_FALSE(LazyNetwork::isAnyLeftBehind());
 }
 
 TEST(LazyNetworkDeathTest, WithoutItsLibraryTheProgramSaysSoAndEnds)

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "CaselessFolding.h"
+#include "SequenceMatcher.h"
+#include "Utf8Stream.h"
+
+#include <QByteArrayView>
+#include <QStringView>
+
+#include <optional>
+
+namespace ostrel {
+
+/// Looks for a keyword in a page while it arrives, and keeps nothing that it has searched.
+///
+/// A keyword is found where a stretch of the page is a canonical caseless match of it (the Unicode
+/// Standard, section 3.13, D145) and ends where a combining sequence ends. So composed and
+/// decomposed letters are the same, and so are capital and small ones; "e" isn't in "é". The
+/// keyword is a text, not a pattern; an empty one is in every page. Takes time that grows with the
+/// page's length and no faster, whatever the page and the keyword. One thread at a time.
+class CaselessSearch
+{
+public:
+    /// May throw std::bad_alloc.
+    explicit CaselessSearch(QStringView keyword);
+
+    /// Begins another page.
+    void begin();
+    /// The next bytes, a piece of any size.
+    void read(QByteArrayView bytes);
+    /// The page ends here. Whether it holds the keyword; nothing if it isn't UTF-8, if ICU failed
+    /// or if there wasn't enough memory.
+    [[nodiscard]] std::optional<bool> finish();
+
+private:
+    [[nodiscard]] bool readBlock(QByteArrayView bytes);
+    [[nodiscard]] bool match(std::optional<std::u16string_view> folded);
+
+    CaselessFolding m_folding;
+    std::optional<SequenceMatcher> m_matcher; ///< Nothing if the keyword couldn't be folded.
+    Utf8Stream m_utf8;
+    bool m_isReadable = true; ///< Nothing has failed so far.
+};
+
+} // namespace ostrel

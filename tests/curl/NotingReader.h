@@ -1,0 +1,24 @@
+#pragma once
+
+#include "BodyReader.h"
+
+#include <QByteArray>
+
+namespace ostrel::test {
+
+/// Notes what it reads.
+class NotingReader : public BodyReader
+{
+public:
+    void begin() override
+    {
+        ++bodies;
+        text.clear();
+    }
+    void read(QByteArrayView bytes) override { text.append(bytes); }
+
+    int bodies = 0;
+    QByteArray text;
+};
+
+} // namespace ostrel::test
