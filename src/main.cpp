@@ -181,8 +181,8 @@ private:
                 .workspace = *workspace,
                 .motion = *motion,
                 .statusBarHost = *statusBarHost,
-                .folderOwnership = &instance,
                 .fetchIcon = [&](const HttpRequest &request) { return network.fetch(request); },
+                .folderOwnership = &instance,
             });
         tellOfFailures(app.store());
         presenter = [&app](const NotificationRequest &request) {
