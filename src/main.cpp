@@ -158,10 +158,10 @@ private:
         const auto statusBarHost = makeStatusBarHost();
 
         LazyNetwork network;
-        const auto renewConnections = [&] { network.renewConnections(); };
-        QObject::connect(wakeSignal.get(), &WakeSignal::didWake, &instance, renewConnections);
+        const auto dropConnections = [&] { network.dropConnections(); };
+        QObject::connect(wakeSignal.get(), &WakeSignal::didWake, &instance, dropConnections);
         QObject::connect(networkPresence.get(), &NetworkPresence::isPresentChanged, &instance,
-                         renewConnections);
+                         dropConnections);
         NotificationManager notifications(*notificationCenter);
         HttpCheck httpCheck(network, notifications);
         PortCheck portCheck(network);

@@ -20,9 +20,9 @@ QFuture<TcpResult> CurlNetwork::connect(const QString &host, quint16 port,
     return m_tcpConnector.connect(host, port, timeout);
 }
 
-void CurlNetwork::renewConnections()
+void CurlNetwork::dropConnections()
 {
-    m_ioThread.renewConnections();
+    m_ioThread.dropConnections();
 }
 
 } // namespace ostrel

@@ -16,7 +16,7 @@ public:
     [[nodiscard]] QFuture<HttpResult> fetch(const HttpRequest &request) override;
     [[nodiscard]] QFuture<TcpResult> connect(const QString &host, quint16 port,
                                              std::chrono::milliseconds timeout) override;
-    void renewConnections() override;
+    void dropConnections() override;
 
 private:
     IoThread m_ioThread;

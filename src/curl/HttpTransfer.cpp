@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <arpa/inet.h>
 #include <exception>
-#include <new>
 #include <netinet/in.h>
+#include <new>
 #include <utility>
 
 namespace ostrel {
@@ -55,6 +55,12 @@ HttpTransfer::HttpTransfer(HttpRequest request, std::shared_ptr<WorkQueue> readi
 {
     setNames(m_hop.names());
     m_promise.start();
+}
+
+HttpTransfer::~HttpTransfer()
+{
+    if (m_body)
+        m_body->giveUp();
 }
 
 void HttpTransfer::didBeginTurn()
@@ -143,13 +149,6 @@ bool HttpTransfer::takeNextHop(CURLcode code)
     m_hasBeenPublic = m_hasBeenPublic || isServerPublic();
     setHop(std::move(*next));
     return true;
-}
-
-void HttpTransfer::startOver()
-{
-    m_redirects = 0;
-    m_hasBeenPublic = false;
-    setHop(firstHopOf(m_request, m_proxies));
 }
 
 bool HttpTransfer::mayConnectTo(const sockaddr &address)

@@ -19,6 +19,7 @@ public:
     /// The body is read by way of @p reading, if somebody wants it.
     HttpTransfer(HttpRequest request, std::shared_ptr<WorkQueue> reading,
                  std::shared_ptr<Inbox> inbox);
+    ~HttpTransfer() override;
 
     [[nodiscard]] QFuture<HttpResult> future() const { return m_promise.future(); }
 
@@ -31,7 +32,6 @@ protected:
     void setUp(CURL *handle) override;
     void setUpHop(CURL *handle, const Surroundings &surroundings) override;
     bool takeNextHop(CURLcode code) override;
-    void startOver() override;
     [[nodiscard]] bool mayConnectTo(const sockaddr &address) override;
     void report(CURLcode code, std::chrono::microseconds elapsed) override;
 

@@ -13,9 +13,9 @@ IoThread::IoThread(IoThreadConfiguration configuration)
 
 IoThread::~IoThread() = default;
 
-void IoThread::renewConnections()
+void IoThread::dropConnections()
 {
-    m_worker->renewConnections();
+    m_worker->dropConnections();
 }
 
 } // namespace ostrel

@@ -38,8 +38,8 @@ public:
     IoThread(const IoThread &) = delete;
     IoThread &operator=(const IoThread &) = delete;
 
-    /// As Network::renewConnections says. Any thread.
-    void renewConnections();
+    /// As Network::dropConnections says. Any thread.
+    void dropConnections();
 
     class Worker;
     /// For the clients of this folder.

@@ -73,10 +73,10 @@ void IoThread::Worker::submit(std::unique_ptr<Transfer> transfer)
     m_inbox->post([this, held] { queue(std::move(*held)); });
 }
 
-void IoThread::Worker::renewConnections()
+void IoThread::Worker::dropConnections()
 {
-    if (!m_shallRenew.exchange(true))
-        m_inbox->post([this] { renew(); });
+    if (!m_shallDrop.exchange(true))
+        m_inbox->post([this] { dropAll(); });
 }
 
 void IoThread::Worker::run()
@@ -95,14 +95,8 @@ void IoThread::Worker::run()
         endFinished();
         concludeEnded();
     }
-    for (const auto &[handle, transfer] : m_running)
-        curl_multi_remove_handle(m_inbox->multi(), handle);
-    m_running.clear();
-    m_ended.clear();
+    dropAll();
     m_inbox->close();
-    m_lookingUp.clear();
-    m_waiting.clear();
-    m_needingCertificates.clear();
 }
 
 void IoThread::Worker::readMessages()
@@ -136,6 +130,8 @@ void IoThread::Worker::readCertificates()
 void IoThread::Worker::didReadCertificates(TrustedCertificates::Store certificates)
 {
     m_surroundings.certificates = std::move(certificates);
+    if (m_needingCertificates.empty())
+        return; // What they were read for has been dropped.
     std::unique_ptr<Transfer> transfer = std::move(m_needingCertificates.front());
     m_needingCertificates.pop_front();
     wait(std::move(transfer));
@@ -150,30 +146,17 @@ void IoThread::Worker::wait(std::unique_ptr<Transfer> transfer)
         m_waiting.push_back(std::move(transfer));
 }
 
-void IoThread::Worker::renew()
+void IoThread::Worker::dropAll()
 {
-    m_shallRenew = false;
-    auto interrupted = std::exchange(m_running, {});
-    for (const auto &[handle, transfer] : interrupted)
+    m_shallDrop = false;
+    for (const auto &[handle, transfer] : m_running)
         curl_multi_remove_handle(m_inbox->multi(), handle);
-    m_inbox->replaceMulti();
+    m_running.clear();
+    m_ended.clear();
+    m_lookingUp.clear();
+    m_waiting.clear();
+    m_needingCertificates.clear();
     m_nameLookUps.forget();
-    for (auto &[handle, transfer] : interrupted)
-        interrupt(std::move(transfer));
-    for (LookingUp &lookingUp : std::exchange(m_lookingUp, {}))
-        interrupt(std::move(lookingUp.transfer));
-}
-
-void IoThread::Worker::interrupt(std::unique_ptr<Transfer> transfer)
-{
-    // Renewals that follow each other more closely than the library's shortest time-out must not
-    // keep it alive.
-    if (transfer->isOverdue()) {
-        end(std::move(transfer), CURLE_OPERATION_TIMEDOUT, Clock::now());
-        return;
-    }
-    transfer->interrupt();
-    m_waiting.push_front(std::move(transfer));
 }
 
 void IoThread::Worker::serve()

@@ -20,7 +20,7 @@
 namespace ostrel {
 
 /// The loop of the I/O thread. Other threads call the constructor, the destructor, submit() and
-/// renewConnections(); everything else happens on the thread itself.
+/// dropConnections(); everything else happens on the thread itself.
 ///
 /// The way of a transfer: it waits for the certificates, if it needs them; it waits to be admitted;
 /// its names are looked up; it runs; and goes back to the beginning if there is another hop.
@@ -35,7 +35,7 @@ public:
     /// Any thread.
     void submit(std::unique_ptr<Transfer> transfer);
     /// Any thread.
-    void renewConnections();
+    void dropConnections();
     /// For other threads that work for transfers; may outlive the worker.
     [[nodiscard]] std::shared_ptr<Inbox> inbox() const { return m_inbox; }
 
@@ -52,8 +52,7 @@ private:
     void run();
     void readMessages();
     void queue(std::unique_ptr<Transfer> transfer);
-    void renew();
-    void interrupt(std::unique_ptr<Transfer> transfer);
+    void dropAll();
     void serve();
     void endFinished();
     void end(std::unique_ptr<Transfer> transfer, CURLcode code, Clock::time_point now);
@@ -84,7 +83,7 @@ private:
     const IoThreadConfiguration m_configuration;
 
     std::shared_ptr<Inbox> m_inbox = std::make_shared<Inbox>();
-    std::atomic<bool> m_shallRenew = false; ///< Whether a message says so. Any thread.
+    std::atomic<bool> m_shallDrop = false; ///< Whether a message says so. Any thread.
     bool m_shallStop = false;
 
     std::shared_ptr<TrustedCertificates> m_trustedCertificates; ///< Of m_certificateReader.

@@ -82,14 +82,6 @@ bool Transfer::goesOn(CURLcode code)
     return true;
 }
 
-void Transfer::interrupt()
-{
-    m_spent = m_hasBegunAnew ? Clock::now() - m_clockStart : Clock::duration::zero();
-    m_hasBegunAnew = true;
-    m_handle.reset();
-    startOver();
-}
-
 void Transfer::end(CURLcode code, Clock::time_point now)
 {
     if (code == CURLE_OPERATION_TIMEDOUT)

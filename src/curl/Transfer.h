@@ -69,11 +69,6 @@ public:
     /// follows: the clock then stands still until that is admitted.
     [[nodiscard]] bool goesOn(CURLcode code);
 
-    /// Sockets and look-ups are worthless: the clock stands still, and what is admitted next is the
-    /// first hop. Only the first time is all the time given back: afterwards the rest of the
-    /// time-out has to do. The handle has left its multi handle.
-    void interrupt();
-
     /// When the time-out will have passed.
     [[nodiscard]] Clock::time_point deadline() const { return m_clockStart + m_timeout; }
     [[nodiscard]] bool isOverdue() const { return Clock::now() > deadline(); }
@@ -114,8 +109,6 @@ protected:
         Q_UNUSED(code)
         return false;
     }
-    /// What is next is the first hop.
-    virtual void startOver() {}
     /// Whether a socket to @p address may be opened.
     [[nodiscard]] virtual bool mayConnectTo(const sockaddr &address)
     {
@@ -151,7 +144,6 @@ private:
     Clock::time_point m_clockStart; ///< Of the whole, if the clock had never stood still.
     Clock::time_point m_lastAdmission;
     Clock::time_point m_lastBeginning;
-    bool m_hasBegunAnew = false;
     std::vector<sockaddr_storage> m_addresses; ///< Those that the hop's look-ups have found.
     // These outlive the handle, which uses them.
     std::array<char, CURL_ERROR_SIZE> m_errorBuffer{};

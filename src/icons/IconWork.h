@@ -35,21 +35,26 @@ public:
         return m_thread.run([work = std::move(work)] { return quietly(work); });
     }
 
-    /// What @p reader makes of @p answer's result, on the same terms; cancelled where the answer
-    /// is.
+    /// What @p reader makes of @p answer's result, on the same terms; empty if the answer is
+    /// cancelled.
     template<typename Reader>
     [[nodiscard]] auto read(QFuture<HttpResult> answer, Reader reader)
     {
         using Result = std::invoke_result_t<Reader, const HttpResult &>;
         const auto promise = std::make_shared<QPromise<Result>>();
         promise->start();
-        answer.then([queue = m_thread.queue(), promise,
-                     reader = std::move(reader)](const HttpResult &result) {
-            queue->post([promise, reader, result] {
-                promise->addResult(quietly([&] { return reader(result); }));
+        answer
+            .then([queue = m_thread.queue(), promise,
+                   reader = std::move(reader)](const HttpResult &result) {
+                queue->post([promise, reader, result] {
+                    promise->addResult(quietly([&] { return reader(result); }));
+                    promise->finish();
+                });
+            })
+            .onCanceled([promise] {
+                promise->addResult(Result());
                 promise->finish();
             });
-        });
         return promise->future();
     }
 

@@ -15,8 +15,7 @@ public:
     BodyReader &operator=(const BodyReader &) = delete;
     virtual ~BodyReader() = default;
 
-    /// A body begins. What was read of another, of an earlier hop or before the connections were
-    /// renewed, is void.
+    /// A body begins. What was read of another, of an earlier hop, is void.
     virtual void begin() = 0;
     /// The next bytes: a piece of any size, at most some hundred kilobytes. If it throws, the body
     /// counts as not read.

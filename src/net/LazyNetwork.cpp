@@ -72,10 +72,10 @@ QFuture<TcpResult> LazyNetwork::connect(const QString &host, quint16 port,
     return network().connect(host, port, timeout);
 }
 
-void LazyNetwork::renewConnections()
+void LazyNetwork::dropConnections()
 {
     if (Network *network = m_loaded)
-        network->renewConnections();
+        network->dropConnections();
 }
 
 Network &LazyNetwork::network()

@@ -29,7 +29,7 @@ public:
     [[nodiscard]] QFuture<TcpResult> connect(const QString &host, quint16 port,
                                              std::chrono::milliseconds timeout) override;
     /// Loads nothing: what isn't loaded has no connections.
-    void renewConnections() override;
+    void dropConnections() override;
 
 private:
     void load();

@@ -60,7 +60,8 @@ struct TcpResult
 /// All that the program does with the network. Any thread.
 ///
 /// A future finishes, with exactly one result, at most half a second after the time-out counted
-/// from the admission; only where the network ends first is it cancelled instead. What waits for a
+/// from the admission; it is cancelled instead if dropConnections() or the network's end comes
+/// first. What waits for a
 /// place among our own, for a free look-up or for the trusted certificates spends none of its time.
 class Network
 {
@@ -84,10 +85,9 @@ public:
     [[nodiscard]] virtual QFuture<TcpResult> connect(const QString &host, quint16 port,
                                                      std::chrono::milliseconds timeout) = 0;
 
-    /// After a sleep, sockets and look-ups are worthless: forgets them all. What is under way
-    /// begins anew, with its whole time-out before it; what had done so before has what is left of
-    /// it, so that nothing runs for ever.
-    virtual void renewConnections() = 0;
+    /// After a sleep, or on another network, sockets and look-ups are worthless: drops them all.
+    /// What was asked for before is cancelled.
+    virtual void dropConnections() = 0;
 };
 
 } // namespace ostrel

@@ -37,7 +37,7 @@ void returnFreedMemory();
 void readFontConfiguration();
 
 /// Keeps the toolkit from those of the desktop's services that don't answer: it would wait for
-/// them. Takes a millisecond or two; half a second at most where one is silent. Before there is an
+/// them. Takes a millisecond or two; a quarter of a second at most where one is silent. Before there is an
 /// application.
 void avoidSilentServices();
 

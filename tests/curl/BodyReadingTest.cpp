@@ -182,25 +182,6 @@ TEST_F(BodyReadingTest, WhatAReaderThrowsIsABodyThatWasNotRead)
     EXPECT_TRUE(fetch(requestReadBy(reader, server.url())).isBodyRead) << "the thread goes on";
 }
 
-TEST_F(BodyReadingTest, WhatCameBeforeARenewalIsVoid)
-{
-    std::atomic<int> requests = 0;
-    const HostileServer server([&](HostileConnection &connection, const SeenRequest &request) {
-        if (++requests > 1) {
-            connection.respond("200 OK", "second");
-            return;
-        }
-        connection.send("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nfirst");
-        staySilent(connection, request);
-    });
-    const auto reader = std::make_shared<NotingReader>();
-    const auto future = m_client.fetch(requestReadBy(reader, server.url()));
-    ASSERT_TRUE(waitFor([&] { return requests == 1; }));
-    m_ioThread.renewConnections();
-    EXPECT_TRUE(future.result().isBodyRead);
-    EXPECT_EQ(reader->text, "second");
-}
-
 TEST_F(BodyReadingTest, BombsTakeTurnsWithAHealthyPage)
 {
     const QByteArray zeros(64 * mebibyte, '\0');

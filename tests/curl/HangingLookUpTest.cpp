@@ -229,13 +229,15 @@ TEST_F(HangingLookUpTest, ItsFailureIsntThatOfAnotherThatJoinedLater)
     EXPECT_TRUE(later.result().isConnected);
 }
 
-TEST_F(HangingLookUpTest, ARenewalWaitsForNoneThatBeganBefore)
+TEST_F(HangingLookUpTest, OneThatWasDroppedIsJoinedByNobody)
 {
     IoThread ioThread;
     HttpClient client(ioThread);
-    const auto result = client.fetch(request(30s));
+    const auto dropped = client.fetch(request(30s));
     ASSERT_TRUE(waitFor([] { return lookUps.count() == 1; }));
-    ioThread.renewConnections();
+    ioThread.dropConnections();
+    EXPECT_TRUE(waitFor([&] { return dropped.isCanceled(); }));
+    const auto result = client.fetch(request(30s));
     EXPECT_TRUE(waitFor([] { return lookUps.count() == 2; }));
     EXPECT_FALSE(result.isFinished());
 }

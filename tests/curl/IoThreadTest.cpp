@@ -108,89 +108,32 @@ TEST(IoThreadTest, AHundredThatHangLeaveRoomForOthers)
     EXPECT_TRUE(client.fetch(requestFor(decent.url())).result().hasResponse);
 }
 
-/// Keeps its first connection waiting and answers on every later one.
-class ForgetfulServer
+TEST(IoThreadTest, DroppingCancelsWhatIsUnderWayAndWhatWaits)
 {
-public:
-    ForgetfulServer()
-        : m_server([this](HostileConnection &connection, const SeenRequest &request) {
-            if (m_server.requests().size() == 1)
-                staySilent(connection, request);
-            else
-                connection.respond("200 OK", "OK");
-        })
-    {
-    }
-
-    [[nodiscard]] const HostileServer &server() const { return m_server; }
-
-private:
-    HostileServer m_server;
-};
-
-TEST(IoThreadTest, RenewalBeginsTransfersAnew)
-{
-    const ForgetfulServer forgetful;
-    IoThread ioThread;
-    HttpClient client(ioThread);
-    const auto future = client.fetch(requestFor(forgetful.server().url()));
-    ASSERT_TRUE(waitFor([&] { return forgetful.server().requests().size() == 1; }));
-    ioThread.renewConnections();
-    EXPECT_EQ(future.result().body, "OK");
-    EXPECT_EQ(forgetful.server().requests().size(), 2);
-}
-
-TEST(IoThreadTest, RenewalStartsTheClockAnew)
-{
-    const HostileServer server(answerAfter(250ms));
-    IoThread ioThread;
-    HttpClient client(ioThread);
-    const auto future = client.fetch(requestWithin(400ms, server.url()));
-    // A second of the same kind is the clock that says when to renew.
-    (void)HttpClient(ioThread).fetch(requestWithin(200ms, server.url())).result();
-    ioThread.renewConnections();
-    const HttpResult result = future.result();
-    EXPECT_TRUE(result.hasResponse) << result.error.toStdString();
-    EXPECT_GE(result.elapsed, 250ms);
-    EXPECT_LT(result.elapsed, 400ms);
-}
-
-TEST(IoThreadTest, RenewalsWithoutEndDontKeepATransferFromItsEnd)
-{
-    const HostileServer server(staySilent);
-    IoThread ioThread;
-    HttpClient client(ioThread);
-    const auto future = client.fetch(requestWithin(300ms, server.url()));
-    const auto start = std::chrono::steady_clock::now();
-    EXPECT_TRUE(waitFor([&] {
-        ioThread.renewConnections();
-        return future.isFinished();
-    }));
-    EXPECT_LE(std::chrono::steady_clock::now() - start, 1000ms);
-    EXPECT_FALSE(future.result().hasResponse);
-    EXPECT_GE(future.result().elapsed, 300ms);
-}
-
-TEST(IoThreadTest, RenewalDoesntTouchWaitingTransfers)
-{
-    const HostileServer server(answerWith("OK"));
     const HostileServer silent(staySilent);
+    const HostileServer server(answerWith("OK"));
     IoThread ioThread({.maxConcurrentTransfers = 1});
     HttpClient client(ioThread);
-    const auto first = client.fetch(requestWithin(100ms, silent.url()));
-    const auto second = client.fetch(requestFor(server.url()));
-    ioThread.renewConnections();
-    EXPECT_TRUE(second.result().hasResponse);
+    auto first = client.fetch(requestWithin(30s, silent.url()));
+    auto second = client.fetch(requestFor(server.url()));
+    ASSERT_TRUE(waitFor([&] { return silent.requests().size() == 1; }));
+    ioThread.dropConnections();
+    first.waitForFinished();
+    second.waitForFinished();
+    EXPECT_TRUE(first.isCanceled());
+    EXPECT_TRUE(second.isCanceled());
+    EXPECT_TRUE(client.fetch(requestFor(server.url())).result().hasResponse);
+    EXPECT_EQ(silent.requests().size(), 1) << "nothing is asked for again";
     EXPECT_EQ(server.requests().size(), 1);
 }
 
-TEST(IoThreadTest, NothingThatIsAskedForDuringARenewalIsForgotten)
+TEST(IoThreadTest, NothingThatIsAskedForAfterDroppingIsForgotten)
 {
     const HostileServer server(answerWith("OK"));
     const auto wakesUp = [&](std::chrono::nanoseconds pause) {
         IoThread ioThread;
         HttpClient client(ioThread);
-        ioThread.renewConnections();
+        ioThread.dropConnections();
         const auto moment = std::chrono::steady_clock::now() + pause;
         while (std::chrono::steady_clock::now() < moment) {
         }
@@ -200,19 +143,19 @@ TEST(IoThreadTest, NothingThatIsAskedForDuringARenewalIsForgotten)
             std::this_thread::yield();
         return future.isFinished() && future.result().hasResponse;
     };
-    // At another moment of the renewal each time: nobody can tell which is the one that matters.
+    // At another moment of the dropping each time: nobody can tell which is the one that matters.
     for (int round = 0; round < 1000; ++round)
         ASSERT_TRUE(wakesUp(std::chrono::nanoseconds(round * 40))) << round;
 }
 
-TEST(IoThreadTest, RenewalOfAnIdleThreadChangesNothing)
+TEST(IoThreadTest, DroppingNothingChangesNothing)
 {
     const HostileServer server(answerWith("OK"));
     IoThread ioThread;
     HttpClient client(ioThread);
-    ioThread.renewConnections();
+    ioThread.dropConnections();
     EXPECT_TRUE(client.fetch(requestFor(server.url())).result().hasResponse);
-    ioThread.renewConnections();
+    ioThread.dropConnections();
     EXPECT_TRUE(client.fetch(requestFor(server.url())).result().hasResponse);
 }
 

@@ -369,6 +369,27 @@ TEST_F(WatchTest, AWakeChecksEverythingOnceMoreAtOnce)
     EXPECT_FALSE(program.readChecks()->contains(paused.id));
 }
 
+TEST_F(WatchTest, ACheckUnderWayAtASleepIsDroppedForTheWakesOne)
+{
+    Monitor hanging = webMonitor(text("Hanging"), silent.url());
+    hanging.interval = Seconds(3600);
+    hanging.timeout = Seconds(1);
+    program.writeMonitors({hanging});
+    ASSERT_TRUE(program.start());
+    ASSERT_TRUE(waitFor([this] { return silent.requests().size() == 1; }));
+
+    logind.announceSleep();
+    logind.announceWake();
+    EXPECT_TRUE(waitFor([this] { return silent.requests().size() == 2; }));
+    ASSERT_TRUE(waitFor([&] {
+        const auto checks = program.readChecks();
+        return checks && !checks->value(hanging.id).empty();
+    }));
+    EXPECT_EQ(program.stop(), 0);
+    EXPECT_EQ(program.readChecks()->value(hanging.id).size(), 1u) << "one failure, not two";
+    EXPECT_EQ(silent.requests().size(), 2);
+}
+
 TEST_F(WatchTest, ChecksOfOtherComputersWaitForTheNetwork)
 {
     FakeNetworkManager networkManager(systemBus, FakeNetworkManager::disconnected);

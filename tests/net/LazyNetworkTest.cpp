@@ -45,7 +45,7 @@ bool hasLoaded(const QByteArray &name)
 TEST(LazyNetworkTest, NothingIsLoadedBeforeItIsNeeded)
 {
     LazyNetwork network(networkFile());
-    network.renewConnections();
+    network.dropConnections();
     EXPECT_FALSE(hasLoaded("/ostrel-network"));
     EXPECT_FALSE(hasLoaded("/libcurl"));
 

@@ -18,7 +18,7 @@ class MessageBus
 {
 public:
     /// How long a start waits for a bus at most. One that works answers in a millisecond.
-    static constexpr std::chrono::milliseconds defaultPatience{500};
+    static constexpr std::chrono::milliseconds defaultPatience{250};
 
     /// Begins to look for the bus at @p addresses; empty where there is none.
     explicit MessageBus(const QByteArray &addresses);
