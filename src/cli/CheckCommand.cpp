@@ -23,7 +23,7 @@ public:
     void add(const NotificationRequest &) override {}
 };
 
-Check waitForResult(const QFuture<Check> &future)
+void waitFor(const QFuture<Check> &future)
 {
     QEventLoop loop;
     QFutureWatcher<Check> watcher;
@@ -31,7 +31,6 @@ Check waitForResult(const QFuture<Check> &future)
     watcher.setFuture(future);
     if (!future.isFinished())
         loop.exec();
-    return future.result();
 }
 
 QString milliseconds(double value)
@@ -84,7 +83,9 @@ Check runCheckOnce(const CheckInvocation &invocation, Network &network)
     MonitorCheck &check = invocation.monitor.type == MonitorType::http
                               ? static_cast<MonitorCheck &>(httpCheck)
                               : portCheck;
-    return waitForResult(check.run(invocation.monitor));
+    const auto run = beginCheck(check, invocation.monitor);
+    waitFor(run);
+    return outcomeOf(run, invocation.monitor);
 }
 
 QByteArray describeCheck(const CheckInvocation &invocation, const Check &check)

@@ -29,14 +29,6 @@ constexpr qint64 failuresUntilDown = 2;
 /// nobody tells of its end, it isn't coming.
 constexpr auto longestNearness = 30s;
 
-/// For a check that couldn't be carried out, for example for want of memory.
-Check failedCheck(const Monitor &monitor)
-{
-    Check check = newCheck(monitor, systemNow());
-    check.error = QStringLiteral("The check could not be carried out");
-    return check;
-}
-
 } // namespace
 
 MonitoringEngine::MonitoringEngine(const EngineServices &services, QObject *parent)
@@ -122,18 +114,16 @@ QFuture<void> MonitoringEngine::runCheck(const Monitor &monitor, Occasion occasi
 }
 
 QFuture<Check> MonitoringEngine::begin(const Monitor &monitor)
-try {
+{
     auto &check = monitor.type == MonitorType::http ? m_services.httpCheck : m_services.portCheck;
-    return check.run(monitor);
-} catch (const std::exception &) {
-    return QtFuture::makeReadyFuture(failedCheck(monitor));
+    return beginCheck(check, monitor);
 }
 
 void MonitoringEngine::end(const QFuture<Check> &check, const Errand &errand)
 try {
     if (errand.era != m_era)
         return;
-    const Check result = check.isCanceled() ? failedCheck(errand.monitor) : check.result();
+    const Check result = outcomeOf(check, errand.monitor);
     if (!isNoFaultOfTheSite(result, errand))
         handleResult(result, errand.monitor);
 } catch (const std::exception &) {

@@ -6,7 +6,11 @@
 #include "HostileBehaviours.h"
 #include "Printers.h"
 
+#include <QPromise>
+
 #include <gtest/gtest.h>
+
+#include <new>
 
 namespace ostrel::test {
 
@@ -120,6 +124,45 @@ TEST(CheckCommandTest, SlowIsSaidAndStaysUp)
     const Check made = runOnce(check);
     EXPECT_EQ(exitCodeOf(made), exitUp);
     EXPECT_TRUE(describeCheck(check, made).contains("Slow: the threshold is 50 ms"));
+}
+
+/// Has no memory for a request, or ends before there is an answer.
+class FailingNetwork : public Network
+{
+public:
+    explicit FailingNetwork(bool isThrowing)
+        : m_isThrowing(isThrowing)
+    {
+    }
+    QFuture<HttpResult> fetch(const HttpRequest &) override { return cancelled<HttpResult>(); }
+    QFuture<TcpResult> connect(const QString &, quint16, std::chrono::milliseconds) override
+    {
+        return cancelled<TcpResult>();
+    }
+    void dropConnections() override {}
+
+private:
+    template<typename Result>
+    [[nodiscard]] QFuture<Result> cancelled() const
+    {
+        if (m_isThrowing)
+            throw std::bad_alloc();
+        QPromise<Result> promise;
+        promise.start();
+        return promise.future();
+    }
+
+    bool m_isThrowing;
+};
+
+TEST(CheckCommandTest, WhatCannotBeCarriedOutIsDownAndSaysSo)
+{
+    for (const bool isThrowing : {false, true}) {
+        FailingNetwork network(isThrowing);
+        const Check check = runCheckOnce(invocation("http://127.0.0.1/"), network);
+        EXPECT_FALSE(check.isUp);
+        EXPECT_EQ(check.error, QStringLiteral("The check could not be carried out"));
+    }
 }
 
 } // namespace ostrel::test

@@ -1,0 +1,29 @@
+#include "MonitorCheck.h"
+
+#include <QPromise>
+
+#include <exception>
+
+namespace ostrel {
+
+QFuture<Check> beginCheck(MonitorCheck &check, const Monitor &monitor)
+{
+    try {
+        return check.run(monitor);
+    } catch (const std::exception &) {
+        QPromise<Check> cancelled;
+        cancelled.start();
+        return cancelled.future();
+    }
+}
+
+Check outcomeOf(const QFuture<Check> &run, const Monitor &monitor)
+{
+    if (!run.isCanceled())
+        return run.result();
+    Check check = newCheck(monitor, systemNow());
+    check.error = QStringLiteral("The check could not be carried out");
+    return check;
+}
+
+} // namespace ostrel
