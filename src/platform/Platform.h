@@ -37,8 +37,8 @@ void returnFreedMemory();
 void readFontConfiguration();
 
 /// Keeps the toolkit from those of the desktop's services that don't answer: it would wait for
-/// them. Takes a millisecond or two; a quarter of a second at most where one is silent. Before there is an
-/// application.
+/// them. Takes a millisecond or two; a quarter of a second at most where one is silent. Before
+/// there is an application.
 void avoidSilentServices();
 
 /// Begins, on another thread, what the others would else wait for. Once there is an application.

@@ -142,4 +142,11 @@ TEST(LayersTest, PlatformsDifferOnlyInsideThePlatformFolder)
     }
 }
 
+// Qt's painter waits for that pool on the main thread.
+TEST(LayersTest, NobodyUsesQtsThreadPool)
+{
+    for (const QString &file : sourceFiles())
+        EXPECT_FALSE(contentOf(file).contains(QStringLiteral("QThreadPool"))) << qPrintable(file);
+}
+
 } // namespace ostrel::test

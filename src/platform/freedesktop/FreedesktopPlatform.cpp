@@ -13,10 +13,11 @@
 
 #include <QDBusConnection>
 #include <QPromise>
-#include <QThreadPool>
 
 #include <ctime>
 #include <fontconfig/fontconfig.h>
+#include <functional>
+#include <thread>
 
 #ifdef __GLIBC__
 #include <malloc.h>
@@ -52,13 +53,19 @@ QDBusConnection connectSession()
                : QDBusConnection::sessionBus();
 }
 
+/// Nobody waits for it: a bus that falls silent just before it is connected may hold it for ever.
+void onAnotherThread(std::function<void()> work)
+{
+    std::thread(std::move(work)).detach();
+}
+
 using Connect = QDBusConnection (*)();
 
 QFuture<QDBusConnection> connectOnAnotherThread(Connect connect)
 {
     const auto promise = std::make_shared<QPromise<QDBusConnection>>();
     promise->start();
-    QThreadPool::globalInstance()->start([promise, connect] {
+    onAnotherThread([promise, connect] {
         promise->addResult(connect());
         promise->finish();
     });
@@ -126,7 +133,7 @@ void avoidSilentServices()
 
 void preparePlatform()
 {
-    QThreadPool::globalInstance()->start([] {
+    onAnotherThread([] {
         if (buses().session.answersWithin(0ms))
             static_cast<void>(connectSession());
         if (buses().system.answersWithin(0ms))
