@@ -182,6 +182,7 @@ private:
                 .motion = *motion,
                 .statusBarHost = *statusBarHost,
                 .fetchIcon = [&](const HttpRequest &request) { return network.fetch(request); },
+                .prepareIconThread = &lowerThreadPriority,
                 .folderOwnership = &instance,
             });
         tellOfFailures(app.store());

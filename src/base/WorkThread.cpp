@@ -2,9 +2,9 @@
 
 #include <QDeadlineTimer>
 
-#include <atomic>
 #include <chrono>
 #include <exception>
+#include <vector>
 
 namespace ostrel {
 
@@ -14,15 +14,23 @@ using namespace std::chrono_literals;
 
 constexpr auto patienceAtTheEnd = 100ms;
 
-std::atomic<bool> isOneLeftBehind = false;
+std::mutex leftBehindMutex;
 
-QThread::Priority toThreadPriority(WorkThread::Priority priority)
+/// Threads that were still at work when nobody could wait any more. They may not be destroyed while
+/// they run, and stay known, so that they don't count as lost.
+std::vector<std::unique_ptr<QThread>> &leftBehind()
 {
-    return priority == WorkThread::Priority::idle ? QThread::IdlePriority
-                                                  : QThread::InheritPriority;
+    static auto &threads = *new std::vector<std::unique_ptr<QThread>>;
+    return threads;
 }
 
-void doQuietly(WorkQueue::Work work)
+void leaveBehind(std::unique_ptr<QThread> thread)
+{
+    const std::lock_guard lock(leftBehindMutex);
+    leftBehind().push_back(std::move(thread));
+}
+
+void doQuietly(const WorkQueue::Work &work)
 {
     try {
         work();
@@ -55,7 +63,8 @@ void WorkQueue::serve()
         Work work = std::move(m_waiting.front());
         m_waiting.pop_front();
         lock.unlock();
-        doQuietly(std::move(work));
+        doQuietly(work);
+        work = nullptr; // What it holds goes before the next is waited for.
         lock.lock();
     }
 }
@@ -71,26 +80,26 @@ void WorkQueue::close()
     m_hasChanged.notify_one();
 }
 
-WorkThread::WorkThread(Priority priority)
+WorkThread::WorkThread(Work prepare)
     : m_queue(std::make_shared<WorkQueue>())
     , m_thread(QThread::create([queue = m_queue] { queue->serve(); }))
 {
-    m_thread->start(toThreadPriority(priority));
+    if (prepare)
+        post(std::move(prepare));
+    m_thread->start();
 }
 
 WorkThread::~WorkThread()
 {
     m_queue->close();
-    if (!m_thread->wait(QDeadlineTimer(patienceAtTheEnd))) {
-        isOneLeftBehind = true;
-        // It may not be destroyed while it runs.
-        static_cast<void>(m_thread.release());
-    }
+    if (!m_thread->wait(QDeadlineTimer(patienceAtTheEnd)))
+        leaveBehind(std::move(m_thread));
 }
 
 bool WorkThread::isAnyLeftBehind()
 {
-    return isOneLeftBehind;
+    const std::lock_guard lock(leftBehindMutex);
+    return !leftBehind().empty();
 }
 
 } // namespace ostrel

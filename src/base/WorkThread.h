@@ -44,12 +44,8 @@ class WorkThread
 public:
     using Work = WorkQueue::Work;
 
-    enum class Priority {
-        normal,
-        idle, ///< Runs while nothing else wants the processor, if the system can do that.
-    };
-
-    explicit WorkThread(Priority priority = Priority::normal);
+    /// The thread calls @p prepare before anything else, for example to lower its priority.
+    explicit WorkThread(Work prepare = {});
     /// Drops what waits, and waits a tenth of a second at most for what is under way.
     ~WorkThread();
     WorkThread(const WorkThread &) = delete;

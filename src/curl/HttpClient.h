@@ -21,7 +21,7 @@ private:
     IoThread &m_ioThread;
     WorkThread m_reading;
     /// For bodies that are only kept: they are icons' and titles', which nobody waits for.
-    WorkThread m_keeping{WorkThread::Priority::idle};
+    WorkThread m_keeping;
 };
 
 } // namespace ostrel

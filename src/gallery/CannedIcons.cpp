@@ -77,8 +77,7 @@ QFuture<HttpResult> nothingThere(const HttpRequest & /*request*/)
 
 FaviconService &cannedIcons(QObject *parent)
 {
-    auto *service =
-        new FaviconService(filledFolder(), nothingThere, WorkThread::Priority::normal, parent);
+    auto *service = new FaviconService(filledFolder(), nothingThere, {}, parent);
     for (const Icon &icon : icons) {
         const auto found = service->icon(QString::fromLatin1(icon.domain));
         while (!found.isFinished())

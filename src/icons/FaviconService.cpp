@@ -31,13 +31,13 @@ std::optional<QString> titleOf(const HttpResult &result)
 
 } // namespace
 
-FaviconService::FaviconService(const QString &cacheDir, Fetch fetch, WorkThread::Priority priority,
+FaviconService::FaviconService(const QString &cacheDir, Fetch fetch, WorkThread::Work prepareThread,
                                QObject *parent)
     : QObject(parent)
     , m_cacheDir(cacheDir)
     , m_fetch(std::move(fetch))
     , m_memoryCache(memoryLimit)
-    , m_work(priority)
+    , m_work(std::move(prepareThread))
 {
     m_work.post([folder = m_cacheDir] { folder.prepare(); });
 }

@@ -29,9 +29,9 @@ public:
     static constexpr qsizetype memoryLimit = qsizetype(16) * 1024 * 1024;
 
     /// Keeps its files in @p cacheDir, which is made if it is missing, also later. What @p fetch
-    /// stands for outlives the service. Of another @p priority for who waits for its icons.
-    FaviconService(const QString &cacheDir, Fetch fetch,
-                   WorkThread::Priority priority = WorkThread::Priority::idle,
+    /// stands for outlives the service. The thread that pictures are read on calls
+    /// @p prepareThread first.
+    FaviconService(const QString &cacheDir, Fetch fetch, WorkThread::Work prepareThread = {},
                    QObject *parent = nullptr);
 
     /// The icon of the site at @p address, as shownIcon makes it of what its source served, which

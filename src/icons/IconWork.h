@@ -13,14 +13,15 @@
 
 namespace ostrel {
 
-/// The thread on which pictures and pages are read and the icons' files are read and written. It
-/// runs while nothing else wants the processor, so that no site's picture takes time from a check
-/// or from what is painted. Any thread may ask it; it does one thing after the other.
+/// The thread on which pictures and pages are read and the icons' files are read and written, so
+/// that no site's picture takes time from a check or from what is painted. Any thread may ask it;
+/// it does one thing after the other.
 class IconWork
 {
 public:
-    explicit IconWork(WorkThread::Priority priority = WorkThread::Priority::idle)
-        : m_thread(priority)
+    /// The thread calls @p prepare first.
+    explicit IconWork(WorkThread::Work prepare = {})
+        : m_thread(std::move(prepare))
     {
     }
 

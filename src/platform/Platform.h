@@ -46,6 +46,9 @@ void preparePlatform();
 
 [[nodiscard]] std::unique_ptr<NotificationCenter>
 makeNotificationCenter(const NotificationPresenter &presenter);
+/// Has the calling thread, and no other, yield to those that want the processor. It still gets a
+/// share of it: one that got none could hold a lock of the allocator's for seconds.
+void lowerThreadPriority();
 /// Now, on this system's continuous clock. Any thread.
 [[nodiscard]] ContinuousTime continuousNow();
 [[nodiscard]] std::unique_ptr<WakeSignal> makeWakeSignal();

@@ -43,7 +43,8 @@ struct AppServices
     Workspace &workspace;
     MotionPreference &motion;
     StatusBarHost &statusBarHost;
-    Fetch fetchIcon; ///< How the sites' icons and titles reach the program.
+    Fetch fetchIcon;                         ///< How the sites' icons and titles reach the program.
+    WorkThread::Work prepareIconThread = {}; ///< Called first on the thread that reads those.
     FolderOwnership *folderOwnership = nullptr; ///< Null if nobody else could have the folder.
 };
 

@@ -41,8 +41,15 @@ TEST(WorkThreadTest, WorkIsDoneInOrderOnOneOtherThread)
 
 TEST(WorkThreadTest, ResultsArriveAsFutures)
 {
-    WorkThread thread(WorkThread::Priority::idle);
+    WorkThread thread;
     EXPECT_EQ(thread.run([] { return 42; }).result(), 42);
+}
+
+TEST(WorkThreadTest, TheThreadIsPreparedBeforeAnythingElse)
+{
+    QThread *prepared = nullptr;
+    WorkThread thread([&] { prepared = QThread::currentThread(); });
+    EXPECT_TRUE(thread.run([&] { return prepared == QThread::currentThread(); }).result());
 }
 
 TEST(WorkThreadTest, WhatThrowsIsCancelledAndTheNextIsDone)

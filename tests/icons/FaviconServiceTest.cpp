@@ -46,7 +46,7 @@ class PromptService : public FaviconService
 {
 public:
     PromptService(const QString &cacheDir, Fetch fetch)
-        : FaviconService(cacheDir, std::move(fetch), WorkThread::Priority::normal)
+        : FaviconService(cacheDir, std::move(fetch))
     {
     }
 };

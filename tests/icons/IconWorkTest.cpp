@@ -13,14 +13,12 @@
 namespace ostrel {
 namespace {
 
-TEST(IconWorkTest, IsDoneOnAThreadOfIdlePriority)
+TEST(IconWorkTest, IsDoneOnAThreadOfItsOwnThatIsPreparedFirst)
 {
-    IconWork work;
-    const auto isElsewhere = work.run([here = QThread::currentThread()] {
-        return QThread::currentThread() != here &&
-               QThread::currentThread()->priority() == QThread::IdlePriority;
-    });
-    EXPECT_TRUE(isElsewhere.result());
+    QThread *prepared = nullptr;
+    IconWork work([&] { prepared = QThread::currentThread(); });
+    EXPECT_TRUE(work.run([&] { return QThread::currentThread() == prepared; }).result());
+    EXPECT_NE(prepared, QThread::currentThread());
 }
 
 TEST(IconWorkTest, WhatThrowsHasAnEmptyResult)

@@ -8,6 +8,8 @@
 #include "PortableWakeSignal.h"
 #include "PortableWorkspace.h"
 
+#include <QThread>
+
 namespace ostrel {
 
 void raiseDescriptorLimit() {}
@@ -25,6 +27,11 @@ void preparePlatform() {}
 std::unique_ptr<NotificationCenter> makeNotificationCenter(const NotificationPresenter &presenter)
 {
     return std::make_unique<PortableNotificationCenter>(presenter);
+}
+
+void lowerThreadPriority()
+{
+    QThread::currentThread()->setPriority(QThread::LowPriority);
 }
 
 ContinuousTime continuousNow()

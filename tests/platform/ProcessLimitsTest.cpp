@@ -3,6 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
+#include <thread>
+#include <unistd.h>
+
 namespace ostrel::test {
 
 namespace {
@@ -20,6 +24,18 @@ TEST(DescriptorLimitTest, IsRaisedAsFarAsTheSystemAllows)
     raiseDescriptorLimit();
     EXPECT_GT(currentLimit().rlim_max, rlim_t(512));
     EXPECT_EQ(currentLimit().rlim_cur, currentLimit().rlim_max);
+}
+
+TEST(ThreadPriorityTest, IsLoweredForTheCallingThreadAlone)
+{
+    const int before = getpriority(PRIO_PROCESS, 0);
+    int lowered = before;
+    std::thread([&] {
+        lowerThreadPriority();
+        lowered = getpriority(PRIO_PROCESS, static_cast<id_t>(gettid()));
+    }).join();
+    EXPECT_GT(lowered, before);
+    EXPECT_EQ(getpriority(PRIO_PROCESS, 0), before);
 }
 
 } // namespace
