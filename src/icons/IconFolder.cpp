@@ -15,7 +15,6 @@
 #include <algorithm>
 #include <fcntl.h>
 #include <unistd.h>
-#include <utility>
 
 namespace ostrel {
 
@@ -61,7 +60,7 @@ FileDescriptor openForReading(const QString &path)
 
 } // namespace
 
-IconFolder::IconFolder(QString path)
+IconFolder::IconFolder(const QString &path)
     : m_path(QDir::cleanPath(QDir(path).absolutePath()))
 {
 }

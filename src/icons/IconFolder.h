@@ -16,7 +16,7 @@ public:
     /// After so long a temporary file is a crash's.
     static constexpr std::chrono::hours leftoverAge{1};
 
-    explicit IconFolder(QString path);
+    explicit IconFolder(const QString &path);
 
     /// Makes the folder, and those above it, where they are missing; takes it away from others;
     /// removes the temporary files that a crash has left in it. A failure shows only in that
