@@ -593,6 +593,16 @@ TEST_F(MonitoringEngineOfflineTest, TheWakesChecksWaitAsWell)
     EXPECT_EQ(counts(), Counts({2, 3, 0}));
 }
 
+TEST_F(MonitoringEngineOfflineTest, AWakeChecksNoOtherComputerOfWhichNoCheckIsDue)
+{
+    engine.start();
+    settle();
+    goOffline();
+    Q_EMIT wakeSignal.didWake();
+    settle();
+    EXPECT_EQ(counts(), Counts({1, 2, 0}));
+}
+
 TEST_F(MonitoringEngineOfflineTest, NothingBeginsOnReturnBeforeTheEngineHasStarted)
 {
     goOffline();
