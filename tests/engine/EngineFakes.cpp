@@ -1,5 +1,7 @@
 #include "EngineFakes.h"
 
+#include <gtest/gtest.h>
+
 #include <new>
 #include <utility>
 
@@ -81,6 +83,10 @@ void ScriptedCheck::hold()
 
 void ScriptedCheck::finishNext(bool isUp)
 {
+    if (m_held.empty()) {
+        ADD_FAILURE() << "no check is under way";
+        return;
+    }
     auto [monitor, promise] = std::move(m_held.front());
     m_held.pop_front();
     promise.addResult(outcomeOf(monitor, isUp));
