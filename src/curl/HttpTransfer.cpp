@@ -20,7 +20,7 @@ using namespace std::chrono_literals;
 constexpr long receiveBufferSize = 4096;
 
 /// How long after the time-out a body may still be read that came in time.
-constexpr auto readingGrace = 250ms;
+constexpr auto readingGrace = TransferPauses::grace;
 
 constexpr int maxRedirects = 20;
 
@@ -52,6 +52,7 @@ HttpTransfer::HttpTransfer(HttpRequest request, std::shared_ptr<WorkQueue> readi
     , m_hop(firstHopOf(m_request, m_proxies))
     , m_reading(std::move(reading))
     , m_inbox(std::move(inbox))
+    , m_pauses(timeout())
 {
     setNames(m_hop.names());
     m_promise.start();
@@ -65,9 +66,9 @@ HttpTransfer::~HttpTransfer()
 
 void HttpTransfer::didBeginTurn()
 {
-    if (!m_pausedSince)
+    if (!m_pauses.isOn())
         return;
-    if (pausedTime(Clock::now()) > longestPause())
+    if (Clock::now() > endOfPause())
         m_body->giveUp();
     if (m_body->hasRoom())
         resume();
@@ -77,9 +78,9 @@ Transfer::Clock::time_point HttpTransfer::nextTurn() const
 {
     if (m_result.hasResponse)
         return deadline() + readingGrace;
-    if (m_pausedSince)
-        return *m_pausedSince + longestPause() - m_pausedBefore;
-    return m_pausedBefore == 0ms ? Clock::time_point::max() : deadline() + extraTime();
+    if (m_pauses.isOn())
+        return endOfPause();
+    return m_pauses.hadAny() ? deadline() + m_pauses.extraTime() : Clock::time_point::max();
 }
 
 bool HttpTransfer::conclude(Clock::time_point now)
@@ -165,7 +166,7 @@ void HttpTransfer::report(CURLcode code, std::chrono::microseconds elapsed)
     if (isHeadTooLong(code))
         setErrorText("A header of the response is too long");
     // The time in which we had paused the transfer isn't the site's.
-    const auto paused = pausedTime(Clock::now());
+    const auto paused = m_pauses.total(Clock::now());
     m_result.elapsed = elapsed - std::chrono::floor<std::chrono::microseconds>(paused);
     if (code == CURLE_OK || isTimeoutOurs(code)) {
         reportResponse();
@@ -305,8 +306,7 @@ void HttpTransfer::renewBody()
     m_body = makeIncomingBody();
     m_hasBody = false;
     m_hasBrokenOff = false;
-    m_pausedSince.reset();
-    m_pausedBefore = {};
+    m_pauses = TransferPauses(timeout());
 }
 
 /// Null also where there is no memory for it: then it isn't read.
@@ -353,44 +353,42 @@ QByteArray HttpTransfer::contentEncoding() const
 
 void HttpTransfer::pause()
 {
-    m_pausedSince = Clock::now();
+    m_pauses.begin(Clock::now());
     setExtraTime(readingGrace);
 }
 
 void HttpTransfer::resume()
 {
-    m_pausedBefore = pausedTime(Clock::now());
-    m_pausedSince.reset();
-    setExtraTime(extraTime());
+    m_pauses.end(Clock::now());
+    setExtraTime(m_pauses.extraTime());
     // What the library has received meanwhile comes at once, and may pause it again.
     curl_easy_pause(handle(), CURLPAUSE_CONT);
 }
 
-Transfer::Clock::duration HttpTransfer::pausedTime(Clock::time_point now) const
+Transfer::Clock::time_point HttpTransfer::endOfPause() const
 {
-    return m_pausedBefore + (m_pausedSince ? now - *m_pausedSince : Clock::duration(0));
+    return m_pauses.limit(deadline(), isLengthKnown());
 }
 
-/// How much longer than its time-out the transfer may take, since we have held it up.
-std::chrono::milliseconds HttpTransfer::extraTime() const
+/// Whether the response announces how long its body is.
+bool HttpTransfer::isLengthKnown() const
 {
-    return std::min(std::chrono::ceil<std::chrono::milliseconds>(m_pausedBefore),
-                    std::chrono::milliseconds(readingGrace));
+    curl_off_t length = -1;
+    curl_easy_getinfo(handle(), CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &length);
+    return length >= 0;
 }
 
 bool HttpTransfer::isOverTime() const
 {
-    return Clock::now() > deadline() + extraTime();
+    return Clock::now() > deadline() + m_pauses.extraTime();
 }
 
 /// Whether the site would have been in time if we hadn't held it up. A body whose length isn't
 /// announced may have no end.
 bool HttpTransfer::isTimeoutOurs(CURLcode code) const
 {
-    curl_off_t length = -1;
-    curl_easy_getinfo(handle(), CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &length);
     const bool isTimeout = m_hasBrokenOff || code == CURLE_OPERATION_TIMEDOUT;
-    return isTimeout && m_hasBody && length >= 0 && m_result.elapsed < timeout();
+    return isTimeout && m_hasBody && isLengthKnown() && m_result.elapsed < timeout();
 }
 
 /// As the library says it where it is the one to break off.

@@ -5,10 +5,9 @@
 #include "IncomingBody.h"
 #include "Proxies.h"
 #include "Transfer.h"
+#include "TransferPauses.h"
 
 #include <QPromise>
-
-#include <optional>
 
 namespace ostrel {
 
@@ -58,9 +57,8 @@ private:
     [[nodiscard]] QByteArray contentEncoding() const;
     void pause();
     void resume();
-    [[nodiscard]] Clock::duration longestPause() const { return timeout() / 4; }
-    [[nodiscard]] Clock::duration pausedTime(Clock::time_point now) const;
-    [[nodiscard]] std::chrono::milliseconds extraTime() const;
+    [[nodiscard]] Clock::time_point endOfPause() const;
+    [[nodiscard]] bool isLengthKnown() const;
     [[nodiscard]] bool isOverTime() const;
     [[nodiscard]] bool isTimeoutOurs(CURLcode code) const;
 
@@ -81,8 +79,7 @@ private:
     std::shared_ptr<IncomingBody> m_body; ///< The hop's; null where nobody wants it.
     bool m_hasBody = false;               ///< Some of it has come.
     bool m_hasBrokenOff = false;          ///< We have, since the time is over.
-    std::optional<Clock::time_point> m_pausedSince;
-    Clock::duration m_pausedBefore{0};
+    TransferPauses m_pauses;
 };
 
 } // namespace ostrel

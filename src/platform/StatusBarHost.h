@@ -15,6 +15,8 @@ public:
 
     /// Whether none is known to be there, but one may be or come yet.
     [[nodiscard]] virtual bool isAwaited() const = 0;
+    /// Whether there is one, but it doesn't answer: the toolkit would wait for it.
+    [[nodiscard]] virtual bool isSilent() const = 0;
 
     /// How @p text is given to a menu that the toolkit draws, so that it reads as it stands: no
     /// character of it marks a key.
@@ -26,7 +28,7 @@ public:
     [[nodiscard]] virtual bool hasOurPalette() const = 0;
 
 Q_SIGNALS:
-    /// A host has come, or has been found.
+    /// A host has come, or has been found, and answers.
     void appeared();
 };
 

@@ -28,6 +28,19 @@ void FlushThread::flushLater(const AtomicFile &file)
     post([file](const AtomicFile::Sync &sync) { return file.flush(sync); });
 }
 
+void FlushThread::copyLater(const AtomicFile &file, const QString &copyPath)
+{
+    post([file, copyPath](const AtomicFile::Sync &sync) {
+        const FileSnapshot original = file.snapshot();
+        const auto fill = [&original](ContentWriter &content) {
+            return content.copy(original, 0, original.size());
+        };
+        const AtomicFile copy(copyPath, sync);
+        return original.isOfAFile() && copy.write(fill, AtomicFile::Flush::beforeReplacing) &&
+               copy.flush(sync);
+    });
+}
+
 void FlushThread::finish(std::chrono::milliseconds patience)
 {
     if (m_thread)

@@ -357,7 +357,7 @@ bool MonitorStore::write(File &file, const AtomicFile::Fill &fill, AtomicFile::F
 
 void MonitorStore::flushChecks()
 {
-    m_flushThread.flushLater(m_checksFile.file);
+    m_flushThread.copyLater(m_checksFile.file, StoredRecords::flushedChecksPath(m_storageDir));
 }
 
 CheckHistory &MonitorStore::historyOf(const QUuid &monitorId)

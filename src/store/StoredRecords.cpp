@@ -32,11 +32,30 @@ void readMonitors(const AtomicFile &file, StoredRecords &records)
     records.areMonitorsUnreadable = !monitors && file.exists();
 }
 
-void readChecks(const AtomicFile &file, StoredRecords &records)
+std::optional<CheckHistories> readQuietly(const FileSnapshot &content)
+{
+    return readOrNothing([&] { return readHistories(content); });
+}
+
+/// Whether the file had its name before the disk had its content: so a power cut leaves it on file
+/// systems that don't keep the order of the two.
+bool isUnfinished(const FileSnapshot &content)
+{
+    char last = '\0';
+    if (content.size() > 0 && !content.read(content.size() - 1, {&last, 1}))
+        return false;
+    return content.isOfAFile() && last == '\0';
+}
+
+void readChecks(const AtomicFile &file, const AtomicFile &flushed, StoredRecords &records)
 {
     records.checksContent = file.snapshot();
-    auto histories = readOrNothing([&] { return readHistories(records.checksContent); });
+    auto histories = readQuietly(records.checksContent);
     records.areChecksUnreadable = !histories && file.exists();
+    if (!histories && isUnfinished(records.checksContent)) {
+        records.checksContent = flushed.snapshot();
+        histories = readQuietly(records.checksContent);
+    }
     records.checks = std::move(histories).value_or(CheckHistories());
 }
 
@@ -52,11 +71,17 @@ QString StoredRecords::checksPath(const QString &storageDir)
     return storageDir + QStringLiteral("/checks.json");
 }
 
+QString StoredRecords::flushedChecksPath(const QString &storageDir)
+{
+    return checksPath(storageDir) + QStringLiteral(".flushed");
+}
+
 StoredRecords StoredRecords::read(const QString &storageDir)
 {
     StoredRecords records;
     readMonitors(AtomicFile(monitorsPath(storageDir)), records);
-    readChecks(AtomicFile(checksPath(storageDir)), records);
+    readChecks(AtomicFile(checksPath(storageDir)), AtomicFile(flushedChecksPath(storageDir)),
+               records);
     return records;
 }
 

@@ -20,8 +20,12 @@ struct StoredRecords
 
     [[nodiscard]] static QString monitorsPath(const QString &storageDir);
     [[nodiscard]] static QString checksPath(const QString &storageDir);
+    /// Where the history stands as the disk last took it.
+    [[nodiscard]] static QString flushedChecksPath(const QString &storageDir);
 
-    /// Reads @p storageDir. A file that can't be loaded counts as empty. Any thread.
+    /// Reads @p storageDir. A file that can't be loaded counts as empty; but a history that a power
+    /// cut has left unfinished (no bytes, or zeros at the end) counts as what the disk last took of
+    /// it. Any thread.
     [[nodiscard]] static StoredRecords read(const QString &storageDir);
 
     /// Whether nobody has changed the two files of @p storageDir since these were read from it.

@@ -54,9 +54,12 @@ StatusBarItem::StatusBarItem(const MonitorStore &store, StatusBarHost &host,
     connect(&m_menu, &StatusBarMenu::quitRequested, this, &StatusBarItem::quitRequested);
     m_patience.setSingleShot(true);
     m_patience.setInterval(patience);
-    connect(&m_patience, &QTimer::timeout, this, &StatusBarItem::join);
+    connect(&m_patience, &QTimer::timeout, this, [this] {
+        if (!m_host.isSilent())
+            join();
+    });
     connect(&host, &StatusBarHost::appeared, this, [this] {
-        if (m_patience.isActive())
+        if (m_isAwaiting)
             join();
     });
     m_menu.menu().installEventFilter(this);
@@ -68,8 +71,10 @@ void StatusBarItem::show()
 {
     // On X11 the toolkit decides for good, when its first icon is made, whether icons speak to a
     // host or to the older kind of bar, which embeds windows. So that is put off while a host may
-    // still be coming: either kind takes an icon at any time later, but not the other kind's.
-    if (m_host.isAwaited())
+    // still be coming: either kind takes an icon at any time later, but not the other kind's. One
+    // that is there and doesn't answer is waited for however long it takes.
+    m_isAwaiting = m_host.isAwaited();
+    if (m_isAwaiting)
         m_patience.start();
     else
         join();
@@ -93,6 +98,7 @@ bool StatusBarItem::eventFilter(QObject *watched, QEvent *event)
 void StatusBarItem::join()
 {
     m_patience.stop();
+    m_isAwaiting = false;
     m_trayIcon = std::make_unique<QSystemTrayIcon>(m_icon);
     m_trayIcon->setToolTip(QStringLiteral("Ostrel"));
     m_trayIcon->setContextMenu(&m_menu.menu());

@@ -93,6 +93,17 @@ HostileServer::Behaviour answerEncoded(const QByteArray &encoding, const QByteAr
     };
 }
 
+/// Sends a page of unknown length, as chunks, after @p delay.
+HostileServer::Behaviour answerInChunksAfter(std::chrono::milliseconds delay, qsizetype size)
+{
+    return [delay, size](HostileConnection &connection, const SeenRequest &) {
+        connection.send("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n");
+        connection.pause(delay);
+        connection.send(QByteArray::number(size, 16) + "\r\n" + QByteArray(size, 'x') +
+                        "\r\n0\r\n\r\n");
+    };
+}
+
 class BodyReadingTest : public FetchFixture
 {
 protected:
@@ -137,6 +148,25 @@ TEST_F(BodyReadingTest, AReaderThatCannotKeepUpTakesNoTimeFromTheSite)
     EXPECT_EQ(result.statusCode, 200);
     EXPECT_FALSE(result.isBodyRead);
     EXPECT_LT(result.elapsed, 800ms);
+}
+
+TEST_F(BodyReadingTest, ALatePageOfUnknownLengthIsHeldUpNoLongerThanTheGrace)
+{
+    const HostileServer server(answerInChunksAfter(3400ms, 4 * mebibyte));
+    const HttpResult result = fetch(requestReadBy(blocked, server.url(), 4s));
+    EXPECT_TRUE(result.hasResponse) << result.error.toStdString();
+    EXPECT_FALSE(result.isBodyRead);
+    EXPECT_LT(result.elapsed, 4s);
+}
+
+TEST_F(BodyReadingTest, AnEarlyPageOfUnknownLengthIsWaitedForAsAnyOther)
+{
+    const HostileServer server(answerInChunksAfter(0ms, 4 * mebibyte));
+    const auto future = m_client.fetch(requestReadBy(blocked, server.url(), 20s));
+    ASSERT_TRUE(waitFor([&] { return blocked->isBlocked.load(); }));
+    std::this_thread::sleep_for(1s);
+    blocked->open();
+    EXPECT_TRUE(future.result().isBodyRead);
 }
 
 TEST_F(BodyReadingTest, AReaderThatKeepsUpLateIsWaitedFor)

@@ -2,6 +2,7 @@
 #include "HostileBehaviours.h"
 #include "OstrelProgram.h"
 #include "PrivateBus.h"
+#include "SilentPanel.h"
 #include "StatusNotifierHost.h"
 #include "VirtualDisplay.h"
 #include "WaitFor.h"
@@ -73,6 +74,17 @@ TEST_F(SilentBusTest, DelaysNothingWhereOneOfThemAnswers)
         EXPECT_LT(time.elapsed(), farTooLong);
         silent->thaw();
     }
+}
+
+TEST_F(SilentBusTest, APanelThatHangsDelaysNothing)
+{
+    SilentPanel panel(sessionBus);
+    ASSERT_TRUE(program.start());
+    for (const std::size_t count : {10U, 20U, 30U})
+        EXPECT_TRUE(recordsChecks(count)) << "beyond the time that a panel is waited for";
+    EXPECT_GT(panel.callCount(), 0);
+    EXPECT_EQ(program.stop(), 0);
+    EXPECT_LT(time.elapsed(), 20'000);
 }
 
 TEST_F(SilentBusTest, DelaysNothingWhenItFallsSilentLater)

@@ -3,6 +3,7 @@
 #include "PortableStatusBarHost.h"
 #include "Printers.h"
 #include "PrivateBus.h"
+#include "SilentPanel.h"
 #include "WaitFor.h"
 
 #include <gtest/gtest.h>
@@ -46,6 +47,25 @@ TEST(FreedesktopStatusBarHostTest, FindsAHostThatIsThereAlready)
     EXPECT_TRUE(waitFor([&] { return comings > 0; }));
     EXPECT_FALSE(host.isAwaited());
     EXPECT_EQ(comings, 1);
+}
+
+TEST(FreedesktopStatusBarHostTest, AHostIsThereOnceItAnswers)
+{
+    PrivateBus bus;
+    SilentPanel panel(bus);
+    FreedesktopStatusBarHost host;
+    host.follow(bus.connect());
+    int comings = 0;
+    QObject::connect(&host, &StatusBarHost::appeared, [&] { ++comings; });
+    EXPECT_FALSE(host.isSilent());
+    ASSERT_TRUE(waitFor([&] { return panel.callCount() > 0; }));
+    EXPECT_TRUE(host.isSilent());
+    EXPECT_TRUE(host.isAwaited());
+    EXPECT_EQ(comings, 0);
+    panel.recover();
+    EXPECT_TRUE(waitFor([&] { return comings == 1; }));
+    EXPECT_FALSE(host.isSilent());
+    EXPECT_FALSE(host.isAwaited());
 }
 
 TEST(FreedesktopStatusBarHostTest, IsThereWithoutABus)

@@ -69,6 +69,19 @@ private:
     std::shared_ptr<State> m_state = std::make_shared<State>();
 };
 
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void setContent(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
 class StoreFlushTest : public testing::Test
 {
 protected:
@@ -97,7 +110,7 @@ TEST_F(StoreFlushTest, HistoryIsFlushedOnceTheTimeIsUp)
     open(1ms);
     record();
     EXPECT_TRUE(waitFor([this] { return m_disk.countOf("store") == 1; })) << "its name, last";
-    EXPECT_EQ(m_disk.countOf("checks.json"), 1);
+    EXPECT_EQ(m_disk.countOf("checks.json.flushed"), 1);
     record();
     EXPECT_TRUE(waitFor([this] { return m_disk.countOf("store") == 2; }));
 }
@@ -109,7 +122,7 @@ TEST_F(StoreFlushTest, HistoryIsNotFlushedMoreOften)
         record();
     m_store->addMonitor({.id = QUuid::createUuid()}); // which is flushed after all before
     EXPECT_TRUE(waitFor([this] { return m_disk.countOf("store") == 1; }));
-    EXPECT_EQ(m_disk.countOf("checks.json"), 0);
+    EXPECT_EQ(m_disk.countOf("checks.json.flushed"), 0);
 }
 
 TEST_F(StoreFlushTest, HistoryIsFlushedAtTheEnd)
@@ -117,8 +130,45 @@ TEST_F(StoreFlushTest, HistoryIsFlushedAtTheEnd)
     open(10min);
     record();
     m_store.reset();
-    EXPECT_EQ(m_disk.countOf("checks.json"), 1);
+    EXPECT_EQ(m_disk.countOf("checks.json.flushed"), 1);
     EXPECT_EQ(m_disk.countOf("store"), 1);
+}
+
+TEST_F(StoreFlushTest, AHistoryThatAPowerCutHasLeftUnfinishedIsWhatTheDiskTookLast)
+{
+    open(10min);
+    record();
+    m_store.reset();
+    const QString path = StoredRecords::checksPath(folder());
+    const QByteArray taken = contentOf(path);
+    const QByteArray unfinished[] = {"", QByteArray(4096, '\0'),
+                                     taken.chopped(8) + QByteArray(8, '\0')};
+    for (const QByteArray &left : unfinished) {
+        setContent(path, left);
+        EXPECT_EQ(StoredRecords::read(folder()).checks.size(), 1U) << left.size();
+    }
+}
+
+TEST_F(StoreFlushTest, WhatIsRecordedAfterAPowerCutFollowsWhatTheDiskTook)
+{
+    open(10min);
+    record();
+    m_store.reset();
+    setContent(StoredRecords::checksPath(folder()), "");
+    m_store = std::make_unique<MonitorStore>(folder());
+    record();
+    EXPECT_EQ(StoredRecords::read(folder()).checks.size(), 2U);
+}
+
+TEST_F(StoreFlushTest, AHistoryThatIsUnreadableForAnotherReasonCountsAsEmpty)
+{
+    open(10min);
+    record();
+    m_store.reset();
+    setContent(StoredRecords::checksPath(folder()), "not a history");
+    EXPECT_TRUE(StoredRecords::read(folder()).checks.empty());
+    QFile::remove(StoredRecords::checksPath(folder()));
+    EXPECT_TRUE(StoredRecords::read(folder()).checks.empty());
 }
 
 TEST_F(StoreFlushTest, WithoutANewCheckNothingIsFlushedAtTheEnd)

@@ -31,10 +31,12 @@ class FakeHost : public StatusBarHost
 {
 public:
     [[nodiscard]] bool isAwaited() const override { return isComing; }
+    [[nodiscard]] bool isSilent() const override { return isHanging; }
     [[nodiscard]] QString menuText(const QString &text) const override { return text; }
     [[nodiscard]] bool hasOurPalette() const override { return isOfOurToolkit; }
 
     bool isComing = false;
+    bool isHanging = false;
     bool isOfOurToolkit = true;
 };
 
@@ -211,6 +213,17 @@ TEST_F(StatusBarItemTest, MakesDoWithWhatThereIsWhenNoHostComes)
     impatient.show();
     EXPECT_FALSE(impatient.hasJoined());
     EXPECT_TRUE(waitFor([&] { return impatient.hasJoined(); }));
+}
+
+TEST_F(StatusBarItemTest, WaitsForAHostThatHangsHoweverLong)
+{
+    host.isComing = true;
+    host.isHanging = true;
+    StatusBarItem impatient(samples.store, host, 1ms);
+    impatient.show();
+    EXPECT_FALSE(waitFor([&] { return impatient.hasJoined(); }, 50ms));
+    Q_EMIT host.appeared();
+    EXPECT_TRUE(impatient.hasJoined());
 }
 
 TEST_F(StatusBarItemTest, AHostThatComesBeforeItIsShownMakesNoDifference)

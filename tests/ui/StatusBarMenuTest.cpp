@@ -31,6 +31,7 @@ class NoHost : public StatusBarHost
 {
 public:
     [[nodiscard]] bool isAwaited() const override { return false; }
+    [[nodiscard]] bool isSilent() const override { return false; }
     [[nodiscard]] QString menuText(const QString &) const override { return {}; }
     [[nodiscard]] bool hasOurPalette() const override { return false; }
 };

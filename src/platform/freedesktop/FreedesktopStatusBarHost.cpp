@@ -1,10 +1,27 @@
 #include "FreedesktopStatusBarHost.h"
 
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+
+#include <limits>
+
 namespace ostrel {
+
+namespace {
+
+QString watcherName()
+{
+    return QStringLiteral("org.kde.StatusNotifierWatcher");
+}
+
+/// The bus library's word for "as long as it takes", in milliseconds.
+constexpr int withoutTimeout = std::numeric_limits<int>::max();
+
+} // namespace
 
 FreedesktopStatusBarHost::FreedesktopStatusBarHost(QObject *parent)
     : StatusBarHost(parent)
-    , m_host(QStringLiteral("org.kde.StatusNotifierWatcher"))
+    , m_host(watcherName())
 {
     connect(&m_host, &NameOwner::changed, this, &FreedesktopStatusBarHost::noteHost);
 }
@@ -20,12 +37,39 @@ bool FreedesktopStatusBarHost::isAwaited() const
     return m_bus && m_bus->isConnected() && !m_isThere;
 }
 
+bool FreedesktopStatusBarHost::isSilent() const
+{
+    return isAwaited() && !m_host.uniqueName().isEmpty();
+}
+
 void FreedesktopStatusBarHost::noteHost()
 {
-    const bool wasThere = m_isThere;
-    m_isThere = !m_host.uniqueName().isEmpty();
-    if (m_isThere && !wasThere)
-        Q_EMIT appeared();
+    m_isThere = false;
+    if (!m_host.uniqueName().isEmpty())
+        askHost();
+}
+
+/// What the toolkit will ask it, with nobody waiting. Any answer will do.
+void FreedesktopStatusBarHost::askHost()
+{
+    const QString host = m_host.uniqueName();
+    QDBusMessage question = QDBusMessage::createMethodCall(
+        host, QStringLiteral("/StatusNotifierWatcher"),
+        QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    question.setArguments({watcherName(), QStringLiteral("IsStatusNotifierHostRegistered")});
+    auto *answer = new QDBusPendingCallWatcher(m_bus->asyncCall(question, withoutTimeout), this);
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer, host] {
+        noteAnswer(host);
+        answer->deleteLater();
+    });
+}
+
+void FreedesktopStatusBarHost::noteAnswer(const QString &host)
+{
+    if (m_host.uniqueName() != host || m_isThere)
+        return;
+    m_isThere = true;
+    Q_EMIT appeared();
 }
 
 QString FreedesktopStatusBarHost::menuText(const QString &text) const

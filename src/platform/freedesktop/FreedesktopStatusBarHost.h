@@ -19,18 +19,21 @@ public:
     /// @p bus is connected. At most once.
     void follow(const QDBusConnection &bus);
 
-    /// For as long as there is a bus without one.
+    /// For as long as there is a bus without one that answers.
     [[nodiscard]] bool isAwaited() const override;
+    [[nodiscard]] bool isSilent() const override;
     [[nodiscard]] QString menuText(const QString &text) const override;
     /// On the desktops that are made with this program's toolkit.
     [[nodiscard]] bool hasOurPalette() const override;
 
 private:
     void noteHost();
+    void askHost();
+    void noteAnswer(const QString &host);
 
     std::optional<QDBusConnection> m_bus;
     NameOwner m_host;
-    bool m_isThere = false;
+    bool m_isThere = false; ///< And has answered.
 };
 
 } // namespace ostrel

@@ -13,6 +13,7 @@ public:
     using StatusBarHost::StatusBarHost;
 
     [[nodiscard]] bool isAwaited() const override { return false; }
+    [[nodiscard]] bool isSilent() const override { return false; }
     [[nodiscard]] QString menuText(const QString &text) const override;
     [[nodiscard]] bool hasOurPalette() const override { return false; }
 };

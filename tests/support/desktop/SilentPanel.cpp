@@ -1,0 +1,35 @@
+#include "SilentPanel.h"
+
+namespace ostrel::test {
+
+SilentPanel::SilentPanel(PrivateBus &bus)
+    : m_connection(bus.connect())
+{
+    m_connection.registerVirtualObject(QStringLiteral("/"), this, QDBusConnection::SubPath);
+    m_connection.registerService(QStringLiteral("org.kde.StatusNotifierWatcher"));
+}
+
+SilentPanel::~SilentPanel()
+{
+    QDBusConnection::disconnectFromBus(m_connection.name());
+}
+
+void SilentPanel::recover()
+{
+    m_isHanging = false;
+    for (const QDBusMessage &call : m_calls)
+        m_connection.send(call.createErrorReply(QDBusError::UnknownMethod, QString()));
+}
+
+QString SilentPanel::introspect(const QString &) const
+{
+    return {};
+}
+
+bool SilentPanel::handleMessage(const QDBusMessage &message, const QDBusConnection &)
+{
+    m_calls += message;
+    return m_isHanging;
+}
+
+} // namespace ostrel::test
