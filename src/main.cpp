@@ -1,5 +1,6 @@
 #include "CheckCommand.h"
 #include "CommandLine.h"
+#include "DetachedThread.h"
 #include "HttpCheck.h"
 #include "LazyNetwork.h"
 #include "MainWindowLoader.h"
@@ -206,7 +207,8 @@ private:
 /// static objects that an orderly end would destroy.
 void endUnderThreads(int code)
 {
-    if (!WorkThread::isAnyLeftBehind() && !LazyNetwork::isAnyLeftBehind())
+    if (!WorkThread::isAnyLeftBehind() && !isAnyDetachedThreadAtWork() &&
+        !LazyNetwork::isAnyLeftBehind())
         return;
     std::fflush(nullptr);
     std::_Exit(code);

@@ -1,4 +1,5 @@
 #include "ContinueOn.h"
+#include "DetachedThread.h"
 #include "FreedesktopLoginItem.h"
 #include "FreedesktopMotionPreference.h"
 #include "FreedesktopNetworkPresence.h"
@@ -16,8 +17,6 @@
 
 #include <ctime>
 #include <fontconfig/fontconfig.h>
-#include <functional>
-#include <thread>
 
 #ifdef __GLIBC__
 #include <malloc.h>
@@ -53,19 +52,14 @@ QDBusConnection connectSession()
                : QDBusConnection::sessionBus();
 }
 
-/// Nobody waits for it: a bus that falls silent just before it is connected may hold it for ever.
-void onAnotherThread(std::function<void()> work)
-{
-    std::thread(std::move(work)).detach();
-}
-
 using Connect = QDBusConnection (*)();
 
 QFuture<QDBusConnection> connectOnAnotherThread(Connect connect)
 {
     const auto promise = std::make_shared<QPromise<QDBusConnection>>();
     promise->start();
-    onAnotherThread([promise, connect] {
+    // A bus that falls silent just before it is connected may hold the thread for ever.
+    startDetached([promise, connect] {
         promise->addResult(connect());
         promise->finish();
     });
@@ -133,7 +127,7 @@ void avoidSilentServices()
 
 void preparePlatform()
 {
-    onAnotherThread([] {
+    startDetached([] {
         if (buses().session.answersWithin(0ms))
             static_cast<void>(connectSession());
         if (buses().system.answersWithin(0ms))

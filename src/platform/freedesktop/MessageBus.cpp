@@ -1,10 +1,12 @@
 #include "MessageBus.h"
 
 #include "BusHandshake.h"
+#include "DetachedThread.h"
 
 #include <QDeadlineTimer>
 #include <QPromise>
 
+#include <memory>
 #include <optional>
 #include <sys/stat.h>
 #include <thread>
@@ -20,21 +22,28 @@ constexpr auto sessionBusVariable = "DBUS_SESSION_BUS_ADDRESS";
 /// How often a bus that has hung up is called again.
 constexpr auto retryInterval = 10s;
 
+/// Where the outcome of a search for a bus goes.
+struct Search
+{
+    std::promise<bool> isThere;
+    QPromise<void> answer;
+};
+
 /// A bus that isn't there at the start is none; one that was silent may be back any time.
-void seekAnswer(const QByteArray &addresses, std::promise<bool> isThere, QPromise<void> answer)
+void seekAnswer(const QByteArray &addresses, Search &search)
 {
     const QDeadlineTimer never(QDeadlineTimer::Forever);
     BusAnswer given = askBus(addresses, never);
     if (given == BusAnswer::given)
-        answer.finish();
-    isThere.set_value(given == BusAnswer::given);
+        search.answer.finish();
+    search.isThere.set_value(given == BusAnswer::given);
     if (given != BusAnswer::awaited)
         return; // Cancels the answer of who isn't there.
     while (given != BusAnswer::given) {
         std::this_thread::sleep_for(retryInterval);
         given = askBus(addresses, never);
     }
-    answer.finish();
+    search.answer.finish();
 }
 
 /// Whether the user's runtime folder holds a bus socket that the bus library would accept.
@@ -53,13 +62,11 @@ std::optional<QByteArray> hiddenSessionBus;
 MessageBus::MessageBus(const QByteArray &addresses)
     : m_addresses(addresses)
 {
-    QPromise<void> answer;
-    answer.start();
-    m_answer = answer.future();
-    std::promise<bool> isThere;
-    m_isThere = isThere.get_future();
-    // Not joined: it may wait for as long as the program runs.
-    std::thread(&seekAnswer, addresses, std::move(isThere), std::move(answer)).detach();
+    const auto search = std::make_shared<Search>();
+    search->answer.start();
+    m_answer = search->answer.future();
+    m_isThere = search->isThere.get_future();
+    startDetached([addresses, search] { seekAnswer(addresses, *search); });
 }
 
 bool MessageBus::answersWithin(std::chrono::milliseconds patience) const

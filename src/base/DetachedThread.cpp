@@ -1,0 +1,30 @@
+#include "DetachedThread.h"
+
+#include <atomic>
+#include <thread>
+#include <utility>
+
+namespace ostrel {
+
+namespace {
+
+std::atomic<int> threadsAtWork = 0;
+
+} // namespace
+
+void startDetached(std::function<void()> work)
+{
+    ++threadsAtWork;
+    std::thread([work = std::move(work)]() mutable {
+        work();
+        work = nullptr; // What it holds counts as its work.
+        --threadsAtWork;
+    }).detach();
+}
+
+bool isAnyDetachedThreadAtWork()
+{
+    return threadsAtWork > 0;
+}
+
+} // namespace ostrel
