@@ -8,6 +8,8 @@ import Ostrel.Theme
 Rectangle {
     id: root
 
+    readonly property real spacingLarge: 24
+
     readonly property var names: ["bird.fill", "checkmark.circle.fill", "xmark.circle.fill", "exclamationmark.triangle.fill", "moon.circle.fill", "circle.dotted", "circle.dotted.circle", "lock.shield.fill", "text.magnifyingglass", "exclamationmark.magnifyingglass", "speedometer", "network", "globe", "gearshape", "questionmark.circle", "arrow.trianglehead.clockwise", "pause", "play", "trash", "plus", "doc.on.clipboard", "waveform.path", "chevron.right", "chevron.down", "chevron.up.chevron.down", "checkmark", "xmark", "slider.horizontal"]
 
     width: 1320
@@ -66,7 +68,7 @@ Rectangle {
         }
 
         Row {
-            spacing: Theme.spacingLarge
+            spacing: root.spacingLarge
 
             Repeater {
                 model: [16, 22, 24, 32, 48, 64, 128]

@@ -6,14 +6,18 @@ import Ostrel.Theme
 BaseButton {
     id: root
 
+    readonly property color addHover: Qt.alpha(Theme.accent, 0.06)
+    readonly property color addPressed: Qt.alpha(Theme.accent, 0.10)
+    readonly property real addButtonGap: 8
+
     text: qsTr("Add Monitor")
-    horizontalPadding: Theme.addButtonPadding
-    implicitHeight: Theme.addButtonHeight
+    horizontalPadding: 10
+    implicitHeight: 32
 
     contentItem: ButtonLabel {
         symbol: "plus"
         symbolSize: 11
-        gap: Theme.addButtonGap
+        gap: root.addButtonGap
         text: root.text
         font: Theme.demiBold13
         color: Theme.accent
@@ -21,6 +25,6 @@ BaseButton {
 
     background: EdgedBox {
         radius: root.radius
-        color: root.down ? Theme.addPressed : root.showsHover ? Theme.addHover : Theme.none
+        color: root.down ? root.addPressed : root.showsHover ? root.addHover : Theme.none
     }
 }

@@ -9,8 +9,11 @@ import Ostrel.Theme
 T.Popup {
     id: root
 
+    readonly property real sheetRadius: 16
+    readonly property real sheetWindowMargin: 48
+
     required property MonitorForm form
-    readonly property real roomInWindow: parent ? parent.height - Theme.sheetWindowMargin : implicitHeight
+    readonly property real roomInWindow: parent ? parent.height - root.sheetWindowMargin : implicitHeight
 
     function confirm(): void {
         if (form.save())
@@ -20,7 +23,7 @@ T.Popup {
     parent: T.Overlay.overlay
     x: parent ? Math.round((parent.width - width) / 2) : 0
     y: parent ? Math.round((parent.height - height) / 2) : 0
-    implicitWidth: Theme.sheetWidth
+    implicitWidth: 440
     implicitHeight: Math.min(implicitContentHeight, roomInWindow)
     modal: true
     focus: true
@@ -30,7 +33,7 @@ T.Popup {
     onOpened: (contentItem as MonitorFormPanel).showTop()
 
     T.Overlay.modal: Rectangle {
-        color: Theme.sheetScrim
+        color: Qt.alpha(Theme.ink, 0.24)
     }
 
     enter: Transition {
@@ -52,9 +55,9 @@ T.Popup {
     }
 
     background: EdgedBox {
-        radius: Theme.sheetRadius
+        radius: root.sheetRadius
         color: Theme.background
-        edge: Theme.sheetEdge
+        edge: Qt.alpha(Theme.accent, 0.10)
     }
 
     // The template leaves it without a name.

@@ -8,6 +8,9 @@ import Ostrel.Theme
 FocusScope {
     id: root
 
+    readonly property real sidebarMaximum: 380
+    readonly property real sidebarGivesWayBelow: 860
+
     required property MonitorListModel monitors
     required property DashboardOverview overview
     required property AppActions actions
@@ -119,10 +122,10 @@ FocusScope {
         id: sidebarWidth
 
         minimum: Theme.sidebarMinimum
-        maximum: Theme.sidebarMaximum
+        maximum: root.sidebarMaximum
         ideal: Theme.sidebarWidth
         windowWidth: root.width
-        givesWayBelow: Theme.sidebarGivesWayBelow
+        givesWayBelow: root.sidebarGivesWayBelow
     }
 
     SidebarView {
@@ -148,7 +151,7 @@ FocusScope {
 
         Hairline {
             height: parent.height
-            color: Theme.columnLine
+            color: Qt.alpha(Theme.accent, 0.08)
         }
     }
 

@@ -7,6 +7,11 @@ import Ostrel.Theme
 Item {
     id: root
 
+    readonly property real headerGap: 14
+    readonly property real headerTextGap: 1
+    readonly property real headerButtonTop: 6
+    readonly property real headerButtonGap: 4
+
     required property string name
     required property string address
     required property string url
@@ -26,17 +31,17 @@ Item {
 
     Column {
         anchors.left: icon.right
-        anchors.leftMargin: Theme.headerGap
+        anchors.leftMargin: root.headerGap
         anchors.right: actions.left
-        anchors.rightMargin: Theme.headerGap
+        anchors.rightMargin: root.headerGap
         anchors.verticalCenter: parent.verticalCenter
-        spacing: Theme.headerTextGap
+        spacing: root.headerTextGap
 
         ThemeText {
             objectName: "name"
             width: parent.width
             text: root.name
-            font: Theme.displayMedium
+            font: ThemeFonts.face(700, 22)
             Accessible.role: Accessible.Heading
         }
 
@@ -54,8 +59,8 @@ Item {
         id: actions
 
         anchors.right: parent.right
-        y: Theme.headerButtonTop
-        spacing: Theme.headerButtonGap
+        y: root.headerButtonTop
+        spacing: root.headerButtonGap
 
         IconButton {
             objectName: "checkNow"

@@ -10,6 +10,8 @@ import Ostrel.Theme
 Item {
     id: root
 
+    readonly property real lastCheckedGap: 8
+
     // A monitorDetail: compiled ahead of time, its enumerations could not be read.
     required property var detail
     readonly property bool isBroken: marks.implicitWidth + Theme.badgeGap + lastChecked.implicitWidth > width
@@ -55,7 +57,7 @@ Item {
 
         objectName: "lastChecked"
         x: root.isBroken ? 0 : root.width - width
-        y: root.isBroken ? marks.height + Theme.lastCheckedGap : (marks.height - height) / 2
+        y: root.isBroken ? marks.height + root.lastCheckedGap : (marks.height - height) / 2
         visible: text !== ""
         text: root.detail.lastCheckedText
         font: Theme.footnote

@@ -7,6 +7,10 @@ import Ostrel.Theme
 Item {
     id: root
 
+    readonly property real emblemPlateSize: 120
+    readonly property real emblemSystemSize: 48
+    readonly property real emptyTextGap: 8
+
     required property DashboardView dashboard
 
     Column {
@@ -15,33 +19,33 @@ Item {
 
         Disc {
             anchors.horizontalCenter: parent.horizontalCenter
-            width: Theme.emblemPlateSize
+            width: root.emblemPlateSize
             height: width
             diameter: width
-            color: Theme.emblemPlate
+            color: Qt.alpha(Theme.accent, 0.06)
 
             Symbol {
                 anchors.centerIn: parent
                 name: "bird.fill"
-                systemSize: Theme.emblemSystemSize
-                color: Theme.emblem
+                systemSize: root.emblemSystemSize
+                color: Qt.rgba(1.00, 0.84, 0.04, 1.0)
             }
         }
 
         Column {
             anchors.horizontalCenter: parent.horizontalCenter
-            spacing: Theme.emptyTextGap
+            spacing: root.emptyTextGap
 
             ThemeText {
                 anchors.horizontalCenter: parent.horizontalCenter
                 text: qsTr("Start Monitoring")
-                font: Theme.bold24
+                font: ThemeFonts.face(700, 24)
             }
 
             ThemeText {
                 anchors.horizontalCenter: parent.horizontalCenter
                 text: qsTr("Add a URL to track uptime and response time")
-                font: Theme.regular14
+                font: ThemeFonts.face(400, 14)
                 color: Theme.textSecondary
             }
         }

@@ -6,12 +6,17 @@ import Ostrel.Theme
 // The icon of a monitored site, or a letter that stands for it. Decoration: its surroundings name
 // the monitor.
 FaviconImage {
+    id: root
+
+    readonly property real siteIconRadiusShare: 0.22
+    readonly property real siteIconLetterShare: 0.45
+
     required property real size
 
     implicitWidth: size
     implicitHeight: size
-    radius: size * Theme.siteIconRadiusShare
-    letterSize: size * Theme.siteIconLetterShare
-    letterColor: Theme.siteIconLetter
-    plateColor: Theme.siteIconPlate
+    radius: size * root.siteIconRadiusShare
+    letterSize: size * root.siteIconLetterShare
+    letterColor: Qt.alpha(Theme.accent, 0.50)
+    plateColor: Qt.alpha(Theme.accent, 0.08)
 }

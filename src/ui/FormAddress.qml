@@ -8,6 +8,8 @@ import Ostrel.Theme
 Column {
     id: root
 
+    readonly property real portFieldWidth: 104
+
     required property MonitorForm form
 
     function focusFirst(): void {
@@ -56,7 +58,7 @@ Column {
         spacing: Theme.spacing
 
         FormSection {
-            width: parent.width - Theme.portFieldWidth - parent.spacing
+            width: parent.width - root.portFieldWidth - parent.spacing
             label: qsTr("HOST")
 
             Field {
@@ -74,7 +76,7 @@ Column {
         }
 
         FormSection {
-            width: Theme.portFieldWidth
+            width: root.portFieldWidth
             label: qsTr("PORT")
 
             Field {

@@ -7,6 +7,12 @@ import Ostrel.Theme
 Column {
     id: root
 
+    readonly property real timeoutFieldWidth: 60
+    readonly property real advancedRowHeight: 42
+    readonly property real advancedButtonHeight: 20
+    readonly property real advancedInset: 14
+    readonly property real advancedFieldHeight: 28
+
     required property MonitorForm form
     readonly property list<string> methods: Array.from(form.methods)
 
@@ -15,7 +21,7 @@ Column {
     TextButton {
         objectName: "advanced"
         horizontalPadding: 0
-        implicitHeight: Theme.advancedButtonHeight
+        implicitHeight: root.advancedButtonHeight
         text: qsTr("Advanced")
         symbol: root.form.showAdvanced ? "chevron.down" : "chevron.right"
         face: Theme.caption
@@ -30,17 +36,17 @@ Column {
         height: rows.height
         visible: root.form.showAdvanced
         radius: Theme.cornerRadiusSmall
-        color: Theme.sheetGroup
+        color: Qt.alpha(Theme.ink, 0.03)
 
         Column {
             id: rows
 
-            x: Theme.advancedInset
+            x: root.advancedInset
             width: parent.width - 2 * x
 
             Item {
                 width: parent.width
-                height: Theme.advancedRowHeight
+                height: root.advancedRowHeight
                 visible: root.form.isWebsite
 
                 ThemeText {
@@ -53,7 +59,7 @@ Column {
                 SegmentedPicker {
                     objectName: "method"
                     anchors.right: parent.right
-                    anchors.rightMargin: (Theme.advancedRowHeight - height) / 2 - Theme.advancedInset
+                    anchors.rightMargin: (root.advancedRowHeight - height) / 2 - root.advancedInset
                     anchors.verticalCenter: parent.verticalCenter
                     spokenName: methodLabel.text
                     choices: root.methods
@@ -69,7 +75,7 @@ Column {
 
             Item {
                 width: parent.width
-                height: Theme.advancedRowHeight
+                height: root.advancedRowHeight
 
                 ThemeText {
                     id: timeoutLabel
@@ -89,10 +95,10 @@ Column {
 
                     objectName: "timeout"
                     anchors.right: parent.right
-                    anchors.rightMargin: (Theme.advancedRowHeight - height) / 2 - Theme.advancedInset
+                    anchors.rightMargin: (root.advancedRowHeight - height) / 2 - root.advancedInset
                     anchors.verticalCenter: parent.verticalCenter
-                    width: Theme.timeoutFieldWidth
-                    height: Theme.advancedFieldHeight
+                    width: root.timeoutFieldWidth
+                    height: root.advancedFieldHeight
                     horizontalAlignment: TextInput.AlignRight
                     spokenName: timeoutLabel.text
                     onTextEdited: root.form.timeoutText = text

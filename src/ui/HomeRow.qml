@@ -6,7 +6,7 @@ import Ostrel.Theme
 SidebarRow {
     id: root
 
-    implicitHeight: Theme.homeRowHeight
+    implicitHeight: 40
     spokenName: "Ostrel"
 
     AppIcon {

@@ -7,6 +7,12 @@ import Ostrel.Theme
 CardStyle {
     id: root
 
+    readonly property color cardHover: Qt.tint(Theme.surface, Qt.rgba(1, 1, 1, 0.5))
+    readonly property color cardHoverEdge: Qt.alpha(Theme.accent, 0.20)
+    readonly property color cardPressed: Qt.tint(Theme.surface, Qt.alpha(Theme.accent, 0.04))
+    readonly property real monitorCardGap: 8
+    readonly property real monitorCardIconSize: 20
+
     required property string url
     required property string name
     required property int status
@@ -26,8 +32,8 @@ CardStyle {
     }
 
     implicitHeight: Theme.monitorCardHeight
-    color: area.pressed ? Theme.cardPressed : area.containsMouse ? Theme.cardHover : Theme.surface
-    edge: area.containsMouse ? Theme.cardHoverEdge : Theme.hairline
+    color: area.pressed ? root.cardPressed : area.containsMouse ? root.cardHover : Theme.surface
+    edge: area.containsMouse ? root.cardHoverEdge : Theme.hairline
     Accessible.role: Accessible.Button
     Accessible.name: spokenText
     Accessible.focusable: true
@@ -55,14 +61,14 @@ CardStyle {
         id: icon
 
         urlString: root.url
-        size: Theme.monitorCardIconSize
+        size: root.monitorCardIconSize
     }
 
     QuietText {
         anchors.left: icon.right
-        anchors.leftMargin: Theme.monitorCardGap
+        anchors.leftMargin: root.monitorCardGap
         anchors.right: dot.left
-        anchors.rightMargin: Theme.monitorCardGap
+        anchors.rightMargin: root.monitorCardGap
         anchors.verticalCenter: icon.verticalCenter
         text: root.name
         font: Theme.demiBold13
@@ -84,7 +90,7 @@ CardStyle {
         anchors.baseline: uptime.baseline
         visible: text !== ""
         text: root.responseTimeText
-        font: Theme.monoSmall
+        font: ThemeFonts.mono(400, 11)
         color: Theme.textTertiary
     }
 
@@ -92,7 +98,7 @@ CardStyle {
         id: uptime
 
         objectName: "uptime"
-        x: time.visible ? time.width + Theme.monitorCardGap : 0
+        x: time.visible ? time.width + root.monitorCardGap : 0
         anchors.bottom: parent.bottom
         text: root.cardUptimeText
         font: Theme.demiBold13

@@ -7,6 +7,8 @@ import Ostrel.Theme
 Flickable {
     id: root
 
+    readonly property real statusRowGap: 16
+
     required property MonitorDetailModel model
     // True while the form shows this monitor; whoever shows the form sets it back.
     property bool showingEdit: false
@@ -81,7 +83,7 @@ Flickable {
 
         Item {
             width: parent.width
-            height: Theme.statusRowGap
+            height: root.statusRowGap
         }
 
         DetailStatusRow {

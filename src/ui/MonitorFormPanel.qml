@@ -10,6 +10,14 @@ import Ostrel.Theme
 FocusScope {
     id: root
 
+    readonly property real sheetMargin: 24
+    readonly property real sheetTop: 20
+    readonly property real sheetBottom: 20
+    readonly property real sheetGap: 16
+    readonly property real tileGap: 8
+    readonly property real chipGap: 6
+    readonly property real footerGap: 8
+
     required property MonitorForm form
 
     signal confirmed
@@ -31,14 +39,14 @@ FocusScope {
         id: header
 
         width: parent.width
-        height: title.y + title.height + Theme.sheetGap
+        height: title.y + title.height + root.sheetGap
 
         ThemeText {
             id: title
 
             objectName: "title"
-            x: Theme.sheetMargin
-            y: Theme.sheetTop
+            x: root.sheetMargin
+            y: root.sheetTop
             width: parent.width - 2 * x
             text: root.form.title
             font: Theme.headline
@@ -65,8 +73,8 @@ FocusScope {
             const top = contentItem.mapFromItem(focused, 0, 0).y;
             if (top < 0 || top > contentHeight)
                 return;
-            const bottom = top + focused.height + Theme.sheetGap;
-            contentY = Math.max(-topMargin, Math.min(Math.max(contentY, bottom - height), top - Theme.sheetGap));
+            const bottom = top + focused.height + root.sheetGap;
+            contentY = Math.max(-topMargin, Math.min(Math.max(contentY, bottom - height), top - root.sheetGap));
         }
 
         objectName: "middle"
@@ -85,13 +93,13 @@ FocusScope {
         Column {
             id: groups
 
-            x: Theme.sheetMargin
+            x: root.sheetMargin
             width: middle.width - 2 * x
-            spacing: Theme.sheetGap
+            spacing: root.sheetGap
 
             Row {
                 width: parent.width
-                spacing: Theme.tileGap
+                spacing: root.tileGap
                 Accessible.role: Accessible.Grouping
                 Accessible.name: qsTr("Type")
 
@@ -113,7 +121,7 @@ FocusScope {
                         required property var modelData
 
                         objectName: modelData.type
-                        width: (groups.width - Theme.tileGap) / 2
+                        width: (groups.width - root.tileGap) / 2
                         text: modelData.text
                         symbol: modelData.symbol
                         isSelected: root.form.monitorType === modelData.type
@@ -138,7 +146,7 @@ FocusScope {
                 label: qsTr("CHECK EVERY")
 
                 Row {
-                    spacing: Theme.chipGap
+                    spacing: root.chipGap
                     Accessible.role: Accessible.Grouping
                     Accessible.name: qsTr("CHECK EVERY")
 
@@ -227,7 +235,7 @@ FocusScope {
 
         anchors.bottom: parent.bottom
         width: parent.width
-        height: Theme.sheetBottom + Theme.confirmHeight + Theme.sheetBottom
+        height: root.sheetBottom + Theme.confirmHeight + root.sheetBottom
 
         Hairline {
             width: parent.width
@@ -236,9 +244,9 @@ FocusScope {
 
         Row {
             anchors.right: parent.right
-            anchors.rightMargin: Theme.sheetMargin
-            y: Theme.sheetBottom
-            spacing: Theme.footerGap
+            anchors.rightMargin: root.sheetMargin
+            y: root.sheetBottom
+            spacing: root.footerGap
 
             TextButton {
                 objectName: "cancel"

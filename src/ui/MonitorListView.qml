@@ -10,6 +10,11 @@ import Ostrel.Theme
 KeyboardItem {
     id: root
 
+    readonly property real rowSpacing: 2
+    readonly property real homeRowTop: 12
+    readonly property real homeDividerInset: 18
+    readonly property int deleteMotion: Theme.reducedMotion ? 0 : 200
+
     required property MonitorListModel monitors
     required property MonitorSelection selection
     required property AppActions actions
@@ -73,7 +78,7 @@ KeyboardItem {
         id: home
 
         objectName: "home"
-        y: Theme.homeRowTop
+        y: root.homeRowTop
         width: parent.width
         isSelected: !root.selection.showsMonitor
         isFocused: isSelected && root.activeFocus
@@ -90,7 +95,7 @@ KeyboardItem {
 
         anchors.top: home.bottom
         anchors.topMargin: Theme.spacingSmall
-        x: Theme.homeDividerInset
+        x: root.homeDividerInset
         width: parent.width - 2 * x
     }
 
@@ -114,7 +119,7 @@ KeyboardItem {
         clip: true
         // A row is made in less than a frame's time: none is kept ready.
         cacheBuffer: 0
-        spacing: Theme.rowSpacing
+        spacing: root.rowSpacing
         // A list that fits leaves the space under it to the area behind it.
         interactive: contentHeight > height
         boundsBehavior: Flickable.StopAtBounds
@@ -147,14 +152,14 @@ KeyboardItem {
             NumberAnimation {
                 property: "opacity"
                 to: 0
-                duration: Theme.deleteMotion
+                duration: root.deleteMotion
                 easing.type: Easing.OutQuad
             }
         }
         removeDisplaced: Transition {
             NumberAnimation {
                 property: "y"
-                duration: Theme.deleteMotion
+                duration: root.deleteMotion
                 easing.type: Easing.OutQuad
             }
         }

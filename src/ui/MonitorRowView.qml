@@ -7,6 +7,15 @@ import Ostrel.Theme
 SidebarRow {
     id: root
 
+    readonly property font bold9: ThemeFonts.face(700, 9, 0.5)
+    readonly property real dotSize: 8
+    readonly property real dotRing: 1.5
+    readonly property real rowTextGap: 1
+    readonly property real rowFigureGap: 2
+    readonly property real rowStateHeight: 16
+    readonly property real rowDotOverhang: 2
+    readonly property real rowDotMargin: 2
+
     required property string url
     required property string name
     required property string address
@@ -18,7 +27,7 @@ SidebarRow {
     required property string uptimeText
     required property string spokenText
 
-    implicitHeight: Theme.rowHeight
+    implicitHeight: 48
     spokenName: spokenText
     Accessible.description: address
     onIsPendingChanged: {
@@ -42,12 +51,12 @@ SidebarRow {
             objectName: "dot"
             anchors.right: parent.right
             anchors.bottom: parent.bottom
-            anchors.margins: -Theme.rowDotOverhang - Theme.rowDotMargin
-            width: Theme.dotSize + 2 * Theme.rowDotMargin
-            height: Theme.dotSize + 2 * Theme.rowDotMargin
-            diameter: Theme.dotSize
+            anchors.margins: -root.rowDotOverhang - root.rowDotMargin
+            width: root.dotSize + 2 * root.rowDotMargin
+            height: root.dotSize + 2 * root.rowDotMargin
+            diameter: root.dotSize
             color: Theme.over(Theme.statusColor(root.status), root.ground)
-            groundDiameter: Theme.dotSize + 2 * Theme.dotRing
+            groundDiameter: root.dotSize + 2 * root.dotRing
             groundColor: root.ground
         }
     }
@@ -58,7 +67,7 @@ SidebarRow {
         anchors.right: figures.left
         anchors.rightMargin: Theme.rowGap
         anchors.verticalCenter: parent.verticalCenter
-        spacing: Theme.rowTextGap
+        spacing: root.rowTextGap
 
         QuietText {
             width: parent.width
@@ -82,12 +91,12 @@ SidebarRow {
         anchors.right: parent.right
         anchors.rightMargin: Theme.rowInset
         anchors.verticalCenter: parent.verticalCenter
-        spacing: Theme.rowFigureGap
+        spacing: root.rowFigureGap
 
         Item {
             anchors.right: parent.right
             width: root.isPending ? Theme.pendingRingSize : result.implicitWidth
-            height: Theme.rowStateHeight
+            height: root.rowStateHeight
 
             QuietText {
                 id: result
@@ -96,7 +105,7 @@ SidebarRow {
                 anchors.verticalCenter: parent.verticalCenter
                 visible: !root.isPending
                 text: root.resultText
-                font: root.isDown ? Theme.bold9 : Theme.mono
+                font: root.isDown ? root.bold9 : Theme.mono
                 color: ToneColors.of(root.resultTone)
             }
 

@@ -7,6 +7,10 @@ import Ostrel.Theme
 Item {
     id: root
 
+    readonly property real checkTimeWidth: 68
+    readonly property real checkCodeWidth: 32
+    readonly property real checkDotGap: 10
+
     required property int index
     required property bool isUp
     required property int tone
@@ -15,7 +19,7 @@ Item {
     required property string resultText
     required property string spokenText
 
-    implicitHeight: Theme.checkRowHeight
+    implicitHeight: 26
     Accessible.role: Accessible.ListItem
     Accessible.name: spokenText
 
@@ -38,9 +42,9 @@ Item {
         id: time
 
         anchors.left: dot.right
-        anchors.leftMargin: Theme.checkDotGap
+        anchors.leftMargin: root.checkDotGap
         anchors.verticalCenter: parent.verticalCenter
-        width: Theme.checkTimeWidth
+        width: root.checkTimeWidth
         text: root.timeText
         font: Theme.label
         color: Theme.textSecondary
@@ -51,7 +55,7 @@ Item {
 
         anchors.left: time.right
         anchors.verticalCenter: parent.verticalCenter
-        width: Theme.checkCodeWidth
+        width: root.checkCodeWidth
         text: root.codeText
         font: Theme.label
         color: Theme.textSecondary
@@ -62,7 +66,7 @@ Item {
 
         objectName: "result"
         anchors.left: code.right
-        anchors.leftMargin: Theme.checkDotGap
+        anchors.leftMargin: root.checkDotGap
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
         horizontalAlignment: Text.AlignRight

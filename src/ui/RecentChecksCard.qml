@@ -9,10 +9,12 @@ import Ostrel.Theme
 CardStyle {
     id: root
 
+    readonly property real checkHeadGap: 6
+
     required property RecentChecksModel checks
     required property string countText
 
-    implicitHeight: list.y + list.height + 2 * padding - (rows.count > 0 ? padding - Theme.spacingSmall : Theme.checkHeadGap)
+    implicitHeight: list.y + list.height + 2 * padding - (rows.count > 0 ? padding - Theme.spacingSmall : root.checkHeadGap)
 
     ThemeText {
         id: title
@@ -36,7 +38,7 @@ CardStyle {
         id: list
 
         anchors.top: title.bottom
-        anchors.topMargin: Theme.checkHeadGap
+        anchors.topMargin: root.checkHeadGap
         width: parent.width
         Accessible.role: Accessible.List
         Accessible.name: title.text

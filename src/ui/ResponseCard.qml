@@ -7,11 +7,15 @@ import Ostrel.Theme
 CardStyle {
     id: root
 
+    readonly property real chartHeight: 180
+    readonly property real chartGap: 12
+    readonly property real chartPlaceholderGap: 10
+
     required property responseSeries series
     required property bool hasChecks
 
     // The same without a chart, so that the first check moves nothing.
-    implicitHeight: Theme.chartCardHeight
+    implicitHeight: 242
 
     ThemeText {
         id: title
@@ -35,9 +39,9 @@ CardStyle {
         id: body
 
         anchors.top: title.bottom
-        anchors.topMargin: Theme.chartGap
+        anchors.topMargin: root.chartGap
         width: parent.width
-        height: Theme.chartHeight
+        height: root.chartHeight
 
         ResponseChartView {
             objectName: "chart"
@@ -54,7 +58,7 @@ CardStyle {
             objectName: "waiting"
             anchors.centerIn: parent
             visible: root.hasChecks && !root.series.isPlottable
-            spacing: Theme.chartPlaceholderGap
+            spacing: root.chartPlaceholderGap
 
             Symbol {
                 anchors.horizontalCenter: parent.horizontalCenter

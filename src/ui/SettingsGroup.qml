@@ -6,13 +6,15 @@ import Ostrel.Theme
 Column {
     id: root
 
+    readonly property real settingsTitleInset: 16
+
     required property string title
     default property alias rows: column.data
 
-    spacing: Theme.settingsTitleGap
+    spacing: 8
 
     ThemeText {
-        x: Theme.settingsTitleInset
+        x: root.settingsTitleInset
         text: root.title
         font: Theme.headline
         Accessible.role: Accessible.Heading

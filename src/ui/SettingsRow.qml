@@ -10,7 +10,7 @@ Item {
     property bool hasDivider: false
 
     width: parent.width
-    implicitHeight: Theme.settingsRowHeight
+    implicitHeight: 46
 
     Hairline {
         x: body.x

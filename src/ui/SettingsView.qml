@@ -7,6 +7,10 @@ import Ostrel.Theme
 Rectangle {
     id: root
 
+    readonly property real settingsButtonRowHeight: 52
+    readonly property real settingsTallRowHeight: 60
+    readonly property real settingsTextGap: 3
+
     required property Settings settings
     required property DesktopActions actions
 
@@ -66,7 +70,7 @@ Rectangle {
             }
 
             SettingsRow {
-                implicitHeight: Theme.settingsButtonRowHeight + Theme.hairlineWidth
+                implicitHeight: root.settingsButtonRowHeight + Theme.hairlineWidth
                 hasDivider: true
 
                 QuietButton {
@@ -84,14 +88,14 @@ Rectangle {
             title: qsTr("Data")
 
             SettingsRow {
-                implicitHeight: Theme.settingsTallRowHeight
+                implicitHeight: root.settingsTallRowHeight
 
                 Column {
                     anchors.left: parent.left
                     anchors.right: reveal.left
                     anchors.rightMargin: Theme.spacing
                     anchors.verticalCenter: parent.verticalCenter
-                    spacing: Theme.settingsTextGap
+                    spacing: root.settingsTextGap
 
                     ThemeText {
                         id: storedIn
@@ -118,7 +122,7 @@ Rectangle {
                                 deselect();
                         }
                         text: root.actions.dataFolderText
-                        font: Theme.system11
+                        font: ThemeFonts.system(11)
                         color: Theme.textSecondary
                         selectionColor: Theme.textSelection
                         selectedTextColor: Theme.textPrimary

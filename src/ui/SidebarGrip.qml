@@ -7,19 +7,22 @@ import Ostrel.Theme
 KeyboardItem {
     id: root
 
+    readonly property real columnGrip: 7
+    readonly property real columnStep: 10
+
     required property SidebarWidth sidebarWidth
 
-    implicitWidth: Theme.columnGrip
+    implicitWidth: root.columnGrip
     // In a narrow window there is nothing to move.
     enabled: !sidebarWidth.givesWay
     Accessible.role: Accessible.Splitter
     Accessible.name: qsTr("Sidebar width")
     Accessible.description: qsTr("%1 pixels").arg(sidebarWidth.width)
     Accessible.focusable: true
-    Accessible.onDecreaseAction: sidebarWidth.drag(sidebarWidth.width - Theme.columnStep)
-    Accessible.onIncreaseAction: sidebarWidth.drag(sidebarWidth.width + Theme.columnStep)
-    Keys.onLeftPressed: sidebarWidth.drag(sidebarWidth.width - Theme.columnStep)
-    Keys.onRightPressed: sidebarWidth.drag(sidebarWidth.width + Theme.columnStep)
+    Accessible.onDecreaseAction: sidebarWidth.drag(sidebarWidth.width - root.columnStep)
+    Accessible.onIncreaseAction: sidebarWidth.drag(sidebarWidth.width + root.columnStep)
+    Keys.onLeftPressed: sidebarWidth.drag(sidebarWidth.width - root.columnStep)
+    Keys.onRightPressed: sidebarWidth.drag(sidebarWidth.width + root.columnStep)
     Keys.onPressed: event => {
         event.accepted = true;
         if (event.key === Qt.Key_Home)
@@ -39,6 +42,6 @@ KeyboardItem {
     FocusRing {
         visible: root.visualFocus
         isInside: true
-        controlRadius: Theme.columnGrip / 2
+        controlRadius: root.columnGrip / 2
     }
 }

@@ -7,6 +7,11 @@ import Ostrel.Theme
 Item {
     id: root
 
+    readonly property color rowHover: Qt.alpha(Theme.accent, 0.04)
+    readonly property color rowPressed: Qt.alpha(Theme.accent, 0.08)
+    readonly property color rowSelectedEdge: Qt.alpha(Theme.accent, 0.14)
+    readonly property color rowSelectedEdgeInactive: Qt.alpha(Theme.accent, 0.06)
+
     property bool isSelected: false
     // Whether the list has the keyboard and this is where its keys go.
     property bool isFocused: false
@@ -22,7 +27,7 @@ Item {
     readonly property color nameColor: isSelected && isWindowActive ? Theme.accent : Theme.textPrimary
     // The opaque colour under what the row holds.
     readonly property color ground: isSelected ? Theme.surface : Theme.over(wash, Theme.background)
-    readonly property color wash: showsPress ? Theme.rowPressed : showsHover || hasMenu ? Theme.rowHover : Theme.none
+    readonly property color wash: showsPress ? root.rowPressed : showsHover || hasMenu ? root.rowHover : Theme.none
 
     signal chosen
     signal deselected
@@ -79,7 +84,7 @@ Item {
         edge: {
             if (!root.isSelected)
                 return Theme.none;
-            return root.isWindowActive ? Theme.rowSelectedEdge : Theme.rowSelectedEdgeInactive;
+            return root.isWindowActive ? root.rowSelectedEdge : root.rowSelectedEdgeInactive;
         }
     }
 

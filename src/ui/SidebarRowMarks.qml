@@ -7,15 +7,20 @@ import Ostrel.Theme
 Item {
     id: root
 
+    readonly property real selectionBarWidth: 3
+    readonly property real selectionBarHeight: 20
+    readonly property real selectionBarRadius: 1.5
+    readonly property real selectionBarOffset: 3
+
     required property SidebarRow row
 
     Rectangle {
         anchors.verticalCenter: parent.verticalCenter
-        x: -Theme.selectionBarOffset - width
+        x: -root.selectionBarOffset - width
         visible: root.row.isSelected
-        width: Theme.selectionBarWidth
-        height: Theme.selectionBarHeight
-        radius: Theme.selectionBarRadius
+        width: root.selectionBarWidth
+        height: root.selectionBarHeight
+        radius: root.selectionBarRadius
         color: root.row.isWindowActive ? Theme.accent : Theme.statusMuted
     }
 

@@ -7,6 +7,8 @@ import Ostrel.Theme
 Item {
     id: root
 
+    readonly property real footerHeight: 49
+
     required property MonitorListModel monitors
     required property MonitorSelection selection
     required property AppActions actions
@@ -55,7 +57,7 @@ Item {
 
         anchors.bottom: parent.bottom
         width: parent.width
-        height: Theme.footerHeight
+        height: root.footerHeight
 
         Hairline {
             width: parent.width

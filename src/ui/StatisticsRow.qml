@@ -9,12 +9,14 @@ import Ostrel.Theme
 Item {
     id: root
 
+    readonly property real statCardHeight: 98
+
     required property var statistics
     // From the left edge of one card to that of the next.
     readonly property real step: (width + Theme.spacing) / statistics.length
     readonly property real valueSize: StatisticLayout.valueSize(statistics, Math.floor(step - Theme.spacing) - 2 * Theme.cardPadding, Theme.statUnitGap)
 
-    implicitHeight: Theme.statCardHeight
+    implicitHeight: root.statCardHeight
 
     Repeater {
         // By number, so that another figure makes no other card.
@@ -29,7 +31,7 @@ Item {
             // On whole pixels, so that the row ends where the cards below it do.
             x: Math.round(index * root.step)
             width: Math.round((index + 1) * root.step) - Theme.spacing - x
-            height: Theme.statCardHeight
+            height: root.statCardHeight
 
             StatCard {
                 width: parent.width

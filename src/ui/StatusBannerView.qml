@@ -7,13 +7,18 @@ import Ostrel.Theme
 EdgedBox {
     id: root
 
+    readonly property real bannerGap: 14
+    readonly property real bannerTextGap: 3
+    readonly property real bannerFillOpacity: 0.06
+    readonly property real bannerEdgeOpacity: 0.10
+
     required property DashboardOverview overview
     readonly property color statusColor: ToneColors.of(overview.tone)
 
     implicitHeight: Theme.bannerHeight
     radius: Theme.cornerRadius
-    color: Theme.faded(statusColor, Theme.bannerFillOpacity)
-    edge: Theme.faded(statusColor, Theme.bannerEdgeOpacity)
+    color: Theme.faded(statusColor, root.bannerFillOpacity)
+    edge: Theme.faded(statusColor, root.bannerEdgeOpacity)
 
     Symbol {
         id: symbol
@@ -28,11 +33,11 @@ EdgedBox {
 
     Column {
         anchors.left: symbol.right
-        anchors.leftMargin: Theme.bannerGap
+        anchors.leftMargin: root.bannerGap
         anchors.right: parent.right
         anchors.rightMargin: Theme.cardPadding
         anchors.verticalCenter: parent.verticalCenter
-        spacing: Theme.bannerTextGap
+        spacing: root.bannerTextGap
 
         ThemeText {
             objectName: "headline"

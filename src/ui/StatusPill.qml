@@ -6,24 +6,29 @@ import Ostrel.Theme
 Item {
     id: root
 
+    readonly property real statusPillPadding: 12
+    readonly property real statusPillVerticalPadding: 6
+    readonly property real statusPillGap: 6
+    readonly property real statusPillFillOpacity: 0.10
+
     required property string symbol
     required property string text
     required property color color
 
-    implicitWidth: Math.ceil(2 * Theme.statusPillPadding + picture.width + Theme.statusPillGap + label.implicitWidth)
-    implicitHeight: 2 * Theme.statusPillVerticalPadding + Math.max(picture.height, label.implicitHeight)
+    implicitWidth: Math.ceil(2 * root.statusPillPadding + picture.width + root.statusPillGap + label.implicitWidth)
+    implicitHeight: 2 * root.statusPillVerticalPadding + Math.max(picture.height, label.implicitHeight)
 
     EdgedBox {
         anchors.fill: parent
         radius: height / 2
-        color: Theme.faded(root.color, Theme.statusPillFillOpacity)
+        color: Theme.faded(root.color, root.statusPillFillOpacity)
     }
 
     Symbol {
         id: picture
 
         objectName: "pillSymbol"
-        x: Theme.statusPillPadding
+        x: root.statusPillPadding
         anchors.verticalCenter: parent.verticalCenter
         name: root.symbol
         systemSize: 12
@@ -35,10 +40,10 @@ Item {
 
         objectName: "pillText"
         anchors.left: picture.right
-        anchors.leftMargin: Theme.statusPillGap
+        anchors.leftMargin: root.statusPillGap
         anchors.verticalCenter: parent.verticalCenter
         text: root.text
-        font: Theme.bold11
+        font: ThemeFonts.face(700, 11, 1.5)
         color: root.color
     }
 }

@@ -6,8 +6,12 @@ import Ostrel.Theme
 BaseButton {
     id: root
 
+    readonly property color suggestionFill: Qt.alpha(Theme.accent, 0.06)
+    readonly property color suggestionHover: Qt.alpha(Theme.accent, 0.10)
+    readonly property color suggestionPressed: Qt.alpha(Theme.accent, 0.14)
+
     horizontalPadding: Theme.fieldPadding
-    implicitHeight: Theme.suggestionHeight
+    implicitHeight: 32
 
     contentItem: ButtonLabel {
         isCentred: false
@@ -20,6 +24,6 @@ BaseButton {
 
     background: EdgedBox {
         radius: root.radius
-        color: root.down ? Theme.suggestionPressed : root.showsHover ? Theme.suggestionHover : Theme.suggestionFill
+        color: root.down ? root.suggestionPressed : root.showsHover ? root.suggestionHover : root.suggestionFill
     }
 }

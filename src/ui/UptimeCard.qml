@@ -7,10 +7,14 @@ import Ostrel.Theme
 CardStyle {
     id: root
 
+    readonly property real stripHeight: 26
+    readonly property real stripGap: 12
+    readonly property real stripFootGap: 6
+
     // An uptimeTimeline: compiled ahead of time, its enumeration could not be read.
     required property var timeline
 
-    implicitHeight: Theme.uptimeCardHeight
+    implicitHeight: 106
 
     ThemeText {
         id: title
@@ -35,13 +39,13 @@ CardStyle {
 
         objectName: "strip"
         anchors.top: title.bottom
-        anchors.topMargin: Theme.stripGap
+        anchors.topMargin: root.stripGap
         width: parent.width
-        height: Theme.stripHeight
+        height: root.stripHeight
         timeline: root.timeline
         upColor: Theme.statusUp
         downColor: Theme.statusDown
-        emptyColor: Theme.stripEmpty
+        emptyColor: Qt.alpha(Theme.ink, 0.04)
     }
 
     ThemeText {
@@ -56,7 +60,7 @@ CardStyle {
     ThemeText {
         objectName: "age"
         anchors.top: strip.bottom
-        anchors.topMargin: Theme.stripFootGap
+        anchors.topMargin: root.stripFootGap
         text: root.timeline.ageText
         font: Theme.regular9
         color: Theme.statusMuted
@@ -65,7 +69,7 @@ CardStyle {
     ThemeText {
         anchors.right: parent.right
         anchors.top: strip.bottom
-        anchors.topMargin: Theme.stripFootGap
+        anchors.topMargin: root.stripFootGap
         text: qsTr("Now")
         font: Theme.regular9
         color: Theme.statusMuted

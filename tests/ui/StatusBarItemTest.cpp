@@ -271,17 +271,4 @@ TEST_F(StatusBarItemTest, OnlyAPlainBirdThatIsInstalledGivesItsSymbolicName)
     QIcon::setThemeSearchPaths(paths);
 }
 
-TEST(ThemeColorsTest, AreTheThemesOwn)
-{
-    QQmlEngine engine;
-    engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
-    QQmlComponent component(&engine);
-    component.setData("import QtQml; import Ostrel.Theme; QtObject { property var c: "
-                      "Theme.statusDown }",
-                      QUrl());
-    const std::unique_ptr<QObject> object(component.create());
-    ASSERT_TRUE(object) << qPrintable(component.errorString());
-    EXPECT_EQ(object->property("c").value<QColor>().rgba(), ThemeColors::statusDown().rgba());
-}
-
 } // namespace ostrel::test

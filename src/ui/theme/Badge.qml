@@ -6,24 +6,28 @@ import Ostrel.Theme
 Item {
     id: root
 
+    readonly property real badgePaddingLeading: 8
+    readonly property real badgePaddingTrailing: 10
+    readonly property real badgeSymbolGap: 5
+
     required property string symbol
     required property string text
     required property color color
 
-    implicitWidth: Math.ceil(Theme.badgePaddingLeading + picture.width + Theme.badgeSymbolGap + label.implicitWidth + Theme.badgePaddingTrailing)
-    implicitHeight: Theme.badgeHeight
+    implicitWidth: Math.ceil(root.badgePaddingLeading + picture.width + root.badgeSymbolGap + label.implicitWidth + root.badgePaddingTrailing)
+    implicitHeight: 26
 
     EdgedBox {
         anchors.fill: parent
         radius: height / 2
         color: Theme.surface
-        edge: Theme.badgeEdge
+        edge: Qt.alpha(Theme.accent, 0.08)
     }
 
     Symbol {
         id: picture
 
-        x: Theme.badgePaddingLeading
+        x: root.badgePaddingLeading
         anchors.verticalCenter: parent.verticalCenter
         name: root.symbol
         systemSize: 11
@@ -34,7 +38,7 @@ Item {
         id: label
 
         anchors.left: picture.right
-        anchors.leftMargin: Theme.badgeSymbolGap
+        anchors.leftMargin: root.badgeSymbolGap
         anchors.verticalCenter: parent.verticalCenter
         text: root.text
         font: Theme.medium11

@@ -4,8 +4,8 @@ import QtQuick
 ChoiceButton {
     id: root
 
-    horizontalPadding: Theme.chipPadding
-    implicitHeight: Theme.chipHeight
+    horizontalPadding: 12
+    implicitHeight: 26
     radius: height / 2
 
     contentItem: ButtonLabel {

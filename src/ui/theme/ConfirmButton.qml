@@ -6,7 +6,9 @@ import Ostrel.Theme
 BaseButton {
     id: root
 
-    horizontalPadding: Theme.confirmPadding
+    readonly property color confirmInvalid: Qt.alpha(Theme.accent, 0.30)
+
+    horizontalPadding: 18
     implicitHeight: Theme.confirmHeight
     radius: height / 2
     opacity: 1
@@ -19,6 +21,6 @@ BaseButton {
 
     background: EdgedBox {
         radius: root.radius
-        color: !root.enabled ? Theme.confirmInvalid : root.down ? Theme.accentPressed : Theme.accent
+        color: !root.enabled ? root.confirmInvalid : root.down ? Theme.accentPressed : Theme.accent
     }
 }

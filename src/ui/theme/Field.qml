@@ -9,6 +9,10 @@ import Ostrel.Theme
 T.TextField {
     id: root
 
+    readonly property color fieldEdge: Qt.alpha(Theme.accent, 0.14)
+    readonly property color fieldEdgeHover: Qt.alpha(Theme.accent, 0.28)
+    readonly property real caretWidth: 1.5
+
     required property string spokenName
     property bool showsHover: hovered
     property bool showsFocus: activeFocus
@@ -20,13 +24,13 @@ T.TextField {
     property bool isComplete: false
 
     implicitWidth: Theme.thresholdFieldWidth
-    implicitHeight: Theme.fieldHeight
+    implicitHeight: 34
     leftPadding: Theme.fieldPadding
     rightPadding: Theme.fieldPadding + (trailingSymbol !== "" ? trailing.width + Theme.controlGap - Theme.tightSpacing : 0)
     verticalAlignment: TextInput.AlignVCenter
     font: Theme.body
     color: Theme.textPrimary
-    placeholderTextColor: Theme.placeholder
+    placeholderTextColor: Qt.alpha(Theme.ink, 0.35)
     selectionColor: Theme.textSelection
     selectedTextColor: Theme.textPrimary
     selectByMouse: true
@@ -43,7 +47,7 @@ T.TextField {
 
         property bool isLit: true
 
-        width: Theme.caretWidth
+        width: root.caretWidth
         color: Theme.accent
         visible: root.activeFocus && root.cursorVisible && isLit
 
@@ -62,7 +66,7 @@ T.TextField {
         edge: {
             if (root.showsFocus)
                 return Theme.focusEdge;
-            return root.showsHover ? Theme.fieldEdgeHover : Theme.fieldEdge;
+            return root.showsHover ? root.fieldEdgeHover : root.fieldEdge;
         }
         edgeWidth: root.showsFocus ? Theme.focusRingWidth : Theme.hairlineWidth
     }
@@ -70,7 +74,7 @@ T.TextField {
     QuietText {
         anchors.left: parent.left
         // Beside the caret, which stands where a text begins.
-        anchors.leftMargin: root.leftPadding + Theme.caretWidth
+        anchors.leftMargin: root.leftPadding + root.caretWidth
         anchors.right: parent.right
         anchors.rightMargin: root.rightPadding
         anchors.verticalCenter: parent.verticalCenter

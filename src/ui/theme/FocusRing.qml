@@ -6,11 +6,13 @@ import Ostrel.Theme
 EdgedBox {
     id: root
 
+    readonly property real focusRingGap: 2
+
     // The corner radius of the control.
     property real controlRadius: Theme.cornerRadiusSmall
     // Rows and fields have no room around them.
     property bool isInside: false
-    readonly property real distance: isInside ? 0 : Theme.focusRingGap + Theme.focusRingWidth
+    readonly property real distance: isInside ? 0 : root.focusRingGap + Theme.focusRingWidth
 
     anchors.fill: parent
     anchors.margins: -distance

@@ -7,15 +7,21 @@ import Ostrel.Theme
 T.ToolTip {
     id: root
 
+    readonly property real helpTextRadius: 6
+    readonly property real helpTextPadding: 8
+    readonly property real helpTextVerticalPadding: 5
+    readonly property real helpTextGap: 6
+    readonly property real helpTextMaximum: 320
+
     x: parent ? Math.round((parent.width - width) / 2) : 0
-    y: parent ? parent.height + Theme.helpTextGap : 0
-    delay: Theme.helpTextDelay
-    margins: Theme.helpTextGap
-    leftPadding: Theme.helpTextPadding
-    rightPadding: Theme.helpTextPadding
-    topPadding: Theme.helpTextVerticalPadding
-    bottomPadding: Theme.helpTextVerticalPadding
-    implicitWidth: Math.min(implicitContentWidth, Theme.helpTextMaximum) + leftPadding + rightPadding
+    y: parent ? parent.height + root.helpTextGap : 0
+    delay: 600
+    margins: root.helpTextGap
+    leftPadding: root.helpTextPadding
+    rightPadding: root.helpTextPadding
+    topPadding: root.helpTextVerticalPadding
+    bottomPadding: root.helpTextVerticalPadding
+    implicitWidth: Math.min(implicitContentWidth, root.helpTextMaximum) + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent | T.Popup.CloseOnReleaseOutsideParent
 
@@ -28,7 +34,7 @@ T.ToolTip {
     }
 
     background: EdgedBox {
-        radius: Theme.helpTextRadius
+        radius: root.helpTextRadius
         color: Theme.ink
     }
 }

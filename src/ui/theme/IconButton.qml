@@ -6,6 +6,9 @@ import Ostrel.Theme
 BaseButton {
     id: root
 
+    readonly property color iconHover: Qt.alpha(Theme.ink, 0.06)
+    readonly property color iconPressed: Qt.alpha(Theme.ink, 0.10)
+
     required property string symbol
     property real symbolSize: 16
 
@@ -23,6 +26,6 @@ BaseButton {
 
     background: EdgedBox {
         radius: root.radius
-        color: root.down ? Theme.iconPressed : root.showsHover ? Theme.iconHover : Theme.none
+        color: root.down ? root.iconPressed : root.showsHover ? root.iconHover : Theme.none
     }
 }

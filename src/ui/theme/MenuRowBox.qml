@@ -6,9 +6,12 @@ import Ostrel.Theme
 EdgedBox {
     id: root
 
+    readonly property color menuHover: Qt.alpha(Theme.accent, 0.08)
+    readonly property color menuPressed: Qt.alpha(Theme.accent, 0.14)
+
     property bool isHighlighted: false
     property bool isPressed: false
 
-    radius: Theme.menuRowRadius
-    color: isPressed ? Theme.menuPressed : isHighlighted ? Theme.menuHover : Theme.none
+    radius: 5
+    color: isPressed ? root.menuPressed : isHighlighted ? root.menuHover : Theme.none
 }

@@ -4,7 +4,7 @@ import Ostrel.Theme
 
 // The ground of a menu.
 EdgedBox {
-    radius: Theme.menuRadius
+    radius: 9
     color: Theme.surface
-    edge: Theme.menuEdge
+    edge: Qt.alpha(Theme.accent, 0.14)
 }

@@ -7,13 +7,15 @@ import Ostrel.Theme
 PendingArc {
     id: root
 
+    readonly property int pendingTurn: 1000
+
     readonly property bool isTurning: visible && exposure.isExposed && !Theme.reducedMotion
 
     implicitWidth: Theme.pendingRingSize
     implicitHeight: Theme.pendingRingSize
-    trackColor: Theme.pendingTrack
-    arcColor: Theme.pendingArc
-    stroke: Theme.pendingRingStroke
+    trackColor: Qt.alpha(Theme.ink, 0.12)
+    arcColor: Qt.alpha(Theme.ink, 0.50)
+    stroke: 2
     Accessible.role: Accessible.ProgressBar
     Accessible.name: qsTr("Checking...")
 
@@ -30,6 +32,6 @@ PendingArc {
         loops: Animation.Infinite
         from: 0
         to: 360
-        duration: Theme.pendingTurn
+        duration: root.pendingTurn
     }
 }

@@ -20,7 +20,7 @@ T.ComboBox {
     }
 
     implicitWidth: Math.max(Theme.keywordModeWidth, implicitContentWidth + leftPadding + rightPadding)
-    implicitHeight: Theme.pickerHeight
+    implicitHeight: 34
     leftPadding: Theme.fieldPadding
     rightPadding: Theme.fieldPadding + indicator.width
     hoverEnabled: true

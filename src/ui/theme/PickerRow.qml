@@ -7,6 +7,8 @@ import Ostrel.Theme
 T.ItemDelegate {
     id: root
 
+    readonly property real menuCheckWidth: 20
+
     required property bool isCurrent
 
     implicitHeight: Theme.menuRowHeight
@@ -21,7 +23,7 @@ T.ItemDelegate {
 
     contentItem: Item {
         QuietText {
-            width: parent.width - Theme.menuCheckWidth
+            width: parent.width - root.menuCheckWidth
             anchors.verticalCenter: parent.verticalCenter
             text: root.text
         }

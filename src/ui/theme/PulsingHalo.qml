@@ -7,6 +7,9 @@ import Ostrel.Theme
 Disc {
     id: root
 
+    readonly property int haloMotion: 1500
+    readonly property var easeInOut: [0.42, 0.0, 0.58, 1.0, 1.0, 1.0]
+
     required property real restDiameter
     required property bool pulse
     readonly property bool isPulsing: pulse && visible && exposure.isExposed && !Theme.reducedMotion
@@ -40,9 +43,9 @@ Disc {
             property: "swell"
             from: 0
             to: 1
-            duration: Theme.haloMotion
+            duration: root.haloMotion
             easing.type: Easing.BezierSpline
-            easing.bezierCurve: Theme.easeInOut
+            easing.bezierCurve: root.easeInOut
         }
 
         NumberAnimation {
@@ -50,9 +53,9 @@ Disc {
             property: "swell"
             from: 1
             to: 0
-            duration: Theme.haloMotion
+            duration: root.haloMotion
             easing.type: Easing.BezierSpline
-            easing.bezierCurve: Theme.easeInOut
+            easing.bezierCurve: root.easeInOut
         }
     }
 }

@@ -6,6 +6,11 @@ import Ostrel.Theme
 EdgedBox {
     id: root
 
+    readonly property color quietFill: Qt.alpha(Theme.ink, 0.03)
+    readonly property color quietEdge: Qt.alpha(Theme.ink, 0.08)
+    readonly property color quietHover: Qt.alpha(Theme.ink, 0.06)
+    readonly property color quietPressed: Qt.alpha(Theme.ink, 0.10)
+
     property bool isHovered: false
     property bool isPressed: false
     property bool isSelected: false
@@ -13,9 +18,9 @@ EdgedBox {
     color: {
         if (isSelected)
             return Theme.accent;
-        return isPressed ? Theme.quietPressed : isHovered ? Theme.quietHover : Theme.quietFill;
+        return isPressed ? root.quietPressed : isHovered ? root.quietHover : root.quietFill;
     }
-    edge: isSelected ? Theme.none : Theme.quietEdge
+    edge: isSelected ? Theme.none : root.quietEdge
 
     Behavior on color {
         ColorAnimation {

@@ -6,8 +6,8 @@ BaseButton {
 
     property string symbol: ""
 
-    horizontalPadding: Theme.quietButtonPadding
-    implicitHeight: Theme.quietButtonHeight
+    horizontalPadding: 14
+    implicitHeight: 28
 
     contentItem: ButtonLabel {
         symbol: root.symbol

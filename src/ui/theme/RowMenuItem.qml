@@ -5,6 +5,8 @@ import QtQuick.Templates as T
 T.MenuItem {
     id: root
 
+    readonly property real menuRowGap: 9
+
     property string symbol: ""
     property bool isDestructive: false
     property bool showsHover: highlighted
@@ -21,7 +23,7 @@ T.MenuItem {
 
     contentItem: ButtonLabel {
         symbol: root.symbol
-        gap: Theme.menuRowGap
+        gap: root.menuRowGap
         isCentred: false
         text: root.text
         color: root.labelColor

@@ -7,16 +7,22 @@ import Ostrel.Theme
 T.ScrollBar {
     id: root
 
+    readonly property color scrollBar: Qt.alpha(Theme.ink, 0.18)
+    readonly property color scrollBarHover: Qt.alpha(Theme.ink, 0.30)
+    readonly property real scrollBarWidth: 6
+    readonly property real scrollBarMinimum: 24
+    readonly property int scrollBarLinger: 1000
+
     required property Flickable page
     property bool showsHover: hovered || pressed
     property bool isLingering: false
-    readonly property real thickness: showsHover ? Theme.scrollBarWidthHover : Theme.scrollBarWidth
+    readonly property real thickness: showsHover ? Theme.scrollBarWidthHover : root.scrollBarWidth
 
     orientation: Qt.Vertical
     size: page.visibleArea.heightRatio
     position: page.visibleArea.yPosition
     padding: Theme.scrollBarMargin
-    minimumSize: height > 0 ? Math.min(1, Theme.scrollBarMinimum / height) : 0
+    minimumSize: height > 0 ? Math.min(1, root.scrollBarMinimum / height) : 0
     hoverEnabled: true
     visible: size < 1
     opacity: active || showsHover || isLingering ? 1 : 0
@@ -31,7 +37,7 @@ T.ScrollBar {
     Timer {
         id: linger
 
-        interval: Theme.scrollBarLinger
+        interval: root.scrollBarLinger
         onTriggered: root.isLingering = false
     }
 
@@ -47,7 +53,7 @@ T.ScrollBar {
             width: root.thickness
             height: parent.height
             radius: root.thickness / 2
-            color: root.showsHover ? Theme.scrollBarHover : Theme.scrollBar
+            color: root.showsHover ? root.scrollBarHover : root.scrollBar
         }
     }
 }

@@ -6,9 +6,11 @@ import Ostrel.Theme
 ChoiceButton {
     id: root
 
-    horizontalPadding: Theme.segmentPadding
+    readonly property color segmentEdge: Qt.alpha(Theme.accent, 0.08)
+
+    horizontalPadding: 14
     implicitHeight: Theme.segmentHeight - 2 * Theme.segmentInset
-    radius: Theme.segmentRadius
+    radius: 6
     activeFocusOnTab: isSelected
 
     contentItem: ButtonLabel {
@@ -20,6 +22,6 @@ ChoiceButton {
     background: EdgedBox {
         radius: root.radius
         color: root.isSelected ? Theme.surface : Theme.none
-        edge: root.isSelected ? Theme.segmentEdge : Theme.none
+        edge: root.isSelected ? root.segmentEdge : Theme.none
     }
 }

@@ -32,7 +32,7 @@ FocusScope {
     EdgedBox {
         anchors.fill: parent
         radius: Theme.cornerRadiusSmall
-        color: Theme.segmentTrack
+        color: Qt.alpha(Theme.ink, 0.06)
     }
 
     Row {

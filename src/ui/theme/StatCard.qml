@@ -6,24 +6,31 @@ import Ostrel.Theme
 Item {
     id: root
 
+    readonly property font displayLarge: ThemeFonts.face(700, 32, 0)
+    readonly property real statBarWidth: 28
+    readonly property real statBarHeight: 3
+    readonly property real statBarRadius: 1.5
+    readonly property real statBarGap: 14
+    readonly property real statValueGap: 6
+
     required property string title
     required property string value
     property string unit: ""
     required property color color
     // Smaller than the role's size only where figures of one row share less room.
-    property real valueSize: Theme.displayLarge.pixelSize
+    property real valueSize: root.displayLarge.pixelSize
 
-    implicitWidth: Math.max(Theme.statBarWidth, titleText.implicitWidth, valueText.implicitWidth + (unit !== "" ? Theme.statUnitGap + unitText.implicitWidth : 0))
-    implicitHeight: valueText.y + ThemeFonts.lineBox(Theme.displayLarge.pixelSize)
+    implicitWidth: Math.max(root.statBarWidth, titleText.implicitWidth, valueText.implicitWidth + (unit !== "" ? Theme.statUnitGap + unitText.implicitWidth : 0))
+    implicitHeight: valueText.y + ThemeFonts.lineBox(root.displayLarge.pixelSize)
     Accessible.role: Accessible.StaticText
     Accessible.name: unit !== "" ? title + ", " + value + " " + unit : title + ", " + value
 
     EdgedBox {
         id: bar
 
-        width: Theme.statBarWidth
-        height: Theme.statBarHeight
-        radius: Theme.statBarRadius
+        width: root.statBarWidth
+        height: root.statBarHeight
+        radius: root.statBarRadius
         color: Theme.faded(root.color, 0.5)
     }
 
@@ -31,10 +38,10 @@ Item {
         id: titleText
 
         anchors.top: bar.bottom
-        anchors.topMargin: Theme.statBarGap
+        anchors.topMargin: root.statBarGap
         width: parent.width
         text: root.title
-        font: Theme.statTitle
+        font: ThemeFonts.face(500, 10, 0.3)
         color: Theme.textTertiary
     }
 
@@ -43,9 +50,9 @@ Item {
 
         objectName: "value"
         anchors.top: titleText.bottom
-        anchors.topMargin: Theme.statValueGap
+        anchors.topMargin: root.statValueGap
         text: root.value
-        font: root.valueSize === Theme.displayLarge.pixelSize ? Theme.displayLarge : ThemeFonts.face(Font.Bold, root.valueSize, 0)
+        font: root.valueSize === root.displayLarge.pixelSize ? root.displayLarge : ThemeFonts.face(Font.Bold, root.valueSize, 0)
         color: root.color
     }
 
@@ -58,7 +65,7 @@ Item {
         anchors.baseline: valueText.baseline
         visible: root.unit !== ""
         text: root.unit
-        font: Theme.bodyMedium
+        font: ThemeFonts.face(500, 14)
         color: Theme.textTertiary
     }
 }

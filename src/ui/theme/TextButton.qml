@@ -4,15 +4,17 @@ import QtQuick
 BaseButton {
     id: root
 
+    readonly property real advancedGap: 6
+
     property string symbol: ""
     property font face: Theme.body
 
-    horizontalPadding: Theme.textButtonPadding
+    horizontalPadding: 12
     implicitHeight: Theme.confirmHeight
 
     contentItem: ButtonLabel {
         symbol: root.symbol
-        gap: Theme.advancedGap
+        gap: root.advancedGap
         text: root.text
         font: root.face
         color: root.down ? Theme.accent : root.showsHover ? Theme.textPrimary : Theme.textSecondary

@@ -4,15 +4,17 @@ import QtQuick
 ChoiceButton {
     id: root
 
+    readonly property real tileSymbolGap: 6
+
     property string symbol: ""
 
-    horizontalPadding: Theme.tilePadding
-    implicitHeight: Theme.tileHeight
+    horizontalPadding: 14
+    implicitHeight: 32
 
     contentItem: ButtonLabel {
         symbol: root.symbol
         symbolSize: 11
-        gap: Theme.tileSymbolGap
+        gap: root.tileSymbolGap
         text: root.text
         font: Theme.demiBold12
         color: root.isSelected ? Theme.accentText : Theme.textPrimary

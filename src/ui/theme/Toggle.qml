@@ -6,20 +6,25 @@ import Ostrel.Theme
 BaseButton {
     id: root
 
-    readonly property real knobMargin: (Theme.toggleHeight - Theme.toggleKnob) / 2
+    readonly property color toggleOff: Qt.alpha(Theme.ink, 0.14)
+    readonly property real toggleWidth: 36
+    readonly property real toggleHeight: 20
+    readonly property real toggleKnob: 16
+
+    readonly property real knobMargin: (root.toggleHeight - root.toggleKnob) / 2
 
     function accessibleToggleAction(): void {
         accessiblePressAction();
     }
 
     checkable: true
-    implicitWidth: Theme.toggleWidth
-    implicitHeight: Theme.toggleHeight
+    implicitWidth: root.toggleWidth
+    implicitHeight: root.toggleHeight
     radius: height / 2
 
     background: EdgedBox {
         radius: root.radius
-        color: root.checked ? Theme.accent : Theme.toggleOff
+        color: root.checked ? Theme.accent : root.toggleOff
 
         Behavior on color {
             ColorAnimation {
@@ -28,11 +33,11 @@ BaseButton {
         }
 
         EdgedBox {
-            x: root.checked ? Theme.toggleWidth - Theme.toggleKnob - root.knobMargin : root.knobMargin
+            x: root.checked ? root.toggleWidth - root.toggleKnob - root.knobMargin : root.knobMargin
             y: root.knobMargin
-            width: Theme.toggleKnob
-            height: Theme.toggleKnob
-            radius: Theme.toggleKnob / 2
+            width: root.toggleKnob
+            height: root.toggleKnob
+            radius: root.toggleKnob / 2
             color: Theme.surface
 
             Behavior on x {

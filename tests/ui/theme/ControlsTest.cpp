@@ -425,10 +425,10 @@ TEST(KeyboardItemTest, ShowsTheKeyboardWhereItCameByKeysEvenAfterAPopup)
 
 TEST(HelpTextTest, AppearsOnlyAfterTheSetRest)
 {
-    ThemeView view("IconButton { objectName: 'subject'; symbol: 'gearshape'; "
-                   "helpText: 'Edit monitor' }");
+    ThemeView view("Item { objectName: 'subject'; property int delay: help.delay; "
+                   "HelpText { id: help; text: 'Edit monitor' } }");
 
-    EXPECT_EQ(view.evaluate(QStringLiteral("Theme.helpTextDelay")), QVariant(600));
+    EXPECT_EQ(view.property("delay"), QVariant(600));
 }
 
 TEST(PendingRingTest, TurnsOnlyWhileItCanBeSeen)

@@ -74,12 +74,10 @@ INSTANTIATE_TEST_SUITE_P(Palette, ThemePaletteTest,
                                          PaletteCase{"textSecondary", 0.12F, 0.12F, 0.22F, 0.50F},
                                          PaletteCase{"textTertiary", 0.12F, 0.12F, 0.22F, 0.25F},
                                          PaletteCase{"hairline", 0.16F, 0.20F, 0.52F, 0.06F},
-                                         PaletteCase{"accentSoft", 0.16F, 0.20F, 0.52F, 0.70F},
                                          PaletteCase{"statusUp", 0.22F, 0.75F, 0.50F, 1},
                                          PaletteCase{"statusDown", 0.92F, 0.34F, 0.30F, 1},
                                          PaletteCase{"warning", 0.96F, 0.56F, 0.30F, 1},
-                                         PaletteCase{"statusMuted", 0.12F, 0.12F, 0.22F, 0.25F},
-                                         PaletteCase{"emblem", 1.00F, 0.84F, 0.04F, 1}),
+                                         PaletteCase{"statusMuted", 0.12F, 0.12F, 0.22F, 0.25F}),
                          nameOf<PaletteCase>);
 
 TEST_P(ThemeFaceTest, IsExactlyTheNamedFace)
@@ -99,22 +97,14 @@ TEST_P(ThemeFaceTest, IsExactlyTheNamedFace)
 }
 
 INSTANTIATE_TEST_SUITE_P(Faces, ThemeFaceTest,
-                         testing::Values(FaceCase{"displayLarge", "Avenir Next", 700, 32, 0},
-                                         FaceCase{"displayMedium", "Avenir Next", 700, 22, 0.1},
-                                         FaceCase{"headline", "Avenir Next", 600, 14, 0.1},
-                                         FaceCase{"bodyMedium", "Avenir Next", 500, 14, 0.1},
+                         testing::Values(FaceCase{"headline", "Avenir Next", 600, 14, 0.1},
                                          FaceCase{"body", "Avenir Next", 400, 13, 0.1},
                                          FaceCase{"caption", "Avenir Next", 500, 12, 0.1},
                                          FaceCase{"footnote", "Avenir Next", 400, 11, 0.1},
                                          FaceCase{"label", "Avenir Next", 500, 10, 0.1},
-                                         FaceCase{"labelSmall", "Avenir Next", 600, 10, 0.1},
                                          FaceCase{"mono", "SF Mono", 500, 12, 0.1},
-                                         FaceCase{"monoSmall", "SF Mono", 400, 11, 0.1},
                                          FaceCase{"demiBold15", "Avenir Next", 600, 15, 0.1},
-                                         FaceCase{"statTitle", "Avenir Next", 500, 10, 0.3},
-                                         FaceCase{"sectionLabel", "Avenir Next", 600, 10, 1.2},
-                                         FaceCase{"bold11", "Avenir Next", 700, 11, 1.5},
-                                         FaceCase{"bold9", "Avenir Next", 700, 9, 0.5}),
+                                         FaceCase{"sectionLabel", "Avenir Next", 600, 10, 1.2}),
                          nameOf<FaceCase>);
 
 TEST_P(ThemeLengthTest, IsExactlyTheNamedLength)
@@ -132,19 +122,8 @@ INSTANTIATE_TEST_SUITE_P(Lengths, ThemeLengthTest,
                                          LengthCase{"cornerRadiusSmall", 8},
                                          LengthCase{"cardPadding", 16},
                                          LengthCase{"sectionSpacing", 24},
-                                         LengthCase{"spacing", 12}, LengthCase{"spacingLarge", 24}),
+                                         LengthCase{"spacing", 12}),
                          nameOf<LengthCase>);
-
-TEST(ThemeTest, FacesAtOtherSizesAreAskedForByWeightAndSize)
-{
-    ThemeView view("");
-
-    const auto face = view.evaluate(QStringLiteral("Theme.face(600, 17)")).value<QFont>();
-
-    EXPECT_EQ(face.family(), QStringLiteral("Avenir Next"));
-    EXPECT_EQ(face.weight(), QFont::DemiBold);
-    EXPECT_EQ(face.pixelSize(), 17);
-}
 
 TEST(ThemeTest, StatusesHaveTheirColors)
 {
@@ -178,7 +157,7 @@ TEST(ThemeTest, TextsStandInTheirLineBoxes)
     ASSERT_EQ(view.error(), QString());
 
     EXPECT_EQ(view.property("implicitHeight"), QVariant(18.0));
-    view.setProperty("font", view.evaluate(QStringLiteral("Theme.displayLarge")));
+    view.setProperty("font", view.evaluate(QStringLiteral("ThemeFonts.face(700, 32, 0)")));
     EXPECT_EQ(view.property("implicitHeight"), QVariant(30.0));
     view.setProperty("font", view.evaluate(QStringLiteral("Theme.regular9")));
     EXPECT_EQ(view.property("implicitHeight"), QVariant(12.0));

@@ -1,0 +1,70 @@
+#include "Printers.h"
+
+#include <QDirIterator>
+#include <QFile>
+#include <QHash>
+#include <QRegularExpression>
+#include <QSet>
+
+#include <gtest/gtest.h>
+
+// The theme has what several views share. A name that one view alone uses stands in that view.
+
+namespace ostrel::test {
+
+namespace {
+
+QString contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+QString themePath()
+{
+    return QStringLiteral(OSTREL_SOURCE_DIR "/src/ui/theme/Theme.qml");
+}
+
+QStringList matches(const QRegularExpression &pattern, const QString &text)
+{
+    QStringList found;
+    for (auto match = pattern.globalMatch(text); match.hasNext();)
+        found += match.next().captured(1);
+    return found;
+}
+
+QStringList themeNames()
+{
+    static const QRegularExpression declaration(
+        QStringLiteral("^    (?:(?:readonly )?property \\w+|function) (\\w+)"),
+        QRegularExpression::MultilineOption);
+    return matches(declaration, contentOf(themePath()));
+}
+
+/// The files under src/ that use each name.
+QHash<QString, QSet<QString>> usersOfThemeNames()
+{
+    static const QRegularExpression use(QStringLiteral("\\bTheme\\.(\\w+)"));
+    QHash<QString, QSet<QString>> users;
+    QDirIterator files(QStringLiteral(OSTREL_SOURCE_DIR "/src"), {QStringLiteral("*.qml")},
+                       QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        const QString path = files.next();
+        for (const QString &name : matches(use, contentOf(path)))
+            users[name].insert(path);
+    }
+    return users;
+}
+
+} // namespace
+
+TEST(ThemeNamesTest, EachIsUsedByTwoFilesAtLeast)
+{
+    const QStringList names = themeNames();
+    ASSERT_GT(names.size(), 50) << "the declarations are no longer found";
+    const auto users = usersOfThemeNames();
+    for (const QString &name : names)
+        EXPECT_GE(users.value(name).size(), 2) << qPrintable(name);
+}
+
+} // namespace ostrel::test
