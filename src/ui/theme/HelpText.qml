@@ -12,10 +12,11 @@ T.ToolTip {
     readonly property real helpTextVerticalPadding: 5
     readonly property real helpTextGap: 6
     readonly property real helpTextMaximum: 320
+    readonly property int helpTextDelay: 600
 
     x: parent ? Math.round((parent.width - width) / 2) : 0
     y: parent ? parent.height + root.helpTextGap : 0
-    delay: 600
+    delay: helpTextDelay
     margins: root.helpTextGap
     leftPadding: root.helpTextPadding
     rightPadding: root.helpTextPadding
