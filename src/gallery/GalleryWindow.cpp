@@ -22,6 +22,9 @@ namespace ostrel {
 
 namespace {
 
+/// Longer than any fade of a control that a gesture starts.
+constexpr auto longestFade = std::chrono::milliseconds(250);
+
 /// What stands before the "-" of a page's name: the file.
 QString fileOf(const QString &page)
 {
@@ -89,7 +92,13 @@ void GalleryWindow::awaitActive()
 void GalleryWindow::performGesture()
 {
     grabWindow();
+    if (m_gesture.isEmpty())
+        return;
     GalleryGesture::perform(m_gesture, *this);
+    // Colours fade to what they become.
+    const QDeadlineTimer settled(longestFade);
+    while (!settled.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
 }
 
 bool GalleryWindow::save(const QString &path)
