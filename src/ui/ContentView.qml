@@ -1,12 +1,20 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 
 import Ostrel
 import Ostrel.Theme
 
-// The window's two columns, and what opens over them. Where the keyboard was when the sheet opened,
-// it is again when the sheet has closed.
+// The window's two columns, and the sheet that opens over them. Where the keyboard was when the sheet
+// opened, it is again when the sheet has closed.
 FocusScope {
     id: root
+
+    enum SheetState {
+        Closed,
+        Creating,
+        Editing
+    }
 
     readonly property real sidebarMaximum: 380
     readonly property real sidebarGivesWayBelow: 860
@@ -19,47 +27,24 @@ FocusScope {
     required property DesktopActions desktop
     required property SidebarNotice notice
     property alias selectedMonitorId: chosen.monitorId
-    property bool showingAddSheet: false
-    // Set by the sheet.
-    property bool isSheetOpen: false
+    // Null until a monitor is first shown.
+    property MonitorDetailView page: null
+    property int sheetState: ContentView.Closed
+    readonly property bool showingAddSheet: sheetState === ContentView.Creating
+    readonly property bool showingEdit: sheetState === ContentView.Editing
 
     signal settingsRequested
-    // To what is made when it is first needed, and doesn't have to be known before.
-    signal sheetRequested
-    signal pagesScrolled(pages: real)
-    signal editRequested
-    signal editEnded
-
-    function layOut(): void {
-        sidebar.layOut();
-        dashboard.layOut();
-    }
 
     function add(): void {
-        if (!isSheetOpen)
-            showingAddSheet = true;
+        if (sheetState !== ContentView.Closed)
+            return;
+        opener.beginCreate();
+        sheetState = ContentView.Creating;
     }
 
-    function openSheet(): void {
-        if (!sheet.item)
-            sheet.setSource("ContentSheet.qml", {
-                content: root
-            });
-        sheetRequested();
-    }
-
-    // Of the sheet.
-    function takeBack(): void {
-        showingAddSheet = false;
-        editEnded();
-        forceActiveFocus(Qt.PopupFocusReason);
-    }
-
-    function openEditor(): void {
-        if (opener.beginEdit(selectedMonitorId))
-            openSheet();
-        else
-            editEnded();
+    function edit(): void {
+        if (sheetState === ContentView.Closed && opener.beginEdit(selectedMonitorId))
+            sheetState = ContentView.Editing;
     }
 
     function checkSelected(): void {
@@ -68,14 +53,9 @@ FocusScope {
 
     function scrollPages(pages: real): void {
         if (chosen.showsMonitor)
-            pagesScrolled(pages);
+            page.scrollPages(pages);
         else
             dashboard.scrollPages(pages);
-    }
-
-    function editSelected(): void {
-        if (!isSheetOpen && chosen.showsMonitor)
-            editRequested();
     }
 
     focus: true
@@ -84,11 +64,10 @@ FocusScope {
         if (event.accepted)
             scrollPages(event.key === Qt.Key_PageUp ? -1 : 1);
     }
-    onShowingAddSheetChanged: {
-        if (!showingAddSheet)
-            return;
-        opener.beginCreate();
-        openSheet();
+
+    onSheetStateChanged: {
+        if (sheetState !== ContentView.Closed)
+            (sheetComponent.createObject(root) as AddMonitorSheet).open();
     }
 
     Binding {
@@ -116,6 +95,10 @@ FocusScope {
         id: chosen
 
         monitors: root.monitors
+        onShowsMonitorChanged: {
+            if (showsMonitor && !root.page)
+                root.page = pageComponent.createObject(detail) as MonitorDetailView;
+        }
     }
 
     SidebarWidth {
@@ -184,18 +167,17 @@ FocusScope {
             onCardChosen: appearance.restart()
         }
 
-        // Made when it is first shown, as is the sheet: the window opens sooner without them, and
-        // without the types that only they use.
-        Loader {
-            id: page
+        Component {
+            id: pageComponent
 
-            anchors.fill: parent
-            visible: chosen.showsMonitor
-            onVisibleChanged: {
-                if (visible && !item)
-                    setSource("ContentPage.qml", {
-                        content: root
-                    });
+            MonitorDetailView {
+                objectName: "detailPage"
+                anchors.fill: parent
+                visible: chosen.showsMonitor
+                model: root.detailModel
+                onCheckNow: root.checkSelected()
+                onEditMonitor: root.edit()
+                onGetHelp: root.desktop.getHelp()
             }
         }
 
@@ -211,7 +193,16 @@ FocusScope {
         }
     }
 
-    Loader {
-        id: sheet
+    Component {
+        id: sheetComponent
+
+        AddMonitorSheet {
+            form: root.opener.form
+            onClosed: {
+                root.sheetState = ContentView.Closed;
+                root.forceActiveFocus(Qt.PopupFocusReason);
+                destroy();
+            }
+        }
     }
 }

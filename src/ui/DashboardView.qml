@@ -19,29 +19,17 @@ Item {
     // A card has been chosen; it is selected.
     signal cardChosen
 
-    function layOut(): void {
-        grid.forceLayout();
-    }
-
     function scrollPages(pages: real): void {
         const top = grid.originY - grid.topMargin;
         const bottom = grid.originY + grid.contentHeight + grid.bottomMargin - grid.height;
         grid.contentY = Math.max(top, Math.min(grid.contentY + pages * grid.height, bottom));
     }
 
-    Loader {
-        readonly property bool isNeeded: root.overview.isEmpty
-
+    EmptyDashboard {
+        objectName: "empty"
         anchors.fill: parent
-        onIsNeededChanged: {
-            if (isNeeded)
-                setSource("EmptyDashboard.qml", {
-                    objectName: "empty",
-                    dashboard: root
-                });
-            else
-                source = "";
-        }
+        visible: root.overview.isEmpty
+        onAddRequested: root.addRequested()
     }
 
     FocusVoice {

@@ -1,6 +1,5 @@
 import QtQuick
 
-import Ostrel
 import Ostrel.Theme
 
 // What the dashboard shows while there are no monitors: an invitation to add the first.
@@ -11,7 +10,7 @@ Item {
     readonly property real emblemSystemSize: 48
     readonly property real emptyTextGap: 8
 
-    required property DashboardView dashboard
+    signal addRequested
 
     Column {
         anchors.centerIn: parent
@@ -55,7 +54,7 @@ Item {
             anchors.horizontalCenter: parent.horizontalCenter
             symbol: "plus"
             text: qsTr("Add Monitor")
-            onClicked: root.dashboard.addRequested()
+            onClicked: root.addRequested()
         }
     }
 }

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 
 import Ostrel
@@ -16,13 +18,13 @@ Window {
     required property SidebarNotice notice
     // Whether nothing is to move but what the hand moves.
     property bool reducedMotion: false
+    // Null until it is first asked for.
+    property SettingsWindow settingsWindow: null
 
-    // To the settings' window, which doesn't have to be known before.
-    signal settingsRequested
-
-    // Does what the first frame would do. Without, it is done all the same.
-    function layOut(): void {
-        content.layOut();
+    function showSettings(): void {
+        if (!settingsWindow)
+            settingsWindow = settingsComponent.createObject(content) as SettingsWindow;
+        settingsWindow.present();
     }
 
     title: "Ostrel"
@@ -49,18 +51,16 @@ Window {
         opener: root.opener
         desktop: root.desktop
         notice: root.notice
-        onSettingsRequested: {
-            if (!settingsWindow.item)
-                settingsWindow.setSource("SettingsWindow.qml", {
-                    mainWindow: root
-                });
-            root.settingsRequested();
-        }
+        onSettingsRequested: root.showSettings()
     }
 
-    // Made when it is first asked for.
-    Loader {
-        id: settingsWindow
+    Component {
+        id: settingsComponent
+
+        SettingsWindow {
+            settings: root.settings
+            desktop: root.desktop
+        }
     }
 
     Shortcut {
@@ -75,12 +75,12 @@ Window {
 
     Shortcut {
         sequence: "Ctrl+E"
-        onActivated: content.editSelected()
+        onActivated: content.edit()
     }
 
     Shortcut {
         sequence: "Ctrl+,"
-        onActivated: content.settingsRequested()
+        onActivated: root.showSettings()
     }
 
     Shortcut {

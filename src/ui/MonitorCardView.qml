@@ -42,10 +42,6 @@ CardStyle {
         if (activeFocus)
             focusRequested();
     }
-    onShowsFocusChanged: {
-        if (showsFocus && !ring.item)
-            ring.setSource("CardFocusRing.qml");
-    }
 
     MouseArea {
         id: area
@@ -105,12 +101,9 @@ CardStyle {
         color: ToneColors.of(root.cardUptimeTone)
     }
 
-    // Made when it is first shown: most cards never need it.
-    Loader {
-        id: ring
-
-        anchors.fill: parent
-        anchors.margins: -root.padding
+    FocusRing {
+        parent: root
         visible: root.showsFocus
+        controlRadius: root.radius
     }
 }

@@ -10,8 +10,6 @@ Flickable {
     readonly property real statusRowGap: 16
 
     required property MonitorDetailModel model
-    // True while the form shows this monitor; whoever shows the form sets it back.
-    property bool showingEdit: false
     readonly property monitorDetail detail: model.detail
     readonly property Item focused: Window.activeFocusItem
 
@@ -37,10 +35,6 @@ Flickable {
     onFocusedChanged: {
         if (holds(focused))
             contentY = 0;
-    }
-    onShowingEditChanged: {
-        if (showingEdit)
-            editMonitor();
     }
 
     Binding {
@@ -77,7 +71,7 @@ Flickable {
             address: root.detail.address
             url: root.detail.url
             onCheckNow: root.checkNow()
-            onEditMonitor: root.showingEdit = true
+            onEditMonitor: root.editMonitor()
             onGetHelp: root.getHelp()
         }
 

@@ -20,32 +20,15 @@ KeyboardItem {
     required property AppActions actions
 
     readonly property bool isWindowActive: Window.active
-    // The one whose menu is open; set by the menu.
-    property MonitorListRow rowWithMenu: null
-
-    // To the menu, which doesn't have to be known before it is first opened.
-    signal menuRequested(row: MonitorListRow, x: real, y: real)
-
-    function layOut(): void {
-        list.forceLayout();
-    }
 
     function walkTo(row: int): void {
         focusReason = Qt.TabFocusReason;
         selection.selectRow(row);
     }
 
-    function openMenu(row: MonitorListRow, x: real, y: real): void {
-        if (!menu.item)
-            menu.setSource("MonitorMenu.qml", {
-                list: root
-            });
-        menuRequested(row, x, y);
-    }
-
     function openSelectedMenu(): void {
         if (list.currentItem)
-            openMenu(list.currentItem as MonitorListRow, Theme.rowMargin + Theme.rowInset, list.currentItem.height);
+            menu.openFor(list.currentItem as MonitorRowView, Theme.rowMargin + Theme.rowInset, list.currentItem.height);
     }
 
     function take(): void {
@@ -128,14 +111,14 @@ KeyboardItem {
         model: root.monitors
         currentIndex: root.selection.row
 
-        delegate: MonitorListRow {
+        delegate: MonitorRowView {
             id: row
 
             width: ListView.view.width
             isSelected: root.selection.row === index
             isFocused: isSelected && root.activeFocus
             showsFocus: isSelected && root.visualFocus
-            hasMenu: root.rowWithMenu === row
+            hasMenu: menu.openRow === row
             isWindowActive: root.isWindowActive
             onChosen: {
                 root.take();
@@ -145,7 +128,7 @@ KeyboardItem {
                 root.take();
                 root.selection.clear();
             }
-            onMenuRequested: (x, y) => root.openMenu(row, x, y)
+            onMenuRequested: (x, y) => menu.openFor(row, x, y)
         }
 
         remove: Transition {
@@ -169,8 +152,11 @@ KeyboardItem {
         page: list
     }
 
-    // Made when it is first opened.
-    Loader {
+    MonitorMenu {
         id: menu
+
+        actions: root.actions
+        onClosed: root.forceActiveFocus(Qt.PopupFocusReason)
+        onLeft: monitorId => root.selection.leave(monitorId)
     }
 }

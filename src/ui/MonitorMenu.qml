@@ -7,12 +7,17 @@ import Ostrel.Theme
 RowMenu {
     id: root
 
-    required property MonitorListView list
-    property MonitorListRow row: null
+    required property AppActions actions
+    property MonitorRowView row: null
     property var monitorId
     property bool isMonitorEnabled: true
+    // Null while the menu is closed.
+    readonly property MonitorRowView openRow: visible ? row : null
 
-    function openFor(row: MonitorListRow, x: real, y: real): void {
+    // The monitor is about to be deleted.
+    signal left(monitorId: var)
+
+    function openFor(row: MonitorRowView, x: real, y: real): void {
         root.row = row;
         monitorId = row.monitorId;
         isMonitorEnabled = row.isEnabled;
@@ -20,32 +25,16 @@ RowMenu {
         popup(row, x, y);
     }
 
-    onClosed: list.forceActiveFocus(Qt.PopupFocusReason)
-
-    Binding {
-        target: root.list
-        property: "rowWithMenu"
-        value: root.visible ? root.row : null
-    }
-
-    Connections {
-        target: root.list
-
-        function onMenuRequested(row: MonitorListRow, x: real, y: real): void {
-            root.openFor(row, x, y);
-        }
-    }
-
     RowMenuItem {
         symbol: "arrow.trianglehead.clockwise"
         text: qsTr("Check Now")
-        onTriggered: root.list.actions.checkNow(root.monitorId)
+        onTriggered: root.actions.checkNow(root.monitorId)
     }
 
     RowMenuItem {
         symbol: root.isMonitorEnabled ? "pause" : "play"
         text: root.isMonitorEnabled ? qsTr("Pause") : qsTr("Resume")
-        onTriggered: root.list.actions.togglePause(root.monitorId)
+        onTriggered: root.actions.togglePause(root.monitorId)
     }
 
     RowMenuItem {
@@ -53,8 +42,8 @@ RowMenu {
         text: qsTr("Delete")
         isDestructive: true
         onTriggered: {
-            root.list.selection.leave(root.monitorId);
-            root.list.actions.deleteMonitor(root.monitorId);
+            root.left(root.monitorId);
+            root.actions.deleteMonitor(root.monitorId);
         }
     }
 }

@@ -16,6 +16,9 @@ SidebarRow {
     readonly property real rowDotOverhang: 2
     readonly property real rowDotMargin: 2
 
+    required property int index
+    required property var monitorId
+    required property bool isEnabled
     required property string url
     required property string name
     required property string address
@@ -30,12 +33,6 @@ SidebarRow {
     implicitHeight: 48
     spokenName: spokenText
     Accessible.description: address
-    onIsPendingChanged: {
-        if (isPending && !ring.item)
-            ring.setSource("RowPendingRing.qml", {
-                objectName: "ring"
-            });
-    }
 
     FaviconView {
         id: icon
@@ -109,12 +106,12 @@ SidebarRow {
                 color: ToneColors.of(root.resultTone)
             }
 
-            // Made for the first wait: most rows never need it.
-            Loader {
-                id: ring
-
+            PendingRing {
+                objectName: "ring"
                 anchors.verticalCenter: parent.verticalCenter
                 visible: root.isPending
+                // The row itself says it.
+                Accessible.ignored: true
             }
         }
 

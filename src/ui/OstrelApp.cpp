@@ -64,8 +64,6 @@ bool OstrelApp::show()
     watchAppearance(*window);
     m_delegate.setMainWindow(window);
     m_delegate.reopen();
-    // While the desktop puts the window on the screen.
-    QMetaObject::invokeMethod(window, "layOut");
     m_statusBarItem.show();
     return true;
 }

@@ -7,12 +7,13 @@ import Ostrel.Theme
 Window {
     id: root
 
-    required property MainWindow mainWindow
+    required property Settings settings
+    required property DesktopActions desktop
 
     // Shows the window, or brings it to the front.
     function present(): void {
-        // The loader has made it the main window's own, which would take it along when that is
-        // closed or minimised.
+        // It was made as the main window's own, which would take it along when that is closed or
+        // minimised.
         transientParent = null;
         show();
         raise();
@@ -30,18 +31,10 @@ Window {
 
     SettingsView {
         anchors.fill: parent
-        settings: root.mainWindow.settings
-        actions: root.mainWindow.desktop
+        settings: root.settings
+        actions: root.desktop
         focus: true
         Keys.onEscapePressed: root.close()
-    }
-
-    Connections {
-        target: root.mainWindow
-
-        function onSettingsRequested(): void {
-            root.present();
-        }
     }
 
     Shortcut {

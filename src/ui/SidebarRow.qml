@@ -11,6 +11,8 @@ Item {
     readonly property color rowPressed: Qt.alpha(Theme.accent, 0.08)
     readonly property color rowSelectedEdge: Qt.alpha(Theme.accent, 0.14)
     readonly property color rowSelectedEdgeInactive: Qt.alpha(Theme.accent, 0.06)
+    readonly property real selectionBarWidth: 3
+    readonly property real selectionBarOffset: 3
 
     property bool isSelected: false
     // Whether the list has the keyboard and this is where its keys go.
@@ -23,7 +25,6 @@ Item {
     property bool showsHover: area.containsMouse
     property bool showsPress: area.pressed
     property bool isWindowActive: true
-    readonly property bool isMarked: isSelected || showsFocus
     readonly property color nameColor: isSelected && isWindowActive ? Theme.accent : Theme.textPrimary
     // The opaque colour under what the row holds.
     readonly property color ground: isSelected ? Theme.surface : Theme.over(wash, Theme.background)
@@ -45,12 +46,6 @@ Item {
     onActiveFocusChanged: {
         if (activeFocus)
             chosen();
-    }
-    onIsMarkedChanged: {
-        if (isMarked && !marks.item)
-            marks.setSource("SidebarRowMarks.qml", {
-                row: root
-            });
     }
 
     MouseArea {
@@ -88,11 +83,19 @@ Item {
         }
     }
 
-    // Made when they are first shown: most rows never need them.
-    Loader {
-        id: marks
+    Rectangle {
+        x: box.x - root.selectionBarOffset - width
+        anchors.verticalCenter: box.verticalCenter
+        visible: root.isSelected
+        width: root.selectionBarWidth
+        height: 20
+        radius: root.selectionBarWidth / 2
+        color: root.isWindowActive ? Theme.accent : Theme.statusMuted
+    }
 
+    FocusRing {
         anchors.fill: box
-        visible: root.isMarked
+        visible: root.showsFocus
+        isInside: true
     }
 }

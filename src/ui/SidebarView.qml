@@ -17,13 +17,7 @@ Item {
     signal addRequested
     signal settingsRequested
 
-    function layOut(): void {
-        monitorList.layOut();
-    }
-
     MonitorListView {
-        id: monitorList
-
         anchors.top: parent.top
         anchors.bottom: noticeRow.top
         width: parent.width
@@ -33,23 +27,12 @@ Item {
         actions: root.actions
     }
 
-    // Made when there is something to say for the first time.
-    Loader {
+    SidebarNoticeRow {
         id: noticeRow
-
-        readonly property bool isNeeded: root.notice.isNeeded
-
-        function make(): void {
-            if (isNeeded && !item)
-                setSource("SidebarNoticeRow.qml", {
-                    notice: root.notice
-                });
-        }
 
         anchors.bottom: footer.top
         width: parent.width
-        onIsNeededChanged: make()
-        Component.onCompleted: make()
+        notice: root.notice
     }
 
     Item {

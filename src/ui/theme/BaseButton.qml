@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 
 import Ostrel.Theme
@@ -12,6 +14,8 @@ ButtonItem {
     property bool showsHover: hovered
     property bool showsFocus: visualFocus
     readonly property bool wantsHelp: hovered && !down && helpText !== ""
+    // Null until the pointer first comes.
+    property HelpText help: null
 
     implicitWidth: (contentItem ? contentItem.implicitWidth : 0) + 2 * horizontalPadding
     implicitHeight: (contentItem ? contentItem.implicitHeight : 0) + 2 * verticalPadding
@@ -20,11 +24,8 @@ ButtonItem {
     Accessible.name: spokenName
     Accessible.description: enabled ? "" : qsTr("Unavailable")
     onWantsHelpChanged: {
-        if (wantsHelp && !help.item)
-            help.setSource("HelpText.qml", {
-                text: Qt.binding(() => helpText),
-                visible: Qt.binding(() => wantsHelp)
-            });
+        if (wantsHelp && !help)
+            help = helpComponent.createObject(root) as HelpText;
     }
 
     FocusRing {
@@ -32,10 +33,12 @@ ButtonItem {
         controlRadius: root.radius
     }
 
-    // Made when the pointer first comes.
-    Loader {
-        id: help
+    Component {
+        id: helpComponent
 
-        anchors.fill: parent
+        HelpText {
+            text: root.helpText
+            visible: root.wantsHelp
+        }
     }
 }

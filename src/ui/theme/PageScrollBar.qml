@@ -1,33 +1,66 @@
 import QtQuick
+import QtQuick.Templates as T
 
 import Ostrel.Theme
 
-// The scroll bar at a page's right edge. Made when the page first scrolls, or the pointer first
-// comes to where it stands: before that there is nothing of it to be seen.
-Loader {
+// The scroll bar at a page's right edge: shows where the page stands, and drags it; gone a while
+// after the last scroll.
+T.ScrollBar {
     id: root
 
-    required property Flickable page
-    readonly property real position: page.visibleArea.yPosition
+    readonly property real restWidth: 6
+    readonly property real hoverWidth: 8
+    readonly property real margin: 2
+    readonly property real shortest: 24
 
-    function make(): void {
-        if (!item)
-            setSource("ScrollIndicatorBar.qml", {
-                page: root.page
-            });
-    }
+    required property Flickable page
+    property bool showsHover: hovered || pressed
+    property bool isLingering: false
+    readonly property real thickness: showsHover ? hoverWidth : restWidth
 
     anchors.right: page.right
     anchors.top: page.top
     anchors.bottom: page.bottom
-    width: Theme.scrollBarWidthHover + 2 * Theme.scrollBarMargin
+    width: hoverWidth + 2 * margin
+    orientation: Qt.Vertical
+    size: page.visibleArea.heightRatio
+    position: page.visibleArea.yPosition
+    padding: margin
+    minimumSize: height > 0 ? Math.min(1, shortest / height) : 0
+    hoverEnabled: true
+    visible: size < 1
+    opacity: active || showsHover || isLingering ? 1 : 0
+    Accessible.ignored: true
     onPositionChanged: {
-        // A page without contents isn't laid out yet.
-        if (page.contentHeight > page.height)
-            make();
+        if (pressed)
+            page.contentY = page.originY - page.topMargin + position * (page.topMargin + page.contentHeight + page.bottomMargin);
+        // A page that is laid out at its top hasn't been scrolled.
+        if (position > 0 || isLingering) {
+            isLingering = true;
+            linger.restart();
+        }
     }
 
-    HoverHandler {
-        onHoveredChanged: root.make()
+    Timer {
+        id: linger
+
+        interval: 1000
+        onTriggered: root.isLingering = false
+    }
+
+    Behavior on opacity {
+        NumberAnimation {
+            duration: Theme.quickMotion
+        }
+    }
+
+    contentItem: Item {
+        EdgedBox {
+            anchors.right: parent.right
+            width: root.thickness
+            height: parent.height
+            radius: root.thickness / 2
+            color: Qt.alpha(Theme.ink, root.showsHover ? 0.30 : 0.18)
+        }
     }
 }

@@ -19,23 +19,15 @@ Disc {
     groundDiameter: 2 * size
     groundColor: status === MonitorStatus.Up ? Theme.faded(Theme.statusUp, 0.15) : Theme.none
     Component.onCompleted: pulse = true
-    onIsDownChanged: {
-        if (isDown && !halo.item)
-            halo.setSource("PulsingHalo.qml", {
-                objectName: "halo",
-                restDiameter: Qt.binding(() => 2.4 * size),
-                pulse: Qt.binding(() => pulse)
-            });
-    }
 
-    // Made for the first outage: most dots never need it.
-    Loader {
-        id: halo
-
+    PulsingHalo {
+        objectName: "halo"
         // Behind the dot.
         z: -1
         x: (root.width - width) / 2
         y: (root.height - height) / 2
         visible: root.isDown
+        restDiameter: 2.4 * root.size
+        pulse: root.pulse
     }
 }

@@ -110,8 +110,6 @@ QtObject {
     readonly property real menuRowPadding: 8
     readonly property real menuMinimumWidth: 150
     readonly property real menuOffset: 4
-    readonly property real scrollBarWidthHover: 8
-    readonly property real scrollBarMargin: 2
     readonly property real statUnitGap: 3
     readonly property real pendingRingSize: 14
 

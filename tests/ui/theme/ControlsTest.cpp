@@ -448,10 +448,10 @@ TEST(PendingRingTest, TurnsOnlyWhileItCanBeSeen)
     EXPECT_EQ(view.property("isTurning"), QVariant(false));
 }
 
-TEST(ScrollIndicatorBarTest, IsGoneAWhileAfterTheLastScroll)
+TEST(PageScrollBarTest, IsGoneAWhileAfterTheLastScroll)
 {
     ThemeView view("Flickable { id: page; width: 100; height: 200; contentHeight: 400 }\n"
-                   "ScrollIndicatorBar { objectName: 'subject'; page: page; height: 200 }");
+                   "PageScrollBar { objectName: 'subject'; page: page; height: 200 }");
     ASSERT_EQ(view.error(), QString());
     EXPECT_TRUE(waitFor([&] { return view.item()->opacity() == 0; }));
 
@@ -459,24 +459,6 @@ TEST(ScrollIndicatorBarTest, IsGoneAWhileAfterTheLastScroll)
 
     EXPECT_TRUE(waitFor([&] { return view.item()->opacity() == 1; }));
     EXPECT_TRUE(waitFor([&] { return view.item()->opacity() == 0; }));
-}
-
-TEST(PageScrollBarTest, IsMadeWhenThePageScrollsOrThePointerComes)
-{
-    const QByteArray page = "Flickable { id: page; width: 100; height: 200; contentHeight: 400 }\n"
-                            "PageScrollBar { objectName: 'subject'; page: page }";
-    const auto isMade = [](ThemeView &view) {
-        return view.property("item").value<QQuickItem *>() != nullptr;
-    };
-    ThemeView scrolled(page);
-    ASSERT_EQ(scrolled.error(), QString());
-    EXPECT_FALSE(isMade(scrolled));
-    (void)scrolled.evaluate(QStringLiteral("page.contentY = 1"));
-    EXPECT_TRUE(isMade(scrolled));
-
-    ThemeView pointed(page);
-    QTest::mouseMove(&pointed.window(), ThemeView::middleOf(*pointed.item()));
-    EXPECT_TRUE(waitFor([&] { return isMade(pointed); }));
 }
 
 TEST(PageScrollBarTest, DraggedToItsEndsItShowsThePageWithItsMargins)
