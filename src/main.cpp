@@ -1,7 +1,7 @@
 #include "CheckCommand.h"
 #include "CommandLine.h"
+#include "CurlNetwork.h"
 #include "HttpCheck.h"
-#include "LazyNetwork.h"
 #include "MainWindowLoader.h"
 #include "NotificationManager.h"
 #include "OneLine.h"
@@ -111,7 +111,7 @@ struct Program
     int operator()(const CheckInvocation &invocation)
     {
         const QCoreApplication application(argc, argv);
-        LazyNetwork network;
+        CurlNetwork network;
         const Check check = runCheckOnce(invocation, network);
         print(describeCheck(invocation, check));
         return exitCodeOf(check);
@@ -157,7 +157,7 @@ private:
         const auto motion = makeMotionPreference();
         const auto statusBarHost = makeStatusBarHost();
 
-        LazyNetwork network;
+        CurlNetwork network;
         const auto dropConnections = [&] { network.dropConnections(); };
         QObject::connect(wakeSignal.get(), &WakeSignal::didWake, &instance, dropConnections);
         QObject::connect(networkPresence.get(), &NetworkPresence::isPresentChanged, &instance,
@@ -206,7 +206,7 @@ private:
 /// static objects that an orderly end would destroy.
 void endUnderThreads(int code)
 {
-    if (!WorkThread::isAnyLeftBehind() && !LazyNetwork::isAnyLeftBehind())
+    if (!WorkThread::isAnyLeftBehind())
         return;
     std::fflush(nullptr);
     std::_Exit(code);
