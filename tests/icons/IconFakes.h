@@ -15,7 +15,7 @@
 namespace ostrel::test {
 
 /// Stands in for the network: answers requests with what the test has put at their addresses, and
-/// with 404 elsewhere. Follows redirects and cuts bodies as HttpClient does.
+/// with 404 elsewhere. Follows redirects and cuts bodies as CurlNetwork does.
 class FakeWeb
 {
 public:
