@@ -3,6 +3,8 @@
 #include "AddressScope.h"
 #include "LeafCertificate.h"
 
+#include <openssl/ssl.h>
+
 #include <algorithm>
 #include <arpa/inet.h>
 #include <exception>

@@ -11,6 +11,9 @@
 
 namespace ostrel {
 
+class Inbox;
+class WorkQueue;
+
 /// One request, as Network::fetch describes it.
 class HttpTransfer final : public Transfer
 {

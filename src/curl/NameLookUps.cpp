@@ -1,5 +1,7 @@
 #include "NameLookUps.h"
 
+#include "Inbox.h"
+
 #include <cstring>
 #include <netdb.h>
 #include <system_error>

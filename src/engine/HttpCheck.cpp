@@ -1,6 +1,7 @@
 #include "HttpCheck.h"
 
 #include "Address.h"
+#include "BodyReader.h"
 #include "CaselessSearch.h"
 #include "CertificateDays.h"
 #include "ContinueOn.h"

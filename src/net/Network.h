@@ -1,8 +1,5 @@
 #pragma once
 
-#include "BodyReader.h"
-#include "TlsDelegate.h"
-
 #include <QByteArray>
 #include <QFuture>
 #include <QString>
@@ -11,6 +8,9 @@
 #include <memory>
 
 namespace ostrel {
+
+class BodyReader;
+class TlsDelegate;
 
 /// Which addresses a request may connect to. Loopback, private and link-local ones aren't public.
 enum class Reach {

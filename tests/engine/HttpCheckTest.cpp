@@ -1,8 +1,10 @@
 #include "HttpCheck.h"
 
+#include "BodyReader.h"
 #include "EngineFakes.h"
 #include "NotificationManager.h"
 #include "Printers.h"
+#include "TlsDelegate.h"
 #include "WaitFor.h"
 
 #include <gtest/gtest.h>
