@@ -167,24 +167,23 @@ private:
         PortCheck portCheck(network);
         TimerSleeper sleeper(&continuousNow);
 
-        OstrelApp app(
-            std::move(views), records.storageDir(), records.take(),
-            {
-                .httpCheck = httpCheck,
-                .portCheck = portCheck,
-                .notificationCenter = *notificationCenter,
-                .notifications = notifications,
-                .wakeSignal = *wakeSignal,
-                .networkPresence = *networkPresence,
-                .sleeper = sleeper,
-                .loginItem = *loginItem,
-                .workspace = *workspace,
-                .motion = *motion,
-                .statusBarHost = *statusBarHost,
-                .fetchIcon = [&](const HttpRequest &request) { return network.fetch(request); },
-                .prepareIconThread = &lowerThreadPriority,
-                .folderOwnership = &instance,
-            });
+        OstrelApp app(std::move(views), records.storageDir(), records.take(),
+                      {
+                          .httpCheck = httpCheck,
+                          .portCheck = portCheck,
+                          .notificationCenter = *notificationCenter,
+                          .notifications = notifications,
+                          .wakeSignal = *wakeSignal,
+                          .networkPresence = *networkPresence,
+                          .sleeper = sleeper,
+                          .loginItem = *loginItem,
+                          .workspace = *workspace,
+                          .motion = *motion,
+                          .statusBarHost = *statusBarHost,
+                          .network = network,
+                          .prepareIconThread = &lowerThreadPriority,
+                          .folderOwnership = &instance,
+                      });
         tellOfFailures(app.store());
         presenter = [&app](const NotificationRequest &request) {
             app.statusBarItem().present(request);
