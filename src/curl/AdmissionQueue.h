@@ -40,8 +40,8 @@ public:
 
     /// Begins to look up the names of @p transfer, which has been admitted.
     void lookUp(std::unique_ptr<Transfer> transfer);
-    /// Those whose look-ups have succeeded. Ends those whose look-ups have failed or taken too
-    /// long.
+    /// The transfers all of whose names have been looked up. Ends those of which a look-up has
+    /// failed, or whose time-out has passed.
     [[nodiscard]] std::list<LookingUp> takeLookedUp();
     [[nodiscard]] std::size_t lookingUpCount() const { return m_lookingUp.size(); }
     /// The earliest deadline of those that look up names; the latest time there is if none do.
