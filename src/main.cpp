@@ -1,8 +1,8 @@
 #include "CheckCommand.h"
 #include "CommandLine.h"
+#include "CurlNetwork.h"
 #include "DetachedThread.h"
 #include "HttpCheck.h"
-#include "LazyNetwork.h"
 #include "MainWindowLoader.h"
 #include "NotificationManager.h"
 #include "OneLine.h"
@@ -112,7 +112,7 @@ struct Program
     int operator()(const CheckInvocation &invocation)
     {
         const QCoreApplication application(argc, argv);
-        LazyNetwork network;
+        CurlNetwork network;
         const Check check = runCheckOnce(invocation, network);
         print(describeCheck(invocation, check));
         return exitCodeOf(check);
@@ -158,7 +158,7 @@ private:
         const auto motion = makeMotionPreference();
         const auto statusBarHost = makeStatusBarHost();
 
-        LazyNetwork network;
+        CurlNetwork network;
         const auto dropConnections = [&] { network.dropConnections(); };
         QObject::connect(wakeSignal.get(), &WakeSignal::didWake, &instance, dropConnections);
         QObject::connect(networkPresence.get(), &NetworkPresence::isPresentChanged, &instance,
@@ -168,24 +168,23 @@ private:
         PortCheck portCheck(network);
         TimerSleeper sleeper(&continuousNow);
 
-        OstrelApp app(
-            std::move(views), records.storageDir(), records.take(),
-            {
-                .httpCheck = httpCheck,
-                .portCheck = portCheck,
-                .notificationCenter = *notificationCenter,
-                .notifications = notifications,
-                .wakeSignal = *wakeSignal,
-                .networkPresence = *networkPresence,
-                .sleeper = sleeper,
-                .loginItem = *loginItem,
-                .workspace = *workspace,
-                .motion = *motion,
-                .statusBarHost = *statusBarHost,
-                .fetchIcon = [&](const HttpRequest &request) { return network.fetch(request); },
-                .prepareIconThread = &lowerThreadPriority,
-                .folderOwnership = &instance,
-            });
+        OstrelApp app(std::move(views), records.storageDir(), records.take(),
+                      {
+                          .httpCheck = httpCheck,
+                          .portCheck = portCheck,
+                          .notificationCenter = *notificationCenter,
+                          .notifications = notifications,
+                          .wakeSignal = *wakeSignal,
+                          .networkPresence = *networkPresence,
+                          .sleeper = sleeper,
+                          .loginItem = *loginItem,
+                          .workspace = *workspace,
+                          .motion = *motion,
+                          .statusBarHost = *statusBarHost,
+                          .network = network,
+                          .prepareIconThread = &lowerThreadPriority,
+                          .folderOwnership = &instance,
+                      });
         tellOfFailures(app.store());
         presenter = [&app](const NotificationRequest &request) {
             app.statusBarItem().present(request);
@@ -207,8 +206,7 @@ private:
 /// static objects that an orderly end would destroy.
 void endUnderThreads(int code)
 {
-    if (!WorkThread::isAnyLeftBehind() && !isAnyDetachedThreadAtWork() &&
-        !LazyNetwork::isAnyLeftBehind())
+    if (!WorkThread::isAnyLeftBehind() && !isAnyDetachedThreadAtWork())
         return;
     std::fflush(nullptr);
     std::_Exit(code);

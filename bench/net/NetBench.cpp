@@ -2,8 +2,7 @@
 
 #include "BareLoop.h"
 #include "BenchServer.h"
-#include "HttpClient.h"
-#include "IoThread.h"
+#include "CurlNetwork.h"
 #include "TlsDelegate.h"
 
 #include <QCoreApplication>
@@ -41,14 +40,13 @@ HttpRequest requestFor(const QByteArray &url, milliseconds timeout)
 }
 
 /// Fetches them all, submitted at once, and takes the results on this thread's event loop.
-std::vector<HttpResult> fetchAll(IoThread &ioThread, const std::vector<HttpRequest> &requests)
+std::vector<HttpResult> fetchAll(CurlNetwork &network, const std::vector<HttpRequest> &requests)
 {
-    HttpClient client(ioThread);
     QObject context;
     QEventLoop loop;
     std::vector<HttpResult> results;
     for (const HttpRequest &request : requests) {
-        (void)client.fetch(request).then(&context, [&](const HttpResult &result) {
+        (void)network.fetch(request).then(&context, [&](const HttpResult &result) {
             results.push_back(result);
             if (results.size() == requests.size())
                 loop.quit();
@@ -83,7 +81,7 @@ double cpuSecondsOf(const std::function<void()> &work)
 /// The best of several rounds of each, taken in turn so that both meet the same weather.
 void compareCpu(const char *name, const QByteArray &url, int count, const TrustStore &trustStore)
 {
-    IoThread ioThread({.trustStore = trustStore});
+    CurlNetwork network({.trustStore = trustStore});
     const std::vector<HttpRequest> requests(static_cast<std::size_t>(count),
                                             requestFor(url, seconds(10)));
     double ours = 1e9;
@@ -92,7 +90,7 @@ void compareCpu(const char *name, const QByteArray &url, int count, const TrustS
         bare = std::min(
             bare, cpuSecondsOf([&] { (void)fetchBare(url, count, concurrency, trustStore); }));
         ours = std::min(ours, cpuSecondsOf([&] {
-                            for (const HttpResult &result : fetchAll(ioThread, requests)) {
+                            for (const HttpResult &result : fetchAll(network, requests)) {
                                 if (!result.hasResponse)
                                     std::printf("failed: %s\n", qPrintable(result.error));
                             }
@@ -118,7 +116,7 @@ void printDistribution(const char *name, Times times)
 void compareTimes(const BenchServer &server, const TrustStore &trustStore)
 {
     constexpr int count = 500;
-    IoThread ioThread({.trustStore = trustStore});
+    CurlNetwork network({.trustStore = trustStore});
     const std::vector<HttpRequest> requests(count, requestFor(server.delayedUrl(), seconds(10)));
     std::printf("\n%d checks due at once, answered after %d ms; times in ms\n", count,
                 BenchServer::delayMilliseconds);
@@ -128,19 +126,19 @@ void compareTimes(const BenchServer &server, const TrustStore &trustStore)
                           fetchBare(server.delayedUrl(), count, concurrency, trustStore));
         printDistribution("bare, all at once",
                           fetchBare(server.delayedUrl(), count, count, trustStore));
-        printDistribution("ours", timesOf(fetchAll(ioThread, requests)));
+        printDistribution("ours", timesOf(fetchAll(network, requests)));
     }
 }
 
 void measureLateness(const BenchServer &server, const TrustStore &trustStore)
 {
     constexpr int count = 300;
-    IoThread ioThread({.trustStore = trustStore});
+    CurlNetwork network({.trustStore = trustStore});
     std::vector<HttpRequest> requests;
     for (int i = 0; i < count; ++i)
         requests.push_back(requestFor(server.silentUrl(), milliseconds(200)));
     Times late;
-    for (const HttpResult &result : fetchAll(ioThread, requests))
+    for (const HttpResult &result : fetchAll(network, requests))
         late.push_back(result.elapsed - milliseconds(200));
     std::printf("\n%d time-outs of 200 ms; reported beyond it, in ms\n", count);
     std::printf("%-28s %8s %8s %8s %8s\n", "", "least", "median", "95 %", "most");

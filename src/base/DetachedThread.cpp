@@ -1,6 +1,7 @@
 #include "DetachedThread.h"
 
 #include <atomic>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -15,11 +16,16 @@ std::atomic<int> threadsAtWork = 0;
 void startDetached(std::function<void()> work)
 {
     ++threadsAtWork;
-    std::thread([work = std::move(work)]() mutable {
-        work();
-        work = nullptr; // What it holds counts as its work.
+    try {
+        std::thread([work = std::move(work)]() mutable {
+            work();
+            work = nullptr; // What it holds counts as its work.
+            --threadsAtWork;
+        }).detach();
+    } catch (const std::system_error &) {
         --threadsAtWork;
-    }).detach();
+        throw;
+    }
 }
 
 bool isAnyDetachedThreadAtWork()

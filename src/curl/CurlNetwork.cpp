@@ -1,28 +1,121 @@
 #include "CurlNetwork.h"
 
+#include "CurlHandles.h"
+#include "HttpTransfer.h"
+#include "IoThread.h"
+#include "TcpTransfer.h"
+#include "WebAddress.h"
+
+#include <QUrl>
+
+#include <optional>
 #include <utility>
 
 namespace ostrel {
 
+namespace {
+
+QString unsupportedScheme()
+{
+    return QString::fromUtf8(curl_url_strerror(CURLUE_UNSUPPORTED_SCHEME));
+}
+
+QString malformedAddress()
+{
+    return QString::fromUtf8(curl_easy_strerror(CURLE_URL_MALFORMAT));
+}
+
+bool isFetched(CURLU *url)
+{
+    char *scheme = nullptr;
+    if (curl_url_get(url, CURLUPART_SCHEME, &scheme, 0) != CURLUE_OK)
+        return false;
+    const QByteArray name(scheme);
+    curl_free(scheme);
+    return name == "http" || name == "https";
+}
+
+/// Why @p address can't be fetched; empty where it can. Left to itself the library takes an
+/// address without a scheme for one of http.
+QString refusalOf(const QByteArray &address)
+{
+    const CurlUrl url(curl_url());
+    if (address.isEmpty() || address.contains('\0'))
+        return malformedAddress();
+    switch (curl_url_set(url.get(), CURLUPART_URL, address.constData(), 0)) {
+    case CURLUE_OK:
+        return isFetched(url.get()) ? QString() : unsupportedScheme();
+    case CURLUE_BAD_SCHEME:
+    case CURLUE_UNSUPPORTED_SCHEME:
+        return unsupportedScheme();
+    default:
+        return malformedAddress();
+    }
+}
+
+/// @p host as a URL holds it; empty for what can't be one.
+QByteArray encodedHost(const QString &host)
+{
+    if (host.contains(QChar::Null))
+        return {};
+    if (host.contains(u':'))
+        return '[' + host.toUtf8() + ']';
+    return host.contains(u'%') ? QByteArray() : QUrl::toAce(host);
+}
+
+/// Nothing where @p host or @p port can't be a target.
+std::optional<WebAddress> targetOf(const QString &host, quint16 port)
+{
+    const QByteArray name = encodedHost(host);
+    const CurlUrl url(curl_url());
+    const auto set = [&url](CURLUPart part, const QByteArray &text) {
+        return curl_url_set(url.get(), part, text.constData(), 0) == CURLUE_OK;
+    };
+    // The scheme is there because a URL needs one: nothing is sent.
+    const bool isTarget = !name.isEmpty() && set(CURLUPART_SCHEME, "http") &&
+                          set(CURLUPART_HOST, name) &&
+                          set(CURLUPART_PORT, QByteArray::number(port));
+    return isTarget ? WebAddress::of(url.get()) : std::nullopt;
+}
+
+} // namespace
+
 CurlNetwork::CurlNetwork(IoThreadConfiguration configuration)
-    : m_ioThread(std::move(configuration))
+    : m_ioThread(std::make_unique<IoThread>(std::move(configuration)))
 {
 }
 
+CurlNetwork::~CurlNetwork() = default;
+
 QFuture<HttpResult> CurlNetwork::fetch(const HttpRequest &request)
 {
-    return m_httpClient.fetch(request);
+    if (const QString refusal = refusalOf(request.url); !refusal.isEmpty()) {
+        HttpResult result;
+        result.error = refusal;
+        return QtFuture::makeReadyFuture(result);
+    }
+    const WorkThread &thread = request.bodyReader ? m_reading : m_keeping;
+    auto transfer = std::make_unique<HttpTransfer>(request, thread.queue(), m_ioThread->inbox());
+    QFuture<HttpResult> future = transfer->future();
+    m_ioThread->submit(std::move(transfer));
+    return future;
 }
 
 QFuture<TcpResult> CurlNetwork::connect(const QString &host, quint16 port,
                                         std::chrono::milliseconds timeout)
 {
-    return m_tcpConnector.connect(host, port, timeout);
+    const std::optional<WebAddress> target = targetOf(host, port);
+    if (!target)
+        return QtFuture::makeReadyFuture(TcpResult{});
+    auto transfer = std::make_unique<TcpTransfer>(*target, timeout);
+    QFuture<TcpResult> future = transfer->future();
+    m_ioThread->submit(std::move(transfer));
+    return future;
 }
 
 void CurlNetwork::dropConnections()
 {
-    m_ioThread.dropConnections();
+    m_ioThread->dropConnections();
 }
 
 } // namespace ostrel

@@ -1,17 +1,21 @@
 #pragma once
 
-#include "HttpClient.h"
-#include "IoThread.h"
+#include "IoThreadConfiguration.h"
 #include "Network.h"
-#include "TcpConnector.h"
+#include "WorkThread.h"
+
+#include <memory>
 
 namespace ostrel {
+
+class IoThread;
 
 /// The network by libcurl, on one I/O thread.
 class CurlNetwork : public Network
 {
 public:
     explicit CurlNetwork(IoThreadConfiguration configuration = {});
+    ~CurlNetwork() override;
 
     [[nodiscard]] QFuture<HttpResult> fetch(const HttpRequest &request) override;
     [[nodiscard]] QFuture<TcpResult> connect(const QString &host, quint16 port,
@@ -19,9 +23,10 @@ public:
     void dropConnections() override;
 
 private:
-    IoThread m_ioThread;
-    HttpClient m_httpClient{m_ioThread};
-    TcpConnector m_tcpConnector{m_ioThread};
+    const std::unique_ptr<IoThread> m_ioThread;
+    WorkThread m_reading;
+    /// For bodies that are only kept: they are icons' and titles', which nobody waits for.
+    WorkThread m_keeping;
 };
 
 } // namespace ostrel

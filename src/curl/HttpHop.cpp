@@ -1,5 +1,7 @@
 #include "HttpHop.h"
 
+#include "Proxies.h"
+
 #include <utility>
 
 namespace ostrel {

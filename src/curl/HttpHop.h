@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Proxies.h"
+#include "CurlHandles.h"
 #include "Transfer.h"
 #include "WebAddress.h"
 
@@ -9,6 +9,8 @@
 #include <optional>
 
 namespace ostrel {
+
+class Proxies;
 
 /// One of the exchanges that redirects string together to a request.
 class HttpHop

@@ -1,6 +1,9 @@
 #include "HttpTransfer.h"
 
+#include "AddressScope.h"
 #include "LeafCertificate.h"
+
+#include <openssl/ssl.h>
 
 #include <algorithm>
 #include <arpa/inet.h>
@@ -37,7 +40,7 @@ sockaddr_storage addressFrom(const char *text)
     return address;
 }
 
-/// The client has seen that it can be parsed.
+/// The network has seen that the address can be parsed.
 HttpHop firstHopOf(const HttpRequest &request, const Proxies &proxies)
 {
     return HttpHop(*WebAddress::parse(request.url), request.method, proxies);

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "HttpClient.h"
 #include "HttpHop.h"
 #include "IncomingBody.h"
+#include "Network.h"
 #include "Proxies.h"
 #include "Transfer.h"
 #include "TransferPauses.h"
@@ -11,7 +11,10 @@
 
 namespace ostrel {
 
-/// One request of HttpClient's.
+class Inbox;
+class WorkQueue;
+
+/// One request, as Network::fetch describes it.
 class HttpTransfer final : public Transfer
 {
 public:

@@ -2,6 +2,7 @@
 
 #include "BodyReader.h"
 #include "Inbox.h"
+#include "WorkThread.h"
 
 #include <algorithm>
 #include <utility>

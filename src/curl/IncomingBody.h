@@ -1,7 +1,6 @@
 #pragma once
 
 #include "ContentDecoder.h"
-#include "WorkThread.h"
 
 #include <QByteArray>
 
@@ -14,6 +13,7 @@ namespace ostrel {
 
 class BodyReader;
 class Inbox;
+class WorkQueue;
 
 /// Who wants a body, and how much of it.
 struct BodyWish

@@ -1,52 +1,89 @@
 #pragma once
 
-#include "AddressScope.h"
-#include "TrustStore.h"
+#include "AdmissionQueue.h"
+#include "CurlHandles.h"
+#include "Inbox.h"
+#include "IoThreadConfiguration.h"
+#include "Transfer.h"
+#include "TrustedCertificates.h"
+#include "WorkThread.h"
 
-#include <functional>
+#include <atomic>
+#include <chrono>
+#include <deque>
 #include <memory>
+#include <thread>
+#include <unordered_map>
+#include <vector>
 
 namespace ostrel {
 
-/// Says of a socket's address whether it is a public one.
-using AddressJudge = std::function<bool(const sockaddr &)>;
-
-struct IoThreadConfiguration
-{
-    /// A transfer that waits for a time-out holds its place. This leaves room for the healthy
-    /// addresses beside a hundred that swallow every packet, and keeps within the usual limit of
-    /// 1024 open files.
-    int maxConcurrentTransfers = 128;
-    /// Look-ups take a thread and two open files each, for as long as the resolver likes. Well
-    /// below the other bound, so that a dead name server leaves room for addresses that need none.
-    int maxConcurrentLookUps = 64;
-    TrustStore trustStore = TrustStore::system();
-    AddressJudge isPublicAddress = &ostrel::isPublicAddress;
-};
-
 /// The one thread on which all of the network's work is done, and measured.
 ///
-/// A bounded number of transfers runs at once; the others wait in order, and the clock of each
-/// starts when it is admitted. One whose name can't be looked up yet, because other look-ups hang,
-/// is passed by those that need none.
+/// The way of a transfer: it waits for the certificates, if it needs them; it waits to be admitted;
+/// its names are looked up; it runs; and goes back to the beginning if there is another hop. A
+/// bounded number of transfers runs at once, and the clock of each starts when it is admitted.
 class IoThread
 {
 public:
     explicit IoThread(IoThreadConfiguration configuration = {});
-    /// Ends every transfer, whose future is cancelled, and then the thread.
+    /// Destroys every transfer, and then ends the thread.
     ~IoThread();
     IoThread(const IoThread &) = delete;
     IoThread &operator=(const IoThread &) = delete;
 
+    /// Any thread.
+    void submit(std::unique_ptr<Transfer> transfer);
     /// As Network::dropConnections says. Any thread.
     void dropConnections();
-
-    class Worker;
-    /// For the clients of this folder.
-    [[nodiscard]] Worker &worker() const { return *m_worker; }
+    /// For other threads that work for transfers; may outlive the I/O thread.
+    [[nodiscard]] std::shared_ptr<Inbox> inbox() const { return m_inbox; }
 
 private:
-    std::unique_ptr<Worker> m_worker;
+    using Clock = Transfer::Clock;
+
+    // The functions below run on the thread itself.
+
+    void run();
+    void readMessages();
+    void queue(std::unique_ptr<Transfer> transfer);
+    void dropAll();
+    void serve();
+    void endFinished();
+    void end(std::unique_ptr<Transfer> transfer, CURLcode code, Clock::time_point now);
+    void concludeEnded();
+    /// The number of sockets that are ready, or none when the time has come for something else.
+    [[nodiscard]] int waitForWork();
+    /// In milliseconds, for the library.
+    [[nodiscard]] int patience() const;
+    [[nodiscard]] Clock::time_point nextTurn() const;
+
+    void readCertificates();
+    void didReadCertificates(TrustedCertificates::Store certificates);
+
+    [[nodiscard]] bool hasPlace() const;
+    void admitSome();
+    void admit(std::unique_ptr<Transfer> transfer);
+    void startLookedUp();
+    void start(std::unique_ptr<Transfer> transfer, const Transfer::LookUps &lookUps);
+
+    const IoThreadConfiguration m_configuration;
+
+    std::shared_ptr<Inbox> m_inbox = std::make_shared<Inbox>();
+    std::atomic<bool> m_shallDrop = false; ///< Whether a message says so. Any thread.
+    bool m_shallStop = false;
+
+    std::shared_ptr<TrustedCertificates> m_trustedCertificates; ///< Of m_certificateReader.
+    Surroundings m_surroundings;
+
+    std::deque<std::unique_ptr<Transfer>> m_needingCertificates;
+    AdmissionQueue m_admissions;
+    std::unordered_map<CURL *, std::unique_ptr<Transfer>> m_running;
+    std::vector<std::unique_ptr<Transfer>> m_ended; ///< Which have something to wait for yet.
+    Clock::time_point m_lastAdmission;
+
+    WorkThread m_certificateReader;
+    std::thread m_thread;
 };
 
 } // namespace ostrel

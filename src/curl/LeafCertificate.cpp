@@ -2,6 +2,7 @@
 
 #include "TlsDelegate.h"
 
+#include <openssl/ssl.h>
 #include <openssl/x509.h>
 #include <openssl/x509_vfy.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <openssl/ssl.h>
+#include <openssl/types.h>
 
 namespace ostrel {
 

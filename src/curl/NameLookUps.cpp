@@ -1,9 +1,11 @@
 #include "NameLookUps.h"
 
+#include "DetachedThread.h"
+#include "Inbox.h"
+
 #include <cstring>
 #include <netdb.h>
 #include <system_error>
-#include <thread>
 #include <utility>
 
 namespace ostrel {
@@ -73,7 +75,7 @@ void NameLookUps::start(const std::shared_ptr<LookUp> &lookUp)
         inbox->post([this, lookUp, addresses] { didEnd(lookUp, addresses); });
     };
     try {
-        std::thread([name = lookUp->name, tell] { tell(addressesOf(name)); }).detach();
+        startDetached([name = lookUp->name, tell] { tell(addressesOf(name)); });
     } catch (const std::system_error &) {
         tell({});
     }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "Inbox.h"
-
 #include <QByteArray>
 #include <QHash>
 
@@ -11,6 +9,8 @@
 #include <vector>
 
 namespace ostrel {
+
+class Inbox;
 
 /// One look-up of a name, in both families of addresses.
 struct LookUp

@@ -1,5 +1,7 @@
 #include "Proxies.h"
 
+#include "WebAddress.h"
+
 #include <QByteArrayList>
 
 #include <algorithm>

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "WebAddress.h"
-
 #include <QByteArray>
 
 namespace ostrel {
+
+class WebAddress;
 
 /// The proxies that the environment names: http_proxy, https_proxy and all_proxy, and in no_proxy
 /// the hosts that none serves; all but the first in small letters or in capitals.

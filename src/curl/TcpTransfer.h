@@ -1,13 +1,13 @@
 #pragma once
 
-#include "TcpConnector.h"
+#include "Network.h"
 #include "Transfer.h"
 
 #include <QPromise>
 
 namespace ostrel {
 
-/// One attempt of TcpConnector's.
+/// One attempt to connect, as Network::connect describes it.
 class TcpTransfer final : public Transfer
 {
 public:

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CurlHandles.h"
-#include "IoThread.h"
+#include "IoThreadConfiguration.h"
 #include "NameLookUps.h"
 #include "TrustedCertificates.h"
 #include "WebAddress.h"
@@ -10,6 +10,7 @@
 
 #include <array>
 #include <chrono>
+#include <memory>
 #include <utility>
 #include <vector>
 

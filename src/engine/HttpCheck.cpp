@@ -1,9 +1,11 @@
 #include "HttpCheck.h"
 
 #include "Address.h"
+#include "BodyReader.h"
 #include "CaselessSearch.h"
 #include "CertificateDays.h"
 #include "ContinueOn.h"
+#include "Network.h"
 #include "NotificationManager.h"
 #include "SSLCaptureDelegate.h"
 #include "TransferTimeout.h"
@@ -94,18 +96,10 @@ Check invalidAddressCheck(const Monitor &monitor, Timestamp timestamp)
 
 } // namespace
 
-HttpCheck::HttpCheck(Fetch fetch, NotificationManager &notifications, WallClock now,
-                     QObject *parent)
-    : QObject(parent)
-    , m_fetch(std::move(fetch))
+HttpCheck::HttpCheck(Network &network, NotificationManager &notifications, WallClock now)
+    : m_network(network)
     , m_notifications(notifications)
     , m_now(std::move(now))
-{
-}
-
-HttpCheck::HttpCheck(Network &network, NotificationManager &notifications)
-    : HttpCheck([&network](const HttpRequest &request) { return network.fetch(request); },
-                notifications)
 {
 }
 
@@ -119,7 +113,7 @@ QFuture<Check> HttpCheck::run(const Monitor &monitor)
     const auto reader = makeReader(monitor);
     HttpRequest request = makeRequest(monitor, *url, delegate);
     request.bodyReader = reader;
-    return continueOn(m_fetch(request), this,
+    return continueOn(m_network.fetch(request), this,
                       [this, monitor, delegate, reader](const HttpResult &result) {
                           const bool isRead = reader && result.isBodyRead;
                           return judge(monitor, {result, delegate->expiryDate(),

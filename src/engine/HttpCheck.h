@@ -1,16 +1,16 @@
 #pragma once
 
 #include "MonitorCheck.h"
-#include "Network.h"
 
 #include <QObject>
 
-#include <functional>
 #include <optional>
 
 namespace ostrel {
 
+class Network;
 class NotificationManager;
+struct HttpResult;
 
 /// Fetches a monitor's address and judges the answer: the status code first, then the keyword.
 /// Sends the notifications that depend on the one response alone, "slow" and "certificate
@@ -25,14 +25,8 @@ public:
         "Mozilla/5.0 (Macintosh; Intel Mac OS X 14_0) AppleWebKit/605.1.15 (KHTML, like Gecko) "
         "Version/17.0 Safari/605.1.15";
 
-    /// How a request is sent: Network::fetch.
-    using Fetch = std::function<QFuture<HttpResult>(const HttpRequest &)>;
-
-    /// @p notifications outlives the check.
-    HttpCheck(Fetch fetch, NotificationManager &notifications, WallClock now = systemNow,
-              QObject *parent = nullptr);
-    /// @p network outlives the check too.
-    HttpCheck(Network &network, NotificationManager &notifications);
+    /// @p network and @p notifications outlive the check.
+    HttpCheck(Network &network, NotificationManager &notifications, WallClock now = systemNow);
 
     [[nodiscard]] QFuture<Check> run(const Monitor &monitor) override;
 
@@ -49,7 +43,7 @@ private:
     void notifyIfSlow(const Monitor &monitor, const Check &check);
     void notifyIfCertificateExpires(const Monitor &monitor, const Check &check);
 
-    Fetch m_fetch;
+    Network &m_network;
     NotificationManager &m_notifications;
     WallClock m_now;
 };

@@ -2,6 +2,7 @@
 
 #include "Address.h"
 #include "ContinueOn.h"
+#include "Network.h"
 #include "TransferTimeout.h"
 
 #include <limits>
@@ -39,17 +40,9 @@ Check concludedCheck(const Monitor &monitor, quint16 port, const TcpResult &resu
 
 } // namespace
 
-PortCheck::PortCheck(TcpConnect tcpConnect, WallClock now, QObject *parent)
-    : QObject(parent)
-    , m_tcpConnect(std::move(tcpConnect))
+PortCheck::PortCheck(Network &network, WallClock now)
+    : m_network(network)
     , m_now(std::move(now))
-{
-}
-
-PortCheck::PortCheck(Network &network)
-    : PortCheck([&network](const QString &host, quint16 port, std::chrono::milliseconds timeout) {
-        return network.connect(host, port, timeout);
-    })
 {
 }
 
@@ -60,7 +53,7 @@ QFuture<Check> PortCheck::run(const Monitor &monitor)
         return QtFuture::makeReadyFuture(invalidPortCheck(monitor, m_now()));
 
     const QString host = hostOf(monitor.url).value_or(monitor.url);
-    return continueOn(m_tcpConnect(host, *port, transferTimeout(monitor.timeout)), this,
+    return continueOn(m_network.connect(host, *port, transferTimeout(monitor.timeout)), this,
                       [this, monitor, port = *port](const TcpResult &result) {
                           return concludedCheck(monitor, port, result, m_now());
                       });

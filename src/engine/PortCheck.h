@@ -1,13 +1,12 @@
 #pragma once
 
 #include "MonitorCheck.h"
-#include "Network.h"
 
 #include <QObject>
 
-#include <functional>
-
 namespace ostrel {
+
+class Network;
 
 /// Opens a TCP connection to a monitor's host and port, and says whether that worked.
 class PortCheck : public QObject, public MonitorCheck
@@ -15,18 +14,13 @@ class PortCheck : public QObject, public MonitorCheck
     Q_OBJECT
 
 public:
-    /// How a connection is opened: Network::connect.
-    using TcpConnect = std::function<QFuture<TcpResult>(const QString &host, quint16 port,
-                                                        std::chrono::milliseconds timeout)>;
-
-    explicit PortCheck(TcpConnect tcpConnect, WallClock now = systemNow, QObject *parent = nullptr);
     /// @p network outlives the check.
-    explicit PortCheck(Network &network);
+    explicit PortCheck(Network &network, WallClock now = systemNow);
 
     [[nodiscard]] QFuture<Check> run(const Monitor &monitor) override;
 
 private:
-    TcpConnect m_tcpConnect;
+    Network &m_network;
     WallClock m_now;
 };
 

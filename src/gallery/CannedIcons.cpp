@@ -2,6 +2,7 @@
 
 #include "FaviconService.h"
 #include "IconFolder.h"
+#include "Network.h"
 
 #include <QCoreApplication>
 #include <QPainter>
@@ -68,16 +69,28 @@ QString filledFolder()
     return path;
 }
 
-QFuture<HttpResult> nothingThere(const HttpRequest & /*request*/)
+/// Nothing can be reached by it.
+class NoNetwork final : public Network
 {
-    return QtFuture::makeReadyFuture(HttpResult());
-}
+public:
+    QFuture<HttpResult> fetch(const HttpRequest & /*request*/) override
+    {
+        return QtFuture::makeReadyFuture(HttpResult());
+    }
+    QFuture<TcpResult> connect(const QString & /*host*/, quint16 /*port*/,
+                               std::chrono::milliseconds /*timeout*/) override
+    {
+        return QtFuture::makeReadyFuture(TcpResult());
+    }
+    void dropConnections() override {}
+};
 
 } // namespace
 
 FaviconService &cannedIcons(QObject *parent)
 {
-    auto *service = new FaviconService(filledFolder(), nothingThere, {}, parent);
+    static NoNetwork network;
+    auto *service = new FaviconService(filledFolder(), network, {}, parent);
     for (const Icon &icon : icons) {
         const auto found = service->icon(QString::fromLatin1(icon.domain));
         while (!found.isFinished())

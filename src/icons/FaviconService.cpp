@@ -3,6 +3,7 @@
 #include "Address.h"
 #include "IconSearch.h"
 #include "PageTitle.h"
+#include "PlainGet.h"
 
 #include <QTextBoundaryFinder>
 
@@ -31,11 +32,11 @@ std::optional<QString> titleOf(const HttpResult &result)
 
 } // namespace
 
-FaviconService::FaviconService(const QString &cacheDir, Fetch fetch, WorkThread::Work prepareThread,
-                               QObject *parent)
+FaviconService::FaviconService(const QString &cacheDir, Network &network,
+                               WorkThread::Work prepareThread, QObject *parent)
     : QObject(parent)
     , m_cacheDir(cacheDir)
-    , m_fetch(std::move(fetch))
+    , m_network(network)
     , m_memoryCache(memoryLimit)
     , m_work(std::move(prepareThread))
 {
@@ -56,7 +57,7 @@ QFuture<QImage> FaviconService::icon(const QString &address)
 
 QFuture<QImage> FaviconService::search(const QString &domain)
 {
-    auto *search = new IconSearch(domain, m_cacheDir, m_fetch, m_work, this);
+    auto *search = new IconSearch(domain, m_cacheDir, m_network, m_work, this);
     connect(search, &IconSearch::finished, this, [this, domain, search](const QImage &icon) {
         m_inFlight.remove(domain);
         if (!icon.isNull())
@@ -71,7 +72,7 @@ QFuture<std::optional<QString>> FaviconService::pageTitle(const QString &address
     const auto request = plainGet(address, Reach::outwards);
     if (!request)
         return QtFuture::makeReadyFuture(std::optional<QString>());
-    return m_work.read(m_fetch(*request), &titleOf);
+    return m_work.read(m_network.fetch(*request), &titleOf);
 }
 
 std::optional<QString> FaviconService::domain(const QString &address)

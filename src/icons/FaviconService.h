@@ -2,7 +2,6 @@
 
 #include "IconFolder.h"
 #include "IconWork.h"
-#include "PlainGet.h"
 
 #include <QCache>
 #include <QFuture>
@@ -13,6 +12,8 @@
 #include <optional>
 
 namespace ostrel {
+
+class Network;
 
 /// The icons and titles of the sites that are watched. Main thread only; whatever takes time is
 /// done elsewhere. Every failure is no icon or no title, without a message, and isn't remembered.
@@ -28,10 +29,10 @@ public:
     /// still on disk. Has room for a thousand icons of 64 by 64 pixels, or 64 of the largest.
     static constexpr qsizetype memoryLimit = qsizetype(16) * 1024 * 1024;
 
-    /// Keeps its files in @p cacheDir, which is made if it is missing, also later. What @p fetch
-    /// stands for outlives the service. The thread that pictures are read on calls
+    /// Keeps its files in @p cacheDir, which is made if it is missing, also later. @p network
+    /// outlives the service. The thread that pictures are read on calls
     /// @p prepareThread first.
-    FaviconService(const QString &cacheDir, Fetch fetch, WorkThread::Work prepareThread = {},
+    FaviconService(const QString &cacheDir, Network &network, WorkThread::Work prepareThread = {},
                    QObject *parent = nullptr);
 
     /// The icon of the site at @p address, as shownIcon makes it of what its source served, which
@@ -54,7 +55,7 @@ private:
     [[nodiscard]] QFuture<QImage> search(const QString &domain);
 
     const IconFolder m_cacheDir;
-    const Fetch m_fetch;
+    Network &m_network;
     QCache<QString, QImage> m_memoryCache; ///< By domain; costs are bytes.
     QHash<QString, QFuture<QImage>> m_inFlight;
     IconWork m_work;

@@ -4,6 +4,7 @@
 #include "IconSizes.h"
 #include "IconWork.h"
 #include "PageIcon.h"
+#include "PlainGet.h"
 
 #include <utility>
 
@@ -22,12 +23,12 @@ QList<IconSource> iconSourcesIn(const HttpResult &result, const QString &domain)
 
 } // namespace
 
-IconSearch::IconSearch(QString domain, IconFolder folder, Fetch fetch, IconWork &work,
+IconSearch::IconSearch(QString domain, IconFolder folder, Network &network, IconWork &work,
                        QObject *parent)
     : QObject(parent)
     , m_domain(std::move(domain))
     , m_folder(std::move(folder))
-    , m_fetch(std::move(fetch))
+    , m_network(network)
     , m_work(work)
     , m_sources(wellKnownIconSources(m_domain))
 {
@@ -60,7 +61,7 @@ void IconSearch::fetchHomePage()
         return;
     }
     const auto sources =
-        m_work.read(m_fetch(*request), [domain = m_domain](const HttpResult &result) {
+        m_work.read(m_network.fetch(*request), [domain = m_domain](const HttpResult &result) {
             return iconSourcesIn(result, domain);
         });
     continueOn(sources, this, [this](const QList<IconSource> &named) {
@@ -84,12 +85,13 @@ void IconSearch::tryNextSource()
 
 void IconSearch::fetchPicture(const HttpRequest &request)
 {
-    continueOn(m_work.read(m_fetch(request), &pictureIn), this, [this](const QImage &picture) {
-        if (picture.isNull())
-            tryNextSource();
-        else
-            keep(picture);
-    });
+    continueOn(m_work.read(m_network.fetch(request), &pictureIn), this,
+               [this](const QImage &picture) {
+                   if (picture.isNull())
+                       tryNextSource();
+                   else
+                       keep(picture);
+               });
 }
 
 void IconSearch::keep(const QImage &picture)

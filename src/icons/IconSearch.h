@@ -2,7 +2,6 @@
 
 #include "IconFolder.h"
 #include "IconSources.h"
-#include "PlainGet.h"
 
 #include <QFuture>
 #include <QImage>
@@ -13,6 +12,8 @@
 namespace ostrel {
 
 class IconWork;
+class Network;
+struct HttpRequest;
 
 /// Looks for the icon of one domain, once: on disk, then in one source after the other, each tried
 /// only after the one before has failed. What a source yields is kept on disk. Main thread, which
@@ -22,8 +23,8 @@ class IconSearch : public QObject
     Q_OBJECT
 
 public:
-    /// @p work outlives the search.
-    IconSearch(QString domain, IconFolder folder, Fetch fetch, IconWork &work,
+    /// @p network and @p work outlive the search.
+    IconSearch(QString domain, IconFolder folder, Network &network, IconWork &work,
                QObject *parent = nullptr);
 
     /// Begins. The future finishes, through the event loop, with the icon as shownIcon makes it, or
@@ -44,7 +45,7 @@ private:
 
     const QString m_domain;
     const IconFolder m_folder;
-    const Fetch m_fetch;
+    Network &m_network;
     IconWork &m_work;
     QList<IconSource> m_sources; ///< Still to be tried.
     QPromise<QImage> m_promise;

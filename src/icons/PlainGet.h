@@ -2,17 +2,12 @@
 
 #include "Network.h"
 
-#include <QFuture>
 #include <QImage>
 #include <QString>
 
-#include <functional>
 #include <optional>
 
 namespace ostrel {
-
-/// How requests reach the network: Network::fetch, or what a test puts in its place.
-using Fetch = std::function<QFuture<HttpResult>(const HttpRequest &)>;
 
 /// How much of an answer is read, in bytes after decoding. A page is cut there; a picture that is
 /// larger is refused.

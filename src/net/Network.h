@@ -1,8 +1,5 @@
 #pragma once
 
-#include "BodyReader.h"
-#include "TlsDelegate.h"
-
 #include <QByteArray>
 #include <QFuture>
 #include <QString>
@@ -11,6 +8,9 @@
 #include <memory>
 
 namespace ostrel {
+
+class BodyReader;
+class TlsDelegate;
 
 /// Which addresses a request may connect to. Loopback, private and link-local ones aren't public.
 enum class Reach {
@@ -61,8 +61,8 @@ struct TcpResult
 ///
 /// A future finishes, with exactly one result, at most half a second after the time-out counted
 /// from the admission; it is cancelled instead if dropConnections() or the network's end comes
-/// first. What waits for a
-/// place among our own, for a free look-up or for the trusted certificates spends none of its time.
+/// first. What waits for a place among our own, for a free look-up or for the trusted certificates
+/// spends none of its time.
 class Network
 {
 public:

@@ -36,7 +36,7 @@ OstrelApp::OstrelApp(std::unique_ptr<MainWindowLoader> views, const QString &sto
       })
     , m_statusBarItem(m_store, services.statusBarHost)
     , m_models(m_store, m_engine, services.networkPresence, services.loginItem, services.workspace)
-    , m_icons(storageDir + QStringLiteral("/favicons"), services.fetchIcon,
+    , m_icons(storageDir + QStringLiteral("/favicons"), services.network,
               services.prepareIconThread)
 {
     connect(&m_models.form, &MonitorForm::websiteCreated, this, &OstrelApp::lookUpSite);

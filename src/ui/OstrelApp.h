@@ -21,6 +21,7 @@ class LoginItem;
 class MainWindowLoader;
 class MonitorCheck;
 class MotionPreference;
+class Network;
 class NetworkPresence;
 class NotificationCenter;
 class NotificationManager;
@@ -43,8 +44,8 @@ struct AppServices
     Workspace &workspace;
     MotionPreference &motion;
     StatusBarHost &statusBarHost;
-    Fetch fetchIcon;                         ///< How the sites' icons and titles reach the program.
-    WorkThread::Work prepareIconThread = {}; ///< Called first on the thread that reads those.
+    Network &network;                           ///< Where the sites' icons and titles come from.
+    WorkThread::Work prepareIconThread = {};    ///< Called first on the thread that reads those.
     FolderOwnership *folderOwnership = nullptr; ///< Null if nobody else could have the folder.
 };
 

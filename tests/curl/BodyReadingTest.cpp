@@ -162,7 +162,7 @@ TEST_F(BodyReadingTest, ALatePageOfUnknownLengthIsHeldUpNoLongerThanTheGrace)
 TEST_F(BodyReadingTest, AnEarlyPageOfUnknownLengthIsWaitedForAsAnyOther)
 {
     const HostileServer server(answerInChunksAfter(0ms, 4 * mebibyte));
-    const auto future = m_client.fetch(requestReadBy(blocked, server.url(), 20s));
+    const auto future = m_network.fetch(requestReadBy(blocked, server.url(), 20s));
     ASSERT_TRUE(waitFor([&] { return blocked->isBlocked.load(); }));
     std::this_thread::sleep_for(1s);
     blocked->open();
@@ -172,7 +172,7 @@ TEST_F(BodyReadingTest, AnEarlyPageOfUnknownLengthIsWaitedForAsAnyOther)
 TEST_F(BodyReadingTest, AReaderThatKeepsUpLateIsWaitedFor)
 {
     const HostileServer server(answerWith(QByteArray(16 * mebibyte, 'x')));
-    const auto future = m_client.fetch(requestReadBy(blocked, server.url(), 20s));
+    const auto future = m_network.fetch(requestReadBy(blocked, server.url(), 20s));
     ASSERT_TRUE(waitFor([&] { return blocked->isBlocked.load(); }));
     blocked->open();
     EXPECT_TRUE(future.result().isBodyRead);
@@ -187,7 +187,7 @@ TEST_F(BodyReadingTest, TheEndIsNeverLaterThanHalfASecondAfterTheTimeOut)
     const HostileServer bomb(sendEndlessGzipBomb);
     for (const HostileServer *server : {&small, &large, &endless, &bomb}) {
         const auto begin = std::chrono::steady_clock::now();
-        const auto future = m_client.fetch(requestReadBy(blocked, server->url(), 400ms));
+        const auto future = m_network.fetch(requestReadBy(blocked, server->url(), 400ms));
         const HttpResult result = future.result();
         EXPECT_LE(std::chrono::steady_clock::now() - begin, 900ms);
         EXPECT_EQ(future.resultCount(), 1);
@@ -222,7 +222,7 @@ TEST_F(BodyReadingTest, BombsTakeTurnsWithAHealthyPage)
     std::vector<QFuture<HttpResult>> bombs;
     for (int i = 0; i < 5; ++i) {
         for (const HostileServer *server : {&gzipBomb, &brotliBomb, &zstdBomb})
-            bombs.push_back(m_client.fetch(
+            bombs.push_back(m_network.fetch(
                 requestReadBy(std::make_shared<CountingReader>(), server->url(), 3s)));
     }
     const auto isAnyUnderWay = [&] {
@@ -245,13 +245,11 @@ TEST(BodyReadingEndTest, TheEndDoesNotWaitForAReader)
 {
     const HostileServer server(answerWith(QByteArray(16 * mebibyte, 'x')));
     const auto blocked = std::make_shared<BlockedReader>();
-    auto ioThread = std::make_unique<IoThread>();
-    auto client = std::make_unique<HttpClient>(*ioThread);
-    const auto future = client->fetch(requestReadBy(blocked, server.url()));
+    auto network = std::make_unique<CurlNetwork>();
+    const auto future = network->fetch(requestReadBy(blocked, server.url()));
     ASSERT_TRUE(waitFor([&] { return blocked->isBlocked.load(); }));
     const auto begin = std::chrono::steady_clock::now();
-    client.reset();
-    ioThread.reset();
+    network.reset();
     EXPECT_LE(std::chrono::steady_clock::now() - begin, 1s);
     EXPECT_TRUE(future.isCanceled());
     EXPECT_TRUE(WorkThread::isAnyLeftBehind());

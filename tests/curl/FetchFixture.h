@@ -1,7 +1,6 @@
 #pragma once
 
-#include "HttpClient.h"
-#include "IoThread.h"
+#include "CurlNetwork.h"
 
 #include <QByteArray>
 
@@ -22,27 +21,25 @@ inline HttpRequest requestFor(const QByteArray &url, const QByteArray &method = 
             .tlsDelegate = nullptr};
 }
 
-/// An I/O thread with a client on it.
+/// A network of its own.
 class FetchFixture : public testing::Test
 {
 protected:
     explicit FetchFixture(IoThreadConfiguration configuration = {})
-        : m_ioThread(std::move(configuration))
-        , m_client(m_ioThread)
+        : m_network(std::move(configuration))
     {
     }
 
     [[nodiscard]] HttpResult fetch(const HttpRequest &request)
     {
-        return m_client.fetch(request).result();
+        return m_network.fetch(request).result();
     }
     [[nodiscard]] HttpResult fetch(const QByteArray &url, const QByteArray &method = "GET")
     {
         return fetch(requestFor(url, method));
     }
 
-    IoThread m_ioThread;
-    HttpClient m_client;
+    CurlNetwork m_network;
 };
 
 } // namespace ostrel::test

@@ -1,7 +1,6 @@
 #include "FetchFixture.h"
 #include "FileDescriptor.h"
 #include "HostileBehaviours.h"
-#include "TcpConnector.h"
 #include "WaitFor.h"
 
 #include <QDir>
@@ -126,12 +125,12 @@ qsizetype entryCount(const char *folder)
 
 TEST_F(HangingLookUpTest, DoesntHoldUpTheEnd)
 {
-    auto ioThread = std::make_unique<IoThread>();
-    const auto result = HttpClient(*ioThread).fetch(request(30s));
+    auto network = std::make_unique<CurlNetwork>();
+    const auto result = network->fetch(request(30s));
     ASSERT_TRUE(waitFor([] { return lookUps.count() == 1; }));
 
     const auto begin = std::chrono::steady_clock::now();
-    ioThread.reset();
+    network.reset();
     EXPECT_LE(std::chrono::steady_clock::now() - begin, 300ms);
     EXPECT_EQ(lookUps.count(), 1);
     EXPECT_TRUE(result.isCanceled() && result.isFinished());
@@ -140,10 +139,9 @@ TEST_F(HangingLookUpTest, DoesntHoldUpTheEnd)
 TEST_F(HangingLookUpTest, EndsWithTheTimeoutAndLeavesOthersAlone)
 {
     const HostileServer server(answerAfter(500ms));
-    IoThread ioThread;
-    HttpClient client(ioThread);
-    const auto hanging = client.fetch(request(200ms));
-    const auto other = client.fetch(requestFor(server.url()));
+    CurlNetwork network;
+    const auto hanging = network.fetch(request(200ms));
+    const auto other = network.fetch(requestFor(server.url()));
 
     EXPECT_FALSE(hanging.result().hasResponse);
     EXPECT_LE(hanging.result().elapsed, 400ms);
@@ -160,16 +158,15 @@ TEST_F(HangingLookUpTest, ADeadNameServerTakesABoundedNumberOfThreadsAndFiles)
     const UsualLimit limit;
     const qsizetype threadsBefore = entryCount("/proc/self/task");
     const qsizetype filesBefore = entryCount("/proc/self/fd");
-    auto ioThread = std::make_unique<IoThread>(configuration);
-    HttpClient client(*ioThread);
+    auto network = std::make_unique<CurlNetwork>(configuration);
     std::vector<QFuture<HttpResult>> dead;
     for (int i = 0; i < monitors; ++i)
         dead.push_back(
-            client.fetch(request(100ms, QByteArray::number(i) + '.' + HangingLookUps::name)));
+            network->fetch(request(100ms, QByteArray::number(i) + '.' + HangingLookUps::name)));
     ASSERT_TRUE(waitFor([&] { return lookUps.count() == configuration.maxConcurrentLookUps; }));
 
     for (int i = 0; i < 100; ++i) {
-        const HttpResult result = client.fetch(requestFor(server.url())).result();
+        const HttpResult result = network->fetch(requestFor(server.url())).result();
         EXPECT_TRUE(result.hasResponse) << result.error.toStdString();
     }
     ASSERT_TRUE(waitFor([&] { return dead.front().isFinished(); }));
@@ -187,27 +184,23 @@ TEST_F(HangingLookUpTest, ADeadNameServerTakesABoundedNumberOfThreadsAndFiles)
 TEST_F(HangingLookUpTest, AddressesDontWaitForNames)
 {
     const HostileServer server(answerWith("OK"));
-    IoThread ioThread;
-    HttpClient client(ioThread);
-    TcpConnector connector(ioThread);
+    CurlNetwork network;
     for (int i = 0; i < 300; ++i)
-        (void)client.fetch(request(30s));
+        (void)network.fetch(request(30s));
     ASSERT_TRUE(waitFor([] { return lookUps.count() == 1; }));
-    EXPECT_TRUE(client.fetch(requestFor(server.url())).result().hasResponse);
+    EXPECT_TRUE(network.fetch(requestFor(server.url())).result().hasResponse);
     for (const char *host : {"127.0.0.1", "localhost"})
         EXPECT_TRUE(
-            connector.connect(QString::fromLatin1(host), server.port(), 10s).result().isConnected);
+            network.connect(QString::fromLatin1(host), server.port(), 10s).result().isConnected);
     EXPECT_EQ(lookUps.count(), 1);
 }
 
 TEST_F(HangingLookUpTest, OneThatWasGivenUpIsJoinedByTheNext)
 {
-    IoThread ioThread;
-    HttpClient client(ioThread);
-    TcpConnector connector(ioThread);
+    CurlNetwork network;
     for (int i = 0; i < 5; ++i) {
-        EXPECT_FALSE(client.fetch(request(20ms)).result().hasResponse);
-        EXPECT_FALSE(connector.connect(QString::fromLatin1(HangingLookUps::name), 80, 20ms)
+        EXPECT_FALSE(network.fetch(request(20ms)).result().hasResponse);
+        EXPECT_FALSE(network.connect(QString::fromLatin1(HangingLookUps::name), 80, 20ms)
                          .result()
                          .isConnected);
     }
@@ -217,13 +210,12 @@ TEST_F(HangingLookUpTest, OneThatWasGivenUpIsJoinedByTheNext)
 TEST_F(HangingLookUpTest, ItsFailureIsntThatOfAnotherThatJoinedLater)
 {
     const HostileServer server(answerWith("OK"));
-    IoThread ioThread;
-    TcpConnector connector(ioThread);
+    CurlNetwork network;
     const QString name = QString::fromLatin1(HangingLookUps::recoveringName);
-    EXPECT_FALSE(connector.connect(name, server.port(), 50ms).result().isConnected);
-    const auto later = connector.connect(name, server.port(), 10s);
+    EXPECT_FALSE(network.connect(name, server.port(), 50ms).result().isConnected);
+    const auto later = network.connect(name, server.port(), 10s);
     // Passed by one that needs no look-up, so that the later one has joined.
-    (void)connector.connect(QStringLiteral("127.0.0.1"), server.port(), 10s).result();
+    (void)network.connect(QStringLiteral("127.0.0.1"), server.port(), 10s).result();
     EXPECT_EQ(lookUps.count(), 1);
     lookUps.holdUp(false);
     EXPECT_TRUE(later.result().isConnected);
@@ -231,13 +223,12 @@ TEST_F(HangingLookUpTest, ItsFailureIsntThatOfAnotherThatJoinedLater)
 
 TEST_F(HangingLookUpTest, OneThatWasDroppedIsJoinedByNobody)
 {
-    IoThread ioThread;
-    HttpClient client(ioThread);
-    const auto dropped = client.fetch(request(30s));
+    CurlNetwork network;
+    const auto dropped = network.fetch(request(30s));
     ASSERT_TRUE(waitFor([] { return lookUps.count() == 1; }));
-    ioThread.dropConnections();
+    network.dropConnections();
     EXPECT_TRUE(waitFor([&] { return dropped.isCanceled(); }));
-    const auto result = client.fetch(request(30s));
+    const auto result = network.fetch(request(30s));
     EXPECT_TRUE(waitFor([] { return lookUps.count() == 2; }));
     EXPECT_FALSE(result.isFinished());
 }
@@ -245,10 +236,10 @@ TEST_F(HangingLookUpTest, OneThatWasDroppedIsJoinedByNobody)
 TEST_F(HangingLookUpTest, OfARedirectsTargetEndsWithTheTimeout)
 {
     const HostileServer server(redirectTo(QByteArray("http://") + HangingLookUps::name + "/"));
-    IoThread ioThread;
+    CurlNetwork network;
     HttpRequest request = requestFor(server.url());
     request.timeout = 200ms;
-    const HttpResult result = HttpClient(ioThread).fetch(request).result();
+    const HttpResult result = network.fetch(request).result();
     EXPECT_FALSE(result.hasResponse);
     EXPECT_GE(result.elapsed, 200ms);
     EXPECT_LE(result.elapsed, 700ms);
@@ -261,16 +252,14 @@ TEST_F(HangingLookUpTest, EachNameIsLookedUpOnce)
     // However it is written: the library finds what was found for it.
     const HostileServer server(answerWith("OK"));
     const QByteArray port = QByteArray::number(server.port());
-    IoThread ioThread;
-    HttpClient client(ioThread);
-    TcpConnector connector(ioThread);
+    CurlNetwork network;
     lookUps.holdUp(false);
     for (const char *name : {"recovering.test", "RECOVERING.test", "recovering.test."}) {
         const int before = lookUps.foundCount();
         const QByteArray url = QByteArray("http://") + name + ":" + port + "/";
-        EXPECT_TRUE(client.fetch(requestFor(url)).result().hasResponse) << name;
+        EXPECT_TRUE(network.fetch(requestFor(url)).result().hasResponse) << name;
         EXPECT_TRUE(
-            connector.connect(QString::fromLatin1(name), server.port(), 5s).result().isConnected);
+            network.connect(QString::fromLatin1(name), server.port(), 5s).result().isConnected);
         EXPECT_EQ(lookUps.foundCount(), before + 2) << name;
     }
 }
@@ -279,10 +268,10 @@ TEST_F(HangingLookUpTest, IsNoneOfOursWhereAProxyLooksUp)
 {
     const HostileServer proxy(answerWith("from the proxy"));
     qputenv("http_proxy", proxy.url());
-    IoThread ioThread;
-    EXPECT_EQ(HttpClient(ioThread).fetch(request(5s)).result().body, "from the proxy");
+    CurlNetwork network;
+    EXPECT_EQ(network.fetch(request(5s)).result().body, "from the proxy");
     qputenv("http_proxy", QByteArray("http://proxy.") + HangingLookUps::name + ":3128");
-    const HttpResult result = HttpClient(ioThread).fetch(request(100ms, "shop.example")).result();
+    const HttpResult result = network.fetch(request(100ms, "shop.example")).result();
     qunsetenv("http_proxy");
     EXPECT_FALSE(result.hasResponse);
     EXPECT_EQ(lookUps.count(), 1);

@@ -1,7 +1,6 @@
 #include "FetchFixture.h"
 #include "HostileBehaviours.h"
 #include "LoopbackListener.h"
-#include "TcpConnector.h"
 #include "WaitFor.h"
 
 #include <algorithm>
@@ -25,12 +24,11 @@ HttpRequest requestWithin(std::chrono::milliseconds timeout, const QByteArray &u
 TEST(IoThreadTest, AWaitingTransfersClockStartsWhenItIsAdmitted)
 {
     const HostileServer server(answerAfter(150ms));
-    IoThread ioThread({.maxConcurrentTransfers = 2});
-    HttpClient client(ioThread);
+    CurlNetwork network({.maxConcurrentTransfers = 2});
     QList<QFuture<HttpResult>> futures;
     // Three rounds: a clock that starts at once would run out in the third.
     for (int i = 0; i < 6; ++i)
-        futures.append(client.fetch(requestWithin(400ms, server.url())));
+        futures.append(network.fetch(requestWithin(400ms, server.url())));
     for (const auto &future : futures) {
         EXPECT_TRUE(future.result().hasResponse) << future.result().error.toStdString();
         EXPECT_GE(future.result().elapsed, 150ms);
@@ -48,11 +46,10 @@ TEST(IoThreadTest, NoMoreThanTheBoundRunAtOnce)
         --running;
         connection.respond("200 OK");
     });
-    IoThread ioThread({.maxConcurrentTransfers = 3});
-    HttpClient client(ioThread);
+    CurlNetwork network({.maxConcurrentTransfers = 3});
     QList<QFuture<HttpResult>> futures;
     for (int i = 0; i < 12; ++i)
-        futures.append(client.fetch(requestFor(server.url())));
+        futures.append(network.fetch(requestFor(server.url())));
     for (const auto &future : futures)
         EXPECT_TRUE(future.result().hasResponse);
     EXPECT_EQ(most, 3);
@@ -61,13 +58,12 @@ TEST(IoThreadTest, NoMoreThanTheBoundRunAtOnce)
 TEST(IoThreadTest, WaitingTransfersAreAdmittedInOrder)
 {
     const HostileServer server(answerWith("OK"));
-    IoThread ioThread({.maxConcurrentTransfers = 1});
-    HttpClient client(ioThread);
+    CurlNetwork network({.maxConcurrentTransfers = 1});
     QList<QFuture<HttpResult>> futures;
     QByteArrayList expected;
     for (int i = 0; i < 20; ++i) {
         expected.append("/" + QByteArray::number(i));
-        futures.append(client.fetch(requestFor(server.url(expected.last()))));
+        futures.append(network.fetch(requestFor(server.url(expected.last()))));
     }
     futures.last().waitForFinished();
     QByteArrayList seen;
@@ -79,20 +75,19 @@ TEST(IoThreadTest, WaitingTransfersAreAdmittedInOrder)
 TEST(IoThreadTest, ABoundOfNoneIsOne)
 {
     const HostileServer server(answerWith("OK"));
-    IoThread ioThread({.maxConcurrentTransfers = 0});
-    EXPECT_TRUE(HttpClient(ioThread).fetch(requestFor(server.url())).result().hasResponse);
+    CurlNetwork network({.maxConcurrentTransfers = 0});
+    EXPECT_TRUE(network.fetch(requestFor(server.url())).result().hasResponse);
 }
 
 TEST(IoThreadTest, ABusySocketDoesntKeepOthersFromBeingAdmitted)
 {
     const HostileServer busy(sendEndlessBody);
     const HostileServer decent(answerWith("OK"));
-    IoThread ioThread;
-    HttpClient client(ioThread);
-    const auto endless = client.fetch(requestWithin(5s, busy.url()));
+    CurlNetwork network;
+    const auto endless = network.fetch(requestWithin(5s, busy.url()));
     ASSERT_TRUE(waitFor([&] { return busy.connectionCount() == 1; }));
     for (int i = 0; i < 20; ++i)
-        EXPECT_TRUE(client.fetch(requestFor(decent.url())).result().hasResponse);
+        EXPECT_TRUE(network.fetch(requestFor(decent.url())).result().hasResponse);
     EXPECT_FALSE(endless.isFinished());
 }
 
@@ -100,29 +95,26 @@ TEST(IoThreadTest, AHundredThatHangLeaveRoomForOthers)
 {
     const BlackholePort hole;
     const HostileServer decent(answerWith("OK"));
-    IoThread ioThread;
-    TcpConnector connector(ioThread);
+    CurlNetwork network;
     for (int i = 0; i < 100; ++i)
-        (void)connector.connect(QStringLiteral("127.0.0.1"), hole.port(), 30s);
-    HttpClient client(ioThread);
-    EXPECT_TRUE(client.fetch(requestFor(decent.url())).result().hasResponse);
+        (void)network.connect(QStringLiteral("127.0.0.1"), hole.port(), 30s);
+    EXPECT_TRUE(network.fetch(requestFor(decent.url())).result().hasResponse);
 }
 
 TEST(IoThreadTest, DroppingCancelsWhatIsUnderWayAndWhatWaits)
 {
     const HostileServer silent(staySilent);
     const HostileServer server(answerWith("OK"));
-    IoThread ioThread({.maxConcurrentTransfers = 1});
-    HttpClient client(ioThread);
-    auto first = client.fetch(requestWithin(30s, silent.url()));
-    auto second = client.fetch(requestFor(server.url()));
+    CurlNetwork network({.maxConcurrentTransfers = 1});
+    auto first = network.fetch(requestWithin(30s, silent.url()));
+    auto second = network.fetch(requestFor(server.url()));
     ASSERT_TRUE(waitFor([&] { return silent.requests().size() == 1; }));
-    ioThread.dropConnections();
+    network.dropConnections();
     first.waitForFinished();
     second.waitForFinished();
     EXPECT_TRUE(first.isCanceled());
     EXPECT_TRUE(second.isCanceled());
-    EXPECT_TRUE(client.fetch(requestFor(server.url())).result().hasResponse);
+    EXPECT_TRUE(network.fetch(requestFor(server.url())).result().hasResponse);
     EXPECT_EQ(silent.requests().size(), 1) << "nothing is asked for again";
     EXPECT_EQ(server.requests().size(), 1);
 }
@@ -131,13 +123,12 @@ TEST(IoThreadTest, NothingThatIsAskedForAfterDroppingIsForgotten)
 {
     const HostileServer server(answerWith("OK"));
     const auto wakesUp = [&](std::chrono::nanoseconds pause) {
-        IoThread ioThread;
-        HttpClient client(ioThread);
-        ioThread.dropConnections();
+        CurlNetwork network;
+        network.dropConnections();
         const auto moment = std::chrono::steady_clock::now() + pause;
         while (std::chrono::steady_clock::now() < moment) {
         }
-        const auto future = client.fetch(requestFor(server.url()));
+        const auto future = network.fetch(requestFor(server.url()));
         const auto patience = moment + 5s;
         while (!future.isFinished() && std::chrono::steady_clock::now() < patience)
             std::this_thread::yield();
@@ -151,28 +142,26 @@ TEST(IoThreadTest, NothingThatIsAskedForAfterDroppingIsForgotten)
 TEST(IoThreadTest, DroppingNothingChangesNothing)
 {
     const HostileServer server(answerWith("OK"));
-    IoThread ioThread;
-    HttpClient client(ioThread);
-    ioThread.dropConnections();
-    EXPECT_TRUE(client.fetch(requestFor(server.url())).result().hasResponse);
-    ioThread.dropConnections();
-    EXPECT_TRUE(client.fetch(requestFor(server.url())).result().hasResponse);
+    CurlNetwork network;
+    network.dropConnections();
+    EXPECT_TRUE(network.fetch(requestFor(server.url())).result().hasResponse);
+    network.dropConnections();
+    EXPECT_TRUE(network.fetch(requestFor(server.url())).result().hasResponse);
 }
 
 TEST(IoThreadTest, DestructionCancelsRunningAndWaitingTransfersPromptly)
 {
     const HostileServer server(staySilent);
     const BlackholePort hole;
-    auto ioThread = std::make_unique<IoThread>(IoThreadConfiguration{.maxConcurrentTransfers = 2});
-    HttpClient client(*ioThread);
-    TcpConnector connector(*ioThread);
-    const auto running = client.fetch(requestFor(server.url()));
-    const auto connecting = connector.connect(QStringLiteral("127.0.0.1"), hole.port(), 30s);
-    const auto waiting = client.fetch(requestFor(server.url()));
+    auto network =
+        std::make_unique<CurlNetwork>(IoThreadConfiguration{.maxConcurrentTransfers = 2});
+    const auto running = network->fetch(requestFor(server.url()));
+    const auto connecting = network->connect(QStringLiteral("127.0.0.1"), hole.port(), 30s);
+    const auto waiting = network->fetch(requestFor(server.url()));
     ASSERT_TRUE(waitFor([&] { return server.requests().size() == 1; }));
 
     const auto start = std::chrono::steady_clock::now();
-    ioThread.reset();
+    network.reset();
     EXPECT_LE(std::chrono::steady_clock::now() - start, 300ms);
     EXPECT_TRUE(running.isCanceled() && running.isFinished());
     EXPECT_TRUE(connecting.isCanceled() && connecting.isFinished());
@@ -184,7 +173,7 @@ TEST(IoThreadTest, AnUnusedThreadEndsPromptly)
 {
     const auto start = std::chrono::steady_clock::now();
     {
-        const IoThread ioThread;
+        const CurlNetwork network;
     }
     EXPECT_LE(std::chrono::steady_clock::now() - start, 300ms);
 }
@@ -192,9 +181,9 @@ TEST(IoThreadTest, AnUnusedThreadEndsPromptly)
 TEST(IoThreadTest, AWaitingTransferCostsNoCpu)
 {
     const HostileServer server(staySilent);
-    IoThread ioThread;
+    CurlNetwork network;
     const std::clock_t before = std::clock();
-    (void)HttpClient(ioThread).fetch(requestWithin(1s, server.url())).result();
+    (void)network.fetch(requestWithin(1s, server.url())).result();
     EXPECT_LT(std::clock() - before, CLOCKS_PER_SEC / 5);
 }
 

@@ -40,7 +40,7 @@ protected:
     {
         HttpRequest request = requestFor(url);
         request.tlsDelegate = m_listener;
-        return m_client.fetch(request).result();
+        return m_network.fetch(request).result();
     }
     [[nodiscard]] const std::vector<std::chrono::sys_seconds> &dates() const
     {
@@ -57,8 +57,7 @@ private:
         return {.directory = m_certificates.authorityDirectory(), .file = {}};
     }
 
-    IoThread m_ioThread{IoThreadConfiguration{.trustStore = trustStore()}};
-    HttpClient m_client{m_ioThread};
+    CurlNetwork m_network{IoThreadConfiguration{.trustStore = trustStore()}};
     std::shared_ptr<Listener> m_listener = std::make_shared<Listener>();
 };
 
@@ -187,8 +186,8 @@ TEST_P(LeafCertificateTest, ACertificateThatIsNoneReportsNoDate)
 TEST_P(LeafCertificateTest, NobodyNeedListen)
 {
     const NginxServer server({NginxSite{.leaf = m_certificates.valid()}});
-    IoThread ioThread({.trustStore = {.directory = {}, .file = m_certificates.authorityFile()}});
-    EXPECT_EQ(HttpClient(ioThread).fetch(requestFor(server.url())).result().statusCode, 200);
+    CurlNetwork network({.trustStore = {.directory = {}, .file = m_certificates.authorityFile()}});
+    EXPECT_EQ(network.fetch(requestFor(server.url())).result().statusCode, 200);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "Printers.h"
 #include "ProxyEnvironment.h"
+#include "WebAddress.h"
 
 #include <gtest/gtest.h>
 

@@ -38,7 +38,7 @@ protected:
     {
         HttpRequest request = requestFor(url);
         request.tlsDelegate = m_listener;
-        return m_client.fetch(request).result();
+        return m_network.fetch(request).result();
     }
     [[nodiscard]] const std::vector<std::chrono::sys_seconds> &dates() const
     {
@@ -59,9 +59,8 @@ protected:
 
 private:
     ProxyEnvironment m_environment; ///< Empty at first.
-    IoThread m_ioThread{IoThreadConfiguration{
+    CurlNetwork m_network{IoThreadConfiguration{
         .trustStore = {.directory = {}, .file = m_certificates.authorityFile()}}};
-    HttpClient m_client{m_ioThread};
     std::shared_ptr<DateListener> m_listener = std::make_shared<DateListener>();
     std::unique_ptr<HostileServer> m_terminator;
 };

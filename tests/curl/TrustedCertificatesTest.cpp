@@ -146,8 +146,8 @@ class TrustedFetchTest : public TrustedCertificatesTest
 protected:
     [[nodiscard]] HttpResult fetch(const TrustStore &trustStore)
     {
-        IoThread ioThread({.trustStore = trustStore});
-        return HttpClient(ioThread).fetch(request()).result();
+        CurlNetwork network({.trustStore = trustStore});
+        return network.fetch(request()).result();
     }
     [[nodiscard]] HttpRequest request() const
     {
@@ -164,13 +164,12 @@ protected:
 TEST_F(TrustedFetchTest, ARenewedBundleIsNoticedAtTheNextRequest)
 {
     write(m_bundle, m_othersPem);
-    IoThread ioThread({.trustStore = {.directory = {}, .file = m_bundle}});
-    HttpClient client(ioThread);
-    EXPECT_FALSE(client.fetch(request()).result().hasResponse);
+    CurlNetwork network({.trustStore = {.directory = {}, .file = m_bundle}});
+    EXPECT_FALSE(network.fetch(request()).result().hasResponse);
     write(m_bundle, contentOf(m_site.authorityFile()));
-    EXPECT_TRUE(client.fetch(request()).result().hasResponse);
+    EXPECT_TRUE(network.fetch(request()).result().hasResponse);
     write(m_bundle, m_othersPem);
-    EXPECT_FALSE(client.fetch(request()).result().hasResponse);
+    EXPECT_FALSE(network.fetch(request()).result().hasResponse);
 }
 
 TEST_F(TrustedFetchTest, AFileAndADirectoryBothCount)
@@ -214,9 +213,9 @@ TEST_F(TrustedFetchTest, ARedirectToTlsWaitsForTheCertificatesOutsideItsTime)
     write(m_bundle, contentOf(m_site.authorityFile()) + m_othersPem.repeated(3000));
     const NginxServer plain(
         {NginxSite{.leaf = {}, .directives = "return 302 " + m_server.url() + ";"}});
-    IoThread ioThread({.trustStore = {.directory = {}, .file = m_bundle}});
+    CurlNetwork network({.trustStore = {.directory = {}, .file = m_bundle}});
     const auto begin = std::chrono::steady_clock::now();
-    const HttpResult result = HttpClient(ioThread).fetch(requestFor(plain.url())).result();
+    const HttpResult result = network.fetch(requestFor(plain.url())).result();
     const auto whole = std::chrono::steady_clock::now() - begin;
     EXPECT_EQ(result.statusCode, 200) << result.error.toStdString();
     EXPECT_LT(result.elapsed, whole / 4);

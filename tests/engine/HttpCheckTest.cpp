@@ -1,8 +1,11 @@
 #include "HttpCheck.h"
 
+#include "BodyReader.h"
 #include "EngineFakes.h"
 #include "NotificationManager.h"
+#include "OfflineNetwork.h"
 #include "Printers.h"
+#include "TlsDelegate.h"
 #include "WaitFor.h"
 
 #include <gtest/gtest.h>
@@ -28,10 +31,22 @@ HttpResult response(int statusCode, const QByteArray &body = {},
     return result;
 }
 
-/// An HTTP check whose network is a value.
-class HttpCheckTest : public testing::Test
+/// An HTTP check whose network is the test, which answers with a value.
+class HttpCheckTest : public testing::Test, public OfflineNetwork
 {
 protected:
+    QFuture<HttpResult> fetch(const HttpRequest &request) override
+    {
+        requests.push_back(request);
+        if (redirectingCertificateEnd)
+            request.tlsDelegate->didReceiveLeafCertificate(*redirectingCertificateEnd);
+        if (certificateEnd)
+            request.tlsDelegate->didReceiveLeafCertificate(*certificateEnd);
+        if (request.bodyReader && result.hasResponse)
+            read(*request.bodyReader);
+        return QtFuture::makeReadyFuture(result);
+    }
+
     Check run()
     {
         auto future = check.run(monitor);
@@ -59,18 +74,7 @@ protected:
     std::vector<HttpRequest> requests;
     RecordingNotificationCenter center;
     NotificationManager notifications{center};
-    HttpCheck check{[this](const HttpRequest &request) {
-                        requests.push_back(request);
-                        if (redirectingCertificateEnd)
-                            request.tlsDelegate->didReceiveLeafCertificate(
-                                *redirectingCertificateEnd);
-                        if (certificateEnd)
-                            request.tlsDelegate->didReceiveLeafCertificate(*certificateEnd);
-                        if (request.bodyReader && result.hasResponse)
-                            read(*request.bodyReader);
-                        return QtFuture::makeReadyFuture(result);
-                    },
-                    notifications, [] { return now; }};
+    HttpCheck check{*this, notifications, [] { return now; }};
     Monitor monitor = makeMonitor();
 };
 

@@ -1,6 +1,7 @@
 #include "PortCheck.h"
 
 #include "EngineFakes.h"
+#include "OfflineNetwork.h"
 #include "Printers.h"
 #include "WaitFor.h"
 
@@ -21,8 +22,8 @@ struct Attempt
     bool operator==(const Attempt &) const = default;
 };
 
-/// A port check whose network is a value.
-class PortCheckTest : public testing::Test
+/// A port check whose network is the test, which answers with a value.
+class PortCheckTest : public testing::Test, public OfflineNetwork
 {
 protected:
     PortCheckTest()
@@ -31,6 +32,13 @@ protected:
         monitor.url = QStringLiteral("db.local");
         monitor.port = 5432;
         monitor.timeout = Seconds(5);
+    }
+
+    QFuture<TcpResult> connect(const QString &host, quint16 port,
+                               std::chrono::milliseconds timeout) override
+    {
+        attempts.push_back({host, port, timeout});
+        return QtFuture::makeReadyFuture(result);
     }
 
     Check run()
@@ -43,11 +51,7 @@ protected:
     TcpResult result{.isConnected = true, .elapsed = 1500us};
     std::vector<Attempt> attempts;
     const Timestamp now = *parseTimestamp("2026-03-10T12:00:00Z");
-    PortCheck check{[this](const QString &host, quint16 port, std::chrono::milliseconds timeout) {
-                        attempts.push_back({host, port, timeout});
-                        return QtFuture::makeReadyFuture(result);
-                    },
-                    [this] { return now; }};
+    PortCheck check{*this, [this] { return now; }};
     Monitor monitor = makeMonitor();
 };
 

@@ -3,6 +3,7 @@
 #include "IconFakes.h"
 #include "IconSizes.h"
 #include "IconSources.h"
+#include "PlainGet.h"
 #include "Printers.h"
 #include "WaitFor.h"
 
@@ -41,13 +42,14 @@ Result resultOf(const QFuture<Result> &future)
     return future.result();
 }
 
-/// Doesn't wait for a busy machine to become idle.
-class PromptService : public FaviconService
+/// Has a picture at every address.
+class PicturesEverywhere : public FakeWeb
 {
 public:
-    PromptService(const QString &cacheDir, Fetch fetch)
-        : FaviconService(cacheDir, std::move(fetch))
+    QFuture<HttpResult> fetch(const HttpRequest &request) override
     {
+        put(QString::fromLatin1(request.url), picture({16, 16}));
+        return FakeWeb::fetch(request);
     }
 };
 
@@ -93,7 +95,7 @@ protected:
     QTemporaryDir folder;
     QString cacheDir = folder.filePath(QStringLiteral("Vantry/favicons"));
     FakeWeb web;
-    PromptService service{cacheDir, web.fetch()};
+    FaviconService service{cacheDir, web};
 };
 
 } // namespace
@@ -135,7 +137,7 @@ TEST_F(FaviconServiceTest, TheFirstValidPictureEndsTheSearch)
     for (qsizetype source = 1; source < wholeChain.size(); ++source) {
         FakeWeb sources;
         sources.put(wholeChain[source], picture({int(source) + 10, 16}));
-        PromptService fresh(folder.filePath(QString::number(source)), sources.fetch());
+        FaviconService fresh(folder.filePath(QString::number(source)), sources);
         EXPECT_EQ(resultOf(fresh.icon(home)).width(), source + 10);
         EXPECT_EQ(sources.addresses(), wholeChain.first(source + 1));
     }
@@ -302,7 +304,7 @@ TEST_F(FaviconServiceTest, AnotherRunReadsTheIconFromDisk)
     EXPECT_FALSE(lookUp().isNull());
 
     FakeWeb unusedWeb;
-    PromptService nextRun(cacheDir, unusedWeb.fetch());
+    FaviconService nextRun(cacheDir, unusedWeb);
     EXPECT_EQ(resultOf(nextRun.icon(home)).size(), QSize(24, 16));
     EXPECT_TRUE(unusedWeb.requests.empty());
 
@@ -338,7 +340,7 @@ TEST_F(FaviconServiceTest, WhereTheFolderCannotBeMadeTheIconIsKeptInMemory)
 {
     const QString obstacle = folder.filePath(QStringLiteral("obstacle"));
     writeFile(obstacle, "a file");
-    PromptService fresh(obstacle + QStringLiteral("/favicons"), web.fetch());
+    FaviconService fresh(obstacle + QStringLiteral("/favicons"), web);
     web.put(firstService, picture({16, 16}));
     EXPECT_FALSE(resultOf(fresh.icon(home)).isNull());
     EXPECT_FALSE(resultOf(fresh.icon(home)).isNull());
@@ -373,7 +375,7 @@ TEST_F(FaviconServiceTest, ALargeIconIsKeptLargerThanItIsShown)
     EXPECT_EQ(lookUp().size(), QSize(256, 128));
     EXPECT_EQ(QImage(cachedFile(QStringLiteral("example.org.png"))).size(), QSize(1024, 512));
 
-    PromptService nextRun(cacheDir, web.fetch());
+    FaviconService nextRun(cacheDir, web);
     EXPECT_EQ(resultOf(nextRun.icon(home)).size(), QSize(256, 128));
 }
 
@@ -392,7 +394,7 @@ TEST_F(FaviconServiceTest, TheServicesAreNotAskedAboutHostsThatMeanNothingToThem
           "db.local:5432", "192.168.1.1:22", "[::1]:22", "127.0.0.1", "fileserver",
           "https://wiki.internal/", "http://abcdefghijklmnop.onion/"}) {
         FakeWeb seen;
-        PromptService fresh(cacheDir, seen.fetch());
+        FaviconService fresh(cacheDir, seen);
         EXPECT_TRUE(resultOf(fresh.icon(QString::fromLatin1(address))).isNull());
         for (const QString &asked : seen.addresses()) {
             EXPECT_FALSE(asked.contains(QLatin1String(firstIconService))) << qPrintable(asked);
@@ -433,7 +435,7 @@ TEST_F(FaviconServiceTest, APublicPageCannotNameAPrivateAddress)
     FakeWeb ownNetwork;
     ownNetwork.put(home, page);
     ownNetwork.setPrivate(home);
-    PromptService atHome(cacheDir, ownNetwork.fetch());
+    FaviconService atHome(cacheDir, ownNetwork);
     EXPECT_TRUE(resultOf(atHome.icon(home)).isNull());
     EXPECT_EQ(ownNetwork.reachOf(link), Reach::outwards);
 }
@@ -469,11 +471,8 @@ TEST_F(FaviconServiceTest, TheFolderIsMadeAgainWhereItIsGone)
 TEST_F(FaviconServiceTest, ADomainCannotNameAFileOutsideTheFolder)
 {
     for (const char *domain : {"..%2f..%2fescaped", "..", "...", "a\\..\\b"}) {
-        FakeWeb anything;
-        PromptService fresh(cacheDir, [&](const HttpRequest &request) {
-            anything.put(QString::fromLatin1(request.url), picture({16, 16}));
-            return anything.fetch()(request);
-        });
+        PicturesEverywhere anything;
+        FaviconService fresh(cacheDir, anything);
         static_cast<void>(resultOf(fresh.icon(QString::fromLatin1(domain))));
     }
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
@@ -499,7 +498,7 @@ TEST_F(FaviconServiceTest, LookupsUnderWayEndWithTheService)
     web.hold();
     QFuture<QImage> icon;
     {
-        PromptService shortLived(cacheDir, web.fetch());
+        FaviconService shortLived(cacheDir, web);
         icon = shortLived.icon(home);
         ASSERT_TRUE(waitFor([&] { return web.heldCount() == 1; }));
     }

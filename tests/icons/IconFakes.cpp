@@ -4,18 +4,16 @@
 
 namespace ostrel::test {
 
-Fetch FakeWeb::fetch()
+QFuture<HttpResult> FakeWeb::fetch(const HttpRequest &request)
 {
-    return [this](const HttpRequest &request) {
-        requests.push_back(request);
-        if (!m_isHolding)
-            return QtFuture::makeReadyFuture(answer(request));
-        QPromise<HttpResult> promise;
-        promise.start();
-        auto future = promise.future();
-        m_held.emplace_back(request, std::move(promise));
-        return future;
-    };
+    requests.push_back(request);
+    if (!m_isHolding)
+        return QtFuture::makeReadyFuture(answer(request));
+    QPromise<HttpResult> promise;
+    promise.start();
+    auto future = promise.future();
+    m_held.emplace_back(request, std::move(promise));
+    return future;
 }
 
 void FakeWeb::put(const QString &address, const QByteArray &body, int statusCode)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PlainGet.h"
+#include "OfflineNetwork.h"
 
 #include <QByteArray>
 #include <QHash>
@@ -15,11 +15,11 @@
 namespace ostrel::test {
 
 /// Stands in for the network: answers requests with what the test has put at their addresses, and
-/// with 404 elsewhere. Follows redirects and cuts bodies as HttpClient does.
-class FakeWeb
+/// with 404 elsewhere. Follows redirects and cuts bodies as CurlNetwork does.
+class FakeWeb : public OfflineNetwork
 {
 public:
-    [[nodiscard]] Fetch fetch();
+    [[nodiscard]] QFuture<HttpResult> fetch(const HttpRequest &request) override;
 
     void put(const QString &address, const QByteArray &body, int statusCode = 200);
     /// The answers for @p address come from a private network.

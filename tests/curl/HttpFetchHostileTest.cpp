@@ -38,16 +38,16 @@ void PrintTo(const Hostility &example, std::ostream *out)
     *out << example.name;
 }
 
-class HttpClientHostileTest : public FetchFixture, public testing::WithParamInterface<Hostility>
+class HttpFetchHostileTest : public FetchFixture, public testing::WithParamInterface<Hostility>
 {
 };
 
-TEST_P(HttpClientHostileTest, EndsInTimeWithOneError)
+TEST_P(HttpFetchHostileTest, EndsInTimeWithOneError)
 {
     const HostileServer server(GetParam().behaviour, GetParam().greeting);
     const auto start = std::chrono::steady_clock::now();
     QFuture<HttpResult> future =
-        m_client.fetch(hastyRequestFor(server.url("/0", GetParam().scheme)));
+        m_network.fetch(hastyRequestFor(server.url("/0", GetParam().scheme)));
     future.waitForFinished();
     EXPECT_LE(std::chrono::steady_clock::now() - start, timeout + grace);
 
@@ -64,7 +64,7 @@ TEST_P(HttpClientHostileTest, EndsInTimeWithOneError)
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    All, HttpClientHostileTest,
+    All, HttpFetchHostileTest,
     testing::Values(
         Hostility{"SilentAfterTheRequest", staySilent},
         Hostility{"SilentInTheTlsHandshake", staySilent, HostileServer::Greeting::None, "https"},
@@ -85,7 +85,7 @@ INSTANTIATE_TEST_SUITE_P(
                   "https", false}),
     [](const auto &test) { return std::string(test.param.name); });
 
-TEST(HttpClientCrowdTest, EachOfManyHostileServersEndsInTime)
+TEST(HttpFetchCrowdTest, EachOfManyHostileServersEndsInTime)
 {
     const std::vector<std::pair<HostileServer::Behaviour, const char *>> behaviours = {
         {staySilent, "http"},         {staySilent, "https"},       {dripBytes, "http"},
@@ -94,13 +94,12 @@ TEST(HttpClientCrowdTest, EachOfManyHostileServersEndsInTime)
     };
     constexpr int ofEach = 22;
     std::vector<std::unique_ptr<HostileServer>> servers;
-    IoThread ioThread({.maxConcurrentTransfers = 1000});
-    HttpClient client(ioThread);
+    CurlNetwork network({.maxConcurrentTransfers = 1000});
     std::vector<QFuture<HttpResult>> futures;
     for (int i = 0; i < ofEach; ++i) {
         for (const auto &[behaviour, scheme] : behaviours) {
             servers.push_back(std::make_unique<HostileServer>(behaviour));
-            futures.push_back(client.fetch(hastyRequestFor(servers.back()->url("/0", scheme))));
+            futures.push_back(network.fetch(hastyRequestFor(servers.back()->url("/0", scheme))));
         }
     }
     for (const QFuture<HttpResult> &future : futures) {
@@ -110,11 +109,11 @@ TEST(HttpClientCrowdTest, EachOfManyHostileServersEndsInTime)
     }
 }
 
-class HttpClientTimeoutTest : public FetchFixture
+class HttpFetchTimeoutTest : public FetchFixture
 {
 };
 
-TEST_F(HttpClientTimeoutTest, BoundsTheRedirectsTogether)
+TEST_F(HttpFetchTimeoutTest, BoundsTheRedirectsTogether)
 {
     // Each hop alone would be in time.
     const HostileServer server([](HostileConnection &connection, const SeenRequest &request) {
@@ -127,7 +126,7 @@ TEST_F(HttpClientTimeoutTest, BoundsTheRedirectsTogether)
     EXPECT_LE(result.elapsed, timeout + grace);
 }
 
-TEST_F(HttpClientTimeoutTest, BoundsTheConnect)
+TEST_F(HttpFetchTimeoutTest, BoundsTheConnect)
 {
     const BlackholePort target;
     const QByteArray url = "http://127.0.0.1:" + QByteArray::number(target.port()) + "/";
@@ -138,7 +137,7 @@ TEST_F(HttpClientTimeoutTest, BoundsTheConnect)
                 testing::ContainsRegex("after [4-9][0-9][0-9] (ms|milliseconds)"));
 }
 
-TEST_F(HttpClientTimeoutTest, IsNeverReportedEarly)
+TEST_F(HttpFetchTimeoutTest, IsNeverReportedEarly)
 {
     const HostileServer server(staySilent);
     for (int i = 0; i < 20; ++i) {
@@ -148,7 +147,7 @@ TEST_F(HttpClientTimeoutTest, IsNeverReportedEarly)
     }
 }
 
-TEST_F(HttpClientTimeoutTest, OfNothingOrLessIsTheShortest)
+TEST_F(HttpFetchTimeoutTest, OfNothingOrLessIsTheShortest)
 {
     const HostileServer server(staySilent);
     for (const auto shortest : {0ms, -1ms, -1000000ms, std::chrono::milliseconds::min()}) {
@@ -161,7 +160,7 @@ TEST_F(HttpClientTimeoutTest, OfNothingOrLessIsTheShortest)
     }
 }
 
-TEST_F(HttpClientTimeoutTest, OfYearsIsNoTimeout)
+TEST_F(HttpFetchTimeoutTest, OfYearsIsNoTimeout)
 {
     const HostileServer server(answerAfter(20ms));
     for (const std::chrono::milliseconds longest :

@@ -18,7 +18,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-class HttpClientTest : public FetchFixture
+class HttpFetchTest : public FetchFixture
 {
 };
 
@@ -30,7 +30,7 @@ QByteArrayList methodsOf(const QList<SeenRequest> &requests)
     return methods;
 }
 
-TEST_F(HttpClientTest, ReportsStatusBodyAndTime)
+TEST_F(HttpFetchTest, ReportsStatusBodyAndTime)
 {
     const HostileServer server(answerAfter(20ms));
     const HttpResult result = fetch(server.url());
@@ -42,7 +42,7 @@ TEST_F(HttpClientTest, ReportsStatusBodyAndTime)
     EXPECT_EQ(result.error, QString());
 }
 
-TEST_F(HttpClientTest, ReportsEveryStatusAsAResponse)
+TEST_F(HttpFetchTest, ReportsEveryStatusAsAResponse)
 {
     const HostileServer server(answerWithStatus);
     for (const int status :
@@ -53,7 +53,7 @@ TEST_F(HttpClientTest, ReportsEveryStatusAsAResponse)
     }
 }
 
-TEST_F(HttpClientTest, FetchesFromARealServer)
+TEST_F(HttpFetchTest, FetchesFromARealServer)
 {
     const NginxServer server({NginxSite{}});
     const HttpResult result = fetch(server.url());
@@ -65,7 +65,7 @@ TEST_F(HttpClientTest, FetchesFromARealServer)
     EXPECT_EQ(server.accessLog(), QStringList(line.arg(server.port())));
 }
 
-TEST_F(HttpClientTest, SendsTheUserAgentAndNothingOfItsOwn)
+TEST_F(HttpFetchTest, SendsTheUserAgentAndNothingOfItsOwn)
 {
     const HostileServer server(answerWith("OK"));
     (void)fetch(server.url("/path?a=b"));
@@ -79,7 +79,7 @@ TEST_F(HttpClientTest, SendsTheUserAgentAndNothingOfItsOwn)
     EXPECT_EQ(request.header("User-Agent"), "Tester/1.0 (of the client)");
 }
 
-TEST_F(HttpClientTest, PostsNoBodyAndNoContentType)
+TEST_F(HttpFetchTest, PostsNoBodyAndNoContentType)
 {
     const HostileServer server(answerWith("OK"));
     EXPECT_TRUE(fetch(server.url(), "POST").hasResponse);
@@ -90,7 +90,7 @@ TEST_F(HttpClientTest, PostsNoBodyAndNoContentType)
     EXPECT_EQ(request.header("Expect"), std::nullopt);
 }
 
-TEST_F(HttpClientTest, HeadAsksForNoBodyAlsoAfterARedirect)
+TEST_F(HttpFetchTest, HeadAsksForNoBodyAlsoAfterARedirect)
 {
     const HostileServer server(redirectWithStatus);
     const HttpResult result = fetch(server.url("/302"), "HEAD");
@@ -99,7 +99,7 @@ TEST_F(HttpClientTest, HeadAsksForNoBodyAlsoAfterARedirect)
     EXPECT_EQ(methodsOf(server.requests()), QByteArrayList({"HEAD", "HEAD"}));
 }
 
-TEST_F(HttpClientTest, PostBecomesGetWhereBrowsersDoSo)
+TEST_F(HttpFetchTest, PostBecomesGetWhereBrowsersDoSo)
 {
     struct Case
     {
@@ -114,7 +114,7 @@ TEST_F(HttpClientTest, PostBecomesGetWhereBrowsersDoSo)
     }
 }
 
-TEST_F(HttpClientTest, FollowsTwentyRedirects)
+TEST_F(HttpFetchTest, FollowsTwentyRedirects)
 {
     const HostileServer server(countRedirectsDown);
     const HttpResult result = fetch(server.url("/20"));
@@ -123,7 +123,7 @@ TEST_F(HttpClientTest, FollowsTwentyRedirects)
     EXPECT_EQ(server.requests().size(), 21);
 }
 
-TEST_F(HttpClientTest, TwentyOneRedirectsAreAnError)
+TEST_F(HttpFetchTest, TwentyOneRedirectsAreAnError)
 {
     const HostileServer server(countRedirectsDown);
     const HttpResult result = fetch(server.url("/21"));
@@ -133,7 +133,7 @@ TEST_F(HttpClientTest, TwentyOneRedirectsAreAnError)
     EXPECT_EQ(server.requests().size(), 21);
 }
 
-TEST_F(HttpClientTest, FollowsToHttpAndHttpsOnly)
+TEST_F(HttpFetchTest, FollowsToHttpAndHttpsOnly)
 {
     for (const QByteArray location :
          {"ftp://127.0.0.1/", "file:///etc/hostname", "gopher://127.0.0.1/"}) {
@@ -144,7 +144,7 @@ TEST_F(HttpClientTest, FollowsToHttpAndHttpsOnly)
     }
 }
 
-TEST_F(HttpClientTest, ARedirectToWhatIsNoAddressIsAnError)
+TEST_F(HttpFetchTest, ARedirectToWhatIsNoAddressIsAnError)
 {
     for (const QByteArray location : {"http://", "http://[::g]/", "http://127.0.0.1:65536/"}) {
         const HostileServer server(redirectTo(location));
@@ -155,7 +155,7 @@ TEST_F(HttpClientTest, ARedirectToWhatIsNoAddressIsAnError)
     }
 }
 
-TEST_F(HttpClientTest, FollowsARedirectWithoutItsBody)
+TEST_F(HttpFetchTest, FollowsARedirectWithoutItsBody)
 {
     const HostileServer target(answerWith("arrived"));
     const HostileServer server([&](HostileConnection &connection, const SeenRequest &) {
@@ -166,7 +166,7 @@ TEST_F(HttpClientTest, FollowsARedirectWithoutItsBody)
     EXPECT_EQ(fetch(server.url()).body, "arrived");
 }
 
-TEST_F(HttpClientTest, FollowsRelativeRedirects)
+TEST_F(HttpFetchTest, FollowsRelativeRedirects)
 {
     const HostileServer server([](HostileConnection &connection, const SeenRequest &request) {
         if (request.target == "/a/b?c")
@@ -177,7 +177,7 @@ TEST_F(HttpClientTest, FollowsRelativeRedirects)
     EXPECT_EQ(fetch(server.url("/a/b?c")).body, "/d%20e?f");
 }
 
-TEST_F(HttpClientTest, ThePasswordGoesToItsOwnSiteOnly)
+TEST_F(HttpFetchTest, ThePasswordGoesToItsOwnSiteOnly)
 {
     const HostileServer other([](HostileConnection &connection, const SeenRequest &request) {
         connection.respond("200 OK", request.header("Authorization").value_or("none"));
@@ -197,7 +197,7 @@ TEST_F(HttpClientTest, ThePasswordGoesToItsOwnSiteOnly)
     EXPECT_EQ(fetchWithPassword("/away"), "none");
 }
 
-TEST_F(HttpClientTest, AHeaderThatIsTooLongIsCalledSo)
+TEST_F(HttpFetchTest, AHeaderThatIsTooLongIsCalledSo)
 {
     const HostileServer small(answerWithHeaderOf(90 * 1000));
     EXPECT_EQ(fetch(small.url()).body, "OK");
@@ -207,27 +207,27 @@ TEST_F(HttpClientTest, AHeaderThatIsTooLongIsCalledSo)
     EXPECT_EQ(result.error, QStringLiteral("A header of the response is too long"));
 }
 
-TEST_F(HttpClientTest, CookiesLastFromHopToHop)
+TEST_F(HttpFetchTest, CookiesLastFromHopToHop)
 {
     const HostileServer server(askForCookie);
     EXPECT_EQ(fetch(server.url("/")).statusCode, 200);
 }
 
-TEST_F(HttpClientTest, CookiesDontLastFromRequestToRequest)
+TEST_F(HttpFetchTest, CookiesDontLastFromRequestToRequest)
 {
     const HostileServer server(askForCookie);
     (void)fetch(server.url("/"));
     EXPECT_EQ(fetch(server.url("/show")).body, "none");
 }
 
-TEST_F(HttpClientTest, EveryRequestHasAConnectionOfItsOwn)
+TEST_F(HttpFetchTest, EveryRequestHasAConnectionOfItsOwn)
 {
     const NginxServer server(
         {NginxSite{.leaf = {}, .directives = "location / { return 200 $connection; }"}});
     EXPECT_NE(fetch(server.url()).body, fetch(server.url()).body);
 }
 
-TEST_F(HttpClientTest, DecodesGzip)
+TEST_F(HttpFetchTest, DecodesGzip)
 {
     const HostileServer server(sendGzip);
     EXPECT_EQ(fetch(server.url()).body, "gzip decoded");
@@ -235,7 +235,7 @@ TEST_F(HttpClientTest, DecodesGzip)
                 testing::HasSubstr("gzip"));
 }
 
-TEST_F(HttpClientTest, KeepsTheBodyUpToTheLimit)
+TEST_F(HttpFetchTest, KeepsTheBodyUpToTheLimit)
 {
     struct Case
     {
@@ -255,7 +255,7 @@ TEST_F(HttpClientTest, KeepsTheBodyUpToTheLimit)
     }
 }
 
-TEST_F(HttpClientTest, TheLimitCountsDecodedBytes)
+TEST_F(HttpFetchTest, TheLimitCountsDecodedBytes)
 {
     const HostileServer server(sendGzip);
     HttpRequest request = requestFor(server.url());
@@ -263,7 +263,7 @@ TEST_F(HttpClientTest, TheLimitCountsDecodedBytes)
     EXPECT_EQ(fetch(request).body, "gzip");
 }
 
-TEST_F(HttpClientTest, ReadsAGzipBombToItsEndWithoutGrowing)
+TEST_F(HttpFetchTest, ReadsAGzipBombToItsEndWithoutGrowing)
 {
     const HostileServer server(sendGzipBomb);
     const std::size_t before = mallinfo2().uordblks;
@@ -274,30 +274,30 @@ TEST_F(HttpClientTest, ReadsAGzipBombToItsEndWithoutGrowing)
     EXPECT_LT(mallinfo2().uordblks, before + std::size_t(16) * 1024 * 1024);
 }
 
-TEST_F(HttpClientTest, ABodyMayEndWithTheConnection)
+TEST_F(HttpFetchTest, ABodyMayEndWithTheConnection)
 {
     const HostileServer server(sendBodyUntilClose);
     EXPECT_EQ(fetch(server.url()).body, "until the end");
 }
 
 /// Trusts the authority of the test's certificates.
-class HttpClientTlsTest : public testing::Test
+class HttpFetchTlsTest : public testing::Test
 {
 protected:
     [[nodiscard]] HttpResult fetchClosedWithoutNotify(const QByteArray &response)
     {
         const HostileServer server(closeWithoutNotify(m_certificates.valid(), response),
                                    HostileServer::Greeting::None);
-        return m_client.fetch(requestFor(server.url("/", "https"))).result();
+        return m_network.fetch(requestFor(server.url("/", "https"))).result();
     }
 
 private:
     TestCertificates m_certificates;
-    IoThread m_ioThread{{.trustStore = {.directory = {}, .file = m_certificates.authorityFile()}}};
-    HttpClient m_client{m_ioThread};
+    CurlNetwork m_network{
+        {.trustStore = {.directory = {}, .file = m_certificates.authorityFile()}}};
 };
 
-TEST_F(HttpClientTlsTest, ABodyMayEndWithTheConnectionWithoutACloseNotify)
+TEST_F(HttpFetchTlsTest, ABodyMayEndWithTheConnectionWithoutACloseNotify)
 {
     const HttpResult result =
         fetchClosedWithoutNotify("HTTP/1.1 200 OK\r\nConnection: close\r\n\r\nuntil the end");
@@ -306,7 +306,7 @@ TEST_F(HttpClientTlsTest, ABodyMayEndWithTheConnectionWithoutACloseNotify)
     EXPECT_EQ(result.body, "until the end");
 }
 
-TEST_F(HttpClientTlsTest, ABodyThatIsShorterThanPromisedIsNoResponse)
+TEST_F(HttpFetchTlsTest, ABodyThatIsShorterThanPromisedIsNoResponse)
 {
     const HttpResult result =
         fetchClosedWithoutNotify("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nuntil the end");
@@ -325,11 +325,11 @@ void PrintTo(const BrokenOff &example, std::ostream *out)
     *out << example.name;
 }
 
-class HttpClientBrokenOffTest : public FetchFixture, public testing::WithParamInterface<BrokenOff>
+class HttpFetchBrokenOffTest : public FetchFixture, public testing::WithParamInterface<BrokenOff>
 {
 };
 
-TEST_P(HttpClientBrokenOffTest, IsNoResponse)
+TEST_P(HttpFetchBrokenOffTest, IsNoResponse)
 {
     const HostileServer server(GetParam().behaviour);
     const HttpResult result = fetch(server.url());
@@ -340,7 +340,7 @@ TEST_P(HttpClientBrokenOffTest, IsNoResponse)
     EXPECT_FALSE(result.error.contains(u'\n'));
 }
 
-INSTANTIATE_TEST_SUITE_P(All, HttpClientBrokenOffTest,
+INSTANTIATE_TEST_SUITE_P(All, HttpFetchBrokenOffTest,
                          testing::Values(BrokenOff{"ShortBody", sendShortBody},
                                          BrokenOff{"ResetInBody", resetInBody},
                                          BrokenOff{"ChunksWithoutEnd", breakOffChunks},
@@ -359,13 +359,13 @@ void PrintTo(const Refusal &example, std::ostream *out)
     *out << example.name;
 }
 
-class HttpClientRefusalTest : public FetchFixture, public testing::WithParamInterface<Refusal>
+class HttpFetchRefusalTest : public FetchFixture, public testing::WithParamInterface<Refusal>
 {
 };
 
-TEST_P(HttpClientRefusalTest, EndsAtOnce)
+TEST_P(HttpFetchRefusalTest, EndsAtOnce)
 {
-    const QFuture<HttpResult> future = m_client.fetch(requestFor(GetParam().url));
+    const QFuture<HttpResult> future = m_network.fetch(requestFor(GetParam().url));
     ASSERT_TRUE(future.isFinished());
     const HttpResult result = future.result();
     EXPECT_FALSE(result.hasResponse);
@@ -377,7 +377,7 @@ const QString unsupported = QStringLiteral("Unsupported URL scheme");
 const QString malformed = QStringLiteral("URL using bad/illegal format or missing URL");
 
 INSTANTIATE_TEST_SUITE_P(
-    All, HttpClientRefusalTest,
+    All, HttpFetchRefusalTest,
     testing::Values(Refusal{"NoScheme", "127.0.0.1", unsupported},
                     Refusal{"NoSchemeButAPort", "localhost:80", unsupported},
                     Refusal{"NoSchemeButAPath", "localhost/path", unsupported},
@@ -391,13 +391,13 @@ INSTANTIATE_TEST_SUITE_P(
                     Refusal{"Null", QByteArray("http://127.0.0.1/\0x", 19), malformed}),
     [](const auto &test) { return std::string(test.param.name); });
 
-TEST_F(HttpClientTest, TakesASchemeInAnyCase)
+TEST_F(HttpFetchTest, TakesASchemeInAnyCase)
 {
     const HostileServer server(answerWith("OK"));
     EXPECT_TRUE(fetch(server.url("/", "HTTP")).hasResponse);
 }
 
-TEST_F(HttpClientTest, SaysWhyThereIsNoConnection)
+TEST_F(HttpFetchTest, SaysWhyThereIsNoConnection)
 {
     const QByteArray port = QByteArray::number(closedPort());
     const HttpResult result = fetch("http://127.0.0.1:" + port + "/");
@@ -406,7 +406,7 @@ TEST_F(HttpClientTest, SaysWhyThereIsNoConnection)
                 testing::StartsWith("Failed to connect to 127.0.0.1 port " + port.toStdString()));
 }
 
-TEST_F(HttpClientTest, FetchesFromIpv6)
+TEST_F(HttpFetchTest, FetchesFromIpv6)
 {
     const HostileServer server(answerWith("OK"), HostileServer::Greeting::ReadRequest,
                                LoopbackFamily::Ipv6);
@@ -415,7 +415,7 @@ TEST_F(HttpClientTest, FetchesFromIpv6)
     EXPECT_TRUE(fetch("http://[::1]:" + QByteArray::number(server.port()) + "/").hasResponse);
 }
 
-TEST_F(HttpClientTest, AnInvalidHostNameIsNotFound)
+TEST_F(HttpFetchTest, AnInvalidHostNameIsNotFound)
 {
     // The dot at both ends makes it a name that no resolver asks a server for.
     const HttpResult result = fetch("http://.bad./");
@@ -424,7 +424,7 @@ TEST_F(HttpClientTest, AnInvalidHostNameIsNotFound)
     EXPECT_GT(result.elapsed, 0us);
 }
 
-TEST_F(HttpClientTest, UsesTheProxyThatTheEnvironmentNames)
+TEST_F(HttpFetchTest, UsesTheProxyThatTheEnvironmentNames)
 {
     const HostileServer proxy(answerWith("from the proxy"));
     qputenv("http_proxy", proxy.url());
@@ -433,7 +433,7 @@ TEST_F(HttpClientTest, UsesTheProxyThatTheEnvironmentNames)
     EXPECT_EQ(result.body, "from the proxy");
 }
 
-TEST_F(HttpClientTest, TakesRequestsFromSeveralThreadsAtOnce)
+TEST_F(HttpFetchTest, TakesRequestsFromSeveralThreadsAtOnce)
 {
     constexpr int threadCount = 4;
     constexpr int fetchesPerThread = 25;

@@ -1,7 +1,5 @@
-#include "TcpConnector.h"
-
+#include "CurlNetwork.h"
 #include "HostileBehaviours.h"
-#include "IoThread.h"
 #include "LoopbackListener.h"
 
 #include <gtest/gtest.h>
@@ -12,20 +10,19 @@ namespace {
 
 using namespace std::chrono_literals;
 
-class TcpConnectorTest : public testing::Test
+class TcpConnectTest : public testing::Test
 {
 protected:
     [[nodiscard]] TcpResult connect(const QString &host, quint16 port,
                                     std::chrono::milliseconds timeout = 10s)
     {
-        return m_connector.connect(host, port, timeout).result();
+        return m_network.connect(host, port, timeout).result();
     }
 
-    IoThread m_ioThread;
-    TcpConnector m_connector{m_ioThread};
+    CurlNetwork m_network;
 };
 
-TEST_F(TcpConnectorTest, ConnectsToAnOpenPort)
+TEST_F(TcpConnectTest, ConnectsToAnOpenPort)
 {
     const LoopbackListener listener;
     const TcpResult result = connect(QStringLiteral("127.0.0.1"), listener.port());
@@ -34,14 +31,14 @@ TEST_F(TcpConnectorTest, ConnectsToAnOpenPort)
     EXPECT_LT(result.elapsed, 1s);
 }
 
-TEST_F(TcpConnectorTest, SendsNothing)
+TEST_F(TcpConnectTest, SendsNothing)
 {
     const HostileServer server(answerWith("OK"));
     EXPECT_TRUE(connect(QStringLiteral("127.0.0.1"), server.port()).isConnected);
     EXPECT_TRUE(server.requests().isEmpty());
 }
 
-TEST_F(TcpConnectorTest, ARefusalEndsAtOnce)
+TEST_F(TcpConnectTest, ARefusalEndsAtOnce)
 {
     const TcpResult result = connect(QStringLiteral("127.0.0.1"), closedPort());
     EXPECT_FALSE(result.isConnected);
@@ -49,7 +46,7 @@ TEST_F(TcpConnectorTest, ARefusalEndsAtOnce)
     EXPECT_LT(result.elapsed, 1s);
 }
 
-TEST_F(TcpConnectorTest, ATimeoutEndsTheAttempt)
+TEST_F(TcpConnectTest, ATimeoutEndsTheAttempt)
 {
     const BlackholePort target;
     const TcpResult result = connect(QStringLiteral("127.0.0.1"), target.port(), 300ms);
@@ -58,7 +55,7 @@ TEST_F(TcpConnectorTest, ATimeoutEndsTheAttempt)
     EXPECT_LE(result.elapsed, 800ms);
 }
 
-TEST_F(TcpConnectorTest, ATimeoutOfNothingOrLessIsTheShortest)
+TEST_F(TcpConnectTest, ATimeoutOfNothingOrLessIsTheShortest)
 {
     const BlackholePort target;
     for (const auto timeout : {0ms, -1ms}) {
@@ -69,14 +66,14 @@ TEST_F(TcpConnectorTest, ATimeoutOfNothingOrLessIsTheShortest)
     }
 }
 
-TEST_F(TcpConnectorTest, ConnectsToAName)
+TEST_F(TcpConnectTest, ConnectsToAName)
 {
     const LoopbackListener listener;
     EXPECT_TRUE(connect(QStringLiteral("localhost"), listener.port()).isConnected);
     EXPECT_TRUE(connect(QStringLiteral("LOCALHOST"), listener.port()).isConnected);
 }
 
-TEST_F(TcpConnectorTest, ConnectsToIpv6)
+TEST_F(TcpConnectTest, ConnectsToIpv6)
 {
     const LoopbackListener listener(LoopbackFamily::Ipv6);
     if (!listener.isListening())
@@ -84,7 +81,7 @@ TEST_F(TcpConnectorTest, ConnectsToIpv6)
     EXPECT_TRUE(connect(QStringLiteral("::1"), listener.port()).isConnected);
 }
 
-TEST_F(TcpConnectorTest, TriesBothFamiliesOfAName)
+TEST_F(TcpConnectTest, TriesBothFamiliesOfAName)
 {
     // Of the addresses that the name has, only the one of this family listens.
     const LoopbackListener listener(LoopbackFamily::Ipv6);
@@ -93,7 +90,7 @@ TEST_F(TcpConnectorTest, TriesBothFamiliesOfAName)
     EXPECT_TRUE(connect(QStringLiteral("localhost"), listener.port()).isConnected);
 }
 
-TEST_F(TcpConnectorTest, WhatIsNoHostIsNotConnectedAtOnce)
+TEST_F(TcpConnectTest, WhatIsNoHostIsNotConnectedAtOnce)
 {
     const LoopbackListener listener;
     for (const QString &host :
@@ -102,21 +99,21 @@ TEST_F(TcpConnectorTest, WhatIsNoHostIsNotConnectedAtOnce)
           QStringLiteral("127.0.0.1/path"), QStringLiteral("user@127.0.0.1"),
           QStringLiteral("127.0.0.1:80"), QStringLiteral("[::1]"), QStringLiteral("::g"),
           QStringLiteral("%6c%6f"), QStringLiteral("127.0.0.1\u0000x")}) {
-        const QFuture<TcpResult> future = m_connector.connect(host, listener.port(), 10s);
+        const QFuture<TcpResult> future = m_network.connect(host, listener.port(), 10s);
         ASSERT_TRUE(future.isFinished()) << host.toStdString();
         EXPECT_FALSE(future.result().isConnected) << host.toStdString();
         EXPECT_EQ(future.result().elapsed, 0us);
     }
 }
 
-TEST_F(TcpConnectorTest, AnInternationalNameIsLookedUpInItsAsciiForm)
+TEST_F(TcpConnectTest, AnInternationalNameIsLookedUpInItsAsciiForm)
 {
     // Letters of full width are the plain ones to a resolver.
     const LoopbackListener listener;
     EXPECT_TRUE(connect(QStringLiteral("ｌｏｃａｌｈｏｓｔ"), listener.port()).isConnected);
 }
 
-TEST_F(TcpConnectorTest, NeverUsesAProxy)
+TEST_F(TcpConnectTest, NeverUsesAProxy)
 {
     const LoopbackListener proxy;
     const QByteArray address = "http://127.0.0.1:" + QByteArray::number(proxy.port());
@@ -127,7 +124,7 @@ TEST_F(TcpConnectorTest, NeverUsesAProxy)
         qunsetenv(name);
 }
 
-TEST_F(TcpConnectorTest, PortZeroIsNotConnected)
+TEST_F(TcpConnectTest, PortZeroIsNotConnected)
 {
     EXPECT_FALSE(connect(QStringLiteral("127.0.0.1"), 0).isConnected);
 }
