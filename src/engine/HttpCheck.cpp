@@ -1,8 +1,8 @@
 #include "HttpCheck.h"
 
 #include "Address.h"
+#include "CalendarDays.h"
 #include "CaselessSearch.h"
-#include "CertificateDays.h"
 #include "ContinueOn.h"
 #include "NotificationManager.h"
 #include "SSLCaptureDelegate.h"
