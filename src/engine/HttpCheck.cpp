@@ -1,10 +1,8 @@
 #include "HttpCheck.h"
 
 #include "Address.h"
-#include "CalendarDays.h"
 #include "CaselessSearch.h"
 #include "ContinueOn.h"
-#include "NotificationManager.h"
 #include "SSLCaptureDelegate.h"
 #include "TransferTimeout.h"
 
@@ -94,18 +92,15 @@ Check invalidAddressCheck(const Monitor &monitor, Timestamp timestamp)
 
 } // namespace
 
-HttpCheck::HttpCheck(Fetch fetch, NotificationManager &notifications, WallClock now,
-                     QObject *parent)
+HttpCheck::HttpCheck(Fetch fetch, WallClock now, QObject *parent)
     : QObject(parent)
     , m_fetch(std::move(fetch))
-    , m_notifications(notifications)
     , m_now(std::move(now))
 {
 }
 
-HttpCheck::HttpCheck(Network &network, NotificationManager &notifications)
-    : HttpCheck([&network](const HttpRequest &request) { return network.fetch(request); },
-                notifications)
+HttpCheck::HttpCheck(Network &network)
+    : HttpCheck([&network](const HttpRequest &request) { return network.fetch(request); })
 {
 }
 
@@ -127,7 +122,7 @@ QFuture<Check> HttpCheck::run(const Monitor &monitor)
                       });
 }
 
-Check HttpCheck::judge(const Monitor &monitor, const Answer &answer)
+Check HttpCheck::judge(const Monitor &monitor, const Answer &answer) const
 {
     const HttpResult &result = answer.result;
     Check check = newCheck(monitor, m_now());
@@ -142,26 +137,7 @@ Check HttpCheck::judge(const Monitor &monitor, const Answer &answer)
     check.keywordFound = answer.keywordFound;
     applyStatusRule(check);
     applyKeywordRule(check, monitor);
-    notifyIfSlow(monitor, check);
-    notifyIfCertificateExpires(monitor, check);
     return check;
-}
-
-void HttpCheck::notifyIfSlow(const Monitor &monitor, const Check &check)
-{
-    const Milliseconds responseTime(check.responseTime);
-    const auto &threshold = monitor.responseTimeThreshold;
-    if (check.isUp && threshold && *threshold < responseTime)
-        m_notifications.notifySlow(monitor, responseTime, *threshold);
-}
-
-void HttpCheck::notifyIfCertificateExpires(const Monitor &monitor, const Check &check)
-{
-    if (!check.sslExpiresAt)
-        return;
-    const qint64 days = wholeDaysBetween(m_now(), *check.sslExpiresAt);
-    if (monitor.sslExpiryWarningDays >= days)
-        m_notifications.notifyCertificateExpiring(monitor, days);
 }
 
 } // namespace ostrel

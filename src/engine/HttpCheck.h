@@ -10,11 +10,7 @@
 
 namespace ostrel {
 
-class NotificationManager;
-
 /// Fetches a monitor's address and judges the answer: the status code first, then the keyword.
-/// Sends the notifications that depend on the one response alone, "slow" and "certificate
-/// expiring", on every check to which they apply; the monitor's switches don't gate them.
 class HttpCheck : public QObject, public MonitorCheck
 {
     Q_OBJECT
@@ -28,11 +24,9 @@ public:
     /// How a request is sent: Network::fetch.
     using Fetch = std::function<QFuture<HttpResult>(const HttpRequest &)>;
 
-    /// @p notifications outlives the check.
-    HttpCheck(Fetch fetch, NotificationManager &notifications, WallClock now = systemNow,
-              QObject *parent = nullptr);
-    /// @p network outlives the check too.
-    HttpCheck(Network &network, NotificationManager &notifications);
+    explicit HttpCheck(Fetch fetch, WallClock now = systemNow, QObject *parent = nullptr);
+    /// @p network outlives the check.
+    explicit HttpCheck(Network &network);
 
     [[nodiscard]] QFuture<Check> run(const Monitor &monitor) override;
 
@@ -45,12 +39,9 @@ private:
         std::optional<bool> keywordFound;
     };
 
-    [[nodiscard]] Check judge(const Monitor &monitor, const Answer &answer);
-    void notifyIfSlow(const Monitor &monitor, const Check &check);
-    void notifyIfCertificateExpires(const Monitor &monitor, const Check &check);
+    [[nodiscard]] Check judge(const Monitor &monitor, const Answer &answer) const;
 
     Fetch m_fetch;
-    NotificationManager &m_notifications;
     WallClock m_now;
 };
 
