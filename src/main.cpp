@@ -164,7 +164,7 @@ private:
         QObject::connect(networkPresence.get(), &NetworkPresence::isPresentChanged, &instance,
                          dropConnections);
         NotificationManager notifications(*notificationCenter);
-        HttpCheck httpCheck(network, notifications);
+        HttpCheck httpCheck(network);
         PortCheck portCheck(network);
         TimerSleeper sleeper(&continuousNow);
 

@@ -3,7 +3,7 @@
 #include "CheckJson.h"
 #include "FixedPoint.h"
 #include "HttpCheck.h"
-#include "NotificationManager.h"
+#include "NotificationRules.h"
 #include "OneLine.h"
 #include "PortCheck.h"
 
@@ -14,14 +14,6 @@
 namespace ostrel {
 
 namespace {
-
-/// For a check that nobody is to be notified of.
-class SilentNotificationCenter : public NotificationCenter
-{
-public:
-    void requestAuthorization() override {}
-    void add(const NotificationRequest &) override {}
-};
 
 void waitFor(const QFuture<Check> &future)
 {
@@ -60,9 +52,9 @@ QStringList details(const Monitor &monitor, const Check &check)
     QStringList lines;
     if (check.error)
         lines += oneLine(*check.error);
-    const auto &threshold = monitor.responseTimeThreshold;
-    if (check.isUp && threshold && check.responseTime > threshold->count())
-        lines += QStringLiteral("Slow: the threshold is %1").arg(milliseconds(threshold->count()));
+    if (isSlow(monitor, check))
+        lines += QStringLiteral("Slow: the threshold is %1")
+                     .arg(milliseconds(monitor.responseTimeThreshold->count()));
     if (check.keywordFound && !check.error)
         lines += *check.keywordFound ? QStringLiteral("Keyword found")
                                      : QStringLiteral("Keyword not found, as wished");
@@ -76,9 +68,7 @@ QStringList details(const Monitor &monitor, const Check &check)
 
 Check runCheckOnce(const CheckInvocation &invocation, Network &network)
 {
-    SilentNotificationCenter silence;
-    NotificationManager notifications(silence);
-    HttpCheck httpCheck(network, notifications);
+    HttpCheck httpCheck(network);
     PortCheck portCheck(network);
     MonitorCheck &check = invocation.monitor.type == MonitorType::http
                               ? static_cast<MonitorCheck &>(httpCheck)

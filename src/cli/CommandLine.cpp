@@ -20,8 +20,6 @@ namespace ostrel {
 
 namespace {
 
-constexpr double defaultTimeoutSeconds = 30;
-
 QString text(const char *english)
 {
     return QString::fromLatin1(english);
@@ -278,7 +276,8 @@ Monitor monitorFrom(const QCommandLineParser &parser, const CheckValues &values,
 {
     Monitor monitor{.id = QUuid::createUuid(), .url = target.url};
     monitor.method = *values.method;
-    monitor.timeout = Seconds(values.timeout.value.value_or(defaultTimeoutSeconds));
+    if (values.timeout.value)
+        monitor.timeout = Seconds(*values.timeout.value);
     monitor.createdAt = systemNow();
     monitor.type = target.port ? MonitorType::port : MonitorType::http;
     monitor.port = target.port;

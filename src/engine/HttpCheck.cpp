@@ -3,10 +3,8 @@
 #include "Address.h"
 #include "BodyReader.h"
 #include "CaselessSearch.h"
-#include "CertificateDays.h"
 #include "ContinueOn.h"
 #include "Network.h"
-#include "NotificationManager.h"
 #include "SSLCaptureDelegate.h"
 #include "TransferTimeout.h"
 
@@ -96,9 +94,8 @@ Check invalidAddressCheck(const Monitor &monitor, Timestamp timestamp)
 
 } // namespace
 
-HttpCheck::HttpCheck(Network &network, NotificationManager &notifications, WallClock now)
+HttpCheck::HttpCheck(Network &network, WallClock now)
     : m_network(network)
-    , m_notifications(notifications)
     , m_now(std::move(now))
 {
 }
@@ -121,7 +118,7 @@ QFuture<Check> HttpCheck::run(const Monitor &monitor)
                       });
 }
 
-Check HttpCheck::judge(const Monitor &monitor, const Answer &answer)
+Check HttpCheck::judge(const Monitor &monitor, const Answer &answer) const
 {
     const HttpResult &result = answer.result;
     Check check = newCheck(monitor, m_now());
@@ -136,26 +133,7 @@ Check HttpCheck::judge(const Monitor &monitor, const Answer &answer)
     check.keywordFound = answer.keywordFound;
     applyStatusRule(check);
     applyKeywordRule(check, monitor);
-    notifyIfSlow(monitor, check);
-    notifyIfCertificateExpires(monitor, check);
     return check;
-}
-
-void HttpCheck::notifyIfSlow(const Monitor &monitor, const Check &check)
-{
-    const Milliseconds responseTime(check.responseTime);
-    const auto &threshold = monitor.responseTimeThreshold;
-    if (check.isUp && threshold && *threshold < responseTime)
-        m_notifications.notifySlow(monitor, responseTime, *threshold);
-}
-
-void HttpCheck::notifyIfCertificateExpires(const Monitor &monitor, const Check &check)
-{
-    if (!check.sslExpiresAt)
-        return;
-    const qint64 days = wholeDaysBetween(m_now(), *check.sslExpiresAt);
-    if (monitor.sslExpiryWarningDays >= days)
-        m_notifications.notifyCertificateExpiring(monitor, days);
 }
 
 } // namespace ostrel

@@ -9,12 +9,9 @@
 namespace ostrel {
 
 class Network;
-class NotificationManager;
 struct HttpResult;
 
 /// Fetches a monitor's address and judges the answer: the status code first, then the keyword.
-/// Sends the notifications that depend on the one response alone, "slow" and "certificate
-/// expiring", on every check to which they apply; the monitor's switches don't gate them.
 class HttpCheck : public QObject, public MonitorCheck
 {
     Q_OBJECT
@@ -25,8 +22,8 @@ public:
         "Mozilla/5.0 (Macintosh; Intel Mac OS X 14_0) AppleWebKit/605.1.15 (KHTML, like Gecko) "
         "Version/17.0 Safari/605.1.15";
 
-    /// @p network and @p notifications outlive the check.
-    HttpCheck(Network &network, NotificationManager &notifications, WallClock now = systemNow);
+    /// @p network outlives the check.
+    explicit HttpCheck(Network &network, WallClock now = systemNow);
 
     [[nodiscard]] QFuture<Check> run(const Monitor &monitor) override;
 
@@ -39,12 +36,9 @@ private:
         std::optional<bool> keywordFound;
     };
 
-    [[nodiscard]] Check judge(const Monitor &monitor, const Answer &answer);
-    void notifyIfSlow(const Monitor &monitor, const Check &check);
-    void notifyIfCertificateExpires(const Monitor &monitor, const Check &check);
+    [[nodiscard]] Check judge(const Monitor &monitor, const Answer &answer) const;
 
     Network &m_network;
-    NotificationManager &m_notifications;
     WallClock m_now;
 };
 

@@ -14,7 +14,7 @@ namespace ostrel {
     return {.id = QUuid::createUuid(), .monitorId = monitor.id, .timestamp = timestamp};
 }
 
-/// One way to check a monitor. Main thread.
+/// One way to check a monitor. Only looks: it records nothing and notifies nobody. Main thread.
 class MonitorCheck
 {
 public:

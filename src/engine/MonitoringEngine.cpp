@@ -7,6 +7,7 @@
 #include "MonitorStore.h"
 #include "NetworkPresence.h"
 #include "NotificationManager.h"
+#include "NotificationRules.h"
 #include "PeriodicTask.h"
 #include "Sleeper.h"
 #include "WakeSignal.h"
@@ -21,9 +22,6 @@ namespace ostrel {
 namespace {
 
 using namespace std::chrono_literals;
-
-// One failure may be chance; the second in a row is told, once.
-constexpr qint64 failuresUntilDown = 2;
 
 /// So long at most, not counting the sleep itself, are results dropped for a sleep that is near: if
 /// nobody tells of its end, it isn't coming.
@@ -93,11 +91,12 @@ void MonitoringEngine::checkNow(const Monitor &monitor)
 
 void MonitoringEngine::handleResult(const Check &check, const Monitor &monitor)
 {
+    const qint64 failuresBefore = m_consecutiveFailures.value(monitor.id);
+    const DueNotifications due = dueNotifications(monitor, check, failuresBefore);
+    tellOfResponse(due, check, monitor);
     m_services.store.addCheck(check);
-    if (check.isUp)
-        handleSuccess(check, monitor);
-    else
-        handleFailure(check, monitor);
+    setConsecutiveFailures(monitor.id, check.isUp ? 0 : failuresBefore + 1);
+    tellOfOutage(due, check, monitor);
 }
 
 QFuture<void> MonitoringEngine::runCheck(const Monitor &monitor, Occasion occasion)
@@ -180,19 +179,22 @@ void MonitoringEngine::checkAllAnew()
     }
 }
 
-void MonitoringEngine::handleFailure(const Check &check, const Monitor &monitor)
+void MonitoringEngine::tellOfResponse(const DueNotifications &due, const Check &check,
+                                      const Monitor &monitor)
 {
-    const qint64 count = m_consecutiveFailures.value(monitor.id) + 1;
-    setConsecutiveFailures(monitor.id, count);
-    if (count == failuresUntilDown && monitor.notifyOnDown)
-        m_services.notifications.notifyDown(monitor, check.error);
+    if (due.slow)
+        m_services.notifications.notifySlow(monitor, Milliseconds(check.responseTime),
+                                            *monitor.responseTimeThreshold);
+    if (due.certificateDays)
+        m_services.notifications.notifyCertificateExpiring(monitor, *due.certificateDays);
 }
 
-void MonitoringEngine::handleSuccess(const Check &check, const Monitor &monitor)
+void MonitoringEngine::tellOfOutage(const DueNotifications &due, const Check &check,
+                                    const Monitor &monitor)
 {
-    const bool wasDown = m_consecutiveFailures.value(monitor.id) >= failuresUntilDown;
-    setConsecutiveFailures(monitor.id, 0);
-    if (wasDown && monitor.notifyOnRecovery)
+    if (due.down)
+        m_services.notifications.notifyDown(monitor, check.error);
+    if (due.recovery)
         m_services.notifications.notifyRecovery(monitor, Milliseconds(check.responseTime));
 }
 

@@ -21,6 +21,7 @@ class NotificationManager;
 class PeriodicTask;
 class Sleeper;
 class WakeSignal;
+struct DueNotifications;
 
 /// What the engine works with. All of it outlives the engine.
 struct EngineServices
@@ -35,11 +36,12 @@ struct EngineServices
 };
 
 /// The one scheduler: keeps a periodic task for every enabled monitor, hands every result to the
-/// store, and turns runs of failures and recoveries into notifications. Main thread only.
+/// store, and sends the notifications that are due. Main thread only.
 ///
-/// What is no site's fault isn't recorded. While the computer has no network, scheduled checks of
-/// other computers wait. When it has one again, and after a sleep, what was under way is dropped,
-/// and every enabled monitor is checked once; a check that fell due meanwhile is that one.
+/// What is no site's fault is neither recorded nor told. While the computer has no network,
+/// scheduled checks of other computers wait. When it has one again, and after a sleep, what was
+/// under way is dropped, and every enabled monitor is checked once; a check that fell due meanwhile
+/// is that one.
 class MonitoringEngine : public QObject
 {
     Q_OBJECT
@@ -67,8 +69,9 @@ public:
     /// Checks @p monitor at once, enabled or not, beside its periodic task.
     void checkNow(const Monitor &monitor);
 
-    /// Where every check ends: records it, counts failures, notifies on the second failure in a
-    /// row and on the first success after that.
+    /// Where every check ends: records it, counts failures, and sends the notifications that are
+    /// due for it. Those about the one response are sent before it is recorded, those about the
+    /// monitor's going down or coming back after that.
     void handleResult(const Check &check, const Monitor &monitor);
 
 Q_SIGNALS:
@@ -100,8 +103,8 @@ private:
     void holdForSleep();
     /// Drops what is under way, and checks every enabled monitor once.
     void checkAllAnew();
-    void handleFailure(const Check &check, const Monitor &monitor);
-    void handleSuccess(const Check &check, const Monitor &monitor);
+    void tellOfResponse(const DueNotifications &due, const Check &check, const Monitor &monitor);
+    void tellOfOutage(const DueNotifications &due, const Check &check, const Monitor &monitor);
     void setConsecutiveFailures(const QUuid &monitorId, qint64 count);
 
     EngineServices m_services;

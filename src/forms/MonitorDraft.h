@@ -13,7 +13,7 @@ struct MonitorDraft
     QString portText = {}; ///< Counts for port monitors only, but is stored for all.
     Seconds interval = rawValue(CheckInterval::fiveMinutes);
     HTTPMethod method = HTTPMethod::GET;
-    Seconds timeout{30};
+    Seconds timeout = Monitor().timeout;
     MonitorType monitorType = MonitorType::http;
     QString keyword = {}; ///< Empty for none.
     bool keywordShouldExist = true;

@@ -3,7 +3,6 @@
 #include "ClipboardSuggestion.h"
 #include "HostAndPort.h"
 #include "MonitorStore.h"
-#include "MonitoringEngine.h"
 #include "OneLine.h"
 #include "ProductConstants.h"
 #include "TimeoutText.h"
@@ -34,11 +33,9 @@ MonitorDraft withTypedUrl(MonitorDraft draft, const QString &text)
 
 } // namespace
 
-MonitorForm::MonitorForm(MonitorStore &store, MonitoringEngine &engine, WallClock now,
-                         QObject *parent)
+MonitorForm::MonitorForm(MonitorStore &store, WallClock now, QObject *parent)
     : QObject(parent)
     , m_store(store)
-    , m_engine(engine)
     , m_now(std::move(now))
 {
 }
@@ -213,27 +210,24 @@ bool MonitorForm::save()
     if (!isValid())
         return false;
     if (isEditing())
-        saveEdited();
+        Q_EMIT edited(editedMonitor());
     else
         create();
     return true;
 }
 
-void MonitorForm::saveEdited()
+Monitor MonitorForm::editedMonitor() const
 {
     // What the form doesn't show may have changed while it was open: a title came in, a menu
     // paused the monitor. Only one that was deleted is saved as it was shown, and ignored.
     const auto stored = m_store.monitor(m_editingMonitor->id);
-    const Monitor edited = withDraft(stored.value_or(*m_editingMonitor), m_draft);
-    m_store.updateMonitor(edited);
-    m_engine.startMonitoring(edited);
+    return withDraft(stored.value_or(*m_editingMonitor), m_draft);
 }
 
 void MonitorForm::create()
 {
     const Monitor monitor = newMonitor(m_draft, m_now());
-    m_store.addMonitor(monitor);
-    m_engine.startMonitoring(monitor);
+    Q_EMIT created(monitor);
     if (monitor.type == MonitorType::http)
         Q_EMIT websiteCreated(monitor.id, monitor.url);
 }

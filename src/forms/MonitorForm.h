@@ -13,10 +13,9 @@
 namespace ostrel {
 
 class MonitorStore;
-class MonitoringEngine;
 
 /// The form that makes a new monitor or changes one. Lives on the main thread; begin it anew each
-/// time that it is shown. Until save() nothing outside changes.
+/// time that it is shown. Until save() nothing outside changes; that hands the monitor over.
 class MonitorForm : public QObject
 {
     Q_OBJECT
@@ -55,9 +54,8 @@ class MonitorForm : public QObject
     Q_PROPERTY(QString hostPlaceholder READ hostPlaceholder CONSTANT)
 
 public:
-    /// @p store and @p engine outlive the form.
-    MonitorForm(MonitorStore &store, MonitoringEngine &engine, WallClock now = systemNow,
-                QObject *parent = nullptr);
+    /// @p store outlives the form.
+    explicit MonitorForm(MonitorStore &store, WallClock now = systemNow, QObject *parent = nullptr);
 
     [[nodiscard]] QString url() const { return m_draft.url; }
     /// A website's address that names a host and a port instead turns the form to port monitors,
@@ -112,8 +110,8 @@ public:
     /// Fills in the clipboard's address, where it is suggested.
     Q_INVOKABLE void pasteSuggestion();
 
-    /// Stores what was typed and watches it from now on. False, and without any effect, while the
-    /// form isn't valid.
+    /// Hands over what was typed, by created() or edited(). False, and without any effect, while
+    /// the form isn't valid.
     Q_INVOKABLE bool save();
 
     /// Names the monitor with this id after its page, unless it was deleted meanwhile.
@@ -122,21 +120,24 @@ public:
 Q_SIGNALS:
     /// Any of the properties has changed.
     void changed();
-    /// A new website is stored and watched: its title, for applyTitle, and its icon can be looked
-    /// up.
+    /// @p monitor is to be stored and watched from now on.
+    void created(const Monitor &monitor);
+    /// @p monitor is to be stored in place of the one of its id, and to be watched anew.
+    void edited(const Monitor &monitor);
+    /// A website has been handed over by created(): its title, for applyTitle, and its icon can be
+    /// looked up.
     void websiteCreated(const QUuid &monitorId, const QString &address);
 
 private:
     void begin(const std::optional<Monitor> &monitor, const QString &clipboardText);
+    [[nodiscard]] Monitor editedMonitor() const;
     void create();
-    void saveEdited();
 
     /// Gives @p field its new value, and tells.
     template<typename T>
     void set(T &field, const T &value);
 
     MonitorStore &m_store;
-    MonitoringEngine &m_engine;
     WallClock m_now;
     std::optional<Monitor> m_editingMonitor; ///< Absent for a new one.
     std::optional<QString> m_clipboardURL;

@@ -1,6 +1,5 @@
 #include "CannedForm.h"
 
-#include "CannedEngine.h"
 #include "MonitorStore.h"
 
 #include <QTemporaryDir>
@@ -118,8 +117,7 @@ struct CannedForm::Parts
 {
     QTemporaryDir folder;
     MonitorStore store{folder.path(), MonitorStore::Access::readOnly};
-    CannedEngine canned{store};
-    MonitorForm form{store, canned.engine()};
+    MonitorForm form{store};
 };
 
 CannedForm::CannedForm(QObject *parent)

@@ -2,6 +2,7 @@
 
 #include "CannedEngine.h"
 #include "CannedMonitors.h"
+#include "MonitorCommands.h"
 #include "MonitorStore.h"
 #include "NetworkPresence.h"
 #include "NoWorkspace.h"
@@ -75,15 +76,22 @@ constexpr std::array windowRecipes = {
 
 struct CannedWindow::Parts
 {
+    Parts()
+    {
+        connect(&form, &MonitorForm::created, &commands, &MonitorCommands::create);
+        connect(&form, &MonitorForm::edited, &commands, &MonitorCommands::update);
+    }
+
     QTemporaryDir folder;
     NoWorkspace workspace;
     MonitorStore store{folder.path(), MonitorStore::Access::readOnly, cannedNow};
     CannedEngine canned{store};
+    MonitorCommands commands{store, canned.engine()};
     MonitorListModel monitors{store};
     DashboardOverview overview{store};
-    AppActions actions{store, canned.engine()};
+    AppActions actions{store, commands};
     MonitorDetailModel detailModel{store, cannedNow};
-    MonitorForm form{store, canned.engine(), cannedNow};
+    MonitorForm form{store, cannedNow};
     SheetOpener opener{store, form};
     DesktopActions desktop{workspace, folder.path()};
     CannedPresence presence;

@@ -6,7 +6,7 @@
 
 namespace ostrel {
 
-/// Composes the four kinds of notification and posts them. When to notify is not its business.
+/// Composes the four kinds of notification and posts them. dueNotifications() says when.
 /// Names and errors are cut to one line each, so that no title or body is longer than a few hundred
 /// characters.
 /// Main thread only; holds no state.

@@ -1,6 +1,6 @@
 #include "DetailBadges.h"
 
-#include "CertificateDays.h"
+#include "CalendarDays.h"
 #include "DisplayFormats.h"
 #include "ToneRules.h"
 

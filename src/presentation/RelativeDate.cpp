@@ -1,6 +1,6 @@
 #include "RelativeDate.h"
 
-#include "CertificateDays.h"
+#include "CalendarDays.h"
 #include "LocalClock.h"
 
 #include <unicode/reldatefmt.h>

@@ -24,8 +24,8 @@ public:
     bool flushWithin(std::chrono::milliseconds patience, const FileDescriptor &file);
     /// Flushes the content that @p file has when its turn comes, and its name. Nobody waits.
     void flushLater(const AtomicFile &file);
-    /// Replaces the file at @p copyPath by the content that @p file has when its turn comes, flushed
-    /// before it gets that name. Nobody waits.
+    /// Replaces the file at @p copyPath by the content that @p file has when its turn comes,
+    /// flushed before it gets that name. Nobody waits.
     void copyLater(const AtomicFile &file, const QString &copyPath);
     /// Waits for @p patience at most until all of that is done.
     void finish(std::chrono::milliseconds patience);

@@ -136,14 +136,6 @@ std::span<const Check> MonitorStore::checks(const QUuid &monitorId) const
     return found == m_checks.end() ? std::span<const Check>() : found->second.checks();
 }
 
-QList<QUuid> MonitorStore::checkedIds() const
-{
-    QList<QUuid> ids;
-    for (const auto &[id, history] : m_checks)
-        ids += id;
-    return ids;
-}
-
 void MonitorStore::addMonitor(const Monitor &monitor)
 {
     const QUuid id = monitor.id;

@@ -84,8 +84,6 @@ public:
     [[nodiscard]] std::optional<Monitor> monitor(const QUuid &id) const;
     /// One monitor's history, oldest first. Valid until the store changes.
     [[nodiscard]] std::span<const Check> checks(const QUuid &monitorId) const;
-    /// The ids of all monitors, known or not, that have an entry in the history.
-    [[nodiscard]] QList<QUuid> checkedIds() const;
 
     /// Appends @p monitor, with an empty history: one that is stored under its id is dropped, from
     /// the file at the next save of the checks.

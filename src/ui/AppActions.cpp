@@ -1,43 +1,34 @@
 #include "AppActions.h"
 
+#include "MonitorCommands.h"
 #include "MonitorStore.h"
-#include "MonitoringEngine.h"
 
 namespace ostrel {
 
-AppActions::AppActions(MonitorStore &store, MonitoringEngine &engine, QObject *parent)
+AppActions::AppActions(const MonitorStore &store, MonitorCommands &commands, QObject *parent)
     : QObject(parent)
     , m_store(store)
-    , m_engine(engine)
+    , m_commands(commands)
 {
 }
 
 void AppActions::checkNow(const QUuid &monitorId)
 {
-    if (const auto monitor = m_store.monitor(monitorId))
-        m_engine.checkNow(*monitor);
+    m_commands.checkNow(monitorId);
 }
 
 void AppActions::togglePause(const QUuid &monitorId)
 {
-    auto monitor = m_store.monitor(monitorId);
-    if (!monitor)
-        return;
-    monitor->isEnabled = !monitor->isEnabled;
-    m_store.updateMonitor(*monitor);
-    if (monitor->isEnabled)
-        m_engine.startMonitoring(*monitor);
+    const auto monitor = m_store.monitor(monitorId);
+    if (monitor && monitor->isEnabled)
+        m_commands.pause(monitorId);
     else
-        m_engine.stopMonitoring(*monitor);
+        m_commands.resume(monitorId);
 }
 
 void AppActions::deleteMonitor(const QUuid &monitorId)
 {
-    const auto monitor = m_store.monitor(monitorId);
-    if (!monitor)
-        return;
-    m_engine.stopMonitoring(*monitor);
-    m_store.deleteMonitor(monitorId);
+    m_commands.remove(monitorId);
 }
 
 } // namespace ostrel

@@ -6,11 +6,11 @@
 
 namespace ostrel {
 
+class MonitorCommands;
 class MonitorStore;
-class MonitoringEngine;
 
-/// What the user does to a monitor, carried out on the store and the engine together. All of it
-/// does nothing where there is no monitor of that id. Main thread.
+/// The commands to a monitor that the views give. All of it does nothing where there is no monitor
+/// of that id. Main thread.
 class AppActions : public QObject
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ class AppActions : public QObject
 
 public:
     /// Both outlive this object.
-    AppActions(MonitorStore &store, MonitoringEngine &engine, QObject *parent = nullptr);
+    AppActions(const MonitorStore &store, MonitorCommands &commands, QObject *parent = nullptr);
 
     /// Returns at once; the result arrives through the store.
     Q_INVOKABLE void checkNow(const QUuid &monitorId);
@@ -29,8 +29,8 @@ public:
     Q_INVOKABLE void deleteMonitor(const QUuid &monitorId);
 
 private:
-    MonitorStore &m_store;
-    MonitoringEngine &m_engine;
+    const MonitorStore &m_store;
+    MonitorCommands &m_commands;
 };
 
 } // namespace ostrel

@@ -62,7 +62,7 @@ private:
     bool m_isAnythingDown;
     QIcon m_icon;
     QTimer m_patience;
-    bool m_isAwaiting = false; ///< Is to be shown, but hasn't joined.
+    bool m_isAwaiting = false;                   ///< Is to be shown, but hasn't joined.
     std::unique_ptr<QSystemTrayIcon> m_trayIcon; ///< Once joined.
 };
 

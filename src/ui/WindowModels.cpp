@@ -7,16 +7,19 @@ namespace ostrel {
 WindowModels::WindowModels(MonitorStore &store, MonitoringEngine &engine,
                            const NetworkPresence &presence, LoginItem &loginItem,
                            Workspace &workspace, const WallClock &now)
-    : monitors(store)
+    : commands(store, engine)
+    , monitors(store)
     , overview(store)
-    , actions(store, engine)
+    , actions(store, commands)
     , detailModel(store, now)
-    , form(store, engine, now)
+    , form(store, now)
     , opener(store, form)
     , settings(loginItem)
     , desktop(workspace, store.storageDir())
     , notice(store, presence)
 {
+    QObject::connect(&form, &MonitorForm::created, &commands, &MonitorCommands::create);
+    QObject::connect(&form, &MonitorForm::edited, &commands, &MonitorCommands::update);
 }
 
 } // namespace ostrel

@@ -3,6 +3,7 @@
 #include "AppActions.h"
 #include "DashboardOverview.h"
 #include "DesktopActions.h"
+#include "MonitorCommands.h"
 #include "MonitorDetailModel.h"
 #include "MonitorForm.h"
 #include "MonitorListModel.h"
@@ -26,6 +27,7 @@ struct WindowModels
     WindowModels(MonitorStore &store, MonitoringEngine &engine, const NetworkPresence &presence,
                  LoginItem &loginItem, Workspace &workspace, const WallClock &now = systemNow);
 
+    MonitorCommands commands;
     MonitorListModel monitors;
     DashboardOverview overview;
     AppActions actions;

@@ -14,6 +14,8 @@ Check outcomeOf(const Monitor &monitor, bool isUp)
     Check check = newCheck(monitor, systemNow());
     check.isUp = isUp;
     check.responseTime = 12;
+    if (monitor.type == MonitorType::http)
+        check.statusCode = isUp ? 200 : 503;
     if (!isUp)
         check.error = QStringLiteral("HTTP 503");
     return check;

@@ -17,6 +17,8 @@ namespace ostrel::test {
 
 namespace {
 
+using namespace std::chrono_literals;
+
 class MonitoringEngineTest : public testing::Test, protected FolderStore, protected ScriptedEngine
 {
 protected:
@@ -121,6 +123,37 @@ TEST_F(MonitoringEngineTest, WithoutNotifyOnRecoveryTheEndIsNotTold)
     monitor.notifyOnRecovery = false;
     runThrough({false, false, true});
     EXPECT_EQ(center.kinds(), QStringList{QStringLiteral("down")});
+}
+
+TEST_F(MonitoringEngineTest, ASlowAnswerIsToldAtEveryCheck)
+{
+    monitor.responseTimeThreshold = Milliseconds(5);
+    runThrough({true, true});
+    ASSERT_EQ(center.kinds(), QStringList({QStringLiteral("slow"), QStringLiteral("slow")}));
+    EXPECT_EQ(center.requests.front().body, QStringLiteral("12ms (threshold: 5ms)"));
+    EXPECT_EQ(center.requests.front(), center.requests.back());
+}
+
+TEST_F(MonitoringEngineTest, TheResponseIsToldBeforeItIsRecordedAndTheRecoveryAfterThat)
+{
+    runThrough({false, false});
+    center.requests.clear();
+    QStringList kindsWhenRecorded;
+    QObject::connect(&store, &MonitorStore::checksChanged, &engine,
+                     [&] { kindsWhenRecorded = center.kinds(); });
+    monitor.responseTimeThreshold = Milliseconds(5);
+    Check check = newCheck(monitor, systemNow());
+    check.statusCode = 200;
+    check.isUp = true;
+    check.responseTime = 12;
+    check.sslExpiresAt = check.timestamp + 36h;
+
+    engine.handleResult(check, monitor);
+
+    const QStringList ofTheResponse = {QStringLiteral("slow"), QStringLiteral("ssl")};
+    EXPECT_EQ(kindsWhenRecorded, ofTheResponse);
+    EXPECT_EQ(center.kinds(), ofTheResponse + QStringList{QStringLiteral("up")});
+    EXPECT_EQ(center.requests.at(1).body, QStringLiteral("Shop: 1 day remaining"));
 }
 
 TEST_F(MonitoringEngineTest, StartingTwiceDoesNothingTheSecondTime)
@@ -423,6 +456,25 @@ TEST_F(MonitoringEngineTest, WhatIsUnderWayAtASleepIsDroppedForTheWakesCheck)
     settle();
     EXPECT_EQ(store.checks(monitor.id).size(), 1u);
     EXPECT_EQ(httpCheck.runs.size(), 2u);
+}
+
+TEST_F(MonitoringEngineTest, WhatIsDroppedIsNotToldEither)
+{
+    monitor.responseTimeThreshold = Milliseconds(5);
+    httpCheck.hold();
+    store.addMonitor(monitor);
+    engine.start();
+    settle();
+
+    Q_EMIT wakeSignal.didWake();
+    settle();
+    httpCheck.finishNext(true);
+    settle();
+    EXPECT_EQ(center.kinds(), none);
+
+    httpCheck.finishNext(true);
+    settle();
+    EXPECT_EQ(center.kinds(), QStringList{QStringLiteral("slow")});
 }
 
 TEST_F(MonitoringEngineTest, NothingIsRecordedBetweenTheWordOfASleepAndTheWake)

@@ -145,8 +145,10 @@ protected:
     {
         const MonitorStore other(folder(), MonitorStore::Access::readOnly);
         EXPECT_EQ(other.monitors(), m_store->monitors());
-        for (const QUuid &id : m_store->checkedIds())
-            EXPECT_TRUE(std::ranges::equal(other.checks(id), m_store->checks(id)));
+        for (const Monitor &monitor : m_store->monitors())
+            EXPECT_TRUE(std::ranges::equal(other.checks(monitor.id), m_store->checks(monitor.id)));
+        for (const auto &[id, history] : StoredRecords::read(folder()).checks)
+            EXPECT_TRUE(std::ranges::equal(history.checks(), m_store->checks(id)));
         EXPECT_TRUE(m_store->canSave());
         EXPECT_EQ(m_store->saveFailure(), QString());
     }

@@ -1,5 +1,6 @@
 #include "AppActions.h"
 
+#include "MonitorCommands.h"
 #include "Printers.h"
 #include "ScriptedEngine.h"
 #include "WaitFor.h"
@@ -24,7 +25,8 @@ protected:
     [[nodiscard]] bool isWatched() const { return engine.tasks().contains(shop.id); }
 
     Monitor shop = makeMonitor();
-    AppActions actions{store, engine};
+    MonitorCommands commands{store, engine};
+    AppActions actions{store, commands};
 };
 
 } // namespace

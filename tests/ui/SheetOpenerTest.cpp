@@ -12,16 +12,15 @@ namespace ostrel::test {
 
 namespace {
 
-class SheetOpenerTest : public testing::Test, protected FolderStore, protected ScriptedEngine
+class SheetOpenerTest : public testing::Test, protected FolderStore
 {
 protected:
     SheetOpenerTest()
-        : ScriptedEngine(store)
     {
         QGuiApplication::clipboard()->setText(QStringLiteral(" https://a.example/path\n"));
     }
 
-    MonitorForm form{store, engine};
+    MonitorForm form{store};
     SheetOpener opener{store, form};
 };
 

@@ -1,4 +1,4 @@
-#include "CertificateDays.h"
+#include "CalendarDays.h"
 
 #include "ScopedTimeZone.h"
 
@@ -19,13 +19,13 @@ struct Case
     qint64 days;
 };
 
-class CertificateDaysTest : public testing::TestWithParam<Case>
+class CalendarDaysTest : public testing::TestWithParam<Case>
 {
 };
 
 } // namespace
 
-TEST_P(CertificateDaysTest, CountsWholeCalendarDays)
+TEST_P(CalendarDaysTest, CountsWholeCalendarDays)
 {
     const Case &c = GetParam();
     EXPECT_EQ(wholeDaysBetween(*parseTimestamp(c.from), *parseTimestamp(c.to),
@@ -34,7 +34,7 @@ TEST_P(CertificateDaysTest, CountsWholeCalendarDays)
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Table, CertificateDaysTest,
+    Table, CalendarDaysTest,
     testing::Values(
         Case{"ExactlyADay", "2026-01-10T10:00:00Z", "2026-01-11T10:00:00Z", "UTC", 1},
         Case{"ASecondLess", "2026-01-10T10:00:00Z", "2026-01-11T09:59:59Z", "UTC", 0},
@@ -67,11 +67,11 @@ void PrintTo(const SystemZoneCase &sample, std::ostream *out)
     *out << sample.name;
 }
 
-class CertificateDaysOfSystemTest : public testing::TestWithParam<SystemZoneCase>
+class CalendarDaysOfSystemTest : public testing::TestWithParam<SystemZoneCase>
 {
 };
 
-TEST_P(CertificateDaysOfSystemTest, CountsWhateverTheEnvironmentCallsTheTimeZone)
+TEST_P(CalendarDaysOfSystemTest, CountsWhateverTheEnvironmentCallsTheTimeZone)
 {
     const SystemZoneCase &c = GetParam();
     const ScopedTimeZone zone(c.environment);
@@ -82,7 +82,7 @@ constexpr auto winter = "2026-01-10T10:00:00Z";
 constexpr auto twoWeeksOn = "2026-01-24T10:00:00Z";
 
 INSTANTIATE_TEST_SUITE_P(
-    Table, CertificateDaysOfSystemTest,
+    Table, CalendarDaysOfSystemTest,
     testing::Values(SystemZoneCase{"Name", "Europe/Berlin", winter, twoWeeksOn, 14},
                     SystemZoneCase{"PathWithColon", ":/usr/share/zoneinfo/Europe/Berlin", winter,
                                    twoWeeksOn, 14},

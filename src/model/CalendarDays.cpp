@@ -1,4 +1,4 @@
-#include "CertificateDays.h"
+#include "CalendarDays.h"
 
 #include "LocalClock.h"
 

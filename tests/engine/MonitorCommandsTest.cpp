@@ -1,0 +1,158 @@
+#include "MonitorCommands.h"
+
+#include "PeriodicTask.h"
+#include "Printers.h"
+#include "ScriptedEngine.h"
+#include "WaitFor.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+
+namespace ostrel::test {
+
+namespace {
+
+class MonitorCommandsTest : public testing::Test, protected FolderStore, protected ScriptedEngine
+{
+protected:
+    MonitorCommandsTest()
+        : ScriptedEngine(store)
+    {
+        QObject::connect(&store, &MonitorStore::monitorsChanged, &commands,
+                         [this] { steps += QStringLiteral("stored"); });
+        QObject::connect(&engine, &MonitoringEngine::tasksChanged, &commands,
+                         [this] { steps += QStringLiteral("engine"); });
+    }
+
+    /// What the store and the engine have done, in order.
+    [[nodiscard]] QString takeSteps()
+    {
+        steps.removeDuplicates();
+        return std::exchange(steps, {}).join(u' ');
+    }
+    [[nodiscard]] bool isWatched() const { return engine.tasks().contains(shop.id); }
+    [[nodiscard]] bool isEnabled() const { return store.monitor(shop.id)->isEnabled; }
+
+    QStringList steps;
+    Monitor shop = makeMonitor();
+    MonitorCommands commands{store, engine};
+};
+
+} // namespace
+
+TEST_F(MonitorCommandsTest, ANewMonitorIsStoredThenWatchedAndCheckedAtOnce)
+{
+    commands.create(shop);
+    EXPECT_EQ(takeSteps(), QStringLiteral("stored engine"));
+    EXPECT_EQ(store.monitors(), QList<Monitor>{shop});
+    EXPECT_TRUE(isWatched());
+    EXPECT_EQ(httpCheck.runs, std::vector<Monitor>{shop});
+}
+
+TEST_F(MonitorCommandsTest, AnUpdatedMonitorIsStoredThenWatchedAnewAndCheckedAtOnce)
+{
+    commands.create(shop);
+    auto *before = engine.tasks().value(shop.id);
+    static_cast<void>(takeSteps());
+
+    shop.interval = Seconds(3600);
+    commands.update(shop);
+
+    EXPECT_EQ(takeSteps(), QStringLiteral("stored engine"));
+    EXPECT_EQ(store.monitors(), QList<Monitor>{shop});
+    EXPECT_NE(engine.tasks().value(shop.id), before);
+    ASSERT_EQ(httpCheck.runs.size(), 2u);
+    EXPECT_EQ(httpCheck.runs.back(), shop);
+}
+
+TEST_F(MonitorCommandsTest, AnUpdateOfAPausedMonitorChecksNothing)
+{
+    shop.isEnabled = false;
+    commands.create(shop);
+    shop.interval = Seconds(3600);
+    commands.update(shop);
+    EXPECT_EQ(store.monitors(), QList<Monitor>{shop});
+    EXPECT_FALSE(isWatched());
+    EXPECT_TRUE(httpCheck.runs.empty());
+}
+
+TEST_F(MonitorCommandsTest, AnUpdateBringsNoDeletedMonitorBack)
+{
+    commands.create(shop);
+    commands.remove(shop.id);
+    commands.update(shop);
+    EXPECT_TRUE(store.monitors().isEmpty());
+}
+
+TEST_F(MonitorCommandsTest, APausedMonitorIsStoredThenStopped)
+{
+    commands.create(shop);
+    static_cast<void>(takeSteps());
+    commands.pause(shop.id);
+    EXPECT_EQ(takeSteps(), QStringLiteral("stored engine"));
+    EXPECT_FALSE(isEnabled());
+    EXPECT_FALSE(isWatched());
+}
+
+TEST_F(MonitorCommandsTest, AResumedMonitorIsStoredThenCheckedAtOnce)
+{
+    shop.isEnabled = false;
+    store.addMonitor(shop);
+    static_cast<void>(takeSteps());
+    commands.resume(shop.id);
+    EXPECT_EQ(takeSteps(), QStringLiteral("stored engine"));
+    EXPECT_TRUE(isEnabled());
+    EXPECT_TRUE(isWatched());
+    EXPECT_EQ(httpCheck.runs.size(), 1u);
+}
+
+TEST_F(MonitorCommandsTest, PausingThePausedAndResumingTheWatchedDoesNothing)
+{
+    commands.create(shop);
+    static_cast<void>(takeSteps());
+    commands.resume(shop.id);
+    EXPECT_EQ(takeSteps(), QString());
+    EXPECT_EQ(httpCheck.runs.size(), 1u);
+
+    commands.pause(shop.id);
+    static_cast<void>(takeSteps());
+    commands.pause(shop.id);
+    EXPECT_EQ(takeSteps(), QString());
+}
+
+TEST_F(MonitorCommandsTest, ARemovedMonitorIsStoppedThenForgottenWithItsHistory)
+{
+    commands.create(shop);
+    ASSERT_TRUE(waitFor([&] { return store.checks(shop.id).size() == 1; }));
+    static_cast<void>(takeSteps());
+    commands.remove(shop.id);
+    EXPECT_EQ(takeSteps(), QStringLiteral("engine stored"));
+    EXPECT_FALSE(isWatched());
+    EXPECT_TRUE(store.monitors().isEmpty());
+    EXPECT_TRUE(store.checks(shop.id).empty());
+}
+
+TEST_F(MonitorCommandsTest, CheckNowChecksThePausedTooAndItsResultArrivesThroughTheStore)
+{
+    shop.isEnabled = false;
+    commands.create(shop);
+    commands.checkNow(shop.id);
+    EXPECT_TRUE(waitFor([&] { return store.checks(shop.id).size() == 1; }));
+    EXPECT_FALSE(isWatched());
+}
+
+TEST_F(MonitorCommandsTest, AMonitorThatHasGoneIsLeftAlone)
+{
+    commands.create(shop);
+    commands.remove(shop.id);
+    static_cast<void>(takeSteps());
+    commands.checkNow(shop.id);
+    commands.pause(shop.id);
+    commands.resume(shop.id);
+    commands.remove(shop.id);
+    EXPECT_EQ(takeSteps(), QString());
+    EXPECT_EQ(httpCheck.runs.size(), 1u);
+}
+
+} // namespace ostrel::test
