@@ -16,9 +16,6 @@ FocusScope {
         Editing
     }
 
-    readonly property real sidebarMaximum: 380
-    readonly property real sidebarGivesWayBelow: 860
-
     required property MonitorListModel monitors
     required property DashboardOverview overview
     required property AppActions actions
@@ -47,10 +44,6 @@ FocusScope {
             sheetState = ContentView.Editing;
     }
 
-    function checkSelected(): void {
-        actions.checkNow(selectedMonitorId);
-    }
-
     function scrollPages(pages: real): void {
         if (chosen.showsMonitor)
             page.scrollPages(pages);
@@ -64,7 +57,6 @@ FocusScope {
         if (event.accepted)
             scrollPages(event.key === Qt.Key_PageUp ? -1 : 1);
     }
-
     onSheetStateChanged: {
         if (sheetState !== ContentView.Closed)
             (sheetComponent.createObject(root) as AddMonitorSheet).open();
@@ -105,10 +97,10 @@ FocusScope {
         id: sidebarWidth
 
         minimum: Theme.sidebarMinimum
-        maximum: root.sidebarMaximum
+        maximum: 380
         ideal: Theme.sidebarWidth
         windowWidth: root.width
-        givesWayBelow: root.sidebarGivesWayBelow
+        givesWayBelow: 860
     }
 
     SidebarView {
@@ -175,7 +167,7 @@ FocusScope {
                 anchors.fill: parent
                 visible: chosen.showsMonitor
                 model: root.detailModel
-                onCheckNow: root.checkSelected()
+                onCheckNow: root.actions.checkNow(root.selectedMonitorId)
                 onEditMonitor: root.edit()
                 onGetHelp: root.desktop.getHelp()
             }

@@ -70,7 +70,7 @@ Window {
 
     Shortcut {
         sequence: "Ctrl+R"
-        onActivated: content.checkSelected()
+        onActivated: root.actions.checkNow(content.selectedMonitorId)
     }
 
     Shortcut {

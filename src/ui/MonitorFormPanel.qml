@@ -15,7 +15,6 @@ FocusScope {
     readonly property real sheetBottom: 20
     readonly property real sheetGap: 16
     readonly property real tileGap: 8
-    readonly property real chipGap: 6
     readonly property real footerGap: 8
 
     required property MonitorForm form
@@ -141,82 +140,10 @@ FocusScope {
                 form: root.form
             }
 
-            FormSection {
+            FormConditions {
                 width: parent.width
-                label: qsTr("CHECK EVERY")
-
-                Row {
-                    spacing: root.chipGap
-                    Accessible.role: Accessible.Grouping
-                    Accessible.name: qsTr("CHECK EVERY")
-
-                    Repeater {
-                        model: root.form.intervals
-
-                        Chip {
-                            required property double modelData
-
-                            objectName: text
-                            text: root.form.intervalText(modelData)
-                            isSelected: root.form.interval === modelData
-                            onClicked: root.form.interval = modelData
-                        }
-                    }
-                }
-            }
-
-            FormSection {
-                width: parent.width
-                visible: root.form.isWebsite
-                label: qsTr("CHECK FOR KEYWORD (OPTIONAL)")
-
-                Row {
-                    width: parent.width
-                    spacing: Theme.controlGap
-
-                    Field {
-                        objectName: "keyword"
-                        width: parent.width - Theme.keywordModeWidth - parent.spacing
-                        spokenName: qsTr("CHECK FOR KEYWORD (OPTIONAL)")
-                        placeholderText: qsTr("e.g. \"Welcome\" or \"error\"")
-                        text: root.form.keyword
-                        onTextEdited: root.form.keyword = text
-                    }
-
-                    Picker {
-                        objectName: "keywordMode"
-                        width: Theme.keywordModeWidth
-                        spokenName: qsTr("Keyword")
-                        model: [qsTr("Must exist"), qsTr("Must not exist")]
-                        currentIndex: root.form.keywordShouldExist ? 0 : 1
-                        onActivated: index => root.form.keywordShouldExist = index === 0
-                    }
-                }
-            }
-
-            FormSection {
-                width: parent.width
-                visible: root.form.isWebsite
-                label: qsTr("ALERT IF SLOWER THAN (OPTIONAL)")
-
-                Row {
-                    spacing: Theme.controlGap
-
-                    Field {
-                        objectName: "threshold"
-                        width: Theme.thresholdFieldWidth
-                        spokenName: qsTr("ALERT IF SLOWER THAN (OPTIONAL)")
-                        placeholderText: qsTr("e.g. 500")
-                        text: root.form.thresholdText
-                        onTextEdited: root.form.thresholdText = text
-                    }
-
-                    ThemeText {
-                        anchors.verticalCenter: parent.verticalCenter
-                        text: qsTr("ms")
-                        color: Theme.textSecondary
-                    }
-                }
+                spacing: root.sheetGap
+                form: root.form
             }
 
             FormAdvanced {

@@ -1,31 +1,46 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import QtQuick.Templates as T
 
 import Ostrel.Theme
 
-// What all the theme's buttons share: the focus ring, the help text and what a screen reader says.
-ButtonItem {
+// What the theme's buttons share: the focus ring, the help text and what a screen reader says. A
+// click doesn't take the keyboard.
+T.AbstractButton {
     id: root
 
     property string helpText: ""
     property string spokenName: text !== "" ? text : helpText
     property real radius: Theme.cornerRadiusSmall
-    property bool showsHover: hovered
+    property bool showsHover: hovered && enabled
     property bool showsFocus: visualFocus
-    readonly property bool wantsHelp: hovered && !down && helpText !== ""
+    readonly property bool wantsHelp: hovered && enabled && !down && helpText !== ""
     // Null until the pointer first comes.
     property HelpText help: null
 
-    implicitWidth: (contentItem ? contentItem.implicitWidth : 0) + 2 * horizontalPadding
-    implicitHeight: (contentItem ? contentItem.implicitHeight : 0) + 2 * verticalPadding
+    // Found by its name. As a handler, the action would be offered twice.
+    function accessiblePressAction(): void {
+        keys.press();
+    }
+
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    focusPolicy: Qt.TabFocus
+    hoverEnabled: true
     opacity: enabled ? 1 : Theme.disabledOpacity
-    Accessible.role: checkable ? Accessible.CheckBox : Accessible.Button
     Accessible.name: spokenName
     Accessible.description: enabled ? "" : qsTr("Unavailable")
+    Keys.forwardTo: [keys]
     onWantsHelpChanged: {
         if (wantsHelp && !help)
             help = helpComponent.createObject(root) as HelpText;
+    }
+
+    ButtonKeys {
+        id: keys
+
+        button: root
     }
 
     FocusRing {

@@ -34,9 +34,17 @@ T.ScrollBar {
     onPositionChanged: {
         if (pressed)
             page.contentY = page.originY - page.topMargin + position * (page.topMargin + page.contentHeight + page.bottomMargin);
-        // A page that is laid out at its top hasn't been scrolled.
-        if (position > 0 || isLingering) {
-            isLingering = true;
+    }
+
+    Connections {
+        target: root.page
+
+        function onContentYChanged(): void {
+            // A page that is laid out is put at its top: nobody has scrolled it.
+            const isAtTop = root.page.contentY === root.page.originY - root.page.topMargin;
+            if (isAtTop && !root.isLingering)
+                return;
+            root.isLingering = true;
             linger.restart();
         }
     }

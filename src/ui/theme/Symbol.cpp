@@ -2,39 +2,19 @@
 
 #include "SymbolRaster.h"
 
-#include <QQuickWindow>
-#include <QSGImageNode>
+#include <QPainter>
 
 #include <algorithm>
 #include <cmath>
-#include <memory>
 
 namespace ostrel {
 
 Symbol::Symbol(QQuickItem *parent)
-    : QQuickItem(parent)
+    : PixelItem(parent)
 {
-    setFlag(ItemHasContents);
-    const qreal side = SymbolRaster::boxFor(m_systemSize);
-    setImplicitSize(side, side);
-}
-
-void Symbol::setName(const QString &name)
-{
-    if (m_name == name)
-        return;
-    m_name = name;
-    polish();
-    Q_EMIT nameChanged();
-}
-
-void Symbol::setColor(const QColor &color)
-{
-    if (m_color == color)
-        return;
-    m_color = color;
-    polish();
-    Q_EMIT colorChanged();
+    constexpr qreal usualSize = 12;
+    setSystemSize(usualSize);
+    connect(this, &Symbol::lookChanged, this, [this] { update(); });
 }
 
 void Symbol::setSystemSize(qreal systemSize)
@@ -47,46 +27,20 @@ void Symbol::setSystemSize(qreal systemSize)
     Q_EMIT systemSizeChanged();
 }
 
-void Symbol::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry)
+void Symbol::paint(QPainter *painter)
 {
-    QQuickItem::geometryChange(newGeometry, oldGeometry);
-    if (newGeometry.size() != oldGeometry.size())
-        polish();
+    const qreal pixelRatio = painter->device()->devicePixelRatio();
+    const int pixels = static_cast<int>(std::ceil(std::min(width(), height()) * pixelRatio));
+    QImage image = SymbolRaster::image(m_name, pixels, m_color);
+    image.setDevicePixelRatio(pixelRatio);
+    const QSizeF size = image.deviceIndependentSize();
+    painter->drawImage(QPointF((width() - size.width()) / 2, (height() - size.height()) / 2),
+                       image);
 }
 
-void Symbol::itemChange(ItemChange change, const ItemChangeData &value)
+QString Symbol::look() const
 {
-    if (change == ItemDevicePixelRatioHasChanged || change == ItemSceneChange)
-        polish();
-    QQuickItem::itemChange(change, value);
-}
-
-void Symbol::updatePolish()
-{
-    const int pixels = static_cast<int>(std::ceil(std::min(width(), height()) * pixelRatio()));
-    m_image = SymbolRaster::image(m_name, pixels, m_color);
-    update();
-}
-
-QSGNode *Symbol::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
-{
-    std::unique_ptr<QSGNode> previous(oldNode);
-    if (m_image.isNull())
-        return nullptr;
-    QSGImageNode *node = window()->createImageNode();
-    node->setTexture(window()->createTextureFromImage(m_image));
-    node->setOwnsTexture(true);
-    // One pixel of the picture on one of the screen, wherever the item stands between them.
-    node->setFiltering(QSGTexture::Nearest);
-    const QSizeF size = QSizeF(m_image.size()) / pixelRatio();
-    node->setRect(
-        QRectF(QPointF((width() - size.width()) / 2, (height() - size.height()) / 2), size));
-    return node;
-}
-
-qreal Symbol::pixelRatio() const
-{
-    return window() ? window()->effectiveDevicePixelRatio() : 1.0;
+    return QStringLiteral("symbol %1 %2").arg(m_name, m_color.name(QColor::HexArgb));
 }
 
 } // namespace ostrel

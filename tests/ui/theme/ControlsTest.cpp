@@ -134,9 +134,9 @@ TEST_P(PressableTest, ShowsItsFocusRingToTheKeyboardOnly)
 
 INSTANTIATE_TEST_SUITE_P(Controls, PressableTest, testing::ValuesIn(pressables), nameOf);
 
-TEST(ButtonItemTest, IsPressedWhereThePointerLetsGoInside)
+TEST(BaseButtonTest, IsPressedWhereThePointerLetsGoInside)
 {
-    ThemeView view("ButtonItem { objectName: 'subject'; width: 80; height: 32 }");
+    ThemeView view("BaseButton { objectName: 'subject'; width: 80; height: 32 }");
     ASSERT_EQ(view.error(), QString());
     QSignalSpy clicked(view.item(), SIGNAL(clicked()));
     const QPoint inside = ThemeView::middleOf(*view.item());
@@ -159,9 +159,9 @@ TEST(ButtonItemTest, IsPressedWhereThePointerLetsGoInside)
     EXPECT_FALSE(view.item()->hasActiveFocus()) << "a click doesn't take the keyboard";
 }
 
-TEST(ButtonItemTest, ADoubleClickIsTwoPressesAndOtherButtonsAreNone)
+TEST(BaseButtonTest, ADoubleClickIsTwoPressesAndOtherButtonsAreNone)
 {
-    ThemeView view("ButtonItem { objectName: 'subject'; width: 80; height: 32 }");
+    ThemeView view("BaseButton { objectName: 'subject'; width: 80; height: 32 }");
     QSignalSpy clicked(view.item(), SIGNAL(clicked()));
     const QPoint middle = ThemeView::middleOf(*view.item());
 
@@ -171,9 +171,9 @@ TEST(ButtonItemTest, ADoubleClickIsTwoPressesAndOtherButtonsAreNone)
     EXPECT_EQ(clicked.count(), 2);
 }
 
-TEST(ButtonItemTest, AHeldKeyPressesOnce)
+TEST(BaseButtonTest, AHeldKeyPressesOnce)
 {
-    ThemeView view("ButtonItem { objectName: 'subject'; width: 80; height: 32 }");
+    ThemeView view("BaseButton { objectName: 'subject'; width: 80; height: 32 }");
     QSignalSpy clicked(view.item(), SIGNAL(clicked()));
     view.item()->forceActiveFocus(Qt::TabFocusReason);
 
@@ -191,9 +191,9 @@ TEST(ButtonItemTest, AHeldKeyPressesOnce)
     }
 }
 
-TEST(ButtonItemTest, WhatTakesThePointerOrTheKeyboardAwayTakesThePressBack)
+TEST(BaseButtonTest, WhatTakesThePointerOrTheKeyboardAwayTakesThePressBack)
 {
-    ThemeView view("ButtonItem { objectName: 'subject'; width: 80; height: 32 }");
+    ThemeView view("BaseButton { objectName: 'subject'; width: 80; height: 32 }");
     QSignalSpy clicked(view.item(), SIGNAL(clicked()));
     const QPoint middle = ThemeView::middleOf(*view.item());
 
@@ -216,22 +216,22 @@ TEST(ButtonItemTest, WhatTakesThePointerOrTheKeyboardAwayTakesThePressBack)
     EXPECT_EQ(clicked.count(), 0);
 }
 
-TEST(ButtonItemTest, KnowsThePointerUntilItIsDisabled)
+TEST(BaseButtonTest, KnowsThePointerUntilItIsDisabled)
 {
-    ThemeView view("ButtonItem { objectName: 'subject'; width: 80; height: 32 }");
+    ThemeView view("BaseButton { objectName: 'subject'; width: 80; height: 32 }");
     QTest::mouseMove(&view.window(), ThemeView::middleOf(*view.item()) + QPoint(0, 60));
-    EXPECT_EQ(view.property("hovered"), QVariant(false));
+    EXPECT_EQ(view.property("showsHover"), QVariant(false));
     QTest::mouseMove(&view.window(), ThemeView::middleOf(*view.item()));
-    EXPECT_TRUE(waitFor([&] { return view.property("hovered").toBool(); }));
+    EXPECT_TRUE(waitFor([&] { return view.property("showsHover").toBool(); }));
 
     view.setProperty("enabled", false);
 
-    EXPECT_EQ(view.property("hovered"), QVariant(false));
+    EXPECT_EQ(view.property("showsHover"), QVariant(false));
 }
 
-TEST(ButtonItemTest, LaysItsContentsOutBetweenItsPaddings)
+TEST(BaseButtonTest, LaysItsContentsOutBetweenItsPaddings)
 {
-    ThemeView view("ButtonItem { objectName: 'subject'; width: 80; height: 32\n"
+    ThemeView view("BaseButton { objectName: 'subject'; width: 80; height: 32\n"
                    "horizontalPadding: 12; verticalPadding: 4\n"
                    "contentItem: Item {} background: Item {} }");
     ASSERT_EQ(view.error(), QString());
