@@ -12,15 +12,6 @@ function(ostrel_library name)
     ostrel_use_precompiled(ostrel_${name} core)
 endfunction()
 
-# What Qt's compiler makes of a target's views is a megabyte of code of which each part runs a few
-# times: small, it is in memory sooner than fast, and in less of it. To be called in the target's own
-# folder, after its module has been made.
-function(ostrel_compile_views_small target)
-    get_target_property(sources ${target} SOURCES)
-    list(FILTER sources INCLUDE REGEX "_qml\\.cpp$")
-    set_source_files_properties(${sources} PROPERTIES COMPILE_OPTIONS "$<$<CONFIG:RelWithDebInfo,Release>:-Os>")
-endfunction()
-
 # A GoogleTest program, each of whose tests is a test of CTest's and runs in a process of its own. A
 # folder has one program, and another for what needs other properties, another main() or a program
 # to itself.

@@ -20,7 +20,6 @@
 #include <QApplication>
 #include <QQmlExtensionPlugin>
 #include <QQuickWindow>
-#include <QTimer>
 
 #include <cstdio>
 #include <cstdlib>
@@ -36,8 +35,6 @@ using namespace ostrel;
 using namespace std::chrono_literals;
 
 constexpr int exitFailed = 1;
-/// After that the window is there, and every monitor has had its first check.
-constexpr auto startingTime = 4s;
 
 void print(const QByteArray &text, std::FILE *stream = stdout)
 {
@@ -77,8 +74,7 @@ struct Program
 
     int operator()(const RunInvocation &invocation)
     {
-        keepMemorySmall();
-        // Before all else, since they take as long as that.
+        // Read on other threads while the rest is set up.
         RecordsReader records(invocation.dataDir);
         const auto faces = std::async(std::launch::async, &readFontConfiguration);
         preferSoftwareRenderer();
@@ -197,7 +193,6 @@ private:
         });
         QObject::connect(termination.get(), &TerminationSignal::terminationRequested, &app,
                          &QCoreApplication::quit);
-        QTimer::singleShot(startingTime, &returnFreedMemory);
         return app.show() ? QCoreApplication::exec() : exitFailed;
     }
 };

@@ -26,12 +26,6 @@ using NotificationPresenter = std::function<void(const NotificationRequest &)>;
 /// limit that it was started with. First of all.
 void raiseDescriptorLimit();
 
-/// Has the threads use each other's freed memory, for a program that runs all day. Before any of
-/// them.
-void keepMemorySmall();
-/// Gives the memory back that a start has used and freed.
-void returnFreedMemory();
-
 /// Reads which faces the desktop has and prefers, which lasts milliseconds, so that the first text
 /// doesn't wait for that. Any thread.
 void readFontConfiguration();

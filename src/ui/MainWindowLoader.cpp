@@ -32,11 +32,7 @@ MainWindowLoader::MainWindowLoader()
 
 void MainWindowLoader::prepare()
 {
-    // A module needs this thread when it is first imported; views that are made of known modules
-    // don't.
-    const QQmlComponent modules(&m_engine, viewUrl(QStringLiteral("WindowModules")));
     m_types.loadUrl(mainWindow(), QQmlComponent::Asynchronous);
-    ThemeFonts::loadFirstFaces();
 }
 
 QQuickWindow *MainWindowLoader::load(WindowModels &models)

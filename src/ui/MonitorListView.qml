@@ -20,15 +20,23 @@ KeyboardItem {
     required property AppActions actions
 
     readonly property bool isWindowActive: Window.active
+    // Null until it is first opened.
+    property MonitorMenu menu: null
 
     function walkTo(row: int): void {
         focusReason = Qt.TabFocusReason;
         selection.selectRow(row);
     }
 
+    function openMenu(row: MonitorRowView, x: real, y: real): void {
+        if (!menu)
+            menu = menuComponent.createObject(root) as MonitorMenu;
+        menu.openFor(row, x, y);
+    }
+
     function openSelectedMenu(): void {
         if (list.currentItem)
-            menu.openFor(list.currentItem as MonitorRowView, Theme.rowMargin + Theme.rowInset, list.currentItem.height);
+            openMenu(list.currentItem as MonitorRowView, Theme.rowMargin + Theme.rowInset, list.currentItem.height);
     }
 
     function take(): void {
@@ -118,7 +126,7 @@ KeyboardItem {
             isSelected: root.selection.row === index
             isFocused: isSelected && root.activeFocus
             showsFocus: isSelected && root.visualFocus
-            hasMenu: menu.openRow === row
+            hasMenu: root.menu?.openRow === row
             isWindowActive: root.isWindowActive
             onChosen: {
                 root.take();
@@ -128,7 +136,7 @@ KeyboardItem {
                 root.take();
                 root.selection.clear();
             }
-            onMenuRequested: (x, y) => menu.openFor(row, x, y)
+            onMenuRequested: (x, y) => root.openMenu(row, x, y)
         }
 
         remove: Transition {
@@ -152,11 +160,13 @@ KeyboardItem {
         page: list
     }
 
-    MonitorMenu {
-        id: menu
+    Component {
+        id: menuComponent
 
-        actions: root.actions
-        onClosed: root.forceActiveFocus(Qt.PopupFocusReason)
-        onLeft: monitorId => root.selection.leave(monitorId)
+        MonitorMenu {
+            actions: root.actions
+            onClosed: root.forceActiveFocus(Qt.PopupFocusReason)
+            onLeft: monitorId => root.selection.leave(monitorId)
+        }
     }
 }

@@ -18,10 +18,6 @@
 #include <ctime>
 #include <fontconfig/fontconfig.h>
 
-#ifdef __GLIBC__
-#include <malloc.h>
-#endif
-
 namespace ostrel {
 
 namespace {
@@ -94,22 +90,6 @@ void attachToSystem(Service &service)
 }
 
 } // namespace
-
-void keepMemorySmall()
-{
-#ifdef __GLIBC__
-    // By itself the C library gives each thread a heap of its own, and what one has freed no other
-    // uses: half a megabyte here. Few of the threads allocate at the same time.
-    ::mallopt(M_ARENA_MAX, 2);
-#endif
-}
-
-void returnFreedMemory()
-{
-#ifdef __GLIBC__
-    ::malloc_trim(0);
-#endif
-}
 
 void readFontConfiguration()
 {

@@ -14,10 +14,6 @@ namespace ostrel {
 
 void raiseDescriptorLimit() {}
 
-void keepMemorySmall() {}
-
-void returnFreedMemory() {}
-
 void readFontConfiguration() {}
 
 void avoidSilentServices() {}

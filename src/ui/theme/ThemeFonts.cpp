@@ -23,18 +23,6 @@ constexpr std::array lineBoxes = {
     LineBox{14, 18}, LineBox{15, 20}, LineBox{22, 28}, LineBox{24, 30}, LineBox{32, 30},
 };
 
-struct Face
-{
-    int weight;
-    int pixelSize;
-};
-/// What the dashboard and the list are set in.
-constexpr std::array firstFaces = {
-    Face{400, 9},  Face{400, 10}, Face{400, 11}, Face{400, 13}, Face{600, 13}, Face{600, 14},
-    Face{600, 15}, Face{700, 9},  Face{700, 11}, Face{700, 24}, Face{700, 32},
-};
-constexpr std::array firstMonospacedFaces = {Face{400, 11}, Face{500, 12}};
-
 QString sans()
 {
     return QStringLiteral("Avenir Next");
@@ -81,14 +69,6 @@ void ThemeFonts::install()
 void ThemeFonts::findFaces()
 {
     static_cast<void>(QFontDatabase::hasFamily(sans()));
-}
-
-void ThemeFonts::loadFirstFaces()
-{
-    for (const Face &first : firstFaces)
-        static_cast<void>(faceHeight(face(first.weight, first.pixelSize)));
-    for (const Face &first : firstMonospacedFaces)
-        static_cast<void>(faceHeight(mono(first.weight, first.pixelSize)));
 }
 
 QFont ThemeFonts::face(int weight, qreal pixelSize, qreal letterSpacing)

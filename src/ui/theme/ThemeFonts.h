@@ -21,8 +21,6 @@ public:
     static void install();
     /// Looks through the system's faces, so that nobody has to wait for that later. Any thread.
     static void findFaces();
-    /// Loads those of the window's first view. The main thread.
-    static void loadFirstFaces();
 
     /// Avenir Next at @p weight (400 to 700) and @p pixelSize, spaced by @p letterSpacing pixels.
     [[nodiscard]] Q_INVOKABLE static QFont face(int weight, qreal pixelSize,
