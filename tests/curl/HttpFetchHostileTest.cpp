@@ -15,6 +15,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto timeout = 400ms;
+/// The time-out itself is what these tests are about, so they read the clock.
 constexpr auto grace = 500ms;
 
 HttpRequest hastyRequestFor(const QByteArray &url)
