@@ -86,13 +86,6 @@ HttpRequest requestReadBy(const std::shared_ptr<BodyReader> &reader, const QByte
     return request;
 }
 
-HostileServer::Behaviour answerEncoded(const QByteArray &encoding, const QByteArray &body)
-{
-    return [encoding, body](HostileConnection &connection, const SeenRequest &) {
-        connection.respond("200 OK", body, "Content-Encoding: " + encoding + "\r\n");
-    };
-}
-
 /// Sends a page of unknown length, as chunks, after @p delay.
 HostileServer::Behaviour answerInChunksAfter(std::chrono::milliseconds delay, qsizetype size)
 {

@@ -20,9 +20,7 @@ constexpr auto grace = 500ms;
 
 HttpRequest hastyRequestFor(const QByteArray &url)
 {
-    HttpRequest request = requestFor(url);
-    request.timeout = timeout;
-    return request;
+    return requestWithin(timeout, url);
 }
 
 struct Hostility

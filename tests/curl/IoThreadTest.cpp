@@ -14,13 +14,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-HttpRequest requestWithin(std::chrono::milliseconds timeout, const QByteArray &url)
-{
-    HttpRequest request = requestFor(url);
-    request.timeout = timeout;
-    return request;
-}
-
 TEST(IoThreadTest, AWaitingTransfersClockStartsWhenItIsAdmitted)
 {
     const HostileServer server(answerAfter(150ms));
