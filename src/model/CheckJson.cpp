@@ -166,7 +166,7 @@ struct Reading
 /// and what the failed ones have, so that all of an outage share one text.
 struct LastReading
 {
-    Reading<SharedUuid> monitorId;
+    Reading<QUuid> monitorId;
     Reading<CompactOptional<Timestamp>> sslExpiresAt;
     Reading<OptionalText> error;
 
