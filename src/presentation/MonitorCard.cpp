@@ -16,11 +16,9 @@ QString cardTimeText(const std::optional<Check> &latestCheck)
 
 } // namespace
 
-MonitorCard monitorCard(const Monitor &monitor, const MonitorState &state)
+MonitorCard monitorCard(const MonitorState &state)
 {
     return {
-        .name = nameText(monitor),
-        .statusTone = statusTone(state.status),
         .responseTimeText = cardTimeText(state.latestCheck),
         .uptimeText = cardUptimeText(state.uptime24h),
         .uptimeTone = uptimeTone(state.uptime24h),

@@ -54,7 +54,6 @@ MonitorRow monitorRow(const Monitor &monitor, const MonitorState &state)
         .name = nameText(monitor),
         .address = addressText(monitor.url),
         .status = state.status,
-        .statusTone = statusTone(state.status),
         .uptimeText = rowUptimeText(state.uptime24h),
     };
     showResult(row, state);

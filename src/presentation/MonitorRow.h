@@ -14,7 +14,6 @@ struct MonitorRow
     QString name = {};
     QString address = {};
     MonitorStatus status = MonitorStatus::pending;
-    Tone statusTone = Tone::Muted;
     QString resultText = {}; ///< "DOWN" or a response time; empty while pending.
     Tone resultTone = Tone::Muted;
     QString uptimeText = {};

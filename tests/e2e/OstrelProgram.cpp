@@ -1,6 +1,6 @@
 #include "OstrelProgram.h"
 
-#include "CheckJson.h"
+#include "DecodedChecks.h"
 #include "FaviconService.h"
 #include "IconFolder.h"
 #include "MonitorJson.h"
