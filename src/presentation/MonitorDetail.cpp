@@ -3,7 +3,7 @@
 #include "DisplayFormats.h"
 #include "MonitorStore.h"
 #include "RelativeDate.h"
-#include "StatusTexts.h"
+#include "StatusLabel.h"
 #include "ToneRules.h"
 
 #include <QCoreApplication>

@@ -1,7 +1,7 @@
 #include "MonitorRow.h"
 
 #include "DisplayFormats.h"
-#include "StatusTexts.h"
+#include "StatusLabel.h"
 #include "ToneRules.h"
 
 #include <QCoreApplication>

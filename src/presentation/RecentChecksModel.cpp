@@ -3,7 +3,7 @@
 #include "DisplayFormats.h"
 #include "MonitorStore.h"
 #include "OneLine.h"
-#include "StatusTexts.h"
+#include "StatusLabel.h"
 
 #include <algorithm>
 

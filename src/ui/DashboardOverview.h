@@ -1,6 +1,6 @@
 #pragma once
 
-#include "StatusTexts.h"
+#include "StatusBanner.h"
 
 #include <QObject>
 #include <QtQml/qqmlregistration.h>

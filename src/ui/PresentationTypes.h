@@ -5,7 +5,7 @@
 #include "MonitorListModel.h"
 #include "RecentChecksModel.h"
 #include "ResponseSeries.h"
-#include "StatusTexts.h"
+#include "StatusBanner.h"
 #include "Tone.h"
 #include "UptimeTimeline.h"
 

@@ -5,7 +5,7 @@
 #include "PresentationSamples.h"
 #include "Printers.h"
 #include "RecentChecksModel.h"
-#include "StatusTexts.h"
+#include "StatusMenuEntry.h"
 
 #include <QMetaProperty>
 
