@@ -16,7 +16,6 @@ struct StatusBanner
     Q_PROPERTY(QString symbol MEMBER symbol)
     Q_PROPERTY(QString headline MEMBER headline)
     Q_PROPERTY(QString countLine MEMBER countLine)
-    Q_PROPERTY(ostrel::Tones::Tone tone MEMBER tone)
 
 public:
     QString symbol = {};

@@ -21,6 +21,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <memory>
 #include <ratio>
@@ -545,6 +546,12 @@ TEST_F(ContentViewTest, ANoticeStandsAboveTheFooterWhileThereIsSomethingToSay)
     const QQuickItem *row = item("noticeText")->parentItem();
     ASSERT_TRUE(waitFor([&] { return row->opacity() == 1; }));
     EXPECT_EQ(textOf("noticeText"), QStringLiteral("Offline. Checks wait for the network."));
+    const QList<QQuickItem *> children = row->childItems();
+    const auto symbol = std::ranges::find_if(children, [](const QQuickItem *child) {
+        return child->property("name") == QStringLiteral("network");
+    });
+    ASSERT_NE(symbol, children.end());
+    EXPECT_EQ(colorOf(*symbol), themeColor("textSecondary"));
     EXPECT_EQ(item("list")->height(), height - 36);
     EXPECT_EQ(row->mapToScene({0, row->height()}).y(), window->height() - 49);
     const QAccessibleInterface *spoken =
