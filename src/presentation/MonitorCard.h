@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MonitorState.h"
+#include "MonitorSummary.h"
 #include "Tone.h"
 
 #include <QString>
@@ -17,6 +17,6 @@ struct MonitorCard
     bool operator==(const MonitorCard &) const = default;
 };
 
-[[nodiscard]] MonitorCard monitorCard(const MonitorState &state);
+[[nodiscard]] MonitorCard monitorCard(const MonitorSummary &summary);
 
 } // namespace ostrel

@@ -184,8 +184,8 @@ void MonitorListModel::announce(std::size_t row)
 
 MonitorListModel::Shown MonitorListModel::makeShown(const Monitor &monitor) const
 {
-    const MonitorState state = monitorState(m_store, monitor);
-    return {monitorRow(monitor, state), monitorCard(state)};
+    const MonitorSummary summary = monitorSummary(m_store, monitor);
+    return {monitorRow(monitor, summary), monitorCard(summary)};
 }
 
 const MonitorListModel::Shown &MonitorListModel::shownAt(std::size_t row) const

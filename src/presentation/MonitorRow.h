@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Monitor.h"
-#include "MonitorState.h"
+#include "MonitorSummary.h"
 #include "Tone.h"
 
 #include <QString>
@@ -22,6 +22,6 @@ struct MonitorRow
     bool operator==(const MonitorRow &) const = default;
 };
 
-[[nodiscard]] MonitorRow monitorRow(const Monitor &monitor, const MonitorState &state);
+[[nodiscard]] MonitorRow monitorRow(const Monitor &monitor, const MonitorSummary &summary);
 
 } // namespace ostrel
