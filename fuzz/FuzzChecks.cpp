@@ -1,4 +1,4 @@
-#include "CheckJson.h"
+#include "DecodedChecks.h"
 #include "FuzzTarget.h"
 
 #include <cstdlib>
@@ -10,7 +10,7 @@ using namespace ostrel;
 class Collector : public CheckMapVisitor
 {
 public:
-    explicit Collector(QByteArrayView text)
+    explicit Collector(const QByteArray &text)
         : m_text(text)
     {
     }
@@ -20,20 +20,20 @@ public:
     {
         if (compact)
             expectReadBack(check,
-                           m_text.sliced(qsizetype(compact->offset), qsizetype(compact->length)));
+                           m_text.mid(qsizetype(compact->offset), qsizetype(compact->length)));
         std::string encoded;
         appendCheck(encoded, check);
-        expectReadBack(check, QByteArrayView(encoded.data(), qsizetype(encoded.size())));
+        expectReadBack(check, QByteArray::fromStdString(encoded));
     }
 
 private:
-    static void expectReadBack(const Check &check, QByteArrayView json)
+    static void expectReadBack(const Check &check, const QByteArray &json)
     {
-        if (decodeCheck(json) != check)
+        if (test::decodeCheck(json) != check)
             std::abort();
     }
 
-    QByteArrayView m_text;
+    QByteArray m_text;
 };
 
 } // namespace
@@ -69,6 +69,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
 {
     const QByteArray text(reinterpret_cast<const char *>(data), qsizetype(size));
     Collector collector(text);
-    (void)decodeCheckMap(text, collector);
+    (void)test::decodeCheckMap(text, collector);
     return 0;
 }

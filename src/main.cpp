@@ -11,6 +11,7 @@
 #include "PortCheck.h"
 #include "PseudoTranslator.h"
 #include "RecordsReader.h"
+#include "SingleInstance.h"
 #include "Sleeper.h"
 #include "StatusCommand.h"
 #include "StorageFolder.h"
@@ -90,8 +91,8 @@ struct Program
         createPrivateFolder(invocation.dataDir);
         for (const QString &complaint : closeToOthers(invocation.dataDir))
             complain(complaint);
-        const auto instance = makeSingleInstance(invocation.dataDir);
-        switch (instance->claim(5s)) {
+        SingleInstance instance(invocation.dataDir);
+        switch (instance.claim(5s)) {
         case SingleInstance::Claim::handedOver:
             return 0;
         case SingleInstance::Claim::failed:
@@ -102,7 +103,7 @@ struct Program
         case SingleInstance::Claim::unusable: // It watches and tells all the same.
             break;
         }
-        return watch(records, *instance);
+        return watch(records, instance);
     }
 
     int operator()(const CheckInvocation &invocation)

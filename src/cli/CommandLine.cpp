@@ -27,12 +27,12 @@ QString text(const char *english)
 
 QCommandLineOption dataDirOption()
 {
-    return {text("data-dir"), text("Keep monitors and history in DIR."), text("DIR")};
+    return {text("data-dir"), {}, text("DIR")};
 }
 
 QCommandLineOption jsonOption()
 {
-    return {text("json"), text("Print JSON instead of text.")};
+    return {text("json"), {}};
 }
 
 /// A value of @p name that the arguments give, converted by @p convert.

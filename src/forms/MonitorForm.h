@@ -39,7 +39,6 @@ class MonitorForm : public QObject
 
     /// `timeout` in the user's locale. Setting a text that is no time-out changes nothing.
     Q_PROPERTY(QString timeoutText READ timeoutText WRITE setTimeoutText NOTIFY changed)
-    Q_PROPERTY(bool isEditing READ isEditing NOTIFY changed)
     Q_PROPERTY(bool isWebsite READ isWebsite NOTIFY changed)
     Q_PROPERTY(bool isValid READ isValid NOTIFY changed)
     Q_PROPERTY(QString title READ title NOTIFY changed)
@@ -86,7 +85,6 @@ public:
 
     [[nodiscard]] QString timeoutText() const;
     void setTimeoutText(const QString &text);
-    [[nodiscard]] bool isEditing() const { return m_editingMonitor.has_value(); }
     [[nodiscard]] bool isWebsite() const { return m_draft.monitorType == MonitorType::http; }
     [[nodiscard]] bool isValid() const { return ostrel::isValid(m_draft); }
     [[nodiscard]] QString title() const;
@@ -129,6 +127,7 @@ Q_SIGNALS:
     void websiteCreated(const QUuid &monitorId, const QString &address);
 
 private:
+    [[nodiscard]] bool isEditing() const { return m_editingMonitor.has_value(); }
     void begin(const std::optional<Monitor> &monitor, const QString &clipboardText);
     [[nodiscard]] Monitor editedMonitor() const;
     void create();

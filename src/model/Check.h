@@ -2,7 +2,6 @@
 
 #include "CompactOptional.h"
 #include "OptionalText.h"
-#include "SharedUuid.h"
 #include "Timestamp.h"
 
 #include <QUuid>
@@ -13,11 +12,11 @@ namespace ostrel {
 
 /// The result of one check of one monitor: a plain value, never changed after it is made.
 ///
-/// Kept by the hundred thousand, so its fields are ordered and typed for size: 64 bytes.
+/// Kept by the hundred thousand, so its fields are ordered and typed for size: 72 bytes.
 struct Check
 {
     QUuid id;
-    SharedUuid monitorId;
+    QUuid monitorId;
     Timestamp timestamp;                     ///< When the check was made.
     CompactOptional<qint32> statusCode = {}; ///< HTTP; absent where no response arrived.
     bool isUp = false;

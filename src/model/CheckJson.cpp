@@ -166,7 +166,7 @@ struct Reading
 /// and what the failed ones have, so that all of an outage share one text.
 struct LastReading
 {
-    Reading<SharedUuid> monitorId;
+    Reading<QUuid> monitorId;
     Reading<CompactOptional<Timestamp>> sslExpiresAt;
     Reading<OptionalText> error;
 
@@ -379,20 +379,6 @@ void appendCheck(std::string &json, const Check &check)
     json += '}';
 }
 
-std::optional<Check> decodeCheck(QByteArrayView json)
-{
-    const padded_string text(json.data(), std::size_t(json.size()));
-    ondemand::parser parser;
-    ondemand::document document;
-    ondemand::object object;
-    LastReading last;
-    CheckReader reader(last);
-    if (parser.iterate(text).get(document) != SUCCESS ||
-        document.get_object().get(object) != SUCCESS || !reader.read(object) || !isAtEnd(document))
-        return std::nullopt;
-    return std::move(reader.check());
-}
-
 class CheckMapDecoder::Parser : public ondemand::parser
 {
 };
@@ -412,12 +398,6 @@ bool CheckMapDecoder::decode(std::string_view json, quint64 offset)
     const padded_string_view text(json.data(), json.size(), json.size() + padding);
     return m_parser->iterate(text).get(document) == SUCCESS &&
            CheckMapReader(document, json.data(), offset, m_visitor).read();
-}
-
-bool decodeCheckMap(QByteArray json, CheckMapVisitor &visitor)
-{
-    json.reserve(json.size() + qsizetype(CheckMapDecoder::padding));
-    return CheckMapDecoder(visitor).decode({json.constData(), std::size_t(json.size())});
 }
 
 } // namespace ostrel

@@ -18,9 +18,6 @@ namespace ostrel {
 /// character.
 void appendCheck(std::string &json, const Check &check);
 
-/// The check that @p json, one object, holds; nothing on the terms of CheckMapDecoder.
-[[nodiscard]] std::optional<Check> decodeCheck(QByteArrayView json);
-
 /// A part of a text, in bytes.
 struct TextRange
 {
@@ -68,8 +65,5 @@ private:
     CheckMapVisitor &m_visitor;
     std::unique_ptr<Parser> m_parser; ///< Keeps its memory from one map to the next.
 };
-
-/// Reads one map.
-[[nodiscard]] bool decodeCheckMap(QByteArray json, CheckMapVisitor &visitor);
 
 } // namespace ostrel

@@ -48,10 +48,6 @@ public:
     {
         return has_value() ? m_value : fallback;
     }
-    constexpr operator std::optional<T>() const
-    {
-        return has_value() ? std::optional<T>(m_value) : std::nullopt;
-    }
 
     friend constexpr bool operator==(CompactOptional, CompactOptional) = default;
 

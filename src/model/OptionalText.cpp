@@ -7,11 +7,6 @@ OptionalText::OptionalText(const QString &text)
 {
 }
 
-OptionalText::OptionalText(const std::optional<QString> &text)
-    : m_text(text ? new Text(*text) : nullptr)
-{
-}
-
 QString OptionalText::value_or(const QString &fallback) const
 {
     return m_text ? m_text->text : fallback;

@@ -14,7 +14,6 @@ public:
     OptionalText() = default;
     OptionalText(std::nullopt_t) {}
     OptionalText(const QString &text);
-    OptionalText(const std::optional<QString> &text);
 
     [[nodiscard]] bool has_value() const { return m_text; }
     explicit operator bool() const { return has_value(); }

@@ -5,7 +5,6 @@
 #include "MotionPreference.h"
 #include "NetworkPresence.h"
 #include "NotificationCenter.h"
-#include "SingleInstance.h"
 #include "StatusBarHost.h"
 #include "TerminationSignal.h"
 #include "WakeSignal.h"
@@ -48,8 +47,6 @@ void lowerThreadPriority();
 [[nodiscard]] std::unique_ptr<WakeSignal> makeWakeSignal();
 [[nodiscard]] std::unique_ptr<NetworkPresence> makeNetworkPresence();
 [[nodiscard]] std::unique_ptr<LoginItem> makeLoginItem();
-/// @p storageDir exists.
-[[nodiscard]] std::unique_ptr<SingleInstance> makeSingleInstance(const QString &storageDir);
 [[nodiscard]] std::unique_ptr<StatusBarHost> makeStatusBarHost();
 [[nodiscard]] std::unique_ptr<TerminationSignal> makeTerminationSignal();
 [[nodiscard]] std::unique_ptr<Workspace> makeWorkspace();

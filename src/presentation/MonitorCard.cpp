@@ -16,14 +16,12 @@ QString cardTimeText(const std::optional<Check> &latestCheck)
 
 } // namespace
 
-MonitorCard monitorCard(const Monitor &monitor, const MonitorState &state)
+MonitorCard monitorCard(const MonitorSummary &summary)
 {
     return {
-        .name = nameText(monitor),
-        .statusTone = statusTone(state.status),
-        .responseTimeText = cardTimeText(state.latestCheck),
-        .uptimeText = cardUptimeText(state.uptime24h),
-        .uptimeTone = uptimeTone(state.uptime24h),
+        .responseTimeText = cardTimeText(summary.latestCheck),
+        .uptimeText = cardUptimeText(summary.uptime24h),
+        .uptimeTone = uptimeTone(summary.uptime24h),
     };
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "Monitor.h"
-#include "MonitorState.h"
+#include "MonitorSummary.h"
 #include "Tone.h"
 
 #include <QString>
@@ -11,8 +10,6 @@ namespace ostrel {
 /// One monitor on the dashboard.
 struct MonitorCard
 {
-    QString name = {};
-    Tone statusTone = Tone::Muted;
     QString responseTimeText = {}; ///< Empty unless the latest check was up.
     QString uptimeText = {};
     Tone uptimeTone = Tone::Up;
@@ -20,6 +17,6 @@ struct MonitorCard
     bool operator==(const MonitorCard &) const = default;
 };
 
-[[nodiscard]] MonitorCard monitorCard(const Monitor &monitor, const MonitorState &state);
+[[nodiscard]] MonitorCard monitorCard(const MonitorSummary &summary);
 
 } // namespace ostrel

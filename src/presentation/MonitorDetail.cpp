@@ -3,7 +3,7 @@
 #include "DisplayFormats.h"
 #include "MonitorStore.h"
 #include "RelativeDate.h"
-#include "StatusTexts.h"
+#include "StatusLabel.h"
 #include "ToneRules.h"
 
 #include <QCoreApplication>
@@ -82,20 +82,20 @@ QVariantList MonitorDetail::statisticValues() const
 MonitorDetail monitorDetail(const Monitor &monitor, const DetailSource &source,
                             const Viewpoint &viewpoint)
 {
-    const auto &state = source.state;
+    const auto &summary = source.summary;
     return {
         .name = nameText(monitor),
         .address = addressText(monitor.url),
         .url = monitor.url,
-        .pillSymbol = statusSymbol(state.status),
-        .pillText = pillWord(state.status),
-        .statusTone = statusTone(state.status),
-        .lastCheckedText = lastCheckedText(state.latestCheck, viewpoint),
-        .badges = detailBadges(monitor, state.latestCheck, viewpoint.now, viewpoint.timeZone),
+        .pillSymbol = statusSymbol(summary.status),
+        .pillText = pillWord(summary.status),
+        .statusTone = statusTone(summary.status),
+        .lastCheckedText = lastCheckedText(summary.latestCheck, viewpoint),
+        .badges = detailBadges(monitor, summary.latestCheck, viewpoint.now, viewpoint.timeZone),
         .statistics =
             {
                 averageStatistic(Milliseconds(source.averageResponse24h)),
-                uptimeStatistic(DetailTexts::tr("Uptime 24h"), state.uptime24h),
+                uptimeStatistic(DetailTexts::tr("Uptime 24h"), summary.uptime24h),
                 uptimeStatistic(DetailTexts::tr("Uptime 7d"), source.uptime7d),
                 uptimeStatistic(DetailTexts::tr("Uptime 30d"), source.uptime30d),
             },
@@ -113,7 +113,7 @@ MonitorDetail monitorDetail(const MonitorStore &store, const Monitor &monitor,
     const auto lastDay = store.recentChecks(monitor.id, day);
     return monitorDetail(monitor,
                          {
-                             .state = monitorState(store, monitor),
+                             .summary = monitorSummary(store, monitor),
                              .averageResponse24h = store.averageResponseTime(monitor.id, day),
                              .uptime7d = store.uptime(monitor.id, 7 * day),
                              .uptime30d = store.uptime(monitor.id, 30 * day),

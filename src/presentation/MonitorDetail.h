@@ -1,7 +1,7 @@
 #pragma once
 
 #include "DetailBadges.h"
-#include "MonitorState.h"
+#include "MonitorSummary.h"
 #include "ResponseSeries.h"
 #include "UptimeTimeline.h"
 
@@ -40,7 +40,7 @@ public:
 /// What the detail page is made from, as the store derives it.
 struct DetailSource
 {
-    MonitorState state = {};
+    MonitorSummary summary = {};
     double averageResponse24h = 0; ///< Milliseconds; 0 where there is none.
     double uptime7d = 1;           ///< Shares in 0…1.
     double uptime30d = 1;

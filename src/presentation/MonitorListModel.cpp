@@ -36,17 +36,12 @@ QVariant MonitorListModel::data(const QModelIndex &index, int role) const
         return monitor.url;
     case isEnabledRole:
         return monitor.isEnabled;
-    case Qt::DisplayRole:
     case nameRole:
         return shown.row.name;
     case addressRole:
         return shown.row.address;
     case statusRole:
         return static_cast<int>(shown.row.status);
-    case statusToneRole:
-        return QVariant::fromValue(shown.row.statusTone);
-    case isUpRole:
-        return shown.row.status == MonitorStatus::up;
     case isDownRole:
         return shown.row.status == MonitorStatus::down;
     case isPendingRole:
@@ -79,8 +74,6 @@ QHash<int, QByteArray> MonitorListModel::roleNames() const
         {nameRole, "name"},
         {addressRole, "address"},
         {statusRole, "status"},
-        {statusToneRole, "statusTone"},
-        {isUpRole, "isUp"},
         {isDownRole, "isDown"},
         {isPendingRole, "isPending"},
         {resultTextRole, "resultText"},
@@ -191,8 +184,8 @@ void MonitorListModel::announce(std::size_t row)
 
 MonitorListModel::Shown MonitorListModel::makeShown(const Monitor &monitor) const
 {
-    const MonitorState state = monitorState(m_store, monitor);
-    return {monitorRow(monitor, state), monitorCard(monitor, state)};
+    const MonitorSummary summary = monitorSummary(m_store, monitor);
+    return {monitorRow(monitor, summary), monitorCard(summary)};
 }
 
 const MonitorListModel::Shown &MonitorListModel::shownAt(std::size_t row) const

@@ -32,9 +32,7 @@ public:
         isEnabledRole,
         nameRole,
         addressRole,
-        statusRole,     ///< MonitorStatus as a number.
-        statusToneRole, ///< Tone
-        isUpRole,
+        statusRole, ///< MonitorStatus as a number.
         isDownRole,
         isPendingRole,
         resultTextRole, ///< What stands on the right of the sidebar's row.

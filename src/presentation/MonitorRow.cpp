@@ -1,7 +1,7 @@
 #include "MonitorRow.h"
 
 #include "DisplayFormats.h"
-#include "StatusTexts.h"
+#include "StatusLabel.h"
 #include "ToneRules.h"
 
 #include <QCoreApplication>
@@ -18,29 +18,29 @@ struct RowTexts
 };
 
 /// The latest response time, where the row shows one.
-std::optional<Milliseconds> shownTime(const MonitorState &state)
+std::optional<Milliseconds> shownTime(const MonitorSummary &summary)
 {
-    if (state.status == MonitorStatus::pending || state.status == MonitorStatus::down ||
-        !state.latestCheck)
+    if (summary.status == MonitorStatus::pending || summary.status == MonitorStatus::down ||
+        !summary.latestCheck)
         return std::nullopt;
-    return Milliseconds(state.latestCheck->responseTime);
+    return Milliseconds(summary.latestCheck->responseTime);
 }
 
-void showResult(MonitorRow &row, const MonitorState &state)
+void showResult(MonitorRow &row, const MonitorSummary &summary)
 {
-    if (state.status == MonitorStatus::down) {
+    if (summary.status == MonitorStatus::down) {
         row.resultText = RowTexts::tr("DOWN");
         row.resultTone = Tone::Down;
-    } else if (const auto time = shownTime(state)) {
+    } else if (const auto time = shownTime(summary)) {
         row.resultText = shortResponseTimeText(*time);
         row.resultTone = responseTimeTone(*time);
     }
 }
 
-QString spokenText(const MonitorRow &row, const MonitorState &state)
+QString spokenText(const MonitorRow &row, const MonitorSummary &summary)
 {
-    QStringList parts = {row.name, QLocale().toLower(statusWord(state.status))};
-    if (const auto time = shownTime(state))
+    QStringList parts = {row.name, QLocale().toLower(statusWord(summary.status))};
+    if (const auto time = shownTime(summary))
         parts += responseTimeText(*time);
     parts += RowTexts::tr("24-hour uptime %1").arg(row.uptimeText);
     return parts.join(QLatin1String(", "));
@@ -48,17 +48,16 @@ QString spokenText(const MonitorRow &row, const MonitorState &state)
 
 } // namespace
 
-MonitorRow monitorRow(const Monitor &monitor, const MonitorState &state)
+MonitorRow monitorRow(const Monitor &monitor, const MonitorSummary &summary)
 {
     MonitorRow row{
         .name = nameText(monitor),
         .address = addressText(monitor.url),
-        .status = state.status,
-        .statusTone = statusTone(state.status),
-        .uptimeText = rowUptimeText(state.uptime24h),
+        .status = summary.status,
+        .uptimeText = rowUptimeText(summary.uptime24h),
     };
-    showResult(row, state);
-    row.spokenText = spokenText(row, state);
+    showResult(row, summary);
+    row.spokenText = spokenText(row, summary);
     return row;
 }
 

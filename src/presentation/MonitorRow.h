@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Monitor.h"
-#include "MonitorState.h"
+#include "MonitorSummary.h"
 #include "Tone.h"
 
 #include <QString>
@@ -14,7 +14,6 @@ struct MonitorRow
     QString name = {};
     QString address = {};
     MonitorStatus status = MonitorStatus::pending;
-    Tone statusTone = Tone::Muted;
     QString resultText = {}; ///< "DOWN" or a response time; empty while pending.
     Tone resultTone = Tone::Muted;
     QString uptimeText = {};
@@ -23,6 +22,6 @@ struct MonitorRow
     bool operator==(const MonitorRow &) const = default;
 };
 
-[[nodiscard]] MonitorRow monitorRow(const Monitor &monitor, const MonitorState &state);
+[[nodiscard]] MonitorRow monitorRow(const Monitor &monitor, const MonitorSummary &summary);
 
 } // namespace ostrel

@@ -3,7 +3,7 @@
 #include "DisplayFormats.h"
 #include "MonitorStore.h"
 #include "OneLine.h"
-#include "StatusTexts.h"
+#include "StatusLabel.h"
 
 #include <algorithm>
 
@@ -50,7 +50,6 @@ void RecentChecksModel::setMonitorId(const QUuid &monitorId)
         return;
     m_monitorId = monitorId;
     takeChecks();
-    Q_EMIT monitorIdChanged();
 }
 
 int RecentChecksModel::rowCount(const QModelIndex &parent) const
@@ -72,7 +71,6 @@ QVariant RecentChecksModel::data(const QModelIndex &index, int role) const
         return timeText(check);
     case codeTextRole:
         return codeText(check);
-    case Qt::DisplayRole:
     case resultTextRole:
         return resultText(check);
     case spokenTextRole:

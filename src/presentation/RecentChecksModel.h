@@ -21,7 +21,6 @@ class MonitorStore;
 class RecentChecksModel : public QAbstractListModel
 {
     Q_OBJECT
-    Q_PROPERTY(QUuid monitorId READ monitorId WRITE setMonitorId NOTIFY monitorIdChanged)
 
 public:
     enum Role {
@@ -41,16 +40,12 @@ public:
                                const QTimeZone &timeZone = QTimeZone::systemTimeZone(),
                                const QLocale &locale = QLocale(), QObject *parent = nullptr);
 
-    [[nodiscard]] QUuid monitorId() const { return m_monitorId; }
     /// A null or unknown id gives an empty list.
     void setMonitorId(const QUuid &monitorId);
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
-
-Q_SIGNALS:
-    void monitorIdChanged();
 
 private:
     void takeChecks();

@@ -16,7 +16,6 @@ struct ResponseSeries
     Q_GADGET
     Q_PROPERTY(QString newestText READ newestText)
     Q_PROPERTY(bool isPlottable READ isPlottable)
-    Q_PROPERTY(QString spokenText READ spokenText)
 
 public:
     struct Point

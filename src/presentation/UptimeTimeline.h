@@ -19,7 +19,6 @@ struct UptimeTimeline
     Q_PROPERTY(QString percentageText MEMBER percentageText)
     Q_PROPERTY(ostrel::Tones::Tone percentageTone MEMBER percentageTone)
     Q_PROPERTY(QString ageText MEMBER ageText)
-    Q_PROPERTY(QString spokenText MEMBER spokenText)
 
 public:
     /// The most bars of a strip.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "StatusTexts.h"
+#include "StatusBanner.h"
 
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
@@ -16,8 +16,7 @@ class DashboardOverview : public QObject
     QML_ELEMENT
     QML_UNCREATABLE("Made by the application")
     Q_PROPERTY(ostrel::StatusBanner banner READ banner NOTIFY changed FINAL)
-    /// The banner's Tone, as a number.
-    Q_PROPERTY(int tone READ tone NOTIFY changed FINAL)
+    Q_PROPERTY(ostrel::Tones::Tone tone READ tone NOTIFY changed FINAL)
     /// Whether there are no monitors.
     Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY changed FINAL)
 
@@ -26,7 +25,8 @@ public:
     explicit DashboardOverview(const MonitorStore &store, QObject *parent = nullptr);
 
     [[nodiscard]] const StatusBanner &banner() const { return m_banner; }
-    [[nodiscard]] int tone() const { return static_cast<int>(m_banner.tone); }
+    /// The banner's. A compiled view can't read an enumeration of a value inside an object.
+    [[nodiscard]] Tone tone() const { return m_banner.tone; }
     [[nodiscard]] bool isEmpty() const { return m_isEmpty; }
 
 Q_SIGNALS:

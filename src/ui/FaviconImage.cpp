@@ -116,11 +116,8 @@ void FaviconImage::lookUp()
 
 void FaviconImage::setIcon(const QImage &icon)
 {
-    const bool hadIcon = hasIcon();
     m_icon = icon;
     update();
-    if (hasIcon() != hadIcon)
-        Q_EMIT hasIconChanged();
 }
 
 } // namespace ostrel

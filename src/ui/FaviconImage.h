@@ -23,9 +23,6 @@ class FaviconImage : public ostrel::PixelItem
     Q_PROPERTY(QColor letterColor MEMBER m_letterColor NOTIFY lookChanged FINAL)
     /// In pixels, as a font's.
     Q_PROPERTY(qreal letterSize MEMBER m_letterSize NOTIFY lookChanged FINAL)
-    Q_PROPERTY(bool hasIcon READ hasIcon NOTIFY hasIconChanged FINAL)
-    /// What stands for the site while it has no icon.
-    Q_PROPERTY(QString placeholderLetter READ placeholderLetter NOTIFY urlStringChanged FINAL)
 
 public:
     explicit FaviconImage(QQuickItem *parent = nullptr);
@@ -36,21 +33,21 @@ public:
 
     [[nodiscard]] QString urlString() const { return m_urlString; }
     void setUrlString(const QString &urlString);
-    [[nodiscard]] bool hasIcon() const { return !m_icon.isNull(); }
-    [[nodiscard]] QString placeholderLetter() const;
 
     void paint(QPainter *painter) override;
 
 Q_SIGNALS:
     void urlStringChanged();
     void lookChanged();
-    void hasIconChanged();
 
 protected:
     void componentComplete() override;
     [[nodiscard]] QString look() const override;
 
 private:
+    [[nodiscard]] bool hasIcon() const { return !m_icon.isNull(); }
+    /// What stands for the site while it has no icon.
+    [[nodiscard]] QString placeholderLetter() const;
     void paintIcon(QPainter *painter);
     void paintPlaceholder(QPainter *painter);
     void lookUp();

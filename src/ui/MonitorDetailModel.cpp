@@ -53,19 +53,10 @@ void MonitorDetailModel::refresh()
     const auto monitor = m_store.monitor(m_monitorId);
     const Viewpoint viewpoint = {.now = m_now(), .timeZone = m_timeZone, .locale = m_locale};
     MonitorDetail detail = monitor ? monitorDetail(m_store, *monitor, viewpoint) : MonitorDetail();
-    setHasMonitor(monitor.has_value());
     if (m_detail == detail)
         return;
     m_detail = std::move(detail);
     Q_EMIT detailChanged();
-}
-
-void MonitorDetailModel::setHasMonitor(bool hasMonitor)
-{
-    if (m_hasMonitor == hasMonitor)
-        return;
-    m_hasMonitor = hasMonitor;
-    Q_EMIT hasMonitorChanged();
 }
 
 } // namespace ostrel

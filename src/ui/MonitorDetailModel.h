@@ -22,7 +22,6 @@ class MonitorDetailModel : public QObject
     Q_PROPERTY(QUuid monitorId READ monitorId WRITE setMonitorId NOTIFY monitorIdChanged)
     /// Whether the page can be seen. Only then time is watched.
     Q_PROPERTY(bool isShown READ isShown WRITE setShown NOTIFY isShownChanged)
-    Q_PROPERTY(bool hasMonitor READ hasMonitor NOTIFY hasMonitorChanged)
     Q_PROPERTY(ostrel::MonitorDetail detail READ detail NOTIFY detailChanged)
     Q_PROPERTY(ostrel::RecentChecksModel *recentChecks READ recentChecks CONSTANT)
 
@@ -41,8 +40,6 @@ public:
     void setMonitorId(const QUuid &monitorId);
     [[nodiscard]] bool isShown() const { return m_timer.isActive(); }
     void setShown(bool isShown);
-    /// False where the store has no monitor of this id, or has it no longer.
-    [[nodiscard]] bool hasMonitor() const { return m_hasMonitor; }
     [[nodiscard]] const MonitorDetail &detail() const { return m_detail; }
     [[nodiscard]] RecentChecksModel *recentChecks() { return &m_recentChecks; }
 
@@ -52,18 +49,14 @@ public:
 Q_SIGNALS:
     void monitorIdChanged();
     void isShownChanged();
-    void hasMonitorChanged();
     void detailChanged();
 
 private:
-    void setHasMonitor(bool hasMonitor);
-
     const MonitorStore &m_store;
     WallClock m_now;
     QTimeZone m_timeZone;
     QLocale m_locale;
     QUuid m_monitorId;
-    bool m_hasMonitor = false;
     MonitorDetail m_detail;
     RecentChecksModel m_recentChecks;
     QTimer m_timer;

@@ -31,7 +31,6 @@ public:
     /// Not owned.
     void setMonitors(MonitorListModel *monitors);
 
-    [[nodiscard]] QUuid monitorId() const { return m_monitorId; }
     void setMonitorId(const QUuid &monitorId);
     [[nodiscard]] QVariant monitorIdValue() const { return m_monitorId; }
     void setMonitorIdValue(const QVariant &monitorId) { setMonitorId(monitorId.toUuid()); }

@@ -5,7 +5,7 @@
 #include "MonitorListModel.h"
 #include "RecentChecksModel.h"
 #include "ResponseSeries.h"
-#include "StatusTexts.h"
+#include "StatusBanner.h"
 #include "Tone.h"
 #include "UptimeTimeline.h"
 
@@ -15,31 +15,12 @@
 
 namespace ostrel {
 
-/// What views know as `Tone.Up` and so on. The numbers are the same, so that values and models can
-/// hand either out.
-namespace ToneEnum {
-
+/// What views know as `Tone.Up` and so on.
+namespace ToneForeign {
 Q_NAMESPACE
+QML_FOREIGN_NAMESPACE(ostrel::Tones)
 QML_NAMED_ELEMENT(Tone)
-
-enum Value {
-    Up = static_cast<int>(Tone::Up),
-    Warning = static_cast<int>(Tone::Warning),
-    Down = static_cast<int>(Tone::Down),
-    Muted = static_cast<int>(Tone::Muted),
-    Secondary = static_cast<int>(Tone::Secondary),
-    Accent = static_cast<int>(Tone::Accent),
-};
-Q_ENUM_NS(Value)
-
-} // namespace ToneEnum
-
-struct TonesForeign
-{
-    Q_GADGET
-    QML_FOREIGN(ostrel::Tones)
-    QML_ANONYMOUS
-};
+} // namespace ToneForeign
 
 struct MonitorListModelForeign
 {

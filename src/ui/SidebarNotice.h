@@ -23,8 +23,7 @@ class SidebarNotice : public QObject
     // What is said, or what was said last, for the time in which it disappears.
     Q_PROPERTY(QString text READ text NOTIFY changed FINAL)
     Q_PROPERTY(QString symbol READ symbol NOTIFY changed FINAL)
-    /// A Tone, as a number.
-    Q_PROPERTY(int tone READ tone NOTIFY changed FINAL)
+    Q_PROPERTY(ostrel::Tones::Tone tone READ tone NOTIFY changed FINAL)
 
 public:
     /// @p store and @p presence outlive this object.
@@ -34,7 +33,7 @@ public:
     [[nodiscard]] bool isNeeded() const { return m_isNeeded; }
     [[nodiscard]] QString text() const { return m_message.text; }
     [[nodiscard]] QString symbol() const { return m_message.symbol; }
-    [[nodiscard]] int tone() const { return static_cast<int>(m_message.tone); }
+    [[nodiscard]] Tone tone() const { return m_message.tone; }
 
 Q_SIGNALS:
     void changed();

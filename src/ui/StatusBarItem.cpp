@@ -4,7 +4,6 @@
 #include "NotificationCenter.h"
 #include "StatusBarHost.h"
 #include "StatusBarSymbol.h"
-#include "StatusTexts.h"
 #include "ThemeColors.h"
 
 #include <QApplication>
@@ -14,6 +13,11 @@
 namespace ostrel {
 
 namespace {
+
+bool isAnythingDown(const MonitorStore &store)
+{
+    return store.overallStatus() == MonitorStatus::down;
+}
 
 /// Both birds are one drawing, so that only the colour changes. The red one never has a name, so
 /// that nobody tints it, and its red is the theme's: these desktops have none of their own.

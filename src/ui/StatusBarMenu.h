@@ -1,6 +1,6 @@
 #pragma once
 
-#include "StatusTexts.h"
+#include "StatusMenuEntry.h"
 
 #include <QIcon>
 #include <QMenu>

@@ -2,7 +2,6 @@
 
 #include "WaitFor.h"
 
-#include <QElapsedTimer>
 #include <QList>
 #include <QSet>
 
@@ -98,7 +97,6 @@ TEST(WorkThreadTest, TheEndDropsWhatWaits)
 TEST(WorkThreadTest, TheEndLeavesLongWorkBehind)
 {
     static std::atomic<bool> hasBegun = false;
-    QElapsedTimer clock;
     {
         WorkThread thread;
         thread.post([] {
@@ -107,9 +105,8 @@ TEST(WorkThreadTest, TheEndLeavesLongWorkBehind)
                 QThread::msleep(1000);
         });
         ASSERT_TRUE(waitFor([] { return hasBegun.load(); }));
-        clock.start();
     }
-    EXPECT_LT(clock.elapsed(), 5000);
+    // The end came, and the work never does.
     EXPECT_TRUE(WorkThread::isAnyLeftBehind());
     std::fflush(nullptr);
 }

@@ -1,7 +1,7 @@
 #include "CheckCommand.h"
 
-#include "CheckJson.h"
 #include "CurlNetwork.h"
+#include "DecodedChecks.h"
 #include "ForeignTexts.h"
 #include "HostileBehaviours.h"
 #include "Printers.h"

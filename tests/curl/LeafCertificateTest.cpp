@@ -1,3 +1,4 @@
+#include "DateListener.h"
 #include "FetchFixture.h"
 #include "HostileBehaviours.h"
 #include "NginxServer.h"
@@ -17,20 +18,6 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-/// Remembers every date that it hears.
-class Listener final : public TlsDelegate
-{
-public:
-    void didReceiveLeafCertificate(std::chrono::sys_seconds notAfter) override
-    {
-        m_dates.push_back(notAfter);
-    }
-    [[nodiscard]] const std::vector<std::chrono::sys_seconds> &dates() const { return m_dates; }
-
-private:
-    std::vector<std::chrono::sys_seconds> m_dates;
-};
-
 enum class TrustIn { File, Directory };
 
 class LeafCertificateTest : public testing::TestWithParam<TrustIn>
@@ -44,7 +31,7 @@ protected:
     }
     [[nodiscard]] const std::vector<std::chrono::sys_seconds> &dates() const
     {
-        return m_listener->dates();
+        return m_listener->dates;
     }
 
     TestCertificates m_certificates;
@@ -58,7 +45,7 @@ private:
     }
 
     CurlNetwork m_network{IoThreadConfiguration{.trustStore = trustStore()}};
-    std::shared_ptr<Listener> m_listener = std::make_shared<Listener>();
+    std::shared_ptr<DateListener> m_listener = std::make_shared<DateListener>();
 };
 
 INSTANTIATE_TEST_SUITE_P(TrustIn, LeafCertificateTest,

@@ -1,3 +1,4 @@
+#include "DateListener.h"
 #include "FetchFixture.h"
 #include "HostileBehaviours.h"
 #include "NginxServer.h"
@@ -18,17 +19,6 @@ using namespace std::chrono_literals;
 using testing::Each;
 using testing::IsEmpty;
 using testing::Not;
-
-class DateListener final : public TlsDelegate
-{
-public:
-    void didReceiveLeafCertificate(std::chrono::sys_seconds notAfter) override
-    {
-        dates.push_back(notAfter);
-    }
-
-    std::vector<std::chrono::sys_seconds> dates;
-};
 
 /// A proxy that speaks TLS, whose authority is trusted, and whose certificate nobody asks about.
 class TlsProxyTest : public testing::Test

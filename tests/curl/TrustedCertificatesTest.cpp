@@ -1,5 +1,6 @@
 #include "TrustedCertificates.h"
 
+#include "DateListener.h"
 #include "FetchFixture.h"
 #include "NginxServer.h"
 #include "Printers.h"
@@ -132,14 +133,6 @@ TEST_F(TrustedCertificatesTest, AnAddedFileInAnyOfSeveralDirectoriesIsNoticed)
     EXPECT_NE(certificates.current(), first);
 }
 
-class DateCounter final : public TlsDelegate
-{
-public:
-    void didReceiveLeafCertificate(std::chrono::sys_seconds) override { ++count; }
-
-    int count = 0;
-};
-
 /// Fetches from a real server, whose certificate is signed by m_one.
 class TrustedFetchTest : public TrustedCertificatesTest
 {
@@ -158,7 +151,7 @@ protected:
 
     TestCertificates m_site;
     const NginxServer m_server{{NginxSite{.leaf = m_site.valid()}}};
-    std::shared_ptr<DateCounter> m_dates = std::make_shared<DateCounter>();
+    std::shared_ptr<DateListener> m_dates = std::make_shared<DateListener>();
 };
 
 TEST_F(TrustedFetchTest, ARenewedBundleIsNoticedAtTheNextRequest)
@@ -188,12 +181,12 @@ TEST_F(TrustedFetchTest, WithoutCertificatesNothingIsTrustedAndTheDateIsKnown)
          {TrustStore{}, TrustStore{.directory = {}, .file = m_bundle},
           TrustStore{.directory = path(QStringLiteral("nowhere")),
           .file = path(QStringLiteral("no"))}}) {
-        m_dates->count = 0;
+        m_dates->dates.clear();
         const HttpResult result = fetch(trustStore);
         EXPECT_FALSE(result.hasResponse);
         EXPECT_THAT(result.error.toStdString(),
                     HasSubstr("unable to get local issuer certificate"));
-        EXPECT_GT(m_dates->count, 0);
+        EXPECT_FALSE(m_dates->dates.empty());
     }
 }
 

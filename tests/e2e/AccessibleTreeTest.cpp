@@ -4,6 +4,7 @@
 #include "HostileBehaviours.h"
 #include "OstrelDesktop.h"
 #include "Printers.h"
+#include "Text.h"
 #include "WaitFor.h"
 
 #include <QFile>
@@ -16,11 +17,6 @@ namespace ostrel::test {
 namespace {
 
 using namespace std::chrono_literals;
-
-QString text(const char *english)
-{
-    return QString::fromUtf8(english);
-}
 
 /// Roles under which a screen reader finds nothing to say or to do.
 constexpr AccessibleRole emptyRoles[] = {AccessibleRole::invalid, AccessibleRole::filler,

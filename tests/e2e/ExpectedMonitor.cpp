@@ -42,7 +42,8 @@ QString ExpectedMonitor::complaintAbout(const Check &check) const
         return QStringLiteral("error '%1'").arg(check.error.value_or(QStringLiteral("(none)")));
     if (check.keywordFound != keywordFound)
         return QStringLiteral("keywordFound");
-    if (std::optional<Timestamp>(check.sslExpiresAt) != std::optional<Timestamp>(sslExpiresAt))
+    const std::optional<Timestamp> expiry = sslExpiresAt;
+    if (check.sslExpiresAt != CompactOptional<Timestamp>(expiry))
         return QStringLiteral("sslExpiresAt");
     return {};
 }

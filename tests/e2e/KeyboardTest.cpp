@@ -2,6 +2,7 @@
 #include "HostileBehaviours.h"
 #include "OstrelDesktop.h"
 #include "Printers.h"
+#include "Text.h"
 #include "WaitFor.h"
 
 #include <gtest/gtest.h>
@@ -9,11 +10,6 @@
 namespace ostrel::test {
 
 namespace {
-
-QString text(const char *english)
-{
-    return QString::fromUtf8(english);
-}
 
 /// Who has nothing but a keyboard.
 class KeyboardTest : public testing::Test

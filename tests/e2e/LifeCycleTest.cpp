@@ -1,6 +1,7 @@
 #include "ExpectedMonitor.h"
 #include "HostileBehaviours.h"
 #include "OstrelProgram.h"
+#include "Text.h"
 #include "VirtualDisplay.h"
 #include "WaitFor.h"
 #include "WindowManager.h"
@@ -20,11 +21,6 @@ namespace ostrel::test {
 namespace {
 
 using namespace std::chrono_literals;
-
-QString text(const char *english)
-{
-    return QString::fromLatin1(english);
-}
 
 class LifeCycleTest : public testing::Test
 {

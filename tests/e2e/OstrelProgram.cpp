@@ -1,6 +1,6 @@
 #include "OstrelProgram.h"
 
-#include "CheckJson.h"
+#include "DecodedChecks.h"
 #include "FaviconService.h"
 #include "IconFolder.h"
 #include "MonitorJson.h"
@@ -98,14 +98,19 @@ QByteArray OstrelProgram::complaints() const
     return lines;
 }
 
+bool OstrelProgram::launch()
+{
+    m_process.setProcessEnvironment(m_environment);
+    m_process.start(program, m_arguments);
+    return m_process.waitForStarted();
+}
+
 bool OstrelProgram::start()
 {
     const QString loginItem = homeFile(QStringLiteral("config/autostart/ostrel.desktop"));
     QFile::remove(loginItem);
-    m_process.setProcessEnvironment(m_environment);
-    m_process.start(program, m_arguments);
-    return m_process.waitForStarted() &&
-           waitFor([&] { return !isRunning() || QFile::exists(loginItem); }) && isRunning();
+    return launch() && waitFor([&] { return !isRunning() || QFile::exists(loginItem); }) &&
+           isRunning();
 }
 
 int OstrelProgram::stop()

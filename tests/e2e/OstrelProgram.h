@@ -37,6 +37,8 @@ public:
     /// The lines that it said there itself, without Qt's.
     [[nodiscard]] QByteArray complaints() const;
 
+    /// Starts watching, and returns at once. False where the program can't be run.
+    [[nodiscard]] bool launch();
     /// Starts watching, and returns when the window's content has appeared and so the login item is
     /// there. False where it ends instead.
     [[nodiscard]] bool start();

@@ -2,6 +2,7 @@
 #include "HostileBehaviours.h"
 #include "OstrelDesktop.h"
 #include "Printers.h"
+#include "Text.h"
 #include "WaitFor.h"
 
 #include <QRegularExpression>
@@ -13,11 +14,6 @@
 namespace ostrel::test {
 
 namespace {
-
-QString text(const char *english)
-{
-    return QString::fromUtf8(english);
-}
 
 /// What of @p told has not gone through a translator.
 QString untranslated(QString told)

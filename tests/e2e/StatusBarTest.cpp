@@ -6,6 +6,7 @@
 #include "PrivateBus.h"
 #include "Screen.h"
 #include "StatusNotifierHost.h"
+#include "Text.h"
 #include "ThemeColors.h"
 #include "VirtualDisplay.h"
 #include "WaitFor.h"
@@ -25,11 +26,6 @@ namespace ostrel::test {
 namespace {
 
 using namespace std::chrono_literals;
-
-QString text(const char *english)
-{
-    return QString::fromUtf8(english);
-}
 
 class StatusBarTest : public testing::Test
 {

@@ -2,6 +2,7 @@
 #include "HostileBehaviours.h"
 #include "OstrelProgram.h"
 #include "Printers.h"
+#include "Text.h"
 #include "WaitFor.h"
 
 #include <QDir>
@@ -18,11 +19,6 @@
 namespace ostrel::test {
 
 namespace {
-
-QString text(const char *english)
-{
-    return QString::fromLatin1(english);
-}
 
 class StorageTest : public testing::Test
 {

@@ -6,6 +6,7 @@
 #include "NotificationDaemon.h"
 #include "OstrelProgram.h"
 #include "PrivateBus.h"
+#include "Text.h"
 #include "VirtualDisplay.h"
 #include "WaitFor.h"
 
@@ -20,11 +21,6 @@ namespace ostrel::test {
 namespace {
 
 using namespace std::chrono_literals;
-
-QString text(const char *english)
-{
-    return QString::fromUtf8(english);
-}
 
 /// Answers 500 to the requests whose numbers, from 1, are in @p failing, and 200 to the others.
 HostileServer::Behaviour failOn(std::initializer_list<int> failing)

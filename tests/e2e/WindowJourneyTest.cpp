@@ -3,6 +3,7 @@
 #include "NotificationDaemon.h"
 #include "OstrelDesktop.h"
 #include "Printers.h"
+#include "Text.h"
 #include "WaitFor.h"
 
 #include <QDir>
@@ -17,11 +18,6 @@
 namespace ostrel::test {
 
 namespace {
-
-QString text(const char *english)
-{
-    return QString::fromUtf8(english);
-}
 
 /// A shop's page with a title and an icon of its own, and something that listens besides.
 QList<NginxSite> shopAndDatabase(const TestLeaf &leaf)

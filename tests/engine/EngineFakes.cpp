@@ -95,12 +95,4 @@ void ScriptedCheck::finishNext(bool isUp)
     promise.finish();
 }
 
-QStringList RecordingNotificationCenter::kinds() const
-{
-    QStringList kinds;
-    for (const NotificationRequest &request : requests)
-        kinds += request.identifier.section(QLatin1Char('-'), 0, 0);
-    return kinds;
-}
-
 } // namespace ostrel::test

@@ -4,13 +4,11 @@
 #include "Monitor.h"
 #include "MonitorCheck.h"
 #include "NetworkPresence.h"
-#include "NotificationCenter.h"
 #include "Sleeper.h"
 
 #include <QFuture>
 #include <QPointer>
 #include <QPromise>
-#include <QStringList>
 
 #include <deque>
 #include <functional>
@@ -77,20 +75,6 @@ private:
     bool m_isHolding = false;
     bool m_isThrowing = false;
     std::deque<std::pair<Monitor, QPromise<Check>>> m_held;
-};
-
-/// Keeps what was posted.
-class RecordingNotificationCenter : public NotificationCenter
-{
-public:
-    void requestAuthorization() override { ++authorizationRequests; }
-    void add(const NotificationRequest &request) override { requests.push_back(request); }
-
-    /// The identifiers without the monitor's id: "down", "up", "slow", "ssl".
-    [[nodiscard]] QStringList kinds() const;
-
-    std::vector<NotificationRequest> requests;
-    int authorizationRequests = 0;
 };
 
 } // namespace ostrel::test

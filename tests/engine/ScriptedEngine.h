@@ -4,6 +4,7 @@
 #include "MonitorStore.h"
 #include "MonitoringEngine.h"
 #include "NotificationManager.h"
+#include "RecordingNotificationCenter.h"
 #include "WakeSignal.h"
 
 #include <QTemporaryDir>

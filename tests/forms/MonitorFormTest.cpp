@@ -89,7 +89,6 @@ TEST_F(MonitorFormTest, CreateModeBeginsEmpty)
 
     EXPECT_EQ(form.title(), QStringLiteral("New Monitor"));
     EXPECT_EQ(form.confirmText(), QStringLiteral("Start Monitoring"));
-    EXPECT_FALSE(form.isEditing());
     EXPECT_TRUE(form.isWebsite());
     EXPECT_FALSE(form.isValid());
     EXPECT_EQ(form.url(), QString());
@@ -116,7 +115,6 @@ TEST_F(MonitorFormTest, EditModeBeginsWithTheMonitor)
 
     EXPECT_EQ(form.title(), QStringLiteral("Edit Monitor"));
     EXPECT_EQ(form.confirmText(), QStringLiteral("Save"));
-    EXPECT_TRUE(form.isEditing());
     EXPECT_TRUE(form.isValid());
     EXPECT_EQ(form.url(), monitor.url);
     EXPECT_EQ(form.portText(), QStringLiteral("5432"));
@@ -134,7 +132,7 @@ TEST_F(MonitorFormTest, BeginningAnewForgetsWhatWasTyped)
     form.setMonitorType(QStringLiteral("port"));
 
     form.beginCreate(QString());
-    EXPECT_FALSE(form.isEditing());
+    EXPECT_EQ(form.title(), QStringLiteral("New Monitor"));
     EXPECT_FALSE(form.showAdvanced());
     EXPECT_EQ(form.thresholdText(), QString());
     EXPECT_EQ(form.monitorType(), QStringLiteral("http"));

@@ -1,3 +1,4 @@
+#include "LayerDiagram.h"
 #include "Printers.h"
 
 #include <QDir>
@@ -7,72 +8,44 @@
 #include <QRegularExpression>
 #include <QSet>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <utility>
 
 namespace ostrel::test {
 
 namespace {
-
-/// Which folders of src/ a file of each folder may include from, beside its own. The list is
-/// docs/architecture.md's diagram.
-const QHash<QString, QStringList> &allowedFolders()
-{
-    static const QStringList belowPlatform = {
-        QStringLiteral("base"),   QStringLiteral("text"), QStringLiteral("model"),
-        QStringLiteral("store"),  QStringLiteral("net"),  QStringLiteral("notify"),
-        QStringLiteral("engine"),
-    };
-    static const QHash<QString, QStringList> folders = {
-        {QStringLiteral("base"), {}},
-        {QStringLiteral("text"), {}},
-        {QStringLiteral("model"), {}},
-        {QStringLiteral("store"), {QStringLiteral("model"), QStringLiteral("base")}},
-        {QStringLiteral("net"), {}},
-        {QStringLiteral("curl"), {QStringLiteral("base"), QStringLiteral("net")}},
-        {QStringLiteral("notify"), {QStringLiteral("model"), QStringLiteral("text")}},
-        {QStringLiteral("engine"),
-         {QStringLiteral("base"), QStringLiteral("text"), QStringLiteral("model"),
-          QStringLiteral("store"), QStringLiteral("net"), QStringLiteral("notify")}},
-        {QStringLiteral("forms"),
-         {QStringLiteral("model"), QStringLiteral("text"), QStringLiteral("store")}},
-        {QStringLiteral("platform"),
-         {QStringLiteral("model"), QStringLiteral("store"), QStringLiteral("notify"),
-          QStringLiteral("engine"), QStringLiteral("base")}},
-        {QStringLiteral("cli"), belowPlatform + QStringList{QStringLiteral("forms")}},
-        {QStringLiteral("icons"),
-         {QStringLiteral("base"), QStringLiteral("model"), QStringLiteral("net")}},
-        {QStringLiteral("presentation"),
-         {QStringLiteral("model"), QStringLiteral("text"), QStringLiteral("store")}},
-        {QStringLiteral("ui"),
-         belowPlatform + QStringList{QStringLiteral("forms"), QStringLiteral("icons"),
-                                     QStringLiteral("platform"), QStringLiteral("presentation")}},
-        {QStringLiteral("gallery"),
-         belowPlatform + QStringList{QStringLiteral("forms"), QStringLiteral("icons"),
-                                     QStringLiteral("platform"), QStringLiteral("presentation"),
-                                     QStringLiteral("ui")}},
-    };
-    return folders;
-}
 
 QDir sourceDir()
 {
     return {QStringLiteral(OSTREL_SOURCE_DIR "/src")};
 }
 
-QStringList sourceFiles()
+QStringList filesNamed(const QStringList &patterns)
 {
     QStringList files;
-    QDirIterator it(sourceDir().path(), {QStringLiteral("*.h"), QStringLiteral("*.cpp")},
-                    QDir::Files, QDirIterator::Subdirectories);
+    QDirIterator it(sourceDir().path(), patterns, QDir::Files, QDirIterator::Subdirectories);
     while (it.hasNext())
         files += sourceDir().relativeFilePath(it.next());
     files.sort();
     return files;
 }
 
+QStringList sourceFiles()
+{
+    return filesNamed({QStringLiteral("*.h"), QStringLiteral("*.cpp")});
+}
+
+QStringList buildFiles()
+{
+    return filesNamed({QStringLiteral("CMakeLists.txt")});
+}
+
+/// The box that @p file belongs to.
 QString folderOf(const QString &file)
 {
-    return file.section(QLatin1Char('/'), 0, 0);
+    return file.contains(u'/') ? file.section(u'/', 0, -2) : QStringLiteral("main.cpp");
 }
 
 QString contentOf(const QString &file)
@@ -81,42 +54,125 @@ QString contentOf(const QString &file)
     return source.open(QIODevice::ReadOnly) ? QString::fromUtf8(source.readAll()) : QString();
 }
 
-/// The names in the file's #include "…" lines.
-QStringList includesOf(const QString &file)
+/// A line of src/ by which one folder uses another.
+struct Use
 {
-    static const QRegularExpression line(QStringLiteral("^#include \"([^\"]+)\""),
-                                         QRegularExpression::MultilineOption);
-    QStringList names;
-    for (const auto &match : line.globalMatch(contentOf(file)))
-        names += match.captured(1);
-    return names;
+    QString file;
+    qsizetype line = 0;
+    QString name; ///< Of the header or target.
+    QString from;
+    QString to;
+};
+
+QByteArray missingArrowOf(const Use &use)
+{
+    return QStringLiteral("src/%1:%2: %3 is of src/%4, to which docs/architecture.md has no arrow "
+                          "from %5")
+        .arg(use.file, QString::number(use.line), use.name, use.to, use.from)
+        .toUtf8();
+}
+
+/// The uses of other folders in @p files. @p pattern captures a name, and @p folderOfName says
+/// whose it is.
+QList<Use> usesIn(const QStringList &files, const QRegularExpression &pattern,
+                  const QHash<QString, QString> &folderOfName)
+{
+    QList<Use> uses;
+    for (const QString &file : files) {
+        const QStringList lines = contentOf(file).split(u'\n');
+        for (qsizetype i = 0; i < lines.size(); ++i) {
+            for (const auto &match : pattern.globalMatch(lines[i])) {
+                const QString name = match.captured(1);
+                const QString folder = folderOfName.value(name);
+                if (!folder.isEmpty() && folder != folderOf(file))
+                    uses.append({file, i + 1, name, folderOf(file), folder});
+            }
+        }
+    }
+    return uses;
+}
+QList<Use> includes()
+{
+    static const QRegularExpression include(QStringLiteral("^#include \"([^\"]+)\""));
+    QHash<QString, QString> folderOfHeader;
+    for (const QString &file : sourceFiles())
+        folderOfHeader.insert(file.section(u'/', -1), folderOf(file));
+    return usesIn(sourceFiles(), include, folderOfHeader);
+}
+
+QList<Use> links()
+{
+    static const QRegularExpression made(
+        QStringLiteral("\\b(?:ostrel_library\\(|add_library\\(ostrel(?:_|::))(\\w+)[\\s)]"));
+    // The plugin of a QML module is that module's.
+    static const QRegularExpression linked(
+        QStringLiteral("\\bostrel(?:_|::)(\\w+?)(?:plugin)?(?=[\\s)]|$)"));
+    QHash<QString, QString> folderOfTarget;
+    for (const QString &file : buildFiles()) {
+        for (const auto &match : made.globalMatch(contentOf(file)))
+            folderOfTarget.insert(match.captured(1), folderOf(file));
+    }
+    return usesIn(buildFiles(), linked, folderOfTarget);
+}
+
+/// Fails for each of @p uses for which the diagram has no arrows.
+void expectArrows(const QList<Use> &uses)
+{
+    const LayerDiagram diagram = architectureDiagram();
+    for (const Use &use : uses)
+        EXPECT_TRUE(diagram.reachOf(use.from).contains(use.to)) << missingArrowOf(use).constData();
 }
 
 } // namespace
 
-TEST(LayersTest, FoldersIncludeOnlyWhatLiesBelowThem)
+TEST(LayerDiagramTest, EveryFolderIsABox)
 {
-    QHash<QString, QString> folderOfHeader;
+    QSet<QString> folders;
     for (const QString &file : sourceFiles())
-        folderOfHeader.insert(file.section(QLatin1Char('/'), -1), folderOf(file));
+        folders.insert(folderOf(file));
+    EXPECT_THAT(architectureDiagram().folders().values(),
+                testing::UnorderedElementsAreArray(folders.values()));
+}
 
-    int seen = 0;
-    for (const QString &file : sourceFiles()) {
-        const QString folder = folderOf(file);
-        if (!file.contains(QLatin1Char('/')))
-            continue; // main.cpp, where all the parts meet.
-        ASSERT_TRUE(allowedFolders().contains(folder)) << qPrintable(file);
-        for (const QString &name : includesOf(file)) {
-            const QString included = folderOfHeader.value(name);
-            if (included.isEmpty() || included == folder)
-                continue; // Generated, or its own folder's.
-            ++seen;
-            EXPECT_TRUE(allowedFolders().value(folder).contains(included))
-                << qPrintable(file) << " includes " << qPrintable(name) << " of "
-                << qPrintable(included);
-        }
-    }
-    EXPECT_GT(seen, 10) << "the test no longer finds what it is to judge";
+TEST(LayerDiagramTest, ADottedArrowIsTheLastOfAWay)
+{
+    const LayerDiagram diagram(
+        QStringLiteral("a[top: first, of all] --> b & c\nb[left: b] -. implements .-> d --> e\n"
+                       "c[middle: c] --> f[last: f]\nd[port: d]\ne[below: e]"));
+    EXPECT_EQ(diagram.reachOf(QStringLiteral("top")),
+              (QSet<QString>{QStringLiteral("left"), QStringLiteral("middle"),
+                             QStringLiteral("port"), QStringLiteral("last")}));
+    EXPECT_EQ(diagram.reachOf(QStringLiteral("port")), QSet<QString>{QStringLiteral("below")});
+}
+
+TEST(LayersTest, FoldersIncludeOnlyWhereAnArrowLeads)
+{
+    const QList<Use> all = includes();
+    EXPECT_GT(all.size(), 100) << "the test no longer finds what it is to judge";
+    expectArrows(all);
+}
+
+TEST(LayersTest, FoldersLinkOnlyWhereAnArrowLeads)
+{
+    const QList<Use> all = links();
+    EXPECT_GT(all.size(), 30) << "the test no longer finds what it is to judge";
+    expectArrows(all);
+}
+
+TEST(LayersTest, EveryArrowIsUsed)
+{
+    QSet<std::pair<QString, QString>> used;
+    for (const Use &use : includes() + links())
+        used.insert({use.from, use.to});
+    for (const auto &[from, to, isDotted] : architectureDiagram().arrows())
+        EXPECT_TRUE(used.contains({from, to})) << qPrintable(from) << " to " << qPrintable(to);
+}
+
+TEST(LayersTest, NoArrowsLeadBack)
+{
+    const LayerDiagram diagram = architectureDiagram();
+    for (const QString &folder : diagram.folders())
+        EXPECT_FALSE(diagram.reachOf(folder).contains(folder)) << qPrintable(folder);
 }
 
 TEST(LayersTest, BaseNamesAreUniqueAcrossTheTree)
@@ -134,7 +190,7 @@ TEST(LayersTest, PlatformsDifferOnlyInsideThePlatformFolder)
     static const QRegularExpression conditional(
         QStringLiteral("^\\s*#\\s*(if|ifdef|ifndef|elif)\\b"), QRegularExpression::MultilineOption);
     for (const QString &file : sourceFiles()) {
-        if (folderOf(file) == QStringLiteral("platform"))
+        if (file.startsWith(QStringLiteral("platform/")))
             continue;
         EXPECT_FALSE(conditional.match(contentOf(file)).hasMatch()) << qPrintable(file);
     }

@@ -1,5 +1,6 @@
 #include "CheckJson.h"
 
+#include "DecodedChecks.h"
 #include "Printers.h"
 
 #include <gtest/gtest.h>
@@ -53,7 +54,7 @@ std::string encoded(const Check &check)
 
 std::optional<Check> decoded(const std::string &json)
 {
-    return decodeCheck(QByteArrayView(json.data(), qsizetype(json.size())));
+    return test::decodeCheck(QByteArray::fromStdString(json));
 }
 
 /// The plain check with @p member before its end.
@@ -84,7 +85,7 @@ public:
 
 bool decodeMap(const std::string &json, Collector &collector)
 {
-    return decodeCheckMap(QByteArray::fromStdString(json), collector);
+    return test::decodeCheckMap(QByteArray::fromStdString(json), collector);
 }
 
 bool decodesMap(const std::string &json)

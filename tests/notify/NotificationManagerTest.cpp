@@ -2,8 +2,7 @@
 
 #include "ForeignTexts.h"
 #include "Printers.h"
-
-#include <QList>
+#include "RecordingNotificationCenter.h"
 
 #include <gtest/gtest.h>
 
@@ -20,15 +19,6 @@ void PrintTo(const NotificationRequest &request, std::ostream *out)
 }
 
 namespace {
-
-class RecordingCenter final : public NotificationCenter
-{
-public:
-    void requestAuthorization() override {}
-    void add(const NotificationRequest &request) override { requests.append(request); }
-
-    QList<NotificationRequest> requests;
-};
 
 Monitor monitorNamed(const QString &name, const QString &url = QStringLiteral("https://shop.test/"))
 {
@@ -144,7 +134,7 @@ class NotificationManagerTest : public testing::TestWithParam<Case>
 TEST_P(NotificationManagerTest, PostsExactlyOneRequest)
 {
     const Case &sample = GetParam();
-    RecordingCenter center;
+    test::RecordingNotificationCenter center;
     NotificationManager manager(center);
 
     sample.notify(manager);
@@ -156,7 +146,7 @@ TEST_P(NotificationManagerTest, PostsExactlyOneRequest)
         .body = QString::fromUtf8(sample.body),
         .level = sample.level};
     ASSERT_EQ(center.requests.size(), 1);
-    EXPECT_EQ(center.requests.first(), expected);
+    EXPECT_EQ(center.requests.front(), expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, NotificationManagerTest, testing::ValuesIn(cases()),
@@ -169,7 +159,7 @@ class ForeignNotificationTest : public testing::TestWithParam<test::ForeignText>
 TEST_P(ForeignNotificationTest, IsFitForPeopleAndSaysWhatItIsAbout)
 {
     const QString &foreign = GetParam().text;
-    RecordingCenter center;
+    test::RecordingNotificationCenter center;
     NotificationManager manager(center);
     manager.notifyDown(monitorNamed(foreign), foreign);
     manager.notifyRecovery(monitorNamed(foreign), Milliseconds(1));
@@ -191,7 +181,7 @@ INSTANTIATE_TEST_SUITE_P(Table, ForeignNotificationTest, testing::ValuesIn(test:
 
 TEST(NotificationIdentifierTest, IsTheSameForTheSameKindAndMonitorAlone)
 {
-    RecordingCenter center;
+    test::RecordingNotificationCenter center;
     NotificationManager manager(center);
     Monitor other = shop();
     other.id = QUuid::createUuid();

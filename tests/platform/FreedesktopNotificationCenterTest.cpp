@@ -336,7 +336,13 @@ TEST_F(FreedesktopNotificationCenterTest, OutlivesTheBus)
     m_bus.stop();
     ASSERT_TRUE(waitFor([&] { return !m_connection.isConnected(); }));
     m_center.add(request(shopDown, QStringLiteral("2")));
-    QCoreApplication::processEvents();
+
+    // It still follows a bus, which the silent end of the former hasn't broken.
+    PrivateBus next;
+    StubNotificationDaemon daemon(next, {});
+    m_center.follow(next.connect());
+    m_center.add(request(shopDown, QStringLiteral("3")));
+    EXPECT_TRUE(waitFor([&] { return daemon.notifications().size() == 1; }));
 }
 
 TEST_F(FreedesktopNotificationCenterTest, MayEndWhileTheDaemonIsThinking)

@@ -4,17 +4,13 @@
 #include "Printers.h"
 #include "PrivateBus.h"
 #include "SilentPanel.h"
+#include "Text.h"
 #include "WaitFor.h"
 
 #include <gtest/gtest.h>
 
 namespace ostrel::test {
 namespace {
-
-QString text(const char *english)
-{
-    return QString::fromUtf8(english);
-}
 
 TEST(FreedesktopStatusBarHostTest, TellsOfEveryHostThatComes)
 {

@@ -26,8 +26,7 @@ class FreedesktopTerminationSignalTest : public testing::TestWithParam<SignalCas
 protected:
     void startHelper(int requests)
     {
-        m_helper.start(QStringLiteral(OSTREL_PLATFORM_HELPER),
-                       {QStringLiteral("signals"), QString::number(requests)});
+        m_helper.start(QStringLiteral(OSTREL_SIGNALS_HELPER), {QString::number(requests)});
         ASSERT_EQ(m_helper.nextLine(), "ready");
     }
     void sendSignal() { ::kill(static_cast<pid_t>(m_helper.processId()), GetParam().number); }
@@ -65,8 +64,7 @@ INSTANTIATE_TEST_SUITE_P(Signals, FreedesktopTerminationSignalTest,
 TEST(TerminationSignalTest, SurvivesAFloodOfSignals)
 {
     BoundProcess helper;
-    helper.start(QStringLiteral(OSTREL_PLATFORM_HELPER),
-                 {QStringLiteral("signals"), QStringLiteral("1")});
+    helper.start(QStringLiteral(OSTREL_SIGNALS_HELPER), {QStringLiteral("1")});
     ASSERT_EQ(helper.nextLine(), "ready");
     for (int i = 0; i < 1000; ++i)
         ::kill(static_cast<pid_t>(helper.processId()), SIGTERM);

@@ -71,7 +71,7 @@ TEST(PortableNotificationCenterTest, HandsEveryRequestToThePresenter)
 TEST(PortableNotificationCenterTest, DropsEverythingWithoutAPresenter)
 {
     PortableNotificationCenter center(nullptr);
-    center.add({});
+    EXPECT_NO_THROW(center.add({}));
 }
 
 TEST(PortableNetworkPresenceTest, IsAlwaysThere)

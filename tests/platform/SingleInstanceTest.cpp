@@ -1,6 +1,6 @@
+#include "SingleInstance.h"
+
 #include "BoundProcess.h"
-#include "FreedesktopSingleInstance.h"
-#include "PortableSingleInstance.h"
 #include "Printers.h"
 #include "WaitFor.h"
 
@@ -41,19 +41,24 @@ constexpr auto brief = 300ms;
 class Start
 {
 public:
-    Start(const QString &platform, const QString &folder, std::chrono::milliseconds patience,
-          const QString &token = {})
+    explicit Start(const QString &folder, std::chrono::milliseconds patience = ample,
+                   const QString &token = {})
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.remove(QStringLiteral("DESKTOP_STARTUP_ID"));
         environment.insert(QStringLiteral("XDG_ACTIVATION_TOKEN"), token);
         m_process.setProcessEnvironment(environment);
-        m_process.start(
-            QStringLiteral(OSTREL_PLATFORM_HELPER),
-            {QStringLiteral("claim"), platform, folder, QString::number(patience.count())});
+        m_process.start(QStringLiteral(OSTREL_INSTANCE_HELPER),
+                        {folder, QString::number(patience.count())});
     }
 
     [[nodiscard]] QByteArray nextLine() { return m_process.nextLine(30s); }
+    /// The answer is its next line.
+    void renew()
+    {
+        m_process.write("\n");
+        m_process.waitForBytesWritten();
+    }
     void signal(int number) { ::kill(static_cast<pid_t>(m_process.processId()), number); }
     void killHard()
     {
@@ -65,15 +70,13 @@ private:
     BoundProcess m_process;
 };
 
-/// Both implementations keep the same promises.
-class SingleInstanceTest : public testing::TestWithParam<const char *>
+class SingleInstanceTest : public testing::Test
 {
 protected:
     [[nodiscard]] std::unique_ptr<Start> start(std::chrono::milliseconds patience = ample,
                                                const QString &token = {}) const
     {
-        return std::make_unique<Start>(QString::fromUtf8(GetParam()), m_folder.path(), patience,
-                                       token);
+        return std::make_unique<Start>(m_folder.path(), patience, token);
     }
 
     [[nodiscard]] QString path(const char *name) const
@@ -84,7 +87,7 @@ protected:
     QTemporaryDir m_folder;
 };
 
-TEST_P(SingleInstanceTest, TheSecondStartHandsOverWithItsToken)
+TEST_F(SingleInstanceTest, TheSecondStartHandsOverWithItsToken)
 {
     const auto first = start();
     ASSERT_EQ(first->nextLine(), "first");
@@ -97,7 +100,7 @@ TEST_P(SingleInstanceTest, TheSecondStartHandsOverWithItsToken)
     EXPECT_EQ(first->nextLine(), "activated");
 }
 
-TEST_P(SingleInstanceTest, ATokenThatIsNoLineIsLeftOut)
+TEST_F(SingleInstanceTest, ATokenThatIsNoLineIsLeftOut)
 {
     const auto first = start();
     ASSERT_EQ(first->nextLine(), "first");
@@ -107,7 +110,7 @@ TEST_P(SingleInstanceTest, ATokenThatIsNoLineIsLeftOut)
     }
 }
 
-TEST_P(SingleInstanceTest, TheNextIsFirstAfterTheFirstWasKilled)
+TEST_F(SingleInstanceTest, TheNextIsFirstAfterTheFirstWasKilled)
 {
     const auto first = start();
     ASSERT_EQ(first->nextLine(), "first");
@@ -118,7 +121,7 @@ TEST_P(SingleInstanceTest, TheNextIsFirstAfterTheFirstWasKilled)
     EXPECT_EQ(next->nextLine(), "activated");
 }
 
-TEST_P(SingleInstanceTest, ASecondStartIsFirstWhereTheFirstEndsInsteadOfAnswering)
+TEST_F(SingleInstanceTest, ASecondStartIsFirstWhereTheFirstEndsInsteadOfAnswering)
 {
     const auto first = start();
     ASSERT_EQ(first->nextLine(), "first");
@@ -130,28 +133,27 @@ TEST_P(SingleInstanceTest, ASecondStartIsFirstWhereTheFirstEndsInsteadOfAnswerin
     EXPECT_EQ(second->nextLine(), "first");
 }
 
-TEST_P(SingleInstanceTest, FoldersAreIndependent)
+TEST_F(SingleInstanceTest, FoldersAreIndependent)
 {
     const auto first = start();
     ASSERT_EQ(first->nextLine(), "first");
     const QTemporaryDir other;
-    Start elsewhere(QString::fromUtf8(GetParam()), other.path(), brief);
+    Start elsewhere(other.path(), brief);
     EXPECT_EQ(elsewhere.nextLine(), "first");
 }
 
-TEST_P(SingleInstanceTest, LongPathsWork)
+TEST_F(SingleInstanceTest, LongPathsWork)
 {
     const QString folder = m_folder.filePath(QString(200, u'd') + u'/' + QString(200, u'e'));
     ASSERT_TRUE(QDir().mkpath(folder));
-    const QString platform = QString::fromUtf8(GetParam());
-    Start first(platform, folder, ample);
+    Start first(folder, ample);
     ASSERT_EQ(first.nextLine(), "first");
-    Start second(platform, folder, ample);
+    Start second(folder, ample);
     EXPECT_EQ(second.nextLine(), "handedOver");
     EXPECT_EQ(first.nextLine(), "activated");
 }
 
-TEST_P(SingleInstanceTest, OfManyStartsAtOnceExactlyOneIsFirst)
+TEST_F(SingleInstanceTest, OfManyStartsAtOnceExactlyOneIsFirst)
 {
     std::vector<std::unique_ptr<Start>> starts;
     for (int i = 0; i < 12; ++i)
@@ -167,7 +169,7 @@ TEST_P(SingleInstanceTest, OfManyStartsAtOnceExactlyOneIsFirst)
     EXPECT_EQ(handedOver, 11);
 }
 
-TEST_P(SingleInstanceTest, AFirstThatHangsIsAFailure)
+TEST_F(SingleInstanceTest, AFirstThatHangsIsAFailure)
 {
     const auto first = start();
     ASSERT_EQ(first->nextLine(), "first");
@@ -177,24 +179,24 @@ TEST_P(SingleInstanceTest, AFirstThatHangsIsAFailure)
     EXPECT_EQ(start()->nextLine(), "handedOver");
 }
 
-TEST_P(SingleInstanceTest, AFolderThatIsNoneIsUnusable)
+TEST_F(SingleInstanceTest, AFolderThatIsNoneIsUnusable)
 {
-    Start start(QString::fromUtf8(GetParam()), QStringLiteral("/dev/null"), brief);
+    Start start(QStringLiteral("/dev/null"), brief);
     EXPECT_EQ(start.nextLine(), "unusable");
-    start.signal(SIGTERM);
+    start.renew();
     EXPECT_EQ(start.nextLine(), "not owned");
 }
 
-TEST_P(SingleInstanceTest, AFolderThatWasUnusableIsOwnedOnceItCanBe)
+TEST_F(SingleInstanceTest, AFolderThatWasUnusableIsOwnedOnceItCanBe)
 {
     const QString folder = path("data");
     ASSERT_TRUE(QFile(folder).open(QIODevice::WriteOnly));
-    Start first(QString::fromUtf8(GetParam()), folder, brief);
+    Start first(folder, brief);
     ASSERT_EQ(first.nextLine(), "unusable");
     ASSERT_TRUE(QFile::remove(folder));
-    first.signal(SIGTERM);
+    first.renew();
     EXPECT_EQ(first.nextLine(), "owned");
-    Start second(QString::fromUtf8(GetParam()), folder, ample);
+    Start second(folder, ample);
     EXPECT_EQ(second.nextLine(), "handedOver");
     EXPECT_EQ(first.nextLine(), "activated");
 }
@@ -206,7 +208,7 @@ struct FolderFate
     void (*befall)(const QString &folder);
 };
 
-TEST_P(SingleInstanceTest, TheFolderIsOwnedAgainWhateverHappenedToIt)
+TEST_F(SingleInstanceTest, TheFolderIsOwnedAgainWhateverHappenedToIt)
 {
     const FolderFate fates[] = {
         {"nothing", [](const QString &) {}},
@@ -225,71 +227,58 @@ TEST_P(SingleInstanceTest, TheFolderIsOwnedAgainWhateverHappenedToIt)
          }},
     };
     const QString folder = path("data");
-    const QString platform = QString::fromUtf8(GetParam());
     ASSERT_TRUE(QDir().mkpath(folder));
-    Start first(platform, folder, ample);
+    Start first(folder, ample);
     ASSERT_EQ(first.nextLine(), "first");
     for (const FolderFate &fate : fates) {
         fate.befall(folder);
-        first.signal(SIGTERM);
+        first.renew();
         EXPECT_EQ(first.nextLine(), "owned") << fate.name;
-        Start second(platform, folder, ample);
+        Start second(folder, ample);
         EXPECT_EQ(second.nextLine(), "handedOver") << fate.name;
         EXPECT_EQ(first.nextLine(), "activated") << fate.name;
     }
 }
 
-TEST_P(SingleInstanceTest, AFolderThatAnotherTookMeanwhileIsHandedOver)
+TEST_F(SingleInstanceTest, AFolderThatAnotherTookMeanwhileIsHandedOver)
 {
     const QString folder = path("data");
-    const QString platform = QString::fromUtf8(GetParam());
     ASSERT_TRUE(QDir().mkpath(folder));
-    Start first(platform, folder, ample);
+    Start first(folder, ample);
     ASSERT_EQ(first.nextLine(), "first");
     ASSERT_TRUE(QDir().rename(folder, path("away")));
     ASSERT_TRUE(QDir().mkpath(folder));
-    Start other(platform, folder, ample);
+    Start other(folder, ample);
     ASSERT_EQ(other.nextLine(), "first");
-    first.signal(SIGTERM);
+    first.renew();
     EXPECT_EQ(first.nextLine(), "not owned");
     EXPECT_EQ(first.nextLine(), "lost");
     EXPECT_EQ(other.nextLine(), "activated");
     // What has lost leaves the other's lock alone.
-    other.signal(SIGTERM);
+    other.renew();
     EXPECT_EQ(other.nextLine(), "owned");
-    EXPECT_EQ(Start(platform, folder, ample).nextLine(), "handedOver");
+    EXPECT_EQ(Start(folder, ample).nextLine(), "handedOver");
 }
 
-TEST_P(SingleInstanceTest, APipeInTheLocksPlaceBlocksNothing)
+TEST_F(SingleInstanceTest, APipeInTheLocksPlaceBlocksNothing)
 {
-    for (const char *name : {"ostrel.lock", ".ostrel-instance/lock"}) {
-        QDir().mkpath(path(".ostrel-instance"));
-        QFile::remove(path(name));
-        ASSERT_EQ(::mkfifo(QFile::encodeName(path(name)).constData(), 0600), 0);
-    }
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path("ostrel.lock")).constData(), 0600), 0);
     const auto first = start();
     EXPECT_EQ(first->nextLine(), "unusable");
-    first->signal(SIGTERM);
+    first->renew();
     EXPECT_EQ(first->nextLine(), "not owned");
 }
 
-TEST_P(SingleInstanceTest, TheFolderIsFreeAgainWhenTheObjectEnds)
+TEST_F(SingleInstanceTest, TheFolderIsFreeAgainWhenTheObjectEnds)
 {
     for (int i = 0; i < 2; ++i) {
-        std::unique_ptr<SingleInstance> instance;
-        if (QByteArray(GetParam()) == "portable")
-            instance = std::make_unique<PortableSingleInstance>(m_folder.path());
-        else
-            instance = std::make_unique<FreedesktopSingleInstance>(m_folder.path());
-        EXPECT_EQ(instance->claim(brief), Claim::first);
+        SingleInstance instance(m_folder.path());
+        EXPECT_EQ(instance.claim(brief), Claim::first);
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Platforms, SingleInstanceTest, testing::Values("freedesktop", "portable"),
-                         [](const auto &test) { return std::string(test.param); });
-
 /// A first program in this process, and peers that don't keep to the protocol.
-class FreedesktopSingleInstanceTest : public testing::Test
+class SingleInstancePeersTest : public testing::Test
 {
 protected:
     void SetUp() override
@@ -334,11 +323,11 @@ protected:
     }
 
     QTemporaryDir m_folder;
-    FreedesktopSingleInstance m_first{m_folder.path()};
+    SingleInstance m_first{m_folder.path()};
     QList<QByteArray> m_tokens;
 };
 
-TEST_F(FreedesktopSingleInstanceTest, AnswersALineThatComesInPieces)
+TEST_F(SingleInstancePeersTest, AnswersALineThatComesInPieces)
 {
     const FileDescriptor peer = connectPeer();
     for (const char *piece : {"acti", "vate ", "to", "ken", "\nrest"}) {
@@ -349,7 +338,7 @@ TEST_F(FreedesktopSingleInstanceTest, AnswersALineThatComesInPieces)
     EXPECT_EQ(m_tokens, QList<QByteArray>{"token"});
 }
 
-TEST_F(FreedesktopSingleInstanceTest, HangsUpOnWhoeverDoesNotKeepToTheProtocol)
+TEST_F(SingleInstancePeersTest, HangsUpOnWhoeverDoesNotKeepToTheProtocol)
 {
     for (const QByteArray &line :
          {QByteArray("\n"), QByteArray("quit now\n"), QByteArray("activate"),
@@ -361,7 +350,7 @@ TEST_F(FreedesktopSingleInstanceTest, HangsUpOnWhoeverDoesNotKeepToTheProtocol)
     EXPECT_TRUE(m_tokens.isEmpty());
 }
 
-TEST_F(FreedesktopSingleInstanceTest, SilentPeersAreBoundedInTime)
+TEST_F(SingleInstancePeersTest, SilentPeersAreBoundedInTime)
 {
     std::vector<FileDescriptor> silent;
     for (int i = 0; i < 16; ++i)
@@ -370,7 +359,7 @@ TEST_F(FreedesktopSingleInstanceTest, SilentPeersAreBoundedInTime)
         EXPECT_EQ(answerTo(peer), "");
 }
 
-TEST_F(FreedesktopSingleInstanceTest, SilentPeersDelayNobodyAndMakeWay)
+TEST_F(SingleInstancePeersTest, SilentPeersDelayNobodyAndMakeWay)
 {
     std::vector<FileDescriptor> silent;
     for (int i = 0; i < 300; ++i)
@@ -385,7 +374,7 @@ TEST_F(FreedesktopSingleInstanceTest, SilentPeersDelayNobodyAndMakeWay)
     EXPECT_EQ(errno, EAGAIN);
 }
 
-TEST_F(FreedesktopSingleInstanceTest, RestsWhileItHasNoDescriptors)
+TEST_F(SingleInstancePeersTest, RestsWhileItHasNoDescriptors)
 {
     rlimit usual = {};
     ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &usual), 0);
@@ -406,7 +395,7 @@ TEST_F(FreedesktopSingleInstanceTest, RestsWhileItHasNoDescriptors)
     EXPECT_EQ(answerTo(peer), "ok\n");
 }
 
-TEST_F(FreedesktopSingleInstanceTest, AnEndlessLineIsNotReadToItsEnd)
+TEST_F(SingleInstancePeersTest, AnEndlessLineIsNotReadToItsEnd)
 {
     const FileDescriptor peer = connectPeer();
     const QByteArray piece(4096, 'x');
@@ -420,7 +409,7 @@ TEST_F(FreedesktopSingleInstanceTest, AnEndlessLineIsNotReadToItsEnd)
     EXPECT_LT(sent, 1'000'000);
 }
 
-TEST_F(FreedesktopSingleInstanceTest, APeerThatLeavesAtOnceDoesNoHarm)
+TEST_F(SingleInstancePeersTest, APeerThatLeavesAtOnceDoesNoHarm)
 {
     for (int i = 0; i < 100; ++i) {
         say(connectPeer(), "activate token\n");
@@ -429,7 +418,7 @@ TEST_F(FreedesktopSingleInstanceTest, APeerThatLeavesAtOnceDoesNoHarm)
     EXPECT_TRUE(waitFor([&] { return m_tokens.size() == 100; }));
 }
 
-TEST_F(FreedesktopSingleInstanceTest, ItsFilesAreItsUsersAlone)
+TEST_F(SingleInstancePeersTest, ItsFilesAreItsUsersAlone)
 {
     for (const char *name : {"ostrel.lock", "ostrel.sock"}) {
         struct stat status = {};
@@ -438,7 +427,7 @@ TEST_F(FreedesktopSingleInstanceTest, ItsFilesAreItsUsersAlone)
     }
 }
 
-TEST_F(FreedesktopSingleInstanceTest, ServesNoOtherUser)
+TEST_F(SingleInstancePeersTest, ServesNoOtherUser)
 {
     if (::getuid() != 0)
         GTEST_SKIP() << "only root can be another user";
@@ -453,7 +442,7 @@ TEST_F(FreedesktopSingleInstanceTest, ServesNoOtherUser)
     EXPECT_TRUE(m_tokens.isEmpty());
 }
 
-TEST_F(FreedesktopSingleInstanceTest, ItsLockIsNotInheritedByChildren)
+TEST_F(SingleInstancePeersTest, ItsLockIsNotInheritedByChildren)
 {
     BoundProcess child;
     child.start(QStringLiteral("sh"),
@@ -467,38 +456,23 @@ TEST_F(FreedesktopSingleInstanceTest, ItsLockIsNotInheritedByChildren)
     }
 }
 
-TEST(FreedesktopSingleInstanceFilesTest, ALockFileThatIsALinkIsUnusable)
+TEST(SingleInstanceFilesTest, ALockFileThatIsALinkIsUnusable)
 {
     const QTemporaryDir folder;
     QFile::link(folder.filePath(QStringLiteral("elsewhere")),
                 folder.filePath(QStringLiteral("ostrel.lock")));
-    FreedesktopSingleInstance instance(folder.path());
+    SingleInstance instance(folder.path());
     EXPECT_EQ(instance.claim(brief), Claim::unusable);
 }
 
-TEST(FreedesktopSingleInstanceFilesTest, IsFirstAlsoWhereItsSocketCantBe)
+TEST(SingleInstanceFilesTest, IsFirstAlsoWhereItsSocketCantBe)
 {
     const QTemporaryDir folder;
     QDir().mkpath(folder.filePath(QStringLiteral("ostrel.sock/full")));
-    FreedesktopSingleInstance first(folder.path());
+    SingleInstance first(folder.path());
     EXPECT_EQ(first.claim(brief), Claim::first);
-    FreedesktopSingleInstance second(folder.path());
+    SingleInstance second(folder.path());
     EXPECT_EQ(second.claim(brief), Claim::failed);
-}
-
-TEST(PortableSingleInstanceFilesTest, ARequestOfAnEarlierTimeIsTakenAway)
-{
-    const QTemporaryDir folder;
-    QDir().mkpath(folder.filePath(QStringLiteral(".ostrel-instance")));
-    const QString path = folder.filePath(QStringLiteral(".ostrel-instance/old.request"));
-    QFile request(path);
-    ASSERT_TRUE(request.open(QIODevice::WriteOnly));
-    PortableSingleInstance instance(folder.path());
-    bool isActivated = false;
-    QObject::connect(&instance, &SingleInstance::activationRequested, [&] { isActivated = true; });
-    EXPECT_EQ(instance.claim(brief), Claim::first);
-    EXPECT_FALSE(QFile::exists(path));
-    EXPECT_FALSE(isActivated);
 }
 
 } // namespace

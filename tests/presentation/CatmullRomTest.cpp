@@ -101,6 +101,7 @@ TEST(CatmullRomTest, PassesThroughEveryPoint)
 {
     const std::vector points = {QPointF(0, 3), QPointF(1, 9), QPointF(2, 2), QPointF(8, 4)};
     const auto curve = catmullRomCurve(points, 0.5);
+    ASSERT_EQ(curve.size(), points.size() - 1);
     for (std::size_t i = 0; i < curve.size(); ++i)
         EXPECT_EQ(curve[i].end, points[i + 1]);
 }
@@ -112,7 +113,9 @@ TEST(CatmullRomTest, CoincidingPointsStayFinite)
          {std::vector{here, here}, std::vector{here, here, here, here},
           std::vector{QPointF(0, 0), here, here, QPointF(9, 0)},
           std::vector{here, here, QPointF(9, 0)}, std::vector{QPointF(0, 0), here, here}}) {
-        for (const auto &segment : catmullRomCurve(points, 0.5)) {
+        const auto curve = catmullRomCurve(points, 0.5);
+        EXPECT_EQ(curve.size(), points.size() - 1);
+        for (const auto &segment : curve) {
             EXPECT_TRUE(isFinite(segment.control1));
             EXPECT_TRUE(isFinite(segment.control2));
         }

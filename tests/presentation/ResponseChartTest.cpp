@@ -156,6 +156,7 @@ TEST(ResponseChartTest, LabelsNeverOverlapNorLeaveTheBody)
         for (const int count : {2, 3, 5, 24, 288}) {
             const QSizeF size(width, 180);
             const auto chart = chartOf(dayOfChecks(count), size);
+            EXPECT_FALSE(chart.labels.empty()) << width;
             for (std::size_t i = 0; i < chart.labels.size(); ++i) {
                 const QRectF box = boxOf(chart.labels[i]);
                 EXPECT_TRUE(QRectF({}, size).contains(box))
@@ -223,6 +224,7 @@ TEST(ResponseChartTest, OnlyOneTimestampStandsInTheMiddle)
     const Monitor monitor = sampleMonitor();
     const auto chart =
         chartOf({upCheck(monitor, sampleNow(), 100), upCheck(monitor, sampleNow(), 300)});
+    ASSERT_EQ(chart.points.size(), 2U);
     for (const QPointF &point : chart.points)
         EXPECT_DOUBLE_EQ(point.x(), chart.plot.center().x());
 }
@@ -232,6 +234,7 @@ TEST(ResponseChartTest, ValuesBeyondEveryScaleStayFinite)
     const Monitor monitor = sampleMonitor();
     const auto chart =
         chartOf({upCheck(monitor, sampleNow() - 1h, 1e300), upCheck(monitor, sampleNow(), -5)});
+    ASSERT_EQ(chart.points.size(), 2U);
     for (const QPointF &point : chart.points)
         EXPECT_TRUE(chart.plot.adjusted(-1, -1, 1, 1).contains(point));
 }

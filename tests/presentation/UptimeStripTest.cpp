@@ -39,7 +39,9 @@ TEST(UptimeStripTest, OneBarIsAsWideAsTheRow)
 
 TEST(UptimeStripTest, NoRoomGivesBarsWithoutWidth)
 {
-    for (const QRectF &bar : stripBars(90, {10, 26}))
+    const auto bars = stripBars(90, {10, 26});
+    EXPECT_EQ(bars.size(), 90U);
+    for (const QRectF &bar : bars)
         EXPECT_EQ(bar.width(), 0);
 }
 

@@ -1,4 +1,5 @@
 #include "CheckJson.h"
+#include "DecodedChecks.h"
 #include "MonitorJson.h"
 #include "MonitorStore.h"
 #include "Printers.h"
@@ -132,7 +133,7 @@ protected:
         if (checks.isNull() && m_seen.empty())
             return;
         HistoriesReader reader;
-        ASSERT_TRUE(decodeCheckMap(checks, reader));
+        ASSERT_TRUE(test::decodeCheckMap(checks, reader));
         for (const auto &[monitorId, before] : m_seen)
             expectContinued(reader.histories[monitorId], before);
         m_seen = std::move(reader.histories);

@@ -112,12 +112,6 @@ TEST_F(RecordsReaderTest, AFolderThatCameSinceIsRead)
     EXPECT_FALSE(before.areCurrent(folder()));
 }
 
-TEST_F(RecordsReaderTest, NeedsNobodyWhoTakes)
-{
-    add();
-    const RecordsReader reader(folder());
-}
-
 // AddressSanitizer reserves more address space than any limit leaves.
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 TEST_F(RecordsReaderTest, WantOfMemoryMakesAFileUnreadable)

@@ -1,4 +1,5 @@
 #include "DesktopFakes.h"
+#include "FaviconImage.h"
 #include "MainWindowLoader.h"
 #include "PresentationSamples.h"
 #include "Printers.h"
@@ -10,6 +11,7 @@
 #include <QAccessible>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QPainter>
 #include <QQmlComponent>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -19,6 +21,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <memory>
 #include <ratio>
@@ -43,6 +46,26 @@ struct PrivatePreferences
 QString nameOf(const QColor &color)
 {
     return color.name(QColor::HexArgb);
+}
+
+QImage pictureOf(FaviconImage &icon)
+{
+    QImage picture(icon.size().toSize(), QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    icon.paint(&painter);
+    return picture;
+}
+
+/// What stands for the site at @p address where @p place is, while the site has no icon.
+QImage pictureOfPlaceholder(const FaviconImage &place, const char *address)
+{
+    FaviconImage icon;
+    icon.setSize(place.size());
+    for (const char *name : {"radius", "plateColor", "letterColor", "letterSize"})
+        icon.setProperty(name, place.property(name));
+    icon.setUrlString(QString::fromLatin1(address));
+    return pictureOf(icon);
 }
 
 /// The value of a QML expression, in which the views' names and the theme's are known.
@@ -330,13 +353,11 @@ TEST_F(ContentViewTest, WithoutAnIconALetterOfTheHostStandsForItOrAQuestionMark)
     database.url = QStringLiteral("db.local");
     samples.add(database);
     show();
-    const auto letter = [&](int index) {
-        const QQuickItem *icon = find(row(index), QStringLiteral("icon"));
-        return icon->property("hasIcon").toBool() ? QString()
-                                                  : icon->property("placeholderLetter").toString();
+    const auto icon = [&](int index) -> FaviconImage & {
+        return dynamic_cast<FaviconImage &>(*find(row(index), QStringLiteral("icon")));
     };
-    EXPECT_EQ(letter(0), QStringLiteral("S"));
-    EXPECT_EQ(letter(1), QStringLiteral("?"));
+    EXPECT_EQ(pictureOf(icon(0)), pictureOfPlaceholder(icon(0), "https://s.example"));
+    EXPECT_EQ(pictureOf(icon(1)), pictureOfPlaceholder(icon(1), "also-without-a-scheme.local"));
 }
 
 TEST_F(ContentViewTest, ARowReadsAsOneListItem)
@@ -525,6 +546,12 @@ TEST_F(ContentViewTest, ANoticeStandsAboveTheFooterWhileThereIsSomethingToSay)
     const QQuickItem *row = item("noticeText")->parentItem();
     ASSERT_TRUE(waitFor([&] { return row->opacity() == 1; }));
     EXPECT_EQ(textOf("noticeText"), QStringLiteral("Offline. Checks wait for the network."));
+    const QList<QQuickItem *> children = row->childItems();
+    const auto symbol = std::ranges::find_if(children, [](const QQuickItem *child) {
+        return child->property("name") == QStringLiteral("network");
+    });
+    ASSERT_NE(symbol, children.end());
+    EXPECT_EQ(colorOf(*symbol), themeColor("textSecondary"));
     EXPECT_EQ(item("list")->height(), height - 36);
     EXPECT_EQ(row->mapToScene({0, row->height()}).y(), window->height() - 49);
     const QAccessibleInterface *spoken =

@@ -8,8 +8,8 @@
 #include "WaitFor.h"
 
 #include <QQuickItem>
-#include <QSignalSpy>
 #include <QRegularExpression>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <gmock/gmock.h>

@@ -28,10 +28,8 @@ protected:
 
 TEST_F(MonitorDetailModelTest, WithoutAMonitorItIsEmpty)
 {
-    EXPECT_FALSE(model.hasMonitor());
     EXPECT_EQ(model.detail(), MonitorDetail());
     model.setMonitorId(QUuid::createUuid());
-    EXPECT_FALSE(model.hasMonitor());
     EXPECT_EQ(changes.count(), 0);
 }
 
@@ -39,7 +37,6 @@ TEST_F(MonitorDetailModelTest, AChosenMonitorIsShownWithItsChecks)
 {
     sample.store.addCheck(upCheck(shop, sample.now));
     model.setMonitorId(shop.id);
-    EXPECT_TRUE(model.hasMonitor());
     EXPECT_EQ(model.detail().name, QStringLiteral("Shop"));
     EXPECT_EQ(model.recentChecks()->rowCount(), 1);
     EXPECT_EQ(changes.count(), 1);
@@ -73,7 +70,6 @@ TEST_F(MonitorDetailModelTest, AnEditedMonitorIsShownAtOnceAndADeletedOneIsGone)
     sample.store.updateMonitor(shop);
     EXPECT_EQ(model.detail().name, QStringLiteral("Bakery"));
     sample.store.deleteMonitor(shop.id);
-    EXPECT_FALSE(model.hasMonitor());
     EXPECT_EQ(model.detail(), MonitorDetail());
 }
 

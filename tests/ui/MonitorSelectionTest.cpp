@@ -25,14 +25,14 @@ protected:
 
 TEST_F(MonitorSelectionTest, NothingIsSelectedAtFirst)
 {
-    EXPECT_TRUE(selection.monitorId().isNull());
+    EXPECT_TRUE(selection.monitorIdValue().toUuid().isNull());
     EXPECT_FALSE(selection.showsMonitor());
 }
 
 TEST_F(MonitorSelectionTest, ACountChangeSelectsTheFirstWhereNothingIsSelected)
 {
     samples.add(sampleMonitor(QStringLiteral("Third")));
-    EXPECT_EQ(selection.monitorId(), first.id);
+    EXPECT_EQ(selection.monitorIdValue().toUuid(), first.id);
 }
 
 TEST_F(MonitorSelectionTest, ACountChangeLeavesASelectionAlone)
@@ -40,7 +40,7 @@ TEST_F(MonitorSelectionTest, ACountChangeLeavesASelectionAlone)
     selection.setMonitorId(second.id);
     samples.add(sampleMonitor(QStringLiteral("Third")));
     samples.store.deleteMonitor(first.id);
-    EXPECT_EQ(selection.monitorId(), second.id);
+    EXPECT_EQ(selection.monitorIdValue().toUuid(), second.id);
     EXPECT_EQ(selection.row(), 0);
 }
 
@@ -49,7 +49,7 @@ TEST_F(MonitorSelectionTest, AnEditSelectsNothing)
     Monitor edited = first;
     edited.name = QStringLiteral("Other");
     samples.store.updateMonitor(edited);
-    EXPECT_TRUE(selection.monitorId().isNull());
+    EXPECT_TRUE(selection.monitorIdValue().toUuid().isNull());
 }
 
 TEST_F(MonitorSelectionTest, DeletingTheSelectedMonitorSelectsTheFirstRemaining)
@@ -57,18 +57,18 @@ TEST_F(MonitorSelectionTest, DeletingTheSelectedMonitorSelectsTheFirstRemaining)
     selection.setMonitorId(second.id);
     selection.leave(second.id);
     samples.store.deleteMonitor(second.id);
-    EXPECT_EQ(selection.monitorId(), first.id);
+    EXPECT_EQ(selection.monitorIdValue().toUuid(), first.id);
     selection.leave(first.id);
     samples.store.deleteMonitor(first.id);
     EXPECT_FALSE(selection.showsMonitor());
-    EXPECT_TRUE(selection.monitorId().isNull());
+    EXPECT_TRUE(selection.monitorIdValue().toUuid().isNull());
 }
 
 TEST_F(MonitorSelectionTest, AVanishedMonitorThatIsStillNamedShowsNone)
 {
     selection.setMonitorId(second.id);
     samples.store.deleteMonitor(second.id);
-    EXPECT_EQ(selection.monitorId(), second.id);
+    EXPECT_EQ(selection.monitorIdValue().toUuid(), second.id);
     EXPECT_FALSE(selection.showsMonitor());
 }
 
@@ -77,7 +77,7 @@ TEST_F(MonitorSelectionTest, RowsBeyondTheEndsAreTheLastAndTheDashboard)
     selection.selectRow(7);
     EXPECT_EQ(selection.row(), 1);
     selection.selectRow(-1);
-    EXPECT_TRUE(selection.monitorId().isNull());
+    EXPECT_TRUE(selection.monitorIdValue().toUuid().isNull());
 }
 
 } // namespace ostrel::test

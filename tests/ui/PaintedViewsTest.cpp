@@ -15,6 +15,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace ostrel::test {
@@ -133,6 +134,19 @@ int countPixels(const QImage &image, const QColor &color)
     return count;
 }
 
+/// In how many of its columns the chart of @p image has a dark pixel, which only its line has.
+int columnsWithLine(const QImage &image)
+{
+    int count = 0;
+    for (int x = 0; x < image.width(); ++x) {
+        int darkest = 255;
+        for (int y = 0; y < image.height() * 180 / 242; ++y)
+            darkest = std::min(darkest, image.pixelColor(x, y).lightness());
+        count += darkest < 128 ? 1 : 0;
+    }
+    return count;
+}
+
 const QColor up = QColor::fromRgbF(0.22F, 0.75F, 0.50F);
 const QColor down = QColor::fromRgbF(0.92F, 0.34F, 0.30F);
 const QColor disc = QColor::fromRgbF(0.16F, 0.20F, 0.52F);
@@ -182,7 +196,10 @@ TEST_F(PaintedViewsTest, TheAreaUnderTheLineIsTintedDownToTheScalesFoot)
 TEST_F(PaintedViewsTest, LongestSeriesIsPainted)
 {
     show(wavyDay(1440, 480));
-    keep(grab(), QStringLiteral("longest"));
+    const QImage image = grab();
+    keep(image, QStringLiteral("longest"));
+    EXPECT_GT(columnsWithLine(image), image.width() * 9 / 10);
+    EXPECT_GT(countPixels(image, up), 1000);
 }
 
 TEST_F(PaintedViewsTest, NothingToShowIsOneQuietStrip)

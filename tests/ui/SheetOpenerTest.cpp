@@ -29,7 +29,7 @@ protected:
 TEST_F(SheetOpenerTest, ANewMonitorIsOfferedTheClipboardsAddress)
 {
     opener.beginCreate();
-    EXPECT_FALSE(form.isEditing());
+    EXPECT_EQ(form.title(), QStringLiteral("New Monitor"));
     EXPECT_EQ(form.clipboardURL(), QStringLiteral("https://a.example/path"));
 }
 
@@ -38,14 +38,14 @@ TEST_F(SheetOpenerTest, AnEditedMonitorIsShownAsItIsStored)
     const Monitor monitor = makeMonitor();
     store.addMonitor(monitor);
     EXPECT_TRUE(opener.beginEdit(monitor.id));
-    EXPECT_TRUE(form.isEditing());
+    EXPECT_EQ(form.title(), QStringLiteral("Edit Monitor"));
     EXPECT_EQ(form.url(), monitor.url);
 }
 
 TEST_F(SheetOpenerTest, AnUnknownMonitorIsNotEdited)
 {
     EXPECT_FALSE(opener.beginEdit(QUuid::createUuid()));
-    EXPECT_FALSE(form.isEditing());
+    EXPECT_EQ(form.title(), QStringLiteral("New Monitor"));
 }
 
 } // namespace ostrel::test

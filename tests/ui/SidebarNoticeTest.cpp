@@ -47,7 +47,7 @@ TEST_F(SidebarNoticeTest, SaysWhereNothingCanBeSaved)
     EXPECT_TRUE(notice.isNeeded());
     EXPECT_EQ(notice.text(), QStringLiteral("Can't save to %1.").arg(store.storageDir()));
     EXPECT_EQ(notice.symbol(), QStringLiteral("exclamationmark.triangle.fill"));
-    EXPECT_EQ(notice.tone(), static_cast<int>(Tone::Warning));
+    EXPECT_EQ(notice.tone(), Tone::Warning);
 
     makeRoom();
     EXPECT_EQ(changes, 1);
@@ -61,7 +61,7 @@ TEST_F(SidebarNoticeTest, SaysThatTheNetworkIsAway)
     EXPECT_TRUE(notice.isNeeded());
     EXPECT_EQ(notice.text(), offline);
     EXPECT_EQ(notice.symbol(), QStringLiteral("network"));
-    EXPECT_EQ(notice.tone(), static_cast<int>(Tone::Secondary));
+    EXPECT_EQ(notice.tone(), Tone::Secondary);
 
     presence.setPresent(true);
     EXPECT_FALSE(notice.isNeeded());

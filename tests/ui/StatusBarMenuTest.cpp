@@ -5,6 +5,7 @@
 #include "Printers.h"
 #include "StatusBarHost.h"
 #include "SymbolRaster.h"
+#include "Text.h"
 
 #include <QApplication>
 #include <QPixmap>
@@ -21,11 +22,6 @@ namespace ostrel::test {
 namespace {
 
 using namespace std::chrono_literals;
-
-QString text(const char *english)
-{
-    return QString::fromUtf8(english);
-}
 
 class NoHost : public StatusBarHost
 {

@@ -4,7 +4,6 @@
 #include "FreedesktopMotionPreference.h"
 #include "FreedesktopNetworkPresence.h"
 #include "FreedesktopNotificationCenter.h"
-#include "FreedesktopSingleInstance.h"
 #include "FreedesktopStatusBarHost.h"
 #include "FreedesktopTerminationSignal.h"
 #include "FreedesktopWakeSignal.h"
@@ -148,11 +147,6 @@ std::unique_ptr<NetworkPresence> makeNetworkPresence()
 std::unique_ptr<LoginItem> makeLoginItem()
 {
     return std::make_unique<FreedesktopLoginItem>();
-}
-
-std::unique_ptr<SingleInstance> makeSingleInstance(const QString &storageDir)
-{
-    return std::make_unique<FreedesktopSingleInstance>(storageDir);
 }
 
 std::unique_ptr<StatusBarHost> makeStatusBarHost()

@@ -1,5 +1,6 @@
 #include "Platform.h"
 
+#include <algorithm>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -8,7 +9,8 @@ namespace ostrel {
 void lowerThreadPriority()
 {
     constexpr int niceness = 10; // A tenth of the share that others get.
-    ::setpriority(PRIO_PROCESS, static_cast<id_t>(::gettid()), niceness);
+    const auto thread = static_cast<id_t>(::gettid());
+    ::setpriority(PRIO_PROCESS, thread, std::max(niceness, ::getpriority(PRIO_PROCESS, thread)));
 }
 
 } // namespace ostrel

@@ -2,7 +2,6 @@
 #include "PortableLoginItem.h"
 #include "PortableNetworkPresence.h"
 #include "PortableNotificationCenter.h"
-#include "PortableSingleInstance.h"
 #include "PortableStatusBarHost.h"
 #include "PortableTerminationSignal.h"
 #include "PortableWakeSignal.h"
@@ -49,11 +48,6 @@ std::unique_ptr<NetworkPresence> makeNetworkPresence()
 std::unique_ptr<LoginItem> makeLoginItem()
 {
     return std::make_unique<PortableLoginItem>();
-}
-
-std::unique_ptr<SingleInstance> makeSingleInstance(const QString &storageDir)
-{
-    return std::make_unique<PortableSingleInstance>(storageDir);
 }
 
 std::unique_ptr<StatusBarHost> makeStatusBarHost()

@@ -38,7 +38,7 @@ public:
     /// How much higher a line of @p font is measured than its line box; 0 where it fits.
     [[nodiscard]] Q_INVOKABLE static qreal overhang(const QFont &font);
     /// The width of @p text on one line.
-    [[nodiscard]] Q_INVOKABLE static qreal textWidth(const QString &text, const QFont &font);
+    [[nodiscard]] static qreal textWidth(const QString &text, const QFont &font);
 
     /// Looser than Lato's own, and it switches off Lato's joined letters.
     static constexpr qreal defaultLetterSpacing = 0.1;

@@ -280,4 +280,11 @@ HostileServer::Behaviour answerWith(const QByteArray &body)
     };
 }
 
+HostileServer::Behaviour answerEncoded(const QByteArray &encoding, const QByteArray &body)
+{
+    return [encoding, body](HostileConnection &connection, const SeenRequest &) {
+        connection.respond("200 OK", body, "Content-Encoding: " + encoding + "\r\n");
+    };
+}
+
 } // namespace ostrel::test

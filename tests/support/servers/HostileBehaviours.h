@@ -65,5 +65,8 @@ void sendBrokenCertificate(HostileConnection &connection, const SeenRequest &req
 [[nodiscard]] HostileServer::Behaviour tunnelInto(const QHash<QByteArray, quint16> &network);
 /// Answers 200 with @p body.
 [[nodiscard]] HostileServer::Behaviour answerWith(const QByteArray &body);
+/// Answers 200 with @p body, which it says to be encoded as @p encoding.
+[[nodiscard]] HostileServer::Behaviour answerEncoded(const QByteArray &encoding,
+                                                     const QByteArray &body);
 
 } // namespace ostrel::test

@@ -1,4 +1,4 @@
-#include "MonitorState.h"
+#include "MonitorSummary.h"
 
 #include "MonitorStore.h"
 
@@ -6,7 +6,7 @@ namespace ostrel {
 
 using namespace std::chrono_literals;
 
-MonitorState monitorState(const MonitorStore &store, const Monitor &monitor)
+MonitorSummary monitorSummary(const MonitorStore &store, const Monitor &monitor)
 {
     return {
         .status = store.status(monitor),

@@ -1,4 +1,4 @@
-#include "FreedesktopSingleInstance.h"
+#include "SingleInstance.h"
 
 #include "ActivationPeer.h"
 #include "ActivationToken.h"
@@ -136,8 +136,8 @@ bool isSameFile(const struct stat &a, const struct stat &b)
 
 } // namespace
 
-FreedesktopSingleInstance::FreedesktopSingleInstance(const QString &storageDir, QObject *parent)
-    : SingleInstance(parent)
+SingleInstance::SingleInstance(const QString &storageDir, QObject *parent)
+    : QObject(parent)
     , m_storageDir(QFile::encodeName(storageDir))
 {
     m_nextAccept.setSingleShot(true);
@@ -148,14 +148,14 @@ FreedesktopSingleInstance::FreedesktopSingleInstance(const QString &storageDir, 
     });
 }
 
-FreedesktopSingleInstance::~FreedesktopSingleInstance()
+SingleInstance::~SingleInstance()
 {
     // While the lock is still held, so that the successor's socket can't be meant.
     if (m_listener.isOpen())
         ::unlinkat(m_folder.number(), socketName, 0);
 }
 
-SingleInstance::Claim FreedesktopSingleInstance::claim(std::chrono::milliseconds patience)
+SingleInstance::Claim SingleInstance::claim(std::chrono::milliseconds patience)
 {
     const QDeadlineTimer deadline(patience);
     switch (takeLock()) {
@@ -169,7 +169,7 @@ SingleInstance::Claim FreedesktopSingleInstance::claim(std::chrono::milliseconds
     Q_UNREACHABLE();
 }
 
-bool FreedesktopSingleInstance::renew()
+bool SingleInstance::renew()
 {
     if (m_isLost || isOwner())
         return !m_isLost;
@@ -181,7 +181,7 @@ bool FreedesktopSingleInstance::renew()
 }
 
 /// Whether the lock that stands at the path is the one that is held.
-bool FreedesktopSingleInstance::isOwner() const
+bool SingleInstance::isOwner() const
 {
     struct stat own = {};
     struct stat found = {};
@@ -191,7 +191,7 @@ bool FreedesktopSingleInstance::isOwner() const
 }
 
 /// The former lock is held until there is a new one.
-FreedesktopSingleInstance::Lock FreedesktopSingleInstance::takeLock()
+SingleInstance::Lock SingleInstance::takeLock()
 {
     FileDescriptor folder(
         ::open(m_storageDir.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK));
@@ -209,19 +209,18 @@ FreedesktopSingleInstance::Lock FreedesktopSingleInstance::takeLock()
     return Lock::taken;
 }
 
-void FreedesktopSingleInstance::listen()
+void SingleInstance::listen()
 {
     m_notifier.reset();
     m_listener = listenIn(m_folder);
     if (!m_listener.isOpen())
         return;
     m_notifier = std::make_unique<QSocketNotifier>(m_listener.number(), QSocketNotifier::Read);
-    connect(m_notifier.get(), &QSocketNotifier::activated, this,
-            &FreedesktopSingleInstance::acceptPeers);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, &SingleInstance::acceptPeers);
 }
 
 /// The first program may have the lock but not its socket yet, and it may end at any moment.
-SingleInstance::Claim FreedesktopSingleInstance::handOver(const QDeadlineTimer &deadline)
+SingleInstance::Claim SingleInstance::handOver(const QDeadlineTimer &deadline)
 {
     const FileDescriptor folder(
         ::open(m_storageDir.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -235,7 +234,7 @@ SingleInstance::Claim FreedesktopSingleInstance::handOver(const QDeadlineTimer &
     return Claim::failed;
 }
 
-void FreedesktopSingleInstance::lose()
+void SingleInstance::lose()
 {
     m_isLost = true;
     (void)sendRequest(
@@ -243,7 +242,7 @@ void FreedesktopSingleInstance::lose()
     QMetaObject::invokeMethod(this, &SingleInstance::ownershipLost, Qt::QueuedConnection);
 }
 
-void FreedesktopSingleInstance::acceptPeers()
+void SingleInstance::acceptPeers()
 {
     for (int i = 0; i < maxPeers; ++i) {
         if (acceptPeer())
@@ -257,7 +256,7 @@ void FreedesktopSingleInstance::acceptPeers()
 }
 
 /// False, with errno, where nobody could be accepted.
-bool FreedesktopSingleInstance::acceptPeer()
+bool SingleInstance::acceptPeer()
 {
     FileDescriptor socket(uninterrupted([this] {
         return ::accept4(m_listener.number(), nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC);
@@ -267,8 +266,7 @@ bool FreedesktopSingleInstance::acceptPeer()
     if (!ActivationPeer::isOurs(socket))
         return true;
     auto *peer = new ActivationPeer(std::move(socket), this);
-    connect(peer, &ActivationPeer::activationRequested, this,
-            &FreedesktopSingleInstance::activationRequested);
+    connect(peer, &ActivationPeer::activationRequested, this, &SingleInstance::activationRequested);
     peer->read();
     const auto peers = findChildren<ActivationPeer *>(QString(), Qt::FindDirectChildrenOnly);
     if (peers.size() > maxPeers)

@@ -10,13 +10,13 @@ namespace ostrel {
 class MonitorStore;
 
 /// What a monitor is at the moment, as the store derives it.
-struct MonitorState
+struct MonitorSummary
 {
     MonitorStatus status = MonitorStatus::pending;
     std::optional<Check> latestCheck = {};
     double uptime24h = 1; ///< A share in 0…1.
 };
 
-[[nodiscard]] MonitorState monitorState(const MonitorStore &store, const Monitor &monitor);
+[[nodiscard]] MonitorSummary monitorSummary(const MonitorStore &store, const Monitor &monitor);
 
 } // namespace ostrel

@@ -1,0 +1,69 @@
+#include "DesktopUser.h"
+#include "ExpectedMonitor.h"
+#include "HostileBehaviours.h"
+#include "HostileServer.h"
+#include "OstrelProgram.h"
+#include "VirtualDisplay.h"
+#include "WaitFor.h"
+#include "WindowManager.h"
+
+#include <gtest/gtest.h>
+
+namespace ostrel::test {
+
+namespace {
+
+/// The program on the ports' portable implementation.
+class PortableProgramTest : public testing::Test
+{
+protected:
+    PortableProgramTest() { program.showOn(display); }
+
+    [[nodiscard]] bool recordsCheck() const
+    {
+        return waitFor([this] {
+            const auto checks = program.readChecks();
+            return checks && !checks->value(monitor.id).empty();
+        });
+    }
+    [[nodiscard]] bool showsWindow()
+    {
+        return waitFor([this] { return windows.hasWindow(QStringLiteral("Ostrel")); });
+    }
+
+    HostileServer server{answerWith("OK")};
+    Monitor monitor = webMonitor(QStringLiteral("Shop"), server.url());
+    VirtualDisplay display;
+    WindowManager windows{display};
+    DesktopUser user{display};
+    OstrelProgram program;
+};
+
+} // namespace
+
+TEST_F(PortableProgramTest, SaysItsVersion)
+{
+    const auto outcome = program.run({QStringLiteral("--version")});
+    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_TRUE(outcome.output.startsWith("ostrel ")) << outcome.output.constData();
+}
+
+TEST_F(PortableProgramTest, WatchesHandsOverAndEnds)
+{
+    ASSERT_TRUE(windows.isReady());
+    program.writeMonitors({monitor});
+    ASSERT_TRUE(program.launch());
+    ASSERT_TRUE(showsWindow());
+    EXPECT_TRUE(recordsCheck());
+
+    ASSERT_TRUE(windows.closeWindow(QStringLiteral("Ostrel")));
+    ASSERT_TRUE(waitFor([this] { return !windows.hasWindow(QStringLiteral("Ostrel")); }));
+    EXPECT_EQ(program.run({}).exitCode, 0);
+    ASSERT_TRUE(showsWindow()) << "another start shows the window of the first";
+
+    // Until the window has the keyboard.
+    ASSERT_TRUE(waitFor([this] { return user.press("ctrl+q") && !program.isRunning(); }));
+    EXPECT_EQ(program.waitForEnd(), 0);
+}
+
+} // namespace ostrel::test

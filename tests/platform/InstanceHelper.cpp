@@ -1,0 +1,77 @@
+#include "SingleInstance.h"
+
+#include <QCoreApplication>
+#include <QSocketNotifier>
+
+#include <cstdio>
+#include <cstdlib>
+#include <unistd.h>
+
+// A program that claims a folder in a process of its own, and tells on its output, line by line,
+// what happens to it. It renews its ownership, as the store does before it saves, at every line of
+// its input.
+//
+//   InstanceHelper FOLDER PATIENCE-IN-MS
+
+namespace ostrel {
+namespace {
+
+void tell(const QByteArray &line)
+{
+    std::puts(line.constData());
+    std::fflush(stdout);
+}
+
+const char *nameOf(SingleInstance::Claim claim)
+{
+    switch (claim) {
+    case SingleInstance::Claim::first:
+        return "first";
+    case SingleInstance::Claim::handedOver:
+        return "handedOver";
+    case SingleInstance::Claim::failed:
+        return "failed";
+    case SingleInstance::Claim::unusable:
+        return "unusable";
+    }
+    Q_UNREACHABLE();
+}
+
+void renewAtEveryLine(SingleInstance &instance, const QSocketNotifier &input)
+{
+    QObject::connect(&input, &QSocketNotifier::activated, &instance, [&instance] {
+        char byte = 0;
+        if (::read(STDIN_FILENO, &byte, 1) != 1)
+            return std::exit(1);
+        if (byte == '\n')
+            tell(instance.renew() ? "owned" : "not owned");
+    });
+}
+
+int claim(const QString &folder, std::chrono::milliseconds patience)
+{
+    SingleInstance instance(folder);
+    QObject::connect(&instance, &SingleInstance::activationRequested,
+                     [](const QByteArray &token) { tell("activated " + token); });
+    QObject::connect(&instance, &SingleInstance::ownershipLost, [] {
+        tell("lost");
+        QCoreApplication::quit();
+    });
+    const QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
+    renewAtEveryLine(instance, input);
+    const auto claim = instance.claim(patience);
+    tell(nameOf(claim));
+    if (claim != SingleInstance::Claim::first && claim != SingleInstance::Claim::unusable)
+        return 0;
+    return QCoreApplication::exec();
+}
+
+} // namespace
+} // namespace ostrel
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    return ostrel::claim(arguments.at(1), std::chrono::milliseconds(arguments.at(2).toInt()));
+}
