@@ -44,7 +44,8 @@ TEST(StatCardTest, TheUnitSitsRightOfTheValueInTheSmallerFace)
     EXPECT_EQ(unit->x(), value->x() + value->width() + 3);
     EXPECT_EQ(unit->y() + unit->baselineOffset(), value->y() + value->baselineOffset());
     EXPECT_EQ(unit->property("font"), view.evaluate(QStringLiteral("ThemeFonts.face(500, 14)")));
-    EXPECT_EQ(value->property("font"), view.evaluate(QStringLiteral("ThemeFonts.face(700, 32, 0)")));
+    EXPECT_EQ(value->property("font"),
+              view.evaluate(QStringLiteral("ThemeFonts.face(700, 32, 0)")));
     EXPECT_EQ(spokenName(view.item()), QStringLiteral("Avg Response, 187 ms"));
 }
 
