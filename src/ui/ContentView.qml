@@ -24,8 +24,9 @@ FocusScope {
     required property DesktopActions desktop
     required property SidebarNotice notice
     property alias selectedMonitorId: chosen.monitorId
-    // Null until a monitor is first shown.
+    // Null until they are first shown.
     property MonitorDetailView page: null
+    property AddMonitorSheet sheet: null
     property int sheetState: ContentView.Closed
     readonly property bool showingAddSheet: sheetState === ContentView.Creating
     readonly property bool showingEdit: sheetState === ContentView.Editing
@@ -58,8 +59,10 @@ FocusScope {
             scrollPages(event.key === Qt.Key_PageUp ? -1 : 1);
     }
     onSheetStateChanged: {
-        if (sheetState !== ContentView.Closed)
-            (sheetComponent.createObject(root) as AddMonitorSheet).open();
+        if (sheetState !== ContentView.Closed) {
+            sheet = sheet ?? sheetComponent.createObject(root) as AddMonitorSheet;
+            sheet.open();
+        }
     }
 
     Binding {
@@ -193,7 +196,6 @@ FocusScope {
             onClosed: {
                 root.sheetState = ContentView.Closed;
                 root.forceActiveFocus(Qt.PopupFocusReason);
-                destroy();
             }
         }
     }
