@@ -59,10 +59,11 @@ FocusScope {
             scrollPages(event.key === Qt.Key_PageUp ? -1 : 1);
     }
     onSheetStateChanged: {
-        if (sheetState !== ContentView.Closed) {
-            sheet = sheet ?? sheetComponent.createObject(root) as AddMonitorSheet;
-            sheet.open();
-        }
+        if (sheetState === ContentView.Closed)
+            return;
+        if (!sheet)
+            sheet = sheetComponent.createObject(root) as AddMonitorSheet;
+        sheet.open();
     }
 
     Binding {
