@@ -3,8 +3,8 @@
 #include "HistoriesWriter.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <cstdlib>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -72,8 +72,7 @@ CheckHistories nextHistories(Decisions &decisions)
 
 FileSnapshot written(const CheckHistories &histories)
 {
-    static std::FILE *const file = std::tmpfile();
-    const int descriptor = ::fileno(file);
+    static const int descriptor = ::memfd_create("histories", MFD_CLOEXEC);
     struct stat status = {};
     ContentWriter content(descriptor);
     if (::ftruncate(descriptor, 0) != 0 || ::lseek(descriptor, 0, SEEK_SET) != 0 ||

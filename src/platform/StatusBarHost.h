@@ -30,6 +30,8 @@ public:
 Q_SIGNALS:
     /// A host has come, or has been found, and answers.
     void appeared();
+    /// A host has gone; another may come.
+    void disappeared();
 };
 
 } // namespace ostrel

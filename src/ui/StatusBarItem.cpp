@@ -66,6 +66,10 @@ StatusBarItem::StatusBarItem(const MonitorStore &store, StatusBarHost &host,
         if (m_isAwaiting)
             join();
     });
+    connect(&host, &StatusBarHost::disappeared, this, [this] {
+        if (m_isAwaiting)
+            m_patience.start();
+    });
     m_menu.menu().installEventFilter(this);
 }
 

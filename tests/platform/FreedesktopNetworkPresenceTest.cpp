@@ -39,7 +39,7 @@ protected:
 
     PrivateBus m_bus{PrivateBus::Kind::system};
     QDBusConnection m_connection = m_bus.connect();
-    FreedesktopNetworkPresence m_presence{50ms};
+    FreedesktopNetworkPresence m_presence{1s};
     int m_changes = 0;
 };
 

@@ -64,6 +64,21 @@ TEST(FreedesktopStatusBarHostTest, AHostIsThereOnceItAnswers)
     EXPECT_FALSE(host.isAwaited());
 }
 
+TEST(FreedesktopStatusBarHostTest, TellsThatAHostThatHungHasGone)
+{
+    PrivateBus bus;
+    std::optional<SilentPanel> panel(std::in_place, bus);
+    FreedesktopStatusBarHost host;
+    host.follow(bus.connect());
+    int goings = 0;
+    QObject::connect(&host, &StatusBarHost::disappeared, [&] { ++goings; });
+    ASSERT_TRUE(waitFor([&] { return host.isSilent(); }));
+    EXPECT_EQ(goings, 0);
+    panel.reset();
+    EXPECT_TRUE(waitFor([&] { return goings == 1; }));
+    EXPECT_FALSE(host.isSilent());
+}
+
 TEST(FreedesktopStatusBarHostTest, IsThereWithoutABus)
 {
     const FreedesktopStatusBarHost host;

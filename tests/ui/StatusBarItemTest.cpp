@@ -226,6 +226,18 @@ TEST_F(StatusBarItemTest, WaitsForAHostThatHangsHoweverLong)
     EXPECT_TRUE(impatient.hasJoined());
 }
 
+TEST_F(StatusBarItemTest, AHostThatHungAndWentIsWaitedForNoLongerThanNone)
+{
+    host.isComing = true;
+    host.isHanging = true;
+    StatusBarItem impatient(samples.store, host, 1ms);
+    impatient.show();
+    ASSERT_FALSE(waitFor([&] { return impatient.hasJoined(); }, 50ms));
+    host.isHanging = false;
+    Q_EMIT host.disappeared();
+    EXPECT_TRUE(waitFor([&] { return impatient.hasJoined(); }));
+}
+
 TEST_F(StatusBarItemTest, AHostThatComesBeforeItIsShownMakesNoDifference)
 {
     Q_EMIT host.appeared();

@@ -45,7 +45,9 @@ bool FreedesktopStatusBarHost::isSilent() const
 void FreedesktopStatusBarHost::noteHost()
 {
     m_isThere = false;
-    if (!m_host.uniqueName().isEmpty())
+    if (m_host.uniqueName().isEmpty())
+        Q_EMIT disappeared();
+    else
         askHost();
 }
 

@@ -5,13 +5,23 @@ import Ostrel.Theme
 
 // A button that stands for one of several choices. What is taken, its owner says through
 // `isSelected`. A click doesn't take the keyboard.
-T.RadioButton {
+//
+// To assistive tools it is a radio button, the button inside is nothing: Qt's own radio button leaks
+// what it attaches to itself while it is made with such a tool at work.
+KeyboardItem {
     id: root
 
+    property alias text: button.text
+    property alias contentItem: button.contentItem
+    property alias background: button.background
+    property alias horizontalPadding: button.horizontalPadding
+    property alias down: button.down
     property bool isSelected: false
     property real radius: Theme.cornerRadiusSmall
-    property bool showsHover: hovered && enabled
+    property bool showsHover: button.hovered && enabled
     property bool showsFocus: visualFocus
+
+    signal clicked
 
     // Found by their names. As handlers, the actions would be offered twice.
     function accessiblePressAction(): void {
@@ -22,20 +32,30 @@ T.RadioButton {
         keys.press();
     }
 
-    checked: isSelected
-    implicitWidth: implicitContentWidth + leftPadding + rightPadding
-    implicitHeight: implicitContentHeight + topPadding + bottomPadding
-    focusPolicy: Qt.TabFocus
-    hoverEnabled: true
+    implicitWidth: button.implicitContentWidth + button.leftPadding + button.rightPadding
+    implicitHeight: button.implicitContentHeight + button.topPadding + button.bottomPadding
     opacity: enabled ? 1 : Theme.disabledOpacity
+    Accessible.role: Accessible.RadioButton
     Accessible.name: text
     Accessible.description: enabled ? "" : qsTr("Unavailable")
-    Keys.forwardTo: [keys]
+    Accessible.checkable: true
+    Accessible.checked: isSelected
+    Keys.forwardTo: [keys, button]
+
+    T.AbstractButton {
+        id: button
+
+        anchors.fill: parent
+        focusPolicy: Qt.NoFocus
+        hoverEnabled: true
+        Accessible.ignored: true
+        onClicked: root.clicked()
+    }
 
     ButtonKeys {
         id: keys
 
-        button: root
+        button: button
     }
 
     FocusRing {
