@@ -5,8 +5,8 @@
 #include "ThemeFonts.h"
 #include "WaitFor.h"
 
-#include <QApplication>
 #include <QEventLoop>
+#include <QGuiApplication>
 #include <QQmlExtensionPlugin>
 #include <QTimer>
 
@@ -100,7 +100,7 @@ void BenchWindow::drawFrame()
 int runInWindow(int argc, char **argv, int (*bench)())
 {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    const QApplication application(argc, argv);
+    const QGuiApplication application(argc, argv);
     ThemeFonts::install();
     return bench();
 }

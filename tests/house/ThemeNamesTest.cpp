@@ -22,7 +22,7 @@ QString contentOf(const QString &path)
 
 QString themePath()
 {
-    return QStringLiteral(OSTREL_SOURCE_DIR "/src/ui/theme/Theme.qml");
+    return QStringLiteral(OSTREL_SOURCE_DIR "/src/theme/Theme.qml");
 }
 
 QStringList matches(const QRegularExpression &pattern, const QString &text)
@@ -41,17 +41,19 @@ QStringList themeNames()
     return matches(declaration, contentOf(themePath()));
 }
 
-/// The files under src/ that use each name.
+/// The views that use each name, the gallery's among them.
 QHash<QString, QSet<QString>> usersOfThemeNames()
 {
     static const QRegularExpression use(QStringLiteral("\\bTheme\\.(\\w+)"));
     QHash<QString, QSet<QString>> users;
-    QDirIterator files(QStringLiteral(OSTREL_SOURCE_DIR "/src"), {QStringLiteral("*.qml")},
-                       QDir::Files, QDirIterator::Subdirectories);
-    while (files.hasNext()) {
-        const QString path = files.next();
-        for (const QString &name : matches(use, contentOf(path)))
-            users[name].insert(path);
+    for (const QString &folder : {QStringLiteral("/src"), QStringLiteral("/tools")}) {
+        QDirIterator files(QStringLiteral(OSTREL_SOURCE_DIR) + folder, {QStringLiteral("*.qml")},
+                           QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            const QString path = files.next();
+            for (const QString &name : matches(use, contentOf(path)))
+                users[name].insert(path);
+        }
     }
     return users;
 }
