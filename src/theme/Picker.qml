@@ -82,7 +82,7 @@ T.ComboBox {
             model: root.count
             currentIndex: root.highlightedIndex
             boundsBehavior: Flickable.StopAtBounds
-            delegate: PickerRow {
+            delegate: PickerItem {
                 required property int index
 
                 width: ListView.view.width

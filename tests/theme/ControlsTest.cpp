@@ -375,12 +375,12 @@ TEST(SegmentedPickerTest, IsChosenByMouseAndArrows)
     EXPECT_EQ(activated.count(), 3);
 }
 
-TEST(RowMenuTest, OpensWithItsRowsAndRunsThem)
+TEST(ContextMenuTest, OpensWithItsRowsAndRunsThem)
 {
-    ThemeView view("RowMenu { id: menu; title: 'Shop'\n"
-                   "RowMenuItem { text: 'Check Now'; symbol: 'arrow.trianglehead.clockwise'\n"
+    ThemeView view("ContextMenu { id: menu; title: 'Shop'\n"
+                   "ContextMenuItem { text: 'Check Now'; symbol: 'arrow.trianglehead.clockwise'\n"
                    "onTriggered: root.objectName = 'checked' }\n"
-                   "RowMenuItem { text: 'Delete'; symbol: 'trash'; isDestructive: true }\n"
+                   "ContextMenuItem { text: 'Delete'; symbol: 'trash'; isDestructive: true }\n"
                    "}\n"
                    "Item { objectName: 'subject'; function open() { menu.popup(root, 0, 0) } }");
     ASSERT_EQ(view.error(), QString());

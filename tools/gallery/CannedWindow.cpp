@@ -88,7 +88,7 @@ struct CannedWindow::Parts
     CannedEngine canned{store};
     MonitorCommands commands{store, canned.engine()};
     MonitorListModel monitors{store};
-    DashboardOverview overview{store};
+    DashboardModel dashboardModel{store};
     AppActions actions{store, commands};
     MonitorDetailModel detailModel{store, cannedNow};
     MonitorForm form{store, cannedNow};
@@ -133,9 +133,9 @@ MonitorListModel *CannedWindow::monitors()
     return &m_parts->monitors;
 }
 
-DashboardOverview *CannedWindow::overview()
+DashboardModel *CannedWindow::dashboardModel()
 {
-    return &m_parts->overview;
+    return &m_parts->dashboardModel;
 }
 
 AppActions *CannedWindow::actions()

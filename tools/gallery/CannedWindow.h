@@ -1,7 +1,7 @@
 #pragma once
 
 #include "AppActions.h"
-#include "DashboardOverview.h"
+#include "DashboardModel.h"
 #include "DesktopActions.h"
 #include "MonitorDetailModel.h"
 #include "MonitorListModel.h"
@@ -27,7 +27,7 @@ class CannedWindow : public QObject
     /// One of samples(); set once.
     Q_PROPERTY(QString sample READ sample WRITE setSample REQUIRED)
     Q_PROPERTY(ostrel::MonitorListModel *monitors READ monitors CONSTANT)
-    Q_PROPERTY(ostrel::DashboardOverview *overview READ overview CONSTANT)
+    Q_PROPERTY(ostrel::DashboardModel *dashboardModel READ dashboardModel CONSTANT)
     Q_PROPERTY(ostrel::AppActions *actions READ actions CONSTANT)
     Q_PROPERTY(ostrel::MonitorDetailModel *detailModel READ detailModel CONSTANT)
     Q_PROPERTY(ostrel::SheetOpener *opener READ opener CONSTANT)
@@ -47,7 +47,7 @@ public:
     [[nodiscard]] QString sample() const { return m_sample; }
     void setSample(const QString &sample);
     [[nodiscard]] MonitorListModel *monitors();
-    [[nodiscard]] DashboardOverview *overview();
+    [[nodiscard]] DashboardModel *dashboardModel();
     [[nodiscard]] AppActions *actions();
     [[nodiscard]] MonitorDetailModel *detailModel();
     [[nodiscard]] SheetOpener *opener();

@@ -19,20 +19,20 @@ GallerySection {
                 x: Theme.menuPadding
                 y: Theme.menuPadding
 
-                RowMenuItem {
+                ContextMenuItem {
                     width: Theme.menuMinimumWidth
                     symbol: "arrow.trianglehead.clockwise"
                     text: "Check Now"
                 }
 
-                RowMenuItem {
+                ContextMenuItem {
                     width: Theme.menuMinimumWidth
                     symbol: "pause"
                     text: "Pause"
                     showsHover: true
                 }
 
-                RowMenuItem {
+                ContextMenuItem {
                     width: Theme.menuMinimumWidth
                     symbol: "trash"
                     text: "Delete"
@@ -55,14 +55,14 @@ GallerySection {
                 x: Theme.menuPadding
                 y: Theme.menuPadding
 
-                PickerRow {
+                PickerItem {
                     width: Theme.keywordModeWidth
                     text: "Must exist"
                     isCurrent: true
                     highlighted: true
                 }
 
-                PickerRow {
+                PickerItem {
                     width: Theme.keywordModeWidth
                     text: "Must not exist"
                     isCurrent: false

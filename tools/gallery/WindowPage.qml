@@ -24,7 +24,7 @@ Rectangle {
         objectName: "content"
         anchors.fill: parent
         monitors: canned.monitors
-        overview: canned.overview
+        dashboardModel: canned.dashboardModel
         actions: canned.actions
         detailModel: canned.detailModel
         opener: canned.opener

@@ -10,7 +10,7 @@ Item {
     id: root
 
     required property MonitorListModel monitors
-    required property DashboardOverview overview
+    required property DashboardModel model
     required property MonitorSelection selection
     readonly property real contentWidth: Math.min(Theme.contentMaximum, width - 2 * Theme.pageMargin)
     readonly property real contentX: Math.floor((width - contentWidth) / 2)
@@ -28,7 +28,7 @@ Item {
     EmptyDashboard {
         objectName: "empty"
         anchors.fill: parent
-        visible: root.overview.isEmpty
+        visible: root.model.isEmpty
         onAddRequested: root.addRequested()
     }
 
@@ -48,7 +48,7 @@ Item {
 
         objectName: "grid"
         anchors.fill: parent
-        visible: !root.overview.isEmpty
+        visible: !root.model.isEmpty
         clip: true
         // A card is made in less than a frame's time: none is kept ready.
         cacheBuffer: 0
@@ -73,7 +73,7 @@ Item {
             y: -Theme.sectionSpacing - height
             width: root.contentWidth
             height: implicitHeight
-            overview: root.overview
+            model: root.model
         }
 
         delegate: DashboardCell {

@@ -12,8 +12,8 @@ EdgedBox {
     readonly property real bannerFillOpacity: 0.06
     readonly property real bannerEdgeOpacity: 0.10
 
-    required property DashboardOverview overview
-    readonly property color statusColor: ToneColors.of(overview.tone)
+    required property DashboardModel model
+    readonly property color statusColor: ToneColors.of(model.tone)
 
     implicitHeight: Theme.bannerHeight
     radius: Theme.cornerRadius
@@ -26,7 +26,7 @@ EdgedBox {
         objectName: "bannerSymbol"
         x: Theme.cardPadding
         anchors.verticalCenter: parent.verticalCenter
-        name: root.overview.banner.symbol
+        name: root.model.banner.symbol
         systemSize: 22
         color: root.statusColor
     }
@@ -42,14 +42,14 @@ EdgedBox {
         ThemeText {
             objectName: "headline"
             width: parent.width
-            text: root.overview.banner.headline
+            text: root.model.banner.headline
             font: Theme.demiBold15
         }
 
         ThemeText {
             objectName: "countLine"
             width: parent.width
-            text: root.overview.banner.countLine
+            text: root.model.banner.countLine
             font: Theme.regular12
             color: Theme.textSecondary
         }

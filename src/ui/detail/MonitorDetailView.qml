@@ -80,7 +80,7 @@ Flickable {
             height: root.statusRowGap
         }
 
-        DetailStatusRow {
+        DetailStatus {
             width: parent.width
             detail: root.detail
         }
@@ -94,7 +94,7 @@ Flickable {
             width: parent.width
             spacing: Theme.spacing
 
-            StatisticsRow {
+            StatCards {
                 width: parent.width
                 statistics: root.detail.statistics
             }

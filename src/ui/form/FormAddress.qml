@@ -18,7 +18,7 @@ Column {
 
     spacing: Theme.sheetLabelGap
 
-    SuggestionRow {
+    AddressSuggestion {
         objectName: "suggestion"
         width: parent.width
         visible: root.form.showsClipboardSuggestion

@@ -4,7 +4,7 @@ import Ostrel
 import Ostrel.Theme
 
 // The context menu of a monitor's row.
-RowMenu {
+ContextMenu {
     id: root
 
     required property AppActions actions
@@ -25,19 +25,19 @@ RowMenu {
         popup(row, x, y);
     }
 
-    RowMenuItem {
+    ContextMenuItem {
         symbol: "arrow.trianglehead.clockwise"
         text: qsTr("Check Now")
         onTriggered: root.actions.checkNow(root.monitorId)
     }
 
-    RowMenuItem {
+    ContextMenuItem {
         symbol: root.isMonitorEnabled ? "pause" : "play"
         text: root.isMonitorEnabled ? qsTr("Pause") : qsTr("Resume")
         onTriggered: root.actions.togglePause(root.monitorId)
     }
 
-    RowMenuItem {
+    ContextMenuItem {
         symbol: "trash"
         text: qsTr("Delete")
         isDestructive: true

@@ -27,7 +27,7 @@ Item {
         actions: root.actions
     }
 
-    SidebarNoticeRow {
+    SidebarNoticeView {
         id: noticeRow
 
         anchors.bottom: footer.top

@@ -17,7 +17,7 @@ FocusScope {
     }
 
     required property MonitorListModel monitors
-    required property DashboardOverview overview
+    required property DashboardModel dashboardModel
     required property AppActions actions
     required property MonitorDetailModel detailModel
     required property SheetOpener opener
@@ -72,19 +72,8 @@ FocusScope {
         value: chosen.monitorId
     }
 
-    WindowExposure {
-        id: exposure
-
-        window: root.Window.window
-    }
-
-    // The windows of the uptimes move without any check.
-    Timer {
-        interval: root.monitors.refreshInterval
-        running: exposure.isExposed
-        repeat: true
-        triggeredOnStart: true
-        onTriggered: root.monitors.refresh()
+    UptimeRefresh {
+        monitors: root.monitors
     }
 
     MonitorSelection {
@@ -157,7 +146,7 @@ FocusScope {
             anchors.fill: parent
             visible: !chosen.showsMonitor
             monitors: root.monitors
-            overview: root.overview
+            model: root.dashboardModel
             selection: chosen
             onAddRequested: root.add()
             onCardChosen: appearance.restart()

@@ -9,7 +9,7 @@ Window {
     id: root
 
     required property MonitorListModel monitors
-    required property DashboardOverview overview
+    required property DashboardModel dashboardModel
     required property AppActions actions
     required property MonitorDetailModel detailModel
     required property SheetOpener opener
@@ -45,7 +45,7 @@ Window {
 
         anchors.fill: parent
         monitors: root.monitors
-        overview: root.overview
+        dashboardModel: root.dashboardModel
         actions: root.actions
         detailModel: root.detailModel
         opener: root.opener

@@ -41,7 +41,7 @@ QQuickWindow *MainWindowLoader::load(WindowModels &models)
     m_faces.reset();
     m_engine.setInitialProperties({
         {QStringLiteral("monitors"), QVariant::fromValue(&models.monitors)},
-        {QStringLiteral("overview"), QVariant::fromValue(&models.overview)},
+        {QStringLiteral("dashboardModel"), QVariant::fromValue(&models.dashboardModel)},
         {QStringLiteral("actions"), QVariant::fromValue(&models.actions)},
         {QStringLiteral("detailModel"), QVariant::fromValue(&models.detailModel)},
         {QStringLiteral("opener"), QVariant::fromValue(&models.opener)},

@@ -9,7 +9,7 @@ WindowModels::WindowModels(MonitorStore &store, MonitoringEngine &engine,
                            Workspace &workspace, const WallClock &now)
     : commands(store, engine)
     , monitors(store)
-    , overview(store)
+    , dashboardModel(store)
     , actions(store, commands)
     , detailModel(store, now)
     , form(store, now)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "AppActions.h"
-#include "DashboardOverview.h"
+#include "DashboardModel.h"
 #include "DesktopActions.h"
 #include "MonitorCommands.h"
 #include "MonitorDetailModel.h"
@@ -29,7 +29,7 @@ struct WindowModels
 
     MonitorCommands commands;
     MonitorListModel monitors;
-    DashboardOverview overview;
+    DashboardModel dashboardModel;
     AppActions actions;
     MonitorDetailModel detailModel;
     MonitorForm form;

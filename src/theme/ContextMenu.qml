@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// The context menu of a row; holds RowMenuItem.
+// The context menu of a row; holds ContextMenuItem.
 T.Menu {
     id: root
 
@@ -10,7 +10,7 @@ T.Menu {
     overlap: 0
     implicitWidth: Math.max(Theme.menuMinimumWidth, contentItem.implicitWidth + leftPadding + rightPadding)
     implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
-    delegate: RowMenuItem {}
+    delegate: ContextMenuItem {}
     background: MenuSurface {}
 
     contentItem: ListView {

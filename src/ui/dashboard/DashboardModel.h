@@ -10,7 +10,7 @@ namespace ostrel {
 class MonitorStore;
 
 /// What the dashboard says of all monitors together, kept up to date. Main thread.
-class DashboardOverview : public QObject
+class DashboardModel : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
@@ -22,7 +22,7 @@ class DashboardOverview : public QObject
 
 public:
     /// @p store outlives this object.
-    explicit DashboardOverview(const MonitorStore &store, QObject *parent = nullptr);
+    explicit DashboardModel(const MonitorStore &store, QObject *parent = nullptr);
 
     [[nodiscard]] const StatusBanner &banner() const { return m_banner; }
     /// The banner's. A compiled view can't read an enumeration of a value inside an object.

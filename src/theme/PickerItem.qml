@@ -37,7 +37,7 @@ T.ItemDelegate {
         }
     }
 
-    background: MenuRowBox {
+    background: MenuItemBox {
         isHighlighted: root.highlighted || root.hovered
         isPressed: root.down
     }

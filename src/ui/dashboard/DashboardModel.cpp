@@ -1,20 +1,20 @@
-#include "DashboardOverview.h"
+#include "DashboardModel.h"
 
 #include "MonitorStore.h"
 
 namespace ostrel {
 
-DashboardOverview::DashboardOverview(const MonitorStore &store, QObject *parent)
+DashboardModel::DashboardModel(const MonitorStore &store, QObject *parent)
     : QObject(parent)
     , m_store(store)
     , m_banner(statusBanner(store))
     , m_isEmpty(store.monitors().isEmpty())
 {
-    connect(&store, &MonitorStore::monitorsChanged, this, &DashboardOverview::update);
-    connect(&store, &MonitorStore::checksChanged, this, &DashboardOverview::update);
+    connect(&store, &MonitorStore::monitorsChanged, this, &DashboardModel::update);
+    connect(&store, &MonitorStore::checksChanged, this, &DashboardModel::update);
 }
 
-void DashboardOverview::update()
+void DashboardModel::update()
 {
     const StatusBanner banner = statusBanner(m_store);
     const bool isEmpty = m_store.monitors().isEmpty();

@@ -29,7 +29,7 @@ T.MenuItem {
         color: root.labelColor
     }
 
-    background: MenuRowBox {
+    background: MenuItemBox {
         isHighlighted: root.showsHover
         isPressed: root.down
     }

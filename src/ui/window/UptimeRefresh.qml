@@ -1,0 +1,25 @@
+import QtQuick
+
+import Ostrel
+import Ostrel.Theme
+
+// Refreshes the uptimes while the window can be seen: their time windows move without any check.
+Item {
+    id: root
+
+    required property MonitorListModel monitors
+
+    WindowExposure {
+        id: exposure
+
+        window: root.Window.window
+    }
+
+    Timer {
+        interval: root.monitors.refreshInterval
+        running: exposure.isExposed
+        repeat: true
+        triggeredOnStart: true
+        onTriggered: root.monitors.refresh()
+    }
+}
