@@ -7,6 +7,8 @@
 #include <array>
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The expressions take cubic time.
@@ -74,8 +76,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
                              .left(longestForExpressions);
     if (pageTitleIn(page).value_or(QString()) != titleByExpressions(page))
         std::abort();
-    for (const QString &address : iconAddresses(page, QStringLiteral("example.org"))) {
-        if (!address.startsWith(QStringLiteral("http")))
+    for (const QString &address : iconAddresses(page, u"example.org"_s)) {
+        if (!address.startsWith(u"http"_s))
             std::abort();
     }
     return 0;

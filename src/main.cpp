@@ -27,6 +27,8 @@
 #include <future>
 #include <variant>
 
+using namespace Qt::StringLiterals;
+
 Q_IMPORT_QML_PLUGIN(OstrelPlugin)
 Q_IMPORT_QML_PLUGIN(Ostrel_ThemePlugin)
 
@@ -52,8 +54,7 @@ void tellOfFailures(const MonitorStore &store)
 {
     const auto tell = [&store] {
         if (!store.canSave())
-            complain(QStringLiteral("can't save to ") + store.storageDir() + QStringLiteral(": ") +
-                     store.saveFailure());
+            complain(u"can't save to "_s + store.storageDir() + u": "_s + store.saveFailure());
     };
     QObject::connect(&store, &MonitorStore::canSaveChanged, tell);
     tell();
@@ -82,7 +83,7 @@ struct Program
         avoidSilentServices();
         QApplication application(argc, argv);
         preparePlatform();
-        QApplication::setDesktopFileName(QStringLiteral("ostrel"));
+        QApplication::setDesktopFileName(u"ostrel"_s);
         ThemeFonts::install();
         PseudoTranslator pseudo;
         if (invocation.language == Language::pseudo)
@@ -96,8 +97,7 @@ struct Program
         case SingleInstance::Claim::handedOver:
             return 0;
         case SingleInstance::Claim::failed:
-            complain(QStringLiteral("another Ostrel that doesn't answer uses ") +
-                     invocation.dataDir);
+            complain(u"another Ostrel that doesn't answer uses "_s + invocation.dataDir);
             return exitFailed;
         case SingleInstance::Claim::first:
         case SingleInstance::Claim::unusable: // It watches and tells all the same.
@@ -121,7 +121,7 @@ struct Program
             print(*status);
             return 0;
         }
-        complain(QStringLiteral("can't read ") + StoredRecords::monitorsPath(invocation.dataDir));
+        complain(u"can't read "_s + StoredRecords::monitorsPath(invocation.dataDir));
         return exitFailed;
     }
 
@@ -189,7 +189,7 @@ private:
         QObject::connect(&instance, &SingleInstance::activationRequested, &app.delegate(),
                          &AppDelegate::reopen);
         QObject::connect(&instance, &SingleInstance::ownershipLost, &app, [] {
-            complain(QStringLiteral("another Ostrel has taken the data folder over"));
+            complain(u"another Ostrel has taken the data folder over"_s);
             QCoreApplication::quit();
         });
         QObject::connect(termination.get(), &TerminationSignal::terminationRequested, &app,
@@ -221,8 +221,8 @@ QStringList argumentsOf(int argc, char **argv)
 int main(int argc, char **argv)
 {
     raiseDescriptorLimit();
-    QCoreApplication::setOrganizationName(QStringLiteral("Ostrel"));
-    QCoreApplication::setApplicationName(QStringLiteral("Ostrel"));
+    QCoreApplication::setOrganizationName(u"Ostrel"_s);
+    QCoreApplication::setApplicationName(u"Ostrel"_s);
     const int code = std::visit(Program{argc, argv}, parseCommandLine(argumentsOf(argc, argv)));
     endUnderThreads(code);
     return code;

@@ -14,6 +14,8 @@
 #include <functional>
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 // How long it takes to lay out and paint the chart and the strip of the detail page, beside the
 // painter filling the same picture with the same number of straight lines.
 
@@ -116,7 +118,7 @@ int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
-    QFont font(QStringLiteral("Lato"));
+    QFont font(u"Lato"_s);
     font.setPixelSize(9);
     const ChartStyle style{Qt::darkBlue, Qt::gray, Qt::gray, font};
 

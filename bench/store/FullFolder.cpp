@@ -5,6 +5,8 @@
 #include <QDir>
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::bench {
 
 namespace {
@@ -26,7 +28,7 @@ Check CheckSource::next(const QUuid &monitorId)
     check.statusCode = check.isUp ? 200 : 503;
     check.sslExpiresAt = firstTimestamp + std::chrono::days(80);
     if (!check.isUp)
-        check.error = QStringLiteral("HTTP 503 Service Unavailable");
+        check.error = u"HTTP 503 Service Unavailable"_s;
     return check;
 }
 
@@ -45,7 +47,7 @@ std::vector<QUuid> fillFolder(const QString &folder, int monitors)
     const auto fill = [&](ContentWriter &content) {
         return HistoriesWriter().write(histories, FileSnapshot(), content);
     };
-    (void)AtomicFile(folder + QStringLiteral("/checks.json")).write(fill, AtomicFile::Flush::none);
+    (void)AtomicFile(folder + u"/checks.json"_s).write(fill, AtomicFile::Flush::none);
     return ids;
 }
 
@@ -54,7 +56,7 @@ QList<Monitor> monitorsOf(const std::vector<QUuid> &ids, const QString &url)
     QList<Monitor> monitors;
     for (const QUuid &id : ids) {
         Monitor monitor = {.id = id};
-        monitor.name = QStringLiteral("Shop %1").arg(monitors.size() + 1);
+        monitor.name = u"Shop %1"_s.arg(monitors.size() + 1);
         monitor.url = url;
         monitor.interval = std::chrono::seconds(300);
         monitors += monitor;
@@ -64,7 +66,7 @@ QList<Monitor> monitorsOf(const std::vector<QUuid> &ids, const QString &url)
 
 void writeMonitors(const QString &folder, const QList<Monitor> &monitors)
 {
-    QFile file(folder + QStringLiteral("/monitors.json"));
+    QFile file(folder + u"/monitors.json"_s);
     if (file.open(QIODevice::WriteOnly))
         file.write(encodeMonitors(monitors));
 }
@@ -76,7 +78,7 @@ Timestamp fullFolderNow()
 
 std::string checksPath(const QString &folder)
 {
-    return QFile::encodeName(folder + QStringLiteral("/checks.json")).toStdString();
+    return QFile::encodeName(folder + u"/checks.json"_s).toStdString();
 }
 
 } // namespace ostrel::bench

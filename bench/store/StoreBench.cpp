@@ -13,6 +13,8 @@
 #include <malloc.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 // Prints what recording, loading, keeping and asking cost, each beside the bare machine doing the
 // same work in the same run. Takes the folder to work in, on the file system that is to be
 // measured; without one, a temporary folder.
@@ -104,9 +106,9 @@ void benchRecording(const QString &folder, int monitors, const std::vector<QUuid
     MonitorStore store(folder);
     std::vector<double> ours;
     std::vector<double> bare;
-    const QString bareFolder = folder + QStringLiteral("/bare");
+    const QString bareFolder = folder + u"/bare"_s;
     QDir().mkpath(bareFolder);
-    QFile file(folder + QStringLiteral("/checks.json"));
+    QFile file(folder + u"/checks.json"_s);
     (void)file.open(QIODevice::ReadOnly);
     const QByteArray bytes = file.readAll();
     const std::string path = checksPath(bareFolder);
@@ -170,7 +172,7 @@ int main(int argc, char **argv)
     std::printf("%-10s %8s %14s %14s %14s %14s %8s %8s\n", "", "monitors", "best us", "median us",
                 "bare best", "bare median", "best x", "median x");
     for (const int monitors : {1, 10, 100}) {
-        const QString folder = root + QStringLiteral("/bench-%1").arg(monitors);
+        const QString folder = root + u"/bench-%1"_s.arg(monitors);
         const auto ids = bench::fillFolder(folder, monitors);
         benchLoading(folder, monitors);
         benchMemory(folder, monitors, ids);

@@ -12,6 +12,8 @@
 
 #include <ctime>
 
+using namespace Qt::StringLiterals;
+
 Q_IMPORT_QML_PLUGIN(OstrelPlugin)
 Q_IMPORT_QML_PLUGIN(Ostrel_ThemePlugin)
 
@@ -65,10 +67,7 @@ bool BenchWindow::show()
 
 void BenchWindow::open(int row)
 {
-    item(QStringLiteral("sidebar"))
-        .property("selection")
-        .value<MonitorSelection *>()
-        ->selectRow(row);
+    item(u"sidebar"_s).property("selection").value<MonitorSelection *>()->selectRow(row);
     settle();
 }
 

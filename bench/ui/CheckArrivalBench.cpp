@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::bench {
 
 namespace {
@@ -56,8 +58,7 @@ private:
 int benchArrival()
 {
     const QTemporaryDir folder;
-    writeMonitors(folder.path(),
-                  monitorsOf(fillFolder(folder.path(), monitorCount), QStringLiteral("shop")));
+    writeMonitors(folder.path(), monitorsOf(fillFolder(folder.path(), monitorCount), u"shop"_s));
     ArrivalBench bench(folder.path());
     if (!bench.show()) {
         std::puts("no window to measure");

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::bench {
 
 namespace {
@@ -19,8 +21,7 @@ constexpr double pixelsPerFrame = 60;
 void fill(MonitorStore &store)
 {
     CheckSource source;
-    for (const Monitor &monitor :
-         monitorsOf(std::vector<QUuid>(monitorCount), QStringLiteral("shop"))) {
+    for (const Monitor &monitor : monitorsOf(std::vector<QUuid>(monitorCount), u"shop"_s)) {
         Monitor added = monitor;
         added.id = QUuid::createUuid();
         store.addMonitor(added);
@@ -56,8 +57,8 @@ int benchScroll()
         return 1;
     }
     std::printf("%-36s %10s %10s %10s\n", "main thread, for each frame", "median", "95 %", "most");
-    print("the list (a frame has 16.7)", window, QStringLiteral("list"));
-    print("the dashboard", window, QStringLiteral("grid"));
+    print("the list (a frame has 16.7)", window, u"list"_s);
+    print("the dashboard", window, u"grid"_s);
     return 0;
 }
 

@@ -23,6 +23,8 @@
 #include <cstdio>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::bench {
 
 namespace {
@@ -41,12 +43,11 @@ struct Desktop
     [[nodiscard]] QProcessEnvironment environment() const
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
-        environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
-        environment.insert(QStringLiteral("DISPLAY"), display.name());
-        environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), bus.address());
-        environment.insert(QStringLiteral("QT_LOGGING_RULES"),
-                           QStringLiteral("qt.scenegraph.time.renderloop=true"));
+        environment.remove(u"WAYLAND_DISPLAY"_s);
+        environment.remove(u"QT_QPA_PLATFORM"_s);
+        environment.insert(u"DISPLAY"_s, display.name());
+        environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, bus.address());
+        environment.insert(u"QT_LOGGING_RULES"_s, u"qt.scenegraph.time.renderloop=true"_s);
         return environment;
     }
 
@@ -62,7 +63,7 @@ public:
     /// @p down is where the first monitor looks; the others look at @p url.
     Home(const QByteArray &url, const QByteArray &down)
     {
-        const QString dataDir = m_folder.filePath(QStringLiteral("data/Vantry"));
+        const QString dataDir = m_folder.filePath(u"data/Vantry"_s);
         const auto ids = fillFolder(dataDir, monitorCount);
         QList<Monitor> monitors = monitorsOf(ids, QString::fromUtf8(url));
         monitors.first().url = QString::fromUtf8(down);
@@ -71,19 +72,16 @@ public:
         // So that no public service is asked for this machine's icon.
         QImage icon(64, 64, QImage::Format_RGB32);
         icon.fill(Qt::blue);
-        IconFolder(dataDir + QStringLiteral("/favicons")).write(QStringLiteral("127.0.0.1"), icon);
+        IconFolder(dataDir + u"/favicons"_s).write(u"127.0.0.1"_s, icon);
     }
 
     void enter(QProcessEnvironment &environment) const
     {
-        environment.insert(QStringLiteral("HOME"), m_folder.path());
-        environment.insert(QStringLiteral("XDG_DATA_HOME"),
-                           m_folder.filePath(QStringLiteral("data")));
-        environment.insert(QStringLiteral("XDG_CONFIG_HOME"),
-                           m_folder.filePath(QStringLiteral("config")));
-        environment.insert(QStringLiteral("XDG_CACHE_HOME"),
-                           m_folder.filePath(QStringLiteral("cache")));
-        environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_folder.path());
+        environment.insert(u"HOME"_s, m_folder.path());
+        environment.insert(u"XDG_DATA_HOME"_s, m_folder.filePath(u"data"_s));
+        environment.insert(u"XDG_CONFIG_HOME"_s, m_folder.filePath(u"config"_s));
+        environment.insert(u"XDG_CACHE_HOME"_s, m_folder.filePath(u"cache"_s));
+        environment.insert(u"XDG_RUNTIME_DIR"_s, m_folder.path());
     }
 
 private:
@@ -135,11 +133,11 @@ public:
     /// In MB of 2^20 bytes.
     [[nodiscard]] double residentMemory() const
     {
-        return numberIn(procFile(QStringLiteral("status")), "VmRSS:") / 1024;
+        return numberIn(procFile(u"status"_s), "VmRSS:") / 1024;
     }
     [[nodiscard]] Usage usage() const
     {
-        QFile file(procFile(QStringLiteral("stat")));
+        QFile file(procFile(u"stat"_s));
         (void)file.open(QIODevice::ReadOnly);
         const QByteArray text = file.readAll();
         const auto fields = text.mid(text.lastIndexOf(')') + 2).split(' ');
@@ -147,9 +145,9 @@ public:
         Usage usage = {.processorSeconds =
                            (fields.value(11).toDouble() + fields.value(12).toDouble()) /
                            static_cast<double>(::sysconf(_SC_CLK_TCK))};
-        const QDir tasks(procFile(QStringLiteral("task")));
+        const QDir tasks(procFile(u"task"_s));
         for (const QString &task : tasks.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-            const QString status = tasks.filePath(task + QStringLiteral("/status"));
+            const QString status = tasks.filePath(task + u"/status"_s);
             usage.wakeUps += numberIn(status, "voluntary_ctxt_switches:") +
                              numberIn(status, "nonvoluntary_ctxt_switches:");
         }
@@ -159,7 +157,7 @@ public:
 private:
     [[nodiscard]] QString procFile(const QString &name) const
     {
-        return QStringLiteral("/proc/%1/%2").arg(m_process.processId()).arg(name);
+        return u"/proc/%1/%2"_s.arg(m_process.processId()).arg(name);
     }
 
     BoundProcess m_process;
@@ -234,7 +232,7 @@ Running measureRunning(Desktop &desktop, const char *program,
     QThread::sleep(settling.count());
     const double memory = candidate.residentMemory();
     const Rate visible = rateOf(candidate);
-    if (!desktop.windows.closeWindow(QStringLiteral("Ostrel")))
+    if (!desktop.windows.closeWindow(u"Ostrel"_s))
         std::puts("the window could not be closed");
     QThread::sleep(settling.count());
     return {memory, visible, rateOf(candidate)};

@@ -11,6 +11,8 @@
 #include <QFutureWatcher>
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -27,24 +29,22 @@ void waitFor(const QFuture<Check> &future)
 
 QString milliseconds(double value)
 {
-    return fixedPoint(value) + QStringLiteral(" ms");
+    return fixedPoint(value) + u" ms"_s;
 }
 
 QString target(const Monitor &monitor)
 {
     const QString address = oneLine(monitor.url);
-    return monitor.port ? address + QStringLiteral(", port ") + QString::number(*monitor.port)
-                        : address;
+    return monitor.port ? address + u", port "_s + QString::number(*monitor.port) : address;
 }
 
 QString headline(const Monitor &monitor, const Check &check)
 {
-    QStringList parts = {check.isUp ? QStringLiteral("UP  ") : QStringLiteral("DOWN"),
-                         target(monitor)};
+    QStringList parts = {check.isUp ? u"UP  "_s : u"DOWN"_s, target(monitor)};
     if (check.statusCode)
-        parts += QStringLiteral("HTTP %1").arg(*check.statusCode);
+        parts += u"HTTP %1"_s.arg(*check.statusCode);
     parts += milliseconds(check.responseTime);
-    return parts.join(QStringLiteral("  "));
+    return parts.join(u"  "_s);
 }
 
 QStringList details(const Monitor &monitor, const Check &check)
@@ -53,14 +53,13 @@ QStringList details(const Monitor &monitor, const Check &check)
     if (check.error)
         lines += oneLine(*check.error);
     if (isSlow(monitor, check))
-        lines += QStringLiteral("Slow: the threshold is %1")
-                     .arg(milliseconds(monitor.responseTimeThreshold->count()));
+        lines += u"Slow: the threshold is %1"_s.arg(
+            milliseconds(monitor.responseTimeThreshold->count()));
     if (check.keywordFound && !check.error)
-        lines += *check.keywordFound ? QStringLiteral("Keyword found")
-                                     : QStringLiteral("Keyword not found, as wished");
+        lines += *check.keywordFound ? u"Keyword found"_s : u"Keyword not found, as wished"_s;
     if (check.sslExpiresAt)
-        lines += QStringLiteral("Certificate expires %1")
-                     .arg(QString::fromLatin1(formatTimestamp(*check.sslExpiresAt)));
+        lines += u"Certificate expires %1"_s.arg(
+            QString::fromLatin1(formatTimestamp(*check.sslExpiresAt)));
     return lines;
 }
 
@@ -87,7 +86,7 @@ QByteArray describeCheck(const CheckInvocation &invocation, const Check &check)
     }
     QStringList lines = {headline(invocation.monitor, check)};
     for (const QString &detail : details(invocation.monitor, check))
-        lines += QStringLiteral("      ") + detail;
+        lines += u"      "_s + detail;
     return lines.join(QLatin1Char('\n')).toUtf8() + '\n';
 }
 

@@ -16,23 +16,20 @@
 #include <limits>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
 
-QString text(const char *english)
-{
-    return QString::fromLatin1(english);
-}
-
 QCommandLineOption dataDirOption()
 {
-    return {text("data-dir"), {}, text("DIR")};
+    return {u"data-dir"_s, {}, u"DIR"_s};
 }
 
 QCommandLineOption jsonOption()
 {
-    return {text("json"), {}};
+    return {u"json"_s, {}};
 }
 
 /// A value of @p name that the arguments give, converted by @p convert.
@@ -81,10 +78,9 @@ QString quoted(const QString &argument)
     return u'\'' + oneLine(argument) + u'\'';
 }
 
-UnusableInvocation unusableOption(const QCommandLineParser &parser, const char *name)
+UnusableInvocation unusableOption(const QCommandLineParser &parser, const QString &name)
 {
-    return unusable(quoted(parser.value(text(name))) +
-                    QStringLiteral(" is no usable value for --") + text(name) + u'.');
+    return unusable(quoted(parser.value(name)) + u" is no usable value for --"_s + name + u'.');
 }
 
 UnusableInvocation unusableLine(const QCommandLineParser &parser)
@@ -94,54 +90,54 @@ UnusableInvocation unusableLine(const QCommandLineParser &parser)
 
 std::optional<Language> languageFrom(const QString &value)
 {
-    if (value == text("en"))
+    if (value == u"en"_s)
         return Language::english;
-    if (value == text("pseudo"))
+    if (value == u"pseudo"_s)
         return Language::pseudo;
     return std::nullopt;
 }
 
 QString generalHelp()
 {
-    return text("Usage: ostrel [--data-dir DIR] [--language LANGUAGE]\n"
-                "       ostrel check ADDRESS [options]\n"
-                "       ostrel status [--json] [--data-dir DIR]\n"
-                "\n"
-                "Ostrel watches web addresses and TCP ports, and tells you when one is down.\n"
-                "Without a command it opens its window and watches; a second start shows the\n"
-                "window of the first.\n"
-                "\n"
-                "Commands:\n"
-                "  check ADDRESS         make one check, touching no file, and print it; without\n"
-                "                        a scheme ADDRESS is completed with https://, and\n"
-                "                        HOST:PORT means a TCP connection\n"
-                "    --port N            open a TCP connection to port N instead of fetching\n"
-                "    --method M          GET (default), HEAD or POST\n"
-                "    --timeout S         give up after S seconds (default 30)\n"
-                "    --keyword TEXT      down unless the page holds TEXT\n"
-                "    --keyword-absent    with --keyword: down if the page holds it\n"
-                "    --threshold MS      say so when the answer takes longer than MS milliseconds\n"
-                "    --json              print the check's JSON\n"
-                "  status                print every monitor with its status, last result and\n"
-                "                        uptimes, from the files, also while Ostrel runs\n"
-                "    --json              print JSON\n"
-                "\n"
-                "Options:\n"
-                "  --data-dir DIR        keep monitors and history in DIR\n"
-                "  --language LANGUAGE   show the window in LANGUAGE: en (default), or pseudo, in\n"
-                "                        which a text that was missed stands out\n"
-                "  --version             print the version\n"
-                "  --help                print this text\n"
-                "\n"
-                "Exit status: 0 up (or done), 1 down (or failed), 2 unusable arguments.\n");
+    return u"Usage: ostrel [--data-dir DIR] [--language LANGUAGE]\n"
+           "       ostrel check ADDRESS [options]\n"
+           "       ostrel status [--json] [--data-dir DIR]\n"
+           "\n"
+           "Ostrel watches web addresses and TCP ports, and tells you when one is down.\n"
+           "Without a command it opens its window and watches; a second start shows the\n"
+           "window of the first.\n"
+           "\n"
+           "Commands:\n"
+           "  check ADDRESS         make one check, touching no file, and print it; without\n"
+           "                        a scheme ADDRESS is completed with https://, and\n"
+           "                        HOST:PORT means a TCP connection\n"
+           "    --port N            open a TCP connection to port N instead of fetching\n"
+           "    --method M          GET (default), HEAD or POST\n"
+           "    --timeout S         give up after S seconds (default 30)\n"
+           "    --keyword TEXT      down unless the page holds TEXT\n"
+           "    --keyword-absent    with --keyword: down if the page holds it\n"
+           "    --threshold MS      say so when the answer takes longer than MS milliseconds\n"
+           "    --json              print the check's JSON\n"
+           "  status                print every monitor with its status, last result and\n"
+           "                        uptimes, from the files, also while Ostrel runs\n"
+           "    --json              print JSON\n"
+           "\n"
+           "Options:\n"
+           "  --data-dir DIR        keep monitors and history in DIR\n"
+           "  --language LANGUAGE   show the window in LANGUAGE: en (default), or pseudo, in\n"
+           "                        which a text that was missed stands out\n"
+           "  --version             print the version\n"
+           "  --help                print this text\n"
+           "\n"
+           "Exit status: 0 up (or done), 1 down (or failed), 2 unusable arguments.\n"_s;
 }
 
 /// The folder that is to be used, absolute; nothing for an empty one.
 std::optional<QString> dataDirOf(const QCommandLineParser &parser)
 {
-    if (!parser.isSet(text("data-dir")))
+    if (!parser.isSet(u"data-dir"_s))
         return MonitorStore::defaultStorageDir();
-    const QString given = parser.value(text("data-dir"));
+    const QString given = parser.value(u"data-dir"_s);
     return given.isEmpty() ? std::nullopt : std::optional(QDir(given).absolutePath());
 }
 
@@ -151,10 +147,10 @@ std::optional<UnusableInvocation> complaint(const QCommandLineParser &parser,
 {
     const QStringList positionals = parser.positionalArguments();
     if (positionals.size() > expectedPositionals)
-        return unusable(QStringLiteral("Unexpected argument ") +
-                        quoted(positionals.at(expectedPositionals)) + u'.');
+        return unusable(u"Unexpected argument "_s + quoted(positionals.at(expectedPositionals)) +
+                        u'.');
     if (positionals.size() < expectedPositionals)
-        return unusable(text("An address is missing."));
+        return unusable(u"An address is missing."_s);
     return std::nullopt;
 }
 
@@ -162,12 +158,12 @@ void addCheckOptions(QCommandLineParser &parser)
 {
     parser.addOptions({
         jsonOption(),
-        {text("port"), {}, text("N")},
-        {text("method"), {}, text("M"), text("GET")},
-        {text("timeout"), {}, text("S")},
-        {text("keyword"), {}, text("TEXT")},
-        {text("keyword-absent"), {}},
-        {text("threshold"), {}, text("MS")},
+        {u"port"_s, {}, u"N"_s},
+        {u"method"_s, {}, u"M"_s, u"GET"_s},
+        {u"timeout"_s, {}, u"S"_s},
+        {u"keyword"_s, {}, u"TEXT"_s},
+        {u"keyword-absent"_s, {}},
+        {u"threshold"_s, {}, u"MS"_s},
     });
 }
 
@@ -182,14 +178,14 @@ bool isWebAddress(const QString &address)
 {
     const auto url = parseAddress(address);
     return url && !url->host().isEmpty() &&
-           (url->scheme() == text("http") || url->scheme() == text("https"));
+           (url->scheme() == u"http"_s || url->scheme() == u"https"_s);
 }
 
 /// @p typed as the form completes it. Nothing where the form refuses it, or would take it although
 /// it can't be fetched.
 std::optional<QString> webAddressFrom(const QString &typed)
 {
-    static const QRegularExpression scheme(text("^\\s*[a-z][a-z0-9+.-]*://"),
+    static const QRegularExpression scheme(u"^\\s*[a-z][a-z0-9+.-]*://"_s,
                                            QRegularExpression::CaseInsensitiveOption);
     const bool hasScheme = scheme.match(typed).hasMatch();
     if (!hasScheme && !isValidWebsite(typed))
@@ -220,11 +216,11 @@ std::optional<Target> targetFrom(const QString &typed, std::optional<qint64> por
 std::optional<UnusableInvocation> contradiction(const QCommandLineParser &parser,
                                                 const Target &target)
 {
-    if (parser.isSet(text("keyword-absent")) && !parser.isSet(text("keyword")))
-        return unusable(text("--keyword-absent needs --keyword."));
-    for (const char *webOnly : {"method", "keyword", "threshold"}) {
-        if (target.port && parser.isSet(text(webOnly)))
-            return unusable(text("--") + text(webOnly) + text(" doesn't go with a port."));
+    if (parser.isSet(u"keyword-absent"_s) && !parser.isSet(u"keyword"_s))
+        return unusable(u"--keyword-absent needs --keyword."_s);
+    for (const QString &webOnly : {u"method"_s, u"keyword"_s, u"threshold"_s}) {
+        if (target.port && parser.isSet(webOnly))
+            return unusable(u"--"_s + webOnly + u" doesn't go with a port."_s);
     }
     return std::nullopt;
 }
@@ -232,10 +228,9 @@ std::optional<UnusableInvocation> contradiction(const QCommandLineParser &parser
 UnusableInvocation noTarget(const QString &typed)
 {
     if (typed.isEmpty())
-        return unusable(text("The address is empty."));
-    return unusable(quoted(typed) +
-                    text(" is no web address and no HOST:PORT. A web address begins "
-                         "with https:// or http://."));
+        return unusable(u"The address is empty."_s);
+    return unusable(quoted(typed) + u" is no web address and no HOST:PORT. A web address begins "
+                                    "with https:// or http://."_s);
 }
 
 /// The values of the check's options.
@@ -250,10 +245,10 @@ struct CheckValues
 CheckValues valuesOf(const QCommandLineParser &parser)
 {
     return {
-        .port = optionValue<qint64>(parser, text("port"), portFrom),
-        .timeout = optionValue<double>(parser, text("timeout"), positiveNumberFrom),
-        .threshold = optionValue<double>(parser, text("threshold"), positiveNumberFrom),
-        .method = httpMethodFrom(parser.value(text("method")).toUpper()),
+        .port = optionValue<qint64>(parser, u"port"_s, portFrom),
+        .timeout = optionValue<double>(parser, u"timeout"_s, positiveNumberFrom),
+        .threshold = optionValue<double>(parser, u"threshold"_s, positiveNumberFrom),
+        .method = httpMethodFrom(parser.value(u"method"_s).toUpper()),
     };
 }
 
@@ -261,13 +256,13 @@ std::optional<UnusableInvocation> complaint(const QCommandLineParser &parser,
                                             const CheckValues &values)
 {
     if (!values.port.isUsable)
-        return unusableOption(parser, "port");
+        return unusableOption(parser, u"port"_s);
     if (!values.timeout.isUsable)
-        return unusableOption(parser, "timeout");
+        return unusableOption(parser, u"timeout"_s);
     if (!values.threshold.isUsable)
-        return unusableOption(parser, "threshold");
+        return unusableOption(parser, u"threshold"_s);
     if (!values.method)
-        return unusableOption(parser, "method");
+        return unusableOption(parser, u"method"_s);
     return std::nullopt;
 }
 
@@ -281,9 +276,9 @@ Monitor monitorFrom(const QCommandLineParser &parser, const CheckValues &values,
     monitor.createdAt = systemNow();
     monitor.type = target.port ? MonitorType::port : MonitorType::http;
     monitor.port = target.port;
-    if (parser.isSet(text("keyword")))
-        monitor.keyword = parser.value(text("keyword"));
-    monitor.keywordShouldExist = !parser.isSet(text("keyword-absent"));
+    if (parser.isSet(u"keyword"_s))
+        monitor.keyword = parser.value(u"keyword"_s);
+    monitor.keywordShouldExist = !parser.isSet(u"keyword-absent"_s);
     if (values.threshold.value)
         monitor.responseTimeThreshold = Milliseconds(*values.threshold.value);
     return monitor;
@@ -302,7 +297,7 @@ Invocation checkInvocation(const QCommandLineParser &parser)
         return *problem;
     return CheckInvocation{
         .monitor = monitorFrom(parser, values, *target),
-        .format = parser.isSet(text("json")) ? OutputFormat::json : OutputFormat::human,
+        .format = parser.isSet(u"json"_s) ? OutputFormat::json : OutputFormat::human,
     };
 }
 
@@ -327,27 +322,27 @@ Invocation parseStatus(const QStringList &arguments)
         return *problem;
     const auto dataDir = dataDirOf(parser);
     if (!dataDir)
-        return unusableOption(parser, "data-dir");
+        return unusableOption(parser, u"data-dir"_s);
     return StatusInvocation{
         .dataDir = *dataDir,
-        .format = parser.isSet(text("json")) ? OutputFormat::json : OutputFormat::human,
+        .format = parser.isSet(u"json"_s) ? OutputFormat::json : OutputFormat::human,
     };
 }
 
 Invocation parseRun(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parser.addOptions({dataDirOption(), {text("language"), {}, text("LANGUAGE")}});
+    parser.addOptions({dataDirOption(), {u"language"_s, {}, u"LANGUAGE"_s}});
     if (!parser.parse(arguments))
         return unusableLine(parser);
     if (const auto problem = complaint(parser, 0))
         return *problem;
     const auto dataDir = dataDirOf(parser);
     if (!dataDir)
-        return unusableOption(parser, "data-dir");
-    const auto language = optionValue<Language>(parser, text("language"), languageFrom);
+        return unusableOption(parser, u"data-dir"_s);
+    const auto language = optionValue<Language>(parser, u"language"_s, languageFrom);
     if (!language.isUsable)
-        return unusableOption(parser, "language");
+        return unusableOption(parser, u"language"_s);
     return RunInvocation{.dataDir = *dataDir,
                          .language = language.value.value_or(Language::english)};
 }
@@ -357,15 +352,15 @@ Invocation parseRun(const QStringList &arguments)
 Invocation parseCommandLine(const QStringList &arguments)
 {
     const QString command = arguments.value(1);
-    if (arguments.contains(text("--help")) || command == text("-h") || command == text("help"))
+    if (arguments.contains(u"--help"_s) || command == u"-h"_s || command == u"help"_s)
         return AnswerInvocation{.text = generalHelp()};
-    if (command == text("--version") || command == text("-v"))
-        return AnswerInvocation{.text = QStringLiteral("ostrel %1\n").arg(text(OSTREL_VERSION))};
+    if (command == u"--version"_s || command == u"-v"_s)
+        return AnswerInvocation{.text = u"ostrel %1\n"_s.arg(u"" OSTREL_VERSION ""_s)};
 
     const QStringList rest = arguments.mid(0, 1) + arguments.mid(2);
-    if (command == text("check"))
+    if (command == u"check"_s)
         return parseCheck(rest);
-    if (command == text("status"))
+    if (command == u"status"_s)
         return parseStatus(rest);
     return parseRun(arguments);
 }

@@ -13,6 +13,8 @@
 #include <algorithm>
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -34,13 +36,13 @@ QString statusName(MonitorStatus status)
 {
     switch (status) {
     case MonitorStatus::up:
-        return QStringLiteral("up");
+        return u"up"_s;
     case MonitorStatus::down:
-        return QStringLiteral("down");
+        return u"down"_s;
     case MonitorStatus::paused:
-        return QStringLiteral("paused");
+        return u"paused"_s;
     case MonitorStatus::pending:
-        return QStringLiteral("pending");
+        return u"pending"_s;
     }
     Q_UNREACHABLE();
 }
@@ -63,15 +65,15 @@ QJsonObject uptimeObject(const MonitorStore &store, const Monitor &monitor)
 QJsonObject monitorObject(const MonitorStore &store, const Monitor &monitor)
 {
     QJsonObject object{
-        {QStringLiteral("id"), monitor.id.toString(QUuid::WithoutBraces).toUpper()},
-        {QStringLiteral("name"), monitor.displayName()},
-        {QStringLiteral("url"), monitor.url},
-        {QStringLiteral("type"), rawValue(monitor.type)},
-        {QStringLiteral("status"), statusName(store.status(monitor))},
-        {QStringLiteral("uptime"), uptimeObject(store, monitor)},
+        {u"id"_s, monitor.id.toString(QUuid::WithoutBraces).toUpper()},
+        {u"name"_s, monitor.displayName()},
+        {u"url"_s, monitor.url},
+        {u"type"_s, rawValue(monitor.type)},
+        {u"status"_s, statusName(store.status(monitor))},
+        {u"uptime"_s, uptimeObject(store, monitor)},
     };
     if (const auto check = store.latestCheck(monitor))
-        object.insert(QStringLiteral("latestCheck"), checkObject(*check));
+        object.insert(u"latestCheck"_s, checkObject(*check));
     return object;
 }
 
@@ -83,12 +85,11 @@ QString nameOf(const Monitor &monitor)
 QString resultText(const std::optional<Check> &check)
 {
     if (!check)
-        return QStringLiteral("not checked yet");
+        return u"not checked yet"_s;
     const QString time = QString::fromLatin1(formatTimestamp(check->timestamp));
-    const QString result = check->isUp
-                               ? fixedPoint(check->responseTime) + QStringLiteral(" ms")
-                               : oneLine(check->error.value_or(QStringLiteral("Not responding")));
-    return QStringLiteral("%1 at %2").arg(result, time);
+    const QString result = check->isUp ? fixedPoint(check->responseTime) + u" ms"_s
+                                       : oneLine(check->error.value_or(u"Not responding"_s));
+    return u"%1 at %2"_s.arg(result, time);
 }
 
 QString uptimeText(const MonitorStore &store, const Monitor &monitor)
@@ -98,15 +99,15 @@ QString uptimeText(const MonitorStore &store, const Monitor &monitor)
         const double share = store.uptime(monitor.id, window.length);
         parts += QLatin1String(window.name) + u' ' + fixedPoint(share * 100, 1) + u'%';
     }
-    return parts.join(QStringLiteral(", "));
+    return parts.join(u", "_s);
 }
 
 QString monitorLine(const MonitorStore &store, const Monitor &monitor, qsizetype nameWidth)
 {
-    return QStringLiteral("%1  %2  %3  %4\n")
-        .arg(statusName(store.status(monitor)).toUpper().leftJustified(7),
-             nameOf(monitor).leftJustified(nameWidth), uptimeText(store, monitor),
-             resultText(store.latestCheck(monitor)));
+    return u"%1  %2  %3  %4\n"_s.arg(statusName(store.status(monitor)).toUpper().leftJustified(7),
+                                     nameOf(monitor).leftJustified(nameWidth),
+                                     uptimeText(store, monitor),
+                                     resultText(store.latestCheck(monitor)));
 }
 
 QByteArray describeForPeople(const MonitorStore &store)

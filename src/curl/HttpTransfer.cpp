@@ -12,6 +12,8 @@
 #include <new>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -397,8 +399,8 @@ bool HttpTransfer::isTimeoutOurs(CURLcode code) const
 /// As the library says it where it is the one to break off.
 QString HttpTransfer::timeoutText() const
 {
-    return QStringLiteral("Operation timed out after %1 milliseconds")
-        .arg(std::chrono::floor<std::chrono::milliseconds>(m_result.elapsed).count());
+    return u"Operation timed out after %1 milliseconds"_s.arg(
+        std::chrono::floor<std::chrono::milliseconds>(m_result.elapsed).count());
 }
 
 } // namespace ostrel

@@ -9,6 +9,8 @@
 #include <limits>
 #include <netinet/in.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 using namespace std::chrono;
@@ -127,10 +129,10 @@ void Transfer::countWholeTime(Clock::time_point now)
 {
     if (m_lastBeginning - m_clockStart < milliseconds(1))
         return;
-    static const QRegularExpression count(QStringLiteral("after [0-9]+ m"));
+    static const QRegularExpression count(u"after [0-9]+ m"_s);
     const auto whole = floor<milliseconds>(now - m_clockStart).count();
     QString text = QString::fromUtf8(m_errorBuffer.data());
-    setErrorText(text.replace(count, QStringLiteral("after %1 m").arg(whole)).toUtf8());
+    setErrorText(text.replace(count, u"after %1 m"_s.arg(whole)).toUtf8());
 }
 
 curl_socket_t Transfer::openSocket(void *self, curlsocktype purpose, curl_sockaddr *address)

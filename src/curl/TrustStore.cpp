@@ -5,6 +5,8 @@
 
 #include <curl/curl.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -13,7 +15,7 @@ namespace {
 /// hexadecimal digits of the subject's hash, a dot, a number.
 bool isHashedDirectory(const QByteArray &path)
 {
-    const QStringList names{QStringLiteral("????????.[0-9]")};
+    const QStringList names{u"????????.[0-9]"_s};
     return !path.isEmpty() &&
            !QDir(QFile::decodeName(path)).entryList(names, QDir::Files).isEmpty();
 }

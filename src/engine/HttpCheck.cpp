@@ -11,6 +11,8 @@
 #include <memory>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -69,7 +71,7 @@ void applyStatusRule(Check &check)
 {
     check.isUp = isUpStatus(*check.statusCode);
     if (!check.isUp)
-        check.error = QStringLiteral("HTTP %1").arg(*check.statusCode);
+        check.error = u"HTTP %1"_s.arg(*check.statusCode);
 }
 
 /// A keyword that is missing, or there against the user's wish, turns the check down and takes the
@@ -79,16 +81,15 @@ void applyKeywordRule(Check &check, const Monitor &monitor)
     if (!check.keywordFound || *check.keywordFound == monitor.keywordShouldExist)
         return;
     check.isUp = false;
-    const QString complaint = monitor.keywordShouldExist
-                                  ? QStringLiteral("Keyword '%1' not found")
-                                  : QStringLiteral("Keyword '%1' found (unexpected)");
+    const QString complaint = monitor.keywordShouldExist ? u"Keyword '%1' not found"_s
+                                                         : u"Keyword '%1' found (unexpected)"_s;
     check.error = complaint.arg(*monitor.keyword);
 }
 
 Check invalidAddressCheck(const Monitor &monitor, Timestamp timestamp)
 {
     Check check = newCheck(monitor, timestamp);
-    check.error = QStringLiteral("Invalid URL");
+    check.error = u"Invalid URL"_s;
     return check;
 }
 

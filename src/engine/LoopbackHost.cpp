@@ -3,6 +3,8 @@
 #include <QRegularExpression>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -20,7 +22,7 @@ QString canonical(const QString &host)
 bool isLoopbackHost(const QString &host)
 {
     static const QRegularExpression loopback(
-        QStringLiteral(R"(^(127(\.\d+){3}|::1|::ffff:127(\.\d+){3}|(.*\.)?localhost\.?)$)"));
+        uR"(^(127(\.\d+){3}|::1|::ffff:127(\.\d+){3}|(.*\.)?localhost\.?)$)"_s);
     return loopback.match(canonical(host)).hasMatch();
 }
 

@@ -4,6 +4,8 @@
 
 #include <exception>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 QFuture<Check> beginCheck(MonitorCheck &check, const Monitor &monitor)
@@ -22,7 +24,7 @@ Check outcomeOf(const QFuture<Check> &run, const Monitor &monitor)
     if (!run.isCanceled())
         return run.result();
     Check check = newCheck(monitor, systemNow());
-    check.error = QStringLiteral("The check could not be carried out");
+    check.error = u"The check could not be carried out"_s;
     return check;
 }
 

@@ -8,6 +8,8 @@
 #include <limits>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -23,7 +25,7 @@ std::optional<quint16> usablePort(const Monitor &monitor)
 Check invalidPortCheck(const Monitor &monitor, Timestamp timestamp)
 {
     Check check = newCheck(monitor, timestamp);
-    check.error = QStringLiteral("Invalid host/port");
+    check.error = u"Invalid host/port"_s;
     return check;
 }
 
@@ -34,7 +36,7 @@ Check concludedCheck(const Monitor &monitor, quint16 port, const TcpResult &resu
     check.responseTime = Milliseconds(result.elapsed).count();
     check.isUp = result.isConnected;
     if (!check.isUp)
-        check.error = QStringLiteral("Port %1 closed or unreachable").arg(port);
+        check.error = u"Port %1 closed or unreachable"_s.arg(port);
     return check;
 }
 

@@ -3,14 +3,15 @@
 #include "Address.h"
 #include "FieldText.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
 
 bool hasWebScheme(const QString &text)
 {
-    return text.startsWith(QStringLiteral("http://")) ||
-           text.startsWith(QStringLiteral("https://"));
+    return text.startsWith(u"http://"_s) || text.startsWith(u"https://"_s);
 }
 
 } // namespace

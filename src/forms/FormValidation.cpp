@@ -2,12 +2,14 @@
 
 #include "FieldText.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 bool isValidWebsite(const QString &url)
 {
     const QString text = trimmedField(url);
-    return text.contains(u'.') || text.startsWith(QStringLiteral("http"));
+    return text.contains(u'.') || text.startsWith(u"http"_s);
 }
 
 bool isValidHostAndPort(const QString &host, const QString &portText)

@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -19,7 +21,7 @@ bool isPort(const QString &text)
 std::optional<HostAndPort> detectHostAndPort(const QString &text)
 {
     const QStringList parts = text.split(u':');
-    if (parts.size() != 2 || !isPort(parts.last()) || text.startsWith(QStringLiteral("http")))
+    if (parts.size() != 2 || !isPort(parts.last()) || text.startsWith(u"http"_s))
         return std::nullopt;
     return HostAndPort{.host = parts.first(), .portText = parts.last()};
 }

@@ -1,20 +1,22 @@
 #include "ProductConstants.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 QUrl supportAddress()
 {
-    return QUrl(QStringLiteral("mailto:support@ostrel.example"));
+    return QUrl(u"mailto:support@ostrel.example"_s);
 }
 
 QString exampleWebsite()
 {
-    return QStringLiteral("https://example.com");
+    return u"https://example.com"_s;
 }
 
 QString exampleDatabaseHost()
 {
-    return QStringLiteral("db.example.com");
+    return u"db.example.com"_s;
 }
 
 } // namespace ostrel

@@ -3,20 +3,22 @@
 #include "Address.h"
 #include "FieldText.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 QString savedAddress(MonitorType type, const QString &url)
 {
     QString text = trimmedField(url);
-    if (type == MonitorType::port || text.startsWith(QStringLiteral("http")))
+    if (type == MonitorType::port || text.startsWith(u"http"_s))
         return text;
-    return QStringLiteral("https://") + text;
+    return u"https://"_s + text;
 }
 
 QString derivedName(const QString &address)
 {
     auto host = hostOf(address);
-    return host ? host->remove(QStringLiteral("www.")) : address.section(u'/', 0, 0);
+    return host ? host->remove(u"www."_s) : address.section(u'/', 0, 0);
 }
 
 QString derivedPortName(const QString &address, const QString &portText)

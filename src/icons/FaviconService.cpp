@@ -9,13 +9,15 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
 
 QString withoutWww(QString host)
 {
-    return host.remove(QStringLiteral("www."));
+    return host.remove(u"www."_s);
 }
 
 QString firstCharacter(const QString &text)
@@ -80,7 +82,7 @@ std::optional<QString> FaviconService::domain(const QString &address)
     if (auto host = hostOf(address))
         return withoutWww(*std::move(host));
     QString rest = address;
-    rest.remove(QStringLiteral("https://")).remove(QStringLiteral("http://"));
+    rest.remove(u"https://"_s).remove(u"http://"_s);
     const auto pieces = withoutWww(rest).split(QLatin1Char('/'), Qt::SkipEmptyParts);
     return pieces.isEmpty() ? std::nullopt : std::optional(pieces.first());
 }
@@ -88,7 +90,7 @@ std::optional<QString> FaviconService::domain(const QString &address)
 QString FaviconService::placeholderLetter(const QString &address)
 {
     const QString host = withoutWww(hostOf(address).value_or(QString()));
-    return host.isEmpty() ? QStringLiteral("?") : firstCharacter(host).toUpper();
+    return host.isEmpty() ? u"?"_s : firstCharacter(host).toUpper();
 }
 
 } // namespace ostrel

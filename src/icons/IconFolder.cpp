@@ -16,6 +16,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -40,7 +42,7 @@ void makePrivateFolder(const QString &path)
 /// Whether QSaveFile makes such names for what it is to replace an icon with.
 bool isTemporaryName(const QString &name)
 {
-    static const QRegularExpression pattern(QStringLiteral(R"(^.+\.png\.[A-Za-z]{6}$)"));
+    static const QRegularExpression pattern(uR"(^.+\.png\.[A-Za-z]{6}$)"_s);
     return pattern.match(name).hasMatch();
 }
 

@@ -3,6 +3,8 @@
 #include "Address.h"
 #include "AddressScope.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -15,7 +17,7 @@ QString hostIn(const QString &domain)
 
 bool isKnownToServices(const QString &host)
 {
-    return !isPrivateHost(host) && !host.endsWith(QStringLiteral(".onion"), Qt::CaseInsensitive);
+    return !isPrivateHost(host) && !host.endsWith(u".onion"_s, Qt::CaseInsensitive);
 }
 
 QList<IconSource> serviceSources(const QString &domain)
@@ -23,11 +25,10 @@ QList<IconSource> serviceSources(const QString &domain)
     if (!isKnownToServices(hostIn(domain)))
         return {};
     return {
-        {QStringLiteral("https://%1/ip3/").arg(QLatin1String(firstIconService)) + domain +
-             QStringLiteral(".ico"),
+        {u"https://%1/ip3/"_s.arg(QLatin1String(firstIconService)) + domain + u".ico"_s,
          Reach::publicOnly},
-        {QStringLiteral("https://%1/s2/favicons?domain=").arg(QLatin1String(secondIconService)) +
-             domain + QStringLiteral("&sz=64"),
+        {u"https://%1/s2/favicons?domain="_s.arg(QLatin1String(secondIconService)) + domain +
+             u"&sz=64"_s,
          Reach::publicOnly},
     };
 }
@@ -36,15 +37,15 @@ QList<IconSource> serviceSources(const QString &domain)
 
 QString homePageAddress(const QString &domain)
 {
-    return QStringLiteral("https://") + domain;
+    return u"https://"_s + domain;
 }
 
 QList<IconSource> wellKnownIconSources(const QString &domain)
 {
     return serviceSources(domain) +
            QList<IconSource>{
-               {homePageAddress(domain) + QStringLiteral("/apple-touch-icon.png"), Reach::outwards},
-               {homePageAddress(domain) + QStringLiteral("/favicon.ico"), Reach::outwards},
+               {homePageAddress(domain) + u"/apple-touch-icon.png"_s, Reach::outwards},
+               {homePageAddress(domain) + u"/favicon.ico"_s, Reach::outwards},
            };
 }
 

@@ -4,6 +4,8 @@
 #include <span>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -31,7 +33,7 @@ auto firstFrom(const auto &spans, qsizetype position, auto beginOf)
 std::vector<Value> valuesIn(const QString &html, const QRegularExpression &opening)
 {
     // The content is only looked at, because it may hold the next value's opening.
-    const QRegularExpression pattern(opening.pattern() + QStringLiteral(R"((?=([^"']+)["']))"),
+    const QRegularExpression pattern(opening.pattern() + uR"((?=([^"']+)["']))"_s,
                                      opening.patternOptions());
     std::vector<Value> values;
     for (const auto &match : pattern.globalMatch(html)) {

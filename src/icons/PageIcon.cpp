@@ -2,6 +2,8 @@
 
 #include "MarkedAttribute.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -10,10 +12,9 @@ const MarkedAttribute &iconLink()
 {
     constexpr auto caseInsensitive = QRegularExpression::CaseInsensitiveOption;
     static const MarkedAttribute link = {
-        QRegularExpression(QStringLiteral("<link"), caseInsensitive),
-        QRegularExpression(QStringLiteral(R"(rel\s*=\s*["'](?:shortcut )?icon["'])"),
-                           caseInsensitive),
-        QRegularExpression(QStringLiteral(R"(href\s*=\s*["'])"), caseInsensitive),
+        QRegularExpression(u"<link"_s, caseInsensitive),
+        QRegularExpression(uR"(rel\s*=\s*["'](?:shortcut )?icon["'])"_s, caseInsensitive),
+        QRegularExpression(uR"(href\s*=\s*["'])"_s, caseInsensitive),
     };
     return link;
 }
@@ -32,13 +33,13 @@ QStringList iconAddresses(const QString &html, const QString &domain)
 
 QString resolveIconAddress(const QString &href, const QString &domain)
 {
-    if (href.startsWith(QStringLiteral("//")))
-        return QStringLiteral("https:") + href;
+    if (href.startsWith(u"//"_s))
+        return u"https:"_s + href;
     if (href.startsWith(QLatin1Char('/')))
-        return QStringLiteral("https://") + domain + href;
-    if (href.startsWith(QStringLiteral("http")))
+        return u"https://"_s + domain + href;
+    if (href.startsWith(u"http"_s))
         return href;
-    return QStringLiteral("https://") + domain + QLatin1Char('/') + href;
+    return u"https://"_s + domain + QLatin1Char('/') + href;
 }
 
 } // namespace ostrel

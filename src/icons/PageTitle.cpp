@@ -2,6 +2,8 @@
 
 #include "MarkedAttribute.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -11,9 +13,9 @@ constexpr auto caseInsensitive = QRegularExpression::CaseInsensitiveOption;
 const MarkedAttribute &openGraphTitle()
 {
     static const MarkedAttribute meta = {
-        QRegularExpression(QStringLiteral("<meta"), caseInsensitive),
-        QRegularExpression(QStringLiteral(R"(property\s*=\s*["']og:title["'])"), caseInsensitive),
-        QRegularExpression(QStringLiteral(R"(content\s*=\s*["'])"), caseInsensitive),
+        QRegularExpression(u"<meta"_s, caseInsensitive),
+        QRegularExpression(uR"(property\s*=\s*["']og:title["'])"_s, caseInsensitive),
+        QRegularExpression(uR"(content\s*=\s*["'])"_s, caseInsensitive),
     };
     return meta;
 }
@@ -23,8 +25,8 @@ const MarkedAttribute &openGraphTitle()
 /// linear time on every page.
 std::optional<QString> findTitleElement(const QString &html)
 {
-    static const QRegularExpression attempt(
-        QStringLiteral("<title[^>]*+(?:>(?:([^<]+)</title>)?)?"), caseInsensitive);
+    static const QRegularExpression attempt(u"<title[^>]*+(?:>(?:([^<]+)</title>)?)?"_s,
+                                            caseInsensitive);
     for (const auto &match : attempt.globalMatch(html)) {
         if (match.hasCaptured(1))
             return match.captured(1);

@@ -5,6 +5,8 @@
 
 #include <QStringDecoder>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -17,8 +19,7 @@ constexpr qsizetype smallestPicture = 51;
 
 bool isWebAddress(const QUrl &url)
 {
-    return (url.scheme() == QStringLiteral("https") || url.scheme() == QStringLiteral("http")) &&
-           !url.host().isEmpty();
+    return (url.scheme() == u"https"_s || url.scheme() == u"http"_s) && !url.host().isEmpty();
 }
 
 bool isOk(const HttpResult &result)

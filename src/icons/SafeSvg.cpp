@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -25,13 +27,13 @@ const QLatin1String linkNamespace("http://www.w3.org/1999/xlink");
 bool isDrawn(QStringView element)
 {
     static const QSet<QString> elements = {
-        QStringLiteral("svg"),     QStringLiteral("g"),
-        QStringLiteral("defs"),    QStringLiteral("style"),
-        QStringLiteral("path"),    QStringLiteral("rect"),
-        QStringLiteral("circle"),  QStringLiteral("ellipse"),
-        QStringLiteral("line"),    QStringLiteral("polyline"),
-        QStringLiteral("polygon"), QStringLiteral("linearGradient"),
-        QStringLiteral("stop"),    QStringLiteral("radialGradient"),
+        u"svg"_s,     u"g"_s,
+        u"defs"_s,    u"style"_s,
+        u"path"_s,    u"rect"_s,
+        u"circle"_s,  u"ellipse"_s,
+        u"line"_s,    u"polyline"_s,
+        u"polygon"_s, u"linearGradient"_s,
+        u"stop"_s,    u"radialGradient"_s,
     };
     return elements.contains(element.toString());
 }
@@ -148,7 +150,7 @@ private:
         m_writer.writeStartElement(element);
         if (isRoot) {
             m_writer.writeDefaultNamespace(svgNamespace);
-            m_writer.writeNamespace(linkNamespace, QStringLiteral("xlink"));
+            m_writer.writeNamespace(linkNamespace, u"xlink"_s);
         }
         copyAttributes();
     }
@@ -162,8 +164,7 @@ private:
             if (attribute.namespaceUri().isEmpty())
                 m_writer.writeAttribute(attribute.name().toString(), attribute.value().toString());
             else if (isLinkInside(attribute))
-                m_writer.writeAttribute(linkNamespace, QStringLiteral("href"),
-                                        attribute.value().toString());
+                m_writer.writeAttribute(linkNamespace, u"href"_s, attribute.value().toString());
         }
     }
 

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -23,18 +25,18 @@ std::optional<Enumeration> caseFrom(const std::array<Enumeration, count> &all, c
 
 QString rawValue(MonitorType type)
 {
-    return type == MonitorType::port ? QStringLiteral("port") : QStringLiteral("http");
+    return type == MonitorType::port ? u"port"_s : u"http"_s;
 }
 
 QString rawValue(HTTPMethod method)
 {
     switch (method) {
     case HTTPMethod::GET:
-        return QStringLiteral("GET");
+        return u"GET"_s;
     case HTTPMethod::HEAD:
-        return QStringLiteral("HEAD");
+        return u"HEAD"_s;
     case HTTPMethod::POST:
-        return QStringLiteral("POST");
+        return u"POST"_s;
     }
     Q_UNREACHABLE();
 }

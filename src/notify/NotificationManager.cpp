@@ -3,6 +3,8 @@
 #include "FixedPoint.h"
 #include "OneLine.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -23,7 +25,7 @@ QString nameOf(const Monitor &monitor)
 
 QString milliseconds(Milliseconds time)
 {
-    return fixedPoint(time.count()) + QStringLiteral("ms");
+    return fixedPoint(time.count()) + u"ms"_s;
 }
 
 } // namespace
@@ -35,37 +37,37 @@ NotificationManager::NotificationManager(NotificationCenter &center)
 
 void NotificationManager::notifyDown(const Monitor &monitor, const OptionalText &error)
 {
-    m_center.add({.identifier = identifierFor(QStringLiteral("down-"), monitor),
-                  .title = nameOf(monitor) + QStringLiteral(" is Down"),
-                  .body = oneLine(error.value_or(QStringLiteral("Not responding"))),
+    m_center.add({.identifier = identifierFor(u"down-"_s, monitor),
+                  .title = nameOf(monitor) + u" is Down"_s,
+                  .body = oneLine(error.value_or(u"Not responding"_s)),
                   .level = InterruptionLevel::timeSensitive});
 }
 
 void NotificationManager::notifyRecovery(const Monitor &monitor, Milliseconds responseTime)
 {
-    m_center.add({.identifier = identifierFor(QStringLiteral("up-"), monitor),
-                  .title = nameOf(monitor) + QStringLiteral(" is Back Up"),
-                  .body = QStringLiteral("Responding in ") + milliseconds(responseTime)});
+    m_center.add({.identifier = identifierFor(u"up-"_s, monitor),
+                  .title = nameOf(monitor) + u" is Back Up"_s,
+                  .body = u"Responding in "_s + milliseconds(responseTime)});
 }
 
 void NotificationManager::notifySlow(const Monitor &monitor, Milliseconds responseTime,
                                      Milliseconds threshold)
 {
-    m_center.add({.identifier = identifierFor(QStringLiteral("slow-"), monitor),
-                  .title = nameOf(monitor) + QStringLiteral(" is Slow"),
-                  .body = milliseconds(responseTime) + QStringLiteral(" (threshold: ") +
-                          milliseconds(threshold) + u')'});
+    m_center.add(
+        {.identifier = identifierFor(u"slow-"_s, monitor),
+         .title = nameOf(monitor) + u" is Slow"_s,
+         .body = milliseconds(responseTime) + u" (threshold: "_s + milliseconds(threshold) + u')'});
 }
 
 void NotificationManager::notifyCertificateExpiring(const Monitor &monitor, qint64 days)
 {
-    const QString unit = days == 1 ? QStringLiteral("day") : QStringLiteral("days");
-    m_center.add({.identifier = identifierFor(QStringLiteral("ssl-"), monitor),
-                  .title = QStringLiteral("SSL Certificate Expiring"),
-                  .body = nameOf(monitor) + QStringLiteral(": ") + QString::number(days) + u' ' +
-                          unit + QStringLiteral(" remaining"),
-                  .level = days < urgentCertificateDays ? InterruptionLevel::timeSensitive
-                                                        : InterruptionLevel::active});
+    const QString unit = days == 1 ? u"day"_s : u"days"_s;
+    m_center.add(
+        {.identifier = identifierFor(u"ssl-"_s, monitor),
+         .title = u"SSL Certificate Expiring"_s,
+         .body = nameOf(monitor) + u": "_s + QString::number(days) + u' ' + unit + u" remaining"_s,
+         .level = days < urgentCertificateDays ? InterruptionLevel::timeSensitive
+                                               : InterruptionLevel::active});
 }
 
 } // namespace ostrel

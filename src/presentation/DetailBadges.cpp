@@ -6,6 +6,8 @@
 
 #include <QCoreApplication>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -22,7 +24,7 @@ std::optional<Badge> certificateBadge(const std::optional<Check> &latestCheck, T
         return std::nullopt;
     const qint64 days = wholeDaysBetween(now, *latestCheck->sslExpiresAt, timeZone);
     return Badge{
-        .symbol = QStringLiteral("lock.shield.fill"),
+        .symbol = u"lock.shield.fill"_s,
         .text = DetailBadges::tr("SSL: %1d left").arg(days),
         .tone = certificateTone(days),
     };
@@ -41,12 +43,12 @@ std::optional<Badge> keywordBadge(const Monitor &monitor, const std::optional<Ch
         return std::nullopt;
     if (isKeywordAsWished(monitor, latestCheck))
         return Badge{
-            .symbol = QStringLiteral("text.magnifyingglass"),
+            .symbol = u"text.magnifyingglass"_s,
             .text = DetailBadges::tr("Keyword OK"),
             .tone = Tone::Up,
         };
     return Badge{
-        .symbol = QStringLiteral("exclamationmark.magnifyingglass"),
+        .symbol = u"exclamationmark.magnifyingglass"_s,
         .text = DetailBadges::tr("Keyword issue"),
         .tone = Tone::Down,
     };
@@ -59,7 +61,7 @@ std::optional<Badge> slowBadge(const Monitor &monitor, const std::optional<Check
         return std::nullopt;
     const QString time = compactResponseTimeText(Milliseconds(latestCheck->responseTime));
     return Badge{
-        .symbol = QStringLiteral("speedometer"),
+        .symbol = u"speedometer"_s,
         .text = DetailBadges::tr("Slow (%1)").arg(time),
         .tone = Tone::Warning,
     };
@@ -70,7 +72,7 @@ std::optional<Badge> portBadge(const Monitor &monitor)
     if (monitor.type != MonitorType::port || !monitor.port)
         return std::nullopt;
     return Badge{
-        .symbol = QStringLiteral("network"),
+        .symbol = u"network"_s,
         .text = DetailBadges::tr("Port %1").arg(*monitor.port),
         .tone = Tone::Accent,
     };

@@ -6,6 +6,8 @@
 
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 using namespace std::chrono_literals;
@@ -38,12 +40,12 @@ QString responseTimeText(Milliseconds time)
 
 QString averageText(Milliseconds average)
 {
-    return average <= 0ms ? QStringLiteral("--") : fixedPoint(average.count());
+    return average <= 0ms ? u"--"_s : fixedPoint(average.count());
 }
 
 QString rowUptimeText(double share)
 {
-    return share >= 1 ? QStringLiteral("100%") : cardUptimeText(share);
+    return share >= 1 ? u"100%"_s : cardUptimeText(share);
 }
 
 QString cardUptimeText(double share)
@@ -53,7 +55,7 @@ QString cardUptimeText(double share)
 
 QString statisticUptimeText(double share)
 {
-    return share >= 1 ? QStringLiteral("100") : fixedPoint(share * 100, 1);
+    return share >= 1 ? u"100"_s : fixedPoint(share * 100, 1);
 }
 
 QString percentageText(double percentage)
@@ -80,13 +82,13 @@ QString addressText(const QString &url)
 QString clockTimePattern(const QLocale &locale)
 {
     // Some locales' short pattern has seconds, and "B" (in the afternoon) is not understood.
-    static const QRegularExpression surplus(QStringLiteral("[:.]ss|B"));
+    static const QRegularExpression surplus(u"[:.]ss|B"_s);
     return locale.timeFormat(QLocale::ShortFormat).remove(surplus);
 }
 
 QString fullHourPattern(const QLocale &locale)
 {
-    static const QRegularExpression minutes(QStringLiteral("[^\\w\\s]?mm"));
+    static const QRegularExpression minutes(u"[^\\w\\s]?mm"_s);
     QString pattern = clockTimePattern(locale);
     return countsToTwelve(pattern) ? pattern.remove(minutes) : pattern;
 }

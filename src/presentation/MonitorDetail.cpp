@@ -10,6 +10,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -38,7 +40,7 @@ Statistic averageStatistic(Milliseconds average)
     return {
         .title = DetailTexts::tr("Avg Response"),
         .value = averageText(average),
-        .unit = isMissing ? QString() : QStringLiteral("ms"),
+        .unit = isMissing ? QString() : u"ms"_s,
         .tone = averageTone(average),
     };
 }
@@ -48,7 +50,7 @@ Statistic uptimeStatistic(const QString &title, double share)
     return {
         .title = title,
         .value = statisticUptimeText(share),
-        .unit = QStringLiteral("%"),
+        .unit = u"%"_s,
         .tone = uptimeTone(share),
     };
 }

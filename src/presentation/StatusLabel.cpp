@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QLocale>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -38,13 +40,13 @@ QString statusSymbol(MonitorStatus status)
 {
     switch (status) {
     case MonitorStatus::up:
-        return QStringLiteral("checkmark.circle.fill");
+        return u"checkmark.circle.fill"_s;
     case MonitorStatus::down:
-        return QStringLiteral("exclamationmark.triangle.fill");
+        return u"exclamationmark.triangle.fill"_s;
     case MonitorStatus::paused:
-        return QStringLiteral("moon.circle.fill");
+        return u"moon.circle.fill"_s;
     case MonitorStatus::pending:
-        return QStringLiteral("circle.dotted.circle");
+        return u"circle.dotted.circle"_s;
     }
     Q_UNREACHABLE();
 }

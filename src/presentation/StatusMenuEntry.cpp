@@ -4,6 +4,8 @@
 
 #include <QCoreApplication>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -17,12 +19,12 @@ QString menuSymbol(MonitorStatus status)
 {
     switch (status) {
     case MonitorStatus::up:
-        return QStringLiteral("checkmark.circle.fill");
+        return u"checkmark.circle.fill"_s;
     case MonitorStatus::down:
-        return QStringLiteral("xmark.circle.fill");
+        return u"xmark.circle.fill"_s;
     case MonitorStatus::paused:
     case MonitorStatus::pending:
-        return QStringLiteral("circle.dotted");
+        return u"circle.dotted"_s;
     }
     Q_UNREACHABLE();
 }

@@ -7,6 +7,8 @@
 #include <array>
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -85,7 +87,7 @@ Marks bestMarks(Timestamp first, Timestamp last, const QTimeZone &timeZone)
 QString labelOf(const QDateTime &time, minutes step, const QLocale &locale)
 {
     if (time.time() == QTime(0, 0))
-        return locale.toString(time.date(), QStringLiteral("ddd d"));
+        return locale.toString(time.date(), u"ddd d"_s);
     const QString pattern = step < 1h ? clockTimePattern(locale) : fullHourPattern(locale);
     return locale.toString(time.time(), pattern);
 }

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -53,8 +55,7 @@ auto since(Timestamp beginning)
 
 QString MonitorStore::defaultStorageDir()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-           QStringLiteral("/Vantry");
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/Vantry"_s;
 }
 
 MonitorStore::MonitorStore(const QString &storageDir, Access access, WallClock now, QObject *parent)
@@ -275,7 +276,7 @@ QString MonitorStore::saveWhatIsBehind()
         return reason;
     }
     if (!isOurs())
-        return QStringLiteral("another program has it, or it can't be locked");
+        return u"another program has it, or it can't be locked"_s;
     for (File *file : {&m_monitorsFile, &m_checksFile})
         file->isBehind = file->isBehind || (file->content.isOfAFile() && !file->file.exists());
     // All that can be saved, also if the other can't.

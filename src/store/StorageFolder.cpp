@@ -10,6 +10,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -63,14 +65,14 @@ std::optional<QString> close(const QString &path, mode_t mode)
     if (!status || (status->st_mode & othersRights) == 0)
         return std::nullopt;
     if (status->st_uid != ::geteuid())
-        return QStringLiteral("it belongs to somebody else");
+        return u"it belongs to somebody else"_s;
     if (S_ISDIR(status->st_mode) && isUsedByOthers(path, *status))
-        return QStringLiteral("it isn't Ostrel's alone");
+        return u"it isn't Ostrel's alone"_s;
     if (::chmod(QFile::encodeName(path).constData(), mode) != 0)
         return qt_error_string(errno);
     const auto now = statusOf(path);
     if (now && (now->st_mode & othersRights) != 0)
-        return QStringLiteral("its file system doesn't keep modes");
+        return u"its file system doesn't keep modes"_s;
     return std::nullopt;
 }
 
@@ -78,12 +80,12 @@ std::optional<QString> close(const QString &path, mode_t mode)
 QStringList closeFolder(const QString &path, const QStringList &names)
 {
     if (const auto reason = close(path, S_IRWXU))
-        return {QStringLiteral("others can use %1: %2").arg(path, *reason)};
+        return {u"others can use %1: %2"_s.arg(path, *reason)};
     QStringList complaints;
     for (const QString &name : QDir(path).entryList(names, QDir::Files | QDir::Hidden)) {
         const QString file = path + QLatin1Char('/') + name;
         if (const auto reason = close(file, S_IRUSR | S_IWUSR))
-            complaints += QStringLiteral("others can use %1: %2").arg(file, *reason);
+            complaints += u"others can use %1: %2"_s.arg(file, *reason);
     }
     return complaints;
 }
@@ -106,10 +108,8 @@ bool prepareToWrite(const QString &path)
 
 QStringList closeToOthers(const QString &path)
 {
-    const QStringList files = {QStringLiteral("monitors.json*"), QStringLiteral("checks.json*"),
-                               QStringLiteral("ostrel.lock")};
-    return closeFolder(path, files) +
-           closeFolder(path + QStringLiteral("/favicons"), {QStringLiteral("*")});
+    const QStringList files = {u"monitors.json*"_s, u"checks.json*"_s, u"ostrel.lock"_s};
+    return closeFolder(path, files) + closeFolder(path + u"/favicons"_s, {u"*"_s});
 }
 
 } // namespace ostrel

@@ -7,6 +7,8 @@
 #include <exception>
 #include <type_traits>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -63,17 +65,17 @@ void readChecks(const AtomicFile &file, const AtomicFile &flushed, StoredRecords
 
 QString StoredRecords::monitorsPath(const QString &storageDir)
 {
-    return storageDir + QStringLiteral("/monitors.json");
+    return storageDir + u"/monitors.json"_s;
 }
 
 QString StoredRecords::checksPath(const QString &storageDir)
 {
-    return storageDir + QStringLiteral("/checks.json");
+    return storageDir + u"/checks.json"_s;
 }
 
 QString StoredRecords::flushedChecksPath(const QString &storageDir)
 {
-    return checksPath(storageDir) + QStringLiteral(".flushed");
+    return checksPath(storageDir) + u".flushed"_s;
 }
 
 StoredRecords StoredRecords::read(const QString &storageDir)

@@ -2,6 +2,8 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -19,9 +21,9 @@ QString folderText(const QString &path, const QString &home)
     QString folder = withFinalSlash(path);
     const QString homeFolder = withFinalSlash(home);
     // A home that is the root of all folders, as no home is, would abbreviate every one of them.
-    if (homeFolder == QStringLiteral("/") || !folder.startsWith(homeFolder))
+    if (homeFolder == u"/"_s || !folder.startsWith(homeFolder))
         return folder;
-    return QStringLiteral("~/") + folder.sliced(homeFolder.size());
+    return u"~/"_s + folder.sliced(homeFolder.size());
 }
 
 } // namespace ostrel

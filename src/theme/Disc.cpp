@@ -2,6 +2,8 @@
 
 #include <QPainter>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 Disc::Disc(QQuickItem *parent)
@@ -25,7 +27,7 @@ void Disc::paint(QPainter *painter)
 
 QString Disc::look() const
 {
-    return QStringLiteral("disc %1 %2 %3 %4")
+    return u"disc %1 %2 %3 %4"_s
         .arg(m_color.name(QColor::HexArgb), m_groundColor.name(QColor::HexArgb))
         .arg(m_diameter)
         .arg(m_groundDiameter);

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 EdgedBox::EdgedBox(QQuickItem *parent)
@@ -31,8 +33,7 @@ void EdgedBox::paint(QPainter *painter)
 
 QString EdgedBox::look() const
 {
-    return QStringLiteral("box %1 %2 %3 %4")
-        .arg(m_color.name(QColor::HexArgb), m_edge.name(QColor::HexArgb))
+    return u"box %1 %2 %3 %4"_s.arg(m_color.name(QColor::HexArgb), m_edge.name(QColor::HexArgb))
         .arg(m_edgeWidth)
         .arg(m_radius);
 }

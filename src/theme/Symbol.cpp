@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 Symbol::Symbol(QQuickItem *parent)
@@ -40,7 +42,7 @@ void Symbol::paint(QPainter *painter)
 
 QString Symbol::look() const
 {
-    return QStringLiteral("symbol %1 %2").arg(m_name, m_color.name(QColor::HexArgb));
+    return u"symbol %1 %2"_s.arg(m_name, m_color.name(QColor::HexArgb));
 }
 
 } // namespace ostrel

@@ -8,6 +8,8 @@
 #include <array>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -40,7 +42,7 @@ size_t qHash(const Key &key, size_t seed = 0)
 /// The symbol's drawing in opaque @p color; empty where there is no such symbol.
 QByteArray coloredDrawing(const QString &name, const QColor &color)
 {
-    QFile file(QStringLiteral(":/qt/qml/Ostrel/Theme/symbols/%1.svg").arg(name));
+    QFile file(u":/qt/qml/Ostrel/Theme/symbols/%1.svg"_s.arg(name));
     if (!file.open(QIODevice::ReadOnly))
         return {};
     return file.readAll().replace("currentColor", color.name(QColor::HexRgb).toLatin1());

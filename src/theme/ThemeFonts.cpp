@@ -9,6 +9,8 @@
 #include <array>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -25,12 +27,12 @@ constexpr std::array lineBoxes = {
 
 QString sans()
 {
-    return QStringLiteral("Avenir Next");
+    return u"Avenir Next"_s;
 }
 
 QString monospaced()
 {
-    return QStringLiteral("SF Mono");
+    return u"SF Mono"_s;
 }
 
 QFont fontOf(const QString &family, int weight, qreal pixelSize, qreal letterSpacing)
@@ -52,11 +54,9 @@ qreal faceHeight(const QFont &font)
 
 void ThemeFonts::install()
 {
-    QFont::insertSubstitutions(sans(), {QStringLiteral("Lato"), QStringLiteral("Manrope"),
-                                        QStringLiteral("Cantarell"), QStringLiteral("sans-serif")});
-    QFont::insertSubstitutions(monospaced(),
-                               {QStringLiteral("JetBrains Mono"), QStringLiteral("Fira Code"),
-                                QStringLiteral("DejaVu Sans Mono"), QStringLiteral("monospace")});
+    QFont::insertSubstitutions(sans(), {u"Lato"_s, u"Manrope"_s, u"Cantarell"_s, u"sans-serif"_s});
+    QFont::insertSubstitutions(
+        monospaced(), {u"JetBrains Mono"_s, u"Fira Code"_s, u"DejaVu Sans Mono"_s, u"monospace"_s});
     // Every text looks at the application's font before it is set in its own. The desktop's would
     // be loaded for that alone.
     QGuiApplication::setFont(face(400, 13, defaultLetterSpacing));

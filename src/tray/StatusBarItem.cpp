@@ -10,6 +10,8 @@
 #include <QEvent>
 #include <QSystemTrayIcon>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -23,14 +25,14 @@ bool isAnythingDown(const MonitorStore &store)
 /// that nobody tints it, and its red is the theme's: these desktops have none of their own.
 QIcon bird(bool isAnythingDown, const StatusBarHost &host)
 {
-    const auto symbol = QStringLiteral("bird.fill");
+    const auto symbol = u"bird.fill"_s;
     constexpr auto margin = SymbolRaster::Margin::onePixel;
     if (isAnythingDown) {
         return SymbolIcon::icon(
             {.symbol = symbol, .color = ThemeColors::statusDown(), .margin = margin});
     }
     const StatusBarSymbol plain = {
-        .symbol = symbol, .themeName = QStringLiteral("ostrel-symbolic"), .margin = margin};
+        .symbol = symbol, .themeName = u"ostrel-symbolic"_s, .margin = margin};
     return plain.icon(QApplication::palette().color(QPalette::WindowText), host);
 }
 
@@ -108,7 +110,7 @@ void StatusBarItem::join()
     m_patience.stop();
     m_isAwaiting = false;
     m_trayIcon = std::make_unique<QSystemTrayIcon>(m_icon);
-    m_trayIcon->setToolTip(QStringLiteral("Ostrel"));
+    m_trayIcon->setToolTip(u"Ostrel"_s);
     m_trayIcon->setContextMenu(&m_menu.menu());
     // Who draws the menu is known from here on.
     m_menu.rewrite();

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 StatusBarMenu::StatusBarMenu(const MonitorStore &store, const StatusBarHost &host, QObject *parent)
@@ -137,7 +139,7 @@ QIcon StatusBarMenu::menuIcon(const QString &symbol)
     const QColor textColor = QApplication::palette("QMenu").color(QPalette::WindowText);
     if (!isDrawnByHost())
         return SymbolIcon::icon({.symbol = symbol, .color = textColor});
-    QString themeName = QStringLiteral("ostrel-%1-symbolic").arg(symbol);
+    QString themeName = u"ostrel-%1-symbolic"_s.arg(symbol);
     themeName.replace(u'.', u'-');
     return StatusBarSymbol{.symbol = symbol, .themeName = themeName}.icon(textColor, m_host);
 }

@@ -10,6 +10,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -90,7 +92,7 @@ QString FaviconImage::look() const
 {
     if (hasIcon())
         return {};
-    return QStringLiteral("letter %1 %2 %3 %4 ")
+    return u"letter %1 %2 %3 %4 "_s
                .arg(m_plateColor.name(QColor::HexArgb), m_letterColor.name(QColor::HexArgb))
                .arg(m_letterSize)
                .arg(m_radius) +

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -17,13 +19,13 @@ QString pseudo(const char *source)
 
 TEST(PseudoTranslatorTest, MarksAccentsAndLengthens)
 {
-    EXPECT_EQ(pseudo("Recent Checks"), QStringLiteral("⟦Rëçëñt Chëçks····⟧"));
-    EXPECT_EQ(pseudo("Up"), QStringLiteral("⟦Ûp⟧"));
+    EXPECT_EQ(pseudo("Recent Checks"), u"⟦Rëçëñt Chëçks····⟧"_s);
+    EXPECT_EQ(pseudo("Up"), u"⟦Ûp⟧"_s);
 }
 
 TEST(PseudoTranslatorTest, KeepsWhatStandsForSomethingElse)
 {
-    EXPECT_EQ(pseudo("%n in %1"), QStringLiteral("⟦%n ïñ %1··⟧"));
+    EXPECT_EQ(pseudo("%n in %1"), u"⟦%n ïñ %1··⟧"_s);
 }
 
 TEST(PseudoTranslatorTest, EveryTextIsAtLeastTwoFifthsLonger)

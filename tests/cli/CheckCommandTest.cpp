@@ -12,6 +12,8 @@
 
 #include <new>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -45,7 +47,7 @@ TEST(CheckCommandTest, AnAddressThatAnswersIsUp)
 {
     const HostileServer server(answerWith("welcome"));
     CheckInvocation check = invocation(server.url());
-    check.monitor.keyword = QStringLiteral("WELCOME");
+    check.monitor.keyword = u"WELCOME"_s;
     const Check made = runOnce(check);
 
     EXPECT_EQ(exitCodeOf(made), exitUp);
@@ -96,7 +98,7 @@ TEST(CheckCommandTest, TextsWithPlaceholdersArePrintedAsTheyAre)
     CheckInvocation check = invocation("db%1%2.local");
     check.monitor.type = MonitorType::port;
     check.monitor.port = 5432;
-    EXPECT_EQ(describeCheck(check, failedCheck(QStringLiteral("%1 100%"))),
+    EXPECT_EQ(describeCheck(check, failedCheck(u"%1 100%"_s)),
               QByteArray("DOWN  db%1%2.local, port 5432  0 ms\n      %1 100%\n"));
 }
 
@@ -161,7 +163,7 @@ TEST(CheckCommandTest, WhatCannotBeCarriedOutIsDownAndSaysSo)
         FailingNetwork network(isThrowing);
         const Check check = runCheckOnce(invocation("http://127.0.0.1/"), network);
         EXPECT_FALSE(check.isUp);
-        EXPECT_EQ(check.error, QStringLiteral("The check could not be carried out"));
+        EXPECT_EQ(check.error, u"The check could not be carried out"_s);
     }
 }
 

@@ -8,13 +8,15 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
 
 Invocation parse(const QString &line)
 {
-    return parseCommandLine(QStringList{QStringLiteral("ostrel")} +
+    return parseCommandLine(QStringList{u"ostrel"_s} +
                             line.split(QLatin1Char(' '), Qt::SkipEmptyParts));
 }
 
@@ -31,25 +33,22 @@ CheckInvocation parseCheck(const QString &line)
 TEST(CommandLineTest, WithoutACommandItRuns)
 {
     EXPECT_EQ(std::get<RunInvocation>(parse({})).dataDir, MonitorStore::defaultStorageDir());
-    EXPECT_EQ(std::get<RunInvocation>(parse(QStringLiteral("--data-dir /tmp/there"))).dataDir,
-              QStringLiteral("/tmp/there"));
-    EXPECT_EQ(std::get<RunInvocation>(parse(QStringLiteral("--data-dir here"))).dataDir,
-              QDir::current().absoluteFilePath(QStringLiteral("here")));
+    EXPECT_EQ(std::get<RunInvocation>(parse(u"--data-dir /tmp/there"_s)).dataDir, u"/tmp/there"_s);
+    EXPECT_EQ(std::get<RunInvocation>(parse(u"--data-dir here"_s)).dataDir,
+              QDir::current().absoluteFilePath(u"here"_s));
 }
 
 TEST(CommandLineTest, TheLanguageIsEnglishUnlessItIsChosen)
 {
     EXPECT_EQ(std::get<RunInvocation>(parse({})).language, Language::english);
-    EXPECT_EQ(std::get<RunInvocation>(parse(QStringLiteral("--language en"))).language,
-              Language::english);
-    EXPECT_EQ(std::get<RunInvocation>(parse(QStringLiteral("--language pseudo"))).language,
-              Language::pseudo);
+    EXPECT_EQ(std::get<RunInvocation>(parse(u"--language en"_s)).language, Language::english);
+    EXPECT_EQ(std::get<RunInvocation>(parse(u"--language pseudo"_s)).language, Language::pseudo);
 }
 
 TEST(CommandLineTest, ACheckHasTheFormsDefaults)
 {
-    const CheckInvocation check = parseCheck(QStringLiteral("check https://shop.example/"));
-    EXPECT_EQ(check.monitor.url, QStringLiteral("https://shop.example/"));
+    const CheckInvocation check = parseCheck(u"check https://shop.example/"_s);
+    EXPECT_EQ(check.monitor.url, u"https://shop.example/"_s);
     EXPECT_EQ(check.monitor.type, MonitorType::http);
     EXPECT_EQ(check.monitor.method, HTTPMethod::GET);
     EXPECT_EQ(check.monitor.timeout, Seconds(30));
@@ -60,17 +59,17 @@ TEST(CommandLineTest, ACheckHasTheFormsDefaults)
 
 TEST(CommandLineTest, ACheckTakesItsOptions)
 {
-    const CheckInvocation web = parseCheck(QStringLiteral(
-        "check --method head --timeout 2.5 --keyword OK --keyword-absent --threshold 450 --json "
-        "https://shop.example/"));
+    const CheckInvocation web = parseCheck(
+        u"check --method head --timeout 2.5 --keyword OK --keyword-absent --threshold 450 --json "
+        "https://shop.example/"_s);
     EXPECT_EQ(web.monitor.method, HTTPMethod::HEAD);
     EXPECT_EQ(web.monitor.timeout, Seconds(2.5));
-    EXPECT_EQ(web.monitor.keyword, QStringLiteral("OK"));
+    EXPECT_EQ(web.monitor.keyword, u"OK"_s);
     EXPECT_FALSE(web.monitor.keywordShouldExist);
     EXPECT_EQ(web.monitor.responseTimeThreshold, Milliseconds(450));
     EXPECT_EQ(web.format, OutputFormat::json);
 
-    const CheckInvocation port = parseCheck(QStringLiteral("check db.local --port 5432"));
+    const CheckInvocation port = parseCheck(u"check db.local --port 5432"_s);
     EXPECT_EQ(port.monitor.type, MonitorType::port);
     EXPECT_EQ(port.monitor.port, 5432);
 }
@@ -96,8 +95,7 @@ TEST(CommandLineTest, AnAddressIsCompletedAsTheFormCompletesIt)
         {"db:+65535", "db", 65535},
     };
     for (const auto &each : cases) {
-        const Monitor monitor =
-            parseCheck(QStringLiteral("check ") + QString::fromLatin1(each.typed)).monitor;
+        const Monitor monitor = parseCheck(u"check "_s + QString::fromLatin1(each.typed)).monitor;
         EXPECT_EQ(monitor.url, QString::fromLatin1(each.url)) << each.typed;
         EXPECT_EQ(monitor.port, each.port) << each.typed;
         EXPECT_EQ(monitor.type, each.port ? MonitorType::port : MonitorType::http) << each.typed;
@@ -107,32 +105,31 @@ TEST(CommandLineTest, AnAddressIsCompletedAsTheFormCompletesIt)
 TEST(CommandLineTest, BlanksAroundAnAddressDontCount)
 {
     for (const char *typed : {" example.com\n", "\thttps://example.com "}) {
-        const Invocation invocation = parseCommandLine(
-            {QStringLiteral("ostrel"), QStringLiteral("check"), QString::fromLatin1(typed)});
+        const Invocation invocation =
+            parseCommandLine({u"ostrel"_s, u"check"_s, QString::fromLatin1(typed)});
         ASSERT_TRUE(std::holds_alternative<CheckInvocation>(invocation)) << typed;
-        EXPECT_EQ(std::get<CheckInvocation>(invocation).monitor.url,
-                  QStringLiteral("https://example.com"));
+        EXPECT_EQ(std::get<CheckInvocation>(invocation).monitor.url, u"https://example.com"_s);
     }
 }
 
 TEST(CommandLineTest, WhatCantBeCompletedIsRefusedWithAHint)
 {
     for (const char *typed : {"localhost", "httpbin.local", "ftp://shop.example"}) {
-        const Invocation invocation = parse(QStringLiteral("check ") + QString::fromLatin1(typed));
+        const Invocation invocation = parse(u"check "_s + QString::fromLatin1(typed));
         const auto *unusable = std::get_if<UnusableInvocation>(&invocation);
         ASSERT_TRUE(unusable) << typed;
-        EXPECT_EQ(unusable->reason, QStringLiteral("'") + QString::fromLatin1(typed) +
-                                        QStringLiteral("' is no web address and no HOST:PORT. "
-                                                       "A web address begins with https:// or "
-                                                       "http://."));
+        EXPECT_EQ(unusable->reason, u"'"_s + QString::fromLatin1(typed) +
+                                        u"' is no web address and no HOST:PORT. "
+                                        "A web address begins with https:// or "
+                                        "http://."_s);
     }
 }
 
 TEST(CommandLineTest, WithAPortTheArgumentIsItsHost)
 {
-    const Monitor monitor = parseCheck(QStringLiteral("check localhost --port 22")).monitor;
+    const Monitor monitor = parseCheck(u"check localhost --port 22"_s).monitor;
     EXPECT_EQ(monitor.type, MonitorType::port);
-    EXPECT_EQ(monitor.url, QStringLiteral("localhost"));
+    EXPECT_EQ(monitor.url, u"localhost"_s);
     EXPECT_EQ(monitor.port, 22);
 }
 
@@ -141,13 +138,11 @@ TEST(CommandLineTest, ComplaintsAreFitForPeople)
     int complaints = 0;
     for (const ForeignText &foreign : foreignTexts()) {
         for (const QStringList &arguments :
-             {QStringList{QStringLiteral("check"), QStringLiteral("x ") + foreign.text},
-              QStringList{QStringLiteral("check"), QStringLiteral("a.b"), foreign.text},
-              QStringList{QStringLiteral("check"), QStringLiteral("a.b"),
-                          QStringLiteral("--timeout=") + foreign.text},
-              QStringList{QStringLiteral("--x") + foreign.text}}) {
-            const Invocation invocation =
-                parseCommandLine(QStringList{QStringLiteral("ostrel")} + arguments);
+             {QStringList{u"check"_s, u"x "_s + foreign.text},
+              QStringList{u"check"_s, u"a.b"_s, foreign.text},
+              QStringList{u"check"_s, u"a.b"_s, u"--timeout="_s + foreign.text},
+              QStringList{u"--x"_s + foreign.text}}) {
+            const Invocation invocation = parseCommandLine(QStringList{u"ostrel"_s} + arguments);
             const auto *unusable = std::get_if<UnusableInvocation>(&invocation);
             if (!unusable)
                 continue;
@@ -215,26 +210,24 @@ TEST(CommandLineTest, UnusableArgumentsAreNamed)
 TEST(CommandLineTest, AnEmptyAddressIsUnusable)
 {
     EXPECT_TRUE(std::holds_alternative<UnusableInvocation>(
-        parseCommandLine({QStringLiteral("ostrel"), QStringLiteral("check"), QString()})));
+        parseCommandLine({u"ostrel"_s, u"check"_s, QString()})));
 }
 
 TEST(CommandLineTest, HelpAndVersionAnswer)
 {
     for (const char *line : {"--help", "-h", "help", "check --help", "status --help"}) {
         const auto answer = std::get<AnswerInvocation>(parse(QString::fromLatin1(line)));
-        EXPECT_TRUE(answer.text.contains(QStringLiteral("--keyword-absent"))) << line;
+        EXPECT_TRUE(answer.text.contains(u"--keyword-absent"_s)) << line;
     }
-    EXPECT_TRUE(std::get<AnswerInvocation>(parse(QStringLiteral("--version")))
-                    .text.startsWith(QStringLiteral("ostrel ")));
+    EXPECT_TRUE(std::get<AnswerInvocation>(parse(u"--version"_s)).text.startsWith(u"ostrel "_s));
 }
 
 TEST(CommandLineTest, AKeywordMayLookLikeAnOption)
 {
     const Invocation invocation =
-        parseCommandLine({QStringLiteral("ostrel"), QStringLiteral("check"),
-                          QStringLiteral("https://a.example"), QStringLiteral("--keyword=--help")});
+        parseCommandLine({u"ostrel"_s, u"check"_s, u"https://a.example"_s, u"--keyword=--help"_s});
     ASSERT_TRUE(std::holds_alternative<CheckInvocation>(invocation));
-    EXPECT_EQ(std::get<CheckInvocation>(invocation).monitor.keyword, QStringLiteral("--help"));
+    EXPECT_EQ(std::get<CheckInvocation>(invocation).monitor.keyword, u"--help"_s);
 }
 
 } // namespace ostrel::test

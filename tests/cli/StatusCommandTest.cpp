@@ -17,6 +17,8 @@
 #include <functional>
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -30,7 +32,7 @@ Check checkOf(const Monitor &monitor, bool isUp)
     check.isUp = isUp;
     check.responseTime = 245;
     if (!isUp)
-        check.error = QStringLiteral("HTTP 503");
+        check.error = u"HTTP 503"_s;
     return check;
 }
 
@@ -42,7 +44,7 @@ protected:
         MonitorStore store(dataDir);
         for (Monitor *monitor : {&up, &down, &paused, &pending}) {
             monitor->id = QUuid::createUuid();
-            monitor->url = QStringLiteral("https://%1.example/").arg(monitor->name);
+            monitor->url = u"https://%1.example/"_s.arg(monitor->name);
         }
         paused.isEnabled = false;
         for (const Monitor &monitor : {up, down, paused, pending})
@@ -54,11 +56,11 @@ protected:
     }
 
     QTemporaryDir folder;
-    const QString dataDir = folder.filePath(QStringLiteral("data"));
-    Monitor up{.id = {}, .name = QStringLiteral("up")};
-    Monitor down{.id = {}, .name = QStringLiteral("down")};
-    Monitor paused{.id = {}, .name = QStringLiteral("paused")};
-    Monitor pending{.id = {}, .name = QStringLiteral("pending")};
+    const QString dataDir = folder.filePath(u"data"_s);
+    Monitor up{.id = {}, .name = u"up"_s};
+    Monitor down{.id = {}, .name = u"down"_s};
+    Monitor paused{.id = {}, .name = u"paused"_s};
+    Monitor pending{.id = {}, .name = u"pending"_s};
 };
 
 } // namespace
@@ -80,7 +82,7 @@ TEST_F(StatusCommandTest, ForPeopleALineEach)
 
 TEST_F(StatusCommandTest, ForPeopleForeignTextsAreALineEachToo)
 {
-    const QString foreignDir = folder.filePath(QStringLiteral("foreign"));
+    const QString foreignDir = folder.filePath(u"foreign"_s);
     MonitorStore store(foreignDir);
     for (const ForeignText &foreign : foreignTexts()) {
         Monitor monitor{.id = QUuid::createUuid(), .name = foreign.text};
@@ -93,7 +95,7 @@ TEST_F(StatusCommandTest, ForPeopleForeignTextsAreALineEachToo)
     const QStringList lines = text.split(u'\n');
     ASSERT_EQ(lines.size(), foreignTexts().size() + 1);
     for (const QString &line : lines.first(lines.size() - 1)) {
-        EXPECT_TRUE(line.startsWith(QStringLiteral("DOWN     ")));
+        EXPECT_TRUE(line.startsWith(u"DOWN     "_s));
         EXPECT_TRUE(isFitForPeople(line)) << qPrintable(line);
     }
 }
@@ -110,13 +112,13 @@ TEST_F(StatusCommandTest, ALongNameMovesItsOwnLineAlone)
 
 TEST_F(StatusCommandTest, AsJsonAForeignNameIsWhatIsStored)
 {
-    const QString foreignDir = folder.filePath(QStringLiteral("foreign"));
+    const QString foreignDir = folder.filePath(u"foreign"_s);
     MonitorStore store(foreignDir);
-    const QString name = QStringLiteral("Sh\x1b[2J\n\u202Eop") + QString(300, u'a');
+    const QString name = u"Sh\x1b[2J\n\u202Eop"_s + QString(300, u'a');
     store.addMonitor({.id = QUuid::createUuid(), .name = name});
     const QJsonArray monitors =
         QJsonDocument::fromJson(describeStatus(store, OutputFormat::json)).array();
-    EXPECT_EQ(monitors[0].toObject()[QStringLiteral("name")].toString(), name);
+    EXPECT_EQ(monitors[0].toObject()[u"name"_s].toString(), name);
 }
 
 TEST_F(StatusCommandTest, TiesOfAHalfGoToTheEvenMillisecond)
@@ -135,20 +137,18 @@ TEST_F(StatusCommandTest, AsJsonEverythingInTheStoresOrder)
     const QJsonArray monitors = QJsonDocument::fromJson(text).array();
     ASSERT_EQ(monitors.size(), 4);
     const QJsonObject second = monitors[1].toObject();
-    EXPECT_EQ(second[QStringLiteral("name")].toString(), QStringLiteral("down"));
-    EXPECT_EQ(second[QStringLiteral("id")].toString(),
-              down.id.toString(QUuid::WithoutBraces).toUpper());
-    EXPECT_EQ(second[QStringLiteral("status")].toString(), QStringLiteral("down"));
-    EXPECT_EQ(second[QStringLiteral("type")].toString(), QStringLiteral("http"));
-    EXPECT_EQ(second[QStringLiteral("uptime")][QStringLiteral("24h")].toDouble(), 0.5);
-    EXPECT_EQ(second[QStringLiteral("latestCheck")][QStringLiteral("error")].toString(),
-              QStringLiteral("HTTP 503"));
-    EXPECT_FALSE(monitors[3].toObject().contains(QStringLiteral("latestCheck")));
+    EXPECT_EQ(second[u"name"_s].toString(), u"down"_s);
+    EXPECT_EQ(second[u"id"_s].toString(), down.id.toString(QUuid::WithoutBraces).toUpper());
+    EXPECT_EQ(second[u"status"_s].toString(), u"down"_s);
+    EXPECT_EQ(second[u"type"_s].toString(), u"http"_s);
+    EXPECT_EQ(second[u"uptime"_s][u"24h"_s].toDouble(), 0.5);
+    EXPECT_EQ(second[u"latestCheck"_s][u"error"_s].toString(), u"HTTP 503"_s);
+    EXPECT_FALSE(monitors[3].toObject().contains(u"latestCheck"_s));
 }
 
 TEST_F(StatusCommandTest, ReadingLeavesTheFolderAsItIs)
 {
-    QFile leftover(dataDir + QStringLiteral("/checks.json.tmp"));
+    QFile leftover(dataDir + u"/checks.json.tmp"_s);
     ASSERT_TRUE(leftover.open(QIODevice::WriteOnly));
     leftover.close();
     const auto before = QDir(dataDir).entryList(QDir::AllEntries | QDir::Hidden);
@@ -159,7 +159,7 @@ TEST_F(StatusCommandTest, ReadingLeavesTheFolderAsItIs)
 
 TEST_F(StatusCommandTest, AFolderThatIsNotThereHasNoMonitorsAndIsNotMade)
 {
-    const QString missing = folder.filePath(QStringLiteral("missing"));
+    const QString missing = folder.filePath(u"missing"_s);
     EXPECT_EQ(readStatus({.dataDir = missing}), QByteArray("No monitors\n"));
     EXPECT_EQ(readStatus({.dataDir = missing, .format = OutputFormat::json}), QByteArray("[\n]\n"));
     EXPECT_FALSE(QDir(missing).exists());
@@ -169,8 +169,7 @@ TEST_F(StatusCommandTest, AFolderWithoutMonitorsHasNone)
 {
     const QTemporaryDir empty;
     EXPECT_EQ(readStatus({.dataDir = empty.path()}), QByteArray("No monitors\n"));
-    ASSERT_TRUE(QFile::link(empty.filePath(QStringLiteral("gone")),
-                            empty.filePath(QStringLiteral("monitors.json"))));
+    ASSERT_TRUE(QFile::link(empty.filePath(u"gone"_s), empty.filePath(u"monitors.json"_s)));
     EXPECT_EQ(readStatus({.dataDir = empty.path()}), QByteArray("No monitors\n"));
 }
 

@@ -12,6 +12,8 @@
 #include <new>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -191,7 +193,7 @@ TEST_F(BodyReadingTest, TheEndIsNeverLaterThanHalfASecondAfterTheTimeOut)
         EXPECT_EQ(result.hasResponse, isFinite) << result.error.toStdString();
         if (!isFinite) {
             EXPECT_GE(result.elapsed, 400ms);
-            EXPECT_TRUE(result.error.contains(QStringLiteral("timed out")));
+            EXPECT_TRUE(result.error.contains(u"timed out"_s));
         }
     }
 }

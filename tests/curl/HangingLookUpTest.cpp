@@ -17,6 +17,8 @@
 #include <sys/resource.h>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -219,7 +221,7 @@ TEST_F(HangingLookUpTest, ItsFailureIsntThatOfAnotherThatJoinedLater)
     EXPECT_FALSE(network.connect(name, server.port(), 50ms).result().isConnected);
     const auto later = network.connect(name, server.port(), 10s);
     // Passed by one that needs no look-up, so that the later one has joined.
-    (void)network.connect(QStringLiteral("127.0.0.1"), server.port(), 10s).result();
+    (void)network.connect(u"127.0.0.1"_s, server.port(), 10s).result();
     EXPECT_EQ(lookUps.count(), 1);
     lookUps.holdUp(false);
     EXPECT_TRUE(later.result().isConnected);

@@ -12,6 +12,8 @@
 #include <thread>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -61,7 +63,7 @@ TEST_F(HttpFetchTest, FetchesFromARealServer)
     EXPECT_EQ(result.body, "OK");
     // The log is written after the response.
     EXPECT_TRUE(waitFor([&server] { return !server.accessLog().isEmpty(); }));
-    const QString line = QStringLiteral("%1 GET / 200 Tester/1.0 (of the client)");
+    const QString line = u"%1 GET / 200 Tester/1.0 (of the client)"_s;
     EXPECT_EQ(server.accessLog(), QStringList(line.arg(server.port())));
 }
 
@@ -129,7 +131,7 @@ TEST_F(HttpFetchTest, TwentyOneRedirectsAreAnError)
     const HttpResult result = fetch(server.url("/21"));
     EXPECT_FALSE(result.hasResponse);
     EXPECT_EQ(result.statusCode, 0);
-    EXPECT_EQ(result.error, QStringLiteral("Maximum (20) redirects followed"));
+    EXPECT_EQ(result.error, u"Maximum (20) redirects followed"_s);
     EXPECT_EQ(server.requests().size(), 21);
 }
 
@@ -204,7 +206,7 @@ TEST_F(HttpFetchTest, AHeaderThatIsTooLongIsCalledSo)
     const HostileServer large(answerWithHeaderOf(150 * 1000));
     const HttpResult result = fetch(large.url());
     EXPECT_FALSE(result.hasResponse);
-    EXPECT_EQ(result.error, QStringLiteral("A header of the response is too long"));
+    EXPECT_EQ(result.error, u"A header of the response is too long"_s);
 }
 
 TEST_F(HttpFetchTest, CookiesLastFromHopToHop)
@@ -373,8 +375,8 @@ TEST_P(HttpFetchRefusalTest, EndsAtOnce)
     EXPECT_EQ(result.elapsed, 0us);
 }
 
-const QString unsupported = QStringLiteral("Unsupported URL scheme");
-const QString malformed = QStringLiteral("URL using bad/illegal format or missing URL");
+const QString unsupported = u"Unsupported URL scheme"_s;
+const QString malformed = u"URL using bad/illegal format or missing URL"_s;
 
 INSTANTIATE_TEST_SUITE_P(
     All, HttpFetchRefusalTest,
@@ -420,7 +422,7 @@ TEST_F(HttpFetchTest, AnInvalidHostNameIsNotFound)
     // The dot at both ends makes it a name that no resolver asks a server for.
     const HttpResult result = fetch("http://.bad./");
     EXPECT_FALSE(result.hasResponse);
-    EXPECT_EQ(result.error, QStringLiteral("Could not resolve host: .bad."));
+    EXPECT_EQ(result.error, u"Could not resolve host: .bad."_s);
     EXPECT_GT(result.elapsed, 0us);
 }
 

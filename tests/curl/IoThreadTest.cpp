@@ -8,6 +8,8 @@
 #include <ctime>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -94,7 +96,7 @@ TEST(IoThreadTest, AHundredThatHangLeaveRoomForOthers)
     const HostileServer decent(answerWith("OK"));
     CurlNetwork network;
     for (int i = 0; i < 100; ++i)
-        (void)network.connect(QStringLiteral("127.0.0.1"), hole.port(), 30s);
+        (void)network.connect(u"127.0.0.1"_s, hole.port(), 30s);
     EXPECT_TRUE(network.fetch(requestFor(decent.url())).result().hasResponse);
 }
 
@@ -153,7 +155,7 @@ TEST(IoThreadTest, DestructionCancelsRunningAndWaitingTransfers)
     auto network =
         std::make_unique<CurlNetwork>(IoThreadConfiguration{.maxConcurrentTransfers = 2});
     const auto running = network->fetch(requestFor(server.url()));
-    const auto connecting = network->connect(QStringLiteral("127.0.0.1"), hole.port(), 30s);
+    const auto connecting = network->connect(u"127.0.0.1"_s, hole.port(), 30s);
     const auto waiting = network->fetch(requestFor(server.url()));
     ASSERT_TRUE(waitFor([&] { return server.requests().size() == 1; }));
 

@@ -11,6 +11,8 @@
 
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -132,8 +134,7 @@ TEST_F(ProxyTest, ServesNoException)
     const HostileServer proxy(answerWith("from the proxy"));
     qputenv("http_proxy", proxy.url());
     qputenv("no_proxy", "example.org,behind.invalid");
-    EXPECT_EQ(fetch("http://behind.invalid/").error,
-              QStringLiteral("Could not resolve host: behind.invalid"));
+    EXPECT_EQ(fetch("http://behind.invalid/").error, u"Could not resolve host: behind.invalid"_s);
     EXPECT_EQ(fetch("http://before.invalid/").body, "from the proxy");
 }
 
@@ -150,8 +151,7 @@ TEST_F(ProxyTest, IsAskedForEachHop)
 TEST_F(ProxyTest, ThatCantBeResolvedIsNamed)
 {
     qputenv("http_proxy", "http://proxy.invalid:3128");
-    EXPECT_EQ(fetch("http://shop.example/").error,
-              QStringLiteral("Could not resolve proxy: proxy.invalid"));
+    EXPECT_EQ(fetch("http://shop.example/").error, u"Could not resolve proxy: proxy.invalid"_s);
 }
 
 TEST_F(ProxyTest, ThatIsNoneIsAnError)

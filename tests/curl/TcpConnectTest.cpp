@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -27,7 +29,7 @@ protected:
 TEST_F(TcpConnectTest, ConnectsToAnOpenPort)
 {
     const LoopbackListener listener;
-    const TcpResult result = connect(QStringLiteral("127.0.0.1"), listener.port());
+    const TcpResult result = connect(u"127.0.0.1"_s, listener.port());
     EXPECT_TRUE(result.isConnected);
     EXPECT_GT(result.elapsed, 0us);
 }
@@ -35,13 +37,13 @@ TEST_F(TcpConnectTest, ConnectsToAnOpenPort)
 TEST_F(TcpConnectTest, SendsNothing)
 {
     const HostileServer server(answerWith("OK"));
-    EXPECT_TRUE(connect(QStringLiteral("127.0.0.1"), server.port()).isConnected);
+    EXPECT_TRUE(connect(u"127.0.0.1"_s, server.port()).isConnected);
     EXPECT_TRUE(server.requests().isEmpty());
 }
 
 TEST_F(TcpConnectTest, ARefusalEndsTheAttemptBeforeTheTimeout)
 {
-    const TcpResult result = connect(QStringLiteral("127.0.0.1"), closedPort());
+    const TcpResult result = connect(u"127.0.0.1"_s, closedPort());
     EXPECT_FALSE(result.isConnected);
     EXPECT_GT(result.elapsed, 0us);
     EXPECT_LT(result.elapsed, patience);
@@ -50,7 +52,7 @@ TEST_F(TcpConnectTest, ARefusalEndsTheAttemptBeforeTheTimeout)
 TEST_F(TcpConnectTest, ATimeoutEndsTheAttempt)
 {
     const BlackholePort target;
-    const TcpResult result = connect(QStringLiteral("127.0.0.1"), target.port(), 300ms);
+    const TcpResult result = connect(u"127.0.0.1"_s, target.port(), 300ms);
     EXPECT_FALSE(result.isConnected);
     EXPECT_GE(result.elapsed, 300ms);
     EXPECT_LE(result.elapsed, 800ms); // The time-out is what is tested.
@@ -60,7 +62,7 @@ TEST_F(TcpConnectTest, ATimeoutOfNothingOrLessIsTheShortest)
 {
     const BlackholePort target;
     for (const auto timeout : {0ms, -1ms}) {
-        const TcpResult result = connect(QStringLiteral("127.0.0.1"), target.port(), timeout);
+        const TcpResult result = connect(u"127.0.0.1"_s, target.port(), timeout);
         EXPECT_FALSE(result.isConnected);
         EXPECT_GE(result.elapsed, 1ms);
         EXPECT_LE(result.elapsed, 500ms); // The shortest time-out is what is tested.
@@ -70,8 +72,8 @@ TEST_F(TcpConnectTest, ATimeoutOfNothingOrLessIsTheShortest)
 TEST_F(TcpConnectTest, ConnectsToAName)
 {
     const LoopbackListener listener;
-    EXPECT_TRUE(connect(QStringLiteral("localhost"), listener.port()).isConnected);
-    EXPECT_TRUE(connect(QStringLiteral("LOCALHOST"), listener.port()).isConnected);
+    EXPECT_TRUE(connect(u"localhost"_s, listener.port()).isConnected);
+    EXPECT_TRUE(connect(u"LOCALHOST"_s, listener.port()).isConnected);
 }
 
 TEST_F(TcpConnectTest, ConnectsToIpv6)
@@ -79,7 +81,7 @@ TEST_F(TcpConnectTest, ConnectsToIpv6)
     const LoopbackListener listener(LoopbackFamily::Ipv6);
     if (!listener.isListening())
         GTEST_SKIP() << "no IPv6 loopback address";
-    EXPECT_TRUE(connect(QStringLiteral("::1"), listener.port()).isConnected);
+    EXPECT_TRUE(connect(u"::1"_s, listener.port()).isConnected);
 }
 
 TEST_F(TcpConnectTest, TriesBothFamiliesOfAName)
@@ -88,18 +90,16 @@ TEST_F(TcpConnectTest, TriesBothFamiliesOfAName)
     const LoopbackListener listener(LoopbackFamily::Ipv6);
     if (!listener.isListening())
         GTEST_SKIP() << "no IPv6 loopback address";
-    EXPECT_TRUE(connect(QStringLiteral("localhost"), listener.port()).isConnected);
+    EXPECT_TRUE(connect(u"localhost"_s, listener.port()).isConnected);
 }
 
 TEST_F(TcpConnectTest, WhatIsNoHostIsNotConnectedAtOnce)
 {
     const LoopbackListener listener;
     for (const QString &host :
-         {QString(), QStringLiteral(" "), QStringLiteral("local host"),
-          QStringLiteral("127.0.0.1 "), QStringLiteral("http://127.0.0.1"),
-          QStringLiteral("127.0.0.1/path"), QStringLiteral("user@127.0.0.1"),
-          QStringLiteral("127.0.0.1:80"), QStringLiteral("[::1]"), QStringLiteral("::g"),
-          QStringLiteral("%6c%6f"), QStringLiteral("127.0.0.1\u0000x")}) {
+         {QString(), u" "_s, u"local host"_s, u"127.0.0.1 "_s, u"http://127.0.0.1"_s,
+          u"127.0.0.1/path"_s, u"user@127.0.0.1"_s, u"127.0.0.1:80"_s, u"[::1]"_s, u"::g"_s,
+          u"%6c%6f"_s, u"127.0.0.1\u0000x"_s}) {
         const QFuture<TcpResult> future = m_network.connect(host, listener.port(), 10s);
         ASSERT_TRUE(future.isFinished()) << host.toStdString();
         EXPECT_FALSE(future.result().isConnected) << host.toStdString();
@@ -111,7 +111,7 @@ TEST_F(TcpConnectTest, AnInternationalNameIsLookedUpInItsAsciiForm)
 {
     // Letters of full width are the plain ones to a resolver.
     const LoopbackListener listener;
-    EXPECT_TRUE(connect(QStringLiteral("ｌｏｃａｌｈｏｓｔ"), listener.port()).isConnected);
+    EXPECT_TRUE(connect(u"ｌｏｃａｌｈｏｓｔ"_s, listener.port()).isConnected);
 }
 
 TEST_F(TcpConnectTest, NeverUsesAProxy)
@@ -120,14 +120,14 @@ TEST_F(TcpConnectTest, NeverUsesAProxy)
     const QByteArray address = "http://127.0.0.1:" + QByteArray::number(proxy.port());
     for (const char *name : {"http_proxy", "https_proxy", "ALL_PROXY"})
         qputenv(name, address);
-    EXPECT_FALSE(connect(QStringLiteral("127.0.0.1"), closedPort()).isConnected);
+    EXPECT_FALSE(connect(u"127.0.0.1"_s, closedPort()).isConnected);
     for (const char *name : {"http_proxy", "https_proxy", "ALL_PROXY"})
         qunsetenv(name);
 }
 
 TEST_F(TcpConnectTest, PortZeroIsNotConnected)
 {
-    EXPECT_FALSE(connect(QStringLiteral("127.0.0.1"), 0).isConnected);
+    EXPECT_FALSE(connect(u"127.0.0.1"_s, 0).isConnected);
 }
 
 } // namespace

@@ -16,6 +16,8 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -49,7 +51,7 @@ protected:
     }
 
     const QTemporaryDir m_folder;
-    const QByteArray m_bundle = path(QStringLiteral("bundle.pem"));
+    const QByteArray m_bundle = path(u"bundle.pem"_s);
     const TestCertificates m_one;
     const TestCertificates m_other;
     const QByteArray m_onesPem = contentOf(m_one.authorityFile());
@@ -73,14 +75,14 @@ TEST_F(TrustedCertificatesTest, AreParsedOnceForEachStateOfTheFile)
 
 TEST_F(TrustedCertificatesTest, AReplacedTargetOfALinkIsNoticed)
 {
-    const QByteArray target = path(QStringLiteral("renewed.pem"));
+    const QByteArray target = path(u"renewed.pem"_s);
     write(target, m_onesPem + m_othersPem);
-    write(path(QStringLiteral("old.pem")), m_onesPem);
-    ASSERT_TRUE(QFile::link(QStringLiteral("old.pem"), QFile::decodeName(m_bundle)));
+    write(path(u"old.pem"_s), m_onesPem);
+    ASSERT_TRUE(QFile::link(u"old.pem"_s, QFile::decodeName(m_bundle)));
     TrustedCertificates certificates({.directory = {}, .file = m_bundle});
     EXPECT_EQ(countIn(certificates.current()), 1);
     ASSERT_TRUE(QFile::remove(QFile::decodeName(m_bundle)));
-    ASSERT_TRUE(QFile::link(QStringLiteral("renewed.pem"), QFile::decodeName(m_bundle)));
+    ASSERT_TRUE(QFile::link(u"renewed.pem"_s, QFile::decodeName(m_bundle)));
     EXPECT_EQ(countIn(certificates.current()), 2);
 }
 
@@ -113,7 +115,7 @@ TEST_F(TrustedCertificatesTest, APipeKeepsNobodyWaiting)
 
 TEST_F(TrustedCertificatesTest, AnAddedFileInTheDirectoryIsNoticed)
 {
-    const QByteArray directory = path(QStringLiteral("hashed"));
+    const QByteArray directory = path(u"hashed"_s);
     ASSERT_TRUE(QDir().mkdir(QFile::decodeName(directory)));
     TrustedCertificates certificates({.directory = directory, .file = {}});
     const TrustedCertificates::Store first = certificates.current();
@@ -124,7 +126,7 @@ TEST_F(TrustedCertificatesTest, AnAddedFileInTheDirectoryIsNoticed)
 
 TEST_F(TrustedCertificatesTest, AnAddedFileInAnyOfSeveralDirectoriesIsNoticed)
 {
-    const QByteArray directory = path(QStringLiteral("hashed"));
+    const QByteArray directory = path(u"hashed"_s);
     ASSERT_TRUE(QDir().mkdir(QFile::decodeName(directory)));
     TrustedCertificates certificates(
         {.directory = m_one.authorityDirectory() + ':' + directory, .file = {}});
@@ -179,8 +181,7 @@ TEST_F(TrustedFetchTest, WithoutCertificatesNothingIsTrustedAndTheDateIsKnown)
     write(m_bundle, {});
     for (const TrustStore &trustStore :
          {TrustStore{}, TrustStore{.directory = {}, .file = m_bundle},
-          TrustStore{.directory = path(QStringLiteral("nowhere")),
-          .file = path(QStringLiteral("no"))}}) {
+          TrustStore{.directory = path(u"nowhere"_s), .file = path(u"no"_s)}}) {
         m_dates->dates.clear();
         const HttpResult result = fetch(trustStore);
         EXPECT_FALSE(result.hasResponse);

@@ -4,13 +4,14 @@
 #include "HostileBehaviours.h"
 #include "OstrelDesktop.h"
 #include "Printers.h"
-#include "Text.h"
 #include "WaitFor.h"
 
 #include <QFile>
 #include <QRegularExpression>
 
 #include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
 
 namespace ostrel::test {
 
@@ -28,13 +29,13 @@ QStringList actionsOf(AccessibleRole role)
     switch (role) {
     case AccessibleRole::checkBox:
     case AccessibleRole::radioButton:
-        return {text("Press"), text("Toggle")};
+        return {u"Press"_s, u"Toggle"_s};
     case AccessibleRole::pushButton:
     case AccessibleRole::menuItem:
     case AccessibleRole::comboBox:
-        return {text("Press")};
+        return {u"Press"_s};
     case AccessibleRole::splitPane:
-        return {text("Decrease"), text("Increase")};
+        return {u"Decrease"_s, u"Increase"_s};
     default:
         return {};
     }
@@ -61,7 +62,7 @@ QStringList spoken(const QList<AccessibleItem> &items)
         if (item.role == AccessibleRole::application)
             continue;
         expectUsable(item);
-        lines += item.node.roleName() + text(" '") + item.name + u'\'';
+        lines += item.node.roleName() + u" '"_s + item.name + u'\'';
     }
     return lines;
 }
@@ -86,14 +87,13 @@ Check checkOf(const Monitor &monitor, std::chrono::minutes age, bool isUp)
             .statusCode = isUp ? 200 : 503,
             .isUp = isUp,
             .responseTime = 245,
-            .error = isUp ? OptionalText() : OptionalText(text("HTTP 503"))};
+            .error = isUp ? OptionalText() : OptionalText(u"HTTP 503"_s)};
 }
 
 QStringList header(const QString &name, const QString &address)
 {
-    return {text("heading '%1'").arg(name), text("label '%1'").arg(address),
-            text("push button 'Check now'"), text("push button 'Edit monitor'"),
-            text("push button 'Get help'")};
+    return {u"heading '%1'"_s.arg(name), u"label '%1'"_s.arg(address), u"push button 'Check now'"_s,
+            u"push button 'Edit monitor'"_s, u"push button 'Get help'"_s};
 }
 
 class AccessibleTreeTest : public testing::Test
@@ -103,7 +103,7 @@ protected:
     {
         for (Monitor &monitor : monitors)
             monitor.interval = monitor.timeout = Seconds(3600);
-        monitors[0].keyword = text("OK");
+        monitors[0].keyword = u"OK"_s;
         monitors[3].isEnabled = false;
     }
 
@@ -116,7 +116,7 @@ protected:
                 json += ',';
             appendCheck(json, check);
         }
-        QFile file(desktop.program.dataDir() + text("/checks.json"));
+        QFile file(desktop.program.dataDir() + u"/checks.json"_s);
         if (file.open(QIODevice::WriteOnly))
             file.write(QByteArray::fromStdString(json + "]]"));
     }
@@ -128,8 +128,8 @@ protected:
         writeHistory({checkOf(monitors[0], 120min, true), checkOf(monitors[0], 60min, false),
                       checkOf(monitors[0], 30min, true)});
         ASSERT_TRUE(desktop.start());
-        ASSERT_TRUE(waitForLine(text("list item 'Database, down, .*")));
-        ASSERT_TRUE(waitForLine(text("list item 'Shop, up, .*")));
+        ASSERT_TRUE(waitForLine(u"list item 'Database, down, .*"_s));
+        ASSERT_TRUE(waitForLine(u"list item 'Shop, up, .*"_s));
     }
 
     [[nodiscard]] bool waitForLine(const QString &pattern)
@@ -160,7 +160,7 @@ protected:
     [[nodiscard]] bool press(AccessibleRole role, const QString &name)
     {
         const auto found = item(role, name);
-        return found && found->node.act(text("Press"));
+        return found && found->node.act(u"Press"_s);
     }
     [[nodiscard]] bool waitForState(AccessibleRole role, const QString &name, AccessibleState state)
     {
@@ -179,32 +179,31 @@ protected:
     [[nodiscard]] QStringList sheet()
     {
         const QStringList lines = spoken(desktop.items());
-        return lines.sliced(lines.indexOf(QRegularExpression(text("^dialog .*"))));
+        return lines.sliced(lines.indexOf(QRegularExpression(u"^dialog .*"_s)));
     }
 
     [[nodiscard]] static QStringList sidebar(const QStringList &rows)
     {
-        return QStringList{text("frame 'Ostrel'"), text("list 'Monitors'"),
-                           text("list item 'Ostrel'")} +
+        return QStringList{u"frame 'Ostrel'"_s, u"list 'Monitors'"_s, u"list item 'Ostrel'"_s} +
                rows +
-               QStringList{text("push button 'Add Monitor'"), text("push button 'Settings'"),
-                           text("splitter 'Sidebar width'")};
+               QStringList{u"push button 'Add Monitor'"_s, u"push button 'Settings'"_s,
+                           u"splitter 'Sidebar width'"_s};
     }
     [[nodiscard]] static QStringList fourRows()
     {
-        return {text("list item 'Shop, up, \\d+ ms, 24-hour uptime 75.0%'"),
-                text("list item 'Database, down, 24-hour uptime 0.0%'"),
-                text("list item 'Quiet, pending, 24-hour uptime 100%'"),
-                text("list item 'Old Shop, paused, 24-hour uptime 100%'")};
+        return {u"list item 'Shop, up, \\d+ ms, 24-hour uptime 75.0%'"_s,
+                u"list item 'Database, down, 24-hour uptime 0.0%'"_s,
+                u"list item 'Quiet, pending, 24-hour uptime 100%'"_s,
+                u"list item 'Old Shop, paused, 24-hour uptime 100%'"_s};
     }
 
     HostileServer server{answerWith("OK")};
     HostileServer silent{staySilent};
     QList<Monitor> monitors = {
-        webMonitor(text("Shop"), server.url()),
-        portMonitor(text("Database"), text("127.0.0.1"), closedPort()),
-        webMonitor(text("Quiet"), silent.url()),
-        webMonitor(text("Old Shop"), server.url()),
+        webMonitor(u"Shop"_s, server.url()),
+        portMonitor(u"Database"_s, u"127.0.0.1"_s, closedPort()),
+        webMonitor(u"Quiet"_s, silent.url()),
+        webMonitor(u"Old Shop"_s, server.url()),
     };
     OstrelDesktop desktop;
 };
@@ -214,10 +213,9 @@ protected:
 TEST_F(AccessibleTreeTest, TheEmptyDashboardInvites)
 {
     ASSERT_TRUE(desktop.start());
-    expectSpoken(sidebar({}) +
-                 QStringList{text("label 'Start Monitoring'"),
-                             text("label 'Add a URL to track uptime and response time'"),
-                             text("push button 'Add Monitor'")});
+    expectSpoken(sidebar({}) + QStringList{u"label 'Start Monitoring'"_s,
+                                           u"label 'Add a URL to track uptime and response time'"_s,
+                                           u"push button 'Add Monitor'"_s});
     EXPECT_EQ(desktop.program.stop(), 0);
 }
 
@@ -226,54 +224,52 @@ TEST_F(AccessibleTreeTest, TheDashboardTellsEveryMonitorAndThePagesAllThatTheySh
     ASSERT_NO_FATAL_FAILURE(startWatching());
     const QStringList rows = sidebar(fourRows());
     QStringList cards = fourRows();
-    cards.replaceInStrings(QRegularExpression(text("^list item")), text("push button"));
+    cards.replaceInStrings(QRegularExpression(u"^list item"_s), u"push button"_s);
     expectSpoken(rows +
-                 QStringList{text("list 'Dashboard'"), text("label 'Issues Detected'"),
-                             text("label '1 of 4 monitors up'")} +
+                 QStringList{u"list 'Dashboard'"_s, u"label 'Issues Detected'"_s,
+                             u"label '1 of 4 monitors up'"_s} +
                  cards);
 
     ASSERT_TRUE(desktop.user.press("Down"));
-    expectSpoken(rows + header(text("Shop"), text("127\\.0\\.0\\.1:\\d+")) +
-                 QStringList{text("label 'UP'"), text("label 'Keyword OK'"),
-                             text("label 'Last checked .+'"), text("label 'Avg Response, \\d+ ms'"),
-                             text("label 'Uptime 24h, 75.0 %'"), text("label 'Uptime 7d, 75.0 %'"),
-                             text("label 'Uptime 30d, 75.0 %'"), text("heading 'Uptime'"),
-                             text("label '75.00%'"),
-                             text("graphic 'Uptime 75.00%, checks: 4, failed: 1, oldest: 2h ago'"),
-                             text("label '2h ago'"), text("label 'Now'"),
-                             text("heading 'Response Time'"), text("label '\\d+ ms'"),
-                             text("graphic 'Response Time: newest \\d+ ms, lowest \\d+ ms, "
-                                  "highest 245 ms, average \\d+ ms'"),
-                             text("heading 'Recent Checks'"), text("label '4 in 24h'")});
+    expectSpoken(rows + header(u"Shop"_s, u"127\\.0\\.0\\.1:\\d+"_s) +
+                 QStringList{u"label 'UP'"_s, u"label 'Keyword OK'"_s, u"label 'Last checked .+'"_s,
+                             u"label 'Avg Response, \\d+ ms'"_s, u"label 'Uptime 24h, 75.0 %'"_s,
+                             u"label 'Uptime 7d, 75.0 %'"_s, u"label 'Uptime 30d, 75.0 %'"_s,
+                             u"heading 'Uptime'"_s, u"label '75.00%'"_s,
+                             u"graphic 'Uptime 75.00%, checks: 4, failed: 1, oldest: 2h ago'"_s,
+                             u"label '2h ago'"_s, u"label 'Now'"_s, u"heading 'Response Time'"_s,
+                             u"label '\\d+ ms'"_s,
+                             u"graphic 'Response Time: newest \\d+ ms, lowest \\d+ ms, "
+                             "highest 245 ms, average \\d+ ms'"_s,
+                             u"heading 'Recent Checks'"_s, u"label '4 in 24h'"_s});
 
     // The newest checks stand below the window's edge.
     ASSERT_TRUE(desktop.user.press("Next"));
-    const QString clock = text("\\d\\d:\\d\\d");
-    EXPECT_TRUE(waitForLine(text("list 'Recent Checks'")));
-    EXPECT_TRUE(waitForLine(text("list item '%1, up, 200, \\d+ ms'").arg(clock)));
-    EXPECT_TRUE(waitForLine(text("list item '%1, down, 503, HTTP 503'").arg(clock)));
+    const QString clock = u"\\d\\d:\\d\\d"_s;
+    EXPECT_TRUE(waitForLine(u"list 'Recent Checks'"_s));
+    EXPECT_TRUE(waitForLine(u"list item '%1, up, 200, \\d+ ms'"_s.arg(clock)));
+    EXPECT_TRUE(waitForLine(u"list item '%1, down, 503, HTTP 503'"_s.arg(clock)));
 
     ASSERT_TRUE(desktop.user.press("Down"));
-    expectSpoken(rows + header(text("Database"), text("127\\.0\\.0\\.1")) +
-                 QStringList{text("label 'DOWN'"), text("label 'Port \\d+'"),
-                             text("label 'Last checked .+'"), text("label 'Avg Response, --'"),
-                             text("label 'Uptime 24h, 0.0 %'"), text("label 'Uptime 7d, 0.0 %'"),
-                             text("label 'Uptime 30d, 0.0 %'"), text("heading 'Uptime'"),
-                             text("label '0.00%'"),
-                             text("graphic 'Uptime 0.00%, checks: 1, failed: 1, oldest: .+'"),
-                             text("label '.+ ago'"), text("label 'Now'"),
-                             text("heading 'Response Time'"), text("label 'Waiting for data'"),
-                             text("heading 'Recent Checks'"), text("label '1 in 24h'")});
+    expectSpoken(
+        rows + header(u"Database"_s, u"127\\.0\\.0\\.1"_s) +
+        QStringList{
+            u"label 'DOWN'"_s, u"label 'Port \\d+'"_s, u"label 'Last checked .+'"_s,
+            u"label 'Avg Response, --'"_s, u"label 'Uptime 24h, 0.0 %'"_s,
+            u"label 'Uptime 7d, 0.0 %'"_s, u"label 'Uptime 30d, 0.0 %'"_s, u"heading 'Uptime'"_s,
+            u"label '0.00%'"_s, u"graphic 'Uptime 0.00%, checks: 1, failed: 1, oldest: .+'"_s,
+            u"label '.+ ago'"_s, u"label 'Now'"_s, u"heading 'Response Time'"_s,
+            u"label 'Waiting for data'"_s, u"heading 'Recent Checks'"_s, u"label '1 in 24h'"_s});
 
     ASSERT_TRUE(desktop.user.press("Down"));
-    expectSpoken(rows + header(text("Quiet"), text("127\\.0\\.0\\.1:\\d+")) +
-                 QStringList{text("label 'PENDING'"), text("label 'Avg Response, --'"),
-                             text("label 'Uptime 24h, 100 %'"), text("label 'Uptime 7d, 100 %'"),
-                             text("label 'Uptime 30d, 100 %'"), text("heading 'Uptime'"),
-                             text("graphic 'Uptime: No data'"), text("label 'Collecting data...'"),
-                             text("label 'No data'"), text("label 'Now'"),
-                             text("heading 'Response Time'"), text("label 'No checks yet'"),
-                             text("heading 'Recent Checks'"), text("label '0 in 24h'")});
+    expectSpoken(rows + header(u"Quiet"_s, u"127\\.0\\.0\\.1:\\d+"_s) +
+                 QStringList{u"label 'PENDING'"_s, u"label 'Avg Response, --'"_s,
+                             u"label 'Uptime 24h, 100 %'"_s, u"label 'Uptime 7d, 100 %'"_s,
+                             u"label 'Uptime 30d, 100 %'"_s, u"heading 'Uptime'"_s,
+                             u"graphic 'Uptime: No data'"_s, u"label 'Collecting data...'"_s,
+                             u"label 'No data'"_s, u"label 'Now'"_s, u"heading 'Response Time'"_s,
+                             u"label 'No checks yet'"_s, u"heading 'Recent Checks'"_s,
+                             u"label '0 in 24h'"_s});
     EXPECT_EQ(desktop.program.stop(), 0);
 }
 
@@ -281,30 +277,29 @@ TEST_F(AccessibleTreeTest, ARowSaysWhereItIsAndWhetherItIsMeant)
 {
     ASSERT_NO_FATAL_FAILURE(startWatching());
     ASSERT_TRUE(desktop.user.press("Down"));
-    ASSERT_TRUE(waitFor([this] { return focusedName().startsWith(text("Shop, ")); }));
+    ASSERT_TRUE(waitFor([this] { return focusedName().startsWith(u"Shop, "_s); }));
     const auto shop = *desktop.focusedItem();
     EXPECT_EQ(shop.role, AccessibleRole::listItem);
     EXPECT_TRUE(shop.has(AccessibleState::selected));
     EXPECT_EQ(shop.description, QString::fromLatin1(server.url()).section(u'/', 2, 2));
 
     // Given the keyboard by a tool, a row shows its page, and the arrows go on from there.
-    const auto quiet = item(AccessibleRole::listItem, text("Quiet, pending, 24-hour uptime 100%"));
-    ASSERT_TRUE(quiet && quiet->node.act(text("SetFocus")));
-    EXPECT_TRUE(waitForLine(text("heading 'Quiet'")));
+    const auto quiet = item(AccessibleRole::listItem, u"Quiet, pending, 24-hour uptime 100%"_s);
+    ASSERT_TRUE(quiet && quiet->node.act(u"SetFocus"_s));
+    EXPECT_TRUE(waitForLine(u"heading 'Quiet'"_s));
     ASSERT_TRUE(desktop.user.press("Up"));
-    EXPECT_TRUE(waitForLine(text("heading 'Database'")));
-    ASSERT_TRUE(shop.node.act(text("Press")));
-    EXPECT_TRUE(waitForLine(text("heading 'Shop'")));
+    EXPECT_TRUE(waitForLine(u"heading 'Database'"_s));
+    ASSERT_TRUE(shop.node.act(u"Press"_s));
+    EXPECT_TRUE(waitForLine(u"heading 'Shop'"_s));
 
-    const auto home = item(AccessibleRole::listItem, text("Ostrel"));
-    ASSERT_TRUE(home && home->node.act(text("Press")));
-    ASSERT_TRUE(waitForLine(text("list 'Dashboard'")));
-    const auto card =
-        item(AccessibleRole::pushButton, text("Old Shop, paused, 24-hour uptime 100%"));
-    ASSERT_TRUE(card && card->node.act(text("SetFocus")));
-    EXPECT_TRUE(waitFor([this] { return focusedName().startsWith(text("Old Shop")); }));
+    const auto home = item(AccessibleRole::listItem, u"Ostrel"_s);
+    ASSERT_TRUE(home && home->node.act(u"Press"_s));
+    ASSERT_TRUE(waitForLine(u"list 'Dashboard'"_s));
+    const auto card = item(AccessibleRole::pushButton, u"Old Shop, paused, 24-hour uptime 100%"_s);
+    ASSERT_TRUE(card && card->node.act(u"SetFocus"_s));
+    EXPECT_TRUE(waitFor([this] { return focusedName().startsWith(u"Old Shop"_s); }));
     ASSERT_TRUE(desktop.user.press("Return"));
-    EXPECT_TRUE(waitForLine(text("heading 'Old Shop'")));
+    EXPECT_TRUE(waitForLine(u"heading 'Old Shop'"_s));
     EXPECT_EQ(desktop.program.stop(), 0);
 }
 
@@ -317,136 +312,136 @@ TEST_F(AccessibleTreeTest, WhereTheKeyboardGoesIsTold)
         return desktop.user.press(key) &&
                waitFor([&] { return listener.heard().filter(name).size() == 1; });
     };
-    EXPECT_TRUE(isTold("Down", text("Shop, up")));
-    EXPECT_TRUE(isTold("Down", text("Database, down")));
+    EXPECT_TRUE(isTold("Down", u"Shop, up"_s));
+    EXPECT_TRUE(isTold("Down", u"Database, down"_s));
     ASSERT_TRUE(desktop.user.press("shift+F10"));
-    ASSERT_TRUE(waitForLine(text("popup menu 'Database'")));
-    EXPECT_TRUE(isTold("Down", text("Check Now")));
-    EXPECT_TRUE(isTold("Down", text("Pause")));
-    EXPECT_TRUE(isTold("Escape", text("Database, down")));
-    EXPECT_TRUE(isTold("Escape", text("Ostrel")));
-    EXPECT_TRUE(isTold("Tab", text("Add Monitor")));
-    EXPECT_TRUE(isTold("Tab", text("Settings")));
-    EXPECT_TRUE(isTold("Tab", text("Sidebar width")));
-    EXPECT_TRUE(isTold("Tab", text("Shop, up"))) << "its card";
-    EXPECT_TRUE(isTold("Right", text("Database, down")));
-    EXPECT_TRUE(isTold("ctrl+n", text("Website address")));
-    const auto picker = item(AccessibleRole::comboBox, text("Keyword"));
-    ASSERT_TRUE(picker && picker->node.act(text("SetFocus")));
-    EXPECT_TRUE(isTold("Return", text("Must exist")));
-    EXPECT_TRUE(isTold("Down", text("Must not exist")));
+    ASSERT_TRUE(waitForLine(u"popup menu 'Database'"_s));
+    EXPECT_TRUE(isTold("Down", u"Check Now"_s));
+    EXPECT_TRUE(isTold("Down", u"Pause"_s));
+    EXPECT_TRUE(isTold("Escape", u"Database, down"_s));
+    EXPECT_TRUE(isTold("Escape", u"Ostrel"_s));
+    EXPECT_TRUE(isTold("Tab", u"Add Monitor"_s));
+    EXPECT_TRUE(isTold("Tab", u"Settings"_s));
+    EXPECT_TRUE(isTold("Tab", u"Sidebar width"_s));
+    EXPECT_TRUE(isTold("Tab", u"Shop, up"_s)) << "its card";
+    EXPECT_TRUE(isTold("Right", u"Database, down"_s));
+    EXPECT_TRUE(isTold("ctrl+n", u"Website address"_s));
+    const auto picker = item(AccessibleRole::comboBox, u"Keyword"_s);
+    ASSERT_TRUE(picker && picker->node.act(u"SetFocus"_s));
+    EXPECT_TRUE(isTold("Return", u"Must exist"_s));
+    EXPECT_TRUE(isTold("Down", u"Must not exist"_s));
     ASSERT_TRUE(desktop.user.press("Return"));
-    EXPECT_TRUE(waitFor([&] { return picker->node.description() == text("Must not exist"); }));
-    EXPECT_TRUE(item(AccessibleRole::dialog, text("New Monitor"))) << "Return was the picker's";
+    EXPECT_TRUE(waitFor([&] { return picker->node.description() == u"Must not exist"_s; }));
+    EXPECT_TRUE(item(AccessibleRole::dialog, u"New Monitor"_s)) << "Return was the picker's";
     EXPECT_EQ(desktop.program.stop(), 0);
 }
 
 TEST_F(AccessibleTreeTest, TheSheetIsOneDialogAndCanBeFilledWithItsActions)
 {
     ASSERT_TRUE(desktop.start());
-    ASSERT_TRUE(press(AccessibleRole::pushButton, text("Add Monitor")));
-    ASSERT_TRUE(waitForLine(text("dialog 'New Monitor'")));
-    ASSERT_TRUE(press(AccessibleRole::pushButton, text("Advanced")));
-    ASSERT_TRUE(waitForLine(text("panel 'Method'")));
+    ASSERT_TRUE(press(AccessibleRole::pushButton, u"Add Monitor"_s));
+    ASSERT_TRUE(waitForLine(u"dialog 'New Monitor'"_s));
+    ASSERT_TRUE(press(AccessibleRole::pushButton, u"Advanced"_s));
+    ASSERT_TRUE(waitForLine(u"panel 'Method'"_s));
     const QStringList intervals = {
-        text("label 'CHECK EVERY'"), text("panel 'CHECK EVERY'"), text("radio button '30s'"),
-        text("radio button '1m'"),   text("radio button '5m'"),   text("radio button '15m'"),
-        text("radio button '30m'"),  text("radio button '1h'"),
+        u"label 'CHECK EVERY'"_s, u"panel 'CHECK EVERY'"_s, u"radio button '30s'"_s,
+        u"radio button '1m'"_s,   u"radio button '5m'"_s,   u"radio button '15m'"_s,
+        u"radio button '30m'"_s,  u"radio button '1h'"_s,
     };
-    const QStringList head = {text("dialog 'New Monitor'"), text("heading 'New Monitor'"),
-                              text("panel 'Type'"), text("radio button 'Website'"),
-                              text("radio button 'Port'")};
-    const QStringList foot = {text("label 'Timeout'"), text("text 'Timeout'"),
-                              text("push button 'Cancel'"), text("push button 'Start Monitoring'")};
+    const QStringList head = {u"dialog 'New Monitor'"_s, u"heading 'New Monitor'"_s,
+                              u"panel 'Type'"_s, u"radio button 'Website'"_s,
+                              u"radio button 'Port'"_s};
+    const QStringList foot = {u"label 'Timeout'"_s, u"text 'Timeout'"_s, u"push button 'Cancel'"_s,
+                              u"push button 'Start Monitoring'"_s};
     const QStringList website = {
-        text("label 'CHECK FOR KEYWORD (OPTIONAL)'"),
-        text("text 'CHECK FOR KEYWORD (OPTIONAL)'"),
-        text("combo box 'Keyword'"),
-        text("label 'ALERT IF SLOWER THAN (OPTIONAL)'"),
-        text("text 'ALERT IF SLOWER THAN (OPTIONAL)'"),
-        text("label 'ms'"),
-        text("push button 'Advanced'"),
-        text("label 'Method'"),
-        text("panel 'Method'"),
-        text("radio button 'GET'"),
-        text("radio button 'HEAD'"),
-        text("radio button 'POST'"),
+        u"label 'CHECK FOR KEYWORD (OPTIONAL)'"_s,
+        u"text 'CHECK FOR KEYWORD (OPTIONAL)'"_s,
+        u"combo box 'Keyword'"_s,
+        u"label 'ALERT IF SLOWER THAN (OPTIONAL)'"_s,
+        u"text 'ALERT IF SLOWER THAN (OPTIONAL)'"_s,
+        u"label 'ms'"_s,
+        u"push button 'Advanced'"_s,
+        u"label 'Method'"_s,
+        u"panel 'Method'"_s,
+        u"radio button 'GET'"_s,
+        u"radio button 'HEAD'"_s,
+        u"radio button 'POST'"_s,
     };
-    const QStringList address = {text("text 'Website address'")};
+    const QStringList address = {u"text 'Website address'"_s};
     EXPECT_EQ(sheet(), head + address + intervals + website + foot);
-    EXPECT_EQ(item(AccessibleRole::pushButton, text("Start Monitoring"))->description,
-              text("Unavailable"));
-    EXPECT_EQ(item(AccessibleRole::pushButton, text("Advanced"))->description, text("Expanded"));
+    EXPECT_EQ(item(AccessibleRole::pushButton, u"Start Monitoring"_s)->description,
+              u"Unavailable"_s);
+    EXPECT_EQ(item(AccessibleRole::pushButton, u"Advanced"_s)->description, u"Expanded"_s);
 
-    ASSERT_TRUE(press(AccessibleRole::radioButton, text("1h")));
-    EXPECT_TRUE(waitForState(AccessibleRole::radioButton, text("1h"), AccessibleState::checked));
-    EXPECT_FALSE(item(AccessibleRole::radioButton, text("5m"))->has(AccessibleState::checked));
+    ASSERT_TRUE(press(AccessibleRole::radioButton, u"1h"_s));
+    EXPECT_TRUE(waitForState(AccessibleRole::radioButton, u"1h"_s, AccessibleState::checked));
+    EXPECT_FALSE(item(AccessibleRole::radioButton, u"5m"_s)->has(AccessibleState::checked));
 
-    ASSERT_TRUE(press(AccessibleRole::comboBox, text("Keyword")));
-    ASSERT_TRUE(waitForLine(text("list 'Keyword'")));
-    ASSERT_TRUE(press(AccessibleRole::listItem, text("Must not exist")));
-    ASSERT_TRUE(desktop.waitUntilGone(AccessibleRole::list, text("Keyword")));
-    EXPECT_EQ(item(AccessibleRole::comboBox, text("Keyword"))->description, text("Must not exist"));
+    ASSERT_TRUE(press(AccessibleRole::comboBox, u"Keyword"_s));
+    ASSERT_TRUE(waitForLine(u"list 'Keyword'"_s));
+    ASSERT_TRUE(press(AccessibleRole::listItem, u"Must not exist"_s));
+    ASSERT_TRUE(desktop.waitUntilGone(AccessibleRole::list, u"Keyword"_s));
+    EXPECT_EQ(item(AccessibleRole::comboBox, u"Keyword"_s)->description, u"Must not exist"_s);
 
-    ASSERT_TRUE(press(AccessibleRole::radioButton, text("Port")));
-    ASSERT_TRUE(waitForLine(text("text 'HOST'")));
-    const QStringList hostAndPort = {text("label 'HOST'"), text("text 'HOST'"),
-                                     text("label 'PORT'"), text("text 'PORT'")};
-    const QStringList advanced = {text("push button 'Advanced'")};
+    ASSERT_TRUE(press(AccessibleRole::radioButton, u"Port"_s));
+    ASSERT_TRUE(waitForLine(u"text 'HOST'"_s));
+    const QStringList hostAndPort = {u"label 'HOST'"_s, u"text 'HOST'"_s, u"label 'PORT'"_s,
+                                     u"text 'PORT'"_s};
+    const QStringList advanced = {u"push button 'Advanced'"_s};
     EXPECT_EQ(sheet(), head + hostAndPort + intervals + advanced + foot);
-    ASSERT_TRUE(press(AccessibleRole::pushButton, text("Cancel")));
-    EXPECT_TRUE(desktop.waitUntilGone(AccessibleRole::dialog, text("New Monitor")));
+    ASSERT_TRUE(press(AccessibleRole::pushButton, u"Cancel"_s));
+    EXPECT_TRUE(desktop.waitUntilGone(AccessibleRole::dialog, u"New Monitor"_s));
     EXPECT_EQ(desktop.program.stop(), 0);
 }
 
 TEST_F(AccessibleTreeTest, TheEditSheetAndTheRowMenuSayWhatTheyAreAbout)
 {
     ASSERT_NO_FATAL_FAILURE(startWatching());
-    ASSERT_TRUE(desktop.user.press({text("Down"), text("ctrl+e")}));
-    ASSERT_TRUE(waitForLine(text("dialog 'Edit Monitor'")));
-    EXPECT_TRUE(waitForLine(text("push button 'Save'")));
-    const auto address = item(AccessibleRole::text, text("Website address"));
+    ASSERT_TRUE(desktop.user.press({u"Down"_s, u"ctrl+e"_s}));
+    ASSERT_TRUE(waitForLine(u"dialog 'Edit Monitor'"_s));
+    EXPECT_TRUE(waitForLine(u"push button 'Save'"_s));
+    const auto address = item(AccessibleRole::text, u"Website address"_s);
     ASSERT_TRUE(address);
     EXPECT_EQ(address->node.text(), QString::fromLatin1(server.url()));
-    EXPECT_EQ(address->description, text("Valid"));
-    EXPECT_TRUE(item(AccessibleRole::radioButton, text("1h"))->has(AccessibleState::checked));
+    EXPECT_EQ(address->description, u"Valid"_s);
+    EXPECT_TRUE(item(AccessibleRole::radioButton, u"1h"_s)->has(AccessibleState::checked));
     ASSERT_TRUE(desktop.user.press("Escape"));
-    ASSERT_TRUE(desktop.waitUntilGone(AccessibleRole::dialog, text("Edit Monitor")));
+    ASSERT_TRUE(desktop.waitUntilGone(AccessibleRole::dialog, u"Edit Monitor"_s));
 
     ASSERT_TRUE(desktop.user.press("shift+F10"));
-    ASSERT_TRUE(waitForLine(text("popup menu 'Shop'")));
-    EXPECT_EQ(spoken(desktop.items()).last(3),
-              (QStringList{text("menu item 'Check Now'"), text("menu item 'Pause'"),
-                           text("menu item 'Delete'")}));
-    ASSERT_TRUE(press(AccessibleRole::menuItem, text("Pause")));
-    EXPECT_TRUE(waitForLine(text("list item 'Shop, paused, .*")));
-    EXPECT_TRUE(desktop.waitUntilGone(AccessibleRole::popupMenu, text("Shop")));
+    ASSERT_TRUE(waitForLine(u"popup menu 'Shop'"_s));
+    EXPECT_EQ(
+        spoken(desktop.items()).last(3),
+        (QStringList{u"menu item 'Check Now'"_s, u"menu item 'Pause'"_s, u"menu item 'Delete'"_s}));
+    ASSERT_TRUE(press(AccessibleRole::menuItem, u"Pause"_s));
+    EXPECT_TRUE(waitForLine(u"list item 'Shop, paused, .*"_s));
+    EXPECT_TRUE(desktop.waitUntilGone(AccessibleRole::popupMenu, u"Shop"_s));
     EXPECT_EQ(desktop.program.stop(), 0);
 }
 
 TEST_F(AccessibleTreeTest, TheSettingsAreSwitchesWithTheirLabelsAsNames)
 {
     ASSERT_TRUE(desktop.start());
-    ASSERT_TRUE(press(AccessibleRole::pushButton, text("Settings")));
-    ASSERT_TRUE(waitForLine(text("frame 'Settings'")));
-    EXPECT_EQ(spoken(desktop.items()).last(9),
-              (QStringList{
-                  text("heading 'General'"), text("check box 'Launch at Login'"),
-                  text("heading 'Notifications'"), text("check box 'Play Sounds on Status Change'"),
-                  text("push button 'Open Notification Settings...'"), text("heading 'Data'"),
-                  text("label 'Stored in'"), text("text 'Stored in'"),
-                  text("push button 'Reveal in File Manager'")}));
-    const auto folder = item(AccessibleRole::text, text("Stored in"));
-    EXPECT_TRUE(folder->node.text().endsWith(text("data/Vantry/")));
+    ASSERT_TRUE(press(AccessibleRole::pushButton, u"Settings"_s));
+    ASSERT_TRUE(waitForLine(u"frame 'Settings'"_s));
+    EXPECT_EQ(
+        spoken(desktop.items()).last(9),
+        (QStringList{u"heading 'General'"_s, u"check box 'Launch at Login'"_s,
+                     u"heading 'Notifications'"_s, u"check box 'Play Sounds on Status Change'"_s,
+                     u"push button 'Open Notification Settings...'"_s, u"heading 'Data'"_s,
+                     u"label 'Stored in'"_s, u"text 'Stored in'"_s,
+                     u"push button 'Reveal in File Manager'"_s}));
+    const auto folder = item(AccessibleRole::text, u"Stored in"_s);
+    EXPECT_TRUE(folder->node.text().endsWith(u"data/Vantry/"_s));
     EXPECT_FALSE(folder->has(AccessibleState::editable));
 
-    const QString sounds = text("Play Sounds on Status Change");
+    const QString sounds = u"Play Sounds on Status Change"_s;
     EXPECT_TRUE(item(AccessibleRole::checkBox, sounds)->has(AccessibleState::checked));
     EXPECT_FALSE(
-        item(AccessibleRole::checkBox, text("Launch at Login"))->has(AccessibleState::checked));
-    ASSERT_TRUE(press(AccessibleRole::checkBox, text("Launch at Login")));
+        item(AccessibleRole::checkBox, u"Launch at Login"_s)->has(AccessibleState::checked));
+    ASSERT_TRUE(press(AccessibleRole::checkBox, u"Launch at Login"_s));
     EXPECT_TRUE(
-        waitForState(AccessibleRole::checkBox, text("Launch at Login"), AccessibleState::checked));
+        waitForState(AccessibleRole::checkBox, u"Launch at Login"_s, AccessibleState::checked));
     EXPECT_EQ(desktop.program.stop(), 0);
 }
 

@@ -2,6 +2,8 @@
 
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -33,18 +35,18 @@ Monitor newMonitor(const QString &name, const QString &url)
 QString ExpectedMonitor::complaintAbout(const Check &check) const
 {
     if (check.monitorId != monitor.id || check.id.isNull())
-        return QStringLiteral("identity");
+        return u"identity"_s;
     if (check.isUp != isUp)
-        return QStringLiteral("isUp, with error '%1'").arg(check.error.value_or({}));
+        return u"isUp, with error '%1'"_s.arg(check.error.value_or({}));
     if (check.statusCode != CompactOptional<qint32>(statusCode))
-        return QStringLiteral("status code %1").arg(check.statusCode.value_or(-1));
+        return u"status code %1"_s.arg(check.statusCode.value_or(-1));
     if (!matches(errorPattern, check.error))
-        return QStringLiteral("error '%1'").arg(check.error.value_or(QStringLiteral("(none)")));
+        return u"error '%1'"_s.arg(check.error.value_or(u"(none)"_s));
     if (check.keywordFound != keywordFound)
-        return QStringLiteral("keywordFound");
+        return u"keywordFound"_s;
     const std::optional<Timestamp> expiry = sslExpiresAt;
     if (check.sslExpiresAt != CompactOptional<Timestamp>(expiry))
-        return QStringLiteral("sslExpiresAt");
+        return u"sslExpiresAt"_s;
     return {};
 }
 
@@ -63,7 +65,7 @@ Monitor portMonitor(const QString &name, const QString &host, std::optional<qint
 
 QString downNotification(const QString &name, const QString &bodyPattern)
 {
-    return QStringLiteral("%1 is Down\\|%2\\|critical").arg(name, bodyPattern);
+    return u"%1 is Down\\|%2\\|critical"_s.arg(name, bodyPattern);
 }
 
 } // namespace ostrel::test

@@ -12,6 +12,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -33,7 +35,7 @@ protected:
     {
         std::string histories;
         for (const ForeignText &foreign : storableTexts()) {
-            Monitor monitor = portMonitor(foreign.text, QStringLiteral("127.0.0.1"), 1);
+            Monitor monitor = portMonitor(foreign.text, u"127.0.0.1"_s, 1);
             monitor.interval = monitor.timeout = Seconds(3600);
             monitor.isEnabled = false;
             monitors.append(monitor);
@@ -41,7 +43,7 @@ protected:
             histories += historyOf(monitor);
         }
         desktop.program.writeMonitors(monitors);
-        QFile file(desktop.program.dataDir() + QStringLiteral("/checks.json"));
+        QFile file(desktop.program.dataDir() + u"/checks.json"_s);
         if (file.open(QIODevice::WriteOnly))
             file.write(QByteArray::fromStdString(histories + ']'));
     }

@@ -2,10 +2,11 @@
 #include "HostileBehaviours.h"
 #include "OstrelDesktop.h"
 #include "Printers.h"
-#include "Text.h"
 #include "WaitFor.h"
 
 #include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
 
 namespace ostrel::test {
 
@@ -20,14 +21,14 @@ protected:
         shop.interval = Seconds(3600);
         desktop.program.writeMonitors({shop});
         ASSERT_TRUE(desktop.start());
-        ASSERT_TRUE(desktop.waitForItem(AccessibleRole::label, text("1 of 1 monitors up")));
+        ASSERT_TRUE(desktop.waitForItem(AccessibleRole::label, u"1 of 1 monitors up"_s));
     }
 
     /// Where the keyboard is, in short: a row by its monitor's name.
     [[nodiscard]] QString place()
     {
         const auto focused = desktop.focusedItem();
-        return focused ? focused->name.section(text(", "), 0, 0) : text("(nowhere)");
+        return focused ? focused->name.section(u", "_s, 0, 0) : u"(nowhere)"_s;
     }
     [[nodiscard]] bool comesTo(const QString &name)
     {
@@ -50,7 +51,7 @@ protected:
     }
     [[nodiscard]] QRect frame()
     {
-        const auto window = itemNamed(desktop.items(), AccessibleRole::frame, text("Ostrel"));
+        const auto window = itemNamed(desktop.items(), AccessibleRole::frame, u"Ostrel"_s);
         return window ? window->extents : QRect();
     }
     [[nodiscard]] double storedSidebarWidth() const
@@ -59,7 +60,7 @@ protected:
     }
 
     HostileServer server{answerWith("OK")};
-    Monitor shop = webMonitor(text("Shop"), server.url());
+    Monitor shop = webMonitor(u"Shop"_s, server.url());
     OstrelDesktop desktop;
 };
 
@@ -68,12 +69,11 @@ protected:
 TEST_F(KeyboardTest, TabGoesRoundTheWindowAsTheEyeDoes)
 {
     ASSERT_NO_FATAL_FAILURE(start());
-    expectWalk("Tab", {text("Add Monitor"), text("Settings"), text("Sidebar width"), text("Shop"),
-                       text("Ostrel")});
-    expectWalk("Down", {text("Shop")});
-    const QStringList round = {text("Add Monitor"), text("Settings"),     text("Sidebar width"),
-                               text("Check now"),   text("Edit monitor"), text("Get help"),
-                               text("Shop")};
+    expectWalk("Tab",
+               {u"Add Monitor"_s, u"Settings"_s, u"Sidebar width"_s, u"Shop"_s, u"Ostrel"_s});
+    expectWalk("Down", {u"Shop"_s});
+    const QStringList round = {u"Add Monitor"_s,  u"Settings"_s, u"Sidebar width"_s, u"Check now"_s,
+                               u"Edit monitor"_s, u"Get help"_s, u"Shop"_s};
     expectWalk("Tab", round);
     QStringList back(round.rbegin(), round.rend());
     back.append(back.takeFirst());
@@ -84,52 +84,51 @@ TEST_F(KeyboardTest, TabGoesRoundTheWindowAsTheEyeDoes)
 TEST_F(KeyboardTest, ThePageTurnsAndComesBackToWhatHasTheKeyboard)
 {
     ASSERT_NO_FATAL_FAILURE(start());
-    ASSERT_NO_FATAL_FAILURE(expectWalk("Down", {text("Shop")}));
-    ASSERT_TRUE(desktop.waitForItem(AccessibleRole::heading, text("Shop")));
+    ASSERT_NO_FATAL_FAILURE(expectWalk("Down", {u"Shop"_s}));
+    ASSERT_TRUE(desktop.waitForItem(AccessibleRole::heading, u"Shop"_s));
     ASSERT_TRUE(desktop.user.press("Next"));
-    EXPECT_TRUE(desktop.waitForItem(AccessibleRole::list, text("Recent Checks")));
-    EXPECT_TRUE(desktop.waitUntilGone(AccessibleRole::heading, text("Shop")));
+    EXPECT_TRUE(desktop.waitForItem(AccessibleRole::list, u"Recent Checks"_s));
+    EXPECT_TRUE(desktop.waitUntilGone(AccessibleRole::heading, u"Shop"_s));
     ASSERT_TRUE(desktop.user.press("Prior"));
-    EXPECT_TRUE(desktop.waitForItem(AccessibleRole::heading, text("Shop")));
+    EXPECT_TRUE(desktop.waitForItem(AccessibleRole::heading, u"Shop"_s));
 
     ASSERT_TRUE(desktop.user.press("Next"));
-    EXPECT_TRUE(desktop.waitUntilGone(AccessibleRole::heading, text("Shop")));
-    expectWalk("Tab",
-               {text("Add Monitor"), text("Settings"), text("Sidebar width"), text("Check now")});
+    EXPECT_TRUE(desktop.waitUntilGone(AccessibleRole::heading, u"Shop"_s));
+    expectWalk("Tab", {u"Add Monitor"_s, u"Settings"_s, u"Sidebar width"_s, u"Check now"_s});
     EXPECT_EQ(desktop.program.stop(), 0);
 }
 
 TEST_F(KeyboardTest, TheSheetKeepsTheKeyboardUntilItCloses)
 {
     ASSERT_NO_FATAL_FAILURE(start());
-    expectWalk("Tab", {text("Add Monitor"), text("Settings")});
+    expectWalk("Tab", {u"Add Monitor"_s, u"Settings"_s});
     ASSERT_TRUE(desktop.user.press("ctrl+n"));
-    ASSERT_TRUE(comesTo(text("Website address")));
-    QStringList round = {text("30s"),
-                         text("1m"),
-                         text("5m"),
-                         text("15m"),
-                         text("30m"),
-                         text("1h"),
-                         text("CHECK FOR KEYWORD (OPTIONAL)"),
-                         text("Keyword"),
-                         text("ALERT IF SLOWER THAN (OPTIONAL)"),
-                         text("Advanced"),
-                         text("Cancel"),
-                         text("Website"),
-                         text("Port"),
-                         text("Website address")};
+    ASSERT_TRUE(comesTo(u"Website address"_s));
+    QStringList round = {u"30s"_s,
+                         u"1m"_s,
+                         u"5m"_s,
+                         u"15m"_s,
+                         u"30m"_s,
+                         u"1h"_s,
+                         u"CHECK FOR KEYWORD (OPTIONAL)"_s,
+                         u"Keyword"_s,
+                         u"ALERT IF SLOWER THAN (OPTIONAL)"_s,
+                         u"Advanced"_s,
+                         u"Cancel"_s,
+                         u"Website"_s,
+                         u"Port"_s,
+                         u"Website address"_s};
     expectWalk("Tab", round);
 
     // What can't be saved isn't, and the sheet stays.
     ASSERT_TRUE(desktop.user.press("Return"));
-    ASSERT_TRUE(desktop.user.type(text("a.example")));
-    round.insert(round.indexOf(text("Cancel")) + 1, text("Start Monitoring"));
+    ASSERT_TRUE(desktop.user.type(u"a.example"_s));
+    round.insert(round.indexOf(u"Cancel"_s) + 1, u"Start Monitoring"_s);
     expectWalk("Tab", round);
 
     ASSERT_TRUE(desktop.user.press("Escape"));
-    EXPECT_TRUE(desktop.waitUntilGone(AccessibleRole::dialog, text("New Monitor")));
-    EXPECT_TRUE(comesTo(text("Settings"))) << "where it was";
+    EXPECT_TRUE(desktop.waitUntilGone(AccessibleRole::dialog, u"New Monitor"_s));
+    EXPECT_TRUE(comesTo(u"Settings"_s)) << "where it was";
     EXPECT_EQ(desktop.program.readMonitors()->size(), 1);
     EXPECT_EQ(desktop.program.stop(), 0);
 }
@@ -137,45 +136,45 @@ TEST_F(KeyboardTest, TheSheetKeepsTheKeyboardUntilItCloses)
 TEST_F(KeyboardTest, ThePickerClosesAloneAndReturnSaves)
 {
     ASSERT_NO_FATAL_FAILURE(start());
-    ASSERT_NO_FATAL_FAILURE(expectWalk("Down", {text("Shop")}));
+    ASSERT_NO_FATAL_FAILURE(expectWalk("Down", {u"Shop"_s}));
     ASSERT_TRUE(desktop.user.press("ctrl+e"));
-    ASSERT_TRUE(comesTo(text("Website address")));
-    const auto picker = desktop.waitForItem(AccessibleRole::comboBox, text("Keyword"));
+    ASSERT_TRUE(comesTo(u"Website address"_s));
+    const auto picker = desktop.waitForItem(AccessibleRole::comboBox, u"Keyword"_s);
     ASSERT_TRUE(picker);
 
     // Opened with the pointer, too, it takes the keys.
     ASSERT_TRUE(desktop.user.click(picker->extents.center()));
-    ASSERT_TRUE(desktop.waitForItem(AccessibleRole::list, text("Keyword")));
+    ASSERT_TRUE(desktop.waitForItem(AccessibleRole::list, u"Keyword"_s));
     ASSERT_TRUE(desktop.user.press("Escape"));
-    ASSERT_TRUE(desktop.waitUntilGone(AccessibleRole::list, text("Keyword")));
-    EXPECT_TRUE(desktop.waitForItem(AccessibleRole::dialog, text("Edit Monitor")));
-    EXPECT_TRUE(comesTo(text("Keyword")));
+    ASSERT_TRUE(desktop.waitUntilGone(AccessibleRole::list, u"Keyword"_s));
+    EXPECT_TRUE(desktop.waitForItem(AccessibleRole::dialog, u"Edit Monitor"_s));
+    EXPECT_TRUE(comesTo(u"Keyword"_s));
 
-    ASSERT_TRUE(desktop.user.press({text("Down")}));
-    EXPECT_TRUE(waitFor([&] { return picker->node.description() == text("Must not exist"); }));
+    ASSERT_TRUE(desktop.user.press({u"Down"_s}));
+    EXPECT_TRUE(waitFor([&] { return picker->node.description() == u"Must not exist"_s; }));
     ASSERT_TRUE(desktop.user.press("Tab"));
-    ASSERT_TRUE(comesTo(text("ALERT IF SLOWER THAN (OPTIONAL)")));
-    ASSERT_TRUE(desktop.user.type(text("250")));
+    ASSERT_TRUE(comesTo(u"ALERT IF SLOWER THAN (OPTIONAL)"_s));
+    ASSERT_TRUE(desktop.user.type(u"250"_s));
     ASSERT_TRUE(desktop.user.press("Return"));
-    EXPECT_TRUE(desktop.waitUntilGone(AccessibleRole::dialog, text("Edit Monitor")));
+    EXPECT_TRUE(desktop.waitUntilGone(AccessibleRole::dialog, u"Edit Monitor"_s));
     EXPECT_TRUE(waitFor([this] {
         const auto monitors = desktop.program.readMonitors();
         return monitors && !monitors->constFirst().keywordShouldExist &&
                monitors->constFirst().responseTimeThreshold == Milliseconds(250);
     }));
-    EXPECT_TRUE(comesTo(text("Shop"))) << "where it was";
+    EXPECT_TRUE(comesTo(u"Shop"_s)) << "where it was";
     EXPECT_EQ(desktop.program.stop(), 0);
 }
 
 TEST_F(KeyboardTest, TheSplitMovesWithTheArrows)
 {
     ASSERT_NO_FATAL_FAILURE(start());
-    expectWalk("Down", {text("Shop")});
-    expectWalk("Tab", {text("Add Monitor"), text("Settings"), text("Sidebar width")});
-    const auto grip = desktop.waitForItem(AccessibleRole::splitPane, text("Sidebar width"));
+    expectWalk("Down", {u"Shop"_s});
+    expectWalk("Tab", {u"Add Monitor"_s, u"Settings"_s, u"Sidebar width"_s});
+    const auto grip = desktop.waitForItem(AccessibleRole::splitPane, u"Sidebar width"_s);
     ASSERT_TRUE(grip);
     const int before = grip->extents.center().x();
-    EXPECT_EQ(grip->description, text("290 pixels"));
+    EXPECT_EQ(grip->description, u"290 pixels"_s);
     const struct
     {
         const char *key;
@@ -188,10 +187,10 @@ TEST_F(KeyboardTest, TheSplitMovesWithTheArrows)
         EXPECT_TRUE(waitFor([&] {
             return grip->node.extents().center().x() == before + width - 290;
         })) << key;
-        EXPECT_EQ(grip->node.description(), text("%1 pixels").arg(width)) << key;
+        EXPECT_EQ(grip->node.description(), u"%1 pixels"_s.arg(width)) << key;
     }
-    EXPECT_EQ(place(), text("Sidebar width"));
-    ASSERT_TRUE(grip->node.act(text("Decrease")));
+    EXPECT_EQ(place(), u"Sidebar width"_s);
+    ASSERT_TRUE(grip->node.act(u"Decrease"_s));
     EXPECT_TRUE(waitFor([&] { return storedSidebarWidth() == 370; }));
 
     // Where the pointer drags it, it stays as well.
@@ -205,12 +204,12 @@ TEST_F(KeyboardTest, TheSettingsAreReachedSwitchedAndLeft)
 {
     ASSERT_NO_FATAL_FAILURE(start());
     ASSERT_TRUE(desktop.user.press("ctrl+comma"));
-    const QString sounds = text("Play Sounds on Status Change");
-    ASSERT_TRUE(desktop.waitForItem(AccessibleRole::frame, text("Settings")));
-    ASSERT_TRUE(waitFor([this] { return place() == text("(nowhere)"); }));
+    const QString sounds = u"Play Sounds on Status Change"_s;
+    ASSERT_TRUE(desktop.waitForItem(AccessibleRole::frame, u"Settings"_s));
+    ASSERT_TRUE(waitFor([this] { return place() == u"(nowhere)"_s; }));
     for (const QString &name :
-         {text("Launch at Login"), sounds, text("Open Notification Settings..."), text("Stored in"),
-          text("Reveal in File Manager"), text("Launch at Login"), sounds}) {
+         {u"Launch at Login"_s, sounds, u"Open Notification Settings..."_s, u"Stored in"_s,
+          u"Reveal in File Manager"_s, u"Launch at Login"_s, sounds}) {
         ASSERT_TRUE(desktop.user.press("Tab"));
         ASSERT_TRUE(comesTo(name))
             << name.toStdString() << " is expected, not " << place().toStdString();
@@ -221,7 +220,7 @@ TEST_F(KeyboardTest, TheSettingsAreReachedSwitchedAndLeft)
         return item && !item->has(AccessibleState::checked);
     }));
     ASSERT_TRUE(desktop.user.press("Escape"));
-    EXPECT_TRUE(desktop.waitUntilGone(AccessibleRole::frame, text("Settings")));
+    EXPECT_TRUE(desktop.waitUntilGone(AccessibleRole::frame, u"Settings"_s));
     EXPECT_EQ(desktop.program.stop(), 0);
 }
 

@@ -10,6 +10,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -26,7 +28,7 @@ protected:
     KillTest()
     {
         for (int i = 0; i < monitorCount; ++i) {
-            Monitor monitor = webMonitor(QStringLiteral("Monitor %1").arg(i), server.url());
+            Monitor monitor = webMonitor(u"Monitor %1"_s.arg(i), server.url());
             monitor.interval = Seconds(0.1);
             monitors += monitor;
         }

@@ -1,7 +1,6 @@
 #include "ExpectedMonitor.h"
 #include "HostileBehaviours.h"
 #include "OstrelProgram.h"
-#include "Text.h"
 #include "VirtualDisplay.h"
 #include "WaitFor.h"
 #include "WindowManager.h"
@@ -15,6 +14,8 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+
+using namespace Qt::StringLiterals;
 
 namespace ostrel::test {
 
@@ -36,7 +37,7 @@ protected:
     }
 
     HostileServer server{answerWith("OK")};
-    Monitor monitor = webMonitor(text("Shop"), server.url());
+    Monitor monitor = webMonitor(u"Shop"_s, server.url());
     VirtualDisplay display;
     WindowManager windows{display};
     OstrelProgram program;
@@ -49,15 +50,15 @@ TEST_F(LifeCycleTest, ClosingTheWindowGoesOnWatchingAndASecondStartShowsItAgain)
     ASSERT_TRUE(windows.isReady());
     program.writeMonitors({monitor});
     ASSERT_TRUE(program.start());
-    ASSERT_TRUE(waitFor([this] { return windows.hasWindow(text("Ostrel")); }));
+    ASSERT_TRUE(waitFor([this] { return windows.hasWindow(u"Ostrel"_s); }));
 
-    ASSERT_TRUE(windows.closeWindow(text("Ostrel")));
-    ASSERT_TRUE(waitFor([this] { return !windows.hasWindow(text("Ostrel")); }));
+    ASSERT_TRUE(windows.closeWindow(u"Ostrel"_s));
+    ASSERT_TRUE(waitFor([this] { return !windows.hasWindow(u"Ostrel"_s); }));
     const std::size_t before = checkCount();
     EXPECT_TRUE(waitFor([&] { return checkCount() >= before + 2; }));
 
     EXPECT_EQ(program.run({}).exitCode, 0);
-    EXPECT_TRUE(waitFor([this] { return windows.hasWindow(text("Ostrel")); }));
+    EXPECT_TRUE(waitFor([this] { return windows.hasWindow(u"Ostrel"_s); }));
     EXPECT_TRUE(program.isRunning());
     EXPECT_EQ(program.stop(), 0);
 }
@@ -72,7 +73,7 @@ TEST_F(LifeCycleTest, WatchesAlsoWhereItsWindowIsMinimisedFromTheStart)
     ASSERT_TRUE(program.start());
 
     EXPECT_TRUE(waitFor([this] { return checkCount() > 0; }));
-    EXPECT_TRUE(minimising.hasWindow(text("Ostrel")));
+    EXPECT_TRUE(minimising.hasWindow(u"Ostrel"_s));
     EXPECT_EQ(program.stop(), 0);
 }
 
@@ -89,9 +90,8 @@ TEST_F(LifeCycleTest, FirstStartMakesAPrivateFolderAndALoginItem)
 {
     QDir(program.dataDir()).removeRecursively();
     ASSERT_TRUE(program.start());
-    EXPECT_TRUE(waitFor([this] {
-        return QFile::exists(program.homeFile(text("config/autostart/ostrel.desktop")));
-    }));
+    EXPECT_TRUE(waitFor(
+        [this] { return QFile::exists(program.homeFile(u"config/autostart/ostrel.desktop"_s)); }));
     EXPECT_EQ(program.stop(), 0);
 
     constexpr QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
@@ -105,21 +105,20 @@ TEST_F(LifeCycleTest, StatusReadsTheFilesWhileItRuns)
     ASSERT_TRUE(program.start());
     ASSERT_TRUE(waitFor([this] { return checkCount() > 0; }));
 
-    const auto status = program.run({text("status"), text("--json")});
+    const auto status = program.run({u"status"_s, u"--json"_s});
     EXPECT_EQ(status.exitCode, 0);
     const QJsonArray monitors = QJsonDocument::fromJson(status.output).array();
     ASSERT_EQ(monitors.size(), 1);
-    EXPECT_EQ(monitors[0][text("status")].toString(), text("up"));
+    EXPECT_EQ(monitors[0][u"status"_s].toString(), u"up"_s);
     EXPECT_EQ(program.stop(), 0);
 }
 
 TEST_F(LifeCycleTest, CheckMakesOneCheckAndTouchesNoFile)
 {
-    const auto up = program.run({text("check"), monitor.url});
+    const auto up = program.run({u"check"_s, monitor.url});
     EXPECT_EQ(up.exitCode, 0);
-    EXPECT_EQ(program.run({text("check"), text("http://127.0.0.1:%1/").arg(closedPort())}).exitCode,
-              1);
-    EXPECT_EQ(program.run({text("check"), text("--port"), text("x"), text("a")}).exitCode, 2);
+    EXPECT_EQ(program.run({u"check"_s, u"http://127.0.0.1:%1/"_s.arg(closedPort())}).exitCode, 1);
+    EXPECT_EQ(program.run({u"check"_s, u"--port"_s, u"x"_s, u"a"_s}).exitCode, 2);
     EXPECT_EQ(QDir(program.dataDir()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
               QStringList());
     EXPECT_EQ(server.requests().size(), 1);
@@ -127,7 +126,7 @@ TEST_F(LifeCycleTest, CheckMakesOneCheckAndTouchesNoFile)
 
 TEST_F(LifeCycleTest, AFileThatCannotBeReadIsKept)
 {
-    QFile file(program.dataDir() + text("/checks.json"));
+    QFile file(program.dataDir() + u"/checks.json"_s);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("[\"broken");
     file.close();
@@ -137,7 +136,7 @@ TEST_F(LifeCycleTest, AFileThatCannotBeReadIsKept)
     EXPECT_EQ(program.stop(), 0);
 
     const QStringList kept =
-        QDir(program.dataDir()).entryList({text("checks.json.unreadable-*")}, QDir::Files);
+        QDir(program.dataDir()).entryList({u"checks.json.unreadable-*"_s}, QDir::Files);
     ASSERT_EQ(kept.size(), 1);
     EXPECT_EQ(program.file(kept[0]), QByteArray("[\"broken"));
 }

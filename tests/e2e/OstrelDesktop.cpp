@@ -2,13 +2,15 @@
 
 #include "WaitFor.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 OstrelDesktop::OstrelDesktop()
 {
     program.showOn(display);
-    program.setEnvironment(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), sessionBus.address());
-    program.setEnvironment(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"), QStringLiteral("1"));
+    program.setEnvironment(u"DBUS_SESSION_BUS_ADDRESS"_s, sessionBus.address());
+    program.setEnvironment(u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON"_s, u"1"_s);
 }
 
 bool OstrelDesktop::start()

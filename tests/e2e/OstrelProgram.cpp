@@ -14,11 +14,13 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
 
-const QString program = QStringLiteral(OSTREL_PROGRAM);
+const QString program = u"" OSTREL_PROGRAM ""_s;
 
 class HistoryCollector : public CheckMapVisitor
 {
@@ -48,15 +50,14 @@ OstrelProgram::OstrelProgram()
          {"DISPLAY", "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "DBUS_SYSTEM_BUS_ADDRESS",
           "http_proxy", "https_proxy", "all_proxy", "XDG_ACTIVATION_TOKEN"})
         m_environment.remove(QString::fromLatin1(name));
-    setEnvironment(QStringLiteral("HOME"), m_home.path());
-    setEnvironment(QStringLiteral("XDG_DATA_HOME"), homeFile(QStringLiteral("data")));
-    setEnvironment(QStringLiteral("XDG_CONFIG_HOME"), homeFile(QStringLiteral("config")));
-    setEnvironment(QStringLiteral("XDG_CACHE_HOME"), homeFile(QStringLiteral("cache")));
-    setEnvironment(QStringLiteral("XDG_RUNTIME_DIR"), m_home.path());
-    setEnvironment(QStringLiteral("DBUS_SYSTEM_BUS_ADDRESS"),
-                   QStringLiteral("unix:path=") + homeFile(QStringLiteral("no-such-bus")));
-    setEnvironment(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    setEnvironment(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    setEnvironment(u"HOME"_s, m_home.path());
+    setEnvironment(u"XDG_DATA_HOME"_s, homeFile(u"data"_s));
+    setEnvironment(u"XDG_CONFIG_HOME"_s, homeFile(u"config"_s));
+    setEnvironment(u"XDG_CACHE_HOME"_s, homeFile(u"cache"_s));
+    setEnvironment(u"XDG_RUNTIME_DIR"_s, m_home.path());
+    setEnvironment(u"DBUS_SYSTEM_BUS_ADDRESS"_s, u"unix:path="_s + homeFile(u"no-such-bus"_s));
+    setEnvironment(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
+    setEnvironment(u"LC_ALL"_s, u"C.UTF-8"_s);
     QDir().mkpath(dataDir());
 }
 
@@ -67,8 +68,8 @@ void OstrelProgram::setEnvironment(const QString &name, const QString &value)
 
 void OstrelProgram::showOn(const VirtualDisplay &display)
 {
-    setEnvironment(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
-    setEnvironment(QStringLiteral("DISPLAY"), display.name());
+    setEnvironment(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
+    setEnvironment(u"DISPLAY"_s, display.name());
 }
 
 void OstrelProgram::writeMonitors(const QList<Monitor> &monitors) const
@@ -76,20 +77,20 @@ void OstrelProgram::writeMonitors(const QList<Monitor> &monitors) const
     // So that nobody is asked for their icons.
     QImage icon(16, 16, QImage::Format_RGB32);
     icon.fill(Qt::blue);
-    const IconFolder icons(dataDir() + QStringLiteral("/favicons"));
+    const IconFolder icons(dataDir() + u"/favicons"_s);
     for (const Monitor &monitor : monitors) {
         if (const auto domain = FaviconService::domain(monitor.url))
             icons.write(*domain, icon);
     }
 
-    QFile file(dataDir() + QStringLiteral("/monitors.json"));
+    QFile file(dataDir() + u"/monitors.json"_s);
     if (file.open(QIODevice::WriteOnly))
         file.write(encodeMonitors(monitors));
 }
 
 QByteArray OstrelProgram::complaints() const
 {
-    QFile file(homeFile(QStringLiteral("errors")));
+    QFile file(homeFile(u"errors"_s));
     QByteArray lines;
     if (!file.open(QIODevice::ReadOnly))
         return lines;
@@ -107,7 +108,7 @@ bool OstrelProgram::launch()
 
 bool OstrelProgram::start()
 {
-    const QString loginItem = homeFile(QStringLiteral("config/autostart/ostrel.desktop"));
+    const QString loginItem = homeFile(u"config/autostart/ostrel.desktop"_s);
     QFile::remove(loginItem);
     return launch() && waitFor([&] { return !isRunning() || QFile::exists(loginItem); }) &&
            isRunning();
@@ -155,7 +156,7 @@ QByteArray OstrelProgram::file(const QString &name) const
 QByteArray OstrelProgram::preference(const QByteArray &key) const
 {
     // Not through QSettings, which holds on to what it read.
-    QFile file(homeFile(QStringLiteral("config/Ostrel/Ostrel.conf")));
+    QFile file(homeFile(u"config/Ostrel/Ostrel.conf"_s));
     if (!file.open(QIODevice::ReadOnly))
         return {};
     const QByteArrayList lines = file.readAll().split('\n');
@@ -166,13 +167,13 @@ QByteArray OstrelProgram::preference(const QByteArray &key) const
 
 std::optional<QList<Monitor>> OstrelProgram::readMonitors() const
 {
-    return decodeMonitors(file(QStringLiteral("monitors.json")));
+    return decodeMonitors(file(u"monitors.json"_s));
 }
 
 std::optional<QHash<QUuid, std::vector<Check>>> OstrelProgram::readChecks() const
 {
     HistoryCollector collector;
-    if (!decodeCheckMap(file(QStringLiteral("checks.json")), collector))
+    if (!decodeCheckMap(file(u"checks.json"_s), collector))
         return std::nullopt;
     return collector.histories;
 }

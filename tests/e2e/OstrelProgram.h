@@ -14,6 +14,8 @@
 
 namespace ostrel::test {
 
+using namespace Qt::StringLiterals;
+
 class VirtualDisplay;
 
 /// The real program, with a home of its own and, unless it is given more, neither display nor bus.
@@ -33,7 +35,7 @@ public:
 
     /// What it says on stderr from the next start on is kept, instead of going where this program's
     /// goes.
-    void keepErrors() { m_process.logTo(homeFile(QStringLiteral("errors"))); }
+    void keepErrors() { m_process.logTo(homeFile(u"errors"_s)); }
     /// The lines that it said there itself, without Qt's.
     [[nodiscard]] QByteArray complaints() const;
 
@@ -61,7 +63,7 @@ public:
     };
     [[nodiscard]] Outcome run(const QStringList &arguments) const;
 
-    [[nodiscard]] QString dataDir() const { return m_home.filePath(QStringLiteral("data/Vantry")); }
+    [[nodiscard]] QString dataDir() const { return m_home.filePath(u"data/Vantry"_s); }
     [[nodiscard]] QString homeFile(const QString &name) const { return m_home.filePath(name); }
     [[nodiscard]] QByteArray file(const QString &name) const;
     /// A preference as its file holds it at the moment; empty where that has none.

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -28,11 +30,11 @@ protected:
     }
     [[nodiscard]] bool showsWindow()
     {
-        return waitFor([this] { return windows.hasWindow(QStringLiteral("Ostrel")); });
+        return waitFor([this] { return windows.hasWindow(u"Ostrel"_s); });
     }
 
     HostileServer server{answerWith("OK")};
-    Monitor monitor = webMonitor(QStringLiteral("Shop"), server.url());
+    Monitor monitor = webMonitor(u"Shop"_s, server.url());
     VirtualDisplay display;
     WindowManager windows{display};
     DesktopUser user{display};
@@ -43,7 +45,7 @@ protected:
 
 TEST_F(PortableProgramTest, SaysItsVersion)
 {
-    const auto outcome = program.run({QStringLiteral("--version")});
+    const auto outcome = program.run({u"--version"_s});
     EXPECT_EQ(outcome.exitCode, 0);
     EXPECT_TRUE(outcome.output.startsWith("ostrel ")) << outcome.output.constData();
 }
@@ -56,8 +58,8 @@ TEST_F(PortableProgramTest, WatchesHandsOverAndEnds)
     ASSERT_TRUE(showsWindow());
     EXPECT_TRUE(recordsCheck());
 
-    ASSERT_TRUE(windows.closeWindow(QStringLiteral("Ostrel")));
-    ASSERT_TRUE(waitFor([this] { return !windows.hasWindow(QStringLiteral("Ostrel")); }));
+    ASSERT_TRUE(windows.closeWindow(u"Ostrel"_s));
+    ASSERT_TRUE(waitFor([this] { return !windows.hasWindow(u"Ostrel"_s); }));
     EXPECT_EQ(program.run({}).exitCode, 0);
     ASSERT_TRUE(showsWindow()) << "another start shows the window of the first";
 

@@ -2,7 +2,6 @@
 #include "HostileBehaviours.h"
 #include "OstrelDesktop.h"
 #include "Printers.h"
-#include "Text.h"
 #include "WaitFor.h"
 
 #include <QRegularExpression>
@@ -11,6 +10,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -18,7 +19,7 @@ namespace {
 /// What of @p told has not gone through a translator.
 QString untranslated(QString told)
 {
-    static const QRegularExpression innermost(text("⟦[^⟦⟧]*⟧"));
+    static const QRegularExpression innermost(u"⟦[^⟦⟧]*⟧"_s);
     while (told.contains(innermost))
         told.remove(innermost);
     return told;
@@ -28,9 +29,9 @@ QString untranslated(QString told)
 bool isSameInEveryLanguage(const QString &told)
 {
     static const QRegularExpression same(QRegularExpression::anchoredPattern(
-        text("Ostrel|Shop|GET|HEAD|POST|https?://\\S*|127\\.0\\.0\\.1\\S*|\\S+\\.local|~?/\\S*|"
-             "[^a-zA-Z]*|\\d+(\\.\\d+)?s|[\\d.,]+ ?(ms|s)|\\d+:\\d+ [AP]M")));
-    const QStringList parts = told.split(text(", "));
+        u"Ostrel|Shop|GET|HEAD|POST|https?://\\S*|127\\.0\\.0\\.1\\S*|\\S+\\.local|~?/\\S*|"
+        "[^a-zA-Z]*|\\d+(\\.\\d+)?s|[\\d.,]+ ?(ms|s)|\\d+:\\d+ [AP]M"_s));
+    const QStringList parts = told.split(u", "_s);
     return std::ranges::all_of(
         parts, [](const QString &part) { return same.match(part.trimmed()).hasMatch(); });
 }
@@ -43,8 +44,8 @@ protected:
     PseudoLanguageTest()
     {
         shop.interval = shop.timeout = Seconds(3600);
-        shop.name = text("Shop");
-        desktop.program.setArguments({text("--language"), text("pseudo")});
+        shop.name = u"Shop"_s;
+        desktop.program.setArguments({u"--language"_s, u"pseudo"_s});
     }
 
     void expectAllTranslated(const char *where)
@@ -65,22 +66,24 @@ protected:
     {
         return waitFor([&] {
             const auto items = desktop.items();
-            return std::ranges::any_of(
-                items, [&](const AccessibleItem &item) { return item.name.contains(text(name)); });
+            return std::ranges::any_of(items, [&](const AccessibleItem &item) {
+                return item.name.contains(QString::fromUtf8(name));
+            });
         });
     }
 
     [[nodiscard]] bool press(const char *name)
     {
         const auto items = desktop.items();
-        const auto found = std::ranges::find_if(
-            items, [&](const AccessibleItem &item) { return item.name.contains(text(name)); });
-        return found != items.cend() && found->node.act(text("Press"));
+        const auto found = std::ranges::find_if(items, [&](const AccessibleItem &item) {
+            return item.name.contains(QString::fromUtf8(name));
+        });
+        return found != items.cend() && found->node.act(u"Press"_s);
     }
 
     HostileServer server{answerWith("OK")};
     OstrelDesktop desktop;
-    Monitor shop = webMonitor(text("Shop"), server.url());
+    Monitor shop = webMonitor(u"Shop"_s, server.url());
 };
 
 TEST_F(PseudoLanguageTest, NoTextOfTheWindowIsMissed)
@@ -90,7 +93,7 @@ TEST_F(PseudoLanguageTest, NoTextOfTheWindowIsMissed)
     expectAllTranslated("without monitors");
     EXPECT_EQ(desktop.program.stop(), 0);
 
-    shop.keyword = text("OK");
+    shop.keyword = u"OK"_s;
     desktop.program.writeMonitors({shop});
     ASSERT_TRUE(desktop.start());
     ASSERT_TRUE(waitForName("Øpërátïöñál"));
@@ -107,7 +110,7 @@ TEST_F(PseudoLanguageTest, NoTextOfTheWindowIsMissed)
     ASSERT_TRUE(desktop.user.press("Menu"));
     ASSERT_TRUE(waitForName("⟦Rësümë"));
     expectAllTranslated("row menu of a paused monitor");
-    ASSERT_TRUE(desktop.user.press({text("Escape"), text("ctrl+e")}));
+    ASSERT_TRUE(desktop.user.press({u"Escape"_s, u"ctrl+e"_s}));
     ASSERT_TRUE(waitForName("⟦Sávë"));
     expectAllTranslated("form of a monitor");
     ASSERT_TRUE(desktop.user.press("Escape"));
@@ -127,7 +130,7 @@ TEST_F(PseudoLanguageTest, NoTextOfTheFormAndTheSettingsIsMissed)
     ASSERT_TRUE(waitForName("⟦HØST"));
     expectAllTranslated("form of a port");
     ASSERT_TRUE(desktop.user.press("Escape"));
-    ASSERT_TRUE(desktop.waitUntilGone(AccessibleRole::dialog, text("⟦Nëw Möñïtör···⟧")));
+    ASSERT_TRUE(desktop.waitUntilGone(AccessibleRole::dialog, u"⟦Nëw Möñïtör···⟧"_s));
     ASSERT_TRUE(desktop.user.press("ctrl+comma"));
     ASSERT_TRUE(waitForName("⟦Láüñçh"));
     expectAllTranslated("settings");

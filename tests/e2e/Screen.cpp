@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -64,22 +66,22 @@ std::optional<QPoint> Screen::find(const QColor &color, int height, int enough) 
 
 void Screen::click(QPoint point, Button button) const
 {
-    play({QStringLiteral("mousemove"), QString::number(point.x()), QString::number(point.y()),
-          QStringLiteral("click"), QString::number(static_cast<int>(button))});
+    play({u"mousemove"_s, QString::number(point.x()), QString::number(point.y()), u"click"_s,
+          QString::number(static_cast<int>(button))});
 }
 
 void Screen::press(const QStringList &keys) const
 {
-    play(QStringList(QStringLiteral("key")) + keys);
+    play(QStringList(u"key"_s) + keys);
 }
 
 void Screen::play(const QStringList &arguments) const
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("DISPLAY"), m_display.name());
+    environment.insert(u"DISPLAY"_s, m_display.name());
     BoundProcess process;
     process.setProcessEnvironment(environment);
-    process.start(QStringLiteral("xdotool"), arguments);
+    process.start(u"xdotool"_s, arguments);
     process.waitForFinished();
 }
 

@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 namespace {
 
@@ -28,10 +30,9 @@ protected:
         ASSERT_TRUE(sessionBus.isRunning());
         ASSERT_TRUE(systemBus.isRunning());
         program.showOn(display);
-        program.setEnvironment(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), sessionBus.address());
-        program.setEnvironment(QStringLiteral("DBUS_SYSTEM_BUS_ADDRESS"), systemBus.address());
-        program.setEnvironment(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"),
-                               QStringLiteral("1"));
+        program.setEnvironment(u"DBUS_SESSION_BUS_ADDRESS"_s, sessionBus.address());
+        program.setEnvironment(u"DBUS_SYSTEM_BUS_ADDRESS"_s, systemBus.address());
+        program.setEnvironment(u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON"_s, u"1"_s);
         program.writeMonitors({monitor});
         time.start();
     }
@@ -45,7 +46,7 @@ protected:
     }
 
     HostileServer server{answerWith("OK")};
-    Monitor monitor = webMonitor(QStringLiteral("Shop"), server.url());
+    Monitor monitor = webMonitor(u"Shop"_s, server.url());
     PrivateBus sessionBus;
     PrivateBus systemBus{PrivateBus::Kind::system};
     VirtualDisplay display;

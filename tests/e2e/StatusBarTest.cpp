@@ -6,7 +6,6 @@
 #include "PrivateBus.h"
 #include "Screen.h"
 #include "StatusNotifierHost.h"
-#include "Text.h"
 #include "ThemeColors.h"
 #include "VirtualDisplay.h"
 #include "WaitFor.h"
@@ -21,6 +20,8 @@
 #include <atomic>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -33,8 +34,8 @@ protected:
     StatusBarTest()
     {
         program.showOn(display);
-        program.setEnvironment(text("DBUS_SESSION_BUS_ADDRESS"), bus.address());
-        program.setEnvironment(text("XDG_CURRENT_DESKTOP"), text("XFCE"));
+        program.setEnvironment(u"DBUS_SESSION_BUS_ADDRESS"_s, bus.address());
+        program.setEnvironment(u"XDG_CURRENT_DESKTOP"_s, u"XFCE"_s);
     }
 
     void startHost() { host = std::make_unique<StatusNotifierHost>(bus); }
@@ -48,11 +49,11 @@ protected:
         EXPECT_EQ(host->lines().join(u'\n'), lines.join(u'\n'));
         return isAsExpected;
     }
-    [[nodiscard]] bool hasWindow() { return windows.hasWindow(text("Ostrel")); }
+    [[nodiscard]] bool hasWindow() { return windows.hasWindow(u"Ostrel"_s); }
     /// Closes the window as its button does, and waits until it has gone.
     [[nodiscard]] bool closeWindow()
     {
-        return waitFor([this] { return hasWindow(); }) && windows.closeWindow(text("Ostrel")) &&
+        return waitFor([this] { return hasWindow(); }) && windows.closeWindow(u"Ostrel"_s) &&
                waitFor([this] { return !hasWindow(); });
     }
 
@@ -88,8 +89,7 @@ protected:
     OstrelProgram program;
 };
 
-const QStringList commands = {text("-"), text("Help & Support"), text("Open Ostrel"), text("-"),
-                              text("Quit")};
+const QStringList commands = {u"-"_s, u"Help & Support"_s, u"Open Ostrel"_s, u"-"_s, u"Quit"_s};
 
 } // namespace
 
@@ -98,26 +98,25 @@ TEST_F(StatusBarTest, WithoutMonitorsTheMenuSaysSo)
     startHost();
     ASSERT_TRUE(program.start());
     ASSERT_TRUE(waitForItem());
-    EXPECT_EQ(host->itemText(text("Title")), text("Ostrel"));
-    EXPECT_TRUE(waitForLines(QStringList(text("[No monitors]")) + commands));
+    EXPECT_EQ(host->itemText(u"Title"_s), u"Ostrel"_s);
+    EXPECT_TRUE(waitForLines(QStringList(u"[No monitors]"_s) + commands));
     EXPECT_FALSE(isRed());
     EXPECT_EQ(program.stop(), 0);
 }
 
 TEST_F(StatusBarTest, TheMenuShowsEveryMonitorInOrderWithItsStatus)
 {
-    Monitor down = portMonitor(text("Tom & Jerry & co"), text("127.0.0.1"), closedPort());
-    Monitor pending = webMonitor(text("Silent"), silent.url());
+    Monitor down = portMonitor(u"Tom & Jerry & co"_s, u"127.0.0.1"_s, closedPort());
+    Monitor pending = webMonitor(u"Silent"_s, silent.url());
     pending.timeout = Seconds(600);
-    Monitor paused = webMonitor(text("__staging_eu_"), server.url());
+    Monitor paused = webMonitor(u"__staging_eu_"_s, server.url());
     paused.isEnabled = false;
     program.writeMonitors({pending, down, paused});
     startHost();
     ASSERT_TRUE(program.start());
     ASSERT_TRUE(waitForItem());
     EXPECT_TRUE(waitForLines(
-        QStringList{text("Silent"), text("Tom & Jerry & co|DOWN"), text("__staging_eu_")} +
-        commands));
+        QStringList{u"Silent"_s, u"Tom & Jerry & co|DOWN"_s, u"__staging_eu_"_s} + commands));
     for (const ShownEntry &entry : host->entries().first(3))
         EXPECT_TRUE(entry.icon.startsWith("\x89PNG")) << qPrintable(entry.text);
     EXPECT_EQ(program.stop(), 0);
@@ -125,22 +124,22 @@ TEST_F(StatusBarTest, TheMenuShowsEveryMonitorInOrderWithItsStatus)
 
 TEST_F(StatusBarTest, TheBirdIsRedWhileAnythingIsDownAndTheOpenMenuFollows)
 {
-    program.writeMonitors({webMonitor(text("Shop"), server.url())});
+    program.writeMonitors({webMonitor(u"Shop"_s, server.url())});
     startHost();
     ASSERT_TRUE(program.start());
     ASSERT_TRUE(waitForItem());
     const auto trailingText = [this] { return host->entries().value(0).trailingText; };
-    ASSERT_TRUE(waitFor([&] { return trailingText().endsWith(text("ms")); }));
+    ASSERT_TRUE(waitFor([&] { return trailingText().endsWith(u"ms"_s); }));
     EXPECT_FALSE(isRed());
     const int id = host->entries()[0].id;
     const int layoutChanges = host->layoutChanges();
     const int entryChanges = host->entryChanges();
 
     isBroken = true;
-    EXPECT_TRUE(waitFor([&] { return trailingText() == text("DOWN"); }));
+    EXPECT_TRUE(waitFor([&] { return trailingText() == u"DOWN"_s; }));
     EXPECT_TRUE(waitFor([&] { return isRed(); }));
     isBroken = false;
-    EXPECT_TRUE(waitFor([&] { return trailingText().endsWith(text("ms")); }));
+    EXPECT_TRUE(waitFor([&] { return trailingText().endsWith(u"ms"_s); }));
     EXPECT_TRUE(waitFor([&] { return !isRed(); }));
 
     EXPECT_EQ(host->entries()[0].id, id) << "it is still the entry that may be looked at";
@@ -171,7 +170,7 @@ TEST_F(StatusBarTest, ClosingTheWindowLeavesTheMenuAndOpenOstrelBringsTheWindowB
     ASSERT_TRUE(waitForItem());
     ASSERT_TRUE(closeWindow());
     EXPECT_TRUE(program.isRunning());
-    EXPECT_TRUE(host->choose(text("Open Ostrel")));
+    EXPECT_TRUE(host->choose(u"Open Ostrel"_s));
     EXPECT_TRUE(waitFor([this] { return hasWindow(); }));
 
     ASSERT_TRUE(closeWindow());
@@ -188,7 +187,7 @@ TEST_F(StatusBarTest, QuitEndsTheProgramWithAndWithoutItsWindow)
         ASSERT_TRUE(program.start());
         ASSERT_TRUE(waitForItem());
         ASSERT_TRUE(hasWindowAtTheEnd || closeWindow());
-        EXPECT_TRUE(host->choose(text("Quit")));
+        EXPECT_TRUE(host->choose(u"Quit"_s));
         EXPECT_EQ(program.waitForEnd(), 0);
         EXPECT_TRUE(waitFor([this] { return !host->hasItem(); }));
     }
@@ -196,18 +195,17 @@ TEST_F(StatusBarTest, QuitEndsTheProgramWithAndWithoutItsWindow)
 
 TEST_F(StatusBarTest, HelpAndSupportBeginsAMessage)
 {
-    const QString called = program.homeFile(text("called"));
-    QFile opener(program.homeFile(text("xdg-open")));
+    const QString called = program.homeFile(u"called"_s);
+    QFile opener(program.homeFile(u"xdg-open"_s));
     ASSERT_TRUE(opener.open(QIODevice::WriteOnly));
     opener.write("#!/bin/sh\nprintf %s \"$1\" > '" + called.toLocal8Bit() + "'\n");
     opener.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     opener.close();
-    program.setEnvironment(text("PATH"),
-                           program.homeFile({}) + u':' + qEnvironmentVariable("PATH"));
+    program.setEnvironment(u"PATH"_s, program.homeFile({}) + u':' + qEnvironmentVariable("PATH"));
     startHost();
     ASSERT_TRUE(program.start());
     ASSERT_TRUE(waitForItem());
-    EXPECT_TRUE(host->choose(text("Help & Support")));
+    EXPECT_TRUE(host->choose(u"Help & Support"_s));
     QFile file(called);
     EXPECT_TRUE(waitFor([&] { return file.exists() && file.size() > 0; }));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
@@ -217,14 +215,14 @@ TEST_F(StatusBarTest, HelpAndSupportBeginsAMessage)
 
 TEST_F(StatusBarTest, AHostThatComesLateOrComesBackGetsTheItem)
 {
-    program.writeMonitors({portMonitor(text("A_b"), text("127.0.0.1"), closedPort())});
+    program.writeMonitors({portMonitor(u"A_b"_s, u"127.0.0.1"_s, closedPort())});
     ASSERT_TRUE(program.start());
     ASSERT_TRUE(waitFor([this] { return !program.readChecks().value_or(Histories()).isEmpty(); }))
         << "it has been at work for a while";
     for (int coming = 0; coming < 2; ++coming) {
         startHost();
         ASSERT_TRUE(waitForItem()) << coming;
-        EXPECT_TRUE(waitForLines(QStringList(text("A_b|DOWN")) + commands)) << coming;
+        EXPECT_TRUE(waitForLines(QStringList(u"A_b|DOWN"_s) + commands)) << coming;
         EXPECT_TRUE(isRed()) << coming;
         host.reset();
     }
@@ -235,7 +233,7 @@ TEST_F(StatusBarTest, ARealPanelShowsTheBirdTakesItsClickAndDrawsItsMenu)
 {
     constexpr int enough = 40;
     isBroken = true;
-    program.writeMonitors({webMonitor(text("Shop"), server.url())});
+    program.writeMonitors({webMonitor(u"Shop"_s, server.url())});
     DesktopPanel panel(bus, display);
     const Screen screen(display);
     ASSERT_TRUE(windows.isReady());
@@ -260,7 +258,7 @@ TEST_F(StatusBarTest, ARealPanelShowsTheBirdTakesItsClickAndDrawsItsMenu)
     ASSERT_TRUE(waitFor([&] { return screen.picture().copy(belowPanel) != before; }));
     // The last entry is "Quit". The panel takes keys once it has grabbed them.
     EXPECT_TRUE(waitFor([&] {
-        screen.press({text("End"), text("Return")});
+        screen.press({u"End"_s, u"Return"_s});
         return !program.isRunning();
     }));
     EXPECT_EQ(program.waitForEnd(), 0);

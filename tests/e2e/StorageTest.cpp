@@ -2,7 +2,6 @@
 #include "HostileBehaviours.h"
 #include "OstrelProgram.h"
 #include "Printers.h"
-#include "Text.h"
 #include "WaitFor.h"
 
 #include <QDir>
@@ -13,6 +12,8 @@
 
 #include <sys/mount.h>
 #include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
 
 // What becomes of the program when its data folder fails it.
 
@@ -43,7 +44,7 @@ protected:
     }
     [[nodiscard]] QString dataFile(const char *name) const
     {
-        return program.dataDir() + QLatin1Char('/') + text(name);
+        return program.dataDir() + QLatin1Char('/') + QString::fromUtf8(name);
     }
     static unsigned modeOf(const QString &path)
     {
@@ -59,7 +60,7 @@ protected:
     }
 
     HostileServer server{answerWith("OK")};
-    Monitor monitor = webMonitor(text("Shop"), server.url());
+    Monitor monitor = webMonitor(u"Shop"_s, server.url());
     OstrelProgram program;
 };
 
@@ -115,13 +116,13 @@ TEST_F(StorageTest, StatusOfMonitorsThatCannotBeReadFails)
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("[{");
     file.close();
-    const auto outcome = program.run({text("status")});
+    const auto outcome = program.run({u"status"_s});
     EXPECT_EQ(outcome.exitCode, 1);
     EXPECT_EQ(outcome.output, QByteArray());
     EXPECT_EQ(outcome.errors, "ostrel: can't read " + file.fileName().toUtf8() + '\n');
 
     ASSERT_TRUE(file.remove());
-    const auto none = program.run({text("status")});
+    const auto none = program.run({u"status"_s});
     EXPECT_EQ(none.exitCode, 0);
     EXPECT_EQ(none.output, QByteArray("No monitors\n"));
 }
@@ -129,7 +130,7 @@ TEST_F(StorageTest, StatusOfMonitorsThatCannotBeReadFails)
 TEST_F(StorageTest, WhatWasMadeByHandIsItsUsersAloneOnceItRuns)
 {
     program.writeMonitors({monitor});
-    program.setArguments({text("--data-dir"), program.dataDir()});
+    program.setArguments({u"--data-dir"_s, program.dataDir()});
     for (const char *folder : {"", "favicons"})
         ASSERT_TRUE(setMode(dataFile(folder), 0755));
     for (const char *file : {"monitors.json", "favicons/127.0.0.1.png"})

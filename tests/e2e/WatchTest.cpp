@@ -6,7 +6,6 @@
 #include "NotificationDaemon.h"
 #include "OstrelProgram.h"
 #include "PrivateBus.h"
-#include "Text.h"
 #include "VirtualDisplay.h"
 #include "WaitFor.h"
 
@@ -15,6 +14,8 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+
+using namespace Qt::StringLiterals;
 
 namespace ostrel::test {
 
@@ -37,11 +38,11 @@ QString urgencyName(ShownNotification::Urgency urgency)
 {
     switch (urgency) {
     case ShownNotification::Urgency::low:
-        return text("low");
+        return u"low"_s;
     case ShownNotification::Urgency::normal:
-        return text("normal");
+        return u"normal"_s;
     case ShownNotification::Urgency::critical:
-        return text("critical");
+        return u"critical"_s;
     }
     Q_UNREACHABLE();
 }
@@ -50,8 +51,7 @@ QStringList describe(const QList<ShownNotification> &notifications)
 {
     QStringList lines;
     for (const auto &shown : notifications)
-        lines +=
-            QStringLiteral("%1|%2|%3").arg(shown.title, shown.body, urgencyName(shown.urgency));
+        lines += u"%1|%2|%3"_s.arg(shown.title, shown.body, urgencyName(shown.urgency));
     return lines;
 }
 
@@ -71,10 +71,10 @@ class WatchTest : public testing::Test
 protected:
     WatchTest()
     {
-        program.setEnvironment(text("SSL_CERT_FILE"),
+        program.setEnvironment(u"SSL_CERT_FILE"_s,
                                QString::fromLatin1(certificates.authorityFile()));
-        program.setEnvironment(text("DBUS_SESSION_BUS_ADDRESS"), sessionBus.address());
-        program.setEnvironment(text("DBUS_SYSTEM_BUS_ADDRESS"), systemBus.address());
+        program.setEnvironment(u"DBUS_SESSION_BUS_ADDRESS"_s, sessionBus.address());
+        program.setEnvironment(u"DBUS_SYSTEM_BUS_ADDRESS"_s, systemBus.address());
     }
 
     void add(const ExpectedMonitor &expected) { monitors.push_back(expected); }
@@ -145,63 +145,63 @@ protected:
 
 void WatchTest::addWebMonitors()
 {
-    add({.monitor = webMonitor(text("Home"), nginx.url(0, "/")), .statusCode = 200});
-    Monitor head = webMonitor(text("Head"), nginx.url(0, "/head"));
+    add({.monitor = webMonitor(u"Home"_s, nginx.url(0, "/")), .statusCode = 200});
+    Monitor head = webMonitor(u"Head"_s, nginx.url(0, "/head"));
     head.method = HTTPMethod::HEAD;
     add({.monitor = head, .statusCode = 200});
-    Monitor post = webMonitor(text("Post"), nginx.url(0, "/post"));
+    Monitor post = webMonitor(u"Post"_s, nginx.url(0, "/post"));
     post.method = HTTPMethod::POST;
     add({.monitor = post, .statusCode = 200});
-    add({.monitor = webMonitor(text("Empty"), nginx.url(0, "/204")), .statusCode = 204});
-    add({.monitor = webMonitor(text("Moved"), nginx.url(0, "/301")), .statusCode = 200});
-    add({.monitor = webMonitor(text("Locked"), nginx.url(0, "/401")), .statusCode = 401});
-    add({.monitor = webMonitor(text("Forbidden"), nginx.url(0, "/403")), .statusCode = 403});
-    add({.monitor = webMonitor(text("Missing"), nginx.url(0, "/404")),
+    add({.monitor = webMonitor(u"Empty"_s, nginx.url(0, "/204")), .statusCode = 204});
+    add({.monitor = webMonitor(u"Moved"_s, nginx.url(0, "/301")), .statusCode = 200});
+    add({.monitor = webMonitor(u"Locked"_s, nginx.url(0, "/401")), .statusCode = 401});
+    add({.monitor = webMonitor(u"Forbidden"_s, nginx.url(0, "/403")), .statusCode = 403});
+    add({.monitor = webMonitor(u"Missing"_s, nginx.url(0, "/404")),
          .isUp = false,
          .statusCode = 404,
          .errorPattern = "HTTP 404",
-         .notifications = {downNotification(text("Missing"), text("HTTP 404"))}});
-    Monitor quiet = webMonitor(text("Quiet"), nginx.url(0, "/500"));
+         .notifications = {downNotification(u"Missing"_s, u"HTTP 404"_s)}});
+    Monitor quiet = webMonitor(u"Quiet"_s, nginx.url(0, "/500"));
     quiet.notifyOnDown = false;
     add({.monitor = quiet, .isUp = false, .statusCode = 500, .errorPattern = "HTTP 500"});
-    Monitor paused = webMonitor(text("Paused"), nginx.url(0, "/paused"));
+    Monitor paused = webMonitor(u"Paused"_s, nginx.url(0, "/paused"));
     paused.isEnabled = false;
     add({.monitor = paused});
     add({.monitor = webMonitor({}, "http://a b/"),
          .isUp = false,
          .errorPattern = "Invalid URL",
-         .notifications = {downNotification(text("http://a b/"), text("Invalid URL"))}});
-    add({.monitor = webMonitor(text("Bare"), "localhost"),
+         .notifications = {downNotification(u"http://a b/"_s, u"Invalid URL"_s)}});
+    add({.monitor = webMonitor(u"Bare"_s, "localhost"),
          .isUp = false,
          .errorPattern = "Unsupported.*",
-         .notifications = {downNotification(text("Bare"), text("Unsupported.*"))}});
+         .notifications = {downNotification(u"Bare"_s, u"Unsupported.*"_s)}});
 }
 
 void WatchTest::addKeywordMonitors()
 {
-    Monitor found = webMonitor(text("Found"), nginx.url(0, "/found"));
-    found.keyword = text("WELCOME");
+    Monitor found = webMonitor(u"Found"_s, nginx.url(0, "/found"));
+    found.keyword = u"WELCOME"_s;
     add({.monitor = found, .statusCode = 200, .keywordFound = true});
-    Monitor lost = webMonitor(text("Lost"), nginx.url(0, "/lost"));
-    lost.keyword = text("goodbye");
+    Monitor lost = webMonitor(u"Lost"_s, nginx.url(0, "/lost"));
+    lost.keyword = u"goodbye"_s;
     add({.monitor = lost,
          .isUp = false,
          .statusCode = 200,
          .errorPattern = "Keyword 'goodbye' not found",
          .keywordFound = false,
-         .notifications = {downNotification(text("Lost"), text("Keyword 'goodbye' not found"))}});
-    Monitor absent = webMonitor(text("Absent"), nginx.url(0, "/absent"));
-    absent.keyword = text("error");
+         .notifications = {downNotification(u"Lost"_s, u"Keyword 'goodbye' not found"_s)}});
+    Monitor absent = webMonitor(u"Absent"_s, nginx.url(0, "/absent"));
+    absent.keyword = u"error"_s;
     absent.keywordShouldExist = false;
     add({.monitor = absent, .statusCode = 200, .keywordFound = false});
 }
 
 void WatchTest::addTlsMonitors()
 {
-    add({.monitor = webMonitor(text("Rsa"), nginx.url(1)),
+    add({.monitor = webMonitor(u"Rsa"_s, nginx.url(1)),
          .statusCode = 200,
          .sslExpiresAt = validLeaf.notAfter});
-    add({.monitor = webMonitor(text("Ecdsa"), nginx.url(2)),
+    add({.monitor = webMonitor(u"Ecdsa"_s, nginx.url(2)),
          .statusCode = 200,
          .sslExpiresAt = ecdsaLeaf.notAfter});
     const struct
@@ -217,61 +217,60 @@ void WatchTest::addTlsMonitors()
          "SSL: no alternative certificate subject name matches target host name 'localhost'"},
     };
     for (const auto &site : broken) {
-        add({.monitor = webMonitor(text(site.name), nginx.url(site.site)),
+        add({.monitor = webMonitor(QString::fromUtf8(site.name), nginx.url(site.site)),
              .isUp = false,
              .errorPattern = site.error,
              .sslExpiresAt = site.leaf.notAfter,
-             .notifications = {downNotification(text(site.name), text(site.error))}});
+             .notifications = {
+                 downNotification(QString::fromUtf8(site.name), QString::fromUtf8(site.error))}});
     }
-    add({.monitor = webMonitor(text("Ending"), nginx.url(6)),
+    add({.monitor = webMonitor(u"Ending"_s, nginx.url(6)),
          .statusCode = 200,
          .sslExpiresAt = endingLeaf.notAfter,
-         .notifications = {
-             text("SSL Certificate Expiring\\|Ending: 2 days remaining\\|critical")}});
+         .notifications = {u"SSL Certificate Expiring\\|Ending: 2 days remaining\\|critical"_s}});
 }
 
 void WatchTest::addHostileMonitors()
 {
     const auto timedOut = "(Operation|Connection) timed out after 15\\d\\d milliseconds.*";
-    add({.monitor = webMonitor(text("Silent"), silent.url()),
+    add({.monitor = webMonitor(u"Silent"_s, silent.url()),
          .isUp = false,
          .errorPattern = timedOut,
-         .notifications = {downNotification(text("Silent"), text(timedOut))}});
-    add({.monitor = webMonitor(text("Endless"), endless.url()),
+         .notifications = {downNotification(u"Silent"_s, QString::fromUtf8(timedOut))}});
+    add({.monitor = webMonitor(u"Endless"_s, endless.url()),
          .isUp = false,
          .errorPattern = timedOut,
-         .notifications = {downNotification(text("Endless"), text(timedOut))}});
-    add({.monitor = webMonitor(text("Garbage"), garbage.url()),
+         .notifications = {downNotification(u"Endless"_s, QString::fromUtf8(timedOut))}});
+    add({.monitor = webMonitor(u"Garbage"_s, garbage.url()),
          .isUp = false,
          .errorPattern = ".+",
-         .notifications = {downNotification(text("Garbage"), text(".+"))}});
-    Monitor late = webMonitor(text("Late"), slow.url());
+         .notifications = {downNotification(u"Garbage"_s, u".+"_s)}});
+    Monitor late = webMonitor(u"Late"_s, slow.url());
     late.responseTimeThreshold = Milliseconds(100);
     add({.monitor = late,
          .statusCode = 200,
-         .notifications = {text("Late is Slow\\|[12]\\d\\dms \\(threshold: 100ms\\)\\|normal")}});
+         .notifications = {u"Late is Slow\\|[12]\\d\\dms \\(threshold: 100ms\\)\\|normal"_s}});
 }
 
 void WatchTest::addPortMonitors()
 {
     const quint16 closed = closedPort();
-    const QString unreachable = QStringLiteral("Port %1 closed or unreachable").arg(closed);
+    const QString unreachable = u"Port %1 closed or unreachable"_s.arg(closed);
     static const QByteArray pattern = unreachable.toLatin1();
-    add({.monitor = portMonitor(text("Open"), text("127.0.0.1"), nginx.port(0))});
-    add({.monitor =
-             portMonitor(text("OpenByAddress"), text("https://localhost:1/path"), nginx.port(0))});
-    add({.monitor = portMonitor(text("Closed"), text("127.0.0.1"), closed),
+    add({.monitor = portMonitor(u"Open"_s, u"127.0.0.1"_s, nginx.port(0))});
+    add({.monitor = portMonitor(u"OpenByAddress"_s, u"https://localhost:1/path"_s, nginx.port(0))});
+    add({.monitor = portMonitor(u"Closed"_s, u"127.0.0.1"_s, closed),
          .isUp = false,
          .errorPattern = pattern.constData(),
-         .notifications = {downNotification(text("Closed"), unreachable)}});
-    add({.monitor = portMonitor(text("NoPort"), text("127.0.0.1"), std::nullopt),
+         .notifications = {downNotification(u"Closed"_s, unreachable)}});
+    add({.monitor = portMonitor(u"NoPort"_s, u"127.0.0.1"_s, std::nullopt),
          .isUp = false,
          .errorPattern = "Invalid host/port",
-         .notifications = {downNotification(text("NoPort"), text("Invalid host/port"))}});
-    add({.monitor = portMonitor(text("HighPort"), text("127.0.0.1"), 70000),
+         .notifications = {downNotification(u"NoPort"_s, u"Invalid host/port"_s)}});
+    add({.monitor = portMonitor(u"HighPort"_s, u"127.0.0.1"_s, 70000),
          .isUp = false,
          .errorPattern = "Invalid host/port",
-         .notifications = {downNotification(text("HighPort"), text("Invalid host/port"))}});
+         .notifications = {downNotification(u"HighPort"_s, u"Invalid host/port"_s)}});
 }
 
 } // namespace
@@ -285,14 +284,14 @@ TEST_F(WatchTest, ThirtyMonitorsOfEveryKindAreWatchedAsTheRulesSay)
     addPortMonitors();
     ASSERT_EQ(monitors.size(), 30u);
     program.writeMonitors(records());
-    const QByteArray monitorsBefore = program.file(text("monitors.json"));
+    const QByteArray monitorsBefore = program.file(u"monitors.json"_s);
     ASSERT_TRUE(daemon.start());
 
     ASSERT_TRUE(program.start());
     EXPECT_TRUE(waitFor([this] { return haveChecks(3); }, 40s));
     EXPECT_EQ(program.stop(), 0);
 
-    EXPECT_EQ(program.file(text("monitors.json")), monitorsBefore);
+    EXPECT_EQ(program.file(u"monitors.json"_s), monitorsBefore);
     const auto checks = program.readChecks();
     ASSERT_TRUE(checks);
     const QStringList requests = nginx.accessLog();
@@ -313,10 +312,10 @@ TEST_F(WatchTest, ThirtyMonitorsOfEveryKindAreWatchedAsTheRulesSay)
 
     // Every recorded check of a page of its own was one request, and no request went unrecorded
     // but one that was under way at the end.
-    for (const auto &[name, line] : {std::pair(text("Head"), text(" HEAD /head 200 ")),
-                                     std::pair(text("Post"), text(" POST /post 200 ")),
-                                     std::pair(text("Missing"), text(" GET /404 404 ")),
-                                     std::pair(text("Found"), text(" GET /found 200 "))}) {
+    for (const auto &[name, line] :
+         {std::pair(u"Head"_s, u" HEAD /head 200 "_s), std::pair(u"Post"_s, u" POST /post 200 "_s),
+          std::pair(u"Missing"_s, u" GET /404 404 "_s),
+          std::pair(u"Found"_s, u" GET /found 200 "_s)}) {
         const auto monitor = std::ranges::find_if(
             monitors, [&name = name](const auto &each) { return each.monitor.name == name; });
         const auto recorded = static_cast<qsizetype>(checks->value(monitor->monitor.id).size());
@@ -324,15 +323,15 @@ TEST_F(WatchTest, ThirtyMonitorsOfEveryKindAreWatchedAsTheRulesSay)
         EXPECT_GE(seen, recorded) << qPrintable(name);
         EXPECT_LE(seen, recorded + 1) << qPrintable(name);
     }
-    EXPECT_TRUE(requests.filter(text("/paused")).isEmpty());
-    EXPECT_EQ(requests.filter(text(" Mozilla/5.0 (Macintosh; Intel Mac OS X 14_0) ")).size(),
+    EXPECT_TRUE(requests.filter(u"/paused"_s).isEmpty());
+    EXPECT_EQ(requests.filter(u" Mozilla/5.0 (Macintosh; Intel Mac OS X 14_0) "_s).size(),
               requests.size());
 }
 
 TEST_F(WatchTest, AnOutageIsToldOnceAndSoIsItsEnd)
 {
-    add({.monitor = webMonitor(text("Outage"), outage.url())});
-    add({.monitor = webMonitor(text("Flaky"), shortLived.url())});
+    add({.monitor = webMonitor(u"Outage"_s, outage.url())});
+    add({.monitor = webMonitor(u"Flaky"_s, shortLived.url())});
     program.writeMonitors(records());
     ASSERT_TRUE(daemon.start());
     ASSERT_TRUE(program.start());
@@ -340,16 +339,16 @@ TEST_F(WatchTest, AnOutageIsToldOnceAndSoIsItsEnd)
     EXPECT_EQ(program.stop(), 0);
 
     QStringList shown = describe(daemon.closeAll());
-    EXPECT_TRUE(takeMatch(shown, text("Outage is Down\\|HTTP 500\\|critical")));
-    EXPECT_TRUE(takeMatch(shown, text("Outage is Back Up\\|Responding in \\d+ms\\|normal")));
+    EXPECT_TRUE(takeMatch(shown, u"Outage is Down\\|HTTP 500\\|critical"_s));
+    EXPECT_TRUE(takeMatch(shown, u"Outage is Back Up\\|Responding in \\d+ms\\|normal"_s));
     EXPECT_EQ(shown.join(QLatin1Char('\n')).toStdString(), "") << "single failures are chance";
 }
 
 TEST_F(WatchTest, AWakeChecksEverythingOnceMoreAtOnce)
 {
-    Monitor hourly = webMonitor(text("Hourly"), nginx.url(0, "/hourly"));
+    Monitor hourly = webMonitor(u"Hourly"_s, nginx.url(0, "/hourly"));
     hourly.interval = Seconds(3600);
-    Monitor paused = webMonitor(text("Paused"), nginx.url(0, "/paused"));
+    Monitor paused = webMonitor(u"Paused"_s, nginx.url(0, "/paused"));
     paused.isEnabled = false;
     add({.monitor = hourly, .statusCode = 200});
     add({.monitor = paused});
@@ -367,7 +366,7 @@ TEST_F(WatchTest, AWakeChecksEverythingOnceMoreAtOnce)
 
 TEST_F(WatchTest, ACheckUnderWayAtASleepIsDroppedForTheWakesOne)
 {
-    Monitor hanging = webMonitor(text("Hanging"), silent.url());
+    Monitor hanging = webMonitor(u"Hanging"_s, silent.url());
     hanging.interval = Seconds(3600);
     hanging.timeout = Seconds(1);
     program.writeMonitors({hanging});
@@ -391,9 +390,9 @@ TEST_F(WatchTest, ChecksOfOtherComputersWaitForTheNetwork)
     FakeNetworkManager networkManager(systemBus, FakeNetworkManager::disconnected);
     ASSERT_TRUE(networkManager.isRunning());
     // A host that isn't this computer by its text, and is reached all the same.
-    program.setEnvironment(text("http_proxy"), QString::fromLatin1(nginx.url(0, "/")));
-    const Monitor local = webMonitor(text("Local"), nginx.url(0, "/local"));
-    const Monitor other = webMonitor(text("Other"), "http://other.test/");
+    program.setEnvironment(u"http_proxy"_s, QString::fromLatin1(nginx.url(0, "/")));
+    const Monitor local = webMonitor(u"Local"_s, nginx.url(0, "/local"));
+    const Monitor other = webMonitor(u"Other"_s, "http://other.test/");
     program.writeMonitors({local, other});
     ASSERT_TRUE(program.start());
     const auto count = [this](const Monitor &monitor) {
@@ -414,7 +413,7 @@ TEST_F(WatchTest, ChecksOfOtherComputersWaitForTheNetwork)
 
 TEST_F(WatchTest, ADaemonThatComesLateOrRestartsGetsWhatIsNew)
 {
-    add({.monitor = webMonitor(text("Missing"), nginx.url(0, "/404"))});
+    add({.monitor = webMonitor(u"Missing"_s, nginx.url(0, "/404"))});
     program.writeMonitors(records());
     ASSERT_TRUE(program.start());
     ASSERT_TRUE(waitFor([this] { return haveChecks(4); })) << "nothing waits for a daemon";

@@ -3,7 +3,6 @@
 #include "NotificationDaemon.h"
 #include "OstrelDesktop.h"
 #include "Printers.h"
-#include "Text.h"
 #include "WaitFor.h"
 
 #include <QDir>
@@ -14,6 +13,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace ostrel::test {
 
@@ -36,10 +37,11 @@ class WindowJourneyTest : public testing::Test
 protected:
     WindowJourneyTest()
     {
-        desktop.program.setEnvironment(text("SSL_CERT_FILE"),
+        desktop.program.setEnvironment(u"SSL_CERT_FILE"_s,
                                        QString::fromLatin1(certificates.authorityFile()));
         for (const char *name : {"http_proxy", "https_proxy"})
-            desktop.program.setEnvironment(text(name), QString::fromLatin1(proxy.url()));
+            desktop.program.setEnvironment(QString::fromUtf8(name),
+                                           QString::fromLatin1(proxy.url()));
         QDir(desktop.program.dataDir()).removeRecursively();
 
         QImage icon(32, 32, QImage::Format_RGB32);
@@ -47,7 +49,7 @@ protected:
             for (int y = 0; y < icon.height(); ++y)
                 icon.setPixel(x, y, qRgb(8 * x, 8 * y, 128));
         }
-        EXPECT_TRUE(icon.save(servers.folder() + text("/icon.png")));
+        EXPECT_TRUE(icon.save(servers.folder() + u"/icon.png"_s));
     }
 
     [[nodiscard]] std::optional<AccessibleItem> find(AccessibleRole role, const QString &pattern)
@@ -79,7 +81,7 @@ protected:
     {
         const auto found = find(AccessibleRole::listItem, row);
         return found && desktop.user.clickRight(found->extents.center()) &&
-               sees(AccessibleRole::popupMenu, text(".*"));
+               sees(AccessibleRole::popupMenu, u".*"_s);
     }
     [[nodiscard]] bool isGone(AccessibleRole role, const QString &name)
     {
@@ -121,36 +123,34 @@ protected:
     HostileServer proxy{tunnelInto({{"elsewhere.example:443", servers.port(0)}})};
     OstrelDesktop desktop;
     NotificationDaemon daemon{desktop.sessionBus, desktop.display};
-    const QString database = QStringLiteral("127.0.0.1:%1").arg(servers.port(1));
+    const QString database = u"127.0.0.1:%1"_s.arg(servers.port(1));
     QUuid shopId;
     QUuid databaseId;
 };
 
 void WindowJourneyTest::addTheShopFromTheClipboard()
 {
-    ASSERT_TRUE(sees(AccessibleRole::label, text("Start Monitoring")));
-    ASSERT_TRUE(desktop.user.copy(text(" https://elsewhere.example/\n")));
-    ASSERT_TRUE(click(AccessibleRole::pushButton, text("Add Monitor")));
-    ASSERT_TRUE(click(AccessibleRole::pushButton, text("Paste: https://elsewhere.example/")));
-    ASSERT_TRUE(isGone(AccessibleRole::pushButton, text("Paste: https://elsewhere.example/")));
-    EXPECT_EQ(find(AccessibleRole::text, text("Website address"))->node.text(),
-              text("https://elsewhere.example/"));
-    ASSERT_TRUE(click(AccessibleRole::pushButton, text("Start Monitoring")));
+    ASSERT_TRUE(sees(AccessibleRole::label, u"Start Monitoring"_s));
+    ASSERT_TRUE(desktop.user.copy(u" https://elsewhere.example/\n"_s));
+    ASSERT_TRUE(click(AccessibleRole::pushButton, u"Add Monitor"_s));
+    ASSERT_TRUE(click(AccessibleRole::pushButton, u"Paste: https://elsewhere.example/"_s));
+    ASSERT_TRUE(isGone(AccessibleRole::pushButton, u"Paste: https://elsewhere.example/"_s));
+    EXPECT_EQ(find(AccessibleRole::text, u"Website address"_s)->node.text(),
+              u"https://elsewhere.example/"_s);
+    ASSERT_TRUE(click(AccessibleRole::pushButton, u"Start Monitoring"_s));
 
-    EXPECT_TRUE(isGone(AccessibleRole::dialog, text("New Monitor")));
-    EXPECT_TRUE(
-        sees(AccessibleRole::listItem, text("Corner Shop, up, \\d+ ms, 24-hour uptime 100%")));
-    EXPECT_TRUE(sees(AccessibleRole::heading, text("Corner Shop"))) << "its page opens";
+    EXPECT_TRUE(isGone(AccessibleRole::dialog, u"New Monitor"_s));
+    EXPECT_TRUE(sees(AccessibleRole::listItem, u"Corner Shop, up, \\d+ ms, 24-hour uptime 100%"_s));
+    EXPECT_TRUE(sees(AccessibleRole::heading, u"Corner Shop"_s)) << "its page opens";
     ASSERT_TRUE(keeps([](const QList<Monitor> &monitors) {
-        return monitors.size() == 1 && monitors[0].name == text("Corner Shop") &&
-               monitors[0].url == text("https://elsewhere.example/") && monitors[0].isEnabled;
+        return monitors.size() == 1 && monitors[0].name == u"Corner Shop"_s &&
+               monitors[0].url == u"https://elsewhere.example/"_s && monitors[0].isEnabled;
     }));
     shopId = desktop.program.readMonitors()->constFirst().id;
     EXPECT_TRUE(waitFor([this] {
-        return QDir(desktop.program.dataDir() + text("/favicons")).entryList(QDir::Files).size() ==
-               1;
+        return QDir(desktop.program.dataDir() + u"/favicons"_s).entryList(QDir::Files).size() == 1;
     }));
-    EXPECT_EQ(servers.accessLog().filter(text("GET /icon.png 200")).size(), 1);
+    EXPECT_EQ(servers.accessLog().filter(u"GET /icon.png 200"_s).size(), 1);
     // Nobody else was asked.
     const auto requests = proxy.requests();
     EXPECT_TRUE(std::ranges::all_of(requests, [](const SeenRequest &request) {
@@ -161,21 +161,21 @@ void WindowJourneyTest::addTheShopFromTheClipboard()
 void WindowJourneyTest::addTheDatabaseByTyping()
 {
     ASSERT_TRUE(desktop.user.press("ctrl+n"));
-    ASSERT_TRUE(sees(AccessibleRole::dialog, text("New Monitor")));
+    ASSERT_TRUE(sees(AccessibleRole::dialog, u"New Monitor"_s));
     ASSERT_TRUE(desktop.user.type(database));
     ASSERT_TRUE(waitFor([this] {
-        const auto port = itemNamed(desktop.items(), AccessibleRole::text, text("PORT"));
+        const auto port = itemNamed(desktop.items(), AccessibleRole::text, u"PORT"_s);
         return port && port->node.text() == QString::number(servers.port(1));
     }));
-    EXPECT_TRUE(find(AccessibleRole::radioButton, text("Port"))->has(AccessibleState::checked));
-    EXPECT_EQ(find(AccessibleRole::text, text("HOST"))->node.text(), text("127.0.0.1"));
+    EXPECT_TRUE(find(AccessibleRole::radioButton, u"Port"_s)->has(AccessibleState::checked));
+    EXPECT_EQ(find(AccessibleRole::text, u"HOST"_s)->node.text(), u"127.0.0.1"_s);
     ASSERT_TRUE(desktop.user.press("Return"));
 
-    EXPECT_TRUE(isGone(AccessibleRole::dialog, text("New Monitor")));
-    EXPECT_TRUE(sees(AccessibleRole::listItem, database + text(", up, .*")));
+    EXPECT_TRUE(isGone(AccessibleRole::dialog, u"New Monitor"_s));
+    EXPECT_TRUE(sees(AccessibleRole::listItem, database + u", up, .*"_s));
     ASSERT_TRUE(keeps([this](const QList<Monitor> &monitors) {
         return monitors.size() == 2 && monitors[1].type == MonitorType::port &&
-               monitors[1].name == database && monitors[1].url == text("127.0.0.1") &&
+               monitors[1].name == database && monitors[1].url == u"127.0.0.1"_s &&
                monitors[1].port == servers.port(1);
     }));
     databaseId = desktop.program.readMonitors()->constLast().id;
@@ -184,40 +184,40 @@ void WindowJourneyTest::addTheDatabaseByTyping()
 void WindowJourneyTest::seeTheDatabaseGoDownAndComeBack()
 {
     servers.stop();
-    ASSERT_TRUE(click(AccessibleRole::listItem, database + text(", up, .*")));
+    ASSERT_TRUE(click(AccessibleRole::listItem, database + u", up, .*"_s));
     ASSERT_TRUE(sees(AccessibleRole::heading, database));
     ASSERT_TRUE(desktop.user.press("ctrl+r"));
-    EXPECT_TRUE(sees(AccessibleRole::listItem, database + text(", down, 24-hour uptime .*")));
-    EXPECT_TRUE(sees(AccessibleRole::label, text("DOWN")));
+    EXPECT_TRUE(sees(AccessibleRole::listItem, database + u", down, 24-hour uptime .*"_s));
+    EXPECT_TRUE(sees(AccessibleRole::label, u"DOWN"_s));
     EXPECT_EQ(daemon.displayedCount(), 0) << "once is chance";
-    ASSERT_TRUE(click(AccessibleRole::pushButton, text("Check now")));
+    ASSERT_TRUE(click(AccessibleRole::pushButton, u"Check now"_s));
     EXPECT_TRUE(waitFor([this] { return daemon.displayedCount() == 1; }));
-    ASSERT_TRUE(click(AccessibleRole::listItem, text("Ostrel")));
-    EXPECT_TRUE(sees(AccessibleRole::label, text("Issues Detected")));
-    EXPECT_TRUE(sees(AccessibleRole::label, text("1 of 2 monitors up")));
+    ASSERT_TRUE(click(AccessibleRole::listItem, u"Ostrel"_s));
+    EXPECT_TRUE(sees(AccessibleRole::label, u"Issues Detected"_s));
+    EXPECT_TRUE(sees(AccessibleRole::label, u"1 of 2 monitors up"_s));
 
     ASSERT_TRUE(servers.startAgain());
-    ASSERT_TRUE(click(AccessibleRole::pushButton, database + text(", down, .*")));
+    ASSERT_TRUE(click(AccessibleRole::pushButton, database + u", down, .*"_s));
     ASSERT_TRUE(sees(AccessibleRole::heading, database));
     ASSERT_TRUE(desktop.user.press("ctrl+r"));
-    EXPECT_TRUE(sees(AccessibleRole::listItem, database + text(", up, .*")));
+    EXPECT_TRUE(sees(AccessibleRole::listItem, database + u", up, .*"_s));
     EXPECT_TRUE(waitFor([this] { return daemon.displayedCount() == 2; }));
     EXPECT_EQ(notifications(),
-              (QStringList{database + text(" is Back Up"), database + text(" is Down")}));
+              (QStringList{database + u" is Back Up"_s, database + u" is Down"_s}));
     ASSERT_TRUE(desktop.user.press("Escape"));
-    ASSERT_TRUE(click(AccessibleRole::listItem, text("Ostrel")));
-    EXPECT_TRUE(sees(AccessibleRole::label, text("All Systems Operational")));
+    ASSERT_TRUE(click(AccessibleRole::listItem, u"Ostrel"_s));
+    EXPECT_TRUE(sees(AccessibleRole::label, u"All Systems Operational"_s));
 }
 
 void WindowJourneyTest::editTheDatabase()
 {
-    ASSERT_TRUE(click(AccessibleRole::listItem, database + text(", up, .*")));
+    ASSERT_TRUE(click(AccessibleRole::listItem, database + u", up, .*"_s));
     ASSERT_TRUE(sees(AccessibleRole::heading, database));
     ASSERT_TRUE(desktop.user.press("ctrl+e"));
-    ASSERT_TRUE(sees(AccessibleRole::dialog, text("Edit Monitor")));
-    ASSERT_TRUE(click(AccessibleRole::radioButton, text("1h")));
+    ASSERT_TRUE(sees(AccessibleRole::dialog, u"Edit Monitor"_s));
+    ASSERT_TRUE(click(AccessibleRole::radioButton, u"1h"_s));
     ASSERT_TRUE(desktop.user.press("Return"));
-    EXPECT_TRUE(isGone(AccessibleRole::dialog, text("Edit Monitor")));
+    EXPECT_TRUE(isGone(AccessibleRole::dialog, u"Edit Monitor"_s));
     EXPECT_TRUE(keeps([this](const QList<Monitor> &monitors) {
         return monitors.size() == 2 && monitors[1].id == databaseId &&
                monitors[1].interval == Seconds(3600) && monitors[1].name == database;
@@ -227,62 +227,62 @@ void WindowJourneyTest::editTheDatabase()
 void WindowJourneyTest::useTheDatabasesMenu()
 {
     const auto isPaused = [](const QList<Monitor> &monitors) { return !monitors[1].isEnabled; };
-    ASSERT_TRUE(openMenu(database + text(", up, .*")));
-    ASSERT_TRUE(click(AccessibleRole::menuItem, text("Pause")));
-    EXPECT_TRUE(sees(AccessibleRole::listItem, database + text(", paused, .*")));
+    ASSERT_TRUE(openMenu(database + u", up, .*"_s));
+    ASSERT_TRUE(click(AccessibleRole::menuItem, u"Pause"_s));
+    EXPECT_TRUE(sees(AccessibleRole::listItem, database + u", paused, .*"_s));
     EXPECT_TRUE(keeps(isPaused));
 
     // From the keyboard, which the menu has given back to the list.
-    ASSERT_TRUE(isGone(AccessibleRole::menuItem, text("Pause")));
+    ASSERT_TRUE(isGone(AccessibleRole::menuItem, u"Pause"_s));
     ASSERT_TRUE(desktop.user.press("shift+F10"));
-    ASSERT_TRUE(sees(AccessibleRole::menuItem, text("Resume")));
-    ASSERT_TRUE(desktop.user.press({text("Down"), text("Down"), text("Return")}));
-    EXPECT_TRUE(sees(AccessibleRole::listItem, database + text(", up, .*")));
+    ASSERT_TRUE(sees(AccessibleRole::menuItem, u"Resume"_s));
+    ASSERT_TRUE(desktop.user.press({u"Down"_s, u"Down"_s, u"Return"_s}));
+    EXPECT_TRUE(sees(AccessibleRole::listItem, database + u", up, .*"_s));
     EXPECT_TRUE(keeps(std::not_fn(isPaused)));
 
-    ASSERT_TRUE(isGone(AccessibleRole::menuItem, text("Resume")));
+    ASSERT_TRUE(isGone(AccessibleRole::menuItem, u"Resume"_s));
     const std::size_t shopChecks = checkCount(shopId);
-    ASSERT_TRUE(openMenu(text("Corner Shop, .*")));
-    ASSERT_TRUE(click(AccessibleRole::menuItem, text("Check Now")));
+    ASSERT_TRUE(openMenu(u"Corner Shop, .*"_s));
+    ASSERT_TRUE(click(AccessibleRole::menuItem, u"Check Now"_s));
     EXPECT_TRUE(waitFor([&] { return checkCount(shopId) > shopChecks; }));
 
-    ASSERT_TRUE(isGone(AccessibleRole::menuItem, text("Check Now")));
-    ASSERT_TRUE(openMenu(database + text(", up, .*")));
-    ASSERT_TRUE(click(AccessibleRole::menuItem, text("Delete")));
+    ASSERT_TRUE(isGone(AccessibleRole::menuItem, u"Check Now"_s));
+    ASSERT_TRUE(openMenu(database + u", up, .*"_s));
+    ASSERT_TRUE(click(AccessibleRole::menuItem, u"Delete"_s));
     EXPECT_TRUE(keeps([this](const QList<Monitor> &monitors) {
         return monitors.size() == 1 && monitors[0].id == shopId;
     }));
     EXPECT_TRUE(waitFor([this] { return checkCount(databaseId) == 0; }));
-    EXPECT_TRUE(sees(AccessibleRole::heading, text("Corner Shop"))) << "what is left is shown";
+    EXPECT_TRUE(sees(AccessibleRole::heading, u"Corner Shop"_s)) << "what is left is shown";
 }
 
 void WindowJourneyTest::changeTheSettings()
 {
     const auto kept = [this](const char *key) { return desktop.program.preference(key); };
-    const QString loginItem = desktop.program.homeFile(text("config/autostart/ostrel.desktop"));
+    const QString loginItem = desktop.program.homeFile(u"config/autostart/ostrel.desktop"_s);
     ASSERT_TRUE(desktop.user.press("ctrl+comma"));
-    ASSERT_TRUE(sees(AccessibleRole::frame, text("Settings")));
-    ASSERT_TRUE(click(AccessibleRole::checkBox, text("Launch at Login")));
+    ASSERT_TRUE(sees(AccessibleRole::frame, u"Settings"_s));
+    ASSERT_TRUE(click(AccessibleRole::checkBox, u"Launch at Login"_s));
     EXPECT_TRUE(
         waitFor([&] { return kept("launchAtLogin") == "true" && QFile::exists(loginItem); }));
-    ASSERT_TRUE(click(AccessibleRole::checkBox, text("Launch at Login")));
+    ASSERT_TRUE(click(AccessibleRole::checkBox, u"Launch at Login"_s));
     EXPECT_TRUE(
         waitFor([&] { return kept("launchAtLogin") == "false" && !QFile::exists(loginItem); }));
-    ASSERT_TRUE(click(AccessibleRole::checkBox, text("Play Sounds on Status Change")));
+    ASSERT_TRUE(click(AccessibleRole::checkBox, u"Play Sounds on Status Change"_s));
     EXPECT_TRUE(waitFor([&] { return kept("playSounds") == "false"; }));
     ASSERT_TRUE(desktop.user.press("Escape"));
-    EXPECT_TRUE(isGone(AccessibleRole::frame, text("Settings")));
+    EXPECT_TRUE(isGone(AccessibleRole::frame, u"Settings"_s));
 }
 
 void WindowJourneyTest::closeTheWindowAndOpenItAgain()
 {
-    ASSERT_TRUE(desktop.windows.closeWindow(text("Ostrel")));
-    EXPECT_TRUE(waitFor([this] { return !desktop.windows.hasWindow(text("Ostrel")); }));
+    ASSERT_TRUE(desktop.windows.closeWindow(u"Ostrel"_s));
+    EXPECT_TRUE(waitFor([this] { return !desktop.windows.hasWindow(u"Ostrel"_s); }));
     EXPECT_TRUE(desktop.program.isRunning());
     EXPECT_EQ(desktop.program.run({}).exitCode, 0);
-    EXPECT_TRUE(waitFor([this] { return desktop.windows.hasWindow(text("Ostrel")); }));
+    EXPECT_TRUE(waitFor([this] { return desktop.windows.hasWindow(u"Ostrel"_s); }));
     EXPECT_TRUE(waitFor([this] { return desktop.focusedItem().has_value(); }));
-    EXPECT_TRUE(sees(AccessibleRole::heading, text("Corner Shop")));
+    EXPECT_TRUE(sees(AccessibleRole::heading, u"Corner Shop"_s));
 }
 
 } // namespace

@@ -5,6 +5,8 @@
 #include <new>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -17,7 +19,7 @@ Check outcomeOf(const Monitor &monitor, bool isUp)
     if (monitor.type == MonitorType::http)
         check.statusCode = isUp ? 200 : 503;
     if (!isUp)
-        check.error = QStringLiteral("HTTP 503");
+        check.error = u"HTTP 503"_s;
     return check;
 }
 
@@ -27,7 +29,7 @@ Monitor makeMonitor(const QString &name)
 {
     return {.id = QUuid::createUuid(),
             .name = name,
-            .url = QStringLiteral("https://shop.example/"),
+            .url = u"https://shop.example/"_s,
             .createdAt = systemNow()};
 }
 

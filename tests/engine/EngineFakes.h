@@ -16,8 +16,10 @@
 
 namespace ostrel::test {
 
+using namespace Qt::StringLiterals;
+
 /// A monitor with an id of its own.
-[[nodiscard]] Monitor makeMonitor(const QString &name = QStringLiteral("Shop"));
+[[nodiscard]] Monitor makeMonitor(const QString &name = u"Shop"_s);
 
 /// Sleeps that end when the test says so.
 class ManualSleeper : public Sleeper

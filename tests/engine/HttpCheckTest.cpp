@@ -11,6 +11,8 @@
 
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -96,8 +98,7 @@ TEST_F(HttpCheckTest, StatusRule)
         const Check made = run();
         EXPECT_EQ(made.isUp, c.isUp) << c.statusCode;
         EXPECT_EQ(made.statusCode, CompactOptional<qint32>(c.statusCode));
-        EXPECT_EQ(made.error.value_or(QStringLiteral("-")),
-                  QString::fromLatin1(c.error ? c.error : "-"));
+        EXPECT_EQ(made.error.value_or(u"-"_s), QString::fromLatin1(c.error ? c.error : "-"));
     }
 }
 
@@ -139,7 +140,7 @@ TEST_F(HttpCheckTest, AnUnparsableAddressIsInvalidWithoutARequest)
         monitor.url = QString::fromLatin1(address);
         const Check made = run();
         EXPECT_FALSE(made.isUp) << address;
-        EXPECT_EQ(made.error, OptionalText(QStringLiteral("Invalid URL"))) << address;
+        EXPECT_EQ(made.error, OptionalText(u"Invalid URL"_s)) << address;
         EXPECT_EQ(made.responseTime, 0) << address;
         EXPECT_FALSE(made.statusCode.has_value()) << address;
     }
@@ -148,7 +149,7 @@ TEST_F(HttpCheckTest, AnUnparsableAddressIsInvalidWithoutARequest)
 
 TEST_F(HttpCheckTest, AnAddressWithoutASchemeIsHandedOverAsItIs)
 {
-    monitor.url = QStringLiteral("shop.example/login");
+    monitor.url = u"shop.example/login"_s;
     static_cast<void>(run());
     ASSERT_EQ(requests.size(), 1u);
     EXPECT_EQ(requests[0].url, QByteArray("shop.example/login"));
@@ -156,10 +157,10 @@ TEST_F(HttpCheckTest, AnAddressWithoutASchemeIsHandedOverAsItIs)
 
 TEST_F(HttpCheckTest, ATransportErrorKeepsItsTextItsTimeAndTheCertificateSeenBefore)
 {
-    monitor.keyword = QStringLiteral("OK");
+    monitor.keyword = u"OK"_s;
     certificateEnd = std::chrono::floor<std::chrono::seconds>(now - 24h);
     result = HttpResult();
-    result.error = QStringLiteral("SSL certificate problem: certificate has expired");
+    result.error = u"SSL certificate problem: certificate has expired"_s;
     result.elapsed = 31ms;
     const Check made = run();
 
@@ -205,8 +206,7 @@ TEST_F(HttpCheckTest, KeywordRule)
         const Check made = run();
         EXPECT_EQ(made.isUp, c.isUp) << c.name;
         EXPECT_EQ(made.keywordFound, c.found) << c.name;
-        EXPECT_EQ(made.error.value_or(QStringLiteral("-")),
-                  QString::fromLatin1(c.error ? c.error : "-"))
+        EXPECT_EQ(made.error.value_or(u"-"_s), QString::fromLatin1(c.error ? c.error : "-"))
             << c.name;
     }
     EXPECT_EQ(requests.back().bodyLimit, 0);
@@ -214,7 +214,7 @@ TEST_F(HttpCheckTest, KeywordRule)
 
 TEST_F(HttpCheckTest, ATimeOutOfMonthsIsNone)
 {
-    monitor.keyword = QStringLiteral("OK");
+    monitor.keyword = u"OK"_s;
     // The second of them, in milliseconds, is what 32 bits hold, and a bit.
     for (const double seconds : {30. * 86400, 4294967.3, 1e9, 1e300}) {
         monitor.timeout = Seconds(seconds);
@@ -238,7 +238,7 @@ TEST_F(HttpCheckTest, ABodyThatIsReadInPiecesIsSearchedAsOne)
 
 TEST_F(HttpCheckTest, OnlyTheLastBodyCounts)
 {
-    monitor.keyword = QStringLiteral("OK");
+    monitor.keyword = u"OK"_s;
     bodyBefore = "OK, but moved";
     result = response(200, "failure");
     EXPECT_EQ(run().keywordFound, false);
@@ -246,7 +246,7 @@ TEST_F(HttpCheckTest, OnlyTheLastBodyCounts)
 
 TEST_F(HttpCheckTest, ABodyThatCouldNotBeReadLeavesItToTheStatus)
 {
-    monitor.keyword = QStringLiteral("OK");
+    monitor.keyword = u"OK"_s;
     isBodyReadable = false;
     for (const bool shouldExist : {true, false}) {
         monitor.keywordShouldExist = shouldExist;
@@ -259,7 +259,7 @@ TEST_F(HttpCheckTest, ABodyThatCouldNotBeReadLeavesItToTheStatus)
         result = response(500, "OK");
         const Check down = run();
         EXPECT_FALSE(down.isUp);
-        EXPECT_EQ(down.error, QStringLiteral("HTTP 500"));
+        EXPECT_EQ(down.error, u"HTTP 500"_s);
         EXPECT_EQ(down.keywordFound, std::nullopt);
     }
 }

@@ -9,6 +9,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -20,9 +22,9 @@ protected:
         : ScriptedEngine(store)
     {
         QObject::connect(&store, &MonitorStore::monitorsChanged, &commands,
-                         [this] { steps += QStringLiteral("stored"); });
+                         [this] { steps += u"stored"_s; });
         QObject::connect(&engine, &MonitoringEngine::tasksChanged, &commands,
-                         [this] { steps += QStringLiteral("engine"); });
+                         [this] { steps += u"engine"_s; });
     }
 
     /// What the store and the engine have done, in order.
@@ -44,7 +46,7 @@ protected:
 TEST_F(MonitorCommandsTest, ANewMonitorIsStoredThenWatchedAndCheckedAtOnce)
 {
     commands.create(shop);
-    EXPECT_EQ(takeSteps(), QStringLiteral("stored engine"));
+    EXPECT_EQ(takeSteps(), u"stored engine"_s);
     EXPECT_EQ(store.monitors(), QList<Monitor>{shop});
     EXPECT_TRUE(isWatched());
     EXPECT_EQ(httpCheck.runs, std::vector<Monitor>{shop});
@@ -59,7 +61,7 @@ TEST_F(MonitorCommandsTest, AnUpdatedMonitorIsStoredThenWatchedAnewAndCheckedAtO
     shop.interval = Seconds(3600);
     commands.update(shop);
 
-    EXPECT_EQ(takeSteps(), QStringLiteral("stored engine"));
+    EXPECT_EQ(takeSteps(), u"stored engine"_s);
     EXPECT_EQ(store.monitors(), QList<Monitor>{shop});
     EXPECT_NE(engine.tasks().value(shop.id), before);
     ASSERT_EQ(httpCheck.runs.size(), 2u);
@@ -90,7 +92,7 @@ TEST_F(MonitorCommandsTest, APausedMonitorIsStoredThenStopped)
     commands.create(shop);
     static_cast<void>(takeSteps());
     commands.pause(shop.id);
-    EXPECT_EQ(takeSteps(), QStringLiteral("stored engine"));
+    EXPECT_EQ(takeSteps(), u"stored engine"_s);
     EXPECT_FALSE(isEnabled());
     EXPECT_FALSE(isWatched());
 }
@@ -101,7 +103,7 @@ TEST_F(MonitorCommandsTest, AResumedMonitorIsStoredThenCheckedAtOnce)
     store.addMonitor(shop);
     static_cast<void>(takeSteps());
     commands.resume(shop.id);
-    EXPECT_EQ(takeSteps(), QStringLiteral("stored engine"));
+    EXPECT_EQ(takeSteps(), u"stored engine"_s);
     EXPECT_TRUE(isEnabled());
     EXPECT_TRUE(isWatched());
     EXPECT_EQ(httpCheck.runs.size(), 1u);
@@ -127,7 +129,7 @@ TEST_F(MonitorCommandsTest, ARemovedMonitorIsStoppedThenForgottenWithItsHistory)
     ASSERT_TRUE(waitFor([&] { return store.checks(shop.id).size() == 1; }));
     static_cast<void>(takeSteps());
     commands.remove(shop.id);
-    EXPECT_EQ(takeSteps(), QStringLiteral("engine stored"));
+    EXPECT_EQ(takeSteps(), u"engine stored"_s);
     EXPECT_FALSE(isWatched());
     EXPECT_TRUE(store.monitors().isEmpty());
     EXPECT_TRUE(store.checks(shop.id).empty());

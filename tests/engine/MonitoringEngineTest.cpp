@@ -13,6 +13,8 @@
 #include <new>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -75,8 +77,8 @@ TEST_F(MonitoringEngineTest, TheSecondFailureInARowNotifiesOnce)
     runThrough({false, false, false, false});
 
     EXPECT_EQ(store.checks(monitor.id).size(), 4u);
-    ASSERT_EQ(center.kinds(), QStringList{QStringLiteral("down")});
-    EXPECT_EQ(center.requests.front().body, QStringLiteral("HTTP 503"));
+    ASSERT_EQ(center.kinds(), QStringList{u"down"_s});
+    EXPECT_EQ(center.requests.front().body, u"HTTP 503"_s);
     EXPECT_EQ(engine.consecutiveFailures().value(monitor.id), 4);
 }
 
@@ -87,7 +89,7 @@ TEST_F(MonitoringEngineTest, OneFailureIsNotToldBeforeTheSecond)
 
     httpCheck.willBe({false});
     nextRound();
-    EXPECT_EQ(center.kinds(), QStringList{QStringLiteral("down")});
+    EXPECT_EQ(center.kinds(), QStringList{u"down"_s});
 }
 
 TEST_F(MonitoringEngineTest, SingleFailuresNeverNotify)
@@ -101,8 +103,8 @@ TEST_F(MonitoringEngineTest, RecoveryAfterAnOutageIsToldOnce)
 {
     runThrough({false, false, true, true});
 
-    ASSERT_EQ(center.kinds(), QStringList({QStringLiteral("down"), QStringLiteral("up")}));
-    EXPECT_EQ(center.requests.back().body, QStringLiteral("Responding in 12ms"));
+    ASSERT_EQ(center.kinds(), QStringList({u"down"_s, u"up"_s}));
+    EXPECT_EQ(center.requests.back().body, u"Responding in 12ms"_s);
     ASSERT_TRUE(engine.consecutiveFailures().contains(monitor.id));
     EXPECT_EQ(engine.consecutiveFailures().value(monitor.id), 0);
 }
@@ -115,22 +117,22 @@ TEST_F(MonitoringEngineTest, WithoutNotifyOnDownTheOutageIsCountedAndItsEndTold)
     EXPECT_EQ(center.kinds(), none);
 
     nextRound();
-    EXPECT_EQ(center.kinds(), QStringList{QStringLiteral("up")});
+    EXPECT_EQ(center.kinds(), QStringList{u"up"_s});
 }
 
 TEST_F(MonitoringEngineTest, WithoutNotifyOnRecoveryTheEndIsNotTold)
 {
     monitor.notifyOnRecovery = false;
     runThrough({false, false, true});
-    EXPECT_EQ(center.kinds(), QStringList{QStringLiteral("down")});
+    EXPECT_EQ(center.kinds(), QStringList{u"down"_s});
 }
 
 TEST_F(MonitoringEngineTest, ASlowAnswerIsToldAtEveryCheck)
 {
     monitor.responseTimeThreshold = Milliseconds(5);
     runThrough({true, true});
-    ASSERT_EQ(center.kinds(), QStringList({QStringLiteral("slow"), QStringLiteral("slow")}));
-    EXPECT_EQ(center.requests.front().body, QStringLiteral("12ms (threshold: 5ms)"));
+    ASSERT_EQ(center.kinds(), QStringList({u"slow"_s, u"slow"_s}));
+    EXPECT_EQ(center.requests.front().body, u"12ms (threshold: 5ms)"_s);
     EXPECT_EQ(center.requests.front(), center.requests.back());
 }
 
@@ -150,10 +152,10 @@ TEST_F(MonitoringEngineTest, TheResponseIsToldBeforeItIsRecordedAndTheRecoveryAf
 
     engine.handleResult(check, monitor);
 
-    const QStringList ofTheResponse = {QStringLiteral("slow"), QStringLiteral("ssl")};
+    const QStringList ofTheResponse = {u"slow"_s, u"ssl"_s};
     EXPECT_EQ(kindsWhenRecorded, ofTheResponse);
-    EXPECT_EQ(center.kinds(), ofTheResponse + QStringList{QStringLiteral("up")});
-    EXPECT_EQ(center.requests.at(1).body, QStringLiteral("Shop: 1 day remaining"));
+    EXPECT_EQ(center.kinds(), ofTheResponse + QStringList{u"up"_s});
+    EXPECT_EQ(center.requests.at(1).body, u"Shop: 1 day remaining"_s);
 }
 
 TEST_F(MonitoringEngineTest, StartingTwiceDoesNothingTheSecondTime)
@@ -172,9 +174,9 @@ TEST_F(MonitoringEngineTest, StartingTwiceDoesNothingTheSecondTime)
 
 TEST_F(MonitoringEngineTest, StartWatchesTheEnabledMonitorsInTheStoresOrder)
 {
-    Monitor paused = makeMonitor(QStringLiteral("Paused"));
+    Monitor paused = makeMonitor(u"Paused"_s);
     paused.isEnabled = false;
-    const Monitor second = makeMonitor(QStringLiteral("Second"));
+    const Monitor second = makeMonitor(u"Second"_s);
     for (const Monitor &each : {monitor, paused, second})
         store.addMonitor(each);
     int taskChanges = 0;
@@ -218,9 +220,9 @@ TEST_F(MonitoringEngineTest, CheckNowChecksAPausedMonitorAndRecordsIt)
 
 TEST_F(MonitoringEngineTest, AWakeChecksEveryEnabledMonitorOnceMoreAtOnce)
 {
-    Monitor paused = makeMonitor(QStringLiteral("Paused"));
+    Monitor paused = makeMonitor(u"Paused"_s);
     paused.isEnabled = false;
-    const Monitor second = makeMonitor(QStringLiteral("Second"));
+    const Monitor second = makeMonitor(u"Second"_s);
     for (const Monitor &each : {monitor, paused, second})
         store.addMonitor(each);
     engine.start();
@@ -248,7 +250,7 @@ TEST_F(MonitoringEngineTest, EditsInTheStoreReachTheNextCheckAndTheIntervalOnlyA
 {
     runThrough({true});
     Monitor edited = monitor;
-    edited.url = QStringLiteral("https://other.example/");
+    edited.url = u"https://other.example/"_s;
     edited.interval = Seconds(900);
     store.updateMonitor(edited);
     nextRound();
@@ -326,10 +328,10 @@ TEST_F(MonitoringEngineTest, PausingKeepsTheFailureCount)
     httpCheck.willBe({false, true});
     engine.startMonitoring(monitor);
     settle();
-    EXPECT_EQ(center.kinds(), QStringList{QStringLiteral("down")}) << "not reported again";
+    EXPECT_EQ(center.kinds(), QStringList{u"down"_s}) << "not reported again";
 
     nextRound();
-    EXPECT_EQ(center.kinds(), QStringList({QStringLiteral("down"), QStringLiteral("up")}));
+    EXPECT_EQ(center.kinds(), QStringList({u"down"_s, u"up"_s}));
 }
 
 TEST_F(MonitoringEngineTest, RestartingReplacesTheTask)
@@ -390,8 +392,7 @@ TEST_F(MonitoringEngineTest, WhateverFailsInACheckEndsInOneCheckAndTheNextComes)
     runThrough({true});
     ASSERT_EQ(store.checks(monitor.id).size(), 1u);
     EXPECT_FALSE(store.checks(monitor.id).back().isUp);
-    EXPECT_EQ(store.checks(monitor.id).back().error,
-              QStringLiteral("The check could not be carried out"));
+    EXPECT_EQ(store.checks(monitor.id).back().error, u"The check could not be carried out"_s);
 
     httpCheck.hold();
     nextRound();
@@ -421,7 +422,7 @@ TEST_F(MonitoringEngineTest, AResultThatCannotBeHandledDoesNotEndTheWatch)
 
 TEST_F(MonitoringEngineTest, ACheckThatFellDueInASleepIsTheWakesOwn)
 {
-    const Monitor second = makeMonitor(QStringLiteral("Second"));
+    const Monitor second = makeMonitor(u"Second"_s);
     store.addMonitor(monitor);
     store.addMonitor(second);
     engine.start();
@@ -474,7 +475,7 @@ TEST_F(MonitoringEngineTest, WhatIsDroppedIsNotToldEither)
 
     httpCheck.finishNext(true);
     settle();
-    EXPECT_EQ(center.kinds(), QStringList{QStringLiteral("slow")});
+    EXPECT_EQ(center.kinds(), QStringList{u"slow"_s});
 }
 
 TEST_F(MonitoringEngineTest, NothingIsRecordedBetweenTheWordOfASleepAndTheWake)
@@ -518,7 +519,7 @@ class MonitoringEngineOfflineTest : public MonitoringEngineTest
 protected:
     MonitoringEngineOfflineTest()
     {
-        local.url = QStringLiteral("http://127.0.0.1:8080/");
+        local.url = u"http://127.0.0.1:8080/"_s;
         paused.isEnabled = false;
         for (const Monitor &each : {monitor, local, paused})
             store.addMonitor(each);
@@ -535,8 +536,8 @@ protected:
                 store.checks(paused.id).size()};
     }
 
-    Monitor local = makeMonitor(QStringLiteral("Local"));
-    Monitor paused = makeMonitor(QStringLiteral("Paused"));
+    Monitor local = makeMonitor(u"Local"_s);
+    Monitor paused = makeMonitor(u"Paused"_s);
 };
 
 using Counts = std::vector<std::size_t>;

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -29,7 +31,7 @@ protected:
     PortCheckTest()
     {
         monitor.type = MonitorType::port;
-        monitor.url = QStringLiteral("db.local");
+        monitor.url = u"db.local"_s;
         monitor.port = 5432;
         monitor.timeout = Seconds(5);
     }
@@ -68,7 +70,7 @@ TEST_F(PortCheckTest, AnOpenPortIsUpWithTheTimeOfTheConnection)
     EXPECT_FALSE(made.statusCode.has_value());
     EXPECT_FALSE(made.sslExpiresAt.has_value());
     EXPECT_FALSE(made.keywordFound.has_value());
-    EXPECT_EQ(attempts, std::vector<Attempt>({{QStringLiteral("db.local"), 5432, 5s}}));
+    EXPECT_EQ(attempts, std::vector<Attempt>({{u"db.local"_s, 5432, 5s}}));
 }
 
 TEST_F(PortCheckTest, AClosedPortIsDownWithTheTimeOfTheAttempt)
@@ -76,7 +78,7 @@ TEST_F(PortCheckTest, AClosedPortIsDownWithTheTimeOfTheAttempt)
     result = {.isConnected = false, .elapsed = 5s};
     const Check made = run();
     EXPECT_FALSE(made.isUp);
-    EXPECT_EQ(made.error, OptionalText(QStringLiteral("Port 5432 closed or unreachable")));
+    EXPECT_EQ(made.error, OptionalText(u"Port 5432 closed or unreachable"_s));
     EXPECT_DOUBLE_EQ(made.responseTime, 5000);
 }
 
@@ -89,7 +91,7 @@ TEST_F(PortCheckTest, WithoutAUsablePortNoConnectionIsTried)
         monitor.port = port;
         const Check made = run();
         EXPECT_FALSE(made.isUp) << port.value_or(0);
-        EXPECT_EQ(made.error, OptionalText(QStringLiteral("Invalid host/port")));
+        EXPECT_EQ(made.error, OptionalText(u"Invalid host/port"_s));
         EXPECT_EQ(made.responseTime, 0);
     }
     EXPECT_TRUE(attempts.empty());

@@ -11,11 +11,13 @@
 
 namespace ostrel::test {
 
+using namespace Qt::StringLiterals;
+
 /// A store in a fresh folder.
 struct FolderStore
 {
     QTemporaryDir folder;
-    MonitorStore store{folder.filePath(QStringLiteral("data"))};
+    MonitorStore store{folder.filePath(u"data"_s)};
 };
 
 /// An engine whose checks, sleeps and wakes are the test's.

@@ -6,6 +6,8 @@
 
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -44,8 +46,7 @@ TEST(TrimmedFieldTest, RemovesEveryWhiteSpaceCharacterAtBothEnds)
     ASSERT_EQ(allWhiteSpace.size(), 25u);
     for (const char16_t c : allWhiteSpace) {
         const QString space(1, QChar(c));
-        EXPECT_EQ(trimmedField(space + space + QStringLiteral("a  b") + space),
-                  QStringLiteral("a  b"))
+        EXPECT_EQ(trimmedField(space + space + u"a  b"_s + space), u"a  b"_s)
             << std::hex << unsigned(c);
     }
 }
@@ -60,7 +61,7 @@ TEST(TrimmedFieldTest, RemovesNothingElse)
 
 TEST(TrimmedFieldTest, LeavesNothingOfBlanksAlone)
 {
-    EXPECT_EQ(trimmedField(QStringLiteral(" \n\t ")), QString());
+    EXPECT_EQ(trimmedField(u" \n\t "_s), QString());
     EXPECT_EQ(trimmedField(QString()), QString());
 }
 

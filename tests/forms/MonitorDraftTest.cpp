@@ -6,6 +6,8 @@
 
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -51,8 +53,8 @@ std::optional<Milliseconds> asThreshold(std::optional<double> milliseconds)
 Monitor portMonitor()
 {
     return {.id = QUuid::createUuid(),
-            .name = QStringLiteral("Orders"),
-            .url = QStringLiteral("db.local"),
+            .name = u"Orders"_s,
+            .url = u"db.local"_s,
             .method = HTTPMethod::HEAD,
             .interval = Seconds(77),
             .timeout = Seconds(2.5),
@@ -61,7 +63,7 @@ Monitor portMonitor()
             .notifyOnRecovery = false,
             .createdAt = Timestamp(std::chrono::seconds(1)),
             .type = MonitorType::port,
-            .keyword = QStringLiteral(" ready "),
+            .keyword = u" ready "_s,
             .keywordShouldExist = false,
             .responseTimeThreshold = Milliseconds(200),
             .port = 5432,
@@ -86,15 +88,15 @@ TEST(MonitorDraftTest, ANewOneHoldsTheInitialValues)
 
 TEST(MonitorDraftTest, ShowsAllThatItCanOfAMonitor)
 {
-    const MonitorDraft expected = {.url = QStringLiteral("db.local"),
-                                   .portText = QStringLiteral("5432"),
+    const MonitorDraft expected = {.url = u"db.local"_s,
+                                   .portText = u"5432"_s,
                                    .interval = Seconds(77),
                                    .method = HTTPMethod::HEAD,
                                    .timeout = Seconds(2.5),
                                    .monitorType = MonitorType::port,
-                                   .keyword = QStringLiteral(" ready "),
+                                   .keyword = u" ready "_s,
                                    .keywordShouldExist = false,
-                                   .thresholdText = QStringLiteral("200")};
+                                   .thresholdText = u"200"_s};
     EXPECT_EQ(draftOf(portMonitor()), expected);
 }
 
@@ -116,7 +118,7 @@ TEST(MonitorDraftTest, SavingReplacesOnlyWhatTheFormShows)
 {
     const Monitor before = portMonitor();
     Monitor expected = before;
-    expected.url = QStringLiteral("https://shop.example");
+    expected.url = u"https://shop.example"_s;
     expected.interval = Seconds(300);
     expected.method = HTTPMethod::POST;
     expected.timeout = Seconds(30);
@@ -126,25 +128,23 @@ TEST(MonitorDraftTest, SavingReplacesOnlyWhatTheFormShows)
     expected.responseTimeThreshold = std::nullopt;
     expected.port = std::nullopt;
 
-    EXPECT_EQ(
-        withDraft(before, {.url = QStringLiteral("shop.example"), .method = HTTPMethod::POST}),
-        expected);
+    EXPECT_EQ(withDraft(before, {.url = u"shop.example"_s, .method = HTTPMethod::POST}), expected);
 }
 
 TEST(MonitorDraftTest, AKeywordIsSavedAsTyped)
 {
-    const MonitorDraft blanks = {.url = QStringLiteral("a.b"), .keyword = QStringLiteral(" ")};
-    EXPECT_EQ(withDraft({}, blanks).keyword, QStringLiteral(" "));
+    const MonitorDraft blanks = {.url = u"a.b"_s, .keyword = u" "_s};
+    EXPECT_EQ(withDraft({}, blanks).keyword, u" "_s);
 }
 
 TEST(MonitorDraftTest, ANewMonitorIsEnabledWithEveryNotificationOn)
 {
     const Timestamp now(std::chrono::seconds(1'700'000'000));
-    const Monitor made = newMonitor({.url = QStringLiteral("www.example.org")}, now);
+    const Monitor made = newMonitor({.url = u"www.example.org"_s}, now);
 
     const Monitor expected = {.id = made.id,
-                              .name = QStringLiteral("example.org"),
-                              .url = QStringLiteral("https://www.example.org"),
+                              .name = u"example.org"_s,
+                              .url = u"https://www.example.org"_s,
                               .method = HTTPMethod::GET,
                               .interval = Seconds(300),
                               .timeout = Seconds(30),
@@ -163,7 +163,7 @@ TEST(MonitorDraftTest, ANewMonitorIsEnabledWithEveryNotificationOn)
 
 TEST(MonitorDraftTest, EveryNewMonitorHasARandomIdOfItsOwn)
 {
-    const MonitorDraft draft = {.url = QStringLiteral("a.b")};
+    const MonitorDraft draft = {.url = u"a.b"_s};
     const QUuid id = newMonitor(draft, {}).id;
     EXPECT_EQ(id.version(), QUuid::Random);
     EXPECT_NE(id, newMonitor(draft, {}).id);
@@ -189,7 +189,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_P(SavedThresholdTest, IsTakenAsANumber)
 {
-    const MonitorDraft draft = {.url = QStringLiteral("a.b"),
+    const MonitorDraft draft = {.url = u"a.b"_s,
                                 .thresholdText = QString::fromUtf16(GetParam().text)};
     EXPECT_EQ(withDraft({}, draft).responseTimeThreshold, asThreshold(GetParam().milliseconds));
 }
@@ -207,7 +207,7 @@ INSTANTIATE_TEST_SUITE_P(Table, SavedThresholdTest,
 
 TEST_P(SavedPortTest, IsTakenAsAnInteger)
 {
-    const MonitorDraft draft = {.url = QStringLiteral("db"),
+    const MonitorDraft draft = {.url = u"db"_s,
                                 .portText = QString::fromUtf16(GetParam().text),
                                 .monitorType = MonitorType::port};
     EXPECT_EQ(withDraft({}, draft).port, GetParam().port);

@@ -14,18 +14,20 @@
 #include <utility>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
 
-const QString clipboardAddress = QStringLiteral("https://a.example/path");
+const QString clipboardAddress = u"https://a.example/path"_s;
 
 /// A monitor with an id of its own.
 Monitor makeMonitor()
 {
     return {.id = QUuid::createUuid(),
-            .name = QStringLiteral("Shop"),
-            .url = QStringLiteral("https://shop.example/"),
+            .name = u"Shop"_s,
+            .url = u"https://shop.example/"_s,
             .createdAt = systemNow()};
 }
 
@@ -36,18 +38,18 @@ protected:
     MonitorFormTest()
     {
         QObject::connect(&form, &MonitorForm::created, &form, [this](const Monitor &monitor) {
-            steps += QStringLiteral("created");
+            steps += u"created"_s;
             created.push_back(monitor);
             store.addMonitor(monitor);
         });
         QObject::connect(&form, &MonitorForm::edited, &form, [this](const Monitor &monitor) {
-            steps += QStringLiteral("edited");
+            steps += u"edited"_s;
             edited.push_back(monitor);
             store.updateMonitor(monitor);
         });
         QObject::connect(&form, &MonitorForm::websiteCreated, &form,
                          [this](const QUuid &id, const QString &address) {
-                             steps += QStringLiteral("told");
+                             steps += u"told"_s;
                              websites.emplace_back(id, address);
                          });
         QObject::connect(&form, &MonitorForm::changed, &form, [this] { ++changes; });
@@ -72,7 +74,7 @@ protected:
 
     const Timestamp now{std::chrono::seconds(1'700'000'000)};
     QTemporaryDir folder;
-    MonitorStore store{folder.filePath(QStringLiteral("data"))};
+    MonitorStore store{folder.filePath(u"data"_s)};
     MonitorForm form{store, [this] { return now; }};
     QStringList steps; ///< What the form has done, in order.
     std::vector<Monitor> created;
@@ -87,16 +89,16 @@ TEST_F(MonitorFormTest, CreateModeBeginsEmpty)
 {
     form.beginCreate(QString());
 
-    EXPECT_EQ(form.title(), QStringLiteral("New Monitor"));
-    EXPECT_EQ(form.confirmText(), QStringLiteral("Start Monitoring"));
+    EXPECT_EQ(form.title(), u"New Monitor"_s);
+    EXPECT_EQ(form.confirmText(), u"Start Monitoring"_s);
     EXPECT_TRUE(form.isWebsite());
     EXPECT_FALSE(form.isValid());
     EXPECT_EQ(form.url(), QString());
     EXPECT_EQ(form.portText(), QString());
     EXPECT_EQ(form.interval(), 300);
-    EXPECT_EQ(form.method(), QStringLiteral("GET"));
+    EXPECT_EQ(form.method(), u"GET"_s);
     EXPECT_EQ(form.timeout(), 30);
-    EXPECT_EQ(form.monitorType(), QStringLiteral("http"));
+    EXPECT_EQ(form.monitorType(), u"http"_s);
     EXPECT_EQ(form.keyword(), QString());
     EXPECT_TRUE(form.keywordShouldExist());
     EXPECT_EQ(form.thresholdText(), QString());
@@ -110,49 +112,49 @@ TEST_F(MonitorFormTest, EditModeBeginsWithTheMonitor)
     monitor.type = MonitorType::port;
     monitor.port = 5432;
     monitor.method = HTTPMethod::POST;
-    monitor.keyword = QStringLiteral("Welcome");
+    monitor.keyword = u"Welcome"_s;
     form.beginEdit(monitor, QString());
 
-    EXPECT_EQ(form.title(), QStringLiteral("Edit Monitor"));
-    EXPECT_EQ(form.confirmText(), QStringLiteral("Save"));
+    EXPECT_EQ(form.title(), u"Edit Monitor"_s);
+    EXPECT_EQ(form.confirmText(), u"Save"_s);
     EXPECT_TRUE(form.isValid());
     EXPECT_EQ(form.url(), monitor.url);
-    EXPECT_EQ(form.portText(), QStringLiteral("5432"));
+    EXPECT_EQ(form.portText(), u"5432"_s);
     EXPECT_EQ(form.interval(), 60);
-    EXPECT_EQ(form.method(), QStringLiteral("POST"));
-    EXPECT_EQ(form.monitorType(), QStringLiteral("port"));
-    EXPECT_EQ(form.keyword(), QStringLiteral("Welcome"));
+    EXPECT_EQ(form.method(), u"POST"_s);
+    EXPECT_EQ(form.monitorType(), u"port"_s);
+    EXPECT_EQ(form.keyword(), u"Welcome"_s);
 }
 
 TEST_F(MonitorFormTest, BeginningAnewForgetsWhatWasTyped)
 {
     form.beginEdit(makeMonitor(), clipboardAddress);
     form.setShowAdvanced(true);
-    form.setThresholdText(QStringLiteral("500"));
-    form.setMonitorType(QStringLiteral("port"));
+    form.setThresholdText(u"500"_s);
+    form.setMonitorType(u"port"_s);
 
     form.beginCreate(QString());
-    EXPECT_EQ(form.title(), QStringLiteral("New Monitor"));
+    EXPECT_EQ(form.title(), u"New Monitor"_s);
     EXPECT_FALSE(form.showAdvanced());
     EXPECT_EQ(form.thresholdText(), QString());
-    EXPECT_EQ(form.monitorType(), QStringLiteral("http"));
+    EXPECT_EQ(form.monitorType(), u"http"_s);
     EXPECT_EQ(form.clipboardURL(), QString());
 }
 
 TEST_F(MonitorFormTest, EveryFieldTellsOfItsChangesAndOfNothingElse)
 {
     const std::vector<std::pair<const char *, QVariant>> values = {
-        {"url", QStringLiteral("a.b")},
-        {"portText", QStringLiteral("80")},
+        {"url", u"a.b"_s},
+        {"portText", u"80"_s},
         {"interval", 60.0},
-        {"method", QStringLiteral("HEAD")},
+        {"method", u"HEAD"_s},
         {"timeout", 5.0},
-        {"monitorType", QStringLiteral("port")},
-        {"keyword", QStringLiteral("Welcome")},
+        {"monitorType", u"port"_s},
+        {"keyword", u"Welcome"_s},
         {"keywordShouldExist", false},
-        {"thresholdText", QStringLiteral("500")},
+        {"thresholdText", u"500"_s},
         {"showAdvanced", true},
-        {"timeoutText", QStringLiteral("7")},
+        {"timeoutText", u"7"_s},
     };
     form.beginCreate(QString());
     for (const auto &[name, value] : values) {
@@ -169,33 +171,33 @@ TEST_F(MonitorFormTest, WhatIsNoMethodTypeOrTimeoutChangesNothing)
 {
     form.beginCreate(QString());
     changes = 0;
-    form.setMethod(QStringLiteral("PATCH"));
-    form.setMonitorType(QStringLiteral("ftp"));
+    form.setMethod(u"PATCH"_s);
+    form.setMonitorType(u"ftp"_s);
     for (const double seconds : {0.0, -1.0, qInf(), qQNaN()})
         form.setTimeout(seconds);
-    form.setTimeoutText(QStringLiteral("soon"));
+    form.setTimeoutText(u"soon"_s);
 
     EXPECT_EQ(changes, 0);
-    EXPECT_EQ(form.method(), QStringLiteral("GET"));
-    EXPECT_EQ(form.monitorType(), QStringLiteral("http"));
+    EXPECT_EQ(form.method(), u"GET"_s);
+    EXPECT_EQ(form.monitorType(), u"http"_s);
     EXPECT_EQ(form.timeout(), 30);
 }
 
 TEST_F(MonitorFormTest, TheTimeoutIsShownAndTypedInTheUsersLocale)
 {
-    QLocale::setDefault(QLocale(QStringLiteral("de_DE")));
+    QLocale::setDefault(QLocale(u"de_DE"_s));
     form.beginCreate(QString());
-    form.setTimeoutText(QStringLiteral("2,5"));
+    form.setTimeoutText(u"2,5"_s);
     EXPECT_EQ(form.timeout(), 2.5);
-    EXPECT_EQ(form.timeoutText(), QStringLiteral("2,5"));
+    EXPECT_EQ(form.timeoutText(), u"2,5"_s);
 }
 
 TEST_F(MonitorFormTest, TheThresholdIsTypedWithAPointInEveryLocale)
 {
-    QLocale::setDefault(QLocale(QStringLiteral("de_DE")));
+    QLocale::setDefault(QLocale(u"de_DE"_s));
     form.beginCreate(QString());
-    form.setUrl(QStringLiteral("shop.example"));
-    form.setThresholdText(QStringLiteral("450.5"));
+    form.setUrl(u"shop.example"_s);
+    form.setThresholdText(u"450.5"_s);
     ASSERT_TRUE(form.save());
     EXPECT_EQ(store.monitors().last().responseTimeThreshold, Milliseconds(450.5));
 }
@@ -203,12 +205,11 @@ TEST_F(MonitorFormTest, TheThresholdIsTypedWithAPointInEveryLocale)
 TEST_F(MonitorFormTest, OffersIntervalsAndMethodsInTheirOrder)
 {
     EXPECT_THAT(form.intervals(), testing::ElementsAre(30, 60, 300, 900, 1800, 3600));
-    EXPECT_EQ(form.methods(),
-              QStringList({QStringLiteral("GET"), QStringLiteral("HEAD"), QStringLiteral("POST")}));
+    EXPECT_EQ(form.methods(), QStringList({u"GET"_s, u"HEAD"_s, u"POST"_s}));
     QStringList texts;
     for (const double interval : form.intervals())
         texts += form.intervalText(interval);
-    EXPECT_EQ(texts.join(u' '), QStringLiteral("30s 1m 5m 15m 30m 1h"));
+    EXPECT_EQ(texts.join(u' '), u"30s 1m 5m 15m 30m 1h"_s);
     EXPECT_EQ(form.intervalText(77), QString());
 }
 
@@ -222,21 +223,21 @@ TEST_F(MonitorFormTest, TypingHostAndPortSwitchesToPortMode)
 {
     form.beginCreate(QString());
     changes = 0;
-    form.setUrl(QStringLiteral("myhost:8080"));
+    form.setUrl(u"myhost:8080"_s);
 
-    EXPECT_EQ(form.monitorType(), QStringLiteral("port"));
-    EXPECT_EQ(form.url(), QStringLiteral("myhost"));
-    EXPECT_EQ(form.portText(), QStringLiteral("8080"));
+    EXPECT_EQ(form.monitorType(), u"port"_s);
+    EXPECT_EQ(form.url(), u"myhost"_s);
+    EXPECT_EQ(form.portText(), u"8080"_s);
     EXPECT_TRUE(form.isValid());
     EXPECT_EQ(changes, 1);
 }
 
 TEST_F(MonitorFormTest, PortsOutOfRangeDoNotSwitchToPortMode)
 {
-    for (const QString &text : {QStringLiteral("myhost:0"), QStringLiteral("myhost:70000")}) {
+    for (const QString &text : {u"myhost:0"_s, u"myhost:70000"_s}) {
         form.beginCreate(QString());
         form.setUrl(text);
-        EXPECT_EQ(form.monitorType(), QStringLiteral("http"));
+        EXPECT_EQ(form.monitorType(), u"http"_s);
         EXPECT_EQ(form.url(), text);
         EXPECT_EQ(form.portText(), QString());
     }
@@ -245,19 +246,19 @@ TEST_F(MonitorFormTest, PortsOutOfRangeDoNotSwitchToPortMode)
 TEST_F(MonitorFormTest, TheHostFieldIsNotSplit)
 {
     form.beginCreate(QString());
-    form.setMonitorType(QStringLiteral("port"));
-    form.setUrl(QStringLiteral("myhost:8080"));
-    EXPECT_EQ(form.url(), QStringLiteral("myhost:8080"));
+    form.setMonitorType(u"port"_s);
+    form.setUrl(u"myhost:8080"_s);
+    EXPECT_EQ(form.url(), u"myhost:8080"_s);
     EXPECT_EQ(form.portText(), QString());
 }
 
 TEST_F(MonitorFormTest, AMonitorThatIsShownKeepsItsType)
 {
     Monitor monitor = makeMonitor();
-    monitor.url = QStringLiteral("myhost:8080");
+    monitor.url = u"myhost:8080"_s;
     form.beginEdit(monitor, QString());
     form.setUrl(monitor.url);
-    EXPECT_EQ(form.monitorType(), QStringLiteral("http"));
+    EXPECT_EQ(form.monitorType(), u"http"_s);
     EXPECT_EQ(form.url(), monitor.url);
 }
 
@@ -275,15 +276,15 @@ TEST_F(MonitorFormTest, TheClipboardsAddressIsOfferedOnOneLineAndPastedAsItIs)
 
 TEST_F(MonitorFormTest, TheClipboardsAddressIsOfferedTrimmed)
 {
-    form.beginCreate(QStringLiteral("  https://a.example/path \n"));
+    form.beginCreate(u"  https://a.example/path \n"_s);
     EXPECT_EQ(form.clipboardURL(), clipboardAddress);
     EXPECT_TRUE(form.showsClipboardSuggestion());
-    EXPECT_EQ(form.suggestionText(), QStringLiteral("Paste: https://a.example/path"));
+    EXPECT_EQ(form.suggestionText(), u"Paste: https://a.example/path"_s);
 }
 
 TEST_F(MonitorFormTest, OtherTextsOnTheClipboardOfferNothing)
 {
-    for (const QString &text : {QStringLiteral("ftp://x"), QStringLiteral("example.org")}) {
+    for (const QString &text : {u"ftp://x"_s, u"example.org"_s}) {
         form.beginCreate(text);
         EXPECT_EQ(form.clipboardURL(), QString());
         EXPECT_FALSE(form.showsClipboardSuggestion());
@@ -295,11 +296,11 @@ TEST_F(MonitorFormTest, OtherTextsOnTheClipboardOfferNothing)
 TEST_F(MonitorFormTest, TheSuggestionShowsOnlyAboveAnEmptyWebsiteField)
 {
     form.beginCreate(clipboardAddress);
-    form.setUrl(QStringLiteral("a"));
+    form.setUrl(u"a"_s);
     EXPECT_FALSE(form.showsClipboardSuggestion());
     form.setUrl(QString());
     EXPECT_TRUE(form.showsClipboardSuggestion());
-    form.setMonitorType(QStringLiteral("port"));
+    form.setMonitorType(u"port"_s);
     EXPECT_FALSE(form.showsClipboardSuggestion());
 }
 
@@ -325,7 +326,7 @@ TEST_F(MonitorFormTest, PastingTheSuggestionFillsTheFieldAndHidesTheRow)
 TEST_F(MonitorFormTest, AnInvalidFormIsNotSaved)
 {
     form.beginCreate(QString());
-    form.setUrl(QStringLiteral("localhost"));
+    form.setUrl(u"localhost"_s);
     EXPECT_FALSE(form.save());
     EXPECT_TRUE(store.monitors().isEmpty());
     EXPECT_TRUE(steps.isEmpty());
@@ -333,63 +334,62 @@ TEST_F(MonitorFormTest, AnInvalidFormIsNotSaved)
 
 TEST_F(MonitorFormTest, LocalhostIsAcceptedWithItsScheme)
 {
-    EXPECT_EQ(saveWebsite(QStringLiteral("http://localhost:3000")).url,
-              QStringLiteral("http://localhost:3000"));
+    EXPECT_EQ(saveWebsite(u"http://localhost:3000"_s).url, u"http://localhost:3000"_s);
 }
 
 TEST_F(MonitorFormTest, AWebsiteIsSavedWithASchemeAndNamedAfterItsHost)
 {
-    const Monitor plain = saveWebsite(QStringLiteral("example.org"));
-    EXPECT_EQ(plain.url, QStringLiteral("https://example.org"));
-    EXPECT_EQ(plain.name, QStringLiteral("example.org"));
+    const Monitor plain = saveWebsite(u"example.org"_s);
+    EXPECT_EQ(plain.url, u"https://example.org"_s);
+    EXPECT_EQ(plain.name, u"example.org"_s);
     EXPECT_EQ(plain.createdAt, now);
-    EXPECT_EQ(saveWebsite(QStringLiteral("www.example.org")).name, QStringLiteral("example.org"));
+    EXPECT_EQ(saveWebsite(u"www.example.org"_s).name, u"example.org"_s);
 }
 
 TEST_F(MonitorFormTest, AHostThatBeginsWithHttpIsSavedAsWritten)
 {
-    const Monitor monitor = saveWebsite(QStringLiteral("httpbin.local"));
-    EXPECT_EQ(monitor.url, QStringLiteral("httpbin.local"));
-    EXPECT_EQ(monitor.name, QStringLiteral("httpbin.local"));
+    const Monitor monitor = saveWebsite(u"httpbin.local"_s);
+    EXPECT_EQ(monitor.url, u"httpbin.local"_s);
+    EXPECT_EQ(monitor.name, u"httpbin.local"_s);
 }
 
 TEST_F(MonitorFormTest, ANewWebsiteIsHandedOverThenLookedUp)
 {
     form.beginCreate(QString());
-    form.setUrl(QStringLiteral("shop.example"));
+    form.setUrl(u"shop.example"_s);
     ASSERT_TRUE(form.save());
 
-    EXPECT_EQ(steps.join(u' '), QStringLiteral("created told"));
+    EXPECT_EQ(steps.join(u' '), u"created told"_s);
     const Monitor &monitor = created.front();
-    EXPECT_EQ(monitor.url, QStringLiteral("https://shop.example"));
+    EXPECT_EQ(monitor.url, u"https://shop.example"_s);
     EXPECT_THAT(websites, testing::ElementsAre(std::pair(monitor.id, monitor.url)));
 }
 
 TEST_F(MonitorFormTest, ANewPortMonitorIsNamedAfterHostAndPort)
 {
     form.beginCreate(QString());
-    form.setMonitorType(QStringLiteral("port"));
-    form.setUrl(QStringLiteral(" db "));
-    form.setPortText(QStringLiteral("5432"));
+    form.setMonitorType(u"port"_s);
+    form.setUrl(u" db "_s);
+    form.setPortText(u"5432"_s);
     ASSERT_TRUE(form.save());
 
     const Monitor monitor = store.monitors().last();
-    EXPECT_EQ(monitor.name, QStringLiteral("db:5432"));
-    EXPECT_EQ(monitor.url, QStringLiteral("db"));
+    EXPECT_EQ(monitor.name, u"db:5432"_s);
+    EXPECT_EQ(monitor.url, u"db"_s);
     EXPECT_EQ(monitor.port, 5432);
-    EXPECT_EQ(steps.join(u' '), QStringLiteral("created"));
+    EXPECT_EQ(steps.join(u' '), u"created"_s);
 }
 
 TEST_F(MonitorFormTest, EditingNeverRenames)
 {
     const Monitor before = edit(makeMonitor());
-    form.setUrl(QStringLiteral("other.example"));
+    form.setUrl(u"other.example"_s);
     ASSERT_TRUE(form.save());
 
     Monitor expected = before;
-    expected.url = QStringLiteral("https://other.example");
+    expected.url = u"https://other.example"_s;
     EXPECT_THAT(store.monitors(), testing::ElementsAre(expected));
-    EXPECT_EQ(steps.join(u' '), QStringLiteral("edited"));
+    EXPECT_EQ(steps.join(u' '), u"edited"_s);
 }
 
 TEST_F(MonitorFormTest, AnEditedMonitorIsHandedOver)
@@ -408,7 +408,7 @@ TEST_F(MonitorFormTest, AFractionOfTheThresholdIsLostByEditing)
     Monitor monitor = makeMonitor();
     monitor.responseTimeThreshold = Milliseconds(450.9);
     edit(monitor);
-    EXPECT_EQ(form.thresholdText(), QStringLiteral("450"));
+    EXPECT_EQ(form.thresholdText(), u"450"_s);
     ASSERT_TRUE(form.save());
     EXPECT_EQ(store.monitors().first().responseTimeThreshold, Milliseconds(450));
 }
@@ -418,10 +418,10 @@ TEST_F(MonitorFormTest, WhatChangedWhileTheFormWasOpenIsKept)
     Monitor monitor = edit(makeMonitor());
     monitor.isEnabled = false;
     store.updateMonitor(monitor);
-    form.applyTitle(monitor.id, QStringLiteral("Shop of Ann"));
+    form.applyTitle(monitor.id, u"Shop of Ann"_s);
     ASSERT_TRUE(form.save());
 
-    EXPECT_EQ(store.monitors().first().name, QStringLiteral("Shop of Ann"));
+    EXPECT_EQ(store.monitors().first().name, u"Shop of Ann"_s);
     EXPECT_FALSE(store.monitors().first().isEnabled);
 }
 
@@ -435,19 +435,19 @@ TEST_F(MonitorFormTest, AMonitorThatWasDeletedMeanwhileStaysDeleted)
 
 TEST_F(MonitorFormTest, TheTitleNamesTheMonitor)
 {
-    const Monitor monitor = saveWebsite(QStringLiteral("shop.example"));
-    form.applyTitle(monitor.id, QStringLiteral("Shop of Ann"));
+    const Monitor monitor = saveWebsite(u"shop.example"_s);
+    form.applyTitle(monitor.id, u"Shop of Ann"_s);
 
     Monitor expected = monitor;
-    expected.name = QStringLiteral("Shop of Ann");
+    expected.name = u"Shop of Ann"_s;
     EXPECT_THAT(store.monitors(), testing::ElementsAre(expected));
 }
 
 TEST_F(MonitorFormTest, TheTitleOfADeletedMonitorIsDropped)
 {
-    const Monitor monitor = saveWebsite(QStringLiteral("shop.example"));
+    const Monitor monitor = saveWebsite(u"shop.example"_s);
     store.deleteMonitor(monitor.id);
-    form.applyTitle(monitor.id, QStringLiteral("Shop of Ann"));
+    form.applyTitle(monitor.id, u"Shop of Ann"_s);
     EXPECT_TRUE(store.monitors().isEmpty());
 }
 

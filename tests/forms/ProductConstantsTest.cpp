@@ -5,21 +5,23 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 TEST(ProductConstantsTest, TheSupportAddressOpensAMessageToAMailbox)
 {
     const QUrl address = supportAddress();
     EXPECT_TRUE(address.isValid());
-    EXPECT_EQ(address.scheme(), QStringLiteral("mailto"));
+    EXPECT_EQ(address.scheme(), u"mailto"_s);
     EXPECT_EQ(address.path().count(u'@'), 1);
 }
 
 TEST(ProductConstantsTest, TheExamplesAreWhatTheFieldsAccept)
 {
-    EXPECT_TRUE(exampleWebsite().startsWith(QStringLiteral("https://")));
+    EXPECT_TRUE(exampleWebsite().startsWith(u"https://"_s));
     EXPECT_TRUE(isValidWebsite(exampleWebsite()));
-    EXPECT_TRUE(isValidHostAndPort(exampleDatabaseHost(), QStringLiteral("5432")));
+    EXPECT_TRUE(isValidHostAndPort(exampleDatabaseHost(), u"5432"_s));
 }
 
 } // namespace ostrel::test

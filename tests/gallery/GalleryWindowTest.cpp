@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -23,7 +25,7 @@ QSet<QString> filesOfPages()
 {
     QSet<QString> files;
     for (const QString &page : galleryPages())
-        files.insert(page.section(u'-', 0, 0) + QStringLiteral(".qml"));
+        files.insert(page.section(u'-', 0, 0) + u".qml"_s);
     return files;
 }
 
@@ -64,8 +66,8 @@ TEST(GalleryWindowTest, EveryPageOpens)
 TEST(GalleryWindowTest, EveryPagesFileIsShown)
 {
     const QSet<QString> shown = filesOfPages();
-    const QStringList files = QDir(QStringLiteral(":/qt/qml/Ostrel/Gallery"))
-                                  .entryList({QStringLiteral("*Page.qml")}, QDir::Files);
+    const QStringList files =
+        QDir(u":/qt/qml/Ostrel/Gallery"_s).entryList({u"*Page.qml"_s}, QDir::Files);
     EXPECT_EQ(files.size(), shown.size());
     for (const QString &file : files)
         EXPECT_TRUE(shown.contains(file)) << qPrintable(file);
@@ -86,7 +88,7 @@ TEST(GalleryWindowTest, OtherNamesArePagesOfNobody)
 
 TEST_P(GestureTest, CanBeSeen)
 {
-    GalleryWindow window(QStringLiteral("WindowPage-") + QString::fromStdString(GetParam()));
+    GalleryWindow window(u"WindowPage-"_s + QString::fromStdString(GetParam()));
     ASSERT_TRUE(window.isUsable());
     window.show();
     window.awaitActive();

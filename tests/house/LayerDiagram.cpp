@@ -4,6 +4,8 @@
 #include <QRegularExpression>
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -27,23 +29,23 @@ LayerDiagram::LayerDiagram(const QString &mermaid)
 
 void LayerDiagram::readChain(QString line)
 {
-    static const QRegularExpression box(QStringLiteral("(\\w+)\\[([^]:]+):[^]]*\\]"));
-    static const QRegularExpression arrow(QStringLiteral("-->|-\\.[^.]*\\.->"));
+    static const QRegularExpression box(u"(\\w+)\\[([^]:]+):[^]]*\\]"_s);
+    static const QRegularExpression arrow(u"-->|-\\.[^.]*\\.->"_s);
     for (const auto &match : box.globalMatch(line))
         m_folders.insert(match.captured(1), match.captured(2));
-    line.replace(box, QStringLiteral("\\1"));
+    line.replace(box, u"\\1"_s);
 
     qsizetype begin = 0;
     QStringList before;
     bool isDotted = false;
-    for (const auto &match : arrow.globalMatch(line + QStringLiteral("-->"))) {
+    for (const auto &match : arrow.globalMatch(line + u"-->"_s)) {
         const QStringList names = namesIn(line.mid(begin, match.capturedStart() - begin));
         for (const QString &from : before) {
             for (const QString &to : names)
                 m_arrows.append({.from = from, .to = to, .isDotted = isDotted});
         }
         before = names;
-        isDotted = match.captured() != QStringLiteral("-->");
+        isDotted = match.captured() != u"-->"_s;
         begin = match.capturedEnd();
     }
 }
@@ -86,12 +88,12 @@ QSet<QString> LayerDiagram::reachOf(const QString &folder) const
 
 LayerDiagram architectureDiagram()
 {
-    QFile page(QStringLiteral(OSTREL_SOURCE_DIR "/docs/architecture.md"));
+    QFile page(u"" OSTREL_SOURCE_DIR "/docs/architecture.md"_s);
     if (!page.open(QIODevice::ReadOnly))
         return LayerDiagram({});
     const QString text = QString::fromUtf8(page.readAll());
-    return LayerDiagram(text.section(QStringLiteral("```mermaid\nflowchart TD\n"), 1, 1)
-                            .section(QStringLiteral("```"), 0, 0));
+    return LayerDiagram(
+        text.section(u"```mermaid\nflowchart TD\n"_s, 1, 1).section(u"```"_s, 0, 0));
 }
 
 } // namespace ostrel::test

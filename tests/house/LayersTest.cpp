@@ -14,13 +14,15 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
 
 QDir sourceDir()
 {
-    return {QStringLiteral(OSTREL_SOURCE_DIR "/src")};
+    return {u"" OSTREL_SOURCE_DIR "/src"_s};
 }
 
 QStringList filesNamed(const QStringList &patterns)
@@ -35,23 +37,23 @@ QStringList filesNamed(const QStringList &patterns)
 
 QStringList sourceFiles()
 {
-    return filesNamed({QStringLiteral("*.h"), QStringLiteral("*.cpp")});
+    return filesNamed({u"*.h"_s, u"*.cpp"_s});
 }
 
 QStringList qmlFiles()
 {
-    return filesNamed({QStringLiteral("*.qml")});
+    return filesNamed({u"*.qml"_s});
 }
 
 QStringList buildFiles()
 {
-    return filesNamed({QStringLiteral("CMakeLists.txt")});
+    return filesNamed({u"CMakeLists.txt"_s});
 }
 
 /// The box that @p file belongs to.
 QString folderOf(const QString &file)
 {
-    return file.contains(u'/') ? file.section(u'/', 0, -2) : QStringLiteral("main.cpp");
+    return file.contains(u'/') ? file.section(u'/', 0, -2) : u"main.cpp"_s;
 }
 
 QString contentOf(const QString &file)
@@ -72,10 +74,9 @@ struct Use
 
 QByteArray missingArrowOf(const Use &use)
 {
-    return QStringLiteral("src/%1:%2: %3 is of src/%4, to which docs/architecture.md has no arrow "
-                          "from %5")
-        .arg(use.file, QString::number(use.line), use.name, use.to, use.from)
-        .toUtf8();
+    return u"src/%1:%2: %3 is of src/%4, to which docs/architecture.md has no arrow "
+           "from %5"_s.arg(use.file, QString::number(use.line), use.name, use.to, use.from)
+               .toUtf8();
 }
 
 /// The uses of other folders in @p files. @p pattern captures a name in what @p passedOver leaves
@@ -102,7 +103,7 @@ QList<Use> usesIn(const QStringList &files, const QRegularExpression &pattern,
 
 QList<Use> includes()
 {
-    static const QRegularExpression include(QStringLiteral("^#include \"([^\"]+)\""));
+    static const QRegularExpression include(u"^#include \"([^\"]+)\""_s);
     QHash<QString, QString> folderOfHeader;
     for (const QString &file : sourceFiles())
         folderOfHeader.insert(file.section(u'/', -1), folderOf(file));
@@ -112,8 +113,8 @@ QList<Use> includes()
 /// A type that QML knows has the name of its file.
 QList<Use> qmlTypes()
 {
-    static const QRegularExpression type(QStringLiteral("\\b([A-Z]\\w+)\\b"));
-    static const QRegularExpression textOrComment(QStringLiteral("\"[^\"]*\"|//.*"));
+    static const QRegularExpression type(u"\\b([A-Z]\\w+)\\b"_s);
+    static const QRegularExpression textOrComment(u"\"[^\"]*\"|//.*"_s);
     QHash<QString, QString> folderOfType;
     for (const QString &file : sourceFiles() + qmlFiles())
         folderOfType.insert(QFileInfo(file).completeBaseName(), folderOf(file));
@@ -123,10 +124,9 @@ QList<Use> qmlTypes()
 QList<Use> links()
 {
     static const QRegularExpression made(
-        QStringLiteral("\\b(?:ostrel_library\\(|add_library\\(ostrel(?:_|::))(\\w+)[\\s)]"));
+        u"\\b(?:ostrel_library\\(|add_library\\(ostrel(?:_|::))(\\w+)[\\s)]"_s);
     // The plugin of a QML module is that module's.
-    static const QRegularExpression linked(
-        QStringLiteral("\\bostrel(?:_|::)(\\w+?)(?:plugin)?(?=[\\s)]|$)"));
+    static const QRegularExpression linked(u"\\bostrel(?:_|::)(\\w+?)(?:plugin)?(?=[\\s)]|$)"_s);
     QHash<QString, QString> folderOfTarget;
     for (const QString &file : buildFiles()) {
         for (const auto &match : made.globalMatch(contentOf(file)))
@@ -157,12 +157,11 @@ TEST(LayerDiagramTest, EveryFolderIsABox)
 TEST(LayerDiagramTest, ADottedArrowIsTheLastOfAWay)
 {
     const LayerDiagram diagram(
-        QStringLiteral("a[top: first, of all] --> b & c\nb[left: b] -. implements .-> d --> e\n"
-                       "c[middle: c] --> f[last: f]\nd[port: d]\ne[below: e]"));
-    EXPECT_EQ(diagram.reachOf(QStringLiteral("top")),
-              (QSet<QString>{QStringLiteral("left"), QStringLiteral("middle"),
-                             QStringLiteral("port"), QStringLiteral("last")}));
-    EXPECT_EQ(diagram.reachOf(QStringLiteral("port")), QSet<QString>{QStringLiteral("below")});
+        u"a[top: first, of all] --> b & c\nb[left: b] -. implements .-> d --> e\n"
+        "c[middle: c] --> f[last: f]\nd[port: d]\ne[below: e]"_s);
+    EXPECT_EQ(diagram.reachOf(u"top"_s),
+              (QSet<QString>{u"left"_s, u"middle"_s, u"port"_s, u"last"_s}));
+    EXPECT_EQ(diagram.reachOf(u"port"_s), QSet<QString>{u"below"_s});
 }
 
 TEST(LayersTest, FoldersIncludeOnlyWhereAnArrowLeads)
@@ -214,10 +213,10 @@ TEST(LayersTest, BaseNamesAreUniqueAcrossTheTree)
 
 TEST(LayersTest, PlatformsDifferOnlyInsideThePlatformFolder)
 {
-    static const QRegularExpression conditional(
-        QStringLiteral("^\\s*#\\s*(if|ifdef|ifndef|elif)\\b"), QRegularExpression::MultilineOption);
+    static const QRegularExpression conditional(u"^\\s*#\\s*(if|ifdef|ifndef|elif)\\b"_s,
+                                                QRegularExpression::MultilineOption);
     for (const QString &file : sourceFiles()) {
-        if (file.startsWith(QStringLiteral("platform/")))
+        if (file.startsWith(u"platform/"_s))
             continue;
         EXPECT_FALSE(conditional.match(contentOf(file)).hasMatch()) << qPrintable(file);
     }
@@ -227,7 +226,7 @@ TEST(LayersTest, PlatformsDifferOnlyInsideThePlatformFolder)
 TEST(LayersTest, NobodyUsesQtsThreadPool)
 {
     for (const QString &file : sourceFiles())
-        EXPECT_FALSE(contentOf(file).contains(QStringLiteral("QThreadPool"))) << qPrintable(file);
+        EXPECT_FALSE(contentOf(file).contains(u"QThreadPool"_s)) << qPrintable(file);
 }
 
 } // namespace ostrel::test

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 // The theme has what several views share. A name that one view alone uses stands in that view.
 
 namespace ostrel::test {
@@ -22,7 +24,7 @@ QString contentOf(const QString &path)
 
 QString themePath()
 {
-    return QStringLiteral(OSTREL_SOURCE_DIR "/src/theme/Theme.qml");
+    return u"" OSTREL_SOURCE_DIR "/src/theme/Theme.qml"_s;
 }
 
 QStringList matches(const QRegularExpression &pattern, const QString &text)
@@ -36,7 +38,7 @@ QStringList matches(const QRegularExpression &pattern, const QString &text)
 QStringList themeNames()
 {
     static const QRegularExpression declaration(
-        QStringLiteral("^    (?:(?:readonly )?property \\w+|function) (\\w+)"),
+        u"^    (?:(?:readonly )?property \\w+|function) (\\w+)"_s,
         QRegularExpression::MultilineOption);
     return matches(declaration, contentOf(themePath()));
 }
@@ -44,11 +46,11 @@ QStringList themeNames()
 /// The views that use each name, the gallery's among them.
 QHash<QString, QSet<QString>> usersOfThemeNames()
 {
-    static const QRegularExpression use(QStringLiteral("\\bTheme\\.(\\w+)"));
+    static const QRegularExpression use(u"\\bTheme\\.(\\w+)"_s);
     QHash<QString, QSet<QString>> users;
-    for (const QString &folder : {QStringLiteral("/src"), QStringLiteral("/tools")}) {
-        QDirIterator files(QStringLiteral(OSTREL_SOURCE_DIR) + folder, {QStringLiteral("*.qml")},
-                           QDir::Files, QDirIterator::Subdirectories);
+    for (const QString &folder : {u"/src"_s, u"/tools"_s}) {
+        QDirIterator files(u"" OSTREL_SOURCE_DIR ""_s + folder, {u"*.qml"_s}, QDir::Files,
+                           QDirIterator::Subdirectories);
         while (files.hasNext()) {
             const QString path = files.next();
             for (const QString &name : matches(use, contentOf(path)))

@@ -18,18 +18,19 @@
 
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
 
 using namespace std::chrono_literals;
 
-const QString home = QStringLiteral("https://example.org");
-const QString firstService = QStringLiteral("https://icons.duckduckgo.com/ip3/example.org.ico");
-const QString secondService =
-    QStringLiteral("https://www.google.com/s2/favicons?domain=example.org&sz=64");
-const QString touchIcon = QStringLiteral("https://example.org/apple-touch-icon.png");
-const QString classicIcon = QStringLiteral("https://example.org/favicon.ico");
+const QString home = u"https://example.org"_s;
+const QString firstService = u"https://icons.duckduckgo.com/ip3/example.org.ico"_s;
+const QString secondService = u"https://www.google.com/s2/favicons?domain=example.org&sz=64"_s;
+const QString touchIcon = u"https://example.org/apple-touch-icon.png"_s;
+const QString classicIcon = u"https://example.org/favicon.ico"_s;
 const QStringList wholeChain = {home, firstService, secondService, touchIcon, classicIcon};
 
 template<typename Result>
@@ -93,7 +94,7 @@ protected:
     }
 
     QTemporaryDir folder;
-    QString cacheDir = folder.filePath(QStringLiteral("Vantry/favicons"));
+    QString cacheDir = folder.filePath(u"Vantry/favicons"_s);
     FakeWeb web;
     FaviconService service{cacheDir, web};
 };
@@ -103,18 +104,18 @@ protected:
 TEST_F(FaviconServiceTest, AllAddressesOfASiteShareOneEntryAndOneFile)
 {
     web.put(classicIcon, picture({16, 16}));
-    EXPECT_EQ(lookUp(QStringLiteral("https://www.example.org/login")).size(), QSize(16, 16));
+    EXPECT_EQ(lookUp(u"https://www.example.org/login"_s).size(), QSize(16, 16));
     const auto requestCount = web.requests.size();
 
-    EXPECT_EQ(lookUp(QStringLiteral("example.org")).size(), QSize(16, 16));
+    EXPECT_EQ(lookUp(u"example.org"_s).size(), QSize(16, 16));
     EXPECT_EQ(web.requests.size(), requestCount);
-    EXPECT_EQ(cachedFiles(), QStringList{QStringLiteral("example.org.png")});
+    EXPECT_EQ(cachedFiles(), QStringList{u"example.org.png"_s});
 }
 
 TEST_F(FaviconServiceTest, WithoutADomainNothingIsAskedFor)
 {
     EXPECT_TRUE(lookUp(QString()).isNull());
-    EXPECT_TRUE(lookUp(QStringLiteral("https://")).isNull());
+    EXPECT_TRUE(lookUp(u"https://"_s).isNull());
     EXPECT_TRUE(web.requests.empty());
 }
 
@@ -146,19 +147,18 @@ TEST_F(FaviconServiceTest, TheFirstValidPictureEndsTheSearch)
 TEST_F(FaviconServiceTest, TheIconThatThePageNamesComesFirst)
 {
     web.put(home, R"(<link rel="shortcut icon" href="//cdn.example/i.png">)");
-    web.put(QStringLiteral("https://cdn.example/i.png"), picture({20, 20}));
+    web.put(u"https://cdn.example/i.png"_s, picture({20, 20}));
     EXPECT_EQ(lookUp().size(), QSize(20, 20));
-    EXPECT_EQ(web.addresses(), QStringList({home, QStringLiteral("https://cdn.example/i.png")}));
+    EXPECT_EQ(web.addresses(), QStringList({home, u"https://cdn.example/i.png"_s}));
 }
 
 TEST_F(FaviconServiceTest, TheSecondPatternsAddressIsTriedWhereTheFirstsIsNoPicture)
 {
     web.put(home, R"(<link rel="icon" href="/a.png"><link href="/b.png" rel="icon">)");
-    web.put(home + QStringLiteral("/a.png"), QByteArray(200, 'x'));
-    web.put(home + QStringLiteral("/b.png"), picture({20, 20}));
+    web.put(home + u"/a.png"_s, QByteArray(200, 'x'));
+    web.put(home + u"/b.png"_s, picture({20, 20}));
     EXPECT_EQ(lookUp().size(), QSize(20, 20));
-    EXPECT_EQ(web.addresses(), QStringList({home, home + QStringLiteral("/a.png"),
-                                            home + QStringLiteral("/b.png")}));
+    EXPECT_EQ(web.addresses(), QStringList({home, home + u"/a.png"_s, home + u"/b.png"_s}));
 }
 
 TEST_F(FaviconServiceTest, APageThatIsNotUtf8NamesNoIcon)
@@ -175,13 +175,12 @@ TEST_F(FaviconServiceTest, APageThatIsCutAtTheLimitStillNamesItsIcon)
     static_assert(answerLimit % 2 == 0);
     web.put(home, head + QByteArray("\xc3\xa9").repeated(answerLimit));
     ASSERT_EQ(head.size() % 2, 0);
-    web.put(home + QStringLiteral("/a.png"), picture({20, 20}));
+    web.put(home + u"/a.png"_s, picture({20, 20}));
     EXPECT_EQ(lookUp().size(), QSize(20, 20));
 
-    web.put(QStringLiteral("https://odd.example"),
-            "." + head + QByteArray("\xc3\xa9").repeated(answerLimit));
-    web.put(QStringLiteral("https://odd.example/a.png"), picture({20, 20}));
-    EXPECT_EQ(lookUp(QStringLiteral("odd.example")).size(), QSize(20, 20));
+    web.put(u"https://odd.example"_s, "." + head + QByteArray("\xc3\xa9").repeated(answerLimit));
+    web.put(u"https://odd.example/a.png"_s, picture({20, 20}));
+    EXPECT_EQ(lookUp(u"odd.example"_s).size(), QSize(20, 20));
 }
 
 TEST_F(FaviconServiceTest, RequestsAreThoseOfAPlainClient)
@@ -266,7 +265,7 @@ TEST_F(FaviconServiceTest, TenViewsAtOnceShareOneSearch)
     std::vector<QFuture<QImage>> icons;
     icons.reserve(12);
     for (int i = 0; i < 10; ++i)
-        icons.push_back(service.icon(i % 2 == 0 ? home : QStringLiteral("www.example.org")));
+        icons.push_back(service.icon(i % 2 == 0 ? home : u"www.example.org"_s));
     for (int i = 0; i < 2; ++i) {
         ASSERT_TRUE(waitFor([&] { return web.heldCount() > 0; }));
         // One more that comes while the search is under way.
@@ -282,7 +281,7 @@ TEST_F(FaviconServiceTest, DifferentSitesAreLookedUpAtTheSameTime)
 {
     web.hold();
     const auto first = service.icon(home);
-    const auto second = service.icon(QStringLiteral("https://example.net"));
+    const auto second = service.icon(u"https://example.net"_s);
     EXPECT_TRUE(waitFor([&] { return web.heldCount() == 2; }));
 }
 
@@ -290,7 +289,7 @@ TEST_F(FaviconServiceTest, RepeatedLookupsAreAnsweredFromMemoryAtOnce)
 {
     web.put(firstService, picture({16, 16}));
     EXPECT_FALSE(lookUp().isNull());
-    EXPECT_TRUE(QFile::remove(cachedFile(QStringLiteral("example.org.png"))));
+    EXPECT_TRUE(QFile::remove(cachedFile(u"example.org.png"_s)));
 
     const auto icon = service.icon(home);
     ASSERT_TRUE(icon.isFinished());
@@ -308,17 +307,17 @@ TEST_F(FaviconServiceTest, AnotherRunReadsTheIconFromDisk)
     EXPECT_EQ(resultOf(nextRun.icon(home)).size(), QSize(24, 16));
     EXPECT_TRUE(unusedWeb.requests.empty());
 
-    EXPECT_TRUE(QFile::remove(cachedFile(QStringLiteral("example.org.png"))));
+    EXPECT_TRUE(QFile::remove(cachedFile(u"example.org.png"_s)));
     EXPECT_EQ(resultOf(nextRun.icon(home)).size(), QSize(24, 16));
     EXPECT_TRUE(unusedWeb.requests.empty());
 }
 
 TEST_F(FaviconServiceTest, ABrokenFileIsReplacedFromTheNetwork)
 {
-    writeFile(cachedFile(QStringLiteral("example.org.png")), "rubbish");
+    writeFile(cachedFile(u"example.org.png"_s), "rubbish");
     web.put(firstService, picture({16, 16}));
     EXPECT_EQ(lookUp().size(), QSize(16, 16));
-    EXPECT_EQ(QImage(cachedFile(QStringLiteral("example.org.png"))).size(), QSize(16, 16));
+    EXPECT_EQ(QImage(cachedFile(u"example.org.png"_s)).size(), QSize(16, 16));
 }
 
 TEST_F(FaviconServiceTest, TheFileHoldsTheIconsPixelsAsPngForTheUserAlone)
@@ -326,7 +325,7 @@ TEST_F(FaviconServiceTest, TheFileHoldsTheIconsPixelsAsPngForTheUserAlone)
     web.put(firstService, picture({16, 16}, "jpeg", Qt::white));
     EXPECT_FALSE(lookUp().isNull());
 
-    const QString path = cachedFile(QStringLiteral("example.org.png"));
+    const QString path = cachedFile(u"example.org.png"_s);
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_TRUE(file.readAll().startsWith("\x89PNG"));
@@ -338,9 +337,9 @@ TEST_F(FaviconServiceTest, TheFileHoldsTheIconsPixelsAsPngForTheUserAlone)
 
 TEST_F(FaviconServiceTest, WhereTheFolderCannotBeMadeTheIconIsKeptInMemory)
 {
-    const QString obstacle = folder.filePath(QStringLiteral("obstacle"));
+    const QString obstacle = folder.filePath(u"obstacle"_s);
     writeFile(obstacle, "a file");
-    FaviconService fresh(obstacle + QStringLiteral("/favicons"), web);
+    FaviconService fresh(obstacle + u"/favicons"_s, web);
     web.put(firstService, picture({16, 16}));
     EXPECT_FALSE(resultOf(fresh.icon(home)).isNull());
     EXPECT_FALSE(resultOf(fresh.icon(home)).isNull());
@@ -352,14 +351,11 @@ TEST_F(FaviconServiceTest, MemoryHoldsNoMoreThanItsLimit)
     constexpr int largest = 4 * largestShownSide * largestShownSide;
     constexpr int fitting = FaviconService::memoryLimit / largest;
     for (int i = 0; i <= fitting; ++i) {
-        const QString other = QStringLiteral("https://%1.example.net").arg(i);
-        web.put(other + QStringLiteral("/favicon.ico"),
-                picture({largestShownSide, largestShownSide}));
+        const QString other = u"https://%1.example.net"_s.arg(i);
+        web.put(other + u"/favicon.ico"_s, picture({largestShownSide, largestShownSide}));
         EXPECT_FALSE(lookUp(other).isNull());
     }
-    const auto nthIcon = [&](int i) {
-        return service.icon(QStringLiteral("https://%1.example.net").arg(i));
-    };
+    const auto nthIcon = [&](int i) { return service.icon(u"https://%1.example.net"_s.arg(i)); };
     EXPECT_TRUE(nthIcon(1).isFinished());
     EXPECT_TRUE(nthIcon(fitting).isFinished());
     const auto requestCount = web.requests.size();
@@ -373,7 +369,7 @@ TEST_F(FaviconServiceTest, ALargeIconIsKeptLargerThanItIsShown)
 {
     web.put(firstService, picture({2048, 1024}));
     EXPECT_EQ(lookUp().size(), QSize(256, 128));
-    EXPECT_EQ(QImage(cachedFile(QStringLiteral("example.org.png"))).size(), QSize(1024, 512));
+    EXPECT_EQ(QImage(cachedFile(u"example.org.png"_s)).size(), QSize(1024, 512));
 
     FaviconService nextRun(cacheDir, web);
     EXPECT_EQ(resultOf(nextRun.icon(home)).size(), QSize(256, 128));
@@ -381,7 +377,7 @@ TEST_F(FaviconServiceTest, ALargeIconIsKeptLargerThanItIsShown)
 
 TEST_F(FaviconServiceTest, NothingIsAskedForWhereNoSourceHasAnAddress)
 {
-    EXPECT_TRUE(lookUp(QStringLiteral("two words")).isNull());
+    EXPECT_TRUE(lookUp(u"two words"_s).isNull());
     EXPECT_EQ(web.addresses(), QStringList());
 }
 
@@ -405,9 +401,9 @@ TEST_F(FaviconServiceTest, TheServicesAreNotAskedAboutHostsThatMeanNothingToThem
 
 TEST_F(FaviconServiceTest, TheServicesAreAskedAboutAHostWithAPort)
 {
-    EXPECT_TRUE(lookUp(QStringLiteral("db.example.org:5432")).isNull());
-    EXPECT_TRUE(web.addresses().contains(
-        QStringLiteral("https://icons.duckduckgo.com/ip3/db.example.org:5432.ico")));
+    EXPECT_TRUE(lookUp(u"db.example.org:5432"_s).isNull());
+    EXPECT_TRUE(
+        web.addresses().contains(u"https://icons.duckduckgo.com/ip3/db.example.org:5432.ico"_s));
 }
 
 TEST_F(FaviconServiceTest, OnlyTheSiteItselfMayBeOnAPrivateAddress)
@@ -419,14 +415,14 @@ TEST_F(FaviconServiceTest, OnlyTheSiteItselfMayBeOnAPrivateAddress)
     EXPECT_EQ(web.reachOf(touchIcon), Reach::outwards);
     EXPECT_EQ(web.reachOf(classicIcon), Reach::outwards);
 
-    const QString page = QStringLiteral("https://example.org/page");
+    const QString page = u"https://example.org/page"_s;
     static_cast<void>(lookUpTitle(page));
     EXPECT_EQ(web.reachOf(page), Reach::outwards);
 }
 
 TEST_F(FaviconServiceTest, APublicPageCannotNameAPrivateAddress)
 {
-    const QString link = QStringLiteral("http://192.168.1.1/reboot.png");
+    const QString link = u"http://192.168.1.1/reboot.png"_s;
     const QByteArray page = "<link rel='icon' href='http://192.168.1.1/reboot.png'>";
     web.put(home, page);
     EXPECT_TRUE(lookUp().isNull());
@@ -447,9 +443,9 @@ TEST_F(FaviconServiceTest, ABusyThreadPoolDelaysNothing)
     for (int i = 0; i < pool.maxThreadCount(); ++i)
         pool.start([&end] { end.acquire(); });
     web.put(home, "<title>Start</title><link rel='icon' href='/a.png'>");
-    web.put(home + QStringLiteral("/a.png"), picture({16, 16}));
+    web.put(home + u"/a.png"_s, picture({16, 16}));
     EXPECT_EQ(lookUp().size(), QSize(16, 16));
-    EXPECT_EQ(lookUpTitle(home), QStringLiteral("Start"));
+    EXPECT_EQ(lookUpTitle(home), u"Start"_s);
     end.release(pool.maxThreadCount());
     pool.waitForDone();
 }
@@ -458,14 +454,14 @@ TEST_F(FaviconServiceTest, TheFolderIsMadeAgainWhereItIsGone)
 {
     web.put(firstService, picture({16, 16}));
     EXPECT_FALSE(lookUp().isNull());
-    ASSERT_TRUE(QDir(folder.filePath(QStringLiteral("Vantry"))).removeRecursively());
+    ASSERT_TRUE(QDir(folder.filePath(u"Vantry"_s)).removeRecursively());
 
-    web.put(QStringLiteral("https://icons.duckduckgo.com/ip3/example.net.ico"), picture({16, 16}));
-    EXPECT_FALSE(lookUp(QStringLiteral("https://example.net")).isNull());
-    EXPECT_EQ(cachedFiles(), QStringList{QStringLiteral("example.net.png")});
+    web.put(u"https://icons.duckduckgo.com/ip3/example.net.ico"_s, picture({16, 16}));
+    EXPECT_FALSE(lookUp(u"https://example.net"_s).isNull());
+    EXPECT_EQ(cachedFiles(), QStringList{u"example.net.png"_s});
     EXPECT_TRUE(isPrivate(cacheDir));
     EXPECT_TRUE(isPrivate(QFileInfo(cacheDir).path()));
-    EXPECT_TRUE(isPrivate(cachedFile(QStringLiteral("example.net.png"))));
+    EXPECT_TRUE(isPrivate(cachedFile(u"example.net.png"_s)));
 }
 
 TEST_F(FaviconServiceTest, ADomainCannotNameAFileOutsideTheFolder)
@@ -476,21 +472,21 @@ TEST_F(FaviconServiceTest, ADomainCannotNameAFileOutsideTheFolder)
         static_cast<void>(resultOf(fresh.icon(QString::fromLatin1(domain))));
     }
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-              QStringList{QStringLiteral("Vantry")});
-    EXPECT_EQ(QDir(folder.filePath(QStringLiteral("Vantry")))
+              QStringList{u"Vantry"_s});
+    EXPECT_EQ(QDir(folder.filePath(u"Vantry"_s))
                   .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-              QStringList{QStringLiteral("favicons")});
+              QStringList{u"favicons"_s});
     for (const QString &name : cachedFiles())
         EXPECT_FALSE(name.startsWith(QLatin1Char('.'))) << qPrintable(name);
 }
 
 TEST_F(FaviconServiceTest, ABareHostNameIsLookedUpButHasNoLetter)
 {
-    const QString address = QStringLiteral("db.local");
-    EXPECT_EQ(FaviconService::placeholderLetter(address), QStringLiteral("?"));
-    web.put(QStringLiteral("https://db.local/favicon.ico"), picture({16, 16}));
+    const QString address = u"db.local"_s;
+    EXPECT_EQ(FaviconService::placeholderLetter(address), u"?"_s);
+    web.put(u"https://db.local/favicon.ico"_s, picture({16, 16}));
     EXPECT_FALSE(lookUp(address).isNull());
-    EXPECT_EQ(cachedFiles(), QStringList{QStringLiteral("db.local.png")});
+    EXPECT_EQ(cachedFiles(), QStringList{u"db.local.png"_s});
 }
 
 TEST_F(FaviconServiceTest, LookupsUnderWayEndWithTheService)
@@ -511,9 +507,9 @@ TEST_F(FaviconServiceTest, LookupsUnderWayEndWithTheService)
 
 TEST_F(FaviconServiceTest, TheTitleIsThatOfThePageAtTheAddress)
 {
-    const QString page = QStringLiteral("https://example.org/shop?q=1");
+    const QString page = u"https://example.org/shop?q=1"_s;
     web.put(page, "<title> Shop </title>");
-    EXPECT_EQ(lookUpTitle(page), QStringLiteral("Shop"));
+    EXPECT_EQ(lookUpTitle(page), u"Shop"_s);
     EXPECT_EQ(web.addresses(), QStringList{page});
     EXPECT_EQ(web.requests.front().timeout, 8s);
     EXPECT_EQ(web.requests.front().userAgent, QByteArray());
@@ -522,9 +518,9 @@ TEST_F(FaviconServiceTest, TheTitleIsThatOfThePageAtTheAddress)
 
 TEST_F(FaviconServiceTest, ARedirectedPagesTitleIsFound)
 {
-    web.redirect(home, QStringLiteral("https://example.org/start"));
-    web.put(QStringLiteral("https://example.org/start"), "<title>Start</title>");
-    EXPECT_EQ(lookUpTitle(home), QStringLiteral("Start"));
+    web.redirect(home, u"https://example.org/start"_s);
+    web.put(u"https://example.org/start"_s, "<title>Start</title>");
+    EXPECT_EQ(lookUpTitle(home), u"Start"_s);
 }
 
 TEST_F(FaviconServiceTest, OnlyStatus200HasATitle)
@@ -542,7 +538,7 @@ TEST_F(FaviconServiceTest, APageInASingleByteEncodingHasNoTitle)
     web.put(home, "<title>Caf\xe9</title>");
     EXPECT_EQ(lookUpTitle(home), std::nullopt);
     web.put(home, "<title>Caf\xc3\xa9</title>");
-    EXPECT_EQ(lookUpTitle(home), QStringLiteral("Café"));
+    EXPECT_EQ(lookUpTitle(home), u"Café"_s);
 }
 
 TEST_F(FaviconServiceTest, WhatIsNoWebAddressHasNoTitle)
@@ -558,8 +554,8 @@ TEST_F(FaviconServiceTest, TitlesAreNeitherSharedNorKept)
     web.put(home, "<title>Start</title>");
     const auto first = service.pageTitle(home);
     const auto second = service.pageTitle(home);
-    EXPECT_EQ(resultOf(first), QStringLiteral("Start"));
-    EXPECT_EQ(resultOf(second), QStringLiteral("Start"));
+    EXPECT_EQ(resultOf(first), u"Start"_s);
+    EXPECT_EQ(resultOf(second), u"Start"_s);
     EXPECT_EQ(web.requests.size(), 2u);
 }
 

@@ -14,6 +14,8 @@
 #include <string>
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -51,9 +53,9 @@ protected:
     }
 
     QTemporaryDir parent;
-    QString path = parent.filePath(QStringLiteral("a/b/favicons"));
+    QString path = parent.filePath(u"a/b/favicons"_s);
     IconFolder folder{path};
-    const QString domain = QStringLiteral("example.org");
+    const QString domain = u"example.org"_s;
 };
 
 QImage square(Qt::GlobalColor color)
@@ -99,15 +101,14 @@ TEST_F(IconFolderTest, ATooLongDomainHasNoFile)
 
 TEST_F(IconFolderTest, ANullCharacterEndsNoName)
 {
-    EXPECT_EQ(IconFolder::fileName(QStringLiteral("a") + QChar(0) + QStringLiteral("b")),
-              QStringLiteral("a%00b.png"));
+    EXPECT_EQ(IconFolder::fileName(u"a"_s + QChar(0) + u"b"_s), u"a%00b.png"_s);
 }
 
 TEST_F(IconFolderTest, AnIconIsReadAsItWasWritten)
 {
     folder.write(domain, square(Qt::red));
     EXPECT_EQ(folder.read(domain), square(Qt::red));
-    EXPECT_EQ(files(), QStringList{QStringLiteral("example.org.png")});
+    EXPECT_EQ(files(), QStringList{u"example.org.png"_s});
 }
 
 TEST_F(IconFolderTest, ANewIconTakesTheOldOnesPlace)
@@ -121,7 +122,7 @@ TEST_F(IconFolderTest, ANewIconTakesTheOldOnesPlace)
 TEST_F(IconFolderTest, AReaderOfTheOldFileKeepsIt)
 {
     folder.write(domain, square(Qt::red));
-    QFile old(path + QStringLiteral("/example.org.png"));
+    QFile old(path + u"/example.org.png"_s);
     ASSERT_TRUE(old.open(QIODevice::ReadOnly));
     folder.write(domain, square(Qt::blue));
     EXPECT_EQ(QImage::fromData(old.readAll()).pixelColor(0, 0), QColor(Qt::red));
@@ -138,21 +139,21 @@ TEST_F(IconFolderTest, AFailedWriteLeavesTheOldIcon)
 TEST_F(IconFolderTest, WhatIsMissingOrNoFileIsNoIcon)
 {
     EXPECT_TRUE(folder.read(domain).isNull());
-    ASSERT_TRUE(QDir(path).mkdir(QStringLiteral("example.org.png")));
+    ASSERT_TRUE(QDir(path).mkdir(u"example.org.png"_s));
     EXPECT_TRUE(folder.read(domain).isNull());
 }
 
 TEST_F(IconFolderTest, AFolderUnderAnIconsNameIsLeftAlone)
 {
-    ASSERT_TRUE(QDir(path).mkdir(QStringLiteral("example.org.png")));
+    ASSERT_TRUE(QDir(path).mkdir(u"example.org.png"_s));
     folder.write(domain, square(Qt::red));
-    EXPECT_TRUE(QFileInfo(path + QStringLiteral("/example.org.png")).isDir());
+    EXPECT_TRUE(QFileInfo(path + u"/example.org.png"_s).isDir());
     EXPECT_EQ(files().size(), 1);
 }
 
 TEST_F(IconFolderTest, APipeUnderAnIconsNameBlocksNothing)
 {
-    const QByteArray pipe = QFile::encodeName(path + QStringLiteral("/example.org.png"));
+    const QByteArray pipe = QFile::encodeName(path + u"/example.org.png"_s);
     ASSERT_EQ(::mkfifo(pipe.constData(), S_IRUSR | S_IWUSR), 0);
     EXPECT_TRUE(folder.read(domain).isNull());
     folder.write(domain, square(Qt::red));
@@ -161,15 +162,15 @@ TEST_F(IconFolderTest, APipeUnderAnIconsNameBlocksNothing)
 
 TEST_F(IconFolderTest, ALinkToAPipeBlocksNothing)
 {
-    const QString pipe = path + QStringLiteral("/pipe");
+    const QString pipe = path + u"/pipe"_s;
     ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), S_IRUSR | S_IWUSR), 0);
-    ASSERT_TRUE(QFile::link(pipe, path + QStringLiteral("/example.org.png")));
+    ASSERT_TRUE(QFile::link(pipe, path + u"/example.org.png"_s));
     EXPECT_TRUE(folder.read(domain).isNull());
 }
 
 TEST_F(IconFolderTest, AFileIsWrittenWhereTheFolderIsGone)
 {
-    ASSERT_TRUE(QDir(parent.filePath(QStringLiteral("a"))).removeRecursively());
+    ASSERT_TRUE(QDir(parent.filePath(u"a"_s)).removeRecursively());
     folder.write(domain, square(Qt::red));
     EXPECT_EQ(folder.read(domain), square(Qt::red));
     constexpr auto user = QFileDevice::ReadUser | QFileDevice::WriteUser | QFileDevice::ExeUser;
@@ -188,13 +189,13 @@ TEST_F(IconFolderTest, AFolderThatOthersCouldReadIsTakenAwayFromThem)
 TEST_F(IconFolderTest, WhatACrashHasLeftIsRemoved)
 {
     // As QSaveFile names its temporary files where the file system gives every file a name.
-    QTemporaryFile temporary(path + QStringLiteral("/example.org.png.XXXXXX"));
+    QTemporaryFile temporary(path + u"/example.org.png.XXXXXX"_s);
     temporary.setAutoRemove(false);
     ASSERT_TRUE(temporary.open());
     const QString left = QFileInfo(temporary.fileName()).fileName();
     temporary.close();
     putFile(left, IconFolder::leftoverAge + 1min);
-    putFile(QStringLiteral("%2Ebashrc.png.abcXYZ"), IconFolder::leftoverAge + 1min);
+    putFile(u"%2Ebashrc.png.abcXYZ"_s, IconFolder::leftoverAge + 1min);
     folder.prepare();
     EXPECT_EQ(files(), QStringList());
 }
@@ -202,19 +203,14 @@ TEST_F(IconFolderTest, WhatACrashHasLeftIsRemoved)
 TEST_F(IconFolderTest, WhatMayBeInUseOrSomebodyElsesStays)
 {
     const QStringList others = {
-        QStringLiteral("example.org.png"),
-        QStringLiteral("example.org.png.abc"),
-        QStringLiteral("example.org.png.abcdefg"),
-        QStringLiteral("example.org.png.abcde1"),
-        QStringLiteral("notes.abcdef"),
-        QStringLiteral(".png.abcdef"),
+        u"example.org.png"_s,        u"example.org.png.abc"_s, u"example.org.png.abcdefg"_s,
+        u"example.org.png.abcde1"_s, u"notes.abcdef"_s,        u".png.abcdef"_s,
     };
     for (const QString &name : others)
         putFile(name, IconFolder::leftoverAge + 1min);
-    putFile(QStringLiteral("example.net.png.abcdef"), IconFolder::leftoverAge - 1min);
-    ASSERT_TRUE(QDir(path).mkdir(QStringLiteral("example.com.png.abcdef")));
-    ASSERT_TRUE(QFile::link(path + QStringLiteral("/example.org.png"),
-                            path + QStringLiteral("/link.png.abcdef")));
+    putFile(u"example.net.png.abcdef"_s, IconFolder::leftoverAge - 1min);
+    ASSERT_TRUE(QDir(path).mkdir(u"example.com.png.abcdef"_s));
+    ASSERT_TRUE(QFile::link(path + u"/example.org.png"_s, path + u"/link.png.abcdef"_s));
     folder.prepare();
     EXPECT_EQ(files().size(), others.size() + 3);
 }

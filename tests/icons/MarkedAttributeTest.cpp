@@ -10,15 +10,17 @@
 #include <limits>
 #include <random>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
 
 constexpr auto caseInsensitive = QRegularExpression::CaseInsensitiveOption;
-const QString tag = QStringLiteral("<link");
-const QString marker = QStringLiteral(R"(rel\s*=\s*["'](?:shortcut )?icon["'])");
-const QString value = QStringLiteral(R"(href\s*=\s*["'])");
-const QString content = QStringLiteral(R"(([^"']+)["'])");
+const QString tag = u"<link"_s;
+const QString marker = uR"(rel\s*=\s*["'](?:shortcut )?icon["'])"_s;
+const QString value = uR"(href\s*=\s*["'])"_s;
+const QString content = uR"(([^"']+)["'])"_s;
 
 const MarkedAttribute iconLink = {QRegularExpression(tag, caseInsensitive),
                                   QRegularExpression(marker, caseInsensitive),
@@ -27,7 +29,7 @@ const MarkedAttribute iconLink = {QRegularExpression(tag, caseInsensitive),
 /// What the whole regular expression captures.
 std::optional<QString> captureOf(const QString &html, AttributeOrder order)
 {
-    const QString gap = QStringLiteral("[^>]*");
+    const QString gap = u"[^>]*"_s;
     static const QRegularExpression markerFirst(tag + gap + marker + gap + value + content,
                                                 caseInsensitive);
     static const QRegularExpression valueFirst(tag + gap + value + content + gap + marker,
@@ -41,13 +43,10 @@ std::optional<QString> captureOf(const QString &html, AttributeOrder order)
 QString randomPage(std::mt19937 &random)
 {
     static const std::array pieces = {
-        QStringLiteral("<link"),      QStringLiteral(" rel='icon'"),
-        QStringLiteral(" href='"),    QStringLiteral("rel=\"shortcut icon\""),
-        QStringLiteral("href=\"a\""), QStringLiteral(">"),
-        QStringLiteral("'"),          QStringLiteral("\""),
-        QStringLiteral("b"),          QStringLiteral("<LINK "),
-        QStringLiteral("HREF = "),    QStringLiteral("rel ="),
-        QStringLiteral("icon'"),      QStringLiteral("\n"),
+        u"<link"_s,      u" rel='icon'"_s, u" href='"_s, u"rel=\"shortcut icon\""_s,
+        u"href=\"a\""_s, u">"_s,           u"'"_s,       u"\""_s,
+        u"b"_s,          u"<LINK "_s,      u"HREF = "_s, u"rel ="_s,
+        u"icon'"_s,      u"\n"_s,
     };
     const int count = std::uniform_int_distribution(1, 24)(random);
     QString page;
@@ -59,11 +58,11 @@ QString randomPage(std::mt19937 &random)
 /// A page of @p size characters or a few more that is one piece again and again.
 QString pageOf(const char *piece, qsizetype size)
 {
-    QString page = QStringLiteral("<link ");
+    QString page = u"<link "_s;
     while (page.size() < size)
         page += QLatin1String(piece);
     // So that every part of the expression is somewhere in the page.
-    return page + QStringLiteral("> rel='icon' href='b' rel='icon'");
+    return page + u"> rel='icon' href='b' rel='icon'"_s;
 }
 
 /// The processor's time that a search takes, in ticks; the shortest of three.

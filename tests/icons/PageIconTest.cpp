@@ -6,6 +6,8 @@
 
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -33,7 +35,7 @@ const QString b = at("https://example.org/b.png");
 
 TEST_P(PageIconTest, NamesItsIcons)
 {
-    EXPECT_EQ(iconAddresses(QString::fromUtf8(GetParam().html), QStringLiteral("example.org")),
+    EXPECT_EQ(iconAddresses(QString::fromUtf8(GetParam().html), u"example.org"_s),
               GetParam().addresses);
 }
 
@@ -85,8 +87,7 @@ class IconAddressTest : public testing::TestWithParam<ResolutionCase>
 
 TEST_P(IconAddressTest, IsResolved)
 {
-    EXPECT_EQ(resolveIconAddress(at(GetParam().href), QStringLiteral("example.org")),
-              at(GetParam().address));
+    EXPECT_EQ(resolveIconAddress(at(GetParam().href), u"example.org"_s), at(GetParam().address));
 }
 
 INSTANTIATE_TEST_SUITE_P(

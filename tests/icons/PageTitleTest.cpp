@@ -6,6 +6,8 @@
 
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -73,7 +75,7 @@ TEST(HostilePageTest, TitleSearchEndsSoon)
         QString page;
         while (page.size() < pageSize)
             page += QLatin1String(piece);
-        page += QStringLiteral("</title");
+        page += u"</title"_s;
         EXPECT_EQ(pageTitleIn(page), std::nullopt) << piece;
     }
 }

@@ -15,6 +15,8 @@
 
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -393,8 +395,8 @@ protected:
     }
 
     QTemporaryDir folder;
-    QString picturePath = folder.filePath(QStringLiteral("secret.png"));
-    QString sheetPath = folder.filePath(QStringLiteral("secret.css"));
+    QString picturePath = folder.filePath(u"secret.png"_s);
+    QString sheetPath = folder.filePath(u"secret.css"_s);
 };
 
 QByteArray nested(int levels)
@@ -407,9 +409,8 @@ QByteArray nested(int levels)
 
 TEST_F(HostileSvgTest, PicturesAreNotLoaded)
 {
-    for (const QString &address : {picturePath, QStringLiteral("file://") + picturePath,
-                                   QStringLiteral("https://example.org/a.png"),
-                                   QStringLiteral("data:image/png;base64,AA")}) {
+    for (const QString &address : {picturePath, u"file://"_s + picturePath,
+                                   u"https://example.org/a.png"_s, u"data:image/png;base64,AA"_s}) {
         const QByteArray image =
             "<image width='32' height='32' xlink:href='" + address.toUtf8() + "'/>";
         EXPECT_TRUE(decodePicture(svg(redSquare + image)).isNull()) << qPrintable(address);

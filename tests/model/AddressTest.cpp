@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 namespace {
 
@@ -41,16 +43,16 @@ TEST(AddressTest, HostIsThatOfTheUrl)
 
 TEST(AddressTest, AddressIsCorrectedAsBrowsersDo)
 {
-    const auto url = parseAddress(QStringLiteral("https://example.com/a b?q=\"x\""));
+    const auto url = parseAddress(u"https://example.com/a b?q=\"x\""_s);
     ASSERT_TRUE(url);
     EXPECT_EQ(url->toEncoded(), QByteArrayLiteral("https://example.com/a%20b?q=%22x%22"));
 }
 
 TEST(AddressTest, InternationalHostBecomesAscii)
 {
-    const auto url = parseAddress(QStringLiteral(u"https://b\u00fccher.example/"));
+    const auto url = parseAddress(u"https://b\u00fccher.example/"_s);
     ASSERT_TRUE(url);
-    EXPECT_EQ(url->host(QUrl::EncodeUnicode), QStringLiteral("xn--bcher-kva.example"));
+    EXPECT_EQ(url->host(QUrl::EncodeUnicode), u"xn--bcher-kva.example"_s);
 }
 
 TEST(AddressTest, EmptyTextIsNoAddress)

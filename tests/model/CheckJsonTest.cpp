@@ -9,13 +9,15 @@
 #include <utility>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 namespace {
 
 using namespace std::chrono;
 
-const QUuid id(QStringLiteral("{01234567-89ab-cdef-0123-456789abcdef}"));
-const QUuid monitorId(QStringLiteral("{fedcba98-7654-3210-fedc-ba9876543210}"));
+const QUuid id(u"{01234567-89ab-cdef-0123-456789abcdef}"_s);
+const QUuid monitorId(u"{fedcba98-7654-3210-fedc-ba9876543210}"_s);
 
 const std::string idJson = R"("01234567-89AB-CDEF-0123-456789ABCDEF")";
 const std::string monitorIdJson = R"("FEDCBA98-7654-3210-FEDC-BA9876543210")";
@@ -39,7 +41,7 @@ Check fullCheck()
     Check check = plainCheck();
     check.statusCode = 503;
     check.isUp = false;
-    check.error = QStringLiteral(u"\"\\\u0001\n caf\u00e9 \U0001F426");
+    check.error = u"\"\\\u0001\n caf\u00e9 \U0001F426"_s;
     check.sslExpiresAt = Timestamp(sys_days(2027y / 1 / 1));
     check.keywordFound = false;
     return check;
@@ -115,11 +117,11 @@ TEST(CheckJsonTest, FailuresOfOneTextShareItAndOthersKeepTheirs)
 
     const std::vector<Check> &checks = collector.checks;
     ASSERT_EQ(checks.size(), 5U);
-    EXPECT_EQ(*checks[0].error, QStringLiteral("Timed out"));
+    EXPECT_EQ(*checks[0].error, u"Timed out"_s);
     EXPECT_FALSE(checks[1].error);
     EXPECT_EQ(&*checks[2].error, &*checks[0].error);
-    EXPECT_EQ(*checks[3].error, QStringLiteral("Refused"));
-    EXPECT_EQ(*checks[4].error, QStringLiteral("Timed out"));
+    EXPECT_EQ(*checks[3].error, u"Refused"_s);
+    EXPECT_EQ(*checks[4].error, u"Timed out"_s);
 }
 
 TEST(CheckJsonTest, PortCheckIsWrittenWithoutAbsentKeys)
@@ -156,7 +158,7 @@ TEST(CheckJsonTest, WhatJsonCannotHoldIsReplaced)
 {
     Check check = plainCheck();
     check.responseTime = std::numeric_limits<double>::quiet_NaN();
-    check.error = QStringLiteral("a") + QChar(0xdc00) + QStringLiteral("b");
+    check.error = u"a"_s + QChar(0xdc00) + u"b"_s;
     const auto read = decoded(encoded(check));
     ASSERT_TRUE(read);
     EXPECT_EQ(read->responseTime, 0);
@@ -221,7 +223,7 @@ TEST(CheckMapTest, ANullDoesNotComeBackInTheNextCheckOrInTheFile)
 {
     Collector collector;
     Check failed = plainCheck();
-    failed.error = QStringLiteral("x");
+    failed.error = u"x"_s;
     const std::string withNull = with(R"("error":null)");
     ASSERT_TRUE(decodeMap("[" + monitorIdJson + ",[" + withNull + "," + with(R"("error":"x")") +
                               "," + withNull + "," + withNull + "]]",

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -13,7 +15,7 @@ const Timestamp winterNoon = *parseTimestamp("2026-01-10T12:00:00Z");
 
 QString shown(const QDateTime &time)
 {
-    return time.toString(QStringLiteral("yyyy-MM-dd HH:mm"));
+    return time.toString(u"yyyy-MM-dd HH:mm"_s);
 }
 
 } // namespace
@@ -22,7 +24,7 @@ TEST(LocalClockTest, AZoneShowsItsOwnTimeWhateverTheComputersClocksAre)
 {
     const ScopedTimeZone zone("EST5");
     const QTimeZone berlin("Europe/Berlin");
-    EXPECT_EQ(shown(onClocksOf(berlin, winterNoon)), QStringLiteral("2026-01-10 13:00"));
+    EXPECT_EQ(shown(onClocksOf(berlin, winterNoon)), u"2026-01-10 13:00"_s);
     EXPECT_EQ(onClocksOf(berlin, QDate(2026, 1, 10), QTime(13, 0)).toMSecsSinceEpoch(),
               winterNoon.time_since_epoch().count());
 }
@@ -31,7 +33,7 @@ TEST(LocalClockTest, AnInvalidZoneIsTheComputersClocks)
 {
     const ScopedTimeZone zone("MEZ-1MESZ");
     ASSERT_FALSE(QTimeZone::systemTimeZone().isValid()) << "nothing is tested";
-    EXPECT_EQ(shown(onClocksOf({}, winterNoon)), QStringLiteral("2026-01-10 13:00"));
+    EXPECT_EQ(shown(onClocksOf({}, winterNoon)), u"2026-01-10 13:00"_s);
     EXPECT_EQ(onClocksOf({}, QDate(2026, 1, 10), QTime(13, 0)).toMSecsSinceEpoch(),
               winterNoon.time_since_epoch().count());
 }
@@ -39,7 +41,7 @@ TEST(LocalClockTest, AnInvalidZoneIsTheComputersClocks)
 TEST(LocalClockTest, WhatNobodyKnowsIsUtc)
 {
     const ScopedTimeZone zone("Nowhere/At All");
-    EXPECT_EQ(shown(onClocksOf({}, winterNoon)), QStringLiteral("2026-01-10 12:00"));
+    EXPECT_EQ(shown(onClocksOf({}, winterNoon)), u"2026-01-10 12:00"_s);
 }
 
 } // namespace ostrel::test

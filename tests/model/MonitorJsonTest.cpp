@@ -10,19 +10,21 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 namespace {
 
 using namespace std::chrono;
 
-const QUuid id(QStringLiteral("{01234567-89ab-cdef-0123-456789abcdef}"));
+const QUuid id(u"{01234567-89ab-cdef-0123-456789abcdef}"_s);
 
 Monitor fullMonitor()
 {
     Monitor monitor;
     monitor.id = id;
-    monitor.name = QStringLiteral(u"Caf\u00e9 \"\\\u0001 \U0001F426");
-    monitor.url = QStringLiteral("https://a.example/?q=1&r=2");
+    monitor.name = u"Caf\u00e9 \"\\\u0001 \U0001F426"_s;
+    monitor.url = u"https://a.example/?q=1&r=2"_s;
     monitor.method = HTTPMethod::POST;
     monitor.interval = Seconds(0.25);
     monitor.timeout = Seconds(12.5);
@@ -31,7 +33,7 @@ Monitor fullMonitor()
     monitor.notifyOnRecovery = false;
     monitor.createdAt = sys_days(2026y / 11 / 20) + 19h;
     monitor.type = MonitorType::port;
-    monitor.keyword = QStringLiteral("Welcome");
+    monitor.keyword = u"Welcome"_s;
     monitor.keywordShouldExist = false;
     monitor.responseTimeThreshold = Milliseconds(1500.5);
     monitor.port = 5432;
@@ -42,16 +44,16 @@ Monitor fullMonitor()
 /// An object with the required keys alone.
 QJsonObject plainObject()
 {
-    return {{QStringLiteral("id"), QStringLiteral("01234567-89AB-CDEF-0123-456789ABCDEF")},
-            {QStringLiteral("name"), QString()},
-            {QStringLiteral("url"), QStringLiteral("https://a.example")},
-            {QStringLiteral("method"), QStringLiteral("GET")},
-            {QStringLiteral("interval"), 60},
-            {QStringLiteral("timeout"), 30},
-            {QStringLiteral("isEnabled"), true},
-            {QStringLiteral("notifyOnDown"), true},
-            {QStringLiteral("notifyOnRecovery"), true},
-            {QStringLiteral("createdAt"), QStringLiteral("2026-11-20T19:00:00Z")}};
+    return {{u"id"_s, u"01234567-89AB-CDEF-0123-456789ABCDEF"_s},
+            {u"name"_s, QString()},
+            {u"url"_s, u"https://a.example"_s},
+            {u"method"_s, u"GET"_s},
+            {u"interval"_s, 60},
+            {u"timeout"_s, 30},
+            {u"isEnabled"_s, true},
+            {u"notifyOnDown"_s, true},
+            {u"notifyOnRecovery"_s, true},
+            {u"createdAt"_s, u"2026-11-20T19:00:00Z"_s}};
 }
 
 std::optional<QList<Monitor>> decoded(const QJsonObject &object)
@@ -91,9 +93,9 @@ TEST(MonitorJsonTest, AbsentKeysAreLeftOut)
 {
     const auto array = QJsonDocument::fromJson(encodeMonitors({Monitor{}})).array();
     const QJsonObject object = array.at(0).toObject();
-    EXPECT_FALSE(object.contains(QStringLiteral("keyword")));
-    EXPECT_FALSE(object.contains(QStringLiteral("responseTimeThreshold")));
-    EXPECT_FALSE(object.contains(QStringLiteral("port")));
+    EXPECT_FALSE(object.contains(u"keyword"_s));
+    EXPECT_FALSE(object.contains(u"responseTimeThreshold"_s));
+    EXPECT_FALSE(object.contains(u"port"_s));
     EXPECT_EQ(object.size(), 13);
 }
 
@@ -121,9 +123,9 @@ TEST(MonitorJsonTest, LackingARequiredKeyFails)
 
 TEST(MonitorJsonTest, UnknownEnumerationTextsFail)
 {
-    EXPECT_FALSE(decodeMonitors(withRaw(QStringLiteral("method"), "\"PUT\"")));
-    EXPECT_FALSE(decodeMonitors(withRaw(QStringLiteral("method"), "\"get\"")));
-    EXPECT_FALSE(decodeMonitors(withRaw(QStringLiteral("type"), "\"tcp\"")));
+    EXPECT_FALSE(decodeMonitors(withRaw(u"method"_s, "\"PUT\"")));
+    EXPECT_FALSE(decodeMonitors(withRaw(u"method"_s, "\"get\"")));
+    EXPECT_FALSE(decodeMonitors(withRaw(u"type"_s, "\"tcp\"")));
 }
 
 TEST(MonitorJsonTest, WrongTypesFail)
@@ -134,8 +136,7 @@ TEST(MonitorJsonTest, WrongTypesFail)
     for (const QString &key : full.keys()) {
         const QJsonValue value = full.value(key);
         for (const QByteArray &text : texts) {
-            const bool isFreeText = key == QStringLiteral("name") || key == QStringLiteral("url") ||
-                                    key == QStringLiteral("keyword");
+            const bool isFreeText = key == u"name"_s || key == u"url"_s || key == u"keyword"_s;
             const bool isOptional = !plainObject().contains(key);
             if ((text == "null" && isOptional) || (text == "true" && value.isBool()) ||
                 (text == "1" && value.isDouble()) || (text == "\"x\"" && isFreeText))
@@ -157,13 +158,13 @@ TEST(MonitorJsonTest, OptionalKeysThatAreNullAreAbsent)
     }
     for (const QString &key : plainObject().keys())
         EXPECT_FALSE(decodeMonitors(withRaw(key, "null"))) << key.toStdString();
-    EXPECT_EQ(decodeMonitors(withRaw(QStringLiteral("port"), R"(80,"port":null)")), plain)
+    EXPECT_EQ(decodeMonitors(withRaw(u"port"_s, R"(80,"port":null)")), plain)
         << "of a key that comes twice the last counts";
 }
 
 TEST(MonitorJsonTest, IntegersAreWhole)
 {
-    const QString key = QStringLiteral("port");
+    const QString key = u"port"_s;
     for (const char *text : {"80", "80.0", "8e1", "800e-1"}) {
         const auto monitors = decodeMonitors(withRaw(key, text));
         ASSERT_TRUE(monitors) << text;
@@ -180,7 +181,7 @@ TEST(MonitorJsonTest, IntegersAreWhole)
 
 TEST(MonitorJsonTest, DatesOfOtherLayoutsFail)
 {
-    const QString key = QStringLiteral("createdAt");
+    const QString key = u"createdAt"_s;
     for (const char *text : {"\"2026-11-20T19:00:00.5Z\"", "\"2026-11-20T19:00:00+01:00\"",
                              "\"2026-11-20\"", "1795202400"})
         EXPECT_FALSE(decodeMonitors(withRaw(key, text))) << text;
@@ -200,39 +201,39 @@ TEST(MonitorJsonTest, UnknownKeysOfAnyNestingArePassedOver)
     const auto known = decoded(plainObject());
     for (const char *text : {"{\"a\":[1,{\"b\":null}],\"c\":\"}\"}", "[[],[[]]]", "null", "1.5e3",
                              "\"\\u00e9\"", "true"})
-        EXPECT_EQ(decodeMonitors(withRaw(QStringLiteral("later"), text)), known) << text;
+        EXPECT_EQ(decodeMonitors(withRaw(u"later"_s, text)), known) << text;
     for (const char *text :
          {"tru", "[1,]", "{\"a\"}", "\"\\x\"", "nul", "[1 2]", "{\"a\":1,}", "01"})
-        EXPECT_FALSE(decodeMonitors(withRaw(QStringLiteral("later"), text))) << text;
+        EXPECT_FALSE(decodeMonitors(withRaw(u"later"_s, text))) << text;
 }
 
 TEST(MonitorJsonTest, NestingWithoutEndFails)
 {
-    EXPECT_FALSE(decodeMonitors(
-        withRaw(QStringLiteral("later"), QByteArray(100000, '[') + QByteArray(100000, ']'))));
+    EXPECT_FALSE(
+        decodeMonitors(withRaw(u"later"_s, QByteArray(100000, '[') + QByteArray(100000, ']'))));
 }
 
 TEST(MonitorJsonTest, EscapedKeysAreKnown)
 {
-    QByteArray json = withRaw(QStringLiteral("name"), "\"Shop\"");
+    QByteArray json = withRaw(u"name"_s, "\"Shop\"");
     json.replace("\"name\"", "\"n\\u0061me\"");
     const auto monitors = decodeMonitors(json);
     ASSERT_TRUE(monitors);
-    EXPECT_EQ(monitors->first().name, QStringLiteral("Shop"));
+    EXPECT_EQ(monitors->first().name, u"Shop"_s);
 }
 
 TEST(MonitorJsonTest, OfAKeyThatComesTwiceTheLastCounts)
 {
-    QByteArray json = withRaw(QStringLiteral("name"), "\"first\",\"name\":\"last\"");
+    QByteArray json = withRaw(u"name"_s, "\"first\",\"name\":\"last\"");
     const auto monitors = decodeMonitors(json);
     ASSERT_TRUE(monitors);
-    EXPECT_EQ(monitors->first().name, QStringLiteral("last"));
+    EXPECT_EQ(monitors->first().name, u"last"_s);
 }
 
 TEST(MonitorJsonTest, LowerCaseIdIsRead)
 {
     const auto monitors =
-        decodeMonitors(withRaw(QStringLiteral("id"), "\"01234567-89ab-cdef-0123-456789abcdef\""));
+        decodeMonitors(withRaw(u"id"_s, "\"01234567-89ab-cdef-0123-456789abcdef\""));
     ASSERT_TRUE(monitors);
     EXPECT_EQ(monitors->first().id, id);
 }
@@ -257,7 +258,7 @@ TEST(MonitorJsonTest, OneBadRecordFailsTheFile)
 
 TEST(MonitorJsonTest, InvalidTextFails)
 {
-    const QString key = QStringLiteral("name");
+    const QString key = u"name"_s;
     for (const char *text :
          {"\"\\ud800\"", "\"\\udc00\"", "\"\\ud800\\u0041\"", "\"\\uD83D\"", "\"\xff\"",
           "\"\xed\xa0\x80\"", "\"\xc0\x80\"", "\"a\nb\"", "\"\\u12\""})
@@ -266,8 +267,8 @@ TEST(MonitorJsonTest, InvalidTextFails)
 
 TEST(MonitorJsonTest, TextsKeepEveryCharacter)
 {
-    for (const QString &text : {QStringLiteral(u"\ufeffmark"), QString(QChar(0)),
-                                QStringLiteral(u"\u2028/\u007f"), QStringLiteral("\r\n\t")}) {
+    for (const QString &text :
+         {u"\ufeffmark"_s, QString(QChar(0)), u"\u2028/\u007f"_s, u"\r\n\t"_s}) {
         Monitor monitor = fullMonitor();
         monitor.name = text;
         const auto monitors = decodeMonitors(encodeMonitors({monitor}));
@@ -279,7 +280,7 @@ TEST(MonitorJsonTest, TextsKeepEveryCharacter)
 TEST(MonitorJsonTest, WhatJsonCannotHoldIsReplaced)
 {
     Monitor monitor = fullMonitor();
-    monitor.name = QStringLiteral("a") + QChar(0xd800) + QStringLiteral("b");
+    monitor.name = u"a"_s + QChar(0xd800) + u"b"_s;
     monitor.interval = Seconds(std::numeric_limits<double>::infinity());
     monitor.timeout = Seconds(std::numeric_limits<double>::quiet_NaN());
     monitor.responseTimeThreshold = Milliseconds(std::numeric_limits<double>::infinity());

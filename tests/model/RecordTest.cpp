@@ -7,6 +7,8 @@
 #include <functional>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 namespace {
 
@@ -20,29 +22,25 @@ Monitor namedMonitor(const QString &name, const QString &url)
 
 TEST(MonitorTest, DisplayNameIsTheName)
 {
-    EXPECT_EQ(
-        namedMonitor(QStringLiteral("Shop"), QStringLiteral("https://a.example")).displayName(),
-        QStringLiteral("Shop"));
+    EXPECT_EQ(namedMonitor(u"Shop"_s, u"https://a.example"_s).displayName(), u"Shop"_s);
 }
 
 TEST(MonitorTest, DisplayNameOfANamelessAddressIsItsHost)
 {
-    EXPECT_EQ(namedMonitor({}, QStringLiteral("https://a.example:8443/path")).displayName(),
-              QStringLiteral("a.example"));
+    EXPECT_EQ(namedMonitor({}, u"https://a.example:8443/path"_s).displayName(), u"a.example"_s);
 }
 
 TEST(MonitorTest, DisplayNameOfABareHostNameIsTheAddress)
 {
-    EXPECT_EQ(namedMonitor({}, QStringLiteral("db.local")).displayName(),
-              QStringLiteral("db.local"));
+    EXPECT_EQ(namedMonitor({}, u"db.local"_s).displayName(), u"db.local"_s);
 }
 
 TEST(MonitorTest, EveryFieldCounts)
 {
     const std::vector<std::function<void(Monitor &)>> edits = {
         [](Monitor &m) { m.id = QUuid::createUuid(); },
-        [](Monitor &m) { m.name = QStringLiteral("x"); },
-        [](Monitor &m) { m.url = QStringLiteral("x"); },
+        [](Monitor &m) { m.name = u"x"_s; },
+        [](Monitor &m) { m.url = u"x"_s; },
         [](Monitor &m) { m.method = HTTPMethod::HEAD; },
         [](Monitor &m) { m.interval = Seconds(61); },
         [](Monitor &m) { m.timeout = Seconds(31); },
@@ -95,8 +93,8 @@ TEST(CheckTest, AbsentTextIsNotAnEmptyOne)
     EXPECT_FALSE(OptionalText());
     EXPECT_TRUE(OptionalText(QString()));
     EXPECT_NE(OptionalText(), OptionalText(QString()));
-    EXPECT_EQ(OptionalText(QStringLiteral("a")), OptionalText(QStringLiteral("a")));
-    EXPECT_EQ(OptionalText().value_or(QStringLiteral("b")), QStringLiteral("b"));
+    EXPECT_EQ(OptionalText(u"a"_s), OptionalText(u"a"_s));
+    EXPECT_EQ(OptionalText().value_or(u"b"_s), u"b"_s);
 }
 
 TEST(CheckTest, CompactOptionalTellsAbsenceFromEveryCode)

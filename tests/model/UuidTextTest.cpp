@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 namespace {
 
@@ -15,13 +17,13 @@ std::string formatted(const QUuid &id)
 
 TEST(UuidTextTest, IsWrittenInUpperCaseWithoutBraces)
 {
-    const QUuid id(QStringLiteral("{01234567-89ab-cdef-0123-456789abcdef}"));
+    const QUuid id(u"{01234567-89ab-cdef-0123-456789abcdef}"_s);
     EXPECT_EQ(formatted(id), "01234567-89AB-CDEF-0123-456789ABCDEF");
 }
 
 TEST(UuidTextTest, IsReadInEitherCase)
 {
-    const QUuid id(QStringLiteral("{01234567-89ab-cdef-0123-456789abcdef}"));
+    const QUuid id(u"{01234567-89ab-cdef-0123-456789abcdef}"_s);
     EXPECT_EQ(parseUuid("01234567-89AB-CDEF-0123-456789ABCDEF"), id);
     EXPECT_EQ(parseUuid("01234567-89ab-cdef-0123-456789ABcdef"), id);
 }

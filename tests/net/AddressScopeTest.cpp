@@ -7,6 +7,8 @@
 #include <arpa/inet.h>
 #include <netinet/in.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -104,45 +106,35 @@ TEST(AddressScopeTest, ALiteralHostIsJudgedAsItsAddress)
 TEST(AddressScopeTest, AnAddressIsPrivateHoweverItIsSpelt)
 {
     for (const QString &host :
-         {QStringLiteral("127.1"), QStringLiteral("127.0.1"), QStringLiteral("2130706433"),
-          QStringLiteral("0x7f000001"), QStringLiteral("0X7F.0.0.1"), QStringLiteral("0177.0.0.1"),
-          QStringLiteral("017700000001"), QStringLiteral("0"), QStringLiteral("0300.0250.0.1"),
-          QStringLiteral("192.168.257"), QStringLiteral("127.0.0.1."), QStringLiteral("[::1]"),
-          QStringLiteral("[::FFFF:127.0.0.1]"), QStringLiteral("0:0:0:0:0:0:0:1"),
-          QStringLiteral("fe80::1%eth0"), QStringLiteral("[fe80::1%25eth0]"),
-          QStringLiteral("１２７.０.０.１"), QStringLiteral("127。0。0。1")})
+         {u"127.1"_s, u"127.0.1"_s, u"2130706433"_s, u"0x7f000001"_s, u"0X7F.0.0.1"_s,
+          u"0177.0.0.1"_s, u"017700000001"_s, u"0"_s, u"0300.0250.0.1"_s, u"192.168.257"_s,
+          u"127.0.0.1."_s, u"[::1]"_s, u"[::FFFF:127.0.0.1]"_s, u"0:0:0:0:0:0:0:1"_s,
+          u"fe80::1%eth0"_s, u"[fe80::1%25eth0]"_s, u"１２７.０.０.１"_s, u"127。0。0。1"_s})
         EXPECT_TRUE(isPrivateHost(host)) << host.toStdString();
 }
 
 TEST(AddressScopeTest, APublicAddressIsPublicHoweverItIsSpelt)
 {
     for (const QString &host :
-         {QStringLiteral("134744072"), QStringLiteral("0x08080808"), QStringLiteral("010.8.8.8"),
-          QStringLiteral("8.8.8.8."), QStringLiteral("[2606:4700::1111]")})
+         {u"134744072"_s, u"0x08080808"_s, u"010.8.8.8"_s, u"8.8.8.8."_s, u"[2606:4700::1111]"_s})
         EXPECT_FALSE(isPrivateHost(host)) << host.toStdString();
 }
 
 TEST(AddressScopeTest, NamesThatMeanNothingElsewhereArePrivate)
 {
     for (const QString &host :
-         {QStringLiteral("localhost"), QStringLiteral("LOCALHOST"), QStringLiteral("localhost."),
-          QStringLiteral("app.localhost"), QStringLiteral("a.b.LocalHost."),
-          QStringLiteral("ｌｏｃａｌｈｏｓｔ"), QStringLiteral("nas"), QStringLiteral("nas."),
-          QStringLiteral("büro"), QStringLiteral("my_nas"), QStringLiteral("com"),
-          QStringLiteral("printer.local"), QStringLiteral("db.internal"),
-          QStringLiteral("nas.home.arpa."), QString(), QStringLiteral(".")})
+         {u"localhost"_s, u"LOCALHOST"_s, u"localhost."_s, u"app.localhost"_s, u"a.b.LocalHost."_s,
+          u"ｌｏｃａｌｈｏｓｔ"_s, u"nas"_s, u"nas."_s, u"büro"_s, u"my_nas"_s, u"com"_s,
+          u"printer.local"_s, u"db.internal"_s, u"nas.home.arpa."_s, QString(), u"."_s})
         EXPECT_TRUE(isPrivateHost(host)) << host.toStdString();
 }
 
 TEST(AddressScopeTest, NamesOfTheInternetArent)
 {
     for (const QString &host :
-         {QStringLiteral("example.com"), QStringLiteral("example.com."),
-          QStringLiteral("WWW.Example.COM"), QStringLiteral("bücher.example"),
-          QStringLiteral("my_shop.example.com"), QStringLiteral("notlocalhost.com"),
-          QStringLiteral("localhost.com"), QStringLiteral("arpa.home"),
-          QStringLiteral("mylocal.de"), QStringLiteral("127.0.0.1.example.com"),
-          QStringLiteral("10.example")})
+         {u"example.com"_s, u"example.com."_s, u"WWW.Example.COM"_s, u"bücher.example"_s,
+          u"my_shop.example.com"_s, u"notlocalhost.com"_s, u"localhost.com"_s, u"arpa.home"_s,
+          u"mylocal.de"_s, u"127.0.0.1.example.com"_s, u"10.example"_s})
         EXPECT_FALSE(isPrivateHost(host)) << host.toStdString();
 }
 

@@ -9,6 +9,8 @@
 #include <functional>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 void PrintTo(const NotificationRequest &request, std::ostream *out)
@@ -20,10 +22,10 @@ void PrintTo(const NotificationRequest &request, std::ostream *out)
 
 namespace {
 
-Monitor monitorNamed(const QString &name, const QString &url = QStringLiteral("https://shop.test/"))
+Monitor monitorNamed(const QString &name, const QString &url = u"https://shop.test/"_s)
 {
     Monitor monitor;
-    monitor.id = QUuid(QStringLiteral("0a1b2c3d-4e5f-6789-abcd-ef0123456789"));
+    monitor.id = QUuid(u"0a1b2c3d-4e5f-6789-abcd-ef0123456789"_s);
     monitor.name = name;
     monitor.url = url;
     return monitor;
@@ -31,7 +33,7 @@ Monitor monitorNamed(const QString &name, const QString &url = QStringLiteral("h
 
 Monitor shop()
 {
-    return monitorNamed(QStringLiteral("Shop"));
+    return monitorNamed(u"Shop"_s);
 }
 
 struct Case
@@ -89,12 +91,12 @@ Case certificate(const char *name, qint64 days, const char *body, InterruptionLe
 std::vector<Case> cases()
 {
     const Monitor unnamed = monitorNamed(QString());
-    const Monitor addressOnly = monitorNamed(QString(), QStringLiteral("db.local"));
+    const Monitor addressOnly = monitorNamed(QString(), u"db.local"_s);
     return {
         down("DownWithoutAnErrorText", std::nullopt, "Not responding"),
-        down("DownWithAnErrorText", QStringLiteral("HTTP 503"), "HTTP 503"),
+        down("DownWithAnErrorText", u"HTTP 503"_s, "HTTP 503"),
         down("DownWithAnEmptyErrorText", QString(QLatin1String("")), ""),
-        down("DownWithFormatCharacters", QStringLiteral("100%s <b>%1</b>"), "100%s <b>%1</b>"),
+        down("DownWithFormatCharacters", u"100%s <b>%1</b>"_s, "100%s <b>%1</b>"),
         recovery("Recovery", 1234.56, "Responding in 1235ms"),
         recovery("RecoveryBelowAMillisecond", 0.4, "Responding in 0ms"),
         recovery("RecoveryTiesToEven", 500.5, "Responding in 500ms"),
@@ -139,12 +141,11 @@ TEST_P(NotificationManagerTest, PostsExactlyOneRequest)
 
     sample.notify(manager);
 
-    const NotificationRequest expected = {
-        .identifier = QString::fromUtf8(sample.kind) +
-                      QStringLiteral("-0A1B2C3D-4E5F-6789-ABCD-EF0123456789"),
-        .title = QString::fromUtf8(sample.title),
-        .body = QString::fromUtf8(sample.body),
-        .level = sample.level};
+    const NotificationRequest expected = {.identifier = QString::fromUtf8(sample.kind) +
+                                                        u"-0A1B2C3D-4E5F-6789-ABCD-EF0123456789"_s,
+                                          .title = QString::fromUtf8(sample.title),
+                                          .body = QString::fromUtf8(sample.body),
+                                          .level = sample.level};
     ASSERT_EQ(center.requests.size(), 1);
     EXPECT_EQ(center.requests.front(), expected);
 }
@@ -170,10 +171,10 @@ TEST_P(ForeignNotificationTest, IsFitForPeopleAndSaysWhatItIsAbout)
         EXPECT_TRUE(test::isFitForPeople(request.title));
         EXPECT_TRUE(test::isFitForPeople(request.body));
     }
-    EXPECT_TRUE(center.requests[0].title.endsWith(QStringLiteral(" is Down")));
-    EXPECT_TRUE(center.requests[1].title.endsWith(QStringLiteral(" is Back Up")));
-    EXPECT_TRUE(center.requests[2].title.endsWith(QStringLiteral(" is Slow")));
-    EXPECT_TRUE(center.requests[3].body.endsWith(QStringLiteral(": 14 days remaining")));
+    EXPECT_TRUE(center.requests[0].title.endsWith(u" is Down"_s));
+    EXPECT_TRUE(center.requests[1].title.endsWith(u" is Back Up"_s));
+    EXPECT_TRUE(center.requests[2].title.endsWith(u" is Slow"_s));
+    EXPECT_TRUE(center.requests[3].body.endsWith(u": 14 days remaining"_s));
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, ForeignNotificationTest, testing::ValuesIn(test::foreignTexts()),

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 void PrintTo(const DueNotifications &due, std::ostream *out)
@@ -38,7 +40,7 @@ void PrintTo(const Case &sample, std::ostream *out)
 /// A website whose switches are on.
 Monitor website()
 {
-    return {.id = QUuid::createUuid(), .url = QStringLiteral("https://shop.example/")};
+    return {.id = QUuid::createUuid(), .url = u"https://shop.example/"_s};
 }
 
 Monitor withoutSwitches()

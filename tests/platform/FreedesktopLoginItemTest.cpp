@@ -12,6 +12,8 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 namespace {
 
@@ -23,7 +25,7 @@ protected:
     {
         qputenv("XDG_CONFIG_HOME", QFile::encodeName(path("config")));
         qputenv("PATH", QFile::encodeName(path("bin")));
-        QDir(m_folder.path()).mkdir(QStringLiteral("bin"));
+        QDir(m_folder.path()).mkdir(u"bin"_s);
     }
 
     [[nodiscard]] QString path(const char *name) const
@@ -71,7 +73,7 @@ protected:
 
 TEST_F(FreedesktopLoginItemTest, NamesTheInstalledProgramWithoutItsPath)
 {
-    FreedesktopLoginItem item(makeProgram(QStringLiteral("bin/ostrel")));
+    FreedesktopLoginItem item(makeProgram(u"bin/ostrel"_s));
     EXPECT_TRUE(item.registerItem());
     EXPECT_EQ(entry(), QByteArray("[Desktop Entry]\n"
                                   "Type=Application\n"
@@ -87,17 +89,17 @@ TEST_F(FreedesktopLoginItemTest, NamesTheInstalledProgramWithoutItsPath)
 
 TEST_F(FreedesktopLoginItemTest, NamesAProgramThatIsInstalledThroughALinkWithoutItsPath)
 {
-    const QString program = makeProgram(QStringLiteral("opt/ostrel"));
+    const QString program = makeProgram(u"opt/ostrel"_s);
     QFile::link(program, path("bin/ostrel"));
     FreedesktopLoginItem item(program);
     EXPECT_TRUE(item.registerItem());
-    EXPECT_EQ(valueOf("Exec"), QStringLiteral("ostrel"));
+    EXPECT_EQ(valueOf("Exec"), u"ostrel"_s);
 }
 
 TEST_F(FreedesktopLoginItemTest, NamesAProgramThatIsNotInstalledByItsPath)
 {
-    const QString program = makeProgram(QStringLiteral("build/ostrel"));
-    (void)makeProgram(QStringLiteral("bin/ostrel")); // Another one of the same name.
+    const QString program = makeProgram(u"build/ostrel"_s);
+    (void)makeProgram(u"bin/ostrel"_s); // Another one of the same name.
     FreedesktopLoginItem item(program);
     EXPECT_TRUE(item.registerItem());
     EXPECT_EQ(valueOf("Exec"), program);
@@ -149,16 +151,16 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(FreedesktopLoginItemTest, EscapesPercentWithoutQuotes)
 {
-    const QString program = makeProgram(QStringLiteral("5%u/ostrel"));
+    const QString program = makeProgram(u"5%u/ostrel"_s);
     FreedesktopLoginItem item(program);
     ASSERT_TRUE(item.registerItem());
-    EXPECT_EQ(valueOf("Exec"), m_folder.filePath(QStringLiteral("5%%u/ostrel")));
+    EXPECT_EQ(valueOf("Exec"), m_folder.filePath(u"5%%u/ostrel"_s));
     EXPECT_EQ(valueOf("TryExec"), program);
 }
 
 TEST_F(FreedesktopLoginItemTest, IsIdempotent)
 {
-    FreedesktopLoginItem item(makeProgram(QStringLiteral("bin/ostrel")));
+    FreedesktopLoginItem item(makeProgram(u"bin/ostrel"_s));
     ASSERT_TRUE(item.registerItem());
     const QByteArray first = entry();
     EXPECT_TRUE(item.registerItem());
@@ -172,7 +174,7 @@ TEST_F(FreedesktopLoginItemTest, IsIdempotent)
 
 TEST_F(FreedesktopLoginItemTest, LeavesAnEntryAloneThatStartsTheSameProgram)
 {
-    FreedesktopLoginItem item(makeProgram(QStringLiteral("bin/ostrel")));
+    FreedesktopLoginItem item(makeProgram(u"bin/ostrel"_s));
     const QByteArray own = "[Desktop Entry]\nType=Application\nName=Mine\n"
                            "Exec=ostrel --data-dir /srv/watch\n";
     writeEntry(own);
@@ -182,7 +184,7 @@ TEST_F(FreedesktopLoginItemTest, LeavesAnEntryAloneThatStartsTheSameProgram)
 
 TEST_F(FreedesktopLoginItemTest, RespectsAnEntryThatItsUserHasHidden)
 {
-    FreedesktopLoginItem item(makeProgram(QStringLiteral("bin/ostrel")));
+    FreedesktopLoginItem item(makeProgram(u"bin/ostrel"_s));
     ASSERT_TRUE(item.registerItem());
     const QByteArray hidden = entry() + "Hidden=true\n";
     writeEntry(hidden);
@@ -192,7 +194,7 @@ TEST_F(FreedesktopLoginItemTest, RespectsAnEntryThatItsUserHasHidden)
 
 TEST_F(FreedesktopLoginItemTest, RespectsAnEntryOfAnotherProgramThatItsUserHasDisabled)
 {
-    FreedesktopLoginItem item(makeProgram(QStringLiteral("bin/ostrel")));
+    FreedesktopLoginItem item(makeProgram(u"bin/ostrel"_s));
     const QByteArray disabled = "[Desktop Entry]\nType=Application\nName=Ostrel\n"
                                 "Exec=/old/ostrel\nX-GNOME-Autostart-enabled = false\n";
     writeEntry(disabled);
@@ -202,24 +204,24 @@ TEST_F(FreedesktopLoginItemTest, RespectsAnEntryOfAnotherProgramThatItsUserHasDi
 
 TEST_F(FreedesktopLoginItemTest, ReplacesAnEntryWhoseProgramIsGone)
 {
-    FreedesktopLoginItem item(makeProgram(QStringLiteral("bin/ostrel")));
+    FreedesktopLoginItem item(makeProgram(u"bin/ostrel"_s));
     writeEntry("[Desktop Entry]\nType=Application\nName=Ostrel\nExec=/old/ostrel\n"
                "[Desktop Action Off]\nHidden=true\n");
     EXPECT_TRUE(item.registerItem());
-    EXPECT_EQ(valueOf("Exec"), QStringLiteral("ostrel"));
+    EXPECT_EQ(valueOf("Exec"), u"ostrel"_s);
 }
 
 TEST_F(FreedesktopLoginItemTest, ReplacesAnEntryThatIsNone)
 {
-    FreedesktopLoginItem item(makeProgram(QStringLiteral("bin/ostrel")));
+    FreedesktopLoginItem item(makeProgram(u"bin/ostrel"_s));
     writeEntry(QByteArray("\0\xff=\n[", 5));
     EXPECT_TRUE(item.registerItem());
-    EXPECT_EQ(valueOf("Exec"), QStringLiteral("ostrel"));
+    EXPECT_EQ(valueOf("Exec"), u"ostrel"_s);
 }
 
 TEST_F(FreedesktopLoginItemTest, IsRefusedWhereItCantBeWritten)
 {
-    FreedesktopLoginItem item(makeProgram(QStringLiteral("bin/ostrel")));
+    FreedesktopLoginItem item(makeProgram(u"bin/ostrel"_s));
     QDir().mkpath(entryPath()); // A folder of that name.
     EXPECT_FALSE(item.registerItem());
     EXPECT_FALSE(item.unregisterItem());
@@ -229,7 +231,7 @@ TEST_F(FreedesktopLoginItemTest, LeavesAPipeOrADeviceAloneAndWaitsForNeither)
 {
     QDir().mkpath(path("config/autostart"));
     ASSERT_EQ(::mkfifo(QFile::encodeName(entryPath()).constData(), 0600), 0);
-    FreedesktopLoginItem item(makeProgram(QStringLiteral("bin/ostrel")));
+    FreedesktopLoginItem item(makeProgram(u"bin/ostrel"_s));
     EXPECT_FALSE(item.registerItem());
     EXPECT_TRUE(item.unregisterItem());
     // A pipe plays the device: a program that replaced one would harm the computer.
@@ -245,23 +247,23 @@ TEST_F(FreedesktopLoginItemTest, LeavesAPipeOrADeviceAloneAndWaitsForNeither)
 
 TEST_F(FreedesktopLoginItemTest, ClearsTheTemporaryFileOfAStartThatWasKilled)
 {
-    FreedesktopLoginItem item(makeProgram(QStringLiteral("bin/ostrel")));
+    FreedesktopLoginItem item(makeProgram(u"bin/ostrel"_s));
     ASSERT_TRUE(item.registerItem());
     const QDir folder(path("config/autostart"));
-    EXPECT_EQ(folder.entryList(QDir::Files), QStringList{QStringLiteral("ostrel.desktop")});
-    QFile left(entryPath() + QStringLiteral(".tmp"));
+    EXPECT_EQ(folder.entryList(QDir::Files), QStringList{u"ostrel.desktop"_s});
+    QFile left(entryPath() + u".tmp"_s);
     ASSERT_TRUE(left.open(QIODevice::WriteOnly));
     ASSERT_TRUE(item.registerItem());
-    EXPECT_EQ(folder.entryList(QDir::Files), QStringList{QStringLiteral("ostrel.desktop")});
+    EXPECT_EQ(folder.entryList(QDir::Files), QStringList{u"ostrel.desktop"_s});
 }
 
 TEST_F(FreedesktopLoginItemTest, IsValidToTheDesktopsOwnTool)
 {
-    const QString validator = QStandardPaths::findExecutable(
-        QStringLiteral("desktop-file-validate"), {QStringLiteral("/usr/bin")});
+    const QString validator =
+        QStandardPaths::findExecutable(u"desktop-file-validate"_s, {u"/usr/bin"_s});
     if (validator.isEmpty())
         GTEST_SKIP() << "desktop-file-validate is not installed";
-    FreedesktopLoginItem item(makeProgram(QStringLiteral("a \"$%\\ b/ostrel")));
+    FreedesktopLoginItem item(makeProgram(u"a \"$%\\ b/ostrel"_s));
     ASSERT_TRUE(item.registerItem());
     QProcess process;
     process.start(validator, {entryPath()});

@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using SettingGroups = QMap<QString, QVariantMap>;
 
 namespace ostrel::test {
@@ -26,17 +28,17 @@ public:
         , m_settings(settings)
     {
         qDBusRegisterMetaType<SettingGroups>();
-        m_connection.registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), this,
+        m_connection.registerObject(u"/org/freedesktop/portal/desktop"_s, this,
                                     QDBusConnection::ExportAllSlots);
-        m_connection.registerService(QStringLiteral("org.freedesktop.portal.Desktop"));
+        m_connection.registerService(u"org.freedesktop.portal.Desktop"_s);
     }
     ~StubSettingsPortal() override { QDBusConnection::disconnectFromBus(m_connection.name()); }
 
     void change(const QString &group, const QString &key, const QVariant &value)
     {
-        QDBusMessage signal = QDBusMessage::createSignal(
-            QStringLiteral("/org/freedesktop/portal/desktop"),
-            QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("SettingChanged"));
+        QDBusMessage signal =
+            QDBusMessage::createSignal(u"/org/freedesktop/portal/desktop"_s,
+                                       u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
         signal.setArguments({group, key, QVariant::fromValue(QDBusVariant(value))});
         m_connection.send(signal);
     }
@@ -61,12 +63,12 @@ private:
 
 namespace {
 
-const QString gnome = QStringLiteral("org.gnome.desktop.interface");
-const QString enableAnimations = QStringLiteral("enable-animations");
-const QString kde = QStringLiteral("org.kde.kdeglobals.KDE");
-const QString durationFactor = QStringLiteral("AnimationDurationFactor");
-const QString appearance = QStringLiteral("org.freedesktop.appearance");
-const QString reducedMotion = QStringLiteral("reduced-motion");
+const QString gnome = u"org.gnome.desktop.interface"_s;
+const QString enableAnimations = u"enable-animations"_s;
+const QString kde = u"org.kde.kdeglobals.KDE"_s;
+const QString durationFactor = u"AnimationDurationFactor"_s;
+const QString appearance = u"org.freedesktop.appearance"_s;
+const QString reducedMotion = u"reduced-motion"_s;
 
 struct SettingCase
 {
@@ -99,16 +101,15 @@ TEST_P(MotionSettingTest, IsReadAtTheStart)
     EXPECT_EQ(preference.isReduced(), setting.isReduced);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Desktops, MotionSettingTest,
-    testing::Values(SettingCase{gnome, enableAnimations, false, true},
-                    SettingCase{gnome, enableAnimations, true, false},
-                    SettingCase{appearance, reducedMotion, 1U, true},
-                    SettingCase{appearance, reducedMotion, 0U, false},
-                    SettingCase{kde, durationFactor, QStringLiteral("0"), true},
-                    SettingCase{kde, durationFactor, QStringLiteral("0.5"), false},
-                    SettingCase{kde, durationFactor, QStringLiteral("quick"), false},
-                    SettingCase{kde, QStringLiteral("enable-animations"), false, false}));
+INSTANTIATE_TEST_SUITE_P(Desktops, MotionSettingTest,
+                         testing::Values(SettingCase{gnome, enableAnimations, false, true},
+                                         SettingCase{gnome, enableAnimations, true, false},
+                                         SettingCase{appearance, reducedMotion, 1U, true},
+                                         SettingCase{appearance, reducedMotion, 0U, false},
+                                         SettingCase{kde, durationFactor, u"0"_s, true},
+                                         SettingCase{kde, durationFactor, u"0.5"_s, false},
+                                         SettingCase{kde, durationFactor, u"quick"_s, false},
+                                         SettingCase{kde, u"enable-animations"_s, false, false}));
 
 TEST(FreedesktopMotionPreferenceTest, FollowsTheDesktop)
 {

@@ -11,6 +11,8 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 namespace {
 
@@ -129,9 +131,9 @@ TEST_F(FreedesktopNetworkPresenceTest, BelievesNobodyButNetworkManager)
     FakeNetworkManager manager(m_bus);
     m_presence.follow(m_connection);
     ASSERT_TRUE(waitFor([&] { return manager.questions() == 1; }));
-    QDBusMessage signal = QDBusMessage::createSignal(
-        QStringLiteral("/org/freedesktop/NetworkManager"),
-        QStringLiteral("org.freedesktop.NetworkManager"), QStringLiteral("StateChanged"));
+    QDBusMessage signal =
+        QDBusMessage::createSignal(u"/org/freedesktop/NetworkManager"_s,
+                                   u"org.freedesktop.NetworkManager"_s, u"StateChanged"_s);
     signal.setArguments({uint(FakeNetworkManager::asleep)});
     QDBusConnection stranger = m_bus.connect();
     stranger.send(signal);
@@ -146,17 +148,16 @@ TEST(NetworkPresenceTest, StartsNoNetworkManager)
     PrivateBus bus;
     ASSERT_TRUE(bus.isRunning());
     const QTemporaryDir folder;
-    const QString started = folder.filePath(QStringLiteral("started"));
-    const QString startedLater = folder.filePath(QStringLiteral("started-later"));
-    const auto touch = QStringLiteral("/usr/bin/touch ");
-    bus.makeActivatable(QStringLiteral("org.freedesktop.NetworkManager"), touch + started);
-    bus.makeActivatable(QStringLiteral("org.example.Later"), touch + startedLater);
+    const QString started = folder.filePath(u"started"_s);
+    const QString startedLater = folder.filePath(u"started-later"_s);
+    const auto touch = u"/usr/bin/touch "_s;
+    bus.makeActivatable(u"org.freedesktop.NetworkManager"_s, touch + started);
+    bus.makeActivatable(u"org.example.Later"_s, touch + startedLater);
     QDBusConnection connection = bus.connect();
     FreedesktopNetworkPresence presence;
     presence.follow(connection);
     QCoreApplication::processEvents();
-    connection.interface()->asyncCall(QStringLiteral("StartServiceByName"),
-                                      QStringLiteral("org.example.Later"), uint(0));
+    connection.interface()->asyncCall(u"StartServiceByName"_s, u"org.example.Later"_s, uint(0));
     EXPECT_TRUE(waitFor([&] { return QFile::exists(startedLater); }));
     EXPECT_FALSE(QFile::exists(started));
     EXPECT_TRUE(presence.isPresent());

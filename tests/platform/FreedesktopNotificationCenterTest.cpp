@@ -15,20 +15,21 @@
 #include <memory>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 namespace {
 
 using namespace std::chrono_literals;
 using Behaviour = StubNotificationDaemon::Behaviour;
 
-const auto shopDown = QStringLiteral("down-shop");
-const auto blogDown = QStringLiteral("down-blog");
+const auto shopDown = u"down-shop"_s;
+const auto blogDown = u"down-blog"_s;
 
 NotificationRequest request(const QString &identifier, const QString &body,
                             InterruptionLevel level = InterruptionLevel::active)
 {
-    return {
-        .identifier = identifier, .title = QStringLiteral("T <b>&"), .body = body, .level = level};
+    return {.identifier = identifier, .title = u"T <b>&"_s, .body = body, .level = level};
 }
 
 /// A notification center on a private bus; the daemon is the test's business.
@@ -41,11 +42,10 @@ protected:
         m_center.follow(m_connection);
     }
 
-    void startDaemon(const QStringList &capabilities = {QStringLiteral("body")})
+    void startDaemon(const QStringList &capabilities = {u"body"_s})
     {
         m_daemon.reset(); // Before the newcomer asks for the name.
-        ASSERT_TRUE(waitFor(
-            [&] { return !m_bus.hasOwner(QStringLiteral("org.freedesktop.Notifications")); }));
+        ASSERT_TRUE(waitFor([&] { return !m_bus.hasOwner(u"org.freedesktop.Notifications"_s); }));
         m_daemon = std::make_unique<StubNotificationDaemon>(m_bus, capabilities);
         settle();
     }
@@ -65,8 +65,8 @@ protected:
     void settle()
     {
         bool isAnswered = false;
-        const QDBusPendingCallWatcher watcher(m_connection.interface()->asyncCall(
-            QStringLiteral("NameHasOwner"), QStringLiteral("org.freedesktop.DBus")));
+        const QDBusPendingCallWatcher watcher(
+            m_connection.interface()->asyncCall(u"NameHasOwner"_s, u"org.freedesktop.DBus"_s));
         QObject::connect(&watcher, &QDBusPendingCallWatcher::finished, &watcher,
                          [&] { isAnswered = true; });
         ASSERT_TRUE(waitFor([&] { return isAnswered; }));
@@ -99,31 +99,29 @@ TEST_F(FreedesktopNotificationCenterTest, SendsAllThatTheProtocolAsksFor)
 {
     startDaemon();
     m_center.requestAuthorization();
-    m_center.add(request(shopDown, QStringLiteral("HTTP 503"), InterruptionLevel::timeSensitive));
+    m_center.add(request(shopDown, u"HTTP 503"_s, InterruptionLevel::timeSensitive));
     ASSERT_TRUE(daemonHas(1));
     const auto &sent = m_daemon->notifications().first();
-    EXPECT_EQ(sent.application, QStringLiteral("Ostrel"));
+    EXPECT_EQ(sent.application, u"Ostrel"_s);
     EXPECT_EQ(sent.replacesId, 0U);
-    EXPECT_EQ(sent.icon, QStringLiteral("ostrel"));
-    EXPECT_EQ(sent.title, QStringLiteral("T <b>&"));
-    EXPECT_EQ(sent.body, QStringLiteral("HTTP 503"));
+    EXPECT_EQ(sent.icon, u"ostrel"_s);
+    EXPECT_EQ(sent.title, u"T <b>&"_s);
+    EXPECT_EQ(sent.body, u"HTTP 503"_s);
     EXPECT_TRUE(sent.actions.isEmpty());
     EXPECT_EQ(sent.expiry, -1);
     EXPECT_EQ(sent.hints.size(), 3);
-    EXPECT_EQ(sent.hints.value(QStringLiteral("urgency")), QVariant::fromValue<uchar>(2));
-    EXPECT_EQ(sent.hints.value(QStringLiteral("urgency")).typeId(), QMetaType::UChar);
-    EXPECT_EQ(sent.hints.value(QStringLiteral("sound-name")).toString(),
-              QStringLiteral("message-new-instant"));
-    EXPECT_EQ(sent.hints.value(QStringLiteral("desktop-entry")).toString(),
-              QStringLiteral("ostrel"));
+    EXPECT_EQ(sent.hints.value(u"urgency"_s), QVariant::fromValue<uchar>(2));
+    EXPECT_EQ(sent.hints.value(u"urgency"_s).typeId(), QMetaType::UChar);
+    EXPECT_EQ(sent.hints.value(u"sound-name"_s).toString(), u"message-new-instant"_s);
+    EXPECT_EQ(sent.hints.value(u"desktop-entry"_s).toString(), u"ostrel"_s);
 }
 
 TEST_F(FreedesktopNotificationCenterTest, HasTheUsualUrgencyUnlessItIsTimeSensitive)
 {
     startDaemon();
-    addAndAwait(shopDown, QStringLiteral("1"));
+    addAndAwait(shopDown, u"1"_s);
     const QVariantMap hints = m_daemon->notifications().first().hints;
-    EXPECT_EQ(hints.value(QStringLiteral("urgency")), QVariant::fromValue<uchar>(1));
+    EXPECT_EQ(hints.value(u"urgency"_s), QVariant::fromValue<uchar>(1));
 }
 
 TEST_F(FreedesktopNotificationCenterTest, SoundsTheSameWhateverIsPreferred)
@@ -132,133 +130,130 @@ TEST_F(FreedesktopNotificationCenterTest, SoundsTheSameWhateverIsPreferred)
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
     startDaemon();
     for (const bool isOn : {false, true}) {
-        QSettings(QStringLiteral("Ostrel"), QStringLiteral("Ostrel"))
-            .setValue(QStringLiteral("playSounds"), isOn);
-        addAndAwait(shopDown, QStringLiteral("1"));
-        EXPECT_EQ(m_daemon->notifications().last().hints.value(QStringLiteral("sound-name")),
-                  QVariant(QStringLiteral("message-new-instant")));
+        QSettings(u"Ostrel"_s, u"Ostrel"_s).setValue(u"playSounds"_s, isOn);
+        addAndAwait(shopDown, u"1"_s);
+        EXPECT_EQ(m_daemon->notifications().last().hints.value(u"sound-name"_s),
+                  QVariant(u"message-new-instant"_s));
     }
 }
 
 TEST_F(FreedesktopNotificationCenterTest, EscapesBodiesWhereTheyAreMarkup)
 {
-    startDaemon({QStringLiteral("body"), QStringLiteral("body-markup")});
-    addAndAwait(shopDown, QStringLiteral("<b>& \"x\""));
-    EXPECT_EQ(m_daemon->notifications().first().body,
-              QStringLiteral("&lt;b&gt;&amp; &quot;x&quot;"));
-    EXPECT_EQ(m_daemon->notifications().first().title, QStringLiteral("T <b>&"));
+    startDaemon({u"body"_s, u"body-markup"_s});
+    addAndAwait(shopDown, u"<b>& \"x\""_s);
+    EXPECT_EQ(m_daemon->notifications().first().body, u"&lt;b&gt;&amp; &quot;x&quot;"_s);
+    EXPECT_EQ(m_daemon->notifications().first().title, u"T <b>&"_s);
 }
 
 TEST_F(FreedesktopNotificationCenterTest, LeavesBodiesAloneWhereTheyAreText)
 {
-    startDaemon({QStringLiteral("body"), QStringLiteral("body-hyperlinks")});
-    addAndAwait(shopDown, QStringLiteral("<b>&"));
-    EXPECT_EQ(bodies(), QStringList{QStringLiteral("<b>&")});
+    startDaemon({u"body"_s, u"body-hyperlinks"_s});
+    addAndAwait(shopDown, u"<b>&"_s);
+    EXPECT_EQ(bodies(), QStringList{u"<b>&"_s});
 }
 
 TEST_F(FreedesktopNotificationCenterTest, AsksForCapabilitiesOnceForEveryDaemon)
 {
-    startDaemon({QStringLiteral("body-markup")});
-    addAndAwait(shopDown, QStringLiteral("&1"));
-    addAndAwait(blogDown, QStringLiteral("&2"));
+    startDaemon({u"body-markup"_s});
+    addAndAwait(shopDown, u"&1"_s);
+    addAndAwait(blogDown, u"&2"_s);
     EXPECT_EQ(m_daemon->capabilityCalls(), 1);
-    EXPECT_EQ(bodies(), QStringList({QStringLiteral("&amp;1"), QStringLiteral("&amp;2")}));
+    EXPECT_EQ(bodies(), QStringList({u"&amp;1"_s, u"&amp;2"_s}));
 
-    startDaemon({QStringLiteral("body")});
-    addAndAwait(shopDown, QStringLiteral("&3"));
+    startDaemon({u"body"_s});
+    addAndAwait(shopDown, u"&3"_s);
     EXPECT_EQ(m_daemon->capabilityCalls(), 1);
-    EXPECT_EQ(bodies(), QStringList{QStringLiteral("&3")});
+    EXPECT_EQ(bodies(), QStringList{u"&3"_s});
 }
 
 TEST_F(FreedesktopNotificationCenterTest, ReplacesByIdentifier)
 {
     startDaemon();
-    addAndAwait(shopDown, QStringLiteral("1"));
-    addAndAwait(blogDown, QStringLiteral("2"));
-    addAndAwait(shopDown, QStringLiteral("3"));
-    addAndAwait(blogDown, QStringLiteral("4"));
+    addAndAwait(shopDown, u"1"_s);
+    addAndAwait(blogDown, u"2"_s);
+    addAndAwait(shopDown, u"3"_s);
+    addAndAwait(blogDown, u"4"_s);
     EXPECT_EQ(replacedIds(), QList<uint>({0, 0, firstId, firstId + 1}));
 }
 
 TEST_F(FreedesktopNotificationCenterTest, ForgetsTheIdsOfADaemonThatIsGone)
 {
     startDaemon();
-    addAndAwait(shopDown, QStringLiteral("1"));
+    addAndAwait(shopDown, u"1"_s);
     startDaemon();
-    addAndAwait(shopDown, QStringLiteral("2"));
-    addAndAwait(shopDown, QStringLiteral("3"));
+    addAndAwait(shopDown, u"2"_s);
+    addAndAwait(shopDown, u"3"_s);
     EXPECT_EQ(replacedIds(), QList<uint>({0, firstId}));
 }
 
 TEST_F(FreedesktopNotificationCenterTest, CoalescesWhileTheDaemonIsSlow)
 {
     startDaemon();
-    addAndAwait(blogDown, QStringLiteral("0"));
+    addAndAwait(blogDown, u"0"_s);
     m_daemon->setBehaviour(Behaviour::holds);
     // Nobody answers while add runs: this thread is the daemon's as well.
-    m_center.add(request(shopDown, QStringLiteral("1")));
-    m_center.add(request(shopDown, QStringLiteral("2")));
-    m_center.add(request(shopDown, QStringLiteral("3")));
+    m_center.add(request(shopDown, u"1"_s));
+    m_center.add(request(shopDown, u"2"_s));
+    m_center.add(request(shopDown, u"3"_s));
     ASSERT_TRUE(daemonHas(2));
     settle();
-    EXPECT_EQ(bodies(), QStringList({QStringLiteral("0"), QStringLiteral("1")}));
+    EXPECT_EQ(bodies(), QStringList({u"0"_s, u"1"_s}));
 
     m_daemon->setBehaviour(Behaviour::answers);
     m_daemon->answerHeld();
     ASSERT_TRUE(daemonHas(3));
     settle();
-    EXPECT_EQ(bodies(),
-              QStringList({QStringLiteral("0"), QStringLiteral("1"), QStringLiteral("3")}));
+    EXPECT_EQ(bodies(), QStringList({u"0"_s, u"1"_s, u"3"_s}));
     EXPECT_EQ(replacedIds(), QList<uint>({0, 0, firstId + 1}));
 }
 
 TEST_F(FreedesktopNotificationCenterTest, OneThatIsSlowDoesNotHoldUpTheOthers)
 {
     startDaemon();
-    addAndAwait(QStringLiteral("first"), QStringLiteral("0"));
+    addAndAwait(u"first"_s, u"0"_s);
     m_daemon->setBehaviour(Behaviour::holds);
-    m_center.add(request(shopDown, QStringLiteral("1")));
-    m_center.add(request(blogDown, QStringLiteral("2")));
+    m_center.add(request(shopDown, u"1"_s));
+    m_center.add(request(blogDown, u"2"_s));
     ASSERT_TRUE(daemonHas(3));
-    EXPECT_EQ(bodies().last(), QStringLiteral("2"));
+    EXPECT_EQ(bodies().last(), u"2"_s);
 }
 
 TEST_F(FreedesktopNotificationCenterTest, CoalescesWhileTheDaemonThinksAboutItsCapabilities)
 {
-    startDaemon({QStringLiteral("body-markup")});
+    startDaemon({u"body-markup"_s});
     m_daemon->setBehaviour(Behaviour::holds);
-    m_center.add(request(shopDown, QStringLiteral("1")));
-    m_center.add(request(blogDown, QStringLiteral("2")));
-    m_center.add(request(shopDown, QStringLiteral("&3")));
+    m_center.add(request(shopDown, u"1"_s));
+    m_center.add(request(blogDown, u"2"_s));
+    m_center.add(request(shopDown, u"&3"_s));
     ASSERT_TRUE(waitFor([&] { return m_daemon->capabilityCalls() == 1; }));
     m_daemon->setBehaviour(Behaviour::answers);
     m_daemon->answerHeld();
     ASSERT_TRUE(daemonHas(2));
     settle();
-    EXPECT_EQ(bodies(), QStringList({QStringLiteral("&amp;3"), QStringLiteral("2")}));
+    EXPECT_EQ(bodies(), QStringList({u"&amp;3"_s, u"2"_s}));
 }
 
 TEST_F(FreedesktopNotificationCenterTest, StartsAfreshAfterADaemonThatWasSilent)
 {
-    startDaemon({QStringLiteral("body-markup")});
+    startDaemon({u"body-markup"_s});
     m_daemon->setBehaviour(Behaviour::holds);
-    m_center.add(request(shopDown, QStringLiteral("&1")));
+    m_center.add(request(shopDown, u"&1"_s));
     // The capabilities are given up, and no answer means no markup; then the notification is.
     ASSERT_TRUE(daemonHas(1));
-    m_center.add(request(shopDown, QStringLiteral("&2")));
+    m_center.add(request(shopDown, u"&2"_s));
     ASSERT_TRUE(daemonHas(2));
-    EXPECT_EQ(bodies(), QStringList({QStringLiteral("&1"), QStringLiteral("&2")}));
+    EXPECT_EQ(bodies(), QStringList({u"&1"_s, u"&2"_s}));
     EXPECT_EQ(replacedIds(), QList<uint>({0, 0}));
 }
 
 TEST_F(FreedesktopNotificationCenterTest, DropsWhatTheDaemonRefuses)
 {
     startDaemon();
-    addAndAwait(shopDown, QStringLiteral("1"));
+    addAndAwait(shopDown, u"1"_s);
     m_daemon->setBehaviour(Behaviour::fails);
-    addAndAwait(shopDown, QStringLiteral("2"));
+    addAndAwait(shopDown, u"2"_s);
     m_daemon->setBehaviour(Behaviour::answers);
-    addAndAwait(shopDown, QStringLiteral("3"));
+    addAndAwait(shopDown, u"3"_s);
     EXPECT_EQ(replacedIds(), QList<uint>({0, firstId, 0}));
     EXPECT_EQ(m_daemon->notifications().size(), 3);
 }
@@ -267,81 +262,81 @@ TEST_F(FreedesktopNotificationCenterTest, TakesADaemonWithoutCapabilitiesForOneO
 {
     startDaemon();
     m_daemon->setBehaviour(Behaviour::fails);
-    m_center.add(request(shopDown, QStringLiteral("<b>&")));
+    m_center.add(request(shopDown, u"<b>&"_s));
     ASSERT_TRUE(daemonHas(1));
-    EXPECT_EQ(bodies(), QStringList{QStringLiteral("<b>&")});
+    EXPECT_EQ(bodies(), QStringList{u"<b>&"_s});
 }
 
 TEST_F(FreedesktopNotificationCenterTest, StartsAfreshAfterADaemonThatDiedAtWork)
 {
     startDaemon();
-    addAndAwait(shopDown, QStringLiteral("1"));
+    addAndAwait(shopDown, u"1"_s);
     m_daemon->setBehaviour(Behaviour::holds);
-    m_center.add(request(shopDown, QStringLiteral("2")));
+    m_center.add(request(shopDown, u"2"_s));
     ASSERT_TRUE(daemonHas(2));
-    m_center.add(request(shopDown, QStringLiteral("3")));
+    m_center.add(request(shopDown, u"3"_s));
     startDaemon();
     ASSERT_TRUE(daemonHas(1));
-    EXPECT_EQ(bodies(), QStringList{QStringLiteral("3")});
+    EXPECT_EQ(bodies(), QStringList{u"3"_s});
     EXPECT_EQ(replacedIds(), QList<uint>{0});
 }
 
 TEST_F(FreedesktopNotificationCenterTest, ForgetsCapabilitiesThatAnEarlierDaemonAnnouncesLate)
 {
-    startDaemon({QStringLiteral("body-markup")});
+    startDaemon({u"body-markup"_s});
     m_daemon->setBehaviour(Behaviour::holds);
-    m_center.add(request(shopDown, QStringLiteral("1")));
+    m_center.add(request(shopDown, u"1"_s));
     ASSERT_TRUE(waitFor([&] { return m_daemon->capabilityCalls() == 1; }));
     const auto earlier = std::move(m_daemon);
     earlier->giveUpName();
-    startDaemon({QStringLiteral("body")});
+    startDaemon({u"body"_s});
     earlier->answerHeld();
     ASSERT_TRUE(daemonHas(1));
     settle();
-    addAndAwait(shopDown, QStringLiteral("&2"));
-    EXPECT_EQ(bodies().last(), QStringLiteral("&2"));
+    addAndAwait(shopDown, u"&2"_s);
+    EXPECT_EQ(bodies().last(), u"&2"_s);
 }
 
 TEST_F(FreedesktopNotificationCenterTest, ForgetsAnIdThatAnEarlierDaemonGivesLate)
 {
     startDaemon();
-    addAndAwait(blogDown, QStringLiteral("0"));
+    addAndAwait(blogDown, u"0"_s);
     m_daemon->setBehaviour(Behaviour::holds);
-    m_center.add(request(shopDown, QStringLiteral("1")));
+    m_center.add(request(shopDown, u"1"_s));
     ASSERT_TRUE(daemonHas(2));
     const auto earlier = std::move(m_daemon);
     earlier->giveUpName();
     startDaemon();
     earlier->answerHeld();
     settle();
-    addAndAwait(shopDown, QStringLiteral("2"));
+    addAndAwait(shopDown, u"2"_s);
     EXPECT_EQ(replacedIds(), QList<uint>{0});
 }
 
 TEST_F(FreedesktopNotificationCenterTest, DropsEverythingWhileThereIsNoDaemon)
 {
-    m_center.add(request(shopDown, QStringLiteral("1")));
+    m_center.add(request(shopDown, u"1"_s));
     settle();
     settle(); // The refusal of the capabilities is followed by that of the notification.
     startDaemon();
-    addAndAwait(shopDown, QStringLiteral("2"));
-    EXPECT_EQ(bodies(), QStringList{QStringLiteral("2")});
+    addAndAwait(shopDown, u"2"_s);
+    EXPECT_EQ(bodies(), QStringList{u"2"_s});
     EXPECT_EQ(replacedIds(), QList<uint>{0});
 }
 
 TEST_F(FreedesktopNotificationCenterTest, OutlivesTheBus)
 {
     startDaemon();
-    addAndAwait(shopDown, QStringLiteral("1"));
+    addAndAwait(shopDown, u"1"_s);
     m_bus.stop();
     ASSERT_TRUE(waitFor([&] { return !m_connection.isConnected(); }));
-    m_center.add(request(shopDown, QStringLiteral("2")));
+    m_center.add(request(shopDown, u"2"_s));
 
     // It still follows a bus, which the silent end of the former hasn't broken.
     PrivateBus next;
     StubNotificationDaemon daemon(next, {});
     m_center.follow(next.connect());
-    m_center.add(request(shopDown, QStringLiteral("3")));
+    m_center.add(request(shopDown, u"3"_s));
     EXPECT_TRUE(waitFor([&] { return daemon.notifications().size() == 1; }));
 }
 
@@ -352,7 +347,7 @@ TEST_F(FreedesktopNotificationCenterTest, MayEndWhileTheDaemonIsThinking)
     {
         FreedesktopNotificationCenter center;
         center.follow(m_bus.connect());
-        center.add(request(shopDown, QStringLiteral("1")));
+        center.add(request(shopDown, u"1"_s));
         ASSERT_TRUE(waitFor([&] { return m_daemon->capabilityCalls() == 1; }));
     }
     m_daemon->answerHeld();
@@ -363,7 +358,7 @@ TEST_F(FreedesktopNotificationCenterTest, MayEndWhileTheDaemonIsThinking)
 TEST_F(FreedesktopNotificationCenterTest, SendsTextThatTheBusWouldRefuse)
 {
     startDaemon();
-    const QString hostile = QStringLiteral("a") + QChar(0xd800) + QChar(0xffff) + u'b';
+    const QString hostile = u"a"_s + QChar(0xd800) + QChar(0xffff) + u'b';
     addAndAwait(shopDown, hostile);
     ASSERT_TRUE(m_connection.isConnected());
     EXPECT_TRUE(m_daemon->notifications().first().body.startsWith(u'a'));
@@ -376,22 +371,22 @@ TEST_F(FreedesktopNotificationCenterTest, HoldsBackForABusThatIsAwaitedTheNewest
     early.awaitBus();
     for (const auto *body : {"1", "2"})
         early.add(request(shopDown, QString::fromLatin1(body)));
-    early.add(request(blogDown, QStringLiteral("3")));
+    early.add(request(blogDown, u"3"_s));
     early.follow(m_bus.connect());
     ASSERT_TRUE(daemonHas(2));
-    EXPECT_EQ(m_daemon->notifications().at(0).body, QStringLiteral("2"));
-    EXPECT_EQ(m_daemon->notifications().at(1).body, QStringLiteral("3"));
+    EXPECT_EQ(m_daemon->notifications().at(0).body, u"2"_s);
+    EXPECT_EQ(m_daemon->notifications().at(1).body, u"3"_s);
 }
 
 TEST_F(FreedesktopNotificationCenterTest, DropsEverythingWithoutABus)
 {
     startDaemon();
     FreedesktopNotificationCenter busless;
-    busless.add(request(shopDown, QStringLiteral("1")));
+    busless.add(request(shopDown, u"1"_s));
     busless.follow(m_bus.connect());
-    busless.add(request(blogDown, QStringLiteral("2")));
+    busless.add(request(blogDown, u"2"_s));
     ASSERT_TRUE(daemonHas(1));
-    EXPECT_EQ(m_daemon->notifications().at(0).body, QStringLiteral("2"));
+    EXPECT_EQ(m_daemon->notifications().at(0).body, u"2"_s);
 }
 
 } // namespace

@@ -4,10 +4,11 @@
 #include "Printers.h"
 #include "PrivateBus.h"
 #include "SilentPanel.h"
-#include "Text.h"
 #include "WaitFor.h"
 
 #include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
 
 namespace ostrel::test {
 namespace {
@@ -22,7 +23,7 @@ TEST(FreedesktopStatusBarHostTest, TellsOfEveryHostThatComes)
     int comings = 0;
     QObject::connect(&host, &StatusBarHost::appeared, [&] { ++comings; });
     QDBusConnection panel = bus.connect();
-    const QString service = text("org.kde.StatusNotifierWatcher");
+    const QString service = u"org.kde.StatusNotifierWatcher"_s;
     for (int coming = 1; coming <= 2; ++coming) {
         ASSERT_TRUE(panel.registerService(service));
         EXPECT_TRUE(waitFor([&] { return comings == coming; }));
@@ -35,7 +36,7 @@ TEST(FreedesktopStatusBarHostTest, TellsOfEveryHostThatComes)
 TEST(FreedesktopStatusBarHostTest, FindsAHostThatIsThereAlready)
 {
     PrivateBus bus;
-    ASSERT_TRUE(bus.connect().registerService(text("org.kde.StatusNotifierWatcher")));
+    ASSERT_TRUE(bus.connect().registerService(u"org.kde.StatusNotifierWatcher"_s));
     FreedesktopStatusBarHost host;
     host.follow(bus.connect());
     int comings = 0;
@@ -83,7 +84,7 @@ TEST(FreedesktopStatusBarHostTest, IsThereWithoutABus)
 {
     const FreedesktopStatusBarHost host;
     EXPECT_FALSE(host.isAwaited());
-    EXPECT_EQ(host.menuText(text("Shop")), text("Shop"));
+    EXPECT_EQ(host.menuText(u"Shop"_s), u"Shop"_s);
 }
 
 TEST(FreedesktopStatusBarHostTest, NoCharacterOfATextMarksAKey)
@@ -100,7 +101,7 @@ TEST(FreedesktopStatusBarHostTest, NoCharacterOfATextMarksAKey)
         {"both & and_here", "both && and\u02CDhere"},
     };
     for (const auto &[name, written] : texts)
-        EXPECT_EQ(host.menuText(text(name)), text(written));
+        EXPECT_EQ(host.menuText(QString::fromUtf8(name)), QString::fromUtf8(written));
 }
 
 TEST(FreedesktopStatusBarHostTest, SharesThePaletteOnDesktopsOfTheToolkit)
@@ -118,7 +119,7 @@ TEST(FreedesktopStatusBarHostTest, SharesThePaletteOnDesktopsOfTheToolkit)
 
 TEST(PortableStatusBarHostTest, WritesAsTheToolkitDoes)
 {
-    EXPECT_EQ(PortableStatusBarHost().menuText(text("a & b_c & d")), text("a && b_c && d"));
+    EXPECT_EQ(PortableStatusBarHost().menuText(u"a & b_c & d"_s), u"a && b_c && d"_s);
 }
 
 } // namespace

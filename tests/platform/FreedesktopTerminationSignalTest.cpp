@@ -7,6 +7,8 @@
 
 #include <csignal>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 namespace {
 
@@ -26,7 +28,7 @@ class FreedesktopTerminationSignalTest : public testing::TestWithParam<SignalCas
 protected:
     void startHelper(int requests)
     {
-        m_helper.start(QStringLiteral(OSTREL_SIGNALS_HELPER), {QString::number(requests)});
+        m_helper.start(u"" OSTREL_SIGNALS_HELPER ""_s, {QString::number(requests)});
         ASSERT_EQ(m_helper.nextLine(), "ready");
     }
     void sendSignal() { ::kill(static_cast<pid_t>(m_helper.processId()), GetParam().number); }
@@ -64,7 +66,7 @@ INSTANTIATE_TEST_SUITE_P(Signals, FreedesktopTerminationSignalTest,
 TEST(TerminationSignalTest, SurvivesAFloodOfSignals)
 {
     BoundProcess helper;
-    helper.start(QStringLiteral(OSTREL_SIGNALS_HELPER), {QStringLiteral("1")});
+    helper.start(u"" OSTREL_SIGNALS_HELPER ""_s, {u"1"_s});
     ASSERT_EQ(helper.nextLine(), "ready");
     for (int i = 0; i < 1000; ++i)
         ::kill(static_cast<pid_t>(helper.processId()), SIGTERM);

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 namespace {
 
@@ -62,8 +64,7 @@ TEST_F(FreedesktopWakeSignalTest, BelievesNobodyButLogind)
     const FakeLogind logind(m_bus);
     ASSERT_TRUE(logind.isRunning());
     QDBusMessage message = QDBusMessage::createSignal(
-        QStringLiteral("/org/freedesktop/login1"), QStringLiteral("org.freedesktop.login1.Manager"),
-        QStringLiteral("PrepareForSleep"));
+        u"/org/freedesktop/login1"_s, u"org.freedesktop.login1.Manager"_s, u"PrepareForSleep"_s);
     message.setArguments({false});
     QDBusConnection stranger = m_bus.connect();
     stranger.send(message);

@@ -14,14 +14,16 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 namespace {
 
 using namespace std::chrono_literals;
 
-const QUrl mailbox(QStringLiteral("mailto:help@shop.example"));
-const QUrl website(QStringLiteral("https://shop.example/?a=1&b=$HOME"));
-const QStringList openedMailbox = {QStringLiteral("xdg-open mailto:help@shop.example")};
+const QUrl mailbox(u"mailto:help@shop.example"_s);
+const QUrl website(u"https://shop.example/?a=1&b=$HOME"_s);
+const QStringList openedMailbox = {u"xdg-open mailto:help@shop.example"_s};
 
 class FreedesktopWorkspaceTest : public testing::Test
 {
@@ -30,14 +32,14 @@ protected:
     {
         ASSERT_TRUE(bus.isRunning());
         workspace.follow(bus.connect());
-        ASSERT_TRUE(QDir(data.path()).mkdir(QStringLiteral("Ostrel data")));
+        ASSERT_TRUE(QDir(data.path()).mkdir(u"Ostrel data"_s));
     }
 
-    [[nodiscard]] QString folder() const { return data.filePath(QStringLiteral("Ostrel data")); }
+    [[nodiscard]] QString folder() const { return data.filePath(u"Ostrel data"_s); }
 
     [[nodiscard]] QStringList folderAddresses() const
     {
-        return {QStringLiteral("file://") + data.path() + QStringLiteral("/Ostrel%20data")};
+        return {u"file://"_s + data.path() + u"/Ostrel%20data"_s};
     }
 
     /// Waits until exactly @p starts were made of the programs.
@@ -77,9 +79,9 @@ TEST_F(FreedesktopWorkspaceTest, AProgramGetsTheLimitOfFilesThatThisOneStartedWi
     const LimitGuard guard(512);
     raiseDescriptorLimit();
     raiseDescriptorLimit(); // There is nothing left to raise, and nothing is forgotten.
-    programs.add(QStringLiteral("xdg-open"), QStringLiteral("$(ulimit -n)"));
+    programs.add(u"xdg-open"_s, u"$(ulimit -n)"_s);
     EXPECT_TRUE(busless.open(website));
-    EXPECT_TRUE(haveStarted({QStringLiteral("xdg-open 512")}));
+    EXPECT_TRUE(haveStarted({u"xdg-open 512"_s}));
 }
 
 TEST_F(FreedesktopWorkspaceTest, AnAddressIsOpenedByThePortal)
@@ -91,7 +93,7 @@ TEST_F(FreedesktopWorkspaceTest, AnAddressIsOpenedByThePortal)
 
 TEST_F(FreedesktopWorkspaceTest, WhatThePortalOpensIsOpenedOnce)
 {
-    programs.add(QStringLiteral("xdg-open"));
+    programs.add(u"xdg-open"_s);
     {
         const StubPortal portal(bus);
         workspace.open(website);
@@ -104,14 +106,14 @@ TEST_F(FreedesktopWorkspaceTest, WhatThePortalOpensIsOpenedOnce)
 
 TEST_F(FreedesktopWorkspaceTest, WithoutAPortalAProgramOpensTheAddress)
 {
-    programs.add(QStringLiteral("xdg-open"));
+    programs.add(u"xdg-open"_s);
     EXPECT_TRUE(workspace.open(mailbox));
     EXPECT_TRUE(haveStarted(openedMailbox));
 }
 
 TEST_F(FreedesktopWorkspaceTest, AnAddressThatThePortalRefusesIsOpenedByAProgram)
 {
-    programs.add(QStringLiteral("xdg-open"));
+    programs.add(u"xdg-open"_s);
     const StubPortal portal(bus, StubPortal::Behaviour::refuses);
     EXPECT_TRUE(workspace.open(mailbox));
     EXPECT_TRUE(haveStarted(openedMailbox));
@@ -120,7 +122,7 @@ TEST_F(FreedesktopWorkspaceTest, AnAddressThatThePortalRefusesIsOpenedByAProgram
 
 TEST_F(FreedesktopWorkspaceTest, APortalThatDoesNotAnswerIsGivenUp)
 {
-    programs.add(QStringLiteral("xdg-open"));
+    programs.add(u"xdg-open"_s);
     const StubPortal portal(bus, StubPortal::Behaviour::hangs);
     FreedesktopWorkspace impatient(50ms);
     impatient.follow(bus.connect());
@@ -131,10 +133,10 @@ TEST_F(FreedesktopWorkspaceTest, APortalThatDoesNotAnswerIsGivenUp)
 
 TEST_F(FreedesktopWorkspaceTest, WithoutABusAProgramOpensTheAddress)
 {
-    programs.add(QStringLiteral("xdg-open"));
+    programs.add(u"xdg-open"_s);
     EXPECT_TRUE(busless.open(website));
     // No shell reads the address on its way.
-    EXPECT_TRUE(haveStarted({QStringLiteral("xdg-open https://shop.example/?a=1&b=$HOME")}));
+    EXPECT_TRUE(haveStarted({u"xdg-open https://shop.example/?a=1&b=$HOME"_s}));
 }
 
 TEST_F(FreedesktopWorkspaceTest, WithoutABusOrAProgramNothingIsOpened)
@@ -145,9 +147,8 @@ TEST_F(FreedesktopWorkspaceTest, WithoutABusOrAProgramNothingIsOpened)
 
 TEST_F(FreedesktopWorkspaceTest, WhatIsNoAddressIsNotOpened)
 {
-    programs.add(QStringLiteral("xdg-open"));
-    for (const QString &text : {QString(), QStringLiteral("shop.example"), QStringLiteral("--help"),
-                                QStringLiteral("https://a b:x/")}) {
+    programs.add(u"xdg-open"_s);
+    for (const QString &text : {QString(), u"shop.example"_s, u"--help"_s, u"https://a b:x/"_s}) {
         EXPECT_FALSE(workspace.open(QUrl(text)));
         EXPECT_FALSE(busless.open(QUrl(text)));
     }
@@ -164,24 +165,24 @@ TEST_F(FreedesktopWorkspaceTest, AFolderIsShownByTheFileManager)
 
 TEST_F(FreedesktopWorkspaceTest, WithoutAFileManagerAProgramShowsTheFolder)
 {
-    programs.add(QStringLiteral("xdg-open"));
+    programs.add(u"xdg-open"_s);
     EXPECT_TRUE(workspace.openFolder(folder()));
-    EXPECT_TRUE(haveStarted({QStringLiteral("xdg-open ") + folder()}));
+    EXPECT_TRUE(haveStarted({u"xdg-open "_s + folder()}));
 }
 
 TEST_F(FreedesktopWorkspaceTest, WithoutABusAProgramShowsTheFolder)
 {
-    programs.add(QStringLiteral("xdg-open"));
+    programs.add(u"xdg-open"_s);
     EXPECT_TRUE(busless.openFolder(folder()));
-    EXPECT_TRUE(haveStarted({QStringLiteral("xdg-open ") + folder()}));
+    EXPECT_TRUE(haveStarted({u"xdg-open "_s + folder()}));
 }
 
 TEST_F(FreedesktopWorkspaceTest, WhatIsNoFolderIsNeitherShownNorMade)
 {
-    const QString missing = folder() + QStringLiteral("/missing");
+    const QString missing = folder() + u"/missing"_s;
     EXPECT_FALSE(workspace.openFolder(missing));
     EXPECT_FALSE(QDir(missing).exists());
-    EXPECT_FALSE(workspace.openFolder(QStringLiteral(".")));
+    EXPECT_FALSE(workspace.openFolder(u"."_s));
     EXPECT_FALSE(workspace.openFolder(QString()));
 }
 
@@ -194,48 +195,38 @@ TEST_P(NotificationSettingsTest, AreTheDesktopsOwn)
     EXPECT_TRUE(haveStarted(GetParam().starts));
 }
 
-const QString gnome = QStringLiteral("gnome-control-center");
+const QString gnome = u"gnome-control-center"_s;
 
 INSTANTIATE_TEST_SUITE_P(
     Table, NotificationSettingsTest,
     testing::Values(
-        SettingsCase{"Gnome", "GNOME", {gnome}, {gnome + QStringLiteral(" notifications")}},
-        SettingsCase{"Ubuntu", "ubuntu:GNOME", {gnome}, {gnome + QStringLiteral(" notifications")}},
+        SettingsCase{"Gnome", "GNOME", {gnome}, {gnome + u" notifications"_s}},
+        SettingsCase{"Ubuntu", "ubuntu:GNOME", {gnome}, {gnome + u" notifications"_s}},
         SettingsCase{"Plasma",
                      "KDE",
-                     {QStringLiteral("systemsettings"), QStringLiteral("systemsettings5"), gnome},
-                     {QStringLiteral("systemsettings kcm_notifications")}},
-        SettingsCase{"OlderPlasma",
-                     "KDE",
-                     {QStringLiteral("systemsettings5")},
-                     {QStringLiteral("systemsettings5 kcm_notifications")}},
-        SettingsCase{"Xfce",
-                     "XFCE",
-                     {QStringLiteral("xfce4-notifyd-config")},
-                     {QStringLiteral("xfce4-notifyd-config ")}},
+                     {u"systemsettings"_s, u"systemsettings5"_s, gnome},
+                     {u"systemsettings kcm_notifications"_s}},
+        SettingsCase{
+            "OlderPlasma", "KDE", {u"systemsettings5"_s}, {u"systemsettings5 kcm_notifications"_s}},
+        SettingsCase{"Xfce", "XFCE", {u"xfce4-notifyd-config"_s}, {u"xfce4-notifyd-config "_s}},
         SettingsCase{"Cinnamon",
                      "X-Cinnamon",
-                     {QStringLiteral("cinnamon-settings")},
-                     {QStringLiteral("cinnamon-settings notifications")}},
+                     {u"cinnamon-settings"_s},
+                     {u"cinnamon-settings notifications"_s}},
         SettingsCase{"Mate",
                      "MATE",
-                     {QStringLiteral("mate-notification-properties")},
-                     {QStringLiteral("mate-notification-properties ")}},
-        SettingsCase{"Lxqt",
-                     "LXQt",
-                     {QStringLiteral("lxqt-config-notificationd")},
-                     {QStringLiteral("lxqt-config-notificationd ")}},
+                     {u"mate-notification-properties"_s},
+                     {u"mate-notification-properties "_s}},
+        SettingsCase{
+            "Lxqt", "LXQt", {u"lxqt-config-notificationd"_s}, {u"lxqt-config-notificationd "_s}},
         SettingsCase{"Budgie",
                      "Budgie:GNOME",
-                     {QStringLiteral("budgie-control-center"), gnome},
-                     {QStringLiteral("budgie-control-center notifications")}},
-        SettingsCase{"BudgieWithoutItsOwn",
-                     "Budgie:GNOME",
-                     {gnome},
-                     {gnome + QStringLiteral(" notifications")}},
+                     {u"budgie-control-center"_s, gnome},
+                     {u"budgie-control-center notifications"_s}},
+        SettingsCase{"BudgieWithoutItsOwn", "Budgie:GNOME", {gnome}, {gnome + u" notifications"_s}},
         SettingsCase{"NotInstalled", "GNOME", {}, {}},
-        SettingsCase{"OtherDesktop", "sway", {gnome, QStringLiteral("systemsettings")}, {}},
-        SettingsCase{"NoDesktop", "", {gnome, QStringLiteral("systemsettings")}, {}}),
+        SettingsCase{"OtherDesktop", "sway", {gnome, u"systemsettings"_s}, {}},
+        SettingsCase{"NoDesktop", "", {gnome, u"systemsettings"_s}, {}}),
     [](const auto &test) { return std::string(test.param.name); });
 
 } // namespace

@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 namespace {
 
@@ -134,7 +136,7 @@ TEST(SessionBusAddressesTest, AreThoseOfTheEnvironment)
 TEST(SessionBusAddressesTest, AreInTheRuntimeFolder)
 {
     const PrivateBus bus;
-    const QString path = bus.address().section(QStringLiteral("unix:path="), 1).section(u',', 0, 0);
+    const QString path = bus.address().section(u"unix:path="_s, 1).section(u',', 0, 0);
     qunsetenv("DBUS_SESSION_BUS_ADDRESS");
     qputenv("XDG_RUNTIME_DIR", path.section(u'/', 0, -2).toUtf8());
     EXPECT_EQ(ask(sessionBusAddresses()), BusAnswer::given);
@@ -156,8 +158,8 @@ TEST(HiddenSessionBusTest, IsHiddenFromUsAndFromNoProgramThatWeStart)
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/a");
     hideSessionBus();
     EXPECT_EQ(ask(sessionBusAddresses()), BusAnswer::none);
-    const auto variable = QStringLiteral("DBUS_SESSION_BUS_ADDRESS");
-    EXPECT_EQ(environmentOfPrograms().value(variable), QStringLiteral("unix:path=/a"));
+    const auto variable = u"DBUS_SESSION_BUS_ADDRESS"_s;
+    EXPECT_EQ(environmentOfPrograms().value(variable), u"unix:path=/a"_s);
     qunsetenv("DBUS_SESSION_BUS_ADDRESS");
     hideSessionBus();
     EXPECT_EQ(ask(sessionBusAddresses()), BusAnswer::none);

@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 void PrintTo(const ShownNotification &shown, std::ostream *out)
@@ -26,8 +28,8 @@ using Urgency = ShownNotification::Urgency;
 Monitor shop()
 {
     Monitor monitor;
-    monitor.id = QUuid(QStringLiteral("0a1b2c3d-4e5f-6789-abcd-ef0123456789"));
-    monitor.name = QStringLiteral("Shop <&>");
+    monitor.id = QUuid(u"0a1b2c3d-4e5f-6789-abcd-ef0123456789"_s);
+    monitor.name = u"Shop <&>"_s;
     return monitor;
 }
 
@@ -57,11 +59,9 @@ protected:
     }
     [[nodiscard]] bool askDaemon()
     {
-        const QDBusPendingCallWatcher watcher(m_connection.asyncCall(
-            QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.Notifications"),
-                                           QStringLiteral("/org/freedesktop/Notifications"),
-                                           QStringLiteral("org.freedesktop.Notifications"),
-                                           QStringLiteral("GetServerInformation"))));
+        const QDBusPendingCallWatcher watcher(m_connection.asyncCall(QDBusMessage::createMethodCall(
+            u"org.freedesktop.Notifications"_s, u"/org/freedesktop/Notifications"_s,
+            u"org.freedesktop.Notifications"_s, u"GetServerInformation"_s)));
         bool isAnswered = false;
         QObject::connect(&watcher, &QDBusPendingCallWatcher::finished, &watcher,
                          [&] { isAnswered = true; });
@@ -79,22 +79,22 @@ protected:
 TEST_F(NotificationDaemonTest, ShowsADownMonitorUrgentlyAndItsRecoveryAsUsual)
 {
     ASSERT_TRUE(m_daemon.start());
-    m_manager.notifyDown(shop(), QStringLiteral("HTTP 503"));
+    m_manager.notifyDown(shop(), u"HTTP 503"_s);
     ASSERT_TRUE(displays(1));
     const auto down = m_daemon.closeAll();
     ASSERT_EQ(down.size(), 1);
-    EXPECT_EQ(down.first().application, QStringLiteral("Ostrel"));
+    EXPECT_EQ(down.first().application, u"Ostrel"_s);
     EXPECT_EQ(down.first().urgency, Urgency::critical);
-    EXPECT_EQ(down.first().title, QStringLiteral("Shop <&> is Down"));
-    EXPECT_EQ(down.first().body, QStringLiteral("HTTP 503"));
+    EXPECT_EQ(down.first().title, u"Shop <&> is Down"_s);
+    EXPECT_EQ(down.first().body, u"HTTP 503"_s);
 
     m_manager.notifyRecovery(shop(), Milliseconds(1234.56));
     ASSERT_TRUE(displays(1));
     const auto recovery = m_daemon.closeAll();
     ASSERT_EQ(recovery.size(), 2);
     EXPECT_EQ(recovery.first().urgency, Urgency::normal);
-    EXPECT_EQ(recovery.first().title, QStringLiteral("Shop <&> is Back Up"));
-    EXPECT_EQ(recovery.first().body, QStringLiteral("Responding in 1235ms"));
+    EXPECT_EQ(recovery.first().title, u"Shop <&> is Back Up"_s);
+    EXPECT_EQ(recovery.first().body, u"Responding in 1235ms"_s);
 }
 
 TEST_F(NotificationDaemonTest, ReplacesAnEarlierOneOfTheSameKindAndMonitor)
@@ -113,51 +113,51 @@ TEST_F(NotificationDaemonTest, ReplacesAnEarlierOneOfTheSameKindAndMonitor)
     for (const auto &notification : shown)
         bodies.append(notification.body);
     bodies.sort();
-    EXPECT_EQ(bodies, QStringList({QStringLiteral("1400ms (threshold: 1000ms)"),
-                                   QStringLiteral("Shop <&>: 14 days remaining")}));
+    EXPECT_EQ(bodies,
+              QStringList({u"1400ms (threshold: 1000ms)"_s, u"Shop <&>: 14 days remaining"_s}));
 }
 
 TEST_F(NotificationDaemonTest, ShowsMarkupLiterally)
 {
     ASSERT_TRUE(m_daemon.start());
-    m_manager.notifyDown(shop(), QStringLiteral("<b>&"));
+    m_manager.notifyDown(shop(), u"<b>&"_s);
     ASSERT_TRUE(displays(1));
-    EXPECT_EQ(m_daemon.closeAll().first().body, QStringLiteral("<b>&"));
+    EXPECT_EQ(m_daemon.closeAll().first().body, u"<b>&"_s);
 }
 
 TEST_F(NotificationDaemonTest, ShowsTextLiterallyWhereThereIsNoMarkup)
 {
     NotificationDaemon plain(m_bus, m_display, Bodies::plain);
     ASSERT_TRUE(plain.start());
-    m_manager.notifyDown(shop(), QStringLiteral("<b>&amp;"));
+    m_manager.notifyDown(shop(), u"<b>&amp;"_s);
     ASSERT_TRUE(waitFor([&] { return plain.displayedCount() == 1; }));
-    EXPECT_EQ(plain.closeAll().first().body, QStringLiteral("<b>&amp;"));
+    EXPECT_EQ(plain.closeAll().first().body, u"<b>&amp;"_s);
 }
 
 TEST_F(NotificationDaemonTest, GoesOnWithADaemonThatWasRestarted)
 {
     ASSERT_TRUE(m_daemon.start());
-    m_manager.notifyDown(shop(), QStringLiteral("1"));
+    m_manager.notifyDown(shop(), u"1"_s);
     ASSERT_TRUE(displays(1));
     m_daemon.stop();
-    m_manager.notifyDown(shop(), QStringLiteral("lost"));
+    m_manager.notifyDown(shop(), u"lost"_s);
     ASSERT_TRUE(m_daemon.start());
-    m_manager.notifyDown(shop(), QStringLiteral("2"));
+    m_manager.notifyDown(shop(), u"2"_s);
     ASSERT_TRUE(displays(1));
     settle();
-    m_manager.notifyDown(shop(), QStringLiteral("3"));
+    m_manager.notifyDown(shop(), u"3"_s);
     settle();
     const auto shown = m_daemon.closeAll();
     ASSERT_EQ(shown.size(), 1);
-    EXPECT_EQ(shown.first().body, QStringLiteral("3"));
+    EXPECT_EQ(shown.first().body, u"3"_s);
 }
 
 TEST_F(NotificationDaemonTest, IsStartedByTheBusWhereItCanBe)
 {
     m_daemon.makeActivatable();
-    m_manager.notifyDown(shop(), QStringLiteral("HTTP 503"));
+    m_manager.notifyDown(shop(), u"HTTP 503"_s);
     ASSERT_TRUE(displays(1));
-    EXPECT_EQ(m_daemon.closeAll().first().body, QStringLiteral("HTTP 503"));
+    EXPECT_EQ(m_daemon.closeAll().first().body, u"HTTP 503"_s);
 }
 
 } // namespace

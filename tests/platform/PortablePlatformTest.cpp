@@ -13,6 +13,8 @@
 
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 namespace {
 
@@ -59,9 +61,9 @@ TEST(PortableNotificationCenterTest, HandsEveryRequestToThePresenter)
 {
     QList<NotificationRequest> shown;
     PortableNotificationCenter center([&](const auto &request) { shown.append(request); });
-    const NotificationRequest request = {.identifier = QStringLiteral("down-1"),
-                                         .title = QStringLiteral("Shop is Down"),
-                                         .body = QStringLiteral("HTTP 503"),
+    const NotificationRequest request = {.identifier = u"down-1"_s,
+                                         .title = u"Shop is Down"_s,
+                                         .body = u"HTTP 503"_s,
                                          .level = InterruptionLevel::timeSensitive};
     center.requestAuthorization();
     center.add(request);
@@ -89,7 +91,7 @@ TEST(PortableLoginItemTest, IsRefused)
 TEST(PortableWorkspaceTest, OpensNothing)
 {
     PortableWorkspace workspace;
-    EXPECT_FALSE(workspace.open(QUrl(QStringLiteral("https://shop.example"))));
+    EXPECT_FALSE(workspace.open(QUrl(u"https://shop.example"_s)));
     EXPECT_FALSE(workspace.openFolder(QDir::tempPath()));
     EXPECT_FALSE(workspace.openNotificationSettings());
 }

@@ -26,6 +26,8 @@
 #include <unistd.h>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 namespace {
 
@@ -45,10 +47,10 @@ public:
                    const QString &token = {})
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.remove(QStringLiteral("DESKTOP_STARTUP_ID"));
-        environment.insert(QStringLiteral("XDG_ACTIVATION_TOKEN"), token);
+        environment.remove(u"DESKTOP_STARTUP_ID"_s);
+        environment.insert(u"XDG_ACTIVATION_TOKEN"_s, token);
         m_process.setProcessEnvironment(environment);
-        m_process.start(QStringLiteral(OSTREL_INSTANCE_HELPER),
+        m_process.start(u"" OSTREL_INSTANCE_HELPER ""_s,
                         {folder, QString::number(patience.count())});
     }
 
@@ -91,7 +93,7 @@ TEST_F(SingleInstanceTest, TheSecondStartHandsOverWithItsToken)
 {
     const auto first = start();
     ASSERT_EQ(first->nextLine(), "first");
-    const auto second = start(ample, QStringLiteral("token-1 \u00fc"));
+    const auto second = start(ample, u"token-1 \u00fc"_s);
     EXPECT_EQ(second->nextLine(), "handedOver");
     EXPECT_EQ(first->nextLine(), "activated token-1 \xc3\xbc");
 
@@ -104,7 +106,7 @@ TEST_F(SingleInstanceTest, ATokenThatIsNoLineIsLeftOut)
 {
     const auto first = start();
     ASSERT_EQ(first->nextLine(), "first");
-    for (const QString &token : {QStringLiteral("a\nb"), QString(100'000, u'x')}) {
+    for (const QString &token : {u"a\nb"_s, QString(100'000, u'x')}) {
         EXPECT_EQ(start(ample, token)->nextLine(), "handedOver");
         EXPECT_EQ(first->nextLine(), "activated");
     }
@@ -181,7 +183,7 @@ TEST_F(SingleInstanceTest, AFirstThatHangsIsAFailure)
 
 TEST_F(SingleInstanceTest, AFolderThatIsNoneIsUnusable)
 {
-    Start start(QStringLiteral("/dev/null"), brief);
+    Start start(u"/dev/null"_s, brief);
     EXPECT_EQ(start.nextLine(), "unusable");
     start.renew();
     EXPECT_EQ(start.nextLine(), "not owned");
@@ -218,11 +220,10 @@ TEST_F(SingleInstanceTest, TheFolderIsOwnedAgainWhateverHappenedToIt)
              QDir(folder).removeRecursively();
              QDir().mkpath(folder);
          }},
-        {"renamed",
-         [](const QString &folder) { QDir().rename(folder, folder + QStringLiteral("-old")); }},
+        {"renamed", [](const QString &folder) { QDir().rename(folder, folder + u"-old"_s); }},
         {"replaced by another",
          [](const QString &folder) {
-             QDir().rename(folder, folder + QStringLiteral("-older"));
+             QDir().rename(folder, folder + u"-older"_s);
              QDir().mkpath(folder);
          }},
     };
@@ -445,8 +446,7 @@ TEST_F(SingleInstancePeersTest, ServesNoOtherUser)
 TEST_F(SingleInstancePeersTest, ItsLockIsNotInheritedByChildren)
 {
     BoundProcess child;
-    child.start(QStringLiteral("sh"),
-                {QStringLiteral("-c"), QStringLiteral("ls -l /proc/self/fd; echo end")});
+    child.start(u"sh"_s, {u"-c"_s, u"ls -l /proc/self/fd; echo end"_s});
     QByteArray line;
     while (line != "end") {
         line = child.nextLine();
@@ -459,8 +459,7 @@ TEST_F(SingleInstancePeersTest, ItsLockIsNotInheritedByChildren)
 TEST(SingleInstanceFilesTest, ALockFileThatIsALinkIsUnusable)
 {
     const QTemporaryDir folder;
-    QFile::link(folder.filePath(QStringLiteral("elsewhere")),
-                folder.filePath(QStringLiteral("ostrel.lock")));
+    QFile::link(folder.filePath(u"elsewhere"_s), folder.filePath(u"ostrel.lock"_s));
     SingleInstance instance(folder.path());
     EXPECT_EQ(instance.claim(brief), Claim::unusable);
 }
@@ -468,7 +467,7 @@ TEST(SingleInstanceFilesTest, ALockFileThatIsALinkIsUnusable)
 TEST(SingleInstanceFilesTest, IsFirstAlsoWhereItsSocketCantBe)
 {
     const QTemporaryDir folder;
-    QDir().mkpath(folder.filePath(QStringLiteral("ostrel.sock/full")));
+    QDir().mkpath(folder.filePath(u"ostrel.sock/full"_s));
     SingleInstance first(folder.path());
     EXPECT_EQ(first.claim(brief), Claim::first);
     SingleInstance second(folder.path());

@@ -1,13 +1,15 @@
 #include "StubFileManager.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 StubFileManager::StubFileManager(PrivateBus &bus)
     : m_connection(bus.connect())
 {
-    m_connection.registerObject(QStringLiteral("/org/freedesktop/FileManager1"), this,
+    m_connection.registerObject(u"/org/freedesktop/FileManager1"_s, this,
                                 QDBusConnection::ExportAllSlots);
-    m_connection.registerService(QStringLiteral("org.freedesktop.FileManager1"));
+    m_connection.registerService(u"org.freedesktop.FileManager1"_s);
 }
 
 StubFileManager::~StubFileManager()

@@ -2,6 +2,8 @@
 
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 StubPrograms::StubPrograms()
@@ -21,7 +23,7 @@ void StubPrograms::add(const QString &name, const QString &what)
     if (!program.open(QIODevice::WriteOnly))
         return;
     // One write, which appends as a whole whoever else is writing.
-    const auto script = QStringLiteral("#!/bin/sh\nprintf '%s\\n' \"%1 %2\" >> '%3'\n");
+    const auto script = u"#!/bin/sh\nprintf '%s\\n' \"%1 %2\" >> '%3'\n"_s;
     program.write(script.arg(name, what, logPath()).toUtf8());
     program.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
@@ -37,7 +39,7 @@ QStringList StubPrograms::starts() const
 
 QString StubPrograms::logPath() const
 {
-    return m_folder.filePath(QStringLiteral("starts"));
+    return m_folder.filePath(u"starts"_s);
 }
 
 } // namespace ostrel::test

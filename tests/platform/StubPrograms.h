@@ -7,6 +7,8 @@
 
 namespace ostrel::test {
 
+using namespace Qt::StringLiterals;
+
 /// Programs that do nothing but note how they were started. While this object lives they are the
 /// only ones on PATH.
 class StubPrograms
@@ -18,7 +20,7 @@ public:
     StubPrograms &operator=(const StubPrograms &) = delete;
 
     /// The program notes @p what, as its shell expands it, after its name.
-    void add(const QString &name, const QString &what = QStringLiteral("$*"));
+    void add(const QString &name, const QString &what = u"$*"_s);
     /// The starts so far, each with its name and its arguments separated by blanks, in order.
     [[nodiscard]] QStringList starts() const;
 

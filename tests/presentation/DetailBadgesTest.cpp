@@ -7,6 +7,8 @@
 
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -57,7 +59,7 @@ TEST_P(CertificateBadgeTest, TellsDaysAndHowBadItIs)
     Check latest = upCheck(monitor, sampleNow());
     latest.sslExpiresAt = sampleNow() + c.left;
     EXPECT_EQ(badgesOf(monitor, latest),
-              (QList<Badge>{{QStringLiteral("lock.shield.fill"), QLatin1String(c.text), c.tone}}));
+              (QList<Badge>{{u"lock.shield.fill"_s, QLatin1String(c.text), c.tone}}));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -75,15 +77,13 @@ TEST_P(KeywordBadgeTest, TellsWhetherItIsAsWished)
 {
     const auto &c = GetParam();
     Monitor monitor = sampleMonitor();
-    monitor.keyword = QStringLiteral("healthy");
+    monitor.keyword = u"healthy"_s;
     monitor.keywordShouldExist = c.shouldExist;
     Check latest = upCheck(monitor, sampleNow());
     latest.keywordFound = c.found;
 
-    const Badge good{QStringLiteral("text.magnifyingglass"), QStringLiteral("Keyword OK"),
-                     Tone::Up};
-    const Badge bad{QStringLiteral("exclamationmark.magnifyingglass"),
-                    QStringLiteral("Keyword issue"), Tone::Down};
+    const Badge good{u"text.magnifyingglass"_s, u"Keyword OK"_s, Tone::Up};
+    const Badge bad{u"exclamationmark.magnifyingglass"_s, u"Keyword issue"_s, Tone::Down};
     EXPECT_EQ(badgesOf(monitor, latest), QList<Badge>{c.isAsWished ? good : bad});
 }
 
@@ -100,10 +100,10 @@ INSTANTIATE_TEST_SUITE_P(Table, KeywordBadgeTest,
 TEST(DetailBadgesTest, KeywordWithoutAnyCheckIsAnIssueWhereItShouldExist)
 {
     Monitor monitor = sampleMonitor();
-    monitor.keyword = QStringLiteral("healthy");
-    EXPECT_EQ(badgesOf(monitor, std::nullopt).value(0).text, QStringLiteral("Keyword issue"));
+    monitor.keyword = u"healthy"_s;
+    EXPECT_EQ(badgesOf(monitor, std::nullopt).value(0).text, u"Keyword issue"_s);
     monitor.keywordShouldExist = false;
-    EXPECT_EQ(badgesOf(monitor, std::nullopt).value(0).text, QStringLiteral("Keyword OK"));
+    EXPECT_EQ(badgesOf(monitor, std::nullopt).value(0).text, u"Keyword OK"_s);
 }
 
 TEST(DetailBadgesTest, EmptyKeywordIsNone)
@@ -118,8 +118,7 @@ TEST(DetailBadgesTest, SlowerThanTheThresholdIsSlow)
     Monitor monitor = sampleMonitor();
     monitor.responseTimeThreshold = Milliseconds(1000);
     EXPECT_EQ(badgesOf(monitor, upCheck(monitor, sampleNow(), 1532.4)),
-              (QList<Badge>{{QStringLiteral("speedometer"), QStringLiteral("Slow (1532ms)"),
-                             Tone::Warning}}));
+              (QList<Badge>{{u"speedometer"_s, u"Slow (1532ms)"_s, Tone::Warning}}));
 }
 
 TEST(DetailBadgesTest, ExactlyTheThresholdIsNotSlow)
@@ -135,9 +134,8 @@ TEST(DetailBadgesTest, PortMonitorTellsItsPort)
     Monitor monitor = sampleMonitor();
     monitor.type = MonitorType::port;
     monitor.port = 5432;
-    EXPECT_EQ(
-        badgesOf(monitor, std::nullopt),
-        (QList<Badge>{{QStringLiteral("network"), QStringLiteral("Port 5432"), Tone::Accent}}));
+    EXPECT_EQ(badgesOf(monitor, std::nullopt),
+              (QList<Badge>{{u"network"_s, u"Port 5432"_s, Tone::Accent}}));
     monitor.type = MonitorType::http;
     EXPECT_EQ(badgesOf(monitor, std::nullopt), QList<Badge>());
 }
@@ -147,16 +145,15 @@ TEST(DetailBadgesTest, AllStandInOrder)
     Monitor monitor = sampleMonitor();
     monitor.type = MonitorType::port;
     monitor.port = 443;
-    monitor.keyword = QStringLiteral("healthy");
+    monitor.keyword = u"healthy"_s;
     monitor.responseTimeThreshold = Milliseconds(10);
     Check latest = upCheck(monitor, sampleNow());
     latest.sslExpiresAt = sampleNow() + 24h;
     QStringList symbols;
     for (const Badge &badge : badgesOf(monitor, latest))
         symbols += badge.symbol;
-    EXPECT_EQ(
-        symbols.join(QLatin1Char(' ')),
-        QStringLiteral("lock.shield.fill exclamationmark.magnifyingglass speedometer network"));
+    EXPECT_EQ(symbols.join(QLatin1Char(' ')),
+              u"lock.shield.fill exclamationmark.magnifyingglass speedometer network"_s);
 }
 
 } // namespace ostrel::test

@@ -6,6 +6,8 @@
 
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -105,16 +107,16 @@ INSTANTIATE_TEST_SUITE_P(Table, UptimeFormatTest,
 
 TEST(DisplayFormatsTest, PercentageHasTwoDecimals)
 {
-    EXPECT_EQ(percentageText(100), QStringLiteral("100.00%"));
-    EXPECT_EQ(percentageText(99.8749), QStringLiteral("99.87%"));
+    EXPECT_EQ(percentageText(100), u"100.00%"_s);
+    EXPECT_EQ(percentageText(99.8749), u"99.87%"_s);
 }
 
 TEST(DisplayFormatsTest, AverageOfNothingIsTwoDashes)
 {
-    EXPECT_EQ(averageText(0ms), QStringLiteral("--"));
-    EXPECT_EQ(averageText(-1ms), QStringLiteral("--"));
-    EXPECT_EQ(averageText(Milliseconds(0.4)), QStringLiteral("0"));
-    EXPECT_EQ(averageText(Milliseconds(191.6)), QStringLiteral("192"));
+    EXPECT_EQ(averageText(0ms), u"--"_s);
+    EXPECT_EQ(averageText(-1ms), u"--"_s);
+    EXPECT_EQ(averageText(Milliseconds(0.4)), u"0"_s);
+    EXPECT_EQ(averageText(Milliseconds(191.6)), u"192"_s);
 }
 
 TEST_P(AddressFormatTest, LeavesOutSchemeAndOuterSlashes)

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -17,7 +19,7 @@ protected:
     MonitorDetail detailOf(const Monitor &monitor)
     {
         return monitorDetail(m_sample.store, monitor,
-                             {m_sample.now, QTimeZone("UTC"), QLocale(QStringLiteral("en_US"))});
+                             {m_sample.now, QTimeZone("UTC"), QLocale(u"en_US"_s)});
     }
     static QString textOf(const Statistic &statistic)
     {
@@ -32,16 +34,16 @@ protected:
 TEST_F(MonitorDetailTest, MonitorAddedAMomentAgoIsPendingAndEmpty)
 {
     const auto detail = detailOf(m_sample.add(sampleMonitor()));
-    EXPECT_EQ(detail.pillText, QStringLiteral("PENDING"));
-    EXPECT_EQ(detail.pillSymbol, QStringLiteral("circle.dotted.circle"));
+    EXPECT_EQ(detail.pillText, u"PENDING"_s);
+    EXPECT_EQ(detail.pillSymbol, u"circle.dotted.circle"_s);
     EXPECT_EQ(detail.lastCheckedText, QString());
-    EXPECT_EQ(textOf(detail.statistics[0]), QStringLiteral("Avg Response=--"));
+    EXPECT_EQ(textOf(detail.statistics[0]), u"Avg Response=--"_s);
     EXPECT_EQ(detail.statistics[0].tone, Tone::Secondary);
-    EXPECT_EQ(textOf(detail.statistics[1]), QStringLiteral("Uptime 24h=100%"));
-    EXPECT_EQ(textOf(detail.statistics[2]), QStringLiteral("Uptime 7d=100%"));
-    EXPECT_EQ(textOf(detail.statistics[3]), QStringLiteral("Uptime 30d=100%"));
+    EXPECT_EQ(textOf(detail.statistics[1]), u"Uptime 24h=100%"_s);
+    EXPECT_EQ(textOf(detail.statistics[2]), u"Uptime 7d=100%"_s);
+    EXPECT_EQ(textOf(detail.statistics[3]), u"Uptime 30d=100%"_s);
     EXPECT_FALSE(detail.hasRecentChecks);
-    EXPECT_EQ(detail.recentCountText, QStringLiteral("0 in 24h"));
+    EXPECT_EQ(detail.recentCountText, u"0 in 24h"_s);
     EXPECT_TRUE(detail.timeline.isEmpty());
     EXPECT_TRUE(detail.badges.isEmpty());
 }
@@ -62,8 +64,8 @@ TEST_F(MonitorDetailTest, PausedMonitorHasTheMoonWhateverItsLastCheckWas)
         for (Check &check : ownChecks)
             check.monitorId = monitor.id;
         const auto detail = detailOf(m_sample.add(monitor, ownChecks));
-        EXPECT_EQ(detail.pillText, QStringLiteral("PAUSED"));
-        EXPECT_EQ(detail.pillSymbol, QStringLiteral("moon.circle.fill"));
+        EXPECT_EQ(detail.pillText, u"PAUSED"_s);
+        EXPECT_EQ(detail.pillSymbol, u"moon.circle.fill"_s);
         EXPECT_EQ(detail.statusTone, Tone::Muted);
         EXPECT_EQ(detail.lastCheckedText, QLatin1String(lastCheckedText));
     }
@@ -78,14 +80,14 @@ TEST_F(MonitorDetailTest, StatisticsCoverTheirWindows)
                            upCheck(monitor, sampleNow() - 2h, 200),
                            upCheck(monitor, sampleNow() - 1h, 400)});
     const auto detail = detailOf(monitor);
-    EXPECT_EQ(textOf(detail.statistics[0]), QStringLiteral("Avg Response=300ms"));
+    EXPECT_EQ(textOf(detail.statistics[0]), u"Avg Response=300ms"_s);
     EXPECT_EQ(detail.statistics[0].tone, Tone::Warning);
-    EXPECT_EQ(textOf(detail.statistics[1]), QStringLiteral("Uptime 24h=100%"));
-    EXPECT_EQ(textOf(detail.statistics[2]), QStringLiteral("Uptime 7d=75.0%"));
-    EXPECT_EQ(textOf(detail.statistics[3]), QStringLiteral("Uptime 30d=60.0%"));
+    EXPECT_EQ(textOf(detail.statistics[1]), u"Uptime 24h=100%"_s);
+    EXPECT_EQ(textOf(detail.statistics[2]), u"Uptime 7d=75.0%"_s);
+    EXPECT_EQ(textOf(detail.statistics[3]), u"Uptime 30d=60.0%"_s);
     EXPECT_EQ(detail.statistics[3].tone, Tone::Down);
-    EXPECT_EQ(detail.recentCountText, QStringLiteral("2 in 24h"));
-    EXPECT_EQ(detail.series.newestText(), QStringLiteral("400 ms"));
+    EXPECT_EQ(detail.recentCountText, u"2 in 24h"_s);
+    EXPECT_EQ(detail.series.newestText(), u"400 ms"_s);
     EXPECT_EQ(detail.timeline.bars, (std::vector{false, true, false, true, true}));
 }
 
@@ -95,7 +97,7 @@ TEST_F(MonitorDetailTest, TimelineIsMadeFromTheNewest200Checks)
     auto checks = upChecks(monitor, 201, sampleNow());
     checks[0].isUp = false;
     const auto detail = monitorDetail(monitor, {.history = checks}, {sampleNow()});
-    EXPECT_EQ(detail.timeline.percentageText, QStringLiteral("100.00%"));
+    EXPECT_EQ(detail.timeline.percentageText, u"100.00%"_s);
     EXPECT_EQ(detail.timeline.bars.size(), 90U);
 }
 
@@ -103,8 +105,7 @@ TEST_F(MonitorDetailTest, ListsReachQmlAsValues)
 {
     const auto detail = detailOf(m_sample.add(sampleMonitor()));
     ASSERT_EQ(detail.statisticValues().size(), 4);
-    EXPECT_EQ(detail.statisticValues().at(0).value<Statistic>().title,
-              QStringLiteral("Avg Response"));
+    EXPECT_EQ(detail.statisticValues().at(0).value<Statistic>().title, u"Avg Response"_s);
 }
 
 } // namespace ostrel::test

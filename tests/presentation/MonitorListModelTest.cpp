@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -21,9 +23,8 @@ protected:
 
     QList<Monitor> addMonitors()
     {
-        return {m_sample.add(sampleMonitor(QStringLiteral("A"))),
-                m_sample.add(sampleMonitor(QStringLiteral("B"))),
-                m_sample.add(sampleMonitor(QStringLiteral("C")))};
+        return {m_sample.add(sampleMonitor(u"A"_s)), m_sample.add(sampleMonitor(u"B"_s)),
+                m_sample.add(sampleMonitor(u"C"_s))};
     }
     QString text(int row, int role) const { return m_model.index(row).data(role).toString(); }
     MonitorStatus status(int row) const
@@ -42,7 +43,7 @@ protected:
     {
         QStringList rows;
         for (const auto &arguments : spy)
-            rows += QStringLiteral("%1-%2").arg(arguments[1].toInt()).arg(arguments[2].toInt());
+            rows += u"%1-%2"_s.arg(arguments[1].toInt()).arg(arguments[2].toInt());
         return rows.join(QLatin1Char(' '));
     }
     QString changedRows() const
@@ -68,7 +69,7 @@ protected:
 
 TEST_F(MonitorListModelTest, KeepsTheStoresOrder)
 {
-    EXPECT_EQ(names(), QStringLiteral("ABC"));
+    EXPECT_EQ(names(), u"ABC"_s);
 }
 
 TEST_F(MonitorListModelTest, EveryRoleHasANameAndAValue)
@@ -86,21 +87,20 @@ TEST_F(MonitorListModelTest, EveryRoleHasANameAndAValue)
                            ? QString::number(int(value.value<Tone>()))
                            : value.toString());
     }
-    EXPECT_EQ(values.join(QLatin1Char('\n')),
-              QStringLiteral("url=https://shop.example/cart/\n"
-                             "isEnabled=true\n"
-                             "name=A\n"
-                             "address=shop.example/cart\n"
-                             "status=0\n"
-                             "isDown=false\n"
-                             "isPending=false\n"
-                             "resultText=245ms\n"
-                             "resultTone=0\n"
-                             "uptimeText=100%\n"
-                             "spokenText=A, up, 245 ms, 24-hour uptime 100%\n"
-                             "responseTimeText=245 ms\n"
-                             "cardUptimeText=100.0%\n"
-                             "cardUptimeTone=0"));
+    EXPECT_EQ(values.join(QLatin1Char('\n')), u"url=https://shop.example/cart/\n"
+                                              "isEnabled=true\n"
+                                              "name=A\n"
+                                              "address=shop.example/cart\n"
+                                              "status=0\n"
+                                              "isDown=false\n"
+                                              "isPending=false\n"
+                                              "resultText=245ms\n"
+                                              "resultTone=0\n"
+                                              "uptimeText=100%\n"
+                                              "spokenText=A, up, 245 ms, 24-hour uptime 100%\n"
+                                              "responseTimeText=245 ms\n"
+                                              "cardUptimeText=100.0%\n"
+                                              "cardUptimeTone=0"_s);
     EXPECT_EQ(m_model.index(0).data(MonitorListModel::monitorIdRole).toUuid(), monitor.id);
 }
 
@@ -109,8 +109,8 @@ TEST_F(MonitorListModelTest, ACheckChangesOnlyItsMonitorsRow)
     EXPECT_EQ(text(1, MonitorListModel::resultTextRole), QString());
     EXPECT_EQ(text(2, MonitorListModel::resultTextRole), QString());
     m_sample.store.addCheck(upCheck(m_monitors[1], sampleNow(), 99));
-    EXPECT_EQ(changedRows(), QStringLiteral("1"));
-    EXPECT_EQ(text(1, MonitorListModel::resultTextRole), QStringLiteral("99ms"));
+    EXPECT_EQ(changedRows(), u"1"_s);
+    EXPECT_EQ(text(1, MonitorListModel::resultTextRole), u"99ms"_s);
 }
 
 TEST_F(MonitorListModelTest, ACheckOfAnUnknownMonitorChangesNothing)
@@ -122,18 +122,18 @@ TEST_F(MonitorListModelTest, ACheckOfAnUnknownMonitorChangesNothing)
 
 TEST_F(MonitorListModelTest, AddedMonitorIsInsertedAtTheEnd)
 {
-    m_sample.add(sampleMonitor(QStringLiteral("D")));
-    EXPECT_EQ(rowsOf(m_inserted), QStringLiteral("3-3"));
+    m_sample.add(sampleMonitor(u"D"_s));
+    EXPECT_EQ(rowsOf(m_inserted), u"3-3"_s);
     EXPECT_TRUE(m_removed.isEmpty());
-    EXPECT_EQ(names(), QStringLiteral("ABCD"));
+    EXPECT_EQ(names(), u"ABCD"_s);
 }
 
 TEST_F(MonitorListModelTest, DeletedMonitorIsRemoved)
 {
     m_sample.store.deleteMonitor(m_monitors[1].id);
-    EXPECT_EQ(rowsOf(m_removed), QStringLiteral("1-1"));
+    EXPECT_EQ(rowsOf(m_removed), u"1-1"_s);
     EXPECT_TRUE(m_inserted.isEmpty());
-    EXPECT_EQ(names(), QStringLiteral("AC"));
+    EXPECT_EQ(names(), u"AC"_s);
 }
 
 TEST_F(MonitorListModelTest, LastMonitorDeletedLeavesNothing)
@@ -145,14 +145,14 @@ TEST_F(MonitorListModelTest, LastMonitorDeletedLeavesNothing)
 
 TEST_F(MonitorListModelTest, EditedMonitorChangesInPlace)
 {
-    EXPECT_EQ(names(), QStringLiteral("ABC"));
+    EXPECT_EQ(names(), u"ABC"_s);
     Monitor edited = m_monitors[2];
-    edited.name = QStringLiteral("Z");
+    edited.name = u"Z"_s;
     m_sample.store.updateMonitor(edited);
-    EXPECT_EQ(changedRows(), QStringLiteral("2"));
+    EXPECT_EQ(changedRows(), u"2"_s);
     EXPECT_TRUE(m_inserted.isEmpty());
     EXPECT_TRUE(m_removed.isEmpty());
-    EXPECT_EQ(names(), QStringLiteral("ABZ"));
+    EXPECT_EQ(names(), u"ABZ"_s);
 }
 
 TEST_F(MonitorListModelTest, PausingChangesTheRow)
@@ -170,16 +170,16 @@ TEST_F(MonitorListModelTest, RefreshAnnouncesWhatTimeHasChanged)
 {
     m_sample.store.addCheck(downCheck(m_monitors[0], sampleNow()));
     m_sample.store.addCheck(upCheck(m_monitors[0], sampleNow() + 1h));
-    EXPECT_EQ(text(0, MonitorListModel::uptimeTextRole), QStringLiteral("50.0%"));
-    EXPECT_EQ(text(1, MonitorListModel::uptimeTextRole), QStringLiteral("100%"));
+    EXPECT_EQ(text(0, MonitorListModel::uptimeTextRole), u"50.0%"_s);
+    EXPECT_EQ(text(1, MonitorListModel::uptimeTextRole), u"100%"_s);
     m_changed.clear();
 
     m_model.refresh();
     EXPECT_EQ(changedRows(), QString());
     m_sample.now += 24h + 30min;
     m_model.refresh();
-    EXPECT_EQ(changedRows(), QStringLiteral("0"));
-    EXPECT_EQ(text(0, MonitorListModel::uptimeTextRole), QStringLiteral("100%"));
+    EXPECT_EQ(changedRows(), u"0"_s);
+    EXPECT_EQ(text(0, MonitorListModel::uptimeTextRole), u"100%"_s);
 }
 
 } // namespace ostrel::test

@@ -1,5 +1,7 @@
 #include "PresentationSamples.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 using namespace std::chrono_literals;
@@ -14,7 +16,7 @@ Monitor sampleMonitor(const QString &name)
     return {
         .id = QUuid::createUuid(),
         .name = name,
-        .url = QStringLiteral("https://shop.example/cart/"),
+        .url = u"https://shop.example/cart/"_s,
         .createdAt = sampleNow() - 24h,
     };
 }

@@ -10,10 +10,12 @@
 
 namespace ostrel::test {
 
+using namespace Qt::StringLiterals;
+
 /// A Friday, 15:42 UTC.
 [[nodiscard]] Timestamp sampleNow();
 
-[[nodiscard]] Monitor sampleMonitor(const QString &name = QStringLiteral("Shop"));
+[[nodiscard]] Monitor sampleMonitor(const QString &name = u"Shop"_s);
 [[nodiscard]] Check upCheck(const Monitor &monitor, Timestamp timestamp, double responseTime = 245);
 [[nodiscard]] Check downCheck(const Monitor &monitor, Timestamp timestamp,
                               const OptionalText &error = {});

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -31,7 +33,7 @@ protected:
     }
 
     SampleStore m_sample;
-    RecentChecksModel m_model{m_sample.store, QTimeZone("UTC"), QLocale(QStringLiteral("en_US"))};
+    RecentChecksModel m_model{m_sample.store, QTimeZone("UTC"), QLocale(u"en_US"_s)};
     QAbstractItemModelTester m_tester{&m_model,
                                       QAbstractItemModelTester::FailureReportingMode::Fatal};
     QSignalSpy m_inserted{&m_model, &QAbstractItemModel::rowsInserted};
@@ -54,8 +56,8 @@ TEST_F(RecentChecksModelTest, Of25ChecksShowsTheNewest20NewestFirst)
 {
     m_model.setMonitorId(addWithChecks(25).id);
     ASSERT_EQ(m_model.rowCount(), 20);
-    EXPECT_EQ(text(0), QStringLiteral("124 ms"));
-    EXPECT_EQ(text(19), QStringLiteral("105 ms"));
+    EXPECT_EQ(text(0), u"124 ms"_s);
+    EXPECT_EQ(text(19), u"105 ms"_s);
 }
 
 TEST_F(RecentChecksModelTest, NewCheckOfAFullListTakesTheLastRowToTheTop)
@@ -76,10 +78,10 @@ TEST_F(RecentChecksModelTest, NewCheckOfAFullListTakesTheLastRowToTheTop)
     EXPECT_EQ(m_changed[0][1].toModelIndex().row(), 0);
     EXPECT_TRUE(m_inserted.isEmpty());
     EXPECT_TRUE(m_removed.isEmpty());
-    EXPECT_EQ(firstWhenChanged, QStringLiteral("999 ms"));
-    EXPECT_EQ(text(0), QStringLiteral("999 ms"));
-    EXPECT_EQ(text(1), QStringLiteral("124 ms"));
-    EXPECT_EQ(text(19), QStringLiteral("106 ms"));
+    EXPECT_EQ(firstWhenChanged, u"999 ms"_s);
+    EXPECT_EQ(text(0), u"999 ms"_s);
+    EXPECT_EQ(text(1), u"124 ms"_s);
+    EXPECT_EQ(text(19), u"106 ms"_s);
 }
 
 TEST_F(RecentChecksModelTest, ShortListOnlyGrows)
@@ -94,7 +96,7 @@ TEST_F(RecentChecksModelTest, ShortListOnlyGrows)
     EXPECT_EQ(m_inserted[0][2].toInt(), 0);
     EXPECT_TRUE(m_removed.isEmpty());
     EXPECT_TRUE(m_moved.isEmpty());
-    EXPECT_EQ(text(0), QStringLiteral("999 ms"));
+    EXPECT_EQ(text(0), u"999 ms"_s);
 }
 
 TEST_F(RecentChecksModelTest, AnotherFullListReplacesTheRows)
@@ -102,8 +104,8 @@ TEST_F(RecentChecksModelTest, AnotherFullListReplacesTheRows)
     m_model.setMonitorId(addWithChecks(20).id);
     m_model.setMonitorId(addWithChecks(25).id);
     ASSERT_EQ(m_model.rowCount(), 20);
-    EXPECT_EQ(text(0), QStringLiteral("124 ms"));
-    EXPECT_EQ(text(19), QStringLiteral("105 ms"));
+    EXPECT_EQ(text(0), u"124 ms"_s);
+    EXPECT_EQ(text(19), u"105 ms"_s);
 }
 
 TEST_F(RecentChecksModelTest, ChecksOfOtherMonitorsChangeNothing)
@@ -134,20 +136,19 @@ TEST_F(RecentChecksModelTest, RowTellsTimeCodeAndResult)
     m_model.setMonitorId(addWithChecks(1).id);
     EXPECT_TRUE(m_model.index(0).data(RecentChecksModel::isUpRole).toBool());
     EXPECT_EQ(m_model.index(0).data(RecentChecksModel::toneRole).value<Tone>(), Tone::Up);
-    EXPECT_EQ(text(0, RecentChecksModel::timeTextRole), QStringLiteral("3:42 PM"));
-    EXPECT_EQ(text(0, RecentChecksModel::codeTextRole), QStringLiteral("200"));
-    EXPECT_EQ(text(0, RecentChecksModel::spokenTextRole),
-              QStringLiteral("3:42 PM, up, 200, 100 ms"));
+    EXPECT_EQ(text(0, RecentChecksModel::timeTextRole), u"3:42 PM"_s);
+    EXPECT_EQ(text(0, RecentChecksModel::codeTextRole), u"200"_s);
+    EXPECT_EQ(text(0, RecentChecksModel::spokenTextRole), u"3:42 PM, up, 200, 100 ms"_s);
 }
 
 TEST_F(RecentChecksModelTest, DownRowTellsItsErrorOrFailed)
 {
     const Monitor monitor = sampleMonitor();
     m_sample.add(monitor, {downCheck(monitor, sampleNow() - 1min),
-                           downCheck(monitor, sampleNow(), QStringLiteral("HTTP 503"))});
+                           downCheck(monitor, sampleNow(), u"HTTP 503"_s)});
     m_model.setMonitorId(monitor.id);
-    EXPECT_EQ(text(0), QStringLiteral("HTTP 503"));
-    EXPECT_EQ(text(1), QStringLiteral("Failed"));
+    EXPECT_EQ(text(0), u"HTTP 503"_s);
+    EXPECT_EQ(text(1), u"Failed"_s);
     EXPECT_EQ(text(1, RecentChecksModel::codeTextRole), QString());
     EXPECT_EQ(m_model.index(0).data(RecentChecksModel::toneRole).value<Tone>(), Tone::Down);
 }

@@ -11,6 +11,8 @@
 #include <cmath>
 #include <random>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -26,7 +28,7 @@ double widthOf(const QString &text)
 }
 
 ResponseChart chartOf(const std::vector<Check> &checks, QSizeF size = body,
-                      const QLocale &locale = QLocale(QStringLiteral("en_US")))
+                      const QLocale &locale = QLocale(u"en_US"_s))
 {
     return responseChart(responseSeries(checks), size, {widthOf, 6}, QTimeZone("UTC"), locale);
 }
@@ -135,7 +137,7 @@ TEST(ResponseChartTest, ValueLabelsEndEightLeftOfThePlot)
     const auto chart = chartOf(dayOfChecks(96));
     EXPECT_EQ(chart.horizontals, (std::vector{160.0, 160 - 152 / 3.0, 160 - 304 / 3.0, 8.0}));
     const auto &top = chart.labels[3];
-    EXPECT_EQ(top.text, QStringLiteral("300"));
+    EXPECT_EQ(top.text, u"300"_s);
     EXPECT_DOUBLE_EQ(boxOf(top).right(), 24);
     EXPECT_DOUBLE_EQ(boxOf(top).center().y(), 8);
 }
@@ -143,8 +145,7 @@ TEST(ResponseChartTest, ValueLabelsEndEightLeftOfThePlot)
 TEST(ResponseChartTest, TimeLabelsAreCentredUnderTheirLines)
 {
     const auto chart = chartOf(dayOfChecks(96));
-    EXPECT_EQ(textsOf(chart).mid(4).join(QLatin1Char('|')),
-              QStringLiteral("6 PM|Fri 20|6 AM|12 PM"));
+    EXPECT_EQ(textsOf(chart).mid(4).join(QLatin1Char('|')), u"6 PM|Fri 20|6 AM|12 PM"_s);
     ASSERT_EQ(chart.verticals.size(), 4U);
     EXPECT_DOUBLE_EQ(boxOf(chart.labels[5]).center().x(), chart.verticals[1]);
     EXPECT_DOUBLE_EQ(chart.labels[5].position.y(), 176);
@@ -174,7 +175,7 @@ TEST(ResponseChartTest, LabelThatWouldLeaveTheBodyIsLeftOutButItsLineStays)
     const auto last = *parseTimestamp("2026-11-20T14:00:00Z");
     const auto chart = chartOf({upCheck(monitor, last - 4h), upCheck(monitor, last)});
     EXPECT_EQ(chart.verticals.size(), 5U);
-    EXPECT_EQ(textsOf(chart).last(), QStringLiteral("1 PM"));
+    EXPECT_EQ(textsOf(chart).last(), u"1 PM"_s);
 }
 
 TEST(ResponseChartTest, FortyPointsAreMarkedAndFortyOneNot)

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -20,7 +22,7 @@ TEST(ResponseSeriesTest, NoChecksWaitForDataWithoutAValue)
     const auto series = responseSeries({});
     EXPECT_FALSE(series.isPlottable());
     EXPECT_EQ(series.newestText(), QString());
-    EXPECT_EQ(series.spokenText(), QStringLiteral("Response Time: waiting for data"));
+    EXPECT_EQ(series.spokenText(), u"Response Time: waiting for data"_s);
 }
 
 TEST(ResponseSeriesTest, OnlyFailedChecksWaitForDataWithoutAValue)
@@ -35,7 +37,7 @@ TEST(ResponseSeriesTest, OneCheckWaitsForDataWithItsValue)
 {
     const std::vector checks = {upCheck(sampleMonitor(), sampleNow(), 245.2)};
     EXPECT_FALSE(responseSeries(checks).isPlottable());
-    EXPECT_EQ(responseSeries(checks).newestText(), QStringLiteral("245 ms"));
+    EXPECT_EQ(responseSeries(checks).newestText(), u"245 ms"_s);
 }
 
 TEST(ResponseSeriesTest, TwoChecksArePlottedWithBothPoints)
@@ -59,7 +61,7 @@ TEST(ResponseSeriesTest, ChecksOutOfOrderArePlottedInTimeOrder)
                                 upCheck(monitor, sampleNow() - 1min, 2)};
     const auto series = responseSeries(checks);
     EXPECT_TRUE(std::ranges::is_sorted(series.points, {}, &ResponseSeries::Point::responseTime));
-    EXPECT_EQ(series.newestText(), QStringLiteral("3 ms"));
+    EXPECT_EQ(series.newestText(), u"3 ms"_s);
 }
 
 TEST(ResponseSeriesTest, FailedCheckDoesNotInterruptTheLine)
@@ -79,8 +81,8 @@ TEST(ResponseSeriesTest, IsSpokenAsOneSentence)
                                 upCheck(monitor, sampleNow() - 1min, 400),
                                 upCheck(monitor, sampleNow(), 220)};
     EXPECT_EQ(responseSeries(checks).spokenText(),
-              QStringLiteral("Response Time: newest 220 ms, lowest 100 ms, highest 400 ms, "
-                             "average 240 ms"));
+              u"Response Time: newest 220 ms, lowest 100 ms, highest 400 ms, "
+              "average 240 ms"_s);
 }
 
 } // namespace ostrel::test

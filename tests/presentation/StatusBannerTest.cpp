@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -46,10 +48,10 @@ TEST_F(StatusBannerTest, AllUpIsAllSystemsOperational)
 {
     addUp();
     addUp();
-    EXPECT_EQ(banner().headline, QStringLiteral("All Systems Operational"));
-    EXPECT_EQ(banner().symbol, QStringLiteral("checkmark.circle.fill"));
+    EXPECT_EQ(banner().headline, u"All Systems Operational"_s);
+    EXPECT_EQ(banner().symbol, u"checkmark.circle.fill"_s);
     EXPECT_EQ(banner().tone, Tone::Up);
-    EXPECT_EQ(banner().countLine, QStringLiteral("2 of 2 monitors up"));
+    EXPECT_EQ(banner().countLine, u"2 of 2 monitors up"_s);
 }
 
 TEST_F(StatusBannerTest, OneDownAmongManyIsIssuesDetected)
@@ -57,18 +59,18 @@ TEST_F(StatusBannerTest, OneDownAmongManyIsIssuesDetected)
     addUp();
     addDown();
     m_sample.add(sampleMonitor());
-    EXPECT_EQ(banner().headline, QStringLiteral("Issues Detected"));
-    EXPECT_EQ(banner().symbol, QStringLiteral("exclamationmark.triangle.fill"));
+    EXPECT_EQ(banner().headline, u"Issues Detected"_s);
+    EXPECT_EQ(banner().symbol, u"exclamationmark.triangle.fill"_s);
     EXPECT_EQ(banner().tone, Tone::Down);
-    EXPECT_EQ(banner().countLine, QStringLiteral("1 of 3 monitors up"));
+    EXPECT_EQ(banner().countLine, u"1 of 3 monitors up"_s);
 }
 
 TEST_F(StatusBannerTest, OneWithoutACheckIsChecking)
 {
     addUp();
     m_sample.add(sampleMonitor());
-    EXPECT_EQ(banner().headline, QStringLiteral("Checking..."));
-    EXPECT_EQ(banner().symbol, QStringLiteral("circle.dotted.circle"));
+    EXPECT_EQ(banner().headline, u"Checking..."_s);
+    EXPECT_EQ(banner().symbol, u"circle.dotted.circle"_s);
     EXPECT_EQ(banner().tone, Tone::Muted);
 }
 
@@ -77,30 +79,30 @@ TEST_F(StatusBannerTest, PausedMonitorCountsOnlyInTheTotal)
     addUp();
     addUp();
     pause(addUp());
-    EXPECT_EQ(banner().headline, QStringLiteral("All Systems Operational"));
-    EXPECT_EQ(banner().countLine, QStringLiteral("2 of 3 monitors up"));
+    EXPECT_EQ(banner().headline, u"All Systems Operational"_s);
+    EXPECT_EQ(banner().countLine, u"2 of 3 monitors up"_s);
 }
 
 TEST_F(StatusBannerTest, AllPausedIsChecking)
 {
     pause(addUp());
     pause(addUp());
-    EXPECT_EQ(banner().headline, QStringLiteral("Checking..."));
-    EXPECT_EQ(banner().symbol, QStringLiteral("circle.dotted.circle"));
-    EXPECT_EQ(banner().countLine, QStringLiteral("0 of 2 monitors up"));
+    EXPECT_EQ(banner().headline, u"Checking..."_s);
+    EXPECT_EQ(banner().symbol, u"circle.dotted.circle"_s);
+    EXPECT_EQ(banner().countLine, u"0 of 2 monitors up"_s);
 }
 
 TEST_F(StatusBannerTest, PausedMonitorThatWasDownIsNoIssue)
 {
     addUp();
     pause(addDown());
-    EXPECT_EQ(banner().headline, QStringLiteral("All Systems Operational"));
+    EXPECT_EQ(banner().headline, u"All Systems Operational"_s);
 }
 
 TEST_F(StatusBannerTest, NoMonitorsArePending)
 {
-    EXPECT_EQ(banner().headline, QStringLiteral("Checking..."));
-    EXPECT_EQ(banner().countLine, QStringLiteral("0 of 0 monitors up"));
+    EXPECT_EQ(banner().headline, u"Checking..."_s);
+    EXPECT_EQ(banner().countLine, u"0 of 0 monitors up"_s);
 }
 
 } // namespace ostrel::test

@@ -4,19 +4,21 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 TEST(StatusLabelTest, ThePillsWordsAreCapitals)
 {
-    EXPECT_EQ(pillWord(MonitorStatus::up), QStringLiteral("UP"));
-    EXPECT_EQ(pillWord(MonitorStatus::down), QStringLiteral("DOWN"));
-    EXPECT_EQ(pillWord(MonitorStatus::paused), QStringLiteral("PAUSED"));
-    EXPECT_EQ(pillWord(MonitorStatus::pending), QStringLiteral("PENDING"));
+    EXPECT_EQ(pillWord(MonitorStatus::up), u"UP"_s);
+    EXPECT_EQ(pillWord(MonitorStatus::down), u"DOWN"_s);
+    EXPECT_EQ(pillWord(MonitorStatus::paused), u"PAUSED"_s);
+    EXPECT_EQ(pillWord(MonitorStatus::pending), u"PENDING"_s);
 }
 
 TEST(StatusLabelTest, PausedHasTheMoon)
 {
-    EXPECT_EQ(statusSymbol(MonitorStatus::paused), QStringLiteral("moon.circle.fill"));
+    EXPECT_EQ(statusSymbol(MonitorStatus::paused), u"moon.circle.fill"_s);
 }
 
 } // namespace ostrel::test

@@ -12,6 +12,8 @@
 
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -23,15 +25,14 @@ class UnknownTimeZoneTest : public testing::TestWithParam<const char *>
 {
 protected:
     const ScopedTimeZone zone{GetParam()};
-    const QLocale british{QStringLiteral("en_GB")};
+    const QLocale british{u"en_GB"_s};
 };
 
 } // namespace
 
 TEST_P(UnknownTimeZoneTest, TheClockIsTheComputers)
 {
-    EXPECT_EQ(clockTimeText(sampleNow(), QTimeZone::systemTimeZone(), british),
-              QStringLiteral("16:42"));
+    EXPECT_EQ(clockTimeText(sampleNow(), QTimeZone::systemTimeZone(), british), u"16:42"_s);
 }
 
 TEST_P(UnknownTimeZoneTest, TheChartHasItsMarksAtFullHoursOfTheComputersClock)
@@ -40,8 +41,7 @@ TEST_P(UnknownTimeZoneTest, TheChartHasItsMarksAtFullHoursOfTheComputersClock)
     for (const TimeTick &tick :
          timeTicks(sampleNow() - 19h, sampleNow(), QTimeZone::systemTimeZone(), british))
         labels += tick.label;
-    EXPECT_EQ(labels.join(QStringLiteral(" | ")),
-              QStringLiteral("Fri 20 | 03:00 | 06:00 | 09:00 | 12:00 | 15:00"));
+    EXPECT_EQ(labels.join(u" | "_s), u"Fri 20 | 03:00 | 06:00 | 09:00 | 12:00 | 15:00"_s);
 }
 
 TEST_P(UnknownTimeZoneTest, DaysAndMonthsAreCounted)
@@ -50,8 +50,8 @@ TEST_P(UnknownTimeZoneTest, DaysAndMonthsAreCounted)
         return relativeDateText(sampleNow() - time, sampleNow(), british,
                                 QTimeZone::systemTimeZone());
     };
-    EXPECT_EQ(ago(49h), QStringLiteral("2 days ago"));
-    EXPECT_EQ(ago(70 * 24h), QStringLiteral("2 months ago"));
+    EXPECT_EQ(ago(49h), u"2 days ago"_s);
+    EXPECT_EQ(ago(70 * 24h), u"2 months ago"_s);
 }
 
 TEST_P(UnknownTimeZoneTest, ACertificatesDaysAreCounted)
@@ -61,7 +61,7 @@ TEST_P(UnknownTimeZoneTest, ACertificatesDaysAreCounted)
     check.sslExpiresAt = sampleNow() + 12 * 24h;
     const auto badges = detailBadges(monitor, check, sampleNow());
     ASSERT_EQ(badges.size(), 1);
-    EXPECT_EQ(badges[0].text, QStringLiteral("SSL: 12d left"));
+    EXPECT_EQ(badges[0].text, u"SSL: 12d left"_s);
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, UnknownTimeZoneTest,

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -47,8 +49,8 @@ TEST(UptimeTimelineTest, NoChecksAreNoData)
     const auto timeline = timelineOf({});
     EXPECT_TRUE(timeline.isEmpty());
     EXPECT_EQ(timeline.percentageText, QString());
-    EXPECT_EQ(timeline.ageText, QStringLiteral("No data"));
-    EXPECT_EQ(timeline.spokenText, QStringLiteral("Uptime: No data"));
+    EXPECT_EQ(timeline.ageText, u"No data"_s);
+    EXPECT_EQ(timeline.spokenText, u"Uptime: No data"_s);
 }
 
 TEST(UptimeTimelineTest, OneUpCheckTenMinutesAgo)
@@ -56,9 +58,9 @@ TEST(UptimeTimelineTest, OneUpCheckTenMinutesAgo)
     const Monitor monitor = sampleMonitor();
     const auto timeline = timelineOf({upCheck(monitor, sampleNow() - 10min)});
     EXPECT_EQ(timeline.bars, std::vector{true});
-    EXPECT_EQ(timeline.percentageText, QStringLiteral("100.00%"));
+    EXPECT_EQ(timeline.percentageText, u"100.00%"_s);
     EXPECT_EQ(timeline.percentageTone, Tone::Up);
-    EXPECT_EQ(timeline.ageText, QStringLiteral("< 1 hour ago"));
+    EXPECT_EQ(timeline.ageText, u"< 1 hour ago"_s);
 }
 
 TEST(UptimeTimelineTest, NinetyChecksAreNinetyBars)
@@ -72,7 +74,7 @@ TEST(UptimeTimelineTest, NinetyOneChecksLeaveOutTheNewest)
 {
     const auto timeline = timelineOf(history(91, {90}));
     EXPECT_EQ(timeline.bars, std::vector<bool>(90, true));
-    EXPECT_EQ(timeline.percentageText, QStringLiteral("98.90%"));
+    EXPECT_EQ(timeline.percentageText, u"98.90%"_s);
 }
 
 TEST(UptimeTimelineTest, SamplesAreSingleChecks)
@@ -91,7 +93,7 @@ TEST(UptimeTimelineTest, DownCheckBetweenSamplesLeavesNoBar)
     const auto timeline = timelineOf(history(270, {1, 2, 6}));
     EXPECT_EQ(std::ranges::count(timeline.bars, false), 1);
     EXPECT_FALSE(timeline.bars[2]);
-    EXPECT_EQ(timeline.percentageText, QStringLiteral("98.89%"));
+    EXPECT_EQ(timeline.percentageText, u"98.89%"_s);
 }
 
 TEST(UptimeTimelineTest, ChecksAreSortedByTime)
@@ -103,7 +105,7 @@ TEST(UptimeTimelineTest, ChecksAreSortedByTime)
 
 TEST(UptimeTimelineTest, PercentageIsTonedByItsThresholds)
 {
-    EXPECT_EQ(timelineOf(history(100, {5})).percentageText, QStringLiteral("99.00%"));
+    EXPECT_EQ(timelineOf(history(100, {5})).percentageText, u"99.00%"_s);
     EXPECT_EQ(timelineOf(history(100, {5})).percentageTone, Tone::Up);
     EXPECT_EQ(timelineOf(history(100, {1, 2, 3, 4, 5})).percentageTone, Tone::Warning);
     EXPECT_EQ(timelineOf(history(100, {1, 2, 3, 4, 5, 6})).percentageTone, Tone::Down);
@@ -112,7 +114,7 @@ TEST(UptimeTimelineTest, PercentageIsTonedByItsThresholds)
 TEST(UptimeTimelineTest, IsSpokenAsOneSentence)
 {
     EXPECT_EQ(timelineOf(history(200, {7})).spokenText,
-              QStringLiteral("Uptime 99.50%, checks: 200, failed: 1, oldest: 3h ago"));
+              u"Uptime 99.50%, checks: 200, failed: 1, oldest: 3h ago"_s);
 }
 
 TEST_P(AgeTextTest, IsInWholeHoursOrDays)

@@ -18,6 +18,8 @@
 #include <unistd.h>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 namespace {
 
@@ -70,9 +72,7 @@ protected:
     /// How many files this process has open.
     static qsizetype openCount()
     {
-        return QDir(QStringLiteral("/proc/self/fd"))
-            .entryList(QDir::AllEntries | QDir::System)
-            .size();
+        return QDir(u"/proc/self/fd"_s).entryList(QDir::AllEntries | QDir::System).size();
     }
 
     QTemporaryDir m_folder;
@@ -104,7 +104,7 @@ TEST_F(AtomicFileTest, IsWhatWasFilledIn)
     const AtomicFile file(pathOf("file"));
     EXPECT_TRUE(file.write(with("abc"), Flush::beforeReplacing));
     EXPECT_EQ(file.read(), QByteArrayLiteral("abc"));
-    EXPECT_EQ(names(), QStringList{QStringLiteral("file")});
+    EXPECT_EQ(names(), QStringList{u"file"_s});
 }
 
 TEST_F(AtomicFileTest, WhatCouldNotBeGotTogetherReplacesNothing)
@@ -119,7 +119,7 @@ TEST_F(AtomicFileTest, WhatCouldNotBeGotTogetherReplacesNothing)
     EXPECT_FALSE(file.write(half, Flush::none, &snapshot));
     EXPECT_FALSE(file.writeKeepingOld(half, Flush::none, "old", &snapshot));
     EXPECT_EQ(contentOf("file"), QByteArrayLiteral("old"));
-    EXPECT_EQ(names(), QStringList{QStringLiteral("file")});
+    EXPECT_EQ(names(), QStringList{u"file"_s});
     EXPECT_FALSE(snapshot.isIntact());
 }
 
@@ -161,9 +161,9 @@ TEST_F(AtomicFileTest, IsItsUsersAlone)
 
 TEST_F(AtomicFileTest, LinkIsFollowedAndStays)
 {
-    ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("elsewhere")));
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir(u"elsewhere"_s));
     fill("elsewhere/real", "old");
-    ASSERT_TRUE(QFile::link(QStringLiteral("elsewhere/real"), pathOf("link")));
+    ASSERT_TRUE(QFile::link(u"elsewhere/real"_s, pathOf("link")));
     ASSERT_TRUE(QFile::link(pathOf("link"), pathOf("file")));
     EXPECT_TRUE(write(AtomicFile(pathOf("file")), "new"));
     EXPECT_TRUE(QFileInfo(pathOf("file")).isSymLink());
@@ -173,7 +173,7 @@ TEST_F(AtomicFileTest, LinkIsFollowedAndStays)
 
 TEST_F(AtomicFileTest, TargetOfADanglingLinkIsCreated)
 {
-    ASSERT_TRUE(QFile::link(QStringLiteral("real"), pathOf("file")));
+    ASSERT_TRUE(QFile::link(u"real"_s, pathOf("file")));
     EXPECT_TRUE(write(AtomicFile(pathOf("file")), "new"));
     EXPECT_EQ(contentOf("real"), QByteArrayLiteral("new"));
 }
@@ -223,12 +223,12 @@ TEST_F(AtomicFileTest, WithoutAFreeTemporaryNameAllStaysAsItWas)
 {
     fill("file", "old");
     const QDir folder(m_folder.path());
-    ASSERT_TRUE(folder.mkdir(QStringLiteral("file.tmp")));
+    ASSERT_TRUE(folder.mkdir(u"file.tmp"_s));
     for (int number = 2; number <= 15; ++number)
-        ASSERT_TRUE(folder.mkdir(QStringLiteral("file.tmp-%1").arg(number)));
+        ASSERT_TRUE(folder.mkdir(u"file.tmp-%1"_s.arg(number)));
     const AtomicFile file(pathOf("file"));
     EXPECT_TRUE(write(file, "new"));
-    ASSERT_TRUE(folder.mkdir(QStringLiteral("file.tmp-16")));
+    ASSERT_TRUE(folder.mkdir(u"file.tmp-16"_s));
     EXPECT_FALSE(write(file, "newer"));
     EXPECT_EQ(errno, EEXIST);
     EXPECT_EQ(contentOf("file"), QByteArrayLiteral("new"));
@@ -241,13 +241,13 @@ TEST_F(AtomicFileTest, LeftoversGoUnderEveryTemporaryName)
                              "file.tmp-x", "other.tmp"})
         fill(name, "half");
     AtomicFile(pathOf("file")).removeLeftovers();
-    EXPECT_EQ(names().join(u' '), QStringLiteral("file file.tmp-17 file.tmp-x other.tmp"));
+    EXPECT_EQ(names().join(u' '), u"file file.tmp-17 file.tmp-x other.tmp"_s);
 }
 
 TEST_F(AtomicFileTest, FailureTellsWhy)
 {
     fill("ordinary", "x");
-    ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("folder")));
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir(u"folder"_s));
     const std::pair<const char *, int> cases[] = {
         {"missing/file", ENOENT}, {"ordinary/file", ENOTDIR}, {"folder", EISDIR}};
     for (const auto &[name, reason] : cases) {
@@ -266,7 +266,7 @@ TEST_F(AtomicFileTest, WhatTheDiskDoesNotTakeReplacesNothing)
     EXPECT_FALSE(file.write(with("new"), Flush::beforeReplacing));
     EXPECT_EQ(errno, EIO);
     EXPECT_EQ(contentOf("file"), QByteArrayLiteral("old"));
-    EXPECT_EQ(names(), QStringList{QStringLiteral("file")});
+    EXPECT_EQ(names(), QStringList{u"file"_s});
     EXPECT_TRUE(file.write(with("new"), Flush::none)) << "for which nobody waits";
 }
 
@@ -275,7 +275,7 @@ TEST_F(AtomicFileTest, FlushIsOfTheContentAndOfItsName)
     fill("file", "x");
     std::vector<QByteArray> flushed;
     const auto sync = [&](const FileDescriptor &file) {
-        const QString link = QStringLiteral("/proc/self/fd/%1").arg(file.number());
+        const QString link = u"/proc/self/fd/%1"_s.arg(file.number());
         flushed.push_back(QFile::symLinkTarget(link).toUtf8());
         return true;
     };
@@ -287,7 +287,7 @@ TEST_F(AtomicFileTest, FlushIsOfTheContentAndOfItsName)
 
 TEST_F(AtomicFileTest, IsThereUnlessItIsKnownNotToBe)
 {
-    ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("closed")));
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir(u"closed"_s));
     fill("closed/file", "x");
     EXPECT_FALSE(AtomicFile(pathOf("closed/missing")).exists());
     EXPECT_TRUE(AtomicFile(pathOf("closed/file/inside")).exists());
@@ -301,11 +301,11 @@ TEST_F(AtomicFileTest, IsThereUnlessItIsKnownNotToBe)
 
 TEST_F(AtomicFileTest, FailureLeavesEverythingAsItWas)
 {
-    ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("file")));
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir(u"file"_s));
     fill("file/inside", "x");
     EXPECT_FALSE(write(AtomicFile(pathOf("file")), "new"));
     EXPECT_FALSE(write(AtomicFile(pathOf("no/such/folder")), "new"));
-    EXPECT_EQ(names(), QStringList{QStringLiteral("file")});
+    EXPECT_EQ(names(), QStringList{u"file"_s});
     EXPECT_EQ(contentOf("file/inside"), QByteArrayLiteral("x"));
 }
 
@@ -331,7 +331,7 @@ TEST_F(AtomicFileTest, FullDiskLeavesTheOldContent)
     EXPECT_FALSE(writtenKeeping);
     EXPECT_EQ(reason, EFBIG);
     EXPECT_EQ(contentOf("file"), QByteArrayLiteral("old"));
-    EXPECT_EQ(names(), QStringList{QStringLiteral("file")});
+    EXPECT_EQ(names(), QStringList{u"file"_s});
 }
 
 TEST_F(AtomicFileTest, KeepsOldContentUnderAFreeName)
@@ -351,12 +351,12 @@ TEST_F(AtomicFileTest, KeepsOldContentUnderAFreeName)
 TEST_F(AtomicFileTest, KeepsNothingWhereThereIsNothing)
 {
     EXPECT_TRUE(writeKeepingOld(AtomicFile(pathOf("file")), "new"));
-    EXPECT_EQ(names(), QStringList{QStringLiteral("file")});
+    EXPECT_EQ(names(), QStringList{u"file"_s});
 }
 
 TEST_F(AtomicFileTest, ReadsNoFolderPipeOrMissingFile)
 {
-    ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("folder")));
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir(u"folder"_s));
     ASSERT_EQ(::mkfifo(QFile::encodeName(pathOf("pipe")).constData(), 0600), 0);
     for (const char *name : {"folder", "pipe", "missing"})
         EXPECT_FALSE(AtomicFile(pathOf(name)).read()) << name;

@@ -5,10 +5,12 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 namespace {
 
-const QUuid monitorId(QStringLiteral("{fedcba98-7654-3210-fedc-ba9876543210}"));
+const QUuid monitorId(u"{fedcba98-7654-3210-fedc-ba9876543210}"_s);
 const std::string opening = "\"FEDCBA98-7654-3210-FEDC-BA9876543210\",[";
 
 Check numberedCheck(int number)

@@ -6,6 +6,8 @@
 #include <string>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 // Records checks into the folder that it is given, until it is killed. Prints a line for what has
 // been saved: the ids of a monitor and its check, or an edit's number.
 
@@ -31,7 +33,7 @@ void addMonitors(MonitorStore &store)
     for (int i = 0; i < 3; ++i) {
         Monitor monitor;
         monitor.id = QUuid::createUuid();
-        monitor.name = QStringLiteral("0");
+        monitor.name = u"0"_s;
         store.addMonitor(monitor);
     }
 }

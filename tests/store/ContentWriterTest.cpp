@@ -9,6 +9,8 @@
 #include <string>
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 namespace {
 
@@ -44,7 +46,7 @@ protected:
     }
     [[nodiscard]] std::string written() const
     {
-        QFile file(m_folder.filePath(QStringLiteral("file")));
+        QFile file(m_folder.filePath(u"file"_s));
         return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "(none)";
     }
 

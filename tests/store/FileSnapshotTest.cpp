@@ -10,6 +10,8 @@
 #include <string>
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 namespace {
 
@@ -24,7 +26,7 @@ protected:
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(text);
     }
-    [[nodiscard]] QString path() const { return m_folder.filePath(QStringLiteral("file")); }
+    [[nodiscard]] QString path() const { return m_folder.filePath(u"file"_s); }
     [[nodiscard]] FileDescriptor open() const
     {
         return FileDescriptor(::open(QFile::encodeName(path()).constData(), O_RDONLY | O_CLOEXEC));

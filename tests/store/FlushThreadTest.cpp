@@ -10,6 +10,8 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 namespace {
 
@@ -102,7 +104,7 @@ TEST_F(FlushThreadTest, FinishesAllThatWasPosted)
     });
     thread.finish(forEver);
     for (const char *name : {"a", "b", "missing"})
-        thread.flushLater(name[0] == 'm' ? AtomicFile(m_folder.filePath(QStringLiteral("missing")))
+        thread.flushLater(name[0] == 'm' ? AtomicFile(m_folder.filePath(u"missing"_s))
                                          : fileOf(name));
     thread.finish(forEver);
     EXPECT_EQ(count, 4) << "two files, and each one's folder";

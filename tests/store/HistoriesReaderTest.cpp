@@ -11,6 +11,8 @@
 #include <random>
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 namespace {
 
@@ -76,7 +78,7 @@ protected:
     }
     [[nodiscard]] FileSnapshot written(const std::string &text) const
     {
-        const AtomicFile file(m_folder.filePath(QStringLiteral("checks.json")));
+        const AtomicFile file(m_folder.filePath(u"checks.json"_s));
         FileSnapshot content;
         const auto fill = [&](ContentWriter &writer) {
             writer.append(text);
@@ -92,7 +94,7 @@ protected:
     /// By this process from files, so far.
     static quint64 bytesRead()
     {
-        QFile file(QStringLiteral("/proc/self/io"));
+        QFile file(u"/proc/self/io"_s);
         EXPECT_TRUE(file.open(QIODevice::ReadOnly));
         const QByteArray first = file.readLine();
         EXPECT_TRUE(first.startsWith("rchar: ")) << first.constData();
@@ -127,11 +129,11 @@ protected:
 
 private:
     static inline const QString m_errors[] = {
-        QStringLiteral("Could not connect to [::1]"),
-        QStringLiteral("}],\"01234567-89AB-CDEF-0123-456789ABCDEF\",[{\"id\":"),
-        QStringLiteral(u"caf\u00e9 \U0001F426 ]}],"),
-        QStringLiteral("\\"),
-        QStringLiteral("}],"),
+        u"Could not connect to [::1]"_s,
+        u"}],\"01234567-89AB-CDEF-0123-456789ABCDEF\",[{\"id\":"_s,
+        u"caf\u00e9 \U0001F426 ]}],"_s,
+        u"\\"_s,
+        u"}],"_s,
     };
 
     QTemporaryDir m_folder;
@@ -184,7 +186,7 @@ TEST_F(HistoriesReaderTest, APartMayEndAnywhereBehindAHistory)
 
 TEST_F(HistoriesReaderTest, AFileOfASizeThatNobodyWritesIsUnreadable)
 {
-    QFile file(folder().filePath(QStringLiteral("checks.json")));
+    QFile file(folder().filePath(u"checks.json"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     for (const qint64 size : {qint64(maxStoredFileSize) + 1, qint64(1) << 40}) {
         ASSERT_TRUE(file.resize(size));

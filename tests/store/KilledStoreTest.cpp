@@ -19,6 +19,8 @@
 #include <span>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 namespace {
 
@@ -72,12 +74,12 @@ protected:
         for (int i = 0; i < monitorCount; ++i) {
             Monitor monitor;
             monitor.id = QUuid::createUuid();
-            monitor.name = QStringLiteral("0");
+            monitor.name = u"0"_s;
             MonitorStore(m_folder.path()).addMonitor(monitor);
             json += i == 0 ? "[" : ",";
             appendHistory(json, monitor.id);
         }
-        QFile file(m_folder.path() + QStringLiteral("/checks.json"));
+        QFile file(m_folder.path() + u"/checks.json"_s);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write((json + "]").c_str());
     }
@@ -113,7 +115,7 @@ protected:
     {
         QProcess recorder;
         recorder.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        recorder.start(QStringLiteral(CHECK_RECORDER), {m_folder.path()});
+        recorder.start(u"" CHECK_RECORDER ""_s, {m_folder.path()});
         ASSERT_TRUE(recorder.waitForReadyRead());
         const auto end = std::chrono::steady_clock::now() + life;
         while (std::chrono::steady_clock::now() < end)

@@ -16,6 +16,8 @@
 #include <functional>
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 namespace {
 
@@ -33,7 +35,7 @@ protected:
         m_store.reset();
         m_store = std::make_unique<MonitorStore>(folder(), access, [this] { return m_now; });
     }
-    [[nodiscard]] QString folder() const { return m_root.filePath(QStringLiteral("parent/store")); }
+    [[nodiscard]] QString folder() const { return m_root.filePath(u"parent/store"_s); }
     [[nodiscard]] QString pathOf(const char *name) const
     {
         return folder() + QLatin1Char('/') + QString::fromUtf8(name);
@@ -74,7 +76,7 @@ protected:
     {
         Monitor monitor;
         monitor.id = QUuid::createUuid();
-        monitor.url = QStringLiteral("https://a.example");
+        monitor.url = u"https://a.example"_s;
         monitor.isEnabled = isEnabled;
         m_store->addMonitor(monitor);
         return monitor;
@@ -298,7 +300,7 @@ TEST_F(MonitorStoreTest, EditKeepsPositionAndHistory)
     Monitor first = add();
     const Monitor second = add();
     const Check check = record(first.id);
-    first.name = QStringLiteral("renamed");
+    first.name = u"renamed"_s;
     m_store->updateMonitor(first);
     EXPECT_EQ(m_store->monitors(), (QList<Monitor>{first, second}));
     EXPECT_EQ(m_store->latestCheck(first), check);
@@ -486,28 +488,26 @@ TEST_F(MonitorStoreTest, SignalsComeAfterTheSaveAndSeparately)
 {
     QStringList events;
     QObject::connect(m_store.get(), &MonitorStore::monitorsChanged, [&] {
-        events +=
-            QStringLiteral("monitors %1")
-                .arg(decodeMonitors(contentOf("monitors.json")).value_or(QList<Monitor>()).size());
+        events += u"monitors %1"_s.arg(
+            decodeMonitors(contentOf("monitors.json")).value_or(QList<Monitor>()).size());
     });
     QObject::connect(m_store.get(), &MonitorStore::checksChanged, [&](const QUuid &id) {
-        events += QStringLiteral("checks %1")
-                      .arg(contentOf("checks.json").count(QByteArrayLiteral("timestamp")));
+        events +=
+            u"checks %1"_s.arg(contentOf("checks.json").count(QByteArrayLiteral("timestamp")));
         EXPECT_FALSE(id.isNull());
     });
     const Monitor monitor = add();
     record(monitor.id);
     m_store->updateMonitor(monitor);
     m_store->deleteMonitor(monitor.id);
-    EXPECT_EQ(events.join(u", "),
-              QStringLiteral("monitors 1, checks 1, monitors 1, monitors 0, checks 0"));
+    EXPECT_EQ(events.join(u", "), u"monitors 1, checks 1, monitors 1, monitors 0, checks 0"_s);
 }
 
 TEST_F(MonitorStoreTest, FolderAndFilesAreTheirUsersAlone)
 {
     record(add().id);
     EXPECT_EQ(modeOf(folder()), 0700U);
-    EXPECT_EQ(modeOf(m_root.filePath(QStringLiteral("parent"))), 0700U);
+    EXPECT_EQ(modeOf(m_root.filePath(u"parent"_s)), 0700U);
     EXPECT_EQ(modeOf(pathOf("monitors.json")), 0600U);
     EXPECT_EQ(modeOf(pathOf("checks.json")), 0600U);
 }
@@ -515,7 +515,7 @@ TEST_F(MonitorStoreTest, FolderAndFilesAreTheirUsersAlone)
 TEST_F(MonitorStoreTest, StandardFolderIsTheUsers)
 {
     qputenv("XDG_DATA_HOME", QFile::encodeName(m_root.path()));
-    EXPECT_EQ(MonitorStore::defaultStorageDir(), m_root.filePath(QStringLiteral("Vantry")));
+    EXPECT_EQ(MonitorStore::defaultStorageDir(), m_root.filePath(u"Vantry"_s));
 }
 
 TEST_F(MonitorStoreTest, LeftoversOfACrashAreRemoved)
@@ -538,7 +538,7 @@ TEST_F(MonitorStoreTest, ReadOnlyLeavesTheFolderAsItIs)
     record(monitor.id);
     EXPECT_EQ(names(), before);
     EXPECT_EQ(contentOf("checks.json"), QByteArrayLiteral("["));
-    const QString missing = m_root.filePath(QStringLiteral("missing"));
+    const QString missing = m_root.filePath(u"missing"_s);
     const MonitorStore store(missing, MonitorStore::Access::readOnly);
     EXPECT_FALSE(QDir(missing).exists());
 }

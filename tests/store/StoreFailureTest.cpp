@@ -17,6 +17,8 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 // What a store does while its folder can't be written: it goes on from memory, says so, and saves
 // as soon as it can.
 
@@ -81,7 +83,7 @@ protected:
     /// That tries again all the time.
     void openImpatiently() { open({.retryInterval = 1ms}); }
 
-    [[nodiscard]] QString folder() const { return m_root.filePath(QStringLiteral("parent/store")); }
+    [[nodiscard]] QString folder() const { return m_root.filePath(u"parent/store"_s); }
     [[nodiscard]] QString pathOf(const char *name) const
     {
         return folder() + QLatin1Char('/') + QString::fromUtf8(name);
@@ -106,7 +108,7 @@ protected:
     void removeFolder() const { ASSERT_TRUE(QDir(folder()).removeRecursively()); }
     void putAFileInItsPlace() const
     {
-        ASSERT_TRUE(QDir().mkpath(m_root.filePath(QStringLiteral("parent"))));
+        ASSERT_TRUE(QDir().mkpath(m_root.filePath(u"parent"_s)));
         fill(folder(), "in the way");
     }
     void removeTheFileInItsPlace() const { ASSERT_TRUE(QFile::remove(folder())); }
@@ -167,7 +169,7 @@ TEST_F(StoreFailureTest, AFolderThatIsGoneIsMadeAgainWithBothFiles)
         removeFolder();
         record(monitor);
         expectAllIsStored();
-        EXPECT_EQ(names(), QStringLiteral("checks.json monitors.json"));
+        EXPECT_EQ(names(), u"checks.json monitors.json"_s);
         struct stat status
         {
         };
@@ -191,7 +193,7 @@ TEST_F(StoreFailureTest, AFolderThatSomebodyMadeAnewGetsBothFiles)
     open();
     const Monitor monitor = add();
     record(monitor);
-    ASSERT_TRUE(QDir().rename(folder(), folder() + QStringLiteral("-away")));
+    ASSERT_TRUE(QDir().rename(folder(), folder() + u"-away"_s));
     ASSERT_TRUE(QDir().mkdir(folder()));
     record(monitor);
     expectAllIsStored();
@@ -216,7 +218,7 @@ TEST_F(StoreFailureTest, AFileThatNeverWasDoesNotCome)
     const Monitor monitor = add();
     removeFolder();
     m_store->updateMonitor(monitor);
-    EXPECT_EQ(names(), QStringLiteral("monitors.json"));
+    EXPECT_EQ(names(), u"monitors.json"_s);
 }
 
 TEST_F(StoreFailureTest, WithAFileInItsPlaceItRunsFromMemoryAndSavesOnceItCan)
@@ -235,7 +237,7 @@ TEST_F(StoreFailureTest, WithAFileInItsPlaceItRunsFromMemoryAndSavesOnceItCan)
     EXPECT_TRUE(waitFor([this] { return m_store->canSave(); }));
     EXPECT_EQ(m_changes, 1);
     expectAllIsStored();
-    EXPECT_EQ(names(), QStringLiteral("checks.json monitors.json"));
+    EXPECT_EQ(names(), u"checks.json monitors.json"_s);
 }
 
 TEST_F(StoreFailureTest, AnotherTryComesOnceAMinute)
@@ -290,8 +292,8 @@ TEST_F(StoreFailureTest, WhatAFolderHoldsThatCouldNotBeReadAtTheStartIsKept)
 
 TEST_F(StoreFailureTest, WhatComesIntoAFolderThatWasNotThereAtTheStartIsKept)
 {
-    const QString disk = m_root.filePath(QStringLiteral("disk"));
-    ASSERT_TRUE(QDir().mkpath(m_root.filePath(QStringLiteral("parent"))));
+    const QString disk = m_root.filePath(u"disk"_s);
+    ASSERT_TRUE(QDir().mkpath(m_root.filePath(u"parent"_s)));
     ASSERT_TRUE(QFile::link(disk, folder()));
     open();
     add("new");
@@ -322,7 +324,7 @@ TEST_F(StoreFailureTest, AMonitorAddedOnAFullDiskIsSavedWithTheNextCheck)
         EXPECT_EQ(m_changes, 1);
         EXPECT_EQ(contentOf("monitors.json"), monitors);
         EXPECT_EQ(contentOf("checks.json"), checks);
-        EXPECT_EQ(names(), QStringLiteral("checks.json monitors.json"));
+        EXPECT_EQ(names(), u"checks.json monitors.json"_s);
     }
     record(first);
     EXPECT_EQ(m_changes, 2);
@@ -360,7 +362,7 @@ TEST_F(StoreFailureTest, HistoryOfAFullDiskIsWholeWhereverTheWriteEnds)
         const FullDisk disk(size);
         record(monitor);
         ASSERT_EQ(contentOf("checks.json"), before) << size;
-        ASSERT_EQ(names(), QStringLiteral("checks.json monitors.json")) << size;
+        ASSERT_EQ(names(), u"checks.json monitors.json"_s) << size;
     }
     record(monitor);
     expectAllIsStored();
@@ -387,7 +389,7 @@ TEST_F(StoreFailureTest, OnARealFullDiskNothingIsLost)
     EXPECT_EQ(m_store->saveFailure(), qt_error_string(ENOSPC));
     EXPECT_EQ(storedMonitors(), QList<Monitor>{first});
     EXPECT_EQ(storedCheckCount(), 1U);
-    EXPECT_EQ(names(), QStringLiteral("checks.json monitors.json rest"));
+    EXPECT_EQ(names(), u"checks.json monitors.json rest"_s);
 
     ASSERT_TRUE(QFile::remove(pathOf("rest")));
     record(first);
@@ -482,8 +484,8 @@ TEST_F(StoreFailureTest, WhatTheOtherOwnerHasWrittenIsKept)
     record(first);
     expectAllIsStored();
     EXPECT_EQ(contentOf("monitors.json.replaced-20261120T191500Z"), othersMonitors);
-    EXPECT_EQ(names(), QStringLiteral("checks.json monitors.json "
-                                      "monitors.json.replaced-20261120T191500Z"))
+    EXPECT_EQ(names(), u"checks.json monitors.json "
+                       "monitors.json.replaced-20261120T191500Z"_s)
         << "what the other hasn't touched isn't kept";
 }
 
@@ -492,7 +494,7 @@ TEST_F(StoreFailureTest, WhatAnotherWroteWhileTheFolderWasAwayIsKept)
     open();
     const Monitor first = add("first");
     record(first);
-    const QString away = folder() + QStringLiteral("-away");
+    const QString away = folder() + u"-away"_s;
     ASSERT_TRUE(QDir().rename(folder(), away));
     putAFileInItsPlace();
     add("second");
@@ -512,8 +514,7 @@ TEST_F(StoreFailureTest, WithTheTemporaryNamesTakenBothAreSaved)
     open();
     record(add());
     expectAllIsStored();
-    EXPECT_EQ(names(),
-              QStringLiteral("checks.json checks.json.tmp monitors.json monitors.json.tmp"));
+    EXPECT_EQ(names(), u"checks.json checks.json.tmp monitors.json monitors.json.tmp"_s);
 }
 
 } // namespace

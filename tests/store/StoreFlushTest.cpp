@@ -12,6 +12,8 @@
 #include <memory>
 #include <mutex>
 
+using namespace Qt::StringLiterals;
+
 // When a store has the disk take what it has saved.
 
 namespace ostrel {
@@ -54,7 +56,7 @@ private:
     {
         bool take(const FileDescriptor &file)
         {
-            const QString link = QStringLiteral("/proc/self/fd/%1").arg(file.number());
+            const QString link = u"/proc/self/fd/%1"_s.arg(file.number());
             std::unique_lock lock(mutex);
             changed.wait_for(lock, 30s, [this] { return !hangs; });
             taken += QFileInfo(QFile::symLinkTarget(link)).fileName();
@@ -91,7 +93,7 @@ protected:
             folder(), StoredRecords(),
             MonitorStore::Options{.sync = m_disk.sync(), .flushInterval = flushInterval});
     }
-    [[nodiscard]] QString folder() const { return m_root.filePath(QStringLiteral("store")); }
+    [[nodiscard]] QString folder() const { return m_root.filePath(u"store"_s); }
     void record()
     {
         Check check;

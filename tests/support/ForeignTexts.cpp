@@ -1,5 +1,7 @@
 #include "ForeignTexts.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -12,7 +14,7 @@ QString repeated(char16_t c, qsizetype count)
 /// "Shop" in the middle, so that what is shown can be told from nothing.
 QString around(const QString &middle)
 {
-    return QStringLiteral("Sh") + middle + QStringLiteral("op");
+    return u"Sh"_s + middle + u"op"_s;
 }
 
 bool isControl(char16_t c)
@@ -50,35 +52,34 @@ qsizetype longestRunOfMarks(const QString &text)
 const QList<ForeignText> &foreignTexts()
 {
     static const QList<ForeignText> texts = {
-        {"Escape", QStringLiteral("\x1b]0;owned\x07\x1b[2J\x1b[31mShop")},
-        {"EightBitEscape", QStringLiteral("\u009B2J\u009B31mShop")},
-        {"ForgedRow", QStringLiteral("Shop\r\nUP       Bank")},
-        {"LineSeparator", around(QStringLiteral("\u2028"))},
-        {"ParagraphSeparator", around(QStringLiteral("\u2029"))},
-        {"NextLine", around(QStringLiteral("\u0085"))},
-        {"Tab", around(QStringLiteral("\t"))},
-        {"VerticalTabAndFormFeed", around(QStringLiteral("\v\f"))},
+        {"Escape", u"\x1b]0;owned\x07\x1b[2J\x1b[31mShop"_s},
+        {"EightBitEscape", u"\u009B2J\u009B31mShop"_s},
+        {"ForgedRow", u"Shop\r\nUP       Bank"_s},
+        {"LineSeparator", around(u"\u2028"_s)},
+        {"ParagraphSeparator", around(u"\u2029"_s)},
+        {"NextLine", around(u"\u0085"_s)},
+        {"Tab", around(u"\t"_s)},
+        {"VerticalTabAndFormFeed", around(u"\v\f"_s)},
         {"Nul", around(QString(QChar(u'\0')))},
-        {"BackspaceAndDelete", around(QStringLiteral("\b\u007F"))},
-        {"Override", QStringLiteral("\u202Epohs")},
-        {"Isolate", QStringLiteral("Shop\u2067\u2066")},
-        {"NestedEmbeddings", repeated(0x202B, 120'000) + QStringLiteral("Shop")},
-        {"BidiMarks", QStringLiteral("Shop") + repeated(0x200F, 120'000)},
+        {"BackspaceAndDelete", around(u"\b\u007F"_s)},
+        {"Override", u"\u202Epohs"_s},
+        {"Isolate", u"Shop\u2067\u2066"_s},
+        {"NestedEmbeddings", repeated(0x202B, 120'000) + u"Shop"_s},
+        {"BidiMarks", u"Shop"_s + repeated(0x200F, 120'000)},
         {"BidiMarksAlone", repeated(0x061C, 3)},
-        {"MarksOnOneLetter", QStringLiteral("Shop") + repeated(0x0301, 120'000)},
+        {"MarksOnOneLetter", u"Shop"_s + repeated(0x0301, 120'000)},
         {"MarksAlone", repeated(0x0489, 120'000)},
         {"ZeroWidthBlanks", around(repeated(0x200B, 120'000))},
         {"VariationSelectors", around(repeated(0xFE0F, 120'000))},
-        {"Tags", around(QStringLiteral("\U000E0041").repeated(60'000))},
+        {"Tags", around(u"\U000E0041"_s.repeated(60'000))},
         {"LoneHighSurrogate", around(QString(QChar(0xD83D)))},
         {"LoneLowSurrogate", around(QString(QChar(0xDE00)))},
-        {"Emoji", QStringLiteral("\U0001F600").repeated(3000)},
-        {"Million", QStringLiteral("Shop") + repeated(u'W', 1'000'000)},
-        {"MillionLines", QStringLiteral("Shop\n").repeated(200'000)},
-        {"MillionSlashes",
-         repeated(u'/', 500'000) + QStringLiteral("Shop") + repeated(u'/', 500'000)},
-        {"Placeholders", QStringLiteral("Shop %1 %2 %L3 %n %s %.0f %%")},
-        {"Markup", QStringLiteral("<b>Shop</b> &amp; <img src='http://127.0.0.1/'>")},
+        {"Emoji", u"\U0001F600"_s.repeated(3000)},
+        {"Million", u"Shop"_s + repeated(u'W', 1'000'000)},
+        {"MillionLines", u"Shop\n"_s.repeated(200'000)},
+        {"MillionSlashes", repeated(u'/', 500'000) + u"Shop"_s + repeated(u'/', 500'000)},
+        {"Placeholders", u"Shop %1 %2 %L3 %n %s %.0f %%"_s},
+        {"Markup", u"<b>Shop</b> &amp; <img src='http://127.0.0.1/'>"_s},
     };
     return texts;
 }

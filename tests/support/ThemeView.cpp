@@ -11,6 +11,8 @@
 #include <cmath>
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -28,9 +30,9 @@ QByteArray document(const QByteArray &body)
 
 ThemeView::ThemeView(const QByteArray &body)
 {
-    m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    m_engine.addImportPath(u"qrc:/qt/qml"_s);
     QQmlComponent component(&m_engine);
-    component.setData(document(body), QUrl(QStringLiteral("test.qml")));
+    component.setData(document(body), QUrl(u"test.qml"_s));
     m_root.reset(component.create());
     m_error = component.errorString();
     auto *item = qobject_cast<QQuickItem *>(m_root.get());
@@ -44,7 +46,7 @@ ThemeView::ThemeView(const QByteArray &body)
     m_window.show();
     m_window.requestActivate();
     if (!waitFor([&] { return m_window.isExposed() && m_window.isActive(); }))
-        m_error = QStringLiteral("the window was never shown");
+        m_error = u"the window was never shown"_s;
 }
 
 ThemeView::~ThemeView() = default;
@@ -73,14 +75,13 @@ QVariant ThemeView::evaluate(const QString &expression)
 
 void ThemeView::reduceMotion()
 {
-    QQmlExpression(qmlContext(m_root.get()), m_root.get(),
-                   QStringLiteral("Theme.reducedMotion = true"))
+    QQmlExpression(qmlContext(m_root.get()), m_root.get(), u"Theme.reducedMotion = true"_s)
         .evaluate();
 }
 
 QColor ThemeView::themeColor(const char *name)
 {
-    return evaluate(QStringLiteral("Theme.%1").arg(QLatin1String(name))).value<QColor>();
+    return evaluate(u"Theme.%1"_s.arg(QLatin1String(name))).value<QColor>();
 }
 
 QImage ThemeView::picture()

@@ -11,6 +11,8 @@
 
 namespace ostrel::test {
 
+using namespace Qt::StringLiterals;
+
 /// A shown window on the theme's background that holds a piece of QML.
 class ThemeView
 {
@@ -24,7 +26,7 @@ public:
     [[nodiscard]] QString error() const { return m_error; }
     [[nodiscard]] QQuickWindow &window() { return m_window; }
     /// The item of that objectName; null where there is none.
-    [[nodiscard]] QQuickItem *item(const QString &objectName = QStringLiteral("subject")) const;
+    [[nodiscard]] QQuickItem *item(const QString &objectName = u"subject"_s) const;
     [[nodiscard]] QVariant property(const char *name) const;
     void setProperty(const char *name, const QVariant &value);
     /// The value of a QML expression, in which the theme's names are known.

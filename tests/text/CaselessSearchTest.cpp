@@ -9,6 +9,8 @@
 #include <ostream>
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -173,7 +175,7 @@ TEST(CaselessSearchUtf8Test, OtherTextsHaveNoResultWhereverTheyGoWrong)
                                     "OK" + filler() + wrong};
         for (const QByteArray &page : cases) {
             for (const qsizetype pieceSize : {1, 2, 3, 5, 100'000})
-                EXPECT_EQ(search(page, QStringLiteral("OK"), pieceSize), std::nullopt)
+                EXPECT_EQ(search(page, u"OK"_s, pieceSize), std::nullopt)
                     << page.right(8).toHex().constData() << " " << pieceSize;
         }
     }
@@ -184,12 +186,12 @@ TEST(CaselessSearchUtf8Test, WhatIsUtf8HasAResult)
     for (const QByteArray &page :
          {QByteArray("\xf4\x8f\xbf\xbf"), QByteArray("\xef\xbf\xbf"), QByteArray("\xed\x9f\xbf"),
           QByteArray("\xee\x80\x80"), QByteArray("\0", 1), QByteArray("\xef\xbb\xbf")})
-        EXPECT_EQ(search(page, QStringLiteral("OK")), false);
+        EXPECT_EQ(search(page, u"OK"_s), false);
 }
 
 TEST(CaselessSearchUtf8Test, AnotherPageBeginsAfresh)
 {
-    CaselessSearch search(QStringLiteral("ok"));
+    CaselessSearch search(u"ok"_s);
     search.read("o\xff");
     EXPECT_EQ(search.finish(), std::nullopt);
     search.begin();
@@ -213,8 +215,8 @@ TEST(CaselessSearchUtf8Test, AKeywordThatIsNoTextIsInNone)
 TEST(CaselessSearchMarksTest, ALongRowOfThemIsStillOneSequence)
 {
     const QByteArray marks = QByteArray("\xcc\x81").repeated(1000);
-    EXPECT_EQ(search("cafe" + marks, QStringLiteral("cafe")), false);
-    EXPECT_EQ(search("cafe" + marks + " cafe", QStringLiteral("cafe")), true);
+    EXPECT_EQ(search("cafe" + marks, u"cafe"_s), false);
+    EXPECT_EQ(search("cafe" + marks + " cafe", u"cafe"_s), true);
     const QString keyword = QString::fromUtf8("cafe" + marks);
     for (const qsizetype pieceSize : {1, 7, 100'000})
         EXPECT_EQ(search("CAFE" + marks, keyword, pieceSize), true) << pieceSize;

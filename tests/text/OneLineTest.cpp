@@ -7,6 +7,8 @@
 
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -44,30 +46,26 @@ QString letters(int count)
 std::vector<Case> cases()
 {
     const auto accents = [](int count) { return QString(count, QChar(0x0301)); };
-    const auto astral = QStringLiteral("\U0001F600");
+    const auto astral = u"\U0001F600"_s;
     return {
         unchanged("Nothing", QString()),
-        unchanged("AName", QStringLiteral("Shop & Söhne – 日本")),
-        unchanged("InnerBlanksStay", QStringLiteral("  a  b\u00A0 ")),
-        unchanged("PercentSigns", QStringLiteral("100%1 %s")),
-        unchanged("HebrewAndArabic", QStringLiteral("חנות متجر")),
-        unchanged("JoinedEmoji", QStringLiteral("\U0001F469\u200D\U0001F469\u200D\U0001F467")),
-        unchanged("FlagOfTags", QStringLiteral("\U0001F3F4\U000E0067\U000E0062\U000E0065\U000E006E"
-                                               "\U000E0067\U000E007F")),
-        unchanged("HeartInRed", QStringLiteral("\u2764\uFE0F")),
-        unchanged("NonJoiner", QStringLiteral("می\u200Cخواهم")),
-        {"ControlsAreBlanks", QStringLiteral("a\x1b\x01z\u007F\u009B."), QStringLiteral("a  z  .")},
-        {"NulIsABlank", QStringLiteral("a") + QChar(u'\0') + u'b', QStringLiteral("a b")},
-        {"LineEndsAreBlanks", QStringLiteral("a\r\nb\vc\fd\u0085e\u2028f\u2029g\th"),
-         QStringLiteral("a  b c d e f g h")},
+        unchanged("AName", u"Shop & Söhne – 日本"_s),
+        unchanged("InnerBlanksStay", u"  a  b\u00A0 "_s),
+        unchanged("PercentSigns", u"100%1 %s"_s),
+        unchanged("HebrewAndArabic", u"חנות متجر"_s),
+        unchanged("JoinedEmoji", u"\U0001F469\u200D\U0001F469\u200D\U0001F467"_s),
+        unchanged("FlagOfTags", u"\U0001F3F4\U000E0067\U000E0062\U000E0065\U000E006E"
+                                "\U000E0067\U000E007F"_s),
+        unchanged("HeartInRed", u"\u2764\uFE0F"_s),
+        unchanged("NonJoiner", u"می\u200Cخواهم"_s),
+        {"ControlsAreBlanks", u"a\x1b\x01z\u007F\u009B."_s, u"a  z  ."_s},
+        {"NulIsABlank", u"a"_s + QChar(u'\0') + u'b', u"a b"_s},
+        {"LineEndsAreBlanks", u"a\r\nb\vc\fd\u0085e\u2028f\u2029g\th"_s, u"a  b c d e f g h"_s},
         {"BidiControlsAreLeftOut",
-         QStringLiteral(
-             "a\u061C\u200E\u200F\u202A\u202B\u202C\u202D\u202E\u2066\u2067\u2068\u2069b"),
-         QStringLiteral("ab")},
-        {"HighSurrogateAlone", QStringLiteral("a") + QChar(0xD83D) + u'b',
-         QStringLiteral("a\uFFFDb")},
-        {"LowSurrogateAlone", QString(QChar(0xDE00)), QStringLiteral("\uFFFD")},
-        {"NothingLeft", QStringLiteral("\u202E\u202C"), QStringLiteral("…")},
+         u"a\u061C\u200E\u200F\u202A\u202B\u202C\u202D\u202E\u2066\u2067\u2068\u2069b"_s, u"ab"_s},
+        {"HighSurrogateAlone", u"a"_s + QChar(0xD83D) + u'b', u"a\uFFFDb"_s},
+        {"LowSurrogateAlone", QString(QChar(0xDE00)), u"\uFFFD"_s},
+        {"NothingLeft", u"\u202E\u202C"_s, u"…"_s},
         unchanged("TwoHundredCharacters", letters(200)),
         {"OneMore", letters(201), letters(200) + u'…'},
         unchanged("TwoHundredSurrogatePairs", astral.repeated(200)),
@@ -79,14 +77,11 @@ std::vector<Case> cases()
         {"InvisibleOnesCountAsMarks", u'a' + QString(9, QChar(0x200B)) + u'b',
          u'a' + QString(8, QChar(0x200B)) + u'b'},
         {"AMillionMarks", u'a' + accents(1'000'000), u'a' + accents(8) + u'…'},
-        {"BidiControlsBeforeALongText", QString(100'000, QChar(0x200F)) + u'a',
-         QStringLiteral("…")},
-        {"BidiControlsBehindAName", QStringLiteral("Shop") + QString(100'000, QChar(0x200F)),
-         QStringLiteral("Shop…")},
+        {"BidiControlsBeforeALongText", QString(100'000, QChar(0x200F)) + u'a', u"…"_s},
+        {"BidiControlsBehindAName", u"Shop"_s + QString(100'000, QChar(0x200F)), u"Shop…"_s},
         {"NoHalfPairWhereReadingEnds",
-         QString(4095, QChar(0x200F)) + astral + QString(100, QChar(0x200F)), QStringLiteral("…")},
-        unchanged("TheLongestLine",
-                  (astral + QStringLiteral("\U000E0067").repeated(8)).repeated(200)),
+         QString(4095, QChar(0x200F)) + astral + QString(100, QChar(0x200F)), u"…"_s},
+        unchanged("TheLongestLine", (astral + u"\U000E0067"_s.repeated(8)).repeated(200)),
     };
 }
 

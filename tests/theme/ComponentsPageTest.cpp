@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -30,7 +32,7 @@ QList<QAccessibleInterface *> focusableThings(QWindow &window)
 
 TEST(ComponentsPageTest, NoFocusableControlIsNameless)
 {
-    GalleryWindow window(QStringLiteral("ComponentsPage"));
+    GalleryWindow window(u"ComponentsPage"_s);
     ASSERT_TRUE(window.isUsable());
     window.show();
     const QList<QAccessibleInterface *> things = focusableThings(window);

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -111,7 +113,7 @@ TEST_P(PressableTest, DisabledItIsDeafAndPale)
     spoken->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
 
     EXPECT_EQ(clicked.count(), 0);
-    EXPECT_EQ(spoken->text(QAccessible::Description), QStringLiteral("Unavailable"));
+    EXPECT_EQ(spoken->text(QAccessible::Description), u"Unavailable"_s);
     const bool pales = QByteArray(GetParam().name) == "Confirm";
     EXPECT_DOUBLE_EQ(view.item()->opacity(), pales ? 1.0 : 0.4);
 }
@@ -289,10 +291,10 @@ TEST(FieldTest, SaysItsNameAndTakesText)
 
     QTest::keyClick(&view.window(), Qt::Key_A);
 
-    EXPECT_EQ(view.property("text"), QVariant(QStringLiteral("a")));
+    EXPECT_EQ(view.property("text"), QVariant(u"a"_s));
     QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(view.item());
     EXPECT_EQ(spoken->role(), QAccessible::EditableText);
-    EXPECT_EQ(spoken->text(QAccessible::Name), QStringLiteral("Address"));
+    EXPECT_EQ(spoken->text(QAccessible::Name), u"Address"_s);
 }
 
 TEST(FieldTest, FocusIsAnEdgeOfTwoPixelsInside)
@@ -315,7 +317,7 @@ TEST(FieldTest, ALongTextShowsItsBeginningOutOfFocus)
     ThemeView view("Field { objectName: 'subject'; spokenName: 'Address'; width: 80; "
                    "text: 'https://bakery.example/order' }");
 
-    EXPECT_GE(view.evaluate(QStringLiteral("children[0].positionToRectangle(0).x")).toDouble(), 0);
+    EXPECT_GE(view.evaluate(u"children[0].positionToRectangle(0).x"_s).toDouble(), 0);
 }
 
 TEST(PickerTest, ShowsItsChoiceAndChangesItFromTheKeyboard)
@@ -323,17 +325,17 @@ TEST(PickerTest, ShowsItsChoiceAndChangesItFromTheKeyboard)
     ThemeView view("Picker { objectName: 'subject'; spokenName: 'Keyword'; "
                    "model: ['Must exist', 'Must not exist'] }");
     ASSERT_EQ(view.error(), QString());
-    EXPECT_EQ(view.property("displayText"), QVariant(QStringLiteral("Must exist")));
+    EXPECT_EQ(view.property("displayText"), QVariant(u"Must exist"_s));
     QSignalSpy activated(view.item(), SIGNAL(activated(int)));
     view.item()->forceActiveFocus(Qt::TabFocusReason);
 
     QTest::keyClick(&view.window(), Qt::Key_Down);
 
-    EXPECT_EQ(view.property("displayText"), QVariant(QStringLiteral("Must not exist")));
+    EXPECT_EQ(view.property("displayText"), QVariant(u"Must not exist"_s));
     EXPECT_EQ(activated.count(), 1);
     QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(view.item());
     EXPECT_EQ(spoken->role(), QAccessible::ComboBox);
-    EXPECT_EQ(spoken->text(QAccessible::Name), QStringLiteral("Keyword"));
+    EXPECT_EQ(spoken->text(QAccessible::Name), u"Keyword"_s);
 }
 
 TEST(PickerTest, AClickedRowIsTheChoice)
@@ -342,16 +344,14 @@ TEST(PickerTest, AClickedRowIsTheChoice)
                    "model: ['Must exist', 'Must not exist'] }");
     QSignalSpy activated(view.item(), SIGNAL(activated(int)));
     QTest::mouseClick(&view.window(), Qt::LeftButton, {}, ThemeView::middleOf(*view.item()));
-    ASSERT_TRUE(waitFor(
-        [&] { return view.evaluate(QStringLiteral("children[0].popup.opened")).toBool(); }));
+    ASSERT_TRUE(waitFor([&] { return view.evaluate(u"children[0].popup.opened"_s).toBool(); }));
 
     const QPointF secondRow = view.item()->mapToScene({40, 34 + 4 + 4 + 28 + 14});
     QTest::mouseClick(&view.window(), Qt::LeftButton, {}, secondRow.toPoint());
 
     EXPECT_EQ(view.property("currentIndex"), QVariant(1));
     EXPECT_EQ(activated.count(), 1);
-    EXPECT_TRUE(waitFor(
-        [&] { return !view.evaluate(QStringLiteral("children[0].popup.visible")).toBool(); }));
+    EXPECT_TRUE(waitFor([&] { return !view.evaluate(u"children[0].popup.visible"_s).toBool(); }));
 }
 
 TEST(SegmentedPickerTest, IsChosenByMouseAndArrows)
@@ -385,16 +385,15 @@ TEST(ContextMenuTest, OpensWithItsRowsAndRunsThem)
                    "Item { objectName: 'subject'; function open() { menu.popup(root, 0, 0) } }");
     ASSERT_EQ(view.error(), QString());
     QMetaObject::invokeMethod(view.item(), "open");
-    ASSERT_TRUE(waitFor([&] { return view.evaluate(QStringLiteral("menu.opened")).toBool(); }));
-    EXPECT_EQ(view.evaluate(QStringLiteral("menu.height")), QVariant(2 * 28.0 + 8));
-    EXPECT_EQ(view.evaluate(QStringLiteral("menu.itemAt(1).labelColor")).value<QColor>(),
+    ASSERT_TRUE(waitFor([&] { return view.evaluate(u"menu.opened"_s).toBool(); }));
+    EXPECT_EQ(view.evaluate(u"menu.height"_s), QVariant(2 * 28.0 + 8));
+    EXPECT_EQ(view.evaluate(u"menu.itemAt(1).labelColor"_s).value<QColor>(),
               view.themeColor("statusDown"));
 
     QTest::keyClick(&view.window(), Qt::Key_Down);
     QTest::keyClick(&view.window(), Qt::Key_Return);
 
-    EXPECT_EQ(view.evaluate(QStringLiteral("root.objectName")),
-              QVariant(QStringLiteral("checked")));
+    EXPECT_EQ(view.evaluate(u"root.objectName"_s), QVariant(u"checked"_s));
 }
 
 TEST(KeyboardItemTest, HasTheRoleThatItIsGiven)
@@ -455,7 +454,7 @@ TEST(PageScrollBarTest, IsGoneAWhileAfterTheLastScroll)
     ASSERT_EQ(view.error(), QString());
     EXPECT_TRUE(waitFor([&] { return view.item()->opacity() == 0; }));
 
-    (void)view.evaluate(QStringLiteral("page.contentY = 40"));
+    (void)view.evaluate(u"page.contentY = 40"_s);
 
     EXPECT_TRUE(waitFor([&] { return view.item()->opacity() == 1; }));
     EXPECT_TRUE(waitFor([&] { return view.item()->opacity() == 0; }));
@@ -466,15 +465,15 @@ TEST(PageScrollBarTest, DraggedToItsEndsItShowsThePageWithItsMargins)
     ThemeView view("Flickable { id: page; width: 100; height: 200; contentHeight: 400\n"
                    "topMargin: 20; bottomMargin: 30; contentY: -20 }\n"
                    "PageScrollBar { objectName: 'subject'; page: page }");
-    (void)view.evaluate(QStringLiteral("page.contentY = 0"));
+    (void)view.evaluate(u"page.contentY = 0"_s);
     const QPoint bar = view.item()->mapToScene({view.item()->width() / 2, 20}).toPoint();
 
     QTest::mousePress(&view.window(), Qt::LeftButton, {}, bar);
     QTest::mouseMove(&view.window(), bar + QPoint(0, 20));
     QTest::mouseMove(&view.window(), bar + QPoint(0, 180));
-    EXPECT_EQ(view.evaluate(QStringLiteral("page.contentY")), QVariant(400.0 + 30 - 200));
+    EXPECT_EQ(view.evaluate(u"page.contentY"_s), QVariant(400.0 + 30 - 200));
     QTest::mouseMove(&view.window(), bar - QPoint(0, 40));
-    EXPECT_EQ(view.evaluate(QStringLiteral("page.contentY")), QVariant(-20.0));
+    EXPECT_EQ(view.evaluate(u"page.contentY"_s), QVariant(-20.0));
     QTest::mouseRelease(&view.window(), Qt::LeftButton, {}, bar);
 }
 

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 TEST(MonitorStatusEnumTest, ViewsKnowEveryStatusByTheRecordsNumber)
@@ -20,7 +22,7 @@ TEST(MonitorStatusEnumTest, ViewsKnowEveryStatusByTheRecordsNumber)
         {"Pending", MonitorStatus::pending},
     };
     for (const auto &[name, status] : table)
-        EXPECT_EQ(view.evaluate(QStringLiteral("MonitorStatus.%1").arg(QLatin1String(name))),
+        EXPECT_EQ(view.evaluate(u"MonitorStatus.%1"_s.arg(QLatin1String(name))),
                   QVariant(static_cast<int>(status)))
             << name;
 }

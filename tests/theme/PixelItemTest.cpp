@@ -4,6 +4,8 @@
 
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -95,11 +97,11 @@ TEST(PixelItemTest, AnItemThatChangesLeavesTheOthersPictureAlone)
     const QImage before = leftOf(view);
     ASSERT_EQ(rightOf(view), before);
 
-    view.item(QStringLiteral("second"))->setProperty("color", QColor(Qt::blue));
+    view.item(u"second"_s)->setProperty("color", QColor(Qt::blue));
     EXPECT_EQ(leftOf(view), before);
     EXPECT_NE(rightOf(view), before);
 
-    view.item(QStringLiteral("second"))->setProperty("color", QColor(Qt::red));
+    view.item(u"second"_s)->setProperty("color", QColor(Qt::red));
     EXPECT_EQ(rightOf(view), before);
 }
 

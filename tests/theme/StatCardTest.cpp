@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -28,25 +30,24 @@ TEST(StatCardTest, WithoutAUnitTheValueStandsAlone)
     ThemeView view(card(""));
     ASSERT_EQ(view.error(), QString());
 
-    EXPECT_FALSE(view.item(QStringLiteral("unit"))->isVisible());
-    EXPECT_TRUE(view.item(QStringLiteral("value"))->isVisible());
-    EXPECT_EQ(spokenName(view.item()), QStringLiteral("Avg Response, 187"));
+    EXPECT_FALSE(view.item(u"unit"_s)->isVisible());
+    EXPECT_TRUE(view.item(u"value"_s)->isVisible());
+    EXPECT_EQ(spokenName(view.item()), u"Avg Response, 187"_s);
 }
 
 TEST(StatCardTest, TheUnitSitsRightOfTheValueInTheSmallerFace)
 {
     ThemeView view(card("ms"));
     ASSERT_EQ(view.error(), QString());
-    const QQuickItem *value = view.item(QStringLiteral("value"));
-    const QQuickItem *unit = view.item(QStringLiteral("unit"));
+    const QQuickItem *value = view.item(u"value"_s);
+    const QQuickItem *unit = view.item(u"unit"_s);
 
     EXPECT_TRUE(unit->isVisible());
     EXPECT_EQ(unit->x(), value->x() + value->width() + 3);
     EXPECT_EQ(unit->y() + unit->baselineOffset(), value->y() + value->baselineOffset());
-    EXPECT_EQ(unit->property("font"), view.evaluate(QStringLiteral("ThemeFonts.face(500, 14)")));
-    EXPECT_EQ(value->property("font"),
-              view.evaluate(QStringLiteral("ThemeFonts.face(700, 32, 0)")));
-    EXPECT_EQ(spokenName(view.item()), QStringLiteral("Avg Response, 187 ms"));
+    EXPECT_EQ(unit->property("font"), view.evaluate(u"ThemeFonts.face(500, 14)"_s));
+    EXPECT_EQ(value->property("font"), view.evaluate(u"ThemeFonts.face(700, 32, 0)"_s));
+    EXPECT_EQ(spokenName(view.item()), u"Avg Response, 187 ms"_s);
 }
 
 TEST(StatCardTest, HasTheSameHeightWithAndWithoutAUnit)
@@ -64,7 +65,7 @@ TEST(StatCardTest, ASmallerValueKeepsTheHeight)
 
     view.setProperty("valueSize", 24);
 
-    EXPECT_EQ(view.item(QStringLiteral("value"))->property("font").value<QFont>().pixelSize(), 24);
+    EXPECT_EQ(view.item(u"value"_s)->property("font").value<QFont>().pixelSize(), 24);
     EXPECT_EQ(view.property("implicitHeight"), QVariant(66.0));
 }
 

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -19,19 +21,19 @@ QByteArray dot(const char *status)
 
 QQuickItem &haloOf(const ThemeView &view)
 {
-    return *view.item(QStringLiteral("halo"));
+    return *view.item(u"halo"_s);
 }
 
 /// A dot that has never been down has none.
 bool showsHalo(const ThemeView &view)
 {
-    const QQuickItem *halo = view.item(QStringLiteral("halo"));
+    const QQuickItem *halo = view.item(u"halo"_s);
     return halo && halo->isVisible();
 }
 
 bool isPulsing(const ThemeView &view)
 {
-    const QQuickItem *halo = view.item(QStringLiteral("halo"));
+    const QQuickItem *halo = view.item(u"halo"_s);
     return halo && halo->property("isPulsing").toBool();
 }
 
@@ -151,7 +153,7 @@ TEST(StatusDotTest, AMonitorThatRecoversLosesItsHalo)
 {
     ThemeView view(dot("Down"));
 
-    view.setProperty("status", view.evaluate(QStringLiteral("MonitorStatus.Up")));
+    view.setProperty("status", view.evaluate(u"MonitorStatus.Up"_s));
 
     EXPECT_FALSE(isPulsing(view));
     EXPECT_TRUE(looksLike(view.colorAt({middle, middle}), view.themeColor("statusUp")));

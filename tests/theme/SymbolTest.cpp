@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -58,7 +60,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(SymbolTest, AnUnknownNameShowsNothing)
 {
-    EXPECT_TRUE(SymbolRaster::image(QStringLiteral("no.such"), 20, Qt::black).isNull());
+    EXPECT_TRUE(SymbolRaster::image(u"no.such"_s, 20, Qt::black).isNull());
     ThemeView view("Symbol { objectName: 'subject'; name: 'no.such' }");
     EXPECT_EQ(view.error(), QString());
     EXPECT_TRUE(looksLike(view.colorAt({7, 7}), view.themeColor("background")));
@@ -66,7 +68,7 @@ TEST(SymbolTest, AnUnknownNameShowsNothing)
 
 TEST(SymbolTest, TakesTheColorThatItIsGiven)
 {
-    const QImage red = SymbolRaster::image(QStringLiteral("pause"), 24, QColor(Qt::red));
+    const QImage red = SymbolRaster::image(u"pause"_s, 24, QColor(Qt::red));
 
     EXPECT_EQ(red.pixelColor(8, 12), QColor(Qt::red));
 }
@@ -74,8 +76,7 @@ TEST(SymbolTest, TakesTheColorThatItIsGiven)
 TEST(SymbolTest, ATranslucentColorIsEvenWherePathsOverlap)
 {
     constexpr int alpha = 64;
-    const QImage image =
-        SymbolRaster::image(QStringLiteral("network"), 48, QColor(31, 31, 56, alpha));
+    const QImage image = SymbolRaster::image(u"network"_s, 48, QColor(31, 31, 56, alpha));
 
     EXPECT_EQ(strongestAlpha(image), alpha);
 }
@@ -83,7 +84,7 @@ TEST(SymbolTest, ATranslucentColorIsEvenWherePathsOverlap)
 TEST(SymbolTest, IsDrawnOncePerSizeAndColor)
 {
     const auto drawn = [](int pixels, const QColor &color) {
-        return SymbolRaster::image(QStringLiteral("globe"), pixels, color).cacheKey();
+        return SymbolRaster::image(u"globe"_s, pixels, color).cacheKey();
     };
 
     EXPECT_EQ(drawn(20, Qt::black), drawn(20, Qt::black));

@@ -10,6 +10,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 TEST(ThemeFontsTest, LinesHaveTheHeightOfTheirSize)
@@ -46,22 +48,20 @@ TEST(ThemeFontsTest, ASizeWithoutALineBoxOfItsOwnStillFitsItsText)
 
 TEST(ThemeFontsTest, FacesFallBackToLatoAndJetBrainsMono)
 {
-    if (QFontDatabase::hasFamily(QStringLiteral("Avenir Next")))
+    if (QFontDatabase::hasFamily(u"Avenir Next"_s))
         GTEST_SKIP() << "the family itself is here";
     for (const int weight : {400, 500, 600, 700})
-        EXPECT_TRUE(
-            QFontInfo(ThemeFonts::face(weight, 13)).family().startsWith(QStringLiteral("Lato")))
+        EXPECT_TRUE(QFontInfo(ThemeFonts::face(weight, 13)).family().startsWith(u"Lato"_s))
             << weight;
-    EXPECT_TRUE(
-        QFontInfo(ThemeFonts::mono(500, 12)).family().startsWith(QStringLiteral("JetBrains Mono")));
+    EXPECT_TRUE(QFontInfo(ThemeFonts::mono(500, 12)).family().startsWith(u"JetBrains Mono"_s));
 }
 
 TEST(ThemeFontsTest, TheFourWeightsAreFourFaces)
 {
     qreal narrower = 0;
     for (const int weight : {400, 500, 600, 700}) {
-        const qreal width = ThemeFonts::textWidth(QStringLiteral("All Systems Operational"),
-                                                  ThemeFonts::face(weight, 32));
+        const qreal width =
+            ThemeFonts::textWidth(u"All Systems Operational"_s, ThemeFonts::face(weight, 32));
         EXPECT_GT(width, narrower) << weight;
         narrower = width;
     }

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -86,8 +88,7 @@ TEST_P(ThemeFaceTest, IsExactlyTheNamedFace)
     ThemeView view("");
     ASSERT_EQ(view.error(), QString());
 
-    const auto face =
-        view.evaluate(QStringLiteral("Theme.%1").arg(QLatin1String(expected.name))).value<QFont>();
+    const auto face = view.evaluate(u"Theme.%1"_s.arg(QLatin1String(expected.name))).value<QFont>();
 
     EXPECT_EQ(face.family(), QLatin1String(expected.family));
     EXPECT_EQ(face.weight(), expected.weight);
@@ -113,7 +114,7 @@ TEST_P(ThemeLengthTest, IsExactlyTheNamedLength)
     ThemeView view("");
     ASSERT_EQ(view.error(), QString());
 
-    EXPECT_EQ(view.evaluate(QStringLiteral("Theme.%1").arg(QLatin1String(expected.name))),
+    EXPECT_EQ(view.evaluate(u"Theme.%1"_s.arg(QLatin1String(expected.name))),
               QVariant(expected.value));
 }
 
@@ -129,9 +130,7 @@ TEST(ThemeTest, StatusesHaveTheirColors)
 {
     ThemeView view("");
     const auto colorOf = [&](const char *status) {
-        return view
-            .evaluate(
-                QStringLiteral("Theme.statusColor(MonitorStatus.%1)").arg(QLatin1String(status)))
+        return view.evaluate(u"Theme.statusColor(MonitorStatus.%1)"_s.arg(QLatin1String(status)))
             .value<QColor>();
     };
 
@@ -145,8 +144,7 @@ TEST(ThemeTest, AnAlphaOfATranslucentColorMultiplies)
 {
     ThemeView view("");
 
-    const auto faded =
-        view.evaluate(QStringLiteral("Theme.faded(Theme.statusMuted, 0.1)")).value<QColor>();
+    const auto faded = view.evaluate(u"Theme.faded(Theme.statusMuted, 0.1)"_s).value<QColor>();
 
     EXPECT_NEAR(faded.alphaF(), 0.025, 0.001);
 }
@@ -157,9 +155,9 @@ TEST(ThemeTest, TextsStandInTheirLineBoxes)
     ASSERT_EQ(view.error(), QString());
 
     EXPECT_EQ(view.property("implicitHeight"), QVariant(18.0));
-    view.setProperty("font", view.evaluate(QStringLiteral("ThemeFonts.face(700, 32, 0)")));
+    view.setProperty("font", view.evaluate(u"ThemeFonts.face(700, 32, 0)"_s));
     EXPECT_EQ(view.property("implicitHeight"), QVariant(30.0));
-    view.setProperty("font", view.evaluate(QStringLiteral("Theme.regular9")));
+    view.setProperty("font", view.evaluate(u"Theme.regular9"_s));
     EXPECT_EQ(view.property("implicitHeight"), QVariant(12.0));
 }
 

@@ -21,6 +21,8 @@
 #include <algorithm>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -264,20 +266,20 @@ TEST_F(StatusBarItemTest, OnlyAPlainBirdThatIsInstalledGivesItsSymbolicName)
     EXPECT_EQ(item.icon().name(), QString());
 
     const QTemporaryDir icons;
-    const QString folder = icons.filePath(QStringLiteral("hicolor/scalable/apps"));
+    const QString folder = icons.filePath(u"hicolor/scalable/apps"_s);
     ASSERT_TRUE(QDir().mkpath(folder));
-    QFile theme(icons.filePath(QStringLiteral("hicolor/index.theme")));
+    QFile theme(icons.filePath(u"hicolor/index.theme"_s));
     ASSERT_TRUE(theme.open(QIODevice::WriteOnly));
     theme.write("[Icon Theme]\nName=Hicolor\nDirectories=scalable/apps\n"
                 "[scalable/apps]\nSize=16\nType=Scalable\nMinSize=8\nMaxSize=512\n");
     theme.close();
-    ASSERT_TRUE(QFile::copy(QStringLiteral(":/qt/qml/Ostrel/Theme/symbols/bird.fill.svg"),
-                            folder + QStringLiteral("/ostrel-symbolic.svg")));
+    ASSERT_TRUE(QFile::copy(u":/qt/qml/Ostrel/Theme/symbols/bird.fill.svg"_s,
+                            folder + u"/ostrel-symbolic.svg"_s));
     const QStringList paths = QIcon::themeSearchPaths();
     QIcon::setThemeSearchPaths({icons.path()});
-    QIcon::setThemeName(QStringLiteral("hicolor"));
+    QIcon::setThemeName(u"hicolor"_s);
 
-    EXPECT_EQ(StatusBarItem(samples.store, host).icon().name(), QStringLiteral("ostrel-symbolic"));
+    EXPECT_EQ(StatusBarItem(samples.store, host).icon().name(), u"ostrel-symbolic"_s);
     addDown();
     EXPECT_EQ(StatusBarItem(samples.store, host).icon().name(), QString());
     QIcon::setThemeSearchPaths(paths);

@@ -5,7 +5,6 @@
 #include "Printers.h"
 #include "StatusBarHost.h"
 #include "SymbolRaster.h"
-#include "Text.h"
 
 #include <QApplication>
 #include <QPixmap>
@@ -16,6 +15,8 @@
 
 #include <algorithm>
 #include <memory>
+
+using namespace Qt::StringLiterals;
 
 namespace ostrel::test {
 
@@ -42,16 +43,16 @@ class StatusBarMenuTest : public testing::Test
 protected:
     Monitor add(const char *name, const std::vector<Check> &checks = {})
     {
-        return samples.add(sampleMonitor(text(name)), checks);
+        return samples.add(sampleMonitor(QString::fromUtf8(name)), checks);
     }
     Monitor addUp(const char *name, double milliseconds)
     {
-        const Monitor monitor = sampleMonitor(text(name));
+        const Monitor monitor = sampleMonitor(QString::fromUtf8(name));
         return samples.add(monitor, {upCheck(monitor, sampleNow() - 1min, milliseconds)});
     }
     Monitor addDown(const char *name)
     {
-        const Monitor monitor = sampleMonitor(text(name));
+        const Monitor monitor = sampleMonitor(QString::fromUtf8(name));
         return samples.add(monitor, {downCheck(monitor, sampleNow() - 1min)});
     }
     void pause(Monitor monitor)
@@ -72,7 +73,7 @@ protected:
     {
         QStringList lines;
         for (const QAction *action : shownActions())
-            lines += action->isSeparator() ? text("-") : action->text();
+            lines += action->isSeparator() ? u"-"_s : action->text();
         return lines;
     }
     [[nodiscard]] QStringList monitorLines() { return lines().first(lines().size() - 5); }
@@ -80,7 +81,7 @@ protected:
     [[nodiscard]] bool showsSymbol(int row, const char *symbol)
     {
         const QImage shown = shownActions()[row]->icon().pixmap(16).toImage();
-        const QImage expected = SymbolRaster::image(text(symbol), 16, textColor());
+        const QImage expected = SymbolRaster::image(QString::fromUtf8(symbol), 16, textColor());
         return shown.convertToFormat(expected.format()) == expected;
     }
     /// Counts the changes that @p action announces.
@@ -94,14 +95,13 @@ protected:
     StatusBarMenu menu{samples.store, host};
 };
 
-const QStringList commands = {text("-"), text("Help && Support"), text("Open Ostrel"), text("-"),
-                              text("Quit")};
+const QStringList commands = {u"-"_s, u"Help && Support"_s, u"Open Ostrel"_s, u"-"_s, u"Quit"_s};
 
 } // namespace
 
 TEST_F(StatusBarMenuTest, WithoutMonitorsItSaysSoAboveTheThreeCommands)
 {
-    EXPECT_EQ(lines(), QStringList(text("No monitors")) + commands);
+    EXPECT_EQ(lines(), QStringList(u"No monitors"_s) + commands);
     EXPECT_FALSE(shownActions()[0]->isEnabled());
 }
 
@@ -110,8 +110,7 @@ TEST_F(StatusBarMenuTest, OneEntryPerMonitorInTheStoresOrder)
     addUp("Zebra", 142.4);
     addDown("Apple");
     add("Mango");
-    EXPECT_EQ(lines(),
-              QStringList({text("Zebra\t142ms"), text("Apple\tDOWN"), text("Mango")}) + commands);
+    EXPECT_EQ(lines(), QStringList({u"Zebra\t142ms"_s, u"Apple\tDOWN"_s, u"Mango"_s}) + commands);
 }
 
 TEST_F(StatusBarMenuTest, EveryStatusHasItsSymbol)
@@ -130,7 +129,7 @@ TEST_F(StatusBarMenuTest, EveryStatusHasItsSymbol)
 TEST_F(StatusBarMenuTest, AMonitorNeverCheckedIsDottedAndHasNoTrailingText)
 {
     add("Fresh");
-    EXPECT_EQ(monitorLines(), QStringList(text("Fresh")));
+    EXPECT_EQ(monitorLines(), QStringList(u"Fresh"_s));
     EXPECT_TRUE(showsSymbol(0, "circle.dotted"));
 }
 
@@ -138,7 +137,7 @@ TEST_F(StatusBarMenuTest, APausedMonitorShowsTheTimeOfACheckThatWasUpOnly)
 {
     pause(addUp("Asleep", 233));
     pause(addDown("Given up"));
-    EXPECT_EQ(monitorLines(), QStringList({text("Asleep\t233ms"), text("Given up")}));
+    EXPECT_EQ(monitorLines(), QStringList({u"Asleep\t233ms"_s, u"Given up"_s}));
     EXPECT_TRUE(showsSymbol(1, "circle.dotted"));
 }
 
@@ -159,7 +158,7 @@ TEST_F(StatusBarMenuTest, NamesReadAsTheyStand)
 {
     add("Tom & Jerry_x");
     add("Two\tcolumns\nand lines");
-    EXPECT_EQ(monitorLines(), QStringList({text("Tom && Jerry_x"), text("Two columns and lines")}));
+    EXPECT_EQ(monitorLines(), QStringList({u"Tom && Jerry_x"_s, u"Two columns and lines"_s}));
 }
 
 TEST_F(StatusBarMenuTest, ForeignNamesAreOneEntryEach)
@@ -174,7 +173,7 @@ TEST_F(StatusBarMenuTest, ForeignNamesAreOneEntryEach)
 TEST_F(StatusBarMenuTest, AMonitorWithoutANameShowsItsHost)
 {
     add("");
-    EXPECT_EQ(monitorLines(), QStringList(text("shop.example")));
+    EXPECT_EQ(monitorLines(), QStringList(u"shop.example"_s));
 }
 
 TEST_F(StatusBarMenuTest, ACheckChangesItsMonitorsEntryInPlaceAndNoOther)
@@ -187,7 +186,7 @@ TEST_F(StatusBarMenuTest, ACheckChangesItsMonitorsEntryInPlaceAndNoOther)
     const auto quitChanges = changesOf(shownActions().last());
 
     samples.store.addCheck(upCheck(first, sampleNow(), 321));
-    EXPECT_EQ(monitorLines(), QStringList({text("First\t321ms"), text("Second\t200ms")}));
+    EXPECT_EQ(monitorLines(), QStringList({u"First\t321ms"_s, u"Second\t200ms"_s}));
     EXPECT_EQ(firstAction, shownActions()[0]);
     EXPECT_EQ(firstChanges->count(), 1) << "the text alone";
     EXPECT_EQ(secondChanges->count(), 0);
@@ -206,7 +205,7 @@ TEST_F(StatusBarMenuTest, AFailureChangesSymbolAndText)
 {
     const Monitor shop = addUp("Shop", 100);
     samples.store.addCheck(downCheck(shop, sampleNow()));
-    EXPECT_EQ(monitorLines(), QStringList(text("Shop\tDOWN")));
+    EXPECT_EQ(monitorLines(), QStringList(u"Shop\tDOWN"_s));
     EXPECT_TRUE(showsSymbol(0, "xmark.circle.fill"));
 }
 
@@ -214,10 +213,10 @@ TEST_F(StatusBarMenuTest, APauseAndANewNameShowAtOnce)
 {
     Monitor shop = addUp("Shop", 100);
     const QPointer<QAction> action(shownActions()[0]);
-    shop.name = text("Store");
+    shop.name = u"Store"_s;
     shop.isEnabled = false;
     samples.store.updateMonitor(shop);
-    EXPECT_EQ(monitorLines(), QStringList(text("Store\t100ms")));
+    EXPECT_EQ(monitorLines(), QStringList(u"Store\t100ms"_s));
     EXPECT_TRUE(showsSymbol(0, "circle.dotted"));
     EXPECT_EQ(action, shownActions()[0]);
 }
@@ -230,12 +229,12 @@ TEST_F(StatusBarMenuTest, AddingAndDeletingLeavesTheOthersEntriesInPlace)
     const QPointer<QAction> firstAction(shownActions()[0]);
     const QPointer<QAction> thirdAction(shownActions()[2]);
     samples.store.deleteMonitor(second.id);
-    EXPECT_EQ(monitorLines(), QStringList({text("First"), text("Third")}));
+    EXPECT_EQ(monitorLines(), QStringList({u"First"_s, u"Third"_s}));
     EXPECT_EQ(firstAction, shownActions()[0]);
     EXPECT_EQ(thirdAction, shownActions()[1]);
 
     add("Fourth");
-    EXPECT_EQ(monitorLines(), QStringList({text("First"), text("Third"), text("Fourth")}));
+    EXPECT_EQ(monitorLines(), QStringList({u"First"_s, u"Third"_s, u"Fourth"_s}));
     EXPECT_EQ(thirdAction, shownActions()[1]);
 }
 
@@ -243,18 +242,18 @@ TEST_F(StatusBarMenuTest, TheLastMonitorsEndLeavesNoMonitors)
 {
     const Monitor shop = add("Shop");
     samples.store.deleteMonitor(shop.id);
-    EXPECT_EQ(lines(), QStringList(text("No monitors")) + commands);
+    EXPECT_EQ(lines(), QStringList(u"No monitors"_s) + commands);
 }
 
 TEST_F(StatusBarMenuTest, TwoMonitorsOfOneIdAreTwoEntries)
 {
     const Monitor shop = add("Shop");
     Monitor twin = shop;
-    twin.name = text("Twin");
+    twin.name = u"Twin"_s;
     samples.store.addMonitor(twin);
-    EXPECT_EQ(monitorLines(), QStringList({text("Shop"), text("Twin")}));
+    EXPECT_EQ(monitorLines(), QStringList({u"Shop"_s, u"Twin"_s}));
     samples.store.deleteMonitor(shop.id);
-    EXPECT_EQ(lines(), QStringList(text("No monitors")) + commands);
+    EXPECT_EQ(lines(), QStringList(u"No monitors"_s) + commands);
 }
 
 TEST_F(StatusBarMenuTest, CommandsAskForWhatTheyName)

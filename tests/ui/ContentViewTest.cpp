@@ -27,6 +27,8 @@
 #include <ratio>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -123,7 +125,7 @@ protected:
     [[nodiscard]] QString textOf(const char *name) const
     {
         const QQuickItem *found = item(name);
-        return found ? found->property("text").toString() : QStringLiteral("(none)");
+        return found ? found->property("text").toString() : u"(none)"_s;
     }
     [[nodiscard]] static QString colorOf(const QQuickItem *shown)
     {
@@ -171,14 +173,13 @@ protected:
     [[nodiscard]] QString pageName() const
     {
         const QQuickItem *page = item("detailPage");
-        return page->isVisible()
-                   ? find(item("detailPage"), QStringLiteral("name"))->property("text").toString()
-                   : QStringLiteral("(dashboard)");
+        return page->isVisible() ? find(item("detailPage"), u"name"_s)->property("text").toString()
+                                 : u"(dashboard)"_s;
     }
     /// The form's sheet, which lies over the window's content.
     [[nodiscard]] QString sheetTitle() const
     {
-        const QQuickItem *title = find(window->contentItem(), QStringLiteral("title"));
+        const QQuickItem *title = find(window->contentItem(), u"title"_s);
         return title && title->isVisible() ? title->property("text").toString() : QString();
     }
 
@@ -224,18 +225,18 @@ TEST_F(ContentViewTest, TheBannerFollowsTheStore)
     samples.add(paused(still), {downCheck(still, sampleNow())});
     show();
     EXPECT_EQ(item("banner")->mapToScene({}).y(), 24);
-    EXPECT_EQ(textOf("headline"), QStringLiteral("All Systems Operational"));
-    EXPECT_EQ(textOf("countLine"), QStringLiteral("1 of 2 monitors up"));
+    EXPECT_EQ(textOf("headline"), u"All Systems Operational"_s);
+    EXPECT_EQ(textOf("countLine"), u"1 of 2 monitors up"_s);
     const QQuickItem *symbol = item("bannerSymbol");
-    EXPECT_EQ(symbol->property("name"), QStringLiteral("checkmark.circle.fill"));
+    EXPECT_EQ(symbol->property("name"), u"checkmark.circle.fill"_s);
     EXPECT_EQ(colorOf(symbol), themeColor("statusUp"));
     samples.store.addCheck(downCheck(shop, sampleNow()));
-    EXPECT_EQ(textOf("headline"), QStringLiteral("Issues Detected"));
-    EXPECT_EQ(textOf("countLine"), QStringLiteral("0 of 2 monitors up"));
-    EXPECT_EQ(symbol->property("name"), QStringLiteral("exclamationmark.triangle.fill"));
+    EXPECT_EQ(textOf("headline"), u"Issues Detected"_s);
+    EXPECT_EQ(textOf("countLine"), u"0 of 2 monitors up"_s);
+    EXPECT_EQ(symbol->property("name"), u"exclamationmark.triangle.fill"_s);
     EXPECT_EQ(colorOf(symbol), themeColor("statusDown"));
     samples.store.updateMonitor(paused(shop));
-    EXPECT_EQ(symbol->property("name"), QStringLiteral("circle.dotted.circle"));
+    EXPECT_EQ(symbol->property("name"), u"circle.dotted.circle"_s);
     EXPECT_EQ(colorOf(symbol), themeColor("statusMuted"));
 }
 
@@ -250,7 +251,7 @@ TEST_F(ContentViewTest, ACardsUptimeIsColouredByItsThresholds)
     for (const auto &[count, color] : cases) {
         for (; upCount < count; ++upCount)
             samples.store.addCheck(upCheck(shop, sampleNow()));
-        EXPECT_EQ(colorOf(find(item("card"), QStringLiteral("uptime"))), themeColor(color))
+        EXPECT_EQ(colorOf(find(item("card"), u"uptime"_s)), themeColor(color))
             << count << " of " << count + 1;
     }
 }
@@ -260,7 +261,7 @@ TEST_F(ContentViewTest, APagesFiguresAreColouredByTheirThresholds)
     const Monitor shop = samples.add(sampleMonitor());
     show();
     press(Qt::Key_Down);
-    const auto average = [&] { return find(item("detailPage"), QStringLiteral("value")); };
+    const auto average = [&] { return find(item("detailPage"), u"value"_s); };
     EXPECT_EQ(colorOf(average()), themeColor("textSecondary"));
     samples.store.addCheck(upCheck(shop, sampleNow(), 299));
     EXPECT_EQ(colorOf(average()), themeColor("statusUp"));
@@ -281,8 +282,8 @@ TEST_F(ContentViewTest, APageListsTheNewestTwentyChecksTheNewestFirst)
     press(Qt::Key_Down);
     QStringList expected;
     for (int milliseconds = 124; milliseconds > 104; --milliseconds)
-        expected += QStringLiteral("%1 ms").arg(milliseconds);
-    EXPECT_EQ(textsOf(item("detailPage"), QStringLiteral("result")), expected);
+        expected += u"%1 ms"_s.arg(milliseconds);
+    EXPECT_EQ(textsOf(item("detailPage"), u"result"_s), expected);
 }
 
 TEST_F(ContentViewTest, APagesCertificateIsColouredByTheDaysThatItHas)
@@ -298,8 +299,8 @@ TEST_F(ContentViewTest, APagesCertificateIsColouredByTheDaysThatItHas)
         Check check = upCheck(shop, sampleNow());
         check.sslExpiresAt = systemNow() + Days(days) + std::chrono::hours(12);
         samples.store.addCheck(check);
-        const QQuickItem *badge = find(item("badges"), QStringLiteral("badge"));
-        EXPECT_EQ(badge->property("text"), QStringLiteral("SSL: %1d left").arg(days));
+        const QQuickItem *badge = find(item("badges"), u"badge"_s);
+        EXPECT_EQ(badge->property("text"), u"SSL: %1d left"_s.arg(days));
         EXPECT_EQ(colorOf(badge), themeColor(color)) << days;
     }
 }
@@ -309,19 +310,17 @@ TEST_F(ContentViewTest, ACardWhoseLatestCheckIsDownShowsNoResponseTime)
     const Monitor shop = sampleMonitor();
     samples.add(shop, {upCheck(shop, sampleNow()), downCheck(shop, sampleNow())});
     show();
-    EXPECT_FALSE(find(item("card"), QStringLiteral("time"))->isVisible());
-    EXPECT_EQ(find(item("card"), QStringLiteral("uptime"))->property("text").toString(),
-              QStringLiteral("50.0%"));
+    EXPECT_FALSE(find(item("card"), u"time"_s)->isVisible());
+    EXPECT_EQ(find(item("card"), u"uptime"_s)->property("text").toString(), u"50.0%"_s);
 }
 
 TEST_F(ContentViewTest, AMonitorNeverCheckedShowsARingAndFullUptime)
 {
     samples.add(sampleMonitor());
     show();
-    EXPECT_TRUE(find(row(0), QStringLiteral("ring"))->isVisible());
-    EXPECT_FALSE(find(row(0), QStringLiteral("result"))->isVisible());
-    EXPECT_EQ(find(row(0), QStringLiteral("uptime"))->property("text").toString(),
-              QStringLiteral("100%"));
+    EXPECT_TRUE(find(row(0), u"ring"_s)->isVisible());
+    EXPECT_FALSE(find(row(0), u"result"_s)->isVisible());
+    EXPECT_EQ(find(row(0), u"uptime"_s)->property("text").toString(), u"100%"_s);
 }
 
 TEST_F(ContentViewTest, ADownMonitorShowsDownAndItsUptimeUnlessItIsPaused)
@@ -330,18 +329,13 @@ TEST_F(ContentViewTest, ADownMonitorShowsDownAndItsUptimeUnlessItIsPaused)
     samples.add(shop, {upCheck(shop, sampleNow()), downCheck(shop, sampleNow())});
     samples.add(sampleMonitor());
     show();
-    const auto result = [&] {
-        return find(row(0), QStringLiteral("result"))->property("text").toString();
-    };
-    const auto dotColor = [&](int index) {
-        return colorOf(find(row(index), QStringLiteral("dot")));
-    };
-    EXPECT_EQ(result(), QStringLiteral("DOWN"));
+    const auto result = [&] { return find(row(0), u"result"_s)->property("text").toString(); };
+    const auto dotColor = [&](int index) { return colorOf(find(row(index), u"dot"_s)); };
+    EXPECT_EQ(result(), u"DOWN"_s);
     EXPECT_NE(dotColor(0), dotColor(1));
-    EXPECT_EQ(find(row(0), QStringLiteral("uptime"))->property("text").toString(),
-              QStringLiteral("50.0%"));
+    EXPECT_EQ(find(row(0), u"uptime"_s)->property("text").toString(), u"50.0%"_s);
     samples.store.updateMonitor(paused(shop));
-    EXPECT_NE(result(), QStringLiteral("DOWN"));
+    EXPECT_NE(result(), u"DOWN"_s);
     EXPECT_EQ(dotColor(0), dotColor(1)) << "as of one that was never checked";
 }
 
@@ -350,11 +344,11 @@ TEST_F(ContentViewTest, WithoutAnIconALetterOfTheHostStandsForItOrAQuestionMark)
     samples.add(sampleMonitor());
     Monitor database = sampleMonitor();
     database.type = MonitorType::port;
-    database.url = QStringLiteral("db.local");
+    database.url = u"db.local"_s;
     samples.add(database);
     show();
     const auto icon = [&](int index) -> FaviconImage & {
-        return dynamic_cast<FaviconImage &>(*find(row(index), QStringLiteral("icon")));
+        return dynamic_cast<FaviconImage &>(*find(row(index), u"icon"_s));
     };
     EXPECT_EQ(pictureOf(icon(0)), pictureOfPlaceholder(icon(0), "https://s.example"));
     EXPECT_EQ(pictureOf(icon(1)), pictureOfPlaceholder(icon(1), "also-without-a-scheme.local"));
@@ -368,34 +362,33 @@ TEST_F(ContentViewTest, ARowReadsAsOneListItem)
     QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(row(0));
     ASSERT_TRUE(spoken);
     EXPECT_EQ(spoken->role(), QAccessible::ListItem);
-    EXPECT_EQ(spoken->text(QAccessible::Name),
-              QStringLiteral("Shop, up, 245 ms, 24-hour uptime 100%"));
+    EXPECT_EQ(spoken->text(QAccessible::Name), u"Shop, up, 245 ms, 24-hour uptime 100%"_s);
     EXPECT_EQ(spoken->childCount(), 0);
 }
 
 TEST_F(ContentViewTest, ArrowsWalkTheListAndEscapeLeavesIt)
 {
-    samples.add(sampleMonitor(QStringLiteral("First")));
-    samples.add(sampleMonitor(QStringLiteral("Second")));
+    samples.add(sampleMonitor(u"First"_s));
+    samples.add(sampleMonitor(u"Second"_s));
     show();
     press(Qt::Key_Down);
-    EXPECT_EQ(pageName(), QStringLiteral("First"));
+    EXPECT_EQ(pageName(), u"First"_s);
     press(Qt::Key_Down);
     press(Qt::Key_Down);
-    EXPECT_EQ(pageName(), QStringLiteral("Second"));
+    EXPECT_EQ(pageName(), u"Second"_s);
     press(Qt::Key_Home);
-    EXPECT_EQ(pageName(), QStringLiteral("First"));
+    EXPECT_EQ(pageName(), u"First"_s);
     press(Qt::Key_Escape);
     EXPECT_TRUE(showsDashboard());
 }
 
 TEST_F(ContentViewTest, ClicksSelectAndDeselect)
 {
-    samples.add(sampleMonitor(QStringLiteral("First")));
+    samples.add(sampleMonitor(u"First"_s));
     show();
     for (const char *elsewhere : {"home", "emptySpace"}) {
         click(*row(0));
-        EXPECT_EQ(pageName(), QStringLiteral("First"));
+        EXPECT_EQ(pageName(), u"First"_s);
         click(*item(elsewhere));
         EXPECT_TRUE(showsDashboard()) << elsewhere;
     }
@@ -403,13 +396,13 @@ TEST_F(ContentViewTest, ClicksSelectAndDeselect)
     click(*row(0), Qt::ControlModifier);
     EXPECT_TRUE(showsDashboard());
     click(*item("card"));
-    EXPECT_EQ(pageName(), QStringLiteral("First"));
+    EXPECT_EQ(pageName(), u"First"_s);
 }
 
 TEST_F(ContentViewTest, TheRowWhoseMenuIsOpenStaysMarked)
 {
-    samples.add(sampleMonitor(QStringLiteral("First")));
-    samples.add(sampleMonitor(QStringLiteral("Second")));
+    samples.add(sampleMonitor(u"First"_s));
+    samples.add(sampleMonitor(u"Second"_s));
     show();
     QTest::mouseClick(window, Qt::RightButton, {}, middleOf(*row(1)));
     EXPECT_TRUE(row(1)->property("hasMenu").toBool());
@@ -420,8 +413,8 @@ TEST_F(ContentViewTest, TheRowWhoseMenuIsOpenStaysMarked)
 
 TEST_F(ContentViewTest, TheMenuPausesAndDeletesFromTheKeyboard)
 {
-    const Monitor first = samples.add(sampleMonitor(QStringLiteral("First")));
-    const Monitor second = samples.add(sampleMonitor(QStringLiteral("Second")));
+    const Monitor first = samples.add(sampleMonitor(u"First"_s));
+    const Monitor second = samples.add(sampleMonitor(u"Second"_s));
     show();
     press(Qt::Key_Down);
     press(Qt::Key_Menu);
@@ -435,22 +428,22 @@ TEST_F(ContentViewTest, TheMenuPausesAndDeletesFromTheKeyboard)
         press(Qt::Key_Down);
     press(Qt::Key_Return);
     EXPECT_FALSE(samples.store.monitor(first.id));
-    EXPECT_EQ(pageName(), QStringLiteral("Second")) << "the first that remains";
+    EXPECT_EQ(pageName(), u"Second"_s) << "the first that remains";
 }
 
 TEST_F(ContentViewTest, AWebsiteIsAddedFromTheKeyboard)
 {
-    QGuiApplication::clipboard()->setText(QStringLiteral("https://a.example/"));
+    QGuiApplication::clipboard()->setText(u"https://a.example/"_s);
     show();
     press(Qt::Key_N, Qt::ControlModifier);
-    EXPECT_EQ(sheetTitle(), QStringLiteral("New Monitor"));
+    EXPECT_EQ(sheetTitle(), u"New Monitor"_s);
     EXPECT_TRUE(item("suggestion")->isVisible());
     type("shop.example");
     press(Qt::Key_Return);
     ASSERT_EQ(samples.store.monitors().size(), 1);
-    EXPECT_EQ(samples.store.monitors().first().url, QStringLiteral("https://shop.example"));
+    EXPECT_EQ(samples.store.monitors().first().url, u"https://shop.example"_s);
     EXPECT_TRUE(waitFor([&] { return sheetTitle().isEmpty(); }));
-    EXPECT_EQ(pageName(), QStringLiteral("shop.example"));
+    EXPECT_EQ(pageName(), u"shop.example"_s);
 }
 
 TEST_F(ContentViewTest, AMonitorIsEditedFromTheKeyboardAndFromItsPage)
@@ -461,24 +454,24 @@ TEST_F(ContentViewTest, AMonitorIsEditedFromTheKeyboardAndFromItsPage)
     EXPECT_EQ(sheetTitle(), QString()) << "nothing is selected";
     press(Qt::Key_Down);
     press(Qt::Key_E, Qt::ControlModifier);
-    EXPECT_EQ(sheetTitle(), QStringLiteral("Edit Monitor"));
+    EXPECT_EQ(sheetTitle(), u"Edit Monitor"_s);
     press(Qt::Key_N, Qt::ControlModifier);
     pressByAssistiveTool("addMonitor");
-    EXPECT_EQ(sheetTitle(), QStringLiteral("Edit Monitor")) << "what is typed stays";
+    EXPECT_EQ(sheetTitle(), u"Edit Monitor"_s) << "what is typed stays";
     press(Qt::Key_Escape);
     ASSERT_TRUE(waitFor([&] { return sheetTitle().isEmpty(); }));
     EXPECT_EQ(pageName(), shop.name) << "Escape was the sheet's";
 
     click(*item("editMonitor"));
-    EXPECT_EQ(sheetTitle(), QStringLiteral("Edit Monitor"));
+    EXPECT_EQ(sheetTitle(), u"Edit Monitor"_s);
     QTest::keySequence(window, QKeySequence::SelectAll);
     type("other.example");
     press(Qt::Key_Return);
-    EXPECT_EQ(samples.store.monitor(shop.id)->url, QStringLiteral("https://other.example"));
+    EXPECT_EQ(samples.store.monitor(shop.id)->url, u"https://other.example"_s);
     EXPECT_EQ(samples.store.monitor(shop.id)->name, shop.name);
     EXPECT_TRUE(waitFor([&] { return sheetTitle().isEmpty(); }));
     click(*item("editMonitor"));
-    EXPECT_EQ(sheetTitle(), QStringLiteral("Edit Monitor")) << "a second time, too";
+    EXPECT_EQ(sheetTitle(), u"Edit Monitor"_s) << "a second time, too";
 }
 
 TEST_F(ContentViewTest, ThePageChecksItsMonitorAndAsksForHelp)
@@ -524,7 +517,7 @@ TEST_F(ContentViewTest, TheSettingsHaveAWindowOfTheirOwn)
     EXPECT_FALSE(settingsWindow());
     click(*item("settings"));
     ASSERT_TRUE(settingsWindow());
-    EXPECT_EQ(settingsWindow()->title(), QStringLiteral("Settings"));
+    EXPECT_EQ(settingsWindow()->title(), u"Settings"_s);
     settingsWindow()->close();
     window->requestActivate();
     ASSERT_TRUE(waitFor([&] { return window->isActive(); }));
@@ -545,11 +538,10 @@ TEST_F(ContentViewTest, ANoticeStandsAboveTheFooterWhileThereIsSomethingToSay)
     scripted.networkPresence.setPresent(false);
     const QQuickItem *row = item("noticeText")->parentItem();
     ASSERT_TRUE(waitFor([&] { return row->opacity() == 1; }));
-    EXPECT_EQ(textOf("noticeText"), QStringLiteral("Offline. Checks wait for the network."));
+    EXPECT_EQ(textOf("noticeText"), u"Offline. Checks wait for the network."_s);
     const QList<QQuickItem *> children = row->childItems();
-    const auto symbol = std::ranges::find_if(children, [](const QQuickItem *child) {
-        return child->property("name") == QStringLiteral("network");
-    });
+    const auto symbol = std::ranges::find_if(
+        children, [](const QQuickItem *child) { return child->property("name") == u"network"_s; });
     ASSERT_NE(symbol, children.end());
     EXPECT_EQ(colorOf(*symbol), themeColor("textSecondary"));
     EXPECT_EQ(item("list")->height(), height - 36);
@@ -561,7 +553,7 @@ TEST_F(ContentViewTest, ANoticeStandsAboveTheFooterWhileThereIsSomethingToSay)
     EXPECT_EQ(spoken->text(QAccessible::Name), textOf("noticeText"));
 
     scripted.networkPresence.setPresent(true);
-    EXPECT_EQ(textOf("noticeText"), QStringLiteral("Offline. Checks wait for the network."))
+    EXPECT_EQ(textOf("noticeText"), u"Offline. Checks wait for the network."_s)
         << "it doesn't change while it goes";
     ASSERT_TRUE(waitFor([&] { return !row->isVisible(); }));
     EXPECT_EQ(item("list")->height(), height);
@@ -570,7 +562,7 @@ TEST_F(ContentViewTest, ANoticeStandsAboveTheFooterWhileThereIsSomethingToSay)
 TEST(ToneColorsTest, EveryToneIsAColourOfTheTheme)
 {
     QQmlEngine views;
-    views.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    views.addImportPath(u"qrc:/qt/qml"_s);
     const std::pair<const char *, const char *> table[] = {
         {"Tone.Up", "Theme.statusUp"},     {"Tone.Warning", "Theme.warning"},
         {"Tone.Down", "Theme.statusDown"}, {"Tone.Muted", "Theme.statusMuted"},

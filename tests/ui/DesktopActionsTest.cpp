@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 namespace {
 
@@ -28,12 +30,12 @@ TEST_F(DesktopActionsTest, HelpIsAMessageToTheSupport)
 TEST_F(DesktopActionsTest, NotificationSettingsAreTheDesktops)
 {
     DesktopActions(workspace, folder.path()).openNotificationSettings();
-    EXPECT_EQ(workspace.opened, QStringList{QStringLiteral("notifications")});
+    EXPECT_EQ(workspace.opened, QStringList{u"notifications"_s});
 }
 
 TEST_F(DesktopActionsTest, TheDataFolderIsRevealedButNotMade)
 {
-    const QString missing = folder.filePath(QStringLiteral("Ostrel"));
+    const QString missing = folder.filePath(u"Ostrel"_s);
     DesktopActions(workspace, missing).revealDataFolder();
     EXPECT_EQ(workspace.opened, QStringList{missing});
     EXPECT_FALSE(QDir(missing).exists());
@@ -41,18 +43,16 @@ TEST_F(DesktopActionsTest, TheDataFolderIsRevealedButNotMade)
 
 TEST_F(DesktopActionsTest, ARelativeDataFolderIsRevealedAsAnAbsoluteOne)
 {
-    DesktopActions(workspace, QStringLiteral("Ostrel")).revealDataFolder();
-    EXPECT_EQ(workspace.opened, QStringList{QDir::current().filePath(QStringLiteral("Ostrel"))});
+    DesktopActions(workspace, u"Ostrel"_s).revealDataFolder();
+    EXPECT_EQ(workspace.opened, QStringList{QDir::current().filePath(u"Ostrel"_s)});
 }
 
 TEST_F(DesktopActionsTest, TheRealDataFolderIsShown)
 {
     qputenv("HOME", folder.path().toLocal8Bit());
-    EXPECT_EQ(
-        DesktopActions(workspace, folder.filePath(QStringLiteral("share/Ostrel"))).dataFolderText(),
-        QStringLiteral("~/share/Ostrel/"));
-    EXPECT_EQ(DesktopActions(workspace, QStringLiteral("/srv/Ostrel")).dataFolderText(),
-              QStringLiteral("/srv/Ostrel/"));
+    EXPECT_EQ(DesktopActions(workspace, folder.filePath(u"share/Ostrel"_s)).dataFolderText(),
+              u"~/share/Ostrel/"_s);
+    EXPECT_EQ(DesktopActions(workspace, u"/srv/Ostrel"_s).dataFolderText(), u"/srv/Ostrel/"_s);
 }
 
 } // namespace

@@ -8,13 +8,15 @@
 
 namespace ostrel::test {
 
+using namespace Qt::StringLiterals;
+
 /// Keeps what the desktop was asked to open, and opens nothing.
 class RecordingWorkspace : public Workspace
 {
 public:
     bool open(const QUrl &url) override { return record(url.toString()); }
     bool openFolder(const QString &path) override { return record(path); }
-    bool openNotificationSettings() override { return record(QStringLiteral("notifications")); }
+    bool openNotificationSettings() override { return record(u"notifications"_s); }
 
     QStringList opened;
 
@@ -30,8 +32,8 @@ private:
 class RecordingLoginItem : public LoginItem
 {
 public:
-    bool registerItem() override { return record(QStringLiteral("register")); }
-    bool unregisterItem() override { return record(QStringLiteral("unregister")); }
+    bool registerItem() override { return record(u"register"_s); }
+    bool unregisterItem() override { return record(u"unregister"_s); }
 
     QStringList calls;
     bool isRefusing = false;

@@ -15,6 +15,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -77,7 +79,7 @@ public:
     [[nodiscard]] QString text(const char *objectName)
     {
         const QQuickItem *found = item(objectName);
-        return found ? found->property("text").toString() : QStringLiteral("missing");
+        return found ? found->property("text").toString() : u"missing"_s;
     }
     [[nodiscard]] QStringList texts() { return textsIn(*m_window.contentItem()); }
     [[nodiscard]] QStringList placeholders() { return placeholdersIn(*m_window.contentItem()); }
@@ -113,7 +115,7 @@ class PillTest : public testing::TestWithParam<PillCase>
 
 TEST_P(PillTest, SaysTheStatusInCapitalsBesideItsSymbol)
 {
-    Page page(QStringLiteral("DetailPage-") + QLatin1String(GetParam().sample));
+    Page page(u"DetailPage-"_s + QLatin1String(GetParam().sample));
     EXPECT_EQ(page.text("pillText"), QLatin1String(GetParam().text));
     EXPECT_EQ(page.item("pillSymbol")->property("name"), QLatin1String(GetParam().symbol));
 }
@@ -126,12 +128,12 @@ INSTANTIATE_TEST_SUITE_P(Statuses, PillTest,
 
 TEST(MonitorDetailViewTest, AMonitorWithoutChecksShowsThatThereAreNone)
 {
-    Page page(QStringLiteral("DetailPage-pending"));
+    Page page(u"DetailPage-pending"_s);
     EXPECT_FALSE(page.shows("lastChecked"));
     EXPECT_FALSE(page.shows("badges"));
     EXPECT_FALSE(page.shows("percentage"));
     EXPECT_TRUE(page.shows("collecting"));
-    EXPECT_EQ(page.text("age"), QStringLiteral("No data"));
+    EXPECT_EQ(page.text("age"), u"No data"_s);
     EXPECT_TRUE(page.shows("noChecks"));
     EXPECT_FALSE(page.shows("chart"));
     EXPECT_FALSE(page.shows("waiting"));
@@ -140,13 +142,13 @@ TEST(MonitorDetailViewTest, AMonitorWithoutChecksShowsThatThereAreNone)
 
 TEST(MonitorDetailViewTest, TheBadgesAreARowWhereThereAreAny)
 {
-    EXPECT_TRUE(Page(QStringLiteral("DetailPage-up")).shows("badges"));
-    EXPECT_FALSE(Page(QStringLiteral("DetailPage-paused")).shows("badges"));
+    EXPECT_TRUE(Page(u"DetailPage-up"_s).shows("badges"));
+    EXPECT_FALSE(Page(u"DetailPage-paused"_s).shows("badges"));
 }
 
 TEST(MonitorDetailViewTest, OnePointWaitsForDataAndShowsItsTime)
 {
-    Page page(QStringLiteral("DetailPage-chart-1"));
+    Page page(u"DetailPage-chart-1"_s);
     EXPECT_TRUE(page.shows("waiting"));
     EXPECT_FALSE(page.shows("chart"));
     EXPECT_TRUE(page.shows("newest"));
@@ -154,28 +156,28 @@ TEST(MonitorDetailViewTest, OnePointWaitsForDataAndShowsItsTime)
 
 TEST(MonitorDetailViewTest, FailedChecksAloneWaitForDataWithoutATime)
 {
-    Page page(QStringLiteral("DetailPage-chart-0"));
+    Page page(u"DetailPage-chart-0"_s);
     EXPECT_TRUE(page.shows("waiting"));
     EXPECT_FALSE(page.shows("newest"));
 }
 
 TEST(MonitorDetailViewTest, TwoPointsAreAChart)
 {
-    Page page(QStringLiteral("DetailPage-chart-2"));
+    Page page(u"DetailPage-chart-2"_s);
     EXPECT_TRUE(page.shows("chart"));
     EXPECT_FALSE(page.shows("waiting"));
 }
 
 TEST(MonitorDetailViewTest, ChecksOlderThanADayLeaveNoChart)
 {
-    Page page(QStringLiteral("DetailPage-stale"));
+    Page page(u"DetailPage-stale"_s);
     EXPECT_TRUE(page.shows("noChecks"));
     EXPECT_FALSE(page.shows("collecting"));
 }
 
 TEST(MonitorDetailViewTest, TheStripIsGreenWhereItWasUpAndRedWhereItWasDown)
 {
-    Page page(QStringLiteral("DetailPage-up"));
+    Page page(u"DetailPage-up"_s);
     const auto colorOf = [&](const char *property) {
         return page.item("strip")->property(property).value<QColor>().rgba();
     };
@@ -185,7 +187,7 @@ TEST(MonitorDetailViewTest, TheStripIsGreenWhereItWasUpAndRedWhereItWasDown)
 
 TEST(MonitorDetailViewTest, EditMonitorAsksForTheForm)
 {
-    Page page(QStringLiteral("DetailPage-up"));
+    Page page(u"DetailPage-up"_s);
     const QSignalSpy asked(page.item("view"), SIGNAL(editMonitor()));
     page.click("editMonitor");
     EXPECT_EQ(asked.count(), 1);
@@ -193,14 +195,14 @@ TEST(MonitorDetailViewTest, EditMonitorAsksForTheForm)
 
 TEST(AddMonitorSheetTest, TheKeyboardBeginsInTheAddress)
 {
-    Page page(QStringLiteral("FormPage-suggestion"));
+    Page page(u"FormPage-suggestion"_s);
     EXPECT_EQ(page.window().activeFocusItem(), page.item("address"));
     EXPECT_TRUE(page.shows("suggestion"));
 }
 
 TEST(AddMonitorSheetTest, ReturnDoesNothingWhileTheFormIsInvalid)
 {
-    Page page(QStringLiteral("FormPage-suggestion"));
+    Page page(u"FormPage-suggestion"_s);
     EXPECT_FALSE(page.item("confirm")->isEnabled());
     page.press(Qt::Key_Return);
     EXPECT_TRUE(page.shows("title"));
@@ -208,7 +210,7 @@ TEST(AddMonitorSheetTest, ReturnDoesNothingWhileTheFormIsInvalid)
 
 TEST(AddMonitorSheetTest, ReturnConfirmsAValidForm)
 {
-    Page page(QStringLiteral("FormPage-valid"));
+    Page page(u"FormPage-valid"_s);
     EXPECT_TRUE(page.item("confirm")->isEnabled());
     page.press(Qt::Key_Return);
     EXPECT_TRUE(waitFor([&] { return !page.shows("title"); }));
@@ -216,20 +218,20 @@ TEST(AddMonitorSheetTest, ReturnConfirmsAValidForm)
 
 TEST(AddMonitorSheetTest, EscapeAndCancelCloseIt)
 {
-    Page escaped(QStringLiteral("FormPage-valid"));
+    Page escaped(u"FormPage-valid"_s);
     escaped.press(Qt::Key_Escape);
     EXPECT_TRUE(waitFor([&] { return !escaped.shows("title"); }));
 
-    Page cancelled(QStringLiteral("FormPage-valid"));
+    Page cancelled(u"FormPage-valid"_s);
     cancelled.click("cancel");
     EXPECT_TRUE(waitFor([&] { return !cancelled.shows("title"); }));
 }
 
 TEST(AddMonitorSheetTest, TheTilesSwitchTheFields)
 {
-    Page page(QStringLiteral("FormPage-suggestion"));
+    Page page(u"FormPage-suggestion"_s);
     page.click("port");
-    EXPECT_EQ(page.form()->monitorType(), QStringLiteral("port"));
+    EXPECT_EQ(page.form()->monitorType(), u"port"_s);
     EXPECT_FALSE(page.shows("address"));
     EXPECT_FALSE(page.shows("keyword"));
     EXPECT_EQ(page.window().activeFocusItem(), page.item("host"));
@@ -241,12 +243,12 @@ TEST(AddMonitorSheetTest, TheTilesSwitchTheFields)
 
 TEST(AddMonitorSheetTest, TypingAHostAndItsPortGoesOnInThePort)
 {
-    Page page(QStringLiteral("FormPage-suggestion"));
+    Page page(u"FormPage-suggestion"_s);
     for (const char key : {'d', 'b', ':', '5', '4', '3', '2'})
         QTest::keyClick(&page.window(), key);
-    EXPECT_EQ(page.form()->monitorType(), QStringLiteral("port"));
-    EXPECT_EQ(page.form()->url(), QStringLiteral("db"));
-    EXPECT_EQ(page.form()->portText(), QStringLiteral("5432"));
+    EXPECT_EQ(page.form()->monitorType(), u"port"_s);
+    EXPECT_EQ(page.form()->url(), u"db"_s);
+    EXPECT_EQ(page.form()->portText(), u"5432"_s);
 }
 
 TEST(AddMonitorSheetTest, PlaceholdersAreExamplesOrInTheUsersLanguage)
@@ -255,18 +257,18 @@ TEST(AddMonitorSheetTest, PlaceholdersAreExamplesOrInTheUsersLanguage)
     QCoreApplication::installTranslator(&translator);
     QStringList examples;
     {
-        Page page(QStringLiteral("FormPage-website"));
-        examples = page.placeholders().filter(QRegularExpression(QStringLiteral("^[^⟦]")));
+        Page page(u"FormPage-website"_s);
+        examples = page.placeholders().filter(QRegularExpression(u"^[^⟦]"_s));
         EXPECT_GT(page.placeholders().size(), examples.size() + 1);
     }
     QCoreApplication::removeTranslator(&translator);
-    EXPECT_THAT(examples, testing::UnorderedElementsAre(exampleWebsite(), exampleDatabaseHost(),
-                                                        QStringLiteral("5432")));
+    EXPECT_THAT(examples,
+                testing::UnorderedElementsAre(exampleWebsite(), exampleDatabaseHost(), u"5432"_s));
 }
 
 TEST(AddMonitorSheetTest, TabStaysInTheSheet)
 {
-    Page page(QStringLiteral("FormPage-website"));
+    Page page(u"FormPage-website"_s);
     const QQuickItem *sheet = page.item("title")->parentItem()->parentItem();
     for (int i = 0; i < 40; ++i) {
         page.press(Qt::Key_Tab);
@@ -277,7 +279,7 @@ TEST(AddMonitorSheetTest, TabStaysInTheSheet)
 
 TEST(AddMonitorSheetTest, ASmallWindowShowsItsBeginning)
 {
-    Page page(QStringLiteral("SmallFormPage-website"));
+    Page page(u"SmallFormPage-website"_s);
     QQuickItem *middle = page.item("middle");
     ASSERT_TRUE(middle);
     EXPECT_TRUE(middle->property("isScrolling").toBool());
@@ -288,25 +290,25 @@ TEST(AddMonitorSheetTest, ASmallWindowShowsItsBeginning)
 
 TEST(AddMonitorSheetTest, TheSuggestionIsTakenAndGone)
 {
-    Page page(QStringLiteral("FormPage-suggestion"));
+    Page page(u"FormPage-suggestion"_s);
     page.click("suggestion");
-    EXPECT_EQ(page.text("address"), QStringLiteral("https://bakery.example/order"));
+    EXPECT_EQ(page.text("address"), u"https://bakery.example/order"_s);
     EXPECT_FALSE(page.shows("suggestion"));
     EXPECT_TRUE(page.item("confirm")->isEnabled());
 }
 
 TEST(SettingsViewTest, AFreshSystemLaunchesNothingAndPlaysSounds)
 {
-    Page page(QStringLiteral("SettingsPage"));
+    Page page(u"SettingsPage"_s);
     EXPECT_EQ(page.item("launchAtLogin")->property("checked"), QVariant(false));
     EXPECT_EQ(page.item("playSounds")->property("checked"), QVariant(true));
 }
 
 TEST(SettingsViewTest, ARefusedRegistrationLeavesTheToggleOnAndSaysNothing)
 {
-    Page page(QStringLiteral("SettingsPage"));
+    Page page(u"SettingsPage"_s);
     const QStringList before = page.texts();
-    ASSERT_TRUE(before.contains(QStringLiteral("Launch at Login")));
+    ASSERT_TRUE(before.contains(u"Launch at Login"_s));
     page.click("launchAtLogin");
     EXPECT_EQ(page.item("launchAtLogin")->property("checked"), QVariant(true));
     EXPECT_EQ(page.texts(), before);

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -20,7 +22,7 @@ protected:
     SampleStore sample;
     Monitor shop = sample.add(sampleMonitor());
     MonitorDetailModel model{sample.store, [this] { return sample.now; }, QTimeZone::utc(),
-                             QLocale(QStringLiteral("en_US"))};
+                             QLocale(u"en_US"_s)};
     QSignalSpy changes{&model, &MonitorDetailModel::detailChanged};
 };
 
@@ -37,7 +39,7 @@ TEST_F(MonitorDetailModelTest, AChosenMonitorIsShownWithItsChecks)
 {
     sample.store.addCheck(upCheck(shop, sample.now));
     model.setMonitorId(shop.id);
-    EXPECT_EQ(model.detail().name, QStringLiteral("Shop"));
+    EXPECT_EQ(model.detail().name, u"Shop"_s);
     EXPECT_EQ(model.recentChecks()->rowCount(), 1);
     EXPECT_EQ(changes.count(), 1);
 }
@@ -45,15 +47,15 @@ TEST_F(MonitorDetailModelTest, AChosenMonitorIsShownWithItsChecks)
 TEST_F(MonitorDetailModelTest, ANewCheckIsShownAtOnce)
 {
     model.setMonitorId(shop.id);
-    EXPECT_EQ(model.detail().pillText, QStringLiteral("PENDING"));
+    EXPECT_EQ(model.detail().pillText, u"PENDING"_s);
     sample.store.addCheck(upCheck(shop, sample.now));
-    EXPECT_EQ(model.detail().pillText, QStringLiteral("UP"));
+    EXPECT_EQ(model.detail().pillText, u"UP"_s);
     EXPECT_EQ(changes.count(), 2);
 }
 
 TEST_F(MonitorDetailModelTest, AnotherMonitorsCheckChangesNothing)
 {
-    const Monitor other = sample.add(sampleMonitor(QStringLiteral("Other")));
+    const Monitor other = sample.add(sampleMonitor(u"Other"_s));
     sample.store.addCheck(upCheck(shop, sample.now));
     model.setMonitorId(shop.id);
     changes.clear();
@@ -66,9 +68,9 @@ TEST_F(MonitorDetailModelTest, AnotherMonitorsCheckChangesNothing)
 TEST_F(MonitorDetailModelTest, AnEditedMonitorIsShownAtOnceAndADeletedOneIsGone)
 {
     model.setMonitorId(shop.id);
-    shop.name = QStringLiteral("Bakery");
+    shop.name = u"Bakery"_s;
     sample.store.updateMonitor(shop);
-    EXPECT_EQ(model.detail().name, QStringLiteral("Bakery"));
+    EXPECT_EQ(model.detail().name, u"Bakery"_s);
     sample.store.deleteMonitor(shop.id);
     EXPECT_EQ(model.detail(), MonitorDetail());
 }
@@ -79,14 +81,13 @@ TEST_F(MonitorDetailModelTest, TimeIsFollowedOnlyWhileThePageIsShown)
     model.setMonitorId(shop.id);
     EXPECT_FALSE(model.isShown());
     sample.now += 2min;
-    EXPECT_EQ(model.detail().lastCheckedText, QStringLiteral("Last checked now"));
+    EXPECT_EQ(model.detail().lastCheckedText, u"Last checked now"_s);
 
     model.setShown(true);
-    EXPECT_EQ(model.detail().lastCheckedText, QStringLiteral("Last checked 2 minutes ago"));
+    EXPECT_EQ(model.detail().lastCheckedText, u"Last checked 2 minutes ago"_s);
     sample.now += 1min;
-    EXPECT_TRUE(waitFor([&] {
-        return model.detail().lastCheckedText == QStringLiteral("Last checked 3 minutes ago");
-    }));
+    EXPECT_TRUE(
+        waitFor([&] { return model.detail().lastCheckedText == u"Last checked 3 minutes ago"_s; }));
 
     model.setShown(false);
     EXPECT_FALSE(model.isShown());

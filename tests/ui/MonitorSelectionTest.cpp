@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -15,8 +17,8 @@ protected:
     MonitorSelectionTest() { selection.setMonitors(&model); }
 
     SampleStore samples;
-    Monitor first = samples.add(sampleMonitor(QStringLiteral("First")));
-    Monitor second = samples.add(sampleMonitor(QStringLiteral("Second")));
+    Monitor first = samples.add(sampleMonitor(u"First"_s));
+    Monitor second = samples.add(sampleMonitor(u"Second"_s));
     MonitorListModel model{samples.store};
     MonitorSelection selection;
 };
@@ -31,14 +33,14 @@ TEST_F(MonitorSelectionTest, NothingIsSelectedAtFirst)
 
 TEST_F(MonitorSelectionTest, ACountChangeSelectsTheFirstWhereNothingIsSelected)
 {
-    samples.add(sampleMonitor(QStringLiteral("Third")));
+    samples.add(sampleMonitor(u"Third"_s));
     EXPECT_EQ(selection.monitorIdValue().toUuid(), first.id);
 }
 
 TEST_F(MonitorSelectionTest, ACountChangeLeavesASelectionAlone)
 {
     selection.setMonitorId(second.id);
-    samples.add(sampleMonitor(QStringLiteral("Third")));
+    samples.add(sampleMonitor(u"Third"_s));
     samples.store.deleteMonitor(first.id);
     EXPECT_EQ(selection.monitorIdValue().toUuid(), second.id);
     EXPECT_EQ(selection.row(), 0);
@@ -47,7 +49,7 @@ TEST_F(MonitorSelectionTest, ACountChangeLeavesASelectionAlone)
 TEST_F(MonitorSelectionTest, AnEditSelectsNothing)
 {
     Monitor edited = first;
-    edited.name = QStringLiteral("Other");
+    edited.name = u"Other"_s;
     samples.store.updateMonitor(edited);
     EXPECT_TRUE(selection.monitorIdValue().toUuid().isNull());
 }

@@ -18,6 +18,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -65,9 +67,9 @@ class PaintedViewsTest : public testing::Test
 protected:
     PaintedViewsTest()
     {
-        m_view.engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
+        m_view.engine()->addImportPath(u"qrc:/qt/qml"_s);
         QQmlComponent component(m_view.engine());
-        component.setData(document, QUrl(QStringLiteral("qrc:/PaintedViewsTest.qml")));
+        component.setData(document, QUrl(u"qrc:/PaintedViewsTest.qml"_s));
         m_root.reset(qobject_cast<QQuickItem *>(component.create()));
         EXPECT_TRUE(m_root) << qPrintable(component.errorString());
     }
@@ -116,7 +118,7 @@ void keep(const QImage &image, const QString &name)
     const QString folder = qEnvironmentVariable("OSTREL_PICTURES");
     if (folder.isEmpty())
         return;
-    EXPECT_TRUE(image.save(QDir(folder).filePath(name + QStringLiteral(".png"))));
+    EXPECT_TRUE(image.save(QDir(folder).filePath(name + u".png"_s)));
 }
 
 /// How many pixels of @p image are nearly @p color.
@@ -157,7 +159,7 @@ TEST_F(PaintedViewsTest, LongSeriesIsALineWithoutPoints)
 {
     show(wavyDay(96, 24));
     const QImage image = grab();
-    keep(image, QStringLiteral("long-%1").arg(image.width()));
+    keep(image, u"long-%1"_s.arg(image.width()));
     EXPECT_LT(countPixels(image, disc), 20);
     EXPECT_GT(countPixels(image, up), 1000);
     EXPECT_GT(countPixels(image, down), 100);
@@ -167,7 +169,7 @@ TEST_F(PaintedViewsTest, ShortSeriesHasPoints)
 {
     show(wavyDay(24, 6));
     const QImage image = grab();
-    keep(image, QStringLiteral("short-%1").arg(image.width()));
+    keep(image, u"short-%1"_s.arg(image.width()));
     EXPECT_GT(countPixels(image, disc), 20 * 5);
 }
 
@@ -186,7 +188,7 @@ TEST_F(PaintedViewsTest, TheAreaUnderTheLineIsTintedDownToTheScalesFoot)
             const QColor pixel = image.pixelColor(qRound(307 * scale), qRound(y * scale));
             return image.pixelColor(0, 0).lightness() - pixel.lightness();
         };
-        keep(image, QStringLiteral("area-%1").arg(count));
+        keep(image, u"area-%1"_s.arg(count));
         EXPECT_EQ(strength(12), 0) << count << ": above the line";
         EXPECT_GT(strength(75), strength(140)) << count << ": fading";
         EXPECT_GT(strength(140), 0) << count << ": near the foot";
@@ -197,7 +199,7 @@ TEST_F(PaintedViewsTest, LongestSeriesIsPainted)
 {
     show(wavyDay(1440, 480));
     const QImage image = grab();
-    keep(image, QStringLiteral("longest"));
+    keep(image, u"longest"_s);
     EXPECT_GT(columnsWithLine(image), image.width() * 9 / 10);
     EXPECT_GT(countPixels(image, up), 1000);
 }
@@ -206,7 +208,7 @@ TEST_F(PaintedViewsTest, NothingToShowIsOneQuietStrip)
 {
     show({});
     const QImage image = grab();
-    keep(image, QStringLiteral("empty"));
+    keep(image, u"empty"_s);
     EXPECT_EQ(countPixels(image, up) + countPixels(image, down) + countPixels(image, disc), 0);
     EXPECT_NE(image.pixelColor(image.width() / 2, image.height() * 213 / 242),
               image.pixelColor(image.width() / 2, image.height() * 90 / 242));
@@ -227,17 +229,16 @@ TEST_F(PaintedViewsTest, BothAreSpokenAsASentence)
     EXPECT_EQ(accessible("chart")->role(), QAccessible::Graphic);
     EXPECT_TRUE(accessible("chart")
                     ->text(QAccessible::Name)
-                    .startsWith(QStringLiteral("Response Time: newest 190 ms, lowest ")));
+                    .startsWith(u"Response Time: newest 190 ms, lowest "_s));
     ASSERT_TRUE(accessible("strip"));
     EXPECT_EQ(accessible("strip")->role(), QAccessible::Graphic);
     EXPECT_EQ(accessible("strip")->text(QAccessible::Name),
-              QStringLiteral("Uptime 95.83%, checks: 24, failed: 1, oldest: 23h ago"));
+              u"Uptime 95.83%, checks: 24, failed: 1, oldest: 23h ago"_s);
 }
 
 TEST_F(PaintedViewsTest, WithoutChecksTheyAreSpokenToo)
 {
-    EXPECT_EQ(accessible("chart")->text(QAccessible::Name),
-              QStringLiteral("Response Time: waiting for data"));
+    EXPECT_EQ(accessible("chart")->text(QAccessible::Name), u"Response Time: waiting for data"_s);
 }
 
 } // namespace ostrel::test
@@ -247,7 +248,7 @@ int main(int argc, char **argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("TZ", "UTC");
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    QLocale::setDefault(QLocale(QStringLiteral("en_US")));
+    QLocale::setDefault(QLocale(u"en_US"_s));
     testing::InitGoogleTest(&argc, argv);
     const QGuiApplication application(argc, argv);
     return RUN_ALL_TESTS();

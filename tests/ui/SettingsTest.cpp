@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 namespace {
 
@@ -22,7 +24,7 @@ protected:
     /// What is on disk.
     [[nodiscard]] QString stored() const
     {
-        QFile file(folder.filePath(QStringLiteral("Ostrel/Ostrel.conf")));
+        QFile file(folder.filePath(u"Ostrel/Ostrel.conf"_s));
         return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
     }
 
@@ -55,8 +57,7 @@ TEST_F(SettingsTest, LaunchAtLoginTellsTheDesktopOfEveryChange)
     Settings settings(loginItem);
     for (const bool isOn : {false, true, true, false, false, true})
         settings.setLaunchAtLogin(isOn);
-    EXPECT_EQ(loginItem.calls.join(u' '),
-              QStringLiteral("unregister register unregister unregister register"));
+    EXPECT_EQ(loginItem.calls.join(u' '), u"unregister register unregister unregister register"_s);
 }
 
 TEST_F(SettingsTest, ARefusedRegistrationLeavesTheChoice)
@@ -77,9 +78,9 @@ TEST_F(SettingsTest, AChangeIsWrittenAtOnce)
 {
     Settings settings(loginItem);
     settings.setLaunchAtLogin(true);
-    EXPECT_TRUE(stored().contains(QStringLiteral("launchAtLogin=true\n")));
+    EXPECT_TRUE(stored().contains(u"launchAtLogin=true\n"_s));
     settings.setPlaySounds(false);
-    EXPECT_TRUE(stored().contains(QStringLiteral("playSounds=false\n")));
+    EXPECT_TRUE(stored().contains(u"playSounds=false\n"_s));
 }
 
 TEST_F(SettingsTest, PlaySoundsIsStoredAndNothingElse)

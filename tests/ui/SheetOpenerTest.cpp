@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -15,10 +17,7 @@ namespace {
 class SheetOpenerTest : public testing::Test, protected FolderStore
 {
 protected:
-    SheetOpenerTest()
-    {
-        QGuiApplication::clipboard()->setText(QStringLiteral(" https://a.example/path\n"));
-    }
+    SheetOpenerTest() { QGuiApplication::clipboard()->setText(u" https://a.example/path\n"_s); }
 
     MonitorForm form{store};
     SheetOpener opener{store, form};
@@ -29,8 +28,8 @@ protected:
 TEST_F(SheetOpenerTest, ANewMonitorIsOfferedTheClipboardsAddress)
 {
     opener.beginCreate();
-    EXPECT_EQ(form.title(), QStringLiteral("New Monitor"));
-    EXPECT_EQ(form.clipboardURL(), QStringLiteral("https://a.example/path"));
+    EXPECT_EQ(form.title(), u"New Monitor"_s);
+    EXPECT_EQ(form.clipboardURL(), u"https://a.example/path"_s);
 }
 
 TEST_F(SheetOpenerTest, AnEditedMonitorIsShownAsItIsStored)
@@ -38,14 +37,14 @@ TEST_F(SheetOpenerTest, AnEditedMonitorIsShownAsItIsStored)
     const Monitor monitor = makeMonitor();
     store.addMonitor(monitor);
     EXPECT_TRUE(opener.beginEdit(monitor.id));
-    EXPECT_EQ(form.title(), QStringLiteral("Edit Monitor"));
+    EXPECT_EQ(form.title(), u"Edit Monitor"_s);
     EXPECT_EQ(form.url(), monitor.url);
 }
 
 TEST_F(SheetOpenerTest, AnUnknownMonitorIsNotEdited)
 {
     EXPECT_FALSE(opener.beginEdit(QUuid::createUuid()));
-    EXPECT_EQ(form.title(), QStringLiteral("New Monitor"));
+    EXPECT_EQ(form.title(), u"New Monitor"_s);
 }
 
 } // namespace ostrel::test

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 namespace {
 
@@ -34,19 +36,19 @@ protected:
     }
 
     QTemporaryDir folder;
-    MonitorStore store{blocked(folder.filePath(QStringLiteral("data")))};
+    MonitorStore store{blocked(folder.filePath(u"data"_s))};
     ScriptedPresence presence;
     SidebarNotice notice{store, presence};
     int changes = 0;
 };
 
-const QString offline = QStringLiteral("Offline. Checks wait for the network.");
+const QString offline = u"Offline. Checks wait for the network."_s;
 
 TEST_F(SidebarNoticeTest, SaysWhereNothingCanBeSaved)
 {
     EXPECT_TRUE(notice.isNeeded());
-    EXPECT_EQ(notice.text(), QStringLiteral("Can't save to %1.").arg(store.storageDir()));
-    EXPECT_EQ(notice.symbol(), QStringLiteral("exclamationmark.triangle.fill"));
+    EXPECT_EQ(notice.text(), u"Can't save to %1."_s.arg(store.storageDir()));
+    EXPECT_EQ(notice.symbol(), u"exclamationmark.triangle.fill"_s);
     EXPECT_EQ(notice.tone(), Tone::Warning);
 
     makeRoom();
@@ -60,7 +62,7 @@ TEST_F(SidebarNoticeTest, SaysThatTheNetworkIsAway)
     presence.setPresent(false);
     EXPECT_TRUE(notice.isNeeded());
     EXPECT_EQ(notice.text(), offline);
-    EXPECT_EQ(notice.symbol(), QStringLiteral("network"));
+    EXPECT_EQ(notice.symbol(), u"network"_s);
     EXPECT_EQ(notice.tone(), Tone::Secondary);
 
     presence.setPresent(true);

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -16,7 +18,7 @@ QVariantList statistics(const QStringList &values)
 {
     QVariantList list;
     for (const QString &value : values)
-        list += QVariant::fromValue(Statistic{.value = value, .unit = QStringLiteral("ms")});
+        list += QVariant::fromValue(Statistic{.value = value, .unit = u"ms"_s});
     return list;
 }
 
@@ -24,16 +26,14 @@ QVariantList statistics(const QStringList &values)
 
 TEST(StatisticLayoutTest, ValuesAreLargeWhereAllFit)
 {
-    EXPECT_EQ(StatisticLayout::valueSize(statistics({QStringLiteral("192"), QStringLiteral("100")}),
-                                         113, unitGap),
+    EXPECT_EQ(StatisticLayout::valueSize(statistics({u"192"_s, u"100"_s}), 113, unitGap),
               StatisticLayout::largestValue);
     EXPECT_EQ(StatisticLayout::valueSize({}, 0, unitGap), StatisticLayout::largestValue);
 }
 
 TEST(StatisticLayoutTest, TheWidestValueMakesAllSmaller)
 {
-    const int size = StatisticLayout::valueSize(
-        statistics({QStringLiteral("12345"), QStringLiteral("100")}), 100, unitGap);
+    const int size = StatisticLayout::valueSize(statistics({u"12345"_s, u"100"_s}), 100, unitGap);
     EXPECT_LT(size, StatisticLayout::largestValue);
     EXPECT_GT(size, StatisticLayout::smallestValue);
 }
@@ -41,19 +41,16 @@ TEST(StatisticLayoutTest, TheWidestValueMakesAllSmaller)
 TEST(StatisticLayoutTest, AnAverageOfTenSecondsFitsTheSmallestWindow)
 {
     constexpr qreal room = 82;
-    const int size =
-        StatisticLayout::valueSize(statistics({QStringLiteral("10856")}), room, unitGap);
+    const int size = StatisticLayout::valueSize(statistics({u"10856"_s}), room, unitGap);
     EXPECT_GT(size, StatisticLayout::smallestValue);
-    EXPECT_LE(
-        ThemeFonts::textWidth(QStringLiteral("10856"), ThemeFonts::face(QFont::Bold, size, 0)) +
-            unitGap +
-            ThemeFonts::textWidth(QStringLiteral("ms"), ThemeFonts::face(QFont::Medium, 14)),
-        room);
+    EXPECT_LE(ThemeFonts::textWidth(u"10856"_s, ThemeFonts::face(QFont::Bold, size, 0)) + unitGap +
+                  ThemeFonts::textWidth(u"ms"_s, ThemeFonts::face(QFont::Medium, 14)),
+              room);
 }
 
 TEST(StatisticLayoutTest, NoValueIsSmallerThanTheSmallest)
 {
-    EXPECT_EQ(StatisticLayout::valueSize(statistics({QStringLiteral("1234567890")}), 80, unitGap),
+    EXPECT_EQ(StatisticLayout::valueSize(statistics({u"1234567890"_s}), 80, unitGap),
               StatisticLayout::smallestValue);
 }
 

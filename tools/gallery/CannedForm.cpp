@@ -6,6 +6,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -16,10 +18,10 @@ Monitor bakeryToEdit()
 {
     return {
         .id = QUuid::createUuid(),
-        .name = QStringLiteral("Corner Bakery"),
-        .url = QStringLiteral("https://bakery.example/order"),
+        .name = u"Corner Bakery"_s,
+        .url = u"https://bakery.example/order"_s,
         .interval = 60s,
-        .keyword = QStringLiteral("Welcome"),
+        .keyword = u"Welcome"_s,
         .responseTimeThreshold = 450ms,
     };
 }
@@ -27,7 +29,7 @@ Monitor bakeryToEdit()
 Monitor database()
 {
     Monitor monitor = bakeryToEdit();
-    monitor.url = QStringLiteral("db.local");
+    monitor.url = u"db.local"_s;
     monitor.type = MonitorType::port;
     monitor.port = 5432;
     return monitor;
@@ -40,29 +42,29 @@ void begin(MonitorForm &form)
 
 void suggest(MonitorForm &form)
 {
-    form.beginCreate(QStringLiteral("https://bakery.example/order"));
+    form.beginCreate(u"https://bakery.example/order"_s);
 }
 
 void typeWebsite(MonitorForm &form)
 {
     begin(form);
-    form.setUrl(QStringLiteral("https://bakery.example"));
+    form.setUrl(u"https://bakery.example"_s);
 }
 
 void typeLongWebsite(MonitorForm &form)
 {
     begin(form);
-    form.setUrl(QStringLiteral("https://catalogue-library.upper-and-lower-wiesenthal.example/"
-                               "search/advanced?branch=all"));
-    form.setKeyword(QStringLiteral("Opening Hours of the Municipal Library"));
+    form.setUrl(u"https://catalogue-library.upper-and-lower-wiesenthal.example/"
+                "search/advanced?branch=all"_s);
+    form.setKeyword(u"Opening Hours of the Municipal Library"_s);
     form.setKeywordShouldExist(false);
-    form.setThresholdText(QStringLiteral("12345678901234567890"));
+    form.setThresholdText(u"12345678901234567890"_s);
 }
 
 void typePort(MonitorForm &form)
 {
     begin(form);
-    form.setUrl(QStringLiteral("db.local:5432"));
+    form.setUrl(u"db.local:5432"_s);
     form.setInterval(60);
 }
 

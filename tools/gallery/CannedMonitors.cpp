@@ -5,6 +5,8 @@
 #include <array>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -15,8 +17,8 @@ Monitor documentation()
 {
     return {
         .id = QUuid::createUuid(),
-        .name = QStringLiteral("Documentation"),
-        .url = QStringLiteral("https://docs.example.org"),
+        .name = u"Documentation"_s,
+        .url = u"https://docs.example.org"_s,
         .createdAt = cannedNow() - 24h,
     };
 }
@@ -24,8 +26,8 @@ Monitor documentation()
 Monitor payments()
 {
     Monitor monitor = documentation();
-    monitor.name = QStringLiteral("Payments API");
-    monitor.url = QStringLiteral("https://api.example.com/v2/health");
+    monitor.name = u"Payments API"_s;
+    monitor.url = u"https://api.example.com/v2/health"_s;
     return monitor;
 }
 
@@ -71,7 +73,7 @@ void fail(Check &check, const char *error, std::optional<qint32> statusCode)
 CannedMonitor up()
 {
     CannedMonitor canned = upEvery(documentation(), 15min, 200);
-    canned.monitor.keyword = QStringLiteral("Guide");
+    canned.monitor.keyword = u"Guide"_s;
     fail(canned.checks[46], "HTTP 503", 503);
     canned.latest().responseTime = 187;
     canned.latest().keywordFound = true;
@@ -82,7 +84,7 @@ CannedMonitor up()
 CannedMonitor down()
 {
     CannedMonitor canned = upEvery(payments(), 60min, 80, 347);
-    canned.monitor.keyword = QStringLiteral("healthy");
+    canned.monitor.keyword = u"healthy"_s;
     canned.monitor.responseTimeThreshold = 1000ms;
     const auto size = canned.checks.size();
     for (const std::size_t age : {1U, 2U, 3U})
@@ -104,8 +106,8 @@ CannedMonitor paused()
 CannedMonitor port()
 {
     Monitor monitor = documentation();
-    monitor.name = QStringLiteral("db.local:5432");
-    monitor.url = QStringLiteral("db.local");
+    monitor.name = u"db.local:5432"_s;
+    monitor.url = u"db.local"_s;
     monitor.type = MonitorType::port;
     monitor.port = 5432;
     CannedMonitor canned = upEvery(monitor, 15min, 96, 12);
@@ -225,7 +227,7 @@ CannedMonitor longest()
                      "https://catalogue-library.upper-and-lower-wiesenthal.example/search/"
                      "advanced?branch=all&sort=newest"),
                 60min, 80, 10400);
-    canned.monitor.keyword = QStringLiteral("Opening Hours");
+    canned.monitor.keyword = u"Opening Hours"_s;
     canned.monitor.responseTimeThreshold = 1000ms;
     fail(canned.checks[70],
          "SSL: no alternative certificate subject name matches target host name "

@@ -7,6 +7,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -107,7 +109,7 @@ constexpr std::array gestures = {
     Gesture{"form-typed", "one-down",
             [](GalleryHand &hand) {
                 openForm(hand);
-                hand.type(QStringLiteral("https://garden.example"));
+                hand.type(u"https://garden.example"_s);
             }},
     Gesture{"form-edit", "detail-up",
             [](GalleryHand &hand) { hand.click(hand.item("editMonitor")); }},
@@ -119,8 +121,7 @@ constexpr QLatin1String inactive("inactive");
 
 QStringList GalleryGesture::windowSamples()
 {
-    QStringList samples = {QStringLiteral("one-down+inactive"),
-                           QStringLiteral("detail-up+inactive")};
+    QStringList samples = {u"one-down+inactive"_s, u"detail-up+inactive"_s};
     for (const Gesture &gesture : gestures)
         samples += QLatin1String(gesture.sample) + QLatin1Char('+') + QLatin1String(gesture.name);
     return samples;

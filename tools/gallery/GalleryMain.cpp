@@ -11,6 +11,8 @@
 #include <memory>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace ostrel;
@@ -27,24 +29,20 @@ struct Wishes
 
 int complain(const QString &text, int exitCode)
 {
-    std::fputs(qPrintable(QStringLiteral("ostrel-gallery: %1\n").arg(text)), stderr);
+    std::fputs(qPrintable(u"ostrel-gallery: %1\n"_s.arg(text)), stderr);
     return exitCode;
 }
 
 Wishes readWishes(const QStringList &arguments)
 {
-    const QCommandLineOption scale(QStringLiteral("scale"),
-                                   QStringLiteral("Draw at this scale factor."),
-                                   QStringLiteral("factor"));
-    const QCommandLineOption save(
-        QStringLiteral("save"), QStringLiteral("Save every page as a PNG in this folder and end."),
-        QStringLiteral("folder"));
+    const QCommandLineOption scale(u"scale"_s, u"Draw at this scale factor."_s, u"factor"_s);
+    const QCommandLineOption save(u"save"_s, u"Save every page as a PNG in this folder and end."_s,
+                                  u"folder"_s);
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Shows Ostrel's parts with canned data."));
+    parser.setApplicationDescription(u"Shows Ostrel's parts with canned data."_s);
     parser.addHelpOption();
     parser.addOptions({scale, save});
-    parser.addPositionalArgument(QStringLiteral("pages"), galleryPages().join(QLatin1Char(' ')),
-                                 QStringLiteral("[pages…]"));
+    parser.addPositionalArgument(u"pages"_s, galleryPages().join(QLatin1Char(' ')), u"[pages…]"_s);
     parser.process(arguments);
     return {
         .scale = parser.value(scale),
@@ -57,20 +55,19 @@ Wishes readWishes(const QStringList &arguments)
 int savePages(const Wishes &wishes)
 {
     const QDir folder(wishes.saveDir);
-    if (!folder.mkpath(QStringLiteral(".")))
-        return complain(QStringLiteral("can't make %1").arg(wishes.saveDir), exitFailed);
+    if (!folder.mkpath(u"."_s))
+        return complain(u"can't make %1"_s.arg(wishes.saveDir), exitFailed);
     for (const QString &page : wishes.pages) {
         GalleryWindow window(page);
         if (!window.isUsable())
-            return complain(QStringLiteral("there is no page %1").arg(page), exitUnusable);
+            return complain(u"there is no page %1"_s.arg(page), exitUnusable);
         window.show();
         window.awaitActive();
         window.performGesture();
         const QString path = folder.filePath(
-            QStringLiteral("%1@%2.png")
-                .arg(page, wishes.scale.isEmpty() ? QStringLiteral("1") : wishes.scale));
+            u"%1@%2.png"_s.arg(page, wishes.scale.isEmpty() ? u"1"_s : wishes.scale));
         if (!window.save(path))
-            return complain(QStringLiteral("can't write %1").arg(path), exitFailed);
+            return complain(u"can't write %1"_s.arg(path), exitFailed);
     }
     return 0;
 }
@@ -81,7 +78,7 @@ int showPages(const QStringList &pages)
     for (const QString &page : pages) {
         windows.push_back(std::make_unique<GalleryWindow>(page));
         if (!windows.back()->isUsable())
-            return complain(QStringLiteral("there is no page %1").arg(page), exitUnusable);
+            return complain(u"there is no page %1"_s.arg(page), exitUnusable);
         windows.back()->show();
     }
     return QGuiApplication::exec();
@@ -99,11 +96,11 @@ QStringList argumentsOf(int argc, char **argv)
 
 int main(int argc, char **argv)
 {
-    QCoreApplication::setApplicationName(QStringLiteral("ostrel-gallery"));
+    QCoreApplication::setApplicationName(u"ostrel-gallery"_s);
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     const QStringList arguments = argumentsOf(argc, argv);
     // The toolkit reads the scale while the application is made, so before options are parsed.
-    const auto scaleAt = arguments.indexOf(QStringLiteral("--scale")) + 1;
+    const auto scaleAt = arguments.indexOf(u"--scale"_s) + 1;
     if (scaleAt > 0 && scaleAt < arguments.size())
         qputenv("QT_SCALE_FACTOR", arguments.at(scaleAt).toLatin1());
 

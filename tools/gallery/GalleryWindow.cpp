@@ -18,6 +18,8 @@
 
 #include <chrono>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -66,13 +68,13 @@ GalleryWindow::GalleryWindow(const QString &page)
     if (!galleryPages().contains(page))
         return;
     keepPreferencesApart();
-    engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
+    engine()->addImportPath(u"qrc:/qt/qml"_s);
     FaviconImage::useIcons(*engine(), cannedIcons(engine()));
     setResizeMode(QQuickView::SizeViewToRootObject);
     setTitle(page);
     if (const QString sample = sampleOf(page); !sample.isEmpty())
-        setInitialProperties({{QStringLiteral("sample"), sample}});
-    setSource(QUrl(QStringLiteral("qrc:/qt/qml/Ostrel/Gallery/%1.qml").arg(fileOf(page))));
+        setInitialProperties({{u"sample"_s, sample}});
+    setSource(QUrl(u"qrc:/qt/qml/Ostrel/Gallery/%1.qml"_s.arg(fileOf(page))));
 }
 
 bool GalleryWindow::isUsable() const
@@ -112,25 +114,19 @@ bool GalleryWindow::save(const QString &path)
 QStringList galleryPages()
 {
     const QStringList small = {
-        QStringLiteral("empty"),         QStringLiteral("one-down"),
-        QStringLiteral("one-down+form"), QStringLiteral("many"),
-        QStringLiteral("long"),          QStringLiteral("detail-up"),
-        QStringLiteral("detail-down"),   QStringLiteral("detail-slow"),
-        QStringLiteral("detail-long"),
+        u"empty"_s,     u"one-down"_s,    u"one-down+form"_s, u"many"_s,        u"long"_s,
+        u"detail-up"_s, u"detail-down"_s, u"detail-slow"_s,   u"detail-long"_s,
     };
     const QStringList large = {
-        QStringLiteral("empty"),       QStringLiteral("one-down"), QStringLiteral("one-down+form"),
-        QStringLiteral("many"),        QStringLiteral("long"),     QStringLiteral("detail-up"),
-        QStringLiteral("detail-long"),
+        u"empty"_s, u"one-down"_s,  u"one-down+form"_s, u"many"_s,
+        u"long"_s,  u"detail-up"_s, u"detail-long"_s,
     };
-    return QStringList{QStringLiteral("ComponentsPage"), QStringLiteral("SidebarPage"),
-                       QStringLiteral("SymbolsPage"), QStringLiteral("SettingsPage")} +
+    return QStringList{u"ComponentsPage"_s, u"SidebarPage"_s, u"SymbolsPage"_s, u"SettingsPage"_s} +
            pagesOf("WindowPage", CannedWindow::samples() + GalleryGesture::windowSamples()) +
            pagesOf("SmallWindowPage", small) + pagesOf("LargeWindowPage", large) +
            pagesOf("DetailPage", CannedDetail::samples()) +
-           pagesOf("SmallDetailPage", {QStringLiteral("down")}) +
-           pagesOf("FormPage", CannedForm::samples()) +
-           pagesOf("SmallFormPage", {QStringLiteral("website")});
+           pagesOf("SmallDetailPage", {u"down"_s}) + pagesOf("FormPage", CannedForm::samples()) +
+           pagesOf("SmallFormPage", {u"website"_s});
 }
 
 } // namespace ostrel

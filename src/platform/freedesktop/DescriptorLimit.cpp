@@ -4,6 +4,8 @@
 
 #include <sys/resource.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -28,8 +30,7 @@ QStringList withInitialDescriptorLimit(const QStringList &command)
     if (initialLimit.rlim_cur == 0)
         return command;
     // Not by a modifier of QProcess's, which has no effect on what it starts detached.
-    return QStringList{QStringLiteral("/bin/sh"), QStringLiteral("-c"),
-                       QStringLiteral("ulimit -S -n \"$0\"; exec \"$@\""),
+    return QStringList{u"/bin/sh"_s, u"-c"_s, u"ulimit -S -n \"$0\"; exec \"$@\""_s,
                        QString::number(initialLimit.rlim_cur)} +
            command;
 }

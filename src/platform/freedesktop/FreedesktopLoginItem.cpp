@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -28,10 +30,10 @@ QString configFolder()
 /// @p text as the value of a key of type string.
 QString escapedValue(QString text)
 {
-    return text.replace(u'\\', QStringLiteral("\\\\"))
-        .replace(u'\n', QStringLiteral("\\n"))
-        .replace(u'\t', QStringLiteral("\\t"))
-        .replace(u'\r', QStringLiteral("\\r"));
+    return text.replace(u'\\', u"\\\\"_s)
+        .replace(u'\n', u"\\n"_s)
+        .replace(u'\t', u"\\t"_s)
+        .replace(u'\r', u"\\r"_s);
 }
 
 QString unescapedValue(const QString &value)
@@ -56,7 +58,7 @@ bool isUnreserved(QChar c)
 /// @p text as one argument of Exec.
 QString quotedArgument(QString text)
 {
-    text.replace(u'%', QStringLiteral("%%"));
+    text.replace(u'%', u"%%"_s);
     if (std::ranges::all_of(text, isUnreserved))
         return text;
     for (const QChar special : {u'\\', u'"', u'`', u'$'})
@@ -81,7 +83,7 @@ QString programOf(const QString &command)
 {
     const bool isQuoted = command.startsWith(u'"');
     QString program = isQuoted ? quotedStart(command) : command.section(u' ', 0, 0);
-    return program.replace(QStringLiteral("%%"), QStringLiteral("%"));
+    return program.replace(u"%%"_s, u"%"_s);
 }
 
 /// The keys of @p text's group [Desktop Entry], which comes first.
@@ -91,7 +93,7 @@ Keys desktopEntryKeys(const QString &text)
     bool isInGroup = false;
     for (const QString &line : text.split(u'\n')) {
         if (line.startsWith(u'['))
-            isInGroup = line.trimmed() == QStringLiteral("[Desktop Entry]");
+            isInGroup = line.trimmed() == u"[Desktop Entry]"_s;
         else if (isInGroup && line.contains(u'='))
             keys.insert(line.section(u'=', 0, 0).trimmed(),
                         unescapedValue(line.section(u'=', 1).trimmed()));
@@ -111,8 +113,8 @@ std::optional<Keys> readEntry(const QString &path)
 
 bool isDisabled(const Keys &entry)
 {
-    return entry.value(QStringLiteral("Hidden")) == QStringLiteral("true") ||
-           entry.value(QStringLiteral("X-GNOME-Autostart-enabled")) == QStringLiteral("false");
+    return entry.value(u"Hidden"_s) == u"true"_s ||
+           entry.value(u"X-GNOME-Autostart-enabled"_s) == u"false"_s;
 }
 
 /// The file that the program @p name is, all links resolved; empty where there is none.
@@ -136,7 +138,7 @@ FreedesktopLoginItem::FreedesktopLoginItem()
 
 FreedesktopLoginItem::FreedesktopLoginItem(const QString &executable)
     : m_executable(executable)
-    , m_file(configFolder() + QStringLiteral("/autostart/ostrel.desktop"))
+    , m_file(configFolder() + u"/autostart/ostrel.desktop"_s)
 {
 }
 
@@ -165,30 +167,30 @@ bool FreedesktopLoginItem::unregisterItem()
 /// The installed program is named without its path, so that the entry outlives a move of it.
 QString FreedesktopLoginItem::command() const
 {
-    const auto name = QStringLiteral("ostrel");
+    const auto name = u"ostrel"_s;
     return isSameProgram(name, m_executable) ? name : m_executable;
 }
 
 QByteArray FreedesktopLoginItem::entry() const
 {
-    const QString lines = QStringLiteral("[Desktop Entry]\n"
-                                         "Type=Application\n"
-                                         "Name=Ostrel\n"
-                                         "Exec=%1\n"
-                                         "TryExec=%2\n"
-                                         "Icon=ostrel\n"
-                                         "Terminal=false\n"
-                                         "X-GNOME-Autostart-Delay=2\n"
-                                         "X-KDE-autostart-after=panel\n"
-                                         "X-LXQt-Need-Tray=true\n");
+    const QString lines = u"[Desktop Entry]\n"
+                          "Type=Application\n"
+                          "Name=Ostrel\n"
+                          "Exec=%1\n"
+                          "TryExec=%2\n"
+                          "Icon=ostrel\n"
+                          "Terminal=false\n"
+                          "X-GNOME-Autostart-Delay=2\n"
+                          "X-KDE-autostart-after=panel\n"
+                          "X-LXQt-Need-Tray=true\n"_s;
     return lines.arg(escapedValue(quotedArgument(command())), escapedValue(command())).toUtf8();
 }
 
 bool FreedesktopLoginItem::isSettled() const
 {
     const auto keys = readEntry(m_file);
-    return keys && (isDisabled(*keys) ||
-                    isSameProgram(programOf(keys->value(QStringLiteral("Exec"))), m_executable));
+    return keys &&
+           (isDisabled(*keys) || isSameProgram(programOf(keys->value(u"Exec"_s)), m_executable));
 }
 
 } // namespace ostrel

@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -37,10 +39,9 @@ constexpr MotionKey motionKeys[] = {
 
 QDBusMessage portalCall(const QString &method)
 {
-    return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.portal.Desktop"),
-                                          QStringLiteral("/org/freedesktop/portal/desktop"),
-                                          QStringLiteral("org.freedesktop.portal.Settings"),
-                                          method);
+    return QDBusMessage::createMethodCall(u"org.freedesktop.portal.Desktop"_s,
+                                          u"/org/freedesktop/portal/desktop"_s,
+                                          u"org.freedesktop.portal.Settings"_s, method);
 }
 
 } // namespace
@@ -54,9 +55,8 @@ FreedesktopMotionPreference::FreedesktopMotionPreference(QObject *parent)
 void FreedesktopMotionPreference::follow(const QDBusConnection &bus)
 {
     const QDBusMessage portal = portalCall({});
-    QDBusConnection(bus).connect(QString(), portal.path(), portal.interface(),
-                                 QStringLiteral("SettingChanged"), this,
-                                 SLOT(settingChanged(QDBusMessage)));
+    QDBusConnection(bus).connect(QString(), portal.path(), portal.interface(), u"SettingChanged"_s,
+                                 this, SLOT(settingChanged(QDBusMessage)));
     m_portal.follow(bus);
     readAll(bus);
 }
@@ -66,14 +66,13 @@ void FreedesktopMotionPreference::readAll(const QDBusConnection &bus)
     QStringList groups;
     for (const MotionKey &key : motionKeys)
         groups += QString::fromLatin1(key.group);
-    QDBusMessage call = portalCall(QStringLiteral("ReadAll"));
+    QDBusMessage call = portalCall(u"ReadAll"_s);
     call.setArguments({groups});
     auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(call), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         watcher->deleteLater();
         const QDBusMessage reply = watcher->reply();
-        if (reply.type() != QDBusMessage::ReplyMessage ||
-            reply.signature() != QStringLiteral("a{sa{sv}}"))
+        if (reply.type() != QDBusMessage::ReplyMessage || reply.signature() != u"a{sa{sv}}"_s)
             return;
         const auto found = qdbus_cast<SettingGroups>(reply.arguments().constFirst());
         for (auto group = found.begin(); group != found.end(); ++group) {
@@ -85,7 +84,7 @@ void FreedesktopMotionPreference::readAll(const QDBusConnection &bus)
 
 void FreedesktopMotionPreference::settingChanged(const QDBusMessage &signal)
 {
-    if (signal.service() != m_portal.uniqueName() || signal.signature() != QStringLiteral("ssv"))
+    if (signal.service() != m_portal.uniqueName() || signal.signature() != u"ssv"_s)
         return;
     const QVariantList arguments = signal.arguments();
     takeSetting(arguments.at(0).toString(), arguments.at(1).toString(),

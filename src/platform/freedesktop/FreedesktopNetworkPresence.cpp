@@ -4,18 +4,20 @@
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
 
 QString networkManager()
 {
-    return QStringLiteral("org.freedesktop.NetworkManager");
+    return u"org.freedesktop.NetworkManager"_s;
 }
 
 QString networkManagerPath()
 {
-    return QStringLiteral("/org/freedesktop/NetworkManager");
+    return u"/org/freedesktop/NetworkManager"_s;
 }
 
 /// NetworkManager's states from asleep by disconnected and disconnecting to connecting. What lies
@@ -31,9 +33,8 @@ bool isWithoutConnection(uint state)
 QDBusMessage stateQuestion(const QString &owner)
 {
     QDBusMessage question = QDBusMessage::createMethodCall(
-        owner, networkManagerPath(), QStringLiteral("org.freedesktop.DBus.Properties"),
-        QStringLiteral("Get"));
-    question.setArguments({networkManager(), QStringLiteral("State")});
+        owner, networkManagerPath(), u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
+    question.setArguments({networkManager(), u"State"_s});
     return question;
 }
 
@@ -59,11 +60,10 @@ FreedesktopNetworkPresence::FreedesktopNetworkPresence(std::chrono::milliseconds
 void FreedesktopNetworkPresence::follow(const QDBusConnection &bus)
 {
     m_bus = bus;
-    m_bus->connect(QString(), networkManagerPath(), networkManager(),
-                   QStringLiteral("StateChanged"), this, SLOT(stateChanged(uint, QDBusMessage)));
-    m_bus->connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
-                   QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"),
-                   this, SLOT(forget()));
+    m_bus->connect(QString(), networkManagerPath(), networkManager(), u"StateChanged"_s, this,
+                   SLOT(stateChanged(uint, QDBusMessage)));
+    m_bus->connect(QString(), u"/org/freedesktop/DBus/Local"_s, u"org.freedesktop.DBus.Local"_s,
+                   u"Disconnected"_s, this, SLOT(forget()));
     m_owner.follow(bus);
 }
 

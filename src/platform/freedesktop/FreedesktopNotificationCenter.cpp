@@ -8,13 +8,15 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
 
 QString daemonService()
 {
-    return QStringLiteral("org.freedesktop.Notifications");
+    return u"org.freedesktop.Notifications"_s;
 }
 
 /// The `urgency` hint, which daemons expect to be a byte.
@@ -27,23 +29,23 @@ uchar urgencyOf(InterruptionLevel level)
 
 QVariantMap hintsFor(const NotificationRequest &request)
 {
-    return {{QStringLiteral("urgency"), QVariant::fromValue(urgencyOf(request.level))},
-            {QStringLiteral("sound-name"), QStringLiteral("message-new-instant")},
-            {QStringLiteral("desktop-entry"), QStringLiteral("ostrel")}};
+    return {{u"urgency"_s, QVariant::fromValue(urgencyOf(request.level))},
+            {u"sound-name"_s, u"message-new-instant"_s},
+            {u"desktop-entry"_s, u"ostrel"_s}};
 }
 
 QDBusMessage methodCall(const QString &method)
 {
-    return QDBusMessage::createMethodCall(
-        daemonService(), QStringLiteral("/org/freedesktop/Notifications"), daemonService(), method);
+    return QDBusMessage::createMethodCall(daemonService(), u"/org/freedesktop/Notifications"_s,
+                                          daemonService(), method);
 }
 
 QDBusMessage notifyCall(const NotificationRequest &request, const QString &body, uint replacesId)
 {
     constexpr int daemonsOwnExpiry = -1;
-    QDBusMessage message = methodCall(QStringLiteral("Notify"));
-    message.setArguments({QStringLiteral("Ostrel"), replacesId, QStringLiteral("ostrel"),
-                          request.title, body, QStringList(), hintsFor(request), daemonsOwnExpiry});
+    QDBusMessage message = methodCall(u"Notify"_s);
+    message.setArguments({u"Ostrel"_s, replacesId, u"ostrel"_s, request.title, body, QStringList(),
+                          hintsFor(request), daemonsOwnExpiry});
     return message;
 }
 
@@ -101,13 +103,13 @@ void FreedesktopNotificationCenter::askForBodyFormat()
 {
     m_bodyFormat = BodyFormat::asked;
     m_hasDaemonChanged = false;
-    connect(call(methodCall(QStringLiteral("GetCapabilities"))), &QDBusPendingCallWatcher::finished,
-            this, [this](QDBusPendingCallWatcher *call) { learnBodyFormat(call->reply()); });
+    connect(call(methodCall(u"GetCapabilities"_s)), &QDBusPendingCallWatcher::finished, this,
+            [this](QDBusPendingCallWatcher *call) { learnBodyFormat(call->reply()); });
 }
 
 void FreedesktopNotificationCenter::learnBodyFormat(const QDBusMessage &reply)
 {
-    const bool isMarkup = firstOf<QStringList>(reply).contains(QStringLiteral("body-markup"));
+    const bool isMarkup = firstOf<QStringList>(reply).contains(u"body-markup"_s);
     m_bodyFormat = isMarkup ? BodyFormat::markup : BodyFormat::plain;
     sendWaiting();
     // What waited has waited long enough; the next notification asks the newcomer.

@@ -17,6 +17,8 @@
 #include <ctime>
 #include <fontconfig/fontconfig.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -43,7 +45,7 @@ QDBusConnection connectSession()
     const Buses &all = buses();
     return all.isSessionHidden
                ? QDBusConnection::connectToBus(QString::fromLocal8Bit(all.session.addresses()),
-                                               QStringLiteral("ostrel-session"))
+                                               u"ostrel-session"_s)
                : QDBusConnection::sessionBus();
 }
 

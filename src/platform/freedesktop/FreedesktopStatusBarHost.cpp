@@ -5,13 +5,15 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
 
 QString watcherName()
 {
-    return QStringLiteral("org.kde.StatusNotifierWatcher");
+    return u"org.kde.StatusNotifierWatcher"_s;
 }
 
 /// The bus library's word for "as long as it takes", in milliseconds.
@@ -56,9 +58,8 @@ void FreedesktopStatusBarHost::askHost()
 {
     const QString host = m_host.uniqueName();
     QDBusMessage question = QDBusMessage::createMethodCall(
-        host, QStringLiteral("/StatusNotifierWatcher"),
-        QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
-    question.setArguments({watcherName(), QStringLiteral("IsStatusNotifierHostRegistered")});
+        host, u"/StatusNotifierWatcher"_s, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
+    question.setArguments({watcherName(), u"IsStatusNotifierHostRegistered"_s});
     auto *answer = new QDBusPendingCallWatcher(m_bus->asyncCall(question, withoutTimeout), this);
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer, host] {
         noteAnswer(host);
@@ -82,7 +83,7 @@ QString FreedesktopStatusBarHost::menuText(const QString &text) const
     // way for the low macron, which looks like it.
     const bool hasMark = text.contains(u'&');
     QString written = text;
-    written.replace(QStringLiteral("_"), hasMark ? QStringLiteral("\u02CD") : QStringLiteral("__"));
+    written.replace(u"_"_s, hasMark ? u"\u02CD"_s : u"__"_s);
     if (hasMark)
         written.insert(written.indexOf(u'&'), u'&');
     return written;
@@ -91,7 +92,7 @@ QString FreedesktopStatusBarHost::menuText(const QString &text) const
 bool FreedesktopStatusBarHost::hasOurPalette() const
 {
     const QStringList desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
-    return desktops.contains(QStringLiteral("KDE")) || desktops.contains(QStringLiteral("LXQt"));
+    return desktops.contains(u"KDE"_s) || desktops.contains(u"LXQt"_s);
 }
 
 } // namespace ostrel

@@ -1,18 +1,19 @@
 #include "FreedesktopWakeSignal.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 FreedesktopWakeSignal::FreedesktopWakeSignal(QObject *parent)
     : WakeSignal(parent)
-    , m_logind(QStringLiteral("org.freedesktop.login1"))
+    , m_logind(u"org.freedesktop.login1"_s)
 {
 }
 
 void FreedesktopWakeSignal::follow(const QDBusConnection &bus)
 {
-    QDBusConnection(bus).connect(QString(), QStringLiteral("/org/freedesktop/login1"),
-                                 QStringLiteral("org.freedesktop.login1.Manager"),
-                                 QStringLiteral("PrepareForSleep"), this,
+    QDBusConnection(bus).connect(QString(), u"/org/freedesktop/login1"_s,
+                                 u"org.freedesktop.login1.Manager"_s, u"PrepareForSleep"_s, this,
                                  SLOT(prepareForSleep(bool, QDBusMessage)));
     m_logind.follow(bus);
 }

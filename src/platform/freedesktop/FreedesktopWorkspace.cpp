@@ -14,6 +14,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -35,16 +37,15 @@ bool startDetached(const QStringList &command)
 
 bool openWithProgram(const QString &target)
 {
-    return startDetached({QStringLiteral("xdg-open"), target});
+    return startDetached({u"xdg-open"_s, target});
 }
 
 QDBusMessage openUriCall(const QString &address)
 {
     const QString noParentWindow;
     QDBusMessage message = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.portal.Desktop"),
-        QStringLiteral("/org/freedesktop/portal/desktop"),
-        QStringLiteral("org.freedesktop.portal.OpenURI"), QStringLiteral("OpenURI"));
+        u"org.freedesktop.portal.Desktop"_s, u"/org/freedesktop/portal/desktop"_s,
+        u"org.freedesktop.portal.OpenURI"_s, u"OpenURI"_s);
     message.setArguments({noParentWindow, address, QVariantMap()});
     return message;
 }
@@ -52,9 +53,9 @@ QDBusMessage openUriCall(const QString &address)
 QDBusMessage showFoldersCall(const QString &address)
 {
     const QString noStartupId;
-    const auto name = QStringLiteral("org.freedesktop.FileManager1");
-    QDBusMessage message = QDBusMessage::createMethodCall(
-        name, QStringLiteral("/org/freedesktop/FileManager1"), name, QStringLiteral("ShowFolders"));
+    const auto name = u"org.freedesktop.FileManager1"_s;
+    QDBusMessage message = QDBusMessage::createMethodCall(name, u"/org/freedesktop/FileManager1"_s,
+                                                          name, u"ShowFolders"_s);
     message.setArguments({QStringList{address}, noStartupId});
     return message;
 }

@@ -2,18 +2,20 @@
 
 #include "LoginItem.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
 
 QString launchAtLoginKey()
 {
-    return QStringLiteral("launchAtLogin");
+    return u"launchAtLogin"_s;
 }
 
 QString playSoundsKey()
 {
-    return QStringLiteral("playSounds");
+    return u"playSounds"_s;
 }
 
 } // namespace
@@ -21,7 +23,7 @@ QString playSoundsKey()
 Settings::Settings(LoginItem &loginItem, QObject *parent)
     : QObject(parent)
     , m_loginItem(loginItem)
-    , m_values(QStringLiteral("Ostrel"), QStringLiteral("Ostrel"))
+    , m_values(u"Ostrel"_s, u"Ostrel"_s)
 {
 }
 

@@ -7,6 +7,8 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 SidebarNotice::SidebarNotice(const MonitorStore &store, const NetworkPresence &presence,
@@ -36,12 +38,12 @@ std::optional<SidebarNotice::Message> SidebarNotice::currentMessage() const
         QString folder = folderText(m_store.storageDir(), QDir::homePath());
         folder.chop(1); // The slash, before a full stop.
         return Message{.text = tr("Can't save to %1.").arg(oneLine(folder)),
-                       .symbol = QStringLiteral("exclamationmark.triangle.fill"),
+                       .symbol = u"exclamationmark.triangle.fill"_s,
                        .tone = Tone::Warning};
     }
     if (!m_presence.isPresent())
         return Message{.text = tr("Offline. Checks wait for the network."),
-                       .symbol = QStringLiteral("network"),
+                       .symbol = u"network"_s,
                        .tone = Tone::Secondary};
     return std::nullopt;
 }

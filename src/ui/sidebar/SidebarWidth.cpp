@@ -2,20 +2,22 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
 
 QString widthKey()
 {
-    return QStringLiteral("sidebarWidth");
+    return u"sidebarWidth"_s;
 }
 
 } // namespace
 
 SidebarWidth::SidebarWidth(QObject *parent)
     : QObject(parent)
-    , m_values(QStringLiteral("Ostrel"), QStringLiteral("Ostrel"))
+    , m_values(u"Ostrel"_s, u"Ostrel"_s)
 {
 }
 

@@ -6,18 +6,20 @@
 #include <QEventLoop>
 #include <QQuickWindow>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
 
 QUrl viewUrl(const QString &name)
 {
-    return QUrl(QStringLiteral("qrc:/qt/qml/Ostrel/%1.qml").arg(name));
+    return QUrl(u"qrc:/qt/qml/Ostrel/%1.qml"_s.arg(name));
 }
 
 QUrl mainWindow()
 {
-    return viewUrl(QStringLiteral("MainWindow"));
+    return viewUrl(u"MainWindow"_s);
 }
 
 } // namespace
@@ -27,7 +29,7 @@ MainWindowLoader::MainWindowLoader()
     , m_types(&m_engine)
 {
     m_faces->post(&ThemeFonts::findFaces);
-    m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    m_engine.addImportPath(u"qrc:/qt/qml"_s);
 }
 
 void MainWindowLoader::prepare()
@@ -40,14 +42,14 @@ QQuickWindow *MainWindowLoader::load(WindowModels &models)
     finishPreparing();
     m_faces.reset();
     m_engine.setInitialProperties({
-        {QStringLiteral("monitors"), QVariant::fromValue(&models.monitors)},
-        {QStringLiteral("dashboardModel"), QVariant::fromValue(&models.dashboardModel)},
-        {QStringLiteral("actions"), QVariant::fromValue(&models.actions)},
-        {QStringLiteral("detailModel"), QVariant::fromValue(&models.detailModel)},
-        {QStringLiteral("opener"), QVariant::fromValue(&models.opener)},
-        {QStringLiteral("settings"), QVariant::fromValue(&models.settings)},
-        {QStringLiteral("desktop"), QVariant::fromValue(&models.desktop)},
-        {QStringLiteral("notice"), QVariant::fromValue(&models.notice)},
+        {u"monitors"_s, QVariant::fromValue(&models.monitors)},
+        {u"dashboardModel"_s, QVariant::fromValue(&models.dashboardModel)},
+        {u"actions"_s, QVariant::fromValue(&models.actions)},
+        {u"detailModel"_s, QVariant::fromValue(&models.detailModel)},
+        {u"opener"_s, QVariant::fromValue(&models.opener)},
+        {u"settings"_s, QVariant::fromValue(&models.settings)},
+        {u"desktop"_s, QVariant::fromValue(&models.desktop)},
+        {u"notice"_s, QVariant::fromValue(&models.notice)},
     });
     m_engine.load(mainWindow());
     return qobject_cast<QQuickWindow *>(m_engine.rootObjects().value(0));

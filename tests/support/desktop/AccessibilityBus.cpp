@@ -8,25 +8,26 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
 
 QString launcherService()
 {
-    return QStringLiteral("org.a11y.Bus");
+    return u"org.a11y.Bus"_s;
 }
 
 QString registryService()
 {
-    return QStringLiteral("org.a11y.atspi.Registry");
+    return u"org.a11y.atspi.Registry"_s;
 }
 
 QString addressOn(const QDBusConnection &session)
 {
-    const QDBusMessage reply = session.call(
-        QDBusMessage::createMethodCall(launcherService(), QStringLiteral("/org/a11y/bus"),
-                                       launcherService(), QStringLiteral("GetAddress")));
+    const QDBusMessage reply = session.call(QDBusMessage::createMethodCall(
+        launcherService(), u"/org/a11y/bus"_s, launcherService(), u"GetAddress"_s));
     return reply.arguments().value(0).toString();
 }
 
@@ -49,15 +50,14 @@ AccessibilityBus::~AccessibilityBus()
 bool AccessibilityBus::start()
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("DISPLAY"), m_display);
-    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_session.address());
-    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_folder.path());
-    environment.insert(QStringLiteral("HOME"), m_folder.path());
-    environment.insert(QStringLiteral("GSETTINGS_BACKEND"), QStringLiteral("memory"));
+    environment.insert(u"DISPLAY"_s, m_display);
+    environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, m_session.address());
+    environment.insert(u"XDG_RUNTIME_DIR"_s, m_folder.path());
+    environment.insert(u"HOME"_s, m_folder.path());
+    environment.insert(u"GSETTINGS_BACKEND"_s, u"memory"_s);
     m_launcher.setProcessEnvironment(environment);
-    m_launcher.logTo(m_folder.filePath(QStringLiteral("log")));
-    m_launcher.start(QStringLiteral("/usr/libexec/at-spi-bus-launcher"),
-                     {QStringLiteral("--launch-immediately")});
+    m_launcher.logTo(m_folder.filePath(u"log"_s));
+    m_launcher.start(u"/usr/libexec/at-spi-bus-launcher"_s, {u"--launch-immediately"_s});
     if (!waitFor([&] { return m_session.hasOwner(launcherService()); }))
         return false;
 
@@ -69,8 +69,7 @@ bool AccessibilityBus::start()
 std::optional<AccessibleNode> AccessibilityBus::program(qint64 processId)
 {
     const QDBusConnection bus(m_connectionName);
-    const AccessibleNode registry(bus, registryService(),
-                                  QStringLiteral("/org/a11y/atspi/accessible/root"));
+    const AccessibleNode registry(bus, registryService(), u"/org/a11y/atspi/accessible/root"_s);
     const auto programs = registry.children();
     const auto found = std::ranges::find_if(programs, [&](const AccessibleNode &program) {
         return bus.interface()->servicePid(program.service()).value() == processId;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -64,10 +66,9 @@ QString AccessibleItem::describe() const
         if (has(state))
             told += QString::fromLatin1(word);
     }
-    return QStringLiteral("%1%2 '%3' [%4] (%5)%6")
-        .arg(QString(2 * depth, u' '), node.roleName(), name, told.join(u' '),
-             actions.join(QStringLiteral(", ")),
-             description.isEmpty() ? QString() : QStringLiteral(" — ") + description);
+    return u"%1%2 '%3' [%4] (%5)%6"_s.arg(
+        QString(2 * depth, u' '), node.roleName(), name, told.join(u' '), actions.join(u", "_s),
+        description.isEmpty() ? QString() : u" — "_s + description);
 }
 
 QList<AccessibleItem> showingItems(const AccessibleNode &root)

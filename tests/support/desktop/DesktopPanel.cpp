@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QSettings>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -14,21 +16,20 @@ using namespace std::chrono_literals;
 
 QString watcherService()
 {
-    return QStringLiteral("org.kde.StatusNotifierWatcher");
+    return u"org.kde.StatusNotifierWatcher"_s;
 }
 
 QString settingsService()
 {
-    return QStringLiteral("org.xfce.Xfconf");
+    return u"org.xfce.Xfconf"_s;
 }
 
 /// The desktop's own way of starting the service that the panel reads its settings from.
 QString settingsCommand()
 {
-    const QSettings file(
-        QStringLiteral("/usr/share/dbus-1/services/%1.service").arg(settingsService()),
-        QSettings::IniFormat);
-    return file.value(QStringLiteral("D-BUS Service/Exec")).toString();
+    const QSettings file(u"/usr/share/dbus-1/services/%1.service"_s.arg(settingsService()),
+                         QSettings::IniFormat);
+    return file.value(u"D-BUS Service/Exec"_s).toString();
 }
 
 QByteArray configuration()
@@ -60,10 +61,9 @@ DesktopPanel::DesktopPanel(PrivateBus &bus, const VirtualDisplay &display)
     : m_bus(bus)
     , m_display(display.name())
 {
-    const QString folder =
-        m_folder.filePath(QStringLiteral("config/xfce4/xfconf/xfce-perchannel-xml"));
+    const QString folder = m_folder.filePath(u"config/xfce4/xfconf/xfce-perchannel-xml"_s);
     QDir().mkpath(folder);
-    QFile file(folder + QStringLiteral("/xfce4-panel.xml"));
+    QFile file(folder + u"/xfce4-panel.xml"_s);
     if (file.open(QIODevice::WriteOnly))
         file.write(configuration());
     m_bus.makeActivatable(settingsService(), environment().join(u' ') + u' ' + settingsCommand());
@@ -71,9 +71,9 @@ DesktopPanel::DesktopPanel(PrivateBus &bus, const VirtualDisplay &display)
 
 bool DesktopPanel::start()
 {
-    const QStringList words = environment() + QStringList{QStringLiteral("xfce4-panel"),
-                                                          QStringLiteral("--disable-wm-check")};
-    m_panel.logTo(m_folder.filePath(QStringLiteral("log")));
+    const QStringList words =
+        environment() + QStringList{u"xfce4-panel"_s, u"--disable-wm-check"_s};
+    m_panel.logTo(m_folder.filePath(u"log"_s));
     m_panel.start(words.first(), words.sliced(1));
     return waitFor([&] { return m_bus.hasOwner(watcherService()); }, 30s);
 }
@@ -87,13 +87,13 @@ void DesktopPanel::stop()
 
 QStringList DesktopPanel::environment() const
 {
-    return {QStringLiteral("/usr/bin/env"),
-            QStringLiteral("DISPLAY=") + m_display,
-            QStringLiteral("DBUS_SESSION_BUS_ADDRESS=") + m_bus.address(),
-            QStringLiteral("HOME=") + m_folder.path(),
-            QStringLiteral("XDG_CONFIG_HOME=") + m_folder.filePath(QStringLiteral("config")),
-            QStringLiteral("XDG_CACHE_HOME=") + m_folder.filePath(QStringLiteral("cache")),
-            QStringLiteral("NO_AT_BRIDGE=1")};
+    return {u"/usr/bin/env"_s,
+            u"DISPLAY="_s + m_display,
+            u"DBUS_SESSION_BUS_ADDRESS="_s + m_bus.address(),
+            u"HOME="_s + m_folder.path(),
+            u"XDG_CONFIG_HOME="_s + m_folder.filePath(u"config"_s),
+            u"XDG_CACHE_HOME="_s + m_folder.filePath(u"cache"_s),
+            u"NO_AT_BRIDGE=1"_s};
 }
 
 } // namespace ostrel::test

@@ -3,13 +3,15 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
 
 QString logindService()
 {
-    return QStringLiteral("org.freedesktop.login1");
+    return u"org.freedesktop.login1"_s;
 }
 
 } // namespace
@@ -38,8 +40,7 @@ void FakeLogind::announceWake()
 void FakeLogind::prepareForSleep(bool isGoingToSleep)
 {
     QDBusMessage signal = QDBusMessage::createSignal(
-        QStringLiteral("/org/freedesktop/login1"), QStringLiteral("org.freedesktop.login1.Manager"),
-        QStringLiteral("PrepareForSleep"));
+        u"/org/freedesktop/login1"_s, u"org.freedesktop.login1.Manager"_s, u"PrepareForSleep"_s);
     signal.setArguments({isGoingToSleep});
     m_connection.send(signal);
     // The bus answers a connection only after what that has sent before.

@@ -4,24 +4,26 @@
 #include <QDBusMessage>
 #include <QDBusVariant>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
 
 QString networkManager()
 {
-    return QStringLiteral("org.freedesktop.NetworkManager");
+    return u"org.freedesktop.NetworkManager"_s;
 }
 
 QString objectPath()
 {
-    return QStringLiteral("/org/freedesktop/NetworkManager");
+    return u"/org/freedesktop/NetworkManager"_s;
 }
 
 bool asksForState(const QDBusMessage &message)
 {
-    return message.member() == QStringLiteral("Get") &&
-           message.arguments() == QVariantList{networkManager(), QStringLiteral("State")};
+    return message.member() == u"Get"_s &&
+           message.arguments() == QVariantList{networkManager(), u"State"_s};
 }
 
 } // namespace
@@ -45,7 +47,7 @@ void FakeNetworkManager::changeState(uint state)
 {
     m_state = state;
     QDBusMessage signal =
-        QDBusMessage::createSignal(objectPath(), networkManager(), QStringLiteral("StateChanged"));
+        QDBusMessage::createSignal(objectPath(), networkManager(), u"StateChanged"_s);
     signal.setArguments({state});
     m_connection.send(signal);
     // The bus answers a connection only after what that has sent before.
@@ -65,7 +67,7 @@ bool FakeNetworkManager::handleMessage(const QDBusMessage &message,
         const auto answer = QVariant::fromValue(QDBusVariant(m_state));
         connection.send(message.createReply(answer));
     } else if (m_behaviour != Behaviour::hangs) {
-        connection.send(message.createErrorReply(QDBusError::Failed, QStringLiteral("not now")));
+        connection.send(message.createErrorReply(QDBusError::Failed, u"not now"_s));
     }
     return true;
 }

@@ -1,16 +1,18 @@
 #include "FocusListener.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 FocusListener::FocusListener(const QDBusConnection &bus)
     : m_bus(bus)
 {
-    m_bus.connect({}, {}, QStringLiteral("org.a11y.atspi.Event.Object"),
-                  QStringLiteral("StateChanged"), this, SLOT(stateChanged(QDBusMessage)));
-    QDBusMessage interest = QDBusMessage::createMethodCall(
-        QStringLiteral("org.a11y.atspi.Registry"), QStringLiteral("/org/a11y/atspi/registry"),
-        QStringLiteral("org.a11y.atspi.Registry"), QStringLiteral("RegisterEvent"));
-    interest.setArguments({QStringLiteral("object:state-changed:focused")});
+    m_bus.connect({}, {}, u"org.a11y.atspi.Event.Object"_s, u"StateChanged"_s, this,
+                  SLOT(stateChanged(QDBusMessage)));
+    QDBusMessage interest =
+        QDBusMessage::createMethodCall(u"org.a11y.atspi.Registry"_s, u"/org/a11y/atspi/registry"_s,
+                                       u"org.a11y.atspi.Registry"_s, u"RegisterEvent"_s);
+    interest.setArguments({u"object:state-changed:focused"_s});
     m_bus.call(interest);
 }
 
@@ -25,8 +27,7 @@ QStringList FocusListener::heard() const
 void FocusListener::stateChanged(const QDBusMessage &event)
 {
     const QVariantList arguments = event.arguments();
-    if (arguments.value(0).toString() == QStringLiteral("focused") &&
-        arguments.value(1).toInt() == 1)
+    if (arguments.value(0).toString() == u"focused"_s && arguments.value(1).toInt() == 1)
         m_heard.append({m_bus, event.service(), event.path()});
 }
 

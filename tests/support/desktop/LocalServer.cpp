@@ -8,6 +8,8 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 LocalServer::LocalServer(const QByteArray &greeting, const QByteArray &reply)
@@ -17,8 +19,7 @@ LocalServer::LocalServer(const QByteArray &greeting, const QByteArray &reply)
 {
     sockaddr_un address = {};
     address.sun_family = AF_UNIX;
-    std::ranges::copy(QFile::encodeName(m_folder.filePath(QStringLiteral("bus"))),
-                      address.sun_path);
+    std::ranges::copy(QFile::encodeName(m_folder.filePath(u"bus"_s)), address.sun_path);
     ::bind(m_listener, reinterpret_cast<const sockaddr *>(&address), sizeof(address));
     ::listen(m_listener, 8);
     m_thread = std::thread(&LocalServer::serve, this);
@@ -33,7 +34,7 @@ LocalServer::~LocalServer()
 
 QByteArray LocalServer::address() const
 {
-    return "unix:path=" + QFile::encodeName(m_folder.filePath(QStringLiteral("bus")));
+    return "unix:path=" + QFile::encodeName(m_folder.filePath(u"bus"_s));
 }
 
 void LocalServer::serve()

@@ -10,19 +10,21 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
 
 QString daemonService()
 {
-    return QStringLiteral("org.freedesktop.Notifications");
+    return u"org.freedesktop.Notifications"_s;
 }
 
 /// The daemon's history tells of a notification's text alone, so the format puts the urgency in.
 QString configuration(NotificationDaemon::Bodies bodies)
 {
-    const auto text = QStringLiteral(R"([global]
+    const auto text = uR"([global]
     markup = %1
     history_length = 10000
     notification_limit = 0
@@ -36,31 +38,31 @@ QString configuration(NotificationDaemon::Bodies bodies)
 [urgency_critical]
     timeout = 0
     format = "2%s\n%b"
-)");
+)"_s;
     const bool isMarkup = bodies == NotificationDaemon::Bodies::markup;
-    return text.arg(isMarkup ? QStringLiteral("full") : QStringLiteral("no"));
+    return text.arg(isMarkup ? u"full"_s : u"no"_s);
 }
 
 /// What is left of @p markup (Pango's) once it is laid out.
 QString readableText(const QString &markup)
 {
-    QXmlStreamReader reader(QStringLiteral("<text>%1</text>").arg(markup));
+    QXmlStreamReader reader(u"<text>%1</text>"_s.arg(markup));
     QString text;
     while (!reader.atEnd()) {
         if (reader.readNext() == QXmlStreamReader::Characters)
             text += reader.text();
     }
-    return reader.hasError() ? QStringLiteral("not well-formed: ") + markup : text;
+    return reader.hasError() ? u"not well-formed: "_s + markup : text;
 }
 
 ShownNotification shownFrom(const QVariantMap &entry)
 {
-    const QString message = entry.value(QStringLiteral("message")).toString();
+    const QString message = entry.value(u"message"_s).toString();
     const int urgency = message.left(1).toInt();
-    return {.id = entry.value(QStringLiteral("id")).toUInt(),
-            .application = entry.value(QStringLiteral("appname")).toString(),
+    return {.id = entry.value(u"id"_s).toUInt(),
+            .application = entry.value(u"appname"_s).toString(),
             .urgency = static_cast<ShownNotification::Urgency>(urgency),
-            .title = entry.value(QStringLiteral("summary")).toString(),
+            .title = entry.value(u"summary"_s).toString(),
             .body = readableText(message.section(u'\n', 1))};
 }
 
@@ -72,7 +74,7 @@ NotificationDaemon::NotificationDaemon(PrivateBus &bus, const VirtualDisplay &di
     , m_connection(bus.connect())
     , m_display(display.name())
 {
-    QFile file(m_folder.filePath(QStringLiteral("dunstrc")));
+    QFile file(m_folder.filePath(u"dunstrc"_s));
     if (file.open(QIODevice::WriteOnly))
         file.write(configuration(bodies).toUtf8());
 }
@@ -80,7 +82,7 @@ NotificationDaemon::NotificationDaemon(PrivateBus &bus, const VirtualDisplay &di
 bool NotificationDaemon::start()
 {
     const QStringList words = command();
-    m_daemon.logTo(m_folder.filePath(QStringLiteral("log")));
+    m_daemon.logTo(m_folder.filePath(u"log"_s));
     m_daemon.start(words.first(), words.sliced(1));
     return waitFor([&] { return m_bus.hasOwner(daemonService()); });
 }
@@ -100,9 +102,8 @@ std::optional<int> NotificationDaemon::displayedCount()
 {
     if (!m_bus.hasOwner(daemonService()))
         return std::nullopt;
-    const QDBusMessage reply =
-        call(QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
-             {QStringLiteral("org.dunstproject.cmd0"), QStringLiteral("displayedLength")});
+    const QDBusMessage reply = call(u"org.freedesktop.DBus.Properties"_s, u"Get"_s,
+                                    {u"org.dunstproject.cmd0"_s, u"displayedLength"_s});
     if (reply.type() != QDBusMessage::ReplyMessage)
         return std::nullopt;
     return reply.arguments().value(0).value<QDBusVariant>().variant().toInt();
@@ -110,9 +111,9 @@ std::optional<int> NotificationDaemon::displayedCount()
 
 QList<ShownNotification> NotificationDaemon::closeAll()
 {
-    const auto interface = QStringLiteral("org.dunstproject.cmd0");
-    call(interface, QStringLiteral("NotificationCloseAll"));
-    const QDBusMessage reply = call(interface, QStringLiteral("NotificationListHistory"));
+    const auto interface = u"org.dunstproject.cmd0"_s;
+    call(interface, u"NotificationCloseAll"_s);
+    const QDBusMessage reply = call(interface, u"NotificationListHistory"_s);
     const auto entries =
         qdbus_cast<QList<QVariantMap>>(reply.arguments().value(0).value<QDBusArgument>());
     QList<ShownNotification> shown;
@@ -122,21 +123,21 @@ QList<ShownNotification> NotificationDaemon::closeAll()
 
 QStringList NotificationDaemon::command() const
 {
-    return {QStringLiteral("/usr/bin/env"),
-            QStringLiteral("DISPLAY=") + m_display,
-            QStringLiteral("DBUS_SESSION_BUS_ADDRESS=") + m_bus.address(),
-            QStringLiteral("HOME=") + m_folder.path(),
-            QStringLiteral("XDG_CONFIG_HOME=") + m_folder.path(),
-            QStandardPaths::findExecutable(QStringLiteral("dunst")),
-            QStringLiteral("-conf"),
-            m_folder.filePath(QStringLiteral("dunstrc"))};
+    return {u"/usr/bin/env"_s,
+            u"DISPLAY="_s + m_display,
+            u"DBUS_SESSION_BUS_ADDRESS="_s + m_bus.address(),
+            u"HOME="_s + m_folder.path(),
+            u"XDG_CONFIG_HOME="_s + m_folder.path(),
+            QStandardPaths::findExecutable(u"dunst"_s),
+            u"-conf"_s,
+            m_folder.filePath(u"dunstrc"_s)};
 }
 
 QDBusMessage NotificationDaemon::call(const QString &interface, const QString &method,
                                       const QVariantList &arguments)
 {
     QDBusMessage message = QDBusMessage::createMethodCall(
-        daemonService(), QStringLiteral("/org/freedesktop/Notifications"), interface, method);
+        daemonService(), u"/org/freedesktop/Notifications"_s, interface, method);
     message.setArguments(arguments);
     message.setAutoStartService(false);
     return m_connection.call(message);

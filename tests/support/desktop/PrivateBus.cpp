@@ -7,6 +7,8 @@
 
 #include <csignal>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -36,13 +38,11 @@ void write(const QString &path, const QString &text)
 
 PrivateBus::PrivateBus(Kind kind)
 {
-    QDir(m_folder.path()).mkdir(QStringLiteral("services"));
+    QDir(m_folder.path()).mkdir(u"services"_s);
     writeConfiguration(kind);
-    m_daemon.logTo(m_folder.filePath(QStringLiteral("log")));
-    m_daemon.start(QStringLiteral("dbus-daemon"),
-                   {QStringLiteral("--nofork"), QStringLiteral("--print-address"),
-                    QStringLiteral("--config-file"),
-                    m_folder.filePath(QStringLiteral("bus.conf"))});
+    m_daemon.logTo(m_folder.filePath(u"log"_s));
+    m_daemon.start(u"dbus-daemon"_s, {u"--nofork"_s, u"--print-address"_s, u"--config-file"_s,
+                                      m_folder.filePath(u"bus.conf"_s)});
     m_address = QString::fromUtf8(m_daemon.nextLine());
 }
 
@@ -55,7 +55,7 @@ PrivateBus::~PrivateBus()
 
 void PrivateBus::writeConfiguration(Kind kind) const
 {
-    const auto text = QStringLiteral(R"(<!DOCTYPE busconfig PUBLIC
+    const auto text = uR"(<!DOCTYPE busconfig PUBLIC
  "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
 <busconfig>
@@ -68,9 +68,9 @@ void PrivateBus::writeConfiguration(Kind kind) const
     %3
   </policy>
 </busconfig>
-)");
-    const auto type = kind == Kind::session ? QStringLiteral("session") : QStringLiteral("system");
-    write(m_folder.filePath(QStringLiteral("bus.conf")),
+)"_s;
+    const auto type = kind == Kind::session ? u"session"_s : u"system"_s;
+    write(m_folder.filePath(u"bus.conf"_s),
           text.arg(type, m_folder.path(), QString::fromUtf8(policyOf(kind))));
 }
 
@@ -89,10 +89,9 @@ bool PrivateBus::hasOwner(const QString &name)
 
 void PrivateBus::makeActivatable(const QString &name, const QString &command)
 {
-    const auto text = QStringLiteral("[D-BUS Service]\nName=%1\nExec=%2\n");
-    write(m_folder.filePath(QStringLiteral("services/%1.service").arg(name)),
-          text.arg(name, command));
-    connect().interface()->call(QStringLiteral("ReloadConfig"));
+    const auto text = u"[D-BUS Service]\nName=%1\nExec=%2\n"_s;
+    write(m_folder.filePath(u"services/%1.service"_s.arg(name)), text.arg(name, command));
+    connect().interface()->call(u"ReloadConfig"_s);
 }
 
 void PrivateBus::freeze()

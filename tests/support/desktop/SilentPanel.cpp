@@ -1,12 +1,14 @@
 #include "SilentPanel.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 SilentPanel::SilentPanel(PrivateBus &bus)
     : m_connection(bus.connect())
 {
-    m_connection.registerVirtualObject(QStringLiteral("/"), this, QDBusConnection::SubPath);
-    m_connection.registerService(QStringLiteral("org.kde.StatusNotifierWatcher"));
+    m_connection.registerVirtualObject(u"/"_s, this, QDBusConnection::SubPath);
+    m_connection.registerService(u"org.kde.StatusNotifierWatcher"_s);
 }
 
 SilentPanel::~SilentPanel()

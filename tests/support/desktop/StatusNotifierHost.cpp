@@ -9,28 +9,30 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
 
 QString watcherPath()
 {
-    return QStringLiteral("/StatusNotifierWatcher");
+    return u"/StatusNotifierWatcher"_s;
 }
 
 QString watcherService()
 {
-    return QStringLiteral("org.kde.StatusNotifierWatcher");
+    return u"org.kde.StatusNotifierWatcher"_s;
 }
 
 QString itemInterface()
 {
-    return QStringLiteral("org.kde.StatusNotifierItem");
+    return u"org.kde.StatusNotifierItem"_s;
 }
 
 QString menuInterface()
 {
-    return QStringLiteral("com.canonical.dbusmenu");
+    return u"com.canonical.dbusmenu"_s;
 }
 
 /// What is left of a label once its underscores have had their effect: one marks a key, two are
@@ -48,13 +50,13 @@ QString readableLabel(const QString &label)
 
 ShownEntry entryFrom(int id, const QVariantMap &properties)
 {
-    const QString label = readableLabel(properties.value(QStringLiteral("label")).toString());
+    const QString label = readableLabel(properties.value(u"label"_s).toString());
     return {.id = id,
             .text = label.section(u'\t', 0, 0),
             .trailingText = label.section(u'\t', 1),
-            .isEnabled = properties.value(QStringLiteral("enabled"), true).toBool(),
-            .isSeparator = properties.value(QStringLiteral("type")) == QStringLiteral("separator"),
-            .icon = properties.value(QStringLiteral("icon-data")).toByteArray()};
+            .isEnabled = properties.value(u"enabled"_s, true).toBool(),
+            .isSeparator = properties.value(u"type"_s) == u"separator"_s,
+            .icon = properties.value(u"icon-data"_s).toByteArray()};
 }
 
 /// A layout is a number, properties and more layouts; this one has none below its entries.
@@ -73,7 +75,7 @@ QList<ShownEntry> childrenOf(const QDBusArgument &layout)
         structure.beginStructure();
         structure >> id >> properties;
         structure.endStructure();
-        if (properties.value(QStringLiteral("visible"), true).toBool())
+        if (properties.value(u"visible"_s, true).toBool())
             children += entryFrom(id, properties);
     }
     layout.endArray();
@@ -84,7 +86,7 @@ QList<ShownEntry> childrenOf(const QDBusArgument &layout)
 QString lineOf(const ShownEntry &entry)
 {
     if (entry.isSeparator)
-        return QStringLiteral("-");
+        return u"-"_s;
     const QString line =
         entry.trailingText.isEmpty() ? entry.text : entry.text + u'|' + entry.trailingText;
     return entry.isEnabled ? line : u'[' + line + u']';
@@ -138,7 +140,7 @@ QString StatusNotifierHost::itemText(const QString &property)
 
 QList<ShownPixmap> StatusNotifierHost::itemPixmaps()
 {
-    const auto pixmaps = itemProperty(QStringLiteral("IconPixmap")).value<QDBusArgument>();
+    const auto pixmaps = itemProperty(u"IconPixmap"_s).value<QDBusArgument>();
     QList<ShownPixmap> shown;
     pixmaps.beginArray();
     while (!pixmaps.atEnd()) {
@@ -156,8 +158,8 @@ QList<ShownEntry> StatusNotifierHost::entries()
 {
     constexpr int root = 0;
     constexpr int allLevels = -1;
-    const QDBusMessage reply = call(menuPath(), menuInterface(), QStringLiteral("GetLayout"),
-                                    {root, allLevels, QStringList()});
+    const QDBusMessage reply =
+        call(menuPath(), menuInterface(), u"GetLayout"_s, {root, allLevels, QStringList()});
     return reply.arguments().size() == 2 ? childrenOf(reply.arguments()[1].value<QDBusArgument>())
                                          : QList<ShownEntry>();
 }
@@ -178,29 +180,27 @@ bool StatusNotifierHost::choose(const QString &text)
     if (entry == shown.end())
         return false;
     const QDBusMessage reply =
-        call(menuPath(), menuInterface(), QStringLiteral("Event"),
-             {entry->id, QStringLiteral("clicked"), QVariant::fromValue(QDBusVariant(QString())),
+        call(menuPath(), menuInterface(), u"Event"_s,
+             {entry->id, u"clicked"_s, QVariant::fromValue(QDBusVariant(QString())),
               QVariant::fromValue(0U)});
     return reply.type() == QDBusMessage::ReplyMessage;
 }
 
 void StatusNotifierHost::activateItem()
 {
-    call(QStringLiteral("/StatusNotifierItem"), itemInterface(), QStringLiteral("Activate"),
-         {0, 0});
+    call(u"/StatusNotifierItem"_s, itemInterface(), u"Activate"_s, {0, 0});
 }
 
 QVariant StatusNotifierHost::itemProperty(const QString &name)
 {
-    const QDBusMessage reply = call(QStringLiteral("/StatusNotifierItem"),
-                                    QStringLiteral("org.freedesktop.DBus.Properties"),
-                                    QStringLiteral("Get"), {itemInterface(), name});
+    const QDBusMessage reply = call(u"/StatusNotifierItem"_s, u"org.freedesktop.DBus.Properties"_s,
+                                    u"Get"_s, {itemInterface(), name});
     return reply.arguments().value(0).value<QDBusVariant>().variant();
 }
 
 QString StatusNotifierHost::menuPath()
 {
-    return itemProperty(QStringLiteral("Menu")).value<QDBusObjectPath>().path();
+    return itemProperty(u"Menu"_s).value<QDBusObjectPath>().path();
 }
 
 QDBusMessage StatusNotifierHost::call(const QString &path, const QString &interface,

@@ -2,18 +2,20 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
 
 QString daemonService()
 {
-    return QStringLiteral("org.freedesktop.Notifications");
+    return u"org.freedesktop.Notifications"_s;
 }
 
 QString objectPath()
 {
-    return QStringLiteral("/org/freedesktop/Notifications");
+    return u"/org/freedesktop/Notifications"_s;
 }
 
 } // namespace
@@ -64,7 +66,7 @@ uint StubNotificationDaemon::Notify(const QString &application, uint replacesId,
 void StubNotificationDaemon::behave(const QVariant &answer)
 {
     if (m_behaviour == Behaviour::fails)
-        return sendErrorReply(QDBusError::Failed, QStringLiteral("not now"));
+        return sendErrorReply(QDBusError::Failed, u"not now"_s);
     if (m_behaviour == Behaviour::answers)
         return;
     setDelayedReply(true);

@@ -11,6 +11,8 @@
 
 namespace ostrel::test {
 
+using namespace Qt::StringLiterals;
+
 /// A notification daemon that keeps what it is told and behaves as badly as a test wants.
 ///
 /// Lives in the test's own thread: whoever waits for it without an event loop waits in vain.
@@ -40,8 +42,7 @@ public:
     };
 
     /// @p bus outlives it. It leaves the bus when it ends, as a daemon does that crashes.
-    explicit StubNotificationDaemon(PrivateBus &bus,
-                                    const QStringList &capabilities = {QStringLiteral("body")});
+    explicit StubNotificationDaemon(PrivateBus &bus, const QStringList &capabilities = {u"body"_s});
     ~StubNotificationDaemon() override;
 
     /// How it takes the calls to come.

@@ -7,6 +7,8 @@
 
 namespace ostrel::test {
 
+using namespace Qt::StringLiterals;
+
 /// An X server without a screen (Xvfb), on a display number that was free. Ends with this object.
 class VirtualDisplay
 {
@@ -19,10 +21,7 @@ public:
     [[nodiscard]] const QString &name() const { return m_name; }
 
     /// The file that holds what the display shows at every moment, in the X window dump format.
-    [[nodiscard]] QString dumpFile() const
-    {
-        return m_folder.filePath(QStringLiteral("Xvfb_screen0"));
-    }
+    [[nodiscard]] QString dumpFile() const { return m_folder.filePath(u"Xvfb_screen0"_s); }
 
 private:
     QTemporaryDir m_folder;

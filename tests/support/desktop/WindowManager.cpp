@@ -5,6 +5,8 @@
 #include <QFile>
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -18,36 +20,35 @@ constexpr char minimising[] = R"(<openbox_config xmlns="http://openbox.org/3.4/r
 WindowManager::WindowManager(const VirtualDisplay &display, NewWindows newWindows)
     : m_environment(QProcessEnvironment::systemEnvironment())
 {
-    m_environment.insert(QStringLiteral("DISPLAY"), display.name());
+    m_environment.insert(u"DISPLAY"_s, display.name());
     m_manager.setProcessEnvironment(m_environment);
     m_manager.logTo(QProcess::nullDevice());
-    QStringList arguments = {QStringLiteral("--sm-disable")};
+    QStringList arguments = {u"--sm-disable"_s};
     if (newWindows == NewWindows::minimised) {
-        QFile config(m_folder.filePath(QStringLiteral("rc.xml")));
+        QFile config(m_folder.filePath(u"rc.xml"_s));
         if (config.open(QIODevice::WriteOnly))
             config.write(minimising);
-        arguments += {QStringLiteral("--config-file"), config.fileName()};
+        arguments += {u"--config-file"_s, config.fileName()};
     }
-    m_manager.start(QStringLiteral("openbox"), arguments);
+    m_manager.start(u"openbox"_s, arguments);
 }
 
 bool WindowManager::isReady()
 {
-    return waitFor([this] { return control({QStringLiteral("-m")}); });
+    return waitFor([this] { return control({u"-m"_s}); });
 }
 
 bool WindowManager::hasWindow(const QString &title)
 {
     // Window, desktop, machine, title.
-    const QRegularExpression line(
-        QStringLiteral("^\\S+ +\\S+ +\\S+ %1$").arg(QRegularExpression::escape(title)),
-        QRegularExpression::MultilineOption);
-    return control({QStringLiteral("-l")}) && line.match(QString::fromUtf8(m_output)).hasMatch();
+    const QRegularExpression line(u"^\\S+ +\\S+ +\\S+ %1$"_s.arg(QRegularExpression::escape(title)),
+                                  QRegularExpression::MultilineOption);
+    return control({u"-l"_s}) && line.match(QString::fromUtf8(m_output)).hasMatch();
 }
 
 bool WindowManager::closeWindow(const QString &title)
 {
-    return control({QStringLiteral("-F"), QStringLiteral("-c"), title});
+    return control({u"-F"_s, u"-c"_s, title});
 }
 
 bool WindowManager::control(const QStringList &arguments)
@@ -55,7 +56,7 @@ bool WindowManager::control(const QStringList &arguments)
     BoundProcess process;
     process.setProcessEnvironment(m_environment);
     process.logTo(QProcess::nullDevice());
-    process.start(QStringLiteral("wmctrl"), arguments);
+    process.start(u"wmctrl"_s, arguments);
     const bool isDone = process.waitForFinished() && process.exitCode() == 0;
     m_output = process.readAllStandardOutput();
     return isDone;

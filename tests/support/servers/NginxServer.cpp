@@ -13,6 +13,8 @@
 #include <thread>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 namespace {
@@ -81,7 +83,7 @@ QByteArray NginxServer::url(int site, const QByteArray &path, const QByteArray &
 
 QStringList NginxServer::accessLog() const
 {
-    QFile file(m_folder.filePath(QStringLiteral("access.log")));
+    QFile file(m_folder.filePath(u"access.log"_s));
     if (!file.open(QIODevice::ReadOnly))
         return {};
     return QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
@@ -97,7 +99,7 @@ bool NginxServer::start()
 
 bool NginxServer::writeConfiguration()
 {
-    QFile file(m_folder.filePath(QStringLiteral("nginx.conf")));
+    QFile file(m_folder.filePath(u"nginx.conf"_s));
     const QByteArray text = configuration();
     return file.open(QIODevice::WriteOnly) && file.write(text) == text.size();
 }
@@ -126,13 +128,13 @@ void NginxServer::spawn()
 
 QString NginxServer::outputPath() const
 {
-    return m_folder.filePath(QStringLiteral("output.log"));
+    return m_folder.filePath(u"output.log"_s);
 }
 
 bool NginxServer::waitUntilListening()
 {
     // The file is written once all ports are open.
-    const QString pidFile = m_folder.filePath(QStringLiteral("nginx.pid"));
+    const QString pidFile = m_folder.filePath(u"nginx.pid"_s);
     while (!QFile::exists(pidFile)) {
         if (waitpid(m_process, nullptr, WNOHANG) != 0)
             return false;

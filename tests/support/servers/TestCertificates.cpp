@@ -11,6 +11,8 @@
 
 #include <atomic>
 
+using namespace Qt::StringLiterals;
+
 namespace ostrel::test {
 
 using namespace std::chrono;
@@ -143,22 +145,21 @@ TestCertificates::TestCertificates()
           nullptr))
 {
     const unsigned long hash = X509_subject_name_hash(m_authority->certificate.get());
-    QDir(m_folder.path()).mkdir(QStringLiteral("hashed"));
-    (void)write(QStringLiteral("hashed/%1.0").arg(hash, 8, 16, QLatin1Char('0')),
-                m_authority->certificatePem());
-    (void)write(QStringLiteral("authority.pem"), m_authority->certificatePem());
+    QDir(m_folder.path()).mkdir(u"hashed"_s);
+    (void)write(u"hashed/%1.0"_s.arg(hash, 8, 16, QLatin1Char('0')), m_authority->certificatePem());
+    (void)write(u"authority.pem"_s, m_authority->certificatePem());
 }
 
 TestCertificates::~TestCertificates() = default;
 
 QByteArray TestCertificates::authorityFile() const
 {
-    return QFile::encodeName(m_folder.filePath(QStringLiteral("authority.pem")));
+    return QFile::encodeName(m_folder.filePath(u"authority.pem"_s));
 }
 
 QByteArray TestCertificates::authorityDirectory() const
 {
-    return QFile::encodeName(m_folder.filePath(QStringLiteral("hashed")));
+    return QFile::encodeName(m_folder.filePath(u"hashed"_s));
 }
 
 TestLeaf TestCertificates::valid(Key key)
@@ -210,9 +211,8 @@ TestLeaf TestCertificates::underExpiredIntermediate()
 TestLeaf TestCertificates::issue(const Identity &leaf, const QByteArray &intermediates)
 {
     const int number = ++m_leafCount;
-    return {.chainFile = write(QStringLiteral("leaf%1.pem").arg(number),
-                               leaf.certificatePem() + intermediates),
-            .keyFile = write(QStringLiteral("leaf%1.key").arg(number), leaf.keyPem()),
+    return {.chainFile = write(u"leaf%1.pem"_s.arg(number), leaf.certificatePem() + intermediates),
+            .keyFile = write(u"leaf%1.key"_s.arg(number), leaf.keyPem()),
             .notAfter = leaf.notAfter};
 }
 
