@@ -40,7 +40,7 @@ OstrelApp::OstrelApp(std::unique_ptr<MainWindowLoader> views, const QString &sto
     , m_models(m_store, m_engine, services.networkPresence, services.loginItem, services.workspace)
     , m_icons(storageDir + u"/favicons"_s, services.network, services.prepareIconThread)
 {
-    connect(&m_models.form, &MonitorForm::websiteCreated, this, &OstrelApp::lookUpSite);
+    connect(m_models.form(), &MonitorForm::websiteCreated, this, &OstrelApp::lookUpSite);
     connectStatusBarItem();
 }
 
@@ -71,7 +71,7 @@ bool OstrelApp::show()
 
 void OstrelApp::connectStatusBarItem()
 {
-    connect(&m_statusBarItem, &StatusBarItem::helpRequested, &m_models.desktop,
+    connect(&m_statusBarItem, &StatusBarItem::helpRequested, m_models.desktop(),
             &DesktopActions::getHelp);
     connect(&m_statusBarItem, &StatusBarItem::openRequested, &m_delegate,
             [this] { m_delegate.reopen(); });
@@ -106,7 +106,7 @@ void OstrelApp::lookUpSite(const QUuid &monitorId, const QString &address)
     continueOn(m_icons.pageTitle(address), this,
                [this, monitorId](const std::optional<QString> &title) {
                    if (title)
-                       m_models.form.applyTitle(monitorId, *title);
+                       m_models.form()->applyTitle(monitorId, *title);
                });
 }
 

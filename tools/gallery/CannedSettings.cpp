@@ -1,36 +1,9 @@
 #include "CannedSettings.h"
 
-#include "LoginItem.h"
 #include "MonitorStore.h"
-#include "NoWorkspace.h"
-
-#include <QUrl>
+#include "NoDesktop.h"
 
 namespace ostrel {
-
-namespace {
-
-class NoLoginItem : public LoginItem
-{
-public:
-    bool registerItem() override { return false; }
-    bool unregisterItem() override { return false; }
-};
-
-/// A fresh folder, where preferences are kept from now on.
-class PreferencesFolder
-{
-public:
-    PreferencesFolder()
-    {
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
-    }
-
-private:
-    QTemporaryDir m_folder;
-};
-
-} // namespace
 
 struct CannedSettings::Parts
 {

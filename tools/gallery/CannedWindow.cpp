@@ -2,10 +2,9 @@
 
 #include "CannedEngine.h"
 #include "CannedMonitors.h"
-#include "MonitorCommands.h"
 #include "MonitorStore.h"
 #include "NetworkPresence.h"
-#include "NoWorkspace.h"
+#include "NoDesktop.h"
 
 #include <QTemporaryDir>
 
@@ -76,26 +75,14 @@ constexpr std::array windowRecipes = {
 
 struct CannedWindow::Parts
 {
-    Parts()
-    {
-        connect(&form, &MonitorForm::created, &commands, &MonitorCommands::create);
-        connect(&form, &MonitorForm::edited, &commands, &MonitorCommands::update);
-    }
-
+    PreferencesFolder preferences;
     QTemporaryDir folder;
     NoWorkspace workspace;
+    NoLoginItem loginItem;
     MonitorStore store{folder.path(), MonitorStore::Access::readOnly, cannedNow};
     CannedEngine canned{store};
-    MonitorCommands commands{store, canned.engine()};
-    MonitorListModel monitors{store};
-    DashboardModel dashboardModel{store};
-    AppActions actions{store, commands};
-    MonitorDetailModel detailModel{store, cannedNow};
-    MonitorForm form{store, cannedNow};
-    SheetOpener opener{store, form};
-    DesktopActions desktop{workspace, folder.path()};
     CannedPresence presence;
-    SidebarNotice notice{store, presence};
+    WindowModels models{store, canned.engine(), presence, loginItem, workspace, cannedNow};
 };
 
 CannedWindow::CannedWindow(QObject *parent)
@@ -124,43 +111,13 @@ void CannedWindow::setSample(const QString &sample)
             addTo(m_parts->store, canned);
         m_parts->presence.setPresent(!recipe.isOffline);
         if (recipe.selected != dashboard)
-            m_selectedMonitorId = m_parts->monitors.monitorIdAt(recipe.selected);
+            m_selectedMonitorId = m_parts->models.monitors()->monitorIdAt(recipe.selected);
     }
 }
 
-MonitorListModel *CannedWindow::monitors()
+WindowModels *CannedWindow::models()
 {
-    return &m_parts->monitors;
-}
-
-DashboardModel *CannedWindow::dashboardModel()
-{
-    return &m_parts->dashboardModel;
-}
-
-AppActions *CannedWindow::actions()
-{
-    return &m_parts->actions;
-}
-
-MonitorDetailModel *CannedWindow::detailModel()
-{
-    return &m_parts->detailModel;
-}
-
-SheetOpener *CannedWindow::opener()
-{
-    return &m_parts->opener;
-}
-
-DesktopActions *CannedWindow::desktop()
-{
-    return &m_parts->desktop;
-}
-
-SidebarNotice *CannedWindow::notice()
-{
-    return &m_parts->notice;
+    return &m_parts->models;
 }
 
 } // namespace ostrel

@@ -1,12 +1,6 @@
 #pragma once
 
-#include "AppActions.h"
-#include "DashboardModel.h"
-#include "DesktopActions.h"
-#include "MonitorDetailModel.h"
-#include "MonitorListModel.h"
-#include "SheetOpener.h"
-#include "SidebarNotice.h"
+#include "WindowModels.h"
 
 #include <QObject>
 #include <QStringList>
@@ -26,13 +20,7 @@ class CannedWindow : public QObject
     QML_ELEMENT
     /// One of samples(); set once.
     Q_PROPERTY(QString sample READ sample WRITE setSample REQUIRED)
-    Q_PROPERTY(ostrel::MonitorListModel *monitors READ monitors CONSTANT)
-    Q_PROPERTY(ostrel::DashboardModel *dashboardModel READ dashboardModel CONSTANT)
-    Q_PROPERTY(ostrel::AppActions *actions READ actions CONSTANT)
-    Q_PROPERTY(ostrel::MonitorDetailModel *detailModel READ detailModel CONSTANT)
-    Q_PROPERTY(ostrel::SheetOpener *opener READ opener CONSTANT)
-    Q_PROPERTY(ostrel::DesktopActions *desktop READ desktop CONSTANT)
-    Q_PROPERTY(ostrel::SidebarNotice *notice READ notice CONSTANT)
+    Q_PROPERTY(ostrel::WindowModels *models READ models CONSTANT)
     /// A QUuid: the monitor whose page is to be shown; null for the dashboard.
     Q_PROPERTY(QVariant selectedMonitorId READ selectedMonitorId CONSTANT)
 
@@ -46,13 +34,7 @@ public:
 
     [[nodiscard]] QString sample() const { return m_sample; }
     void setSample(const QString &sample);
-    [[nodiscard]] MonitorListModel *monitors();
-    [[nodiscard]] DashboardModel *dashboardModel();
-    [[nodiscard]] AppActions *actions();
-    [[nodiscard]] MonitorDetailModel *detailModel();
-    [[nodiscard]] SheetOpener *opener();
-    [[nodiscard]] DesktopActions *desktop();
-    [[nodiscard]] SidebarNotice *notice();
+    [[nodiscard]] WindowModels *models();
     [[nodiscard]] QVariant selectedMonitorId() const { return m_selectedMonitorId; }
 
 private:

@@ -68,7 +68,7 @@ Rectangle {
                 }
 
                 Repeater {
-                    model: canned.monitors
+                    model: canned.models.monitors
 
                     MonitorRowView {
                         width: root.columnWidth

@@ -23,13 +23,7 @@ Rectangle {
 
         objectName: "content"
         anchors.fill: parent
-        monitors: canned.monitors
-        dashboardModel: canned.dashboardModel
-        actions: canned.actions
-        detailModel: canned.detailModel
-        opener: canned.opener
-        desktop: canned.desktop
-        notice: canned.notice
+        models: canned.models
     }
 
     CannedWindow {

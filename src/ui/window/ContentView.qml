@@ -16,13 +16,7 @@ FocusScope {
         Editing
     }
 
-    required property MonitorListModel monitors
-    required property DashboardModel dashboardModel
-    required property AppActions actions
-    required property MonitorDetailModel detailModel
-    required property SheetOpener opener
-    required property DesktopActions desktop
-    required property SidebarNotice notice
+    required property WindowModels models
     property alias selectedMonitorId: chosen.monitorId
     // Null until they are first shown.
     property MonitorDetailView page: null
@@ -36,12 +30,12 @@ FocusScope {
     function add(): void {
         if (sheetState !== ContentView.Closed)
             return;
-        opener.beginCreate();
+        models.opener.beginCreate();
         sheetState = ContentView.Creating;
     }
 
     function edit(): void {
-        if (sheetState === ContentView.Closed && opener.beginEdit(selectedMonitorId))
+        if (sheetState === ContentView.Closed && models.opener.beginEdit(selectedMonitorId))
             sheetState = ContentView.Editing;
     }
 
@@ -67,19 +61,19 @@ FocusScope {
     }
 
     Binding {
-        target: root.detailModel
+        target: root.models.detail
         property: "monitorId"
         value: chosen.monitorId
     }
 
     UptimeRefresh {
-        monitors: root.monitors
+        monitors: root.models.monitors
     }
 
     MonitorSelection {
         id: chosen
 
-        monitors: root.monitors
+        monitors: root.models.monitors
         onShowsMonitorChanged: {
             if (showsMonitor && !root.page)
                 root.page = pageComponent.createObject(detail) as MonitorDetailView;
@@ -102,10 +96,10 @@ FocusScope {
         objectName: "sidebar"
         width: sidebarWidth.width - line.width
         height: parent.height
-        monitors: root.monitors
+        monitors: root.models.monitors
         selection: chosen
-        actions: root.actions
-        notice: root.notice
+        actions: root.models.actions
+        notice: root.models.notice
         onAddRequested: root.add()
         onSettingsRequested: root.settingsRequested()
     }
@@ -145,8 +139,8 @@ FocusScope {
             objectName: "dashboard"
             anchors.fill: parent
             visible: !chosen.showsMonitor
-            monitors: root.monitors
-            model: root.dashboardModel
+            monitors: root.models.monitors
+            model: root.models.dashboard
             selection: chosen
             onAddRequested: root.add()
             onCardChosen: appearance.restart()
@@ -159,10 +153,10 @@ FocusScope {
                 objectName: "detailPage"
                 anchors.fill: parent
                 visible: chosen.showsMonitor
-                model: root.detailModel
-                onCheckNow: root.actions.checkNow(root.selectedMonitorId)
+                model: root.models.detail
+                onCheckNow: root.models.actions.checkNow(root.selectedMonitorId)
                 onEditMonitor: root.edit()
-                onGetHelp: root.desktop.getHelp()
+                onGetHelp: root.models.desktop.getHelp()
             }
         }
 
@@ -182,7 +176,7 @@ FocusScope {
         id: sheetComponent
 
         AddMonitorSheet {
-            form: root.opener.form
+            form: root.models.opener.form
             onClosed: {
                 root.sheetState = ContentView.Closed;
                 root.forceActiveFocus(Qt.PopupFocusReason);

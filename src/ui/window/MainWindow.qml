@@ -8,14 +8,7 @@ import Ostrel.Theme
 Window {
     id: root
 
-    required property MonitorListModel monitors
-    required property DashboardModel dashboardModel
-    required property AppActions actions
-    required property MonitorDetailModel detailModel
-    required property SheetOpener opener
-    required property Settings settings
-    required property DesktopActions desktop
-    required property SidebarNotice notice
+    required property WindowModels models
     // Whether nothing is to move but what the hand moves.
     property bool reducedMotion: false
     // Null until it is first asked for.
@@ -44,13 +37,7 @@ Window {
         id: content
 
         anchors.fill: parent
-        monitors: root.monitors
-        dashboardModel: root.dashboardModel
-        actions: root.actions
-        detailModel: root.detailModel
-        opener: root.opener
-        desktop: root.desktop
-        notice: root.notice
+        models: root.models
         onSettingsRequested: root.showSettings()
     }
 
@@ -58,8 +45,8 @@ Window {
         id: settingsComponent
 
         SettingsWindow {
-            settings: root.settings
-            desktop: root.desktop
+            settings: root.models.settings
+            desktop: root.models.desktop
         }
     }
 
@@ -70,7 +57,7 @@ Window {
 
     Shortcut {
         sequence: "Ctrl+R"
-        onActivated: root.actions.checkNow(content.selectedMonitorId)
+        onActivated: root.models.actions.checkNow(content.selectedMonitorId)
     }
 
     Shortcut {

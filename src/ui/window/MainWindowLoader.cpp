@@ -41,16 +41,7 @@ QQuickWindow *MainWindowLoader::load(WindowModels &models)
 {
     finishPreparing();
     m_faces.reset();
-    m_engine.setInitialProperties({
-        {u"monitors"_s, QVariant::fromValue(&models.monitors)},
-        {u"dashboardModel"_s, QVariant::fromValue(&models.dashboardModel)},
-        {u"actions"_s, QVariant::fromValue(&models.actions)},
-        {u"detailModel"_s, QVariant::fromValue(&models.detailModel)},
-        {u"opener"_s, QVariant::fromValue(&models.opener)},
-        {u"settings"_s, QVariant::fromValue(&models.settings)},
-        {u"desktop"_s, QVariant::fromValue(&models.desktop)},
-        {u"notice"_s, QVariant::fromValue(&models.notice)},
-    });
+    m_engine.setInitialProperties({{u"models"_s, QVariant::fromValue(&models)}});
     m_engine.load(mainWindow());
     return qobject_cast<QQuickWindow *>(m_engine.rootObjects().value(0));
 }

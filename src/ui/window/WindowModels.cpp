@@ -7,19 +7,19 @@ namespace ostrel {
 WindowModels::WindowModels(MonitorStore &store, MonitoringEngine &engine,
                            const NetworkPresence &presence, LoginItem &loginItem,
                            Workspace &workspace, const WallClock &now)
-    : commands(store, engine)
-    , monitors(store)
-    , dashboardModel(store)
-    , actions(store, commands)
-    , detailModel(store, now)
-    , form(store, now)
-    , opener(store, form)
-    , settings(loginItem)
-    , desktop(workspace, store.storageDir())
-    , notice(store, presence)
+    : m_commands(store, engine)
+    , m_monitors(store)
+    , m_dashboard(store)
+    , m_detail(store, now)
+    , m_actions(store, m_commands)
+    , m_form(store, now)
+    , m_opener(store, m_form)
+    , m_settings(loginItem)
+    , m_desktop(workspace, store.storageDir())
+    , m_notice(store, presence)
 {
-    QObject::connect(&form, &MonitorForm::created, &commands, &MonitorCommands::create);
-    QObject::connect(&form, &MonitorForm::edited, &commands, &MonitorCommands::update);
+    connect(&m_form, &MonitorForm::created, &m_commands, &MonitorCommands::create);
+    connect(&m_form, &MonitorForm::edited, &m_commands, &MonitorCommands::update);
 }
 
 } // namespace ostrel

@@ -11,6 +11,9 @@
 #include "SheetOpener.h"
 #include "SidebarNotice.h"
 
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
 namespace ostrel {
 
 class LoginItem;
@@ -21,22 +24,46 @@ class Workspace;
 
 /// What the main window shows, and what it commands. Lives on the main thread, and longer than the
 /// window.
-struct WindowModels
+class WindowModels : public QObject
 {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made by the application")
+    Q_PROPERTY(ostrel::MonitorListModel *monitors READ monitors CONSTANT)
+    Q_PROPERTY(ostrel::DashboardModel *dashboard READ dashboard CONSTANT)
+    Q_PROPERTY(ostrel::MonitorDetailModel *detail READ detail CONSTANT)
+    Q_PROPERTY(ostrel::AppActions *actions READ actions CONSTANT)
+    Q_PROPERTY(ostrel::SheetOpener *opener READ opener CONSTANT)
+    Q_PROPERTY(ostrel::Settings *settings READ settings CONSTANT)
+    Q_PROPERTY(ostrel::DesktopActions *desktop READ desktop CONSTANT)
+    Q_PROPERTY(ostrel::SidebarNotice *notice READ notice CONSTANT)
+
+public:
     /// All arguments outlive this.
     WindowModels(MonitorStore &store, MonitoringEngine &engine, const NetworkPresence &presence,
                  LoginItem &loginItem, Workspace &workspace, const WallClock &now = systemNow);
 
-    MonitorCommands commands;
-    MonitorListModel monitors;
-    DashboardModel dashboardModel;
-    AppActions actions;
-    MonitorDetailModel detailModel;
-    MonitorForm form;
-    SheetOpener opener;
-    Settings settings;
-    DesktopActions desktop;
-    SidebarNotice notice;
+    [[nodiscard]] MonitorListModel *monitors() { return &m_monitors; }
+    [[nodiscard]] DashboardModel *dashboard() { return &m_dashboard; }
+    [[nodiscard]] MonitorDetailModel *detail() { return &m_detail; }
+    [[nodiscard]] AppActions *actions() { return &m_actions; }
+    [[nodiscard]] MonitorForm *form() { return &m_form; }
+    [[nodiscard]] SheetOpener *opener() { return &m_opener; }
+    [[nodiscard]] Settings *settings() { return &m_settings; }
+    [[nodiscard]] DesktopActions *desktop() { return &m_desktop; }
+    [[nodiscard]] SidebarNotice *notice() { return &m_notice; }
+
+private:
+    MonitorCommands m_commands;
+    MonitorListModel m_monitors;
+    DashboardModel m_dashboard;
+    MonitorDetailModel m_detail;
+    AppActions m_actions;
+    MonitorForm m_form;
+    SheetOpener m_opener;
+    Settings m_settings;
+    DesktopActions m_desktop;
+    SidebarNotice m_notice;
 };
 
 } // namespace ostrel

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "LoginItem.h"
+#include "Workspace.h"
+
+#include <QSettings>
+#include <QTemporaryDir>
+
+namespace ostrel {
+
+/// Opens nothing: what is clicked in the gallery stays in the gallery.
+class NoWorkspace : public Workspace
+{
+public:
+    bool open(const QUrl & /*url*/) override { return false; }
+    bool openFolder(const QString & /*path*/) override { return false; }
+    bool openNotificationSettings() override { return false; }
+};
+
+class NoLoginItem : public LoginItem
+{
+public:
+    bool registerItem() override { return false; }
+    bool unregisterItem() override { return false; }
+};
+
+/// Keeps the preferences of those that are made after it in a folder of its own.
+class PreferencesFolder
+{
+public:
+    PreferencesFolder()
+    {
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+} // namespace ostrel
