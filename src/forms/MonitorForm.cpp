@@ -107,9 +107,16 @@ QString MonitorForm::timeoutText() const
     return ostrel::timeoutText(m_draft.timeout, QLocale());
 }
 
-void MonitorForm::setTimeoutText(const QString &text)
+void MonitorForm::typeTimeout(const QString &text)
 {
-    set(m_draft.timeout, timeoutFrom(text, QLocale()).value_or(m_draft.timeout));
+    m_typedTimeout = text;
+}
+
+void MonitorForm::commitTimeout()
+{
+    const auto typed = std::exchange(m_typedTimeout, std::nullopt);
+    if (typed)
+        set(m_draft.timeout, timeoutFrom(*typed, QLocale()).value_or(m_draft.timeout));
 }
 
 QString MonitorForm::title() const
@@ -194,6 +201,7 @@ void MonitorForm::begin(const std::optional<Monitor> &monitor, const QString &cl
 {
     m_editingMonitor = monitor;
     m_draft = monitor ? draftOf(*monitor) : MonitorDraft();
+    m_typedTimeout.reset();
     m_showAdvanced = false;
     m_clipboardURL = clipboardSuggestion(clipboardText);
     Q_EMIT changed();
@@ -209,6 +217,7 @@ bool MonitorForm::save()
 {
     if (!isValid())
         return false;
+    commitTimeout();
     if (isEditing())
         Q_EMIT edited(editedMonitor());
     else

@@ -37,8 +37,8 @@ class MonitorForm : public QObject
     /// The web address that was on the clipboard when the form was shown; empty for none.
     Q_PROPERTY(QString clipboardURL READ clipboardURL NOTIFY changed)
 
-    /// `timeout` in the user's locale. Setting a text that is no time-out changes nothing.
-    Q_PROPERTY(QString timeoutText READ timeoutText WRITE setTimeoutText NOTIFY changed)
+    /// `timeout` in the user's locale.
+    Q_PROPERTY(QString timeoutText READ timeoutText NOTIFY changed)
     Q_PROPERTY(bool isWebsite READ isWebsite NOTIFY changed)
     Q_PROPERTY(bool isValid READ isValid NOTIFY changed)
     Q_PROPERTY(QString title READ title NOTIFY changed)
@@ -84,7 +84,11 @@ public:
     [[nodiscard]] QString clipboardURL() const { return m_clipboardURL.value_or(QString()); }
 
     [[nodiscard]] QString timeoutText() const;
-    void setTimeoutText(const QString &text);
+    /// Keeps what stands in the time-out's field in the user's locale: it may be half typed.
+    Q_INVOKABLE void typeTimeout(const QString &text);
+    /// Takes over what was typed last, which changes nothing if it is no time-out. save() does so
+    /// as well.
+    Q_INVOKABLE void commitTimeout();
     [[nodiscard]] bool isWebsite() const { return m_draft.monitorType == MonitorType::http; }
     [[nodiscard]] bool isValid() const { return ostrel::isValid(m_draft); }
     [[nodiscard]] QString title() const;
@@ -141,6 +145,7 @@ private:
     std::optional<Monitor> m_editingMonitor; ///< Absent for a new one.
     std::optional<QString> m_clipboardURL;
     MonitorDraft m_draft;
+    std::optional<QString> m_typedTimeout; ///< Absent if nothing was typed since the last commit.
     bool m_showAdvanced = false;
 };
 

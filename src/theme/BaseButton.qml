@@ -12,6 +12,7 @@ T.AbstractButton {
 
     property string helpText: ""
     property string spokenName: text !== "" ? text : helpText
+    property alias takesReturn: keys.takesReturn
     property real radius: Theme.cornerRadiusSmall
     property bool showsHover: hovered && enabled
     property bool showsFocus: visualFocus

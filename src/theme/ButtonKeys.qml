@@ -7,6 +7,8 @@ Item {
     id: root
 
     required property T.AbstractButton button
+    // If false, Return and Enter are left to what the button is in.
+    property bool takesReturn: true
 
     function press(): void {
         if (!button.enabled)
@@ -16,8 +18,9 @@ Item {
         button.clicked();
     }
 
-    function pressOnce(event: KeyEvent): void {
-        if (!event.isAutoRepeat)
+    function takeReturn(event: KeyEvent): void {
+        event.accepted = takesReturn;
+        if (takesReturn && !event.isAutoRepeat)
             press();
     }
 
@@ -26,8 +29,8 @@ Item {
         event.accepted = event.isAutoRepeat && event.key === Qt.Key_Space;
     }
 
-    Keys.onReturnPressed: event => pressOnce(event)
-    Keys.onEnterPressed: event => pressOnce(event)
+    Keys.onReturnPressed: event => takeReturn(event)
+    Keys.onEnterPressed: event => takeReturn(event)
     Keys.onPressed: event => takeRepetition(event)
     Keys.onReleased: event => takeRepetition(event)
 }

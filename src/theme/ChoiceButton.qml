@@ -4,7 +4,7 @@ import QtQuick.Templates as T
 import Ostrel.Theme
 
 // A button that stands for one of several choices. What is taken, its owner says through
-// `isSelected`. A click doesn't take the keyboard.
+// `isSelected`. A click doesn't take the keyboard, and Return is left to the form.
 //
 // To assistive tools it is a radio button, the button inside is nothing: Qt's own radio button leaks
 // what it attaches to itself while it is made with such a tool at work.
@@ -17,6 +17,9 @@ KeyboardItem {
     property alias horizontalPadding: button.horizontalPadding
     property alias down: button.down
     property bool isSelected: false
+    // Its place among the choices, from 0, and how many there are, which assistive tools say.
+    property int place: 0
+    property int count: 0
     property real radius: Theme.cornerRadiusSmall
     property bool showsHover: button.hovered && enabled
     property bool showsFocus: visualFocus
@@ -37,7 +40,11 @@ KeyboardItem {
     opacity: enabled ? 1 : Theme.disabledOpacity
     Accessible.role: Accessible.RadioButton
     Accessible.name: text
-    Accessible.description: enabled ? "" : qsTr("Unavailable")
+    Accessible.description: {
+        if (!enabled)
+            return qsTr("Unavailable");
+        return count > 0 ? qsTr("%1 of %2").arg(place + 1).arg(count) : "";
+    }
     Accessible.checkable: true
     Accessible.checked: isSelected
     Keys.forwardTo: [keys, button]
@@ -56,6 +63,7 @@ KeyboardItem {
         id: keys
 
         button: button
+        takesReturn: false
     }
 
     FocusRing {

@@ -22,6 +22,14 @@ T.TextField {
     property string trailingName: ""
     // Once it is complete, the template has said the placeholder instead.
     property bool isComplete: false
+    // Null until it is first asked for.
+    property FieldMenu menu: null
+
+    function openMenu(x: real, y: real): void {
+        if (!menu)
+            menu = menuComponent.createObject(root) as FieldMenu;
+        menu.popup(root, x, y);
+    }
 
     implicitWidth: Theme.thresholdFieldWidth
     implicitHeight: 34
@@ -38,7 +46,27 @@ T.TextField {
     autoScroll: activeFocus
     hoverEnabled: true
     opacity: enabled ? 1 : Theme.disabledOpacity
+    // The menu takes the keyboard, and works on the selection.
+    persistentSelection: true
     Component.onCompleted: isComplete = true
+    onActiveFocusChanged: {
+        const isByTab = focusReason === Qt.TabFocusReason || focusReason === Qt.BacktabFocusReason;
+        if (activeFocus && isByTab)
+            selectAll();
+        else if (!activeFocus && !(menu?.visible ?? false))
+            deselect();
+    }
+    onPressed: event => {
+        if (event.button === Qt.RightButton) {
+            forceActiveFocus(Qt.MouseFocusReason);
+            openMenu(event.x, event.y);
+        }
+    }
+    Keys.onPressed: event => {
+        event.accepted = event.key === Qt.Key_Menu || (event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier);
+        if (event.accepted)
+            openMenu(cursorRectangle.x, height);
+    }
     Accessible.name: spokenName
     Accessible.description: isComplete && trailingSymbol !== "" ? trailingName : ""
 
@@ -95,5 +123,14 @@ T.TextField {
         name: root.trailingSymbol
         systemSize: 16
         color: root.trailingColor
+    }
+
+    Component {
+        id: menuComponent
+
+        FieldMenu {
+            field: root
+            title: root.spokenName
+        }
     }
 }

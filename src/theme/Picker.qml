@@ -13,6 +13,16 @@ T.ComboBox {
     property bool showsHover: hovered
     property bool showsFocus: visualFocus
 
+    // Return was pressed while the menu is closed.
+    signal returnPressed
+
+    // The template would keep it to itself.
+    function takeReturn(event: KeyEvent): void {
+        event.accepted = !popup.visible;
+        if (event.accepted && !event.isAutoRepeat)
+            returnPressed();
+    }
+
     function choose(index: int): void {
         currentIndex = index;
         activated(index);
@@ -30,15 +40,8 @@ T.ComboBox {
     Accessible.name: spokenName
     Accessible.description: displayText
     Accessible.onPressAction: popup.open()
-    // Opened by the press, it would be closed by the release.
-    Keys.onReturnPressed: event => event.accepted = true
-    Keys.onEnterPressed: event => event.accepted = true
-    Keys.onReleased: event => {
-        const isReturn = event.key === Qt.Key_Return || event.key === Qt.Key_Enter;
-        event.accepted = isReturn && !event.isAutoRepeat && !popup.visible;
-        if (event.accepted)
-            popup.open();
-    }
+    Keys.onReturnPressed: event => takeReturn(event)
+    Keys.onEnterPressed: event => takeReturn(event)
 
     contentItem: ButtonLabel {
         isCentred: false

@@ -51,6 +51,8 @@ FocusScope {
                 required property int index
 
                 text: modelData
+                place: index
+                count: segments.count
                 isSelected: index === root.currentIndex
                 focus: isSelected
                 onClicked: root.choose(index)

@@ -154,7 +154,6 @@ TEST_F(MonitorFormTest, EveryFieldTellsOfItsChangesAndOfNothingElse)
         {"keywordShouldExist", false},
         {"thresholdText", u"500"_s},
         {"showAdvanced", true},
-        {"timeoutText", u"7"_s},
     };
     form.beginCreate(QString());
     for (const auto &[name, value] : values) {
@@ -175,7 +174,8 @@ TEST_F(MonitorFormTest, WhatIsNoMethodTypeOrTimeoutChangesNothing)
     form.setMonitorType(u"ftp"_s);
     for (const double seconds : {0.0, -1.0, qInf(), qQNaN()})
         form.setTimeout(seconds);
-    form.setTimeoutText(u"soon"_s);
+    form.typeTimeout(u"soon"_s);
+    form.commitTimeout();
 
     EXPECT_EQ(changes, 0);
     EXPECT_EQ(form.method(), u"GET"_s);
@@ -187,9 +187,39 @@ TEST_F(MonitorFormTest, TheTimeoutIsShownAndTypedInTheUsersLocale)
 {
     QLocale::setDefault(QLocale(u"de_DE"_s));
     form.beginCreate(QString());
-    form.setTimeoutText(u"2,5"_s);
+    form.typeTimeout(u"2,5"_s);
+    form.commitTimeout();
     EXPECT_EQ(form.timeout(), 2.5);
     EXPECT_EQ(form.timeoutText(), u"2,5"_s);
+}
+
+TEST_F(MonitorFormTest, ATimeoutCountsOnceItIsTypedToItsEnd)
+{
+    form.beginCreate(QString());
+    form.setUrl(u"shop.example"_s);
+    for (const QString &typed : {u"3"_s, QString()})
+        form.typeTimeout(typed);
+    EXPECT_EQ(form.timeout(), 30);
+    ASSERT_TRUE(form.save());
+    EXPECT_EQ(store.monitors().last().timeout, Seconds(30));
+}
+
+TEST_F(MonitorFormTest, SavingTakesTheTimeoutThatIsStillBeingTyped)
+{
+    form.beginCreate(QString());
+    form.setUrl(u"shop.example"_s);
+    form.typeTimeout(u"7"_s);
+    ASSERT_TRUE(form.save());
+    EXPECT_EQ(store.monitors().last().timeout, Seconds(7));
+}
+
+TEST_F(MonitorFormTest, WhatWasTypedIsForgottenWhenTheFormBeginsAnew)
+{
+    form.beginCreate(QString());
+    form.typeTimeout(u"7"_s);
+    form.beginCreate(QString());
+    form.commitTimeout();
+    EXPECT_EQ(form.timeout(), 30);
 }
 
 TEST_F(MonitorFormTest, TheThresholdIsTypedWithAPointInEveryLocale)

@@ -63,7 +63,7 @@ TEST_P(PressableTest, HasRoleNameAndHeight)
     EXPECT_EQ(view.item()->height(), GetParam().height);
 }
 
-TEST_P(PressableTest, IsPressedByMouseSpaceReturnAndEnter)
+TEST_P(PressableTest, IsPressedByMouseAndSpaceAndUnlessItIsAChoiceByReturnAndEnter)
 {
     ASSERT_EQ(view.error(), QString());
     QSignalSpy clicked(view.item(), SIGNAL(clicked()));
@@ -73,10 +73,11 @@ TEST_P(PressableTest, IsPressedByMouseSpaceReturnAndEnter)
     EXPECT_EQ(clicked.count(), 1);
     QTest::keyClick(&view.window(), Qt::Key_Space);
     EXPECT_EQ(clicked.count(), 2);
+    const int ofReturn = GetParam().role == QAccessible::RadioButton ? 0 : 1;
     QTest::keyClick(&view.window(), Qt::Key_Return);
-    EXPECT_EQ(clicked.count(), 3);
+    EXPECT_EQ(clicked.count(), 2 + ofReturn);
     QTest::keyClick(&view.window(), Qt::Key_Enter);
-    EXPECT_EQ(clicked.count(), 4);
+    EXPECT_EQ(clicked.count(), 2 + 2 * ofReturn);
 }
 
 TEST_P(PressableTest, IsPressedByAnAssistiveTool)
@@ -394,6 +395,52 @@ TEST(ContextMenuTest, OpensWithItsRowsAndRunsThem)
     QTest::keyClick(&view.window(), Qt::Key_Return);
 
     EXPECT_EQ(view.evaluate(u"root.objectName"_s), QVariant(u"checked"_s));
+}
+
+TEST(FieldTest, TabSelectsItsTextAndAClickDoesNot)
+{
+    ThemeView view("Field { objectName: 'subject'; width: 200; spokenName: 'Name'; text: 'Shop' }\n"
+                   "Field { id: other; y: 40; width: 200; spokenName: 'Other'; text: 'Bakery' }");
+    ASSERT_EQ(view.error(), QString());
+    view.item()->forceActiveFocus(Qt::OtherFocusReason);
+    QTest::keyClick(&view.window(), Qt::Key_Tab);
+    EXPECT_EQ(view.evaluate(u"other.selectedText"_s), QVariant(u"Bakery"_s));
+    QTest::keyClick(&view.window(), Qt::Key_Tab, Qt::ShiftModifier);
+    EXPECT_EQ(view.evaluate(u"other.selectedText"_s), QVariant(QString()));
+    EXPECT_EQ(view.property("selectedText"), QVariant(u"Shop"_s));
+
+    QTest::keyClick(&view.window(), Qt::Key_Tab);
+    QTest::mouseClick(&view.window(), Qt::LeftButton, {}, ThemeView::middleOf(*view.item()));
+    EXPECT_EQ(view.property("selectedText"), QVariant(QString()));
+}
+
+TEST(FieldTest, ItsMenuWorksOnTheSelection)
+{
+    ThemeView view("Field { objectName: 'subject'; width: 200; height: 34; spokenName: 'Name'\n"
+                   "text: 'Shop'; property int edits: 0; onTextEdited: ++edits }");
+    ASSERT_EQ(view.error(), QString());
+    const auto menuIsOpen = [&] {
+        return view.evaluate(u"root.children[0].menu.opened"_s).toBool();
+    };
+    const auto choose = [&](int place) {
+        (void)view.evaluate(u"root.children[0].menu.itemAt(%1).clicked()"_s.arg(place));
+        EXPECT_TRUE(waitFor([&] { return !menuIsOpen(); }));
+    };
+    view.item()->forceActiveFocus(Qt::TabFocusReason);
+    ASSERT_EQ(view.property("selectedText"), QVariant(u"Shop"_s));
+
+    QTest::mouseClick(&view.window(), Qt::RightButton, {}, ThemeView::middleOf(*view.item()));
+    ASSERT_TRUE(waitFor(menuIsOpen));
+    EXPECT_EQ(view.property("selectedText"), QVariant(u"Shop"_s)) << "the menu works on it";
+    choose(4); // Delete
+    EXPECT_EQ(view.property("text").toString(), QString());
+    EXPECT_EQ(view.property("edits").toInt(), 1) << "the form hears of it";
+
+    EXPECT_TRUE(view.item()->hasActiveFocus());
+    QTest::keyClick(&view.window(), Qt::Key_F10, Qt::ShiftModifier);
+    ASSERT_TRUE(waitFor(menuIsOpen));
+    choose(0); // Undo
+    EXPECT_EQ(view.property("text").toString(), u"Shop"_s);
 }
 
 TEST(KeyboardItemTest, HasTheRoleThatItIsGiven)

@@ -216,6 +216,60 @@ TEST(AddMonitorSheetTest, ReturnConfirmsAValidForm)
     EXPECT_TRUE(waitFor([&] { return !page.shows("title"); }));
 }
 
+TEST(AddMonitorSheetTest, ReturnOnAChoiceSavesAndChoosesNothing)
+{
+    for (const char *choice : {"5m", "http", "keywordMode", "advanced"}) {
+        Page page(u"FormPage-valid"_s);
+        page.item(choice)->forceActiveFocus(Qt::TabFocusReason);
+        page.press(Qt::Key_Return);
+        EXPECT_TRUE(waitFor([&] { return !page.shows("title"); })) << choice;
+        EXPECT_FALSE(page.form()->showAdvanced()) << choice;
+    }
+}
+
+TEST(AddMonitorSheetTest, ArrowsMoveAmongTheChipsWhichAreOneTabStop)
+{
+    Page page(u"FormPage-website"_s);
+    page.item("address")->forceActiveFocus(Qt::TabFocusReason);
+    page.press(Qt::Key_Tab);
+    EXPECT_EQ(page.window().activeFocusItem(), page.item("5m"));
+    page.press(Qt::Key_Right);
+    EXPECT_EQ(page.form()->interval(), 900);
+    EXPECT_EQ(page.window().activeFocusItem(), page.item("15m"));
+    page.press(Qt::Key_Up);
+    page.press(Qt::Key_Left);
+    EXPECT_EQ(page.form()->interval(), 60);
+    page.press(Qt::Key_Left);
+    page.press(Qt::Key_Left);
+    EXPECT_EQ(page.form()->interval(), 30) << "the first is the last to the left";
+    page.press(Qt::Key_Tab);
+    EXPECT_EQ(page.window().activeFocusItem(), page.item("keyword"));
+}
+
+TEST(AddMonitorSheetTest, AnArrowOnATileSwitchesTheFieldsAndStays)
+{
+    Page page(u"FormPage-website"_s);
+    page.item("http")->forceActiveFocus(Qt::TabFocusReason);
+    page.press(Qt::Key_Right);
+    EXPECT_EQ(page.form()->monitorType(), u"port"_s);
+    EXPECT_EQ(page.window().activeFocusItem(), page.item("port"));
+}
+
+TEST(AddMonitorSheetTest, ATimeoutThatIsEmptiedStaysWhatItWas)
+{
+    Page page(u"FormPage-valid"_s);
+    page.form()->setShowAdvanced(true);
+    page.item("timeout")->forceActiveFocus(Qt::TabFocusReason);
+    page.press(Qt::Key_End);
+    page.press(Qt::Key_Backspace);
+    EXPECT_EQ(page.text("timeout"), u"3"_s);
+    page.press(Qt::Key_Backspace);
+    EXPECT_EQ(page.text("timeout"), QString());
+    page.press(Qt::Key_Tab);
+    EXPECT_EQ(page.text("timeout"), u"30"_s);
+    EXPECT_EQ(page.form()->timeout(), 30);
+}
+
 TEST(AddMonitorSheetTest, EscapeAndCancelCloseIt)
 {
     Page escaped(u"FormPage-valid"_s);

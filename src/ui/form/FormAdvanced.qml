@@ -25,6 +25,7 @@ Column {
         text: qsTr("Advanced")
         symbol: root.form.showAdvanced ? "chevron.down" : "chevron.right"
         face: Theme.caption
+        takesReturn: false
         showsHover: hovered || root.form.showAdvanced
         Accessible.description: root.form.showAdvanced ? qsTr("Expanded") : qsTr("Collapsed")
         onClicked: root.form.showAdvanced = !root.form.showAdvanced
@@ -101,8 +102,12 @@ Column {
                     height: root.advancedFieldHeight
                     horizontalAlignment: TextInput.AlignRight
                     spokenName: timeoutLabel.text
-                    onTextEdited: root.form.timeoutText = text
-                    onActiveFocusChanged: showValue()
+                    onTextEdited: root.form.typeTimeout(text)
+                    onActiveFocusChanged: {
+                        if (!activeFocus)
+                            root.form.commitTimeout();
+                        showValue();
+                    }
                     Component.onCompleted: showValue()
 
                     Connections {

@@ -13,6 +13,8 @@ Column {
 
     required property MonitorForm form
 
+    signal confirmed
+
     FormSection {
         width: parent.width
         label: qsTr("CHECK EVERY")
@@ -21,15 +23,28 @@ Column {
             spacing: root.chipGap
             Accessible.role: Accessible.Grouping
             Accessible.name: qsTr("CHECK EVERY")
+            Keys.forwardTo: [chipKeys]
+
+            ChoiceKeys {
+                id: chipKeys
+
+                choices: chips
+            }
 
             Repeater {
+                id: chips
+
                 model: root.form.intervals
 
                 Chip {
                     required property double modelData
+                    required property int index
 
                     objectName: text
                     text: root.form.intervalText(modelData)
+                    place: index
+                    count: chips.count
+                    activeFocusOnTab: index === chipKeys.tabStop
                     isSelected: root.form.interval === modelData
                     onClicked: root.form.interval = modelData
                 }
@@ -62,6 +77,7 @@ Column {
                 model: [qsTr("Must exist"), qsTr("Must not exist")]
                 currentIndex: root.form.keywordShouldExist ? 0 : 1
                 onActivated: index => root.form.keywordShouldExist = index === 0
+                onReturnPressed: root.confirmed()
             }
         }
     }

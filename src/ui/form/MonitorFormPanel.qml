@@ -101,8 +101,17 @@ FocusScope {
                 spacing: root.tileGap
                 Accessible.role: Accessible.Grouping
                 Accessible.name: qsTr("Type")
+                Keys.forwardTo: [tileKeys]
+
+                ChoiceKeys {
+                    id: tileKeys
+
+                    choices: tiles
+                }
 
                 Repeater {
+                    id: tiles
+
                     model: [
                         {
                             type: "http",
@@ -118,8 +127,12 @@ FocusScope {
 
                     Tile {
                         required property var modelData
+                        required property int index
 
                         objectName: modelData.type
+                        place: index
+                        count: tiles.count
+                        activeFocusOnTab: index === tileKeys.tabStop
                         width: (groups.width - root.tileGap) / 2
                         text: modelData.text
                         symbol: modelData.symbol
@@ -144,6 +157,7 @@ FocusScope {
                 width: parent.width
                 spacing: root.sheetGap
                 form: root.form
+                onConfirmed: root.confirmed()
             }
 
             FormAdvanced {

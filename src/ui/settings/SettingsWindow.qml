@@ -9,6 +9,7 @@ Window {
 
     required property Settings settings
     required property DesktopActions desktop
+    property bool canQuit: true
 
     // Shows the window, or brings it to the front.
     function present(): void {
@@ -40,5 +41,11 @@ Window {
     Shortcut {
         sequence: "Ctrl+W"
         onActivated: root.close()
+    }
+
+    Shortcut {
+        sequence: "Ctrl+Q"
+        enabled: root.canQuit
+        onActivated: Qt.quit()
     }
 }

@@ -22,6 +22,7 @@ FocusScope {
     property MonitorDetailView page: null
     property AddMonitorSheet sheet: null
     property int sheetState: ContentView.Closed
+    readonly property bool hasSheet: sheetState !== ContentView.Closed
     readonly property bool showingAddSheet: sheetState === ContentView.Creating
     readonly property bool showingEdit: sheetState === ContentView.Editing
 

@@ -47,36 +47,44 @@ Window {
         SettingsWindow {
             settings: root.models.settings
             desktop: root.models.desktop
+            canQuit: !content.hasSheet
         }
     }
 
+    // Behind the open sheet they wait: nobody loses or hides a form that is half filled in.
     Shortcut {
         sequence: "Ctrl+N"
+        enabled: !content.hasSheet
         onActivated: content.add()
     }
 
     Shortcut {
         sequence: "Ctrl+R"
+        enabled: !content.hasSheet
         onActivated: root.models.actions.checkNow(content.selectedMonitorId)
     }
 
     Shortcut {
         sequence: "Ctrl+E"
+        enabled: !content.hasSheet
         onActivated: content.edit()
     }
 
     Shortcut {
         sequence: "Ctrl+,"
+        enabled: !content.hasSheet
         onActivated: root.showSettings()
     }
 
     Shortcut {
         sequence: "Ctrl+W"
+        enabled: !content.hasSheet
         onActivated: root.close()
     }
 
     Shortcut {
         sequence: "Ctrl+Q"
+        enabled: !content.hasSheet
         onActivated: Qt.quit()
     }
 }
