@@ -79,8 +79,8 @@ QByteArray missingArrowOf(const Use &use)
                .toUtf8();
 }
 
-/// The uses of other folders in @p files. @p pattern captures a name in a line from which @p
-/// passedOver has been removed, and @p folderOfName says which folder the name belongs to.
+/// The uses of other folders in @p files. @p pattern captures a name in a line from which
+/// @p passedOver has been removed, and @p folderOfName says which folder the name belongs to.
 QList<Use> usesIn(const QStringList &files, const QRegularExpression &pattern,
                   const QHash<QString, QString> &folderOfName,
                   const QRegularExpression &passedOver = {})
