@@ -67,7 +67,7 @@ constexpr auto nameOf = [](const auto &test) { return std::string(test.param.nam
 
 } // namespace
 
-TEST_P(ResponseTimeFormatTest, IsAsShort)
+TEST_P(ResponseTimeFormatTest, HasAShortACompactAndASpacedForm)
 {
     const auto &c = GetParam();
     const Milliseconds time(c.milliseconds);
@@ -88,7 +88,7 @@ INSTANTIATE_TEST_SUITE_P(
                     ResponseTimeCase{"ManySeconds", 12345, "12.3s", "12345ms", "12345 ms"}),
     nameOf);
 
-TEST_P(UptimeFormatTest, IsAsLongAsItsPlaceWants)
+TEST_P(UptimeFormatTest, HasAFormForEachPlace)
 {
     const auto &c = GetParam();
     EXPECT_EQ(rowUptimeText(c.share), QLatin1String(c.row));
