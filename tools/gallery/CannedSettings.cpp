@@ -17,7 +17,7 @@ public:
     bool unregisterItem() override { return false; }
 };
 
-/// A fresh folder, where preferences are kept from now on.
+/// A fresh folder, in which preferences are kept from now on.
 class PreferencesFolder
 {
 public:

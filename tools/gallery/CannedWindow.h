@@ -18,8 +18,8 @@
 
 namespace ostrel {
 
-/// All that the window shows, over a store of made-up monitors. What is done there is neither kept
-/// nor watched.
+/// Everything that the window shows, over a store of made-up monitors. Changes made there are
+/// neither kept nor watched.
 class CannedWindow : public QObject
 {
     Q_OBJECT
@@ -33,15 +33,14 @@ class CannedWindow : public QObject
     Q_PROPERTY(ostrel::SheetOpener *opener READ opener CONSTANT)
     Q_PROPERTY(ostrel::DesktopActions *desktop READ desktop CONSTANT)
     Q_PROPERTY(ostrel::SidebarNotice *notice READ notice CONSTANT)
-    /// A QUuid: the monitor whose page is to be shown; null for the dashboard.
+    /// A QUuid: the monitor whose page is shown; null for the dashboard.
     Q_PROPERTY(QVariant selectedMonitorId READ selectedMonitorId CONSTANT)
 
 public:
     explicit CannedWindow(QObject *parent = nullptr);
     ~CannedWindow() override;
 
-    /// The name of a state, which may be followed by "-" and what a hand does there, as
-    /// GalleryGesture knows it.
+    /// The names of the states. In a page's name, a gesture of GalleryGesture may follow.
     [[nodiscard]] static QStringList samples();
 
     [[nodiscard]] QString sample() const { return m_sample; }

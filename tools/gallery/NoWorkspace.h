@@ -4,7 +4,7 @@
 
 namespace ostrel {
 
-/// Opens nothing: what is clicked in the gallery stays in the gallery.
+/// Opens nothing: clicks in the gallery have no effect outside it.
 class NoWorkspace : public Workspace
 {
 public:
