@@ -179,7 +179,7 @@ TEST_F(HttpFetchTest, FollowsRelativeRedirects)
     EXPECT_EQ(fetch(server.url("/a/b?c")).body, "/d%20e?f");
 }
 
-TEST_F(HttpFetchTest, ThePasswordGoesToItsOwnSiteOnly)
+TEST_F(HttpFetchTest, ThePasswordIsSentOnlyToItsOwnSite)
 {
     const HostileServer other([](HostileConnection &connection, const SeenRequest &request) {
         connection.respond("200 OK", request.header("Authorization").value_or("none"));
@@ -399,7 +399,7 @@ TEST_F(HttpFetchTest, TakesASchemeInAnyCase)
     EXPECT_TRUE(fetch(server.url("/", "HTTP")).hasResponse);
 }
 
-TEST_F(HttpFetchTest, SaysWhyThereIsNoConnection)
+TEST_F(HttpFetchTest, ReportsWhyThereIsNoConnection)
 {
     const QByteArray port = QByteArray::number(closedPort());
     const HttpResult result = fetch("http://127.0.0.1:" + port + "/");

@@ -283,7 +283,8 @@ TEST_F(AccessibleTreeTest, ARowReportsItsSelectionAndCanBeFocusedAndPressed)
     EXPECT_TRUE(shop.has(AccessibleState::selected));
     EXPECT_EQ(shop.description, QString::fromLatin1(server.url()).section(u'/', 2, 2));
 
-    // If a tool gives a row the focus, the row shows its page, and the arrow keys go on from there.
+    // If a tool gives a row the focus, the row shows its page, and the arrow keys continue from
+    // there.
     const auto quiet = item(AccessibleRole::listItem, u"Quiet, pending, 24-hour uptime 100%"_s);
     ASSERT_TRUE(quiet && quiet->node.act(u"SetFocus"_s));
     EXPECT_TRUE(waitForLine(u"heading 'Quiet'"_s));

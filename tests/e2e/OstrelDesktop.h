@@ -21,7 +21,7 @@ public:
     /// be read. False if it never can.
     [[nodiscard]] bool start();
 
-    /// All that is showing in the program's windows.
+    /// Everything that is showing in the program's windows.
     [[nodiscard]] QList<AccessibleItem> items();
     /// Waits until there is such an item; nothing if it never appears.
     [[nodiscard]] std::optional<AccessibleItem> waitForItem(AccessibleRole role,

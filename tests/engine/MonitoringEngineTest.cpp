@@ -271,7 +271,7 @@ TEST_F(MonitoringEngineTest, TheFirstCheckUsesTheGivenCopyWithoutAskingTheStore)
     EXPECT_EQ(httpCheck.runs.front(), monitor);
 }
 
-TEST_F(MonitoringEngineTest, ATaskWhoseMonitorIsGoneOrDisabledSkipsTheCheckAndGoesOnSleeping)
+TEST_F(MonitoringEngineTest, ATaskWhoseMonitorIsGoneOrDisabledSkipsTheCheckAndSleepsAgain)
 {
     runThrough({true});
     store.deleteMonitor(monitor.id);

@@ -320,7 +320,7 @@ TEST_F(FaviconServiceTest, ABrokenFileIsReplacedFromTheNetwork)
     EXPECT_EQ(QImage(cachedFile(u"example.org.png"_s)).size(), QSize(16, 16));
 }
 
-TEST_F(FaviconServiceTest, TheFileHoldsTheIconsPixelsAsPngForTheUserAlone)
+TEST_F(FaviconServiceTest, TheFileHoldsTheIconsPixelsAsPngAndIsPrivate)
 {
     web.put(firstService, picture({16, 16}, "jpeg", Qt::white));
     EXPECT_FALSE(lookUp().isNull());

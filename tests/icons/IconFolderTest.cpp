@@ -151,7 +151,7 @@ TEST_F(IconFolderTest, AFolderUnderAnIconsNameIsNotTouched)
     EXPECT_EQ(files().size(), 1);
 }
 
-TEST_F(IconFolderTest, APipeUnderAnIconsNameBlocksNothing)
+TEST_F(IconFolderTest, APipeUnderAnIconsNameDoesNotBlock)
 {
     const QByteArray pipe = QFile::encodeName(path + u"/example.org.png"_s);
     ASSERT_EQ(::mkfifo(pipe.constData(), S_IRUSR | S_IWUSR), 0);
@@ -160,7 +160,7 @@ TEST_F(IconFolderTest, APipeUnderAnIconsNameBlocksNothing)
     EXPECT_EQ(folder.read(domain), square(Qt::red));
 }
 
-TEST_F(IconFolderTest, ALinkToAPipeBlocksNothing)
+TEST_F(IconFolderTest, ALinkToAPipeDoesNotBlock)
 {
     const QString pipe = path + u"/pipe"_s;
     ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), S_IRUSR | S_IWUSR), 0);

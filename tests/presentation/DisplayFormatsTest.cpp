@@ -80,7 +80,7 @@ INSTANTIATE_TEST_SUITE_P(
     Table, ResponseTimeFormatTest,
     testing::Values(ResponseTimeCase{"None", 0, "0ms", "0ms", "0 ms"},
                     ResponseTimeCase{"Usual", 245.4, "245ms", "245ms", "245 ms"},
-                    // As C's printf rounds: ties to even.
+                    // C's printf rounds ties to even.
                     ResponseTimeCase{"TieGoesDown", 2.5, "2ms", "2ms", "2 ms"},
                     ResponseTimeCase{"TieGoesUp", 3.5, "4ms", "4ms", "4 ms"},
                     ResponseTimeCase{"JustUnderASecond", 999.6, "1000ms", "1000ms", "1000 ms"},

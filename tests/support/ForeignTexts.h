@@ -9,7 +9,7 @@
 
 namespace ostrel::test {
 
-/// A page's title, a server's answer or a file's content that does harm where it is shown.
+/// A page's title, a server's answer or a file's content that may do harm if it is shown.
 struct ForeignText
 {
     const char *name;

@@ -21,7 +21,7 @@ protected:
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
     }
 
-    /// What is on disk.
+    /// The settings on disk.
     [[nodiscard]] QString stored() const
     {
         QFile file(folder.filePath(u"Ostrel/Ostrel.conf"_s));

@@ -7,7 +7,7 @@
 
 namespace ostrel::test {
 
-/// Hears, like a screen reader, at once where the keyboard focus goes.
+/// Notices at once where the keyboard focus goes, as a screen reader does.
 class FocusListener : public QObject
 {
     Q_OBJECT
