@@ -3,7 +3,7 @@
 add_library(ostrel_options INTERFACE)
 target_compile_features(ostrel_options INTERFACE cxx_std_20)
 target_compile_options(ostrel_options INTERFACE
-    # What the QML compiler generates shadows its own parameters; nothing else is forgiven.
+    # The QML compiler's code shadows its own parameters; no other warning is disabled.
     $<$<NOT:$<BOOL:$<TARGET_PROPERTY:OSTREL_HAS_GENERATED_QML>>>:-Wshadow>
     -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wnon-virtual-dtor
     -Woverloaded-virtual -Wformat=2 -fno-omit-frame-pointer)
@@ -17,13 +17,13 @@ target_compile_definitions(ostrel_options INTERFACE
     QT_NO_FOREACH
     QT_STRICT_ITERATORS)
 if(OSTREL_SANITIZE)
-    # Qt's libraries hide their type information, so that a cast to a class of theirs that is right
-    # looks wrong to the vptr check.
+    # Qt's libraries hide their type information, so a correct cast to one of their classes looks
+    # wrong to the vptr check.
     target_compile_options(ostrel_options INTERFACE
         -fsanitize=${OSTREL_SANITIZE} -fno-sanitize=vptr -fno-sanitize-recover=all)
     target_link_options(ostrel_options INTERFACE -fsanitize=${OSTREL_SANITIZE})
-    # What Qt's compiler makes of the views takes a third of the time that all else takes, and is
-    # none of our code: the views are interpreted instead.
+    # The code that Qt's compiler generates from the views takes a third of the time of everything
+    # else, and isn't ours: the views are interpreted instead.
     set(OSTREL_QML_CACHE NO_CACHEGEN)
 endif()
 set(CMAKE_CXX_EXTENSIONS OFF)

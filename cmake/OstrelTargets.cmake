@@ -1,4 +1,4 @@
-# One folder = one library. A folder's headers are found by base name, and only by those who link
+# One folder = one library. A folder's headers are found by base name, and only by targets that link
 # its target, so the link lists below src/ are the layer diagram.
 #
 #   ostrel_library(model SOURCES Monitor.cpp … PUBLIC Qt6::Core PRIVATE simdjson::simdjson)
@@ -12,16 +12,16 @@ function(ostrel_library name)
     ostrel_use_precompiled(ostrel_${name} core)
 endfunction()
 
-# A GoogleTest program, each of whose tests is a test of CTest's and runs in a process of its own. A
-# folder has one program, and another for what needs other properties, another main() or a program
-# to itself.
+# A GoogleTest program, each of whose tests is a CTest test and runs in a process of its own. A
+# folder has one program, and another one for tests that need other properties, another main() or a
+# program to themselves.
 #
 #   ostrel_test(ModelTests SOURCES MonitorTest.cpp … LIBRARIES ostrel::model [TIMEOUT seconds]
 #               [LABELS …] [RUN_SERIAL] [WHOLE_STACKS])
 #
-# With RUN_SERIAL each runs alone: for tests of what a clock shows. With WHOLE_STACKS
+# With RUN_SERIAL, each test runs alone: for tests that measure time. With WHOLE_STACKS,
 # AddressSanitizer follows allocations through libraries without frame pointers, which is slow: for
-# those whose suppression in lsan.supp names a function of such a library.
+# tests whose suppression in lsan.supp names a function of such a library.
 function(ostrel_test name)
     cmake_parse_arguments(ARG "RUN_SERIAL;WHOLE_STACKS" "TIMEOUT" "SOURCES;LIBRARIES;LABELS" ${ARGN})
     if(NOT ARG_TIMEOUT)

@@ -1,5 +1,5 @@
-# What most files include is parsed once for all of them. That would let a file forget an include, so
-# it is for presets that look for something else; all others show the forgotten ones.
+# Headers that most files include are parsed once for all of them. That would let a file forget an
+# include, so it is only for presets with another purpose; all others reveal forgotten includes.
 option(OSTREL_PRECOMPILED "Compile with precompiled headers" OFF)
 
 # ostrel_precompiled(core LIBRARIES Qt6::Core HEADERS <QString> …) makes the set `core`.
@@ -10,11 +10,11 @@ function(ostrel_precompiled set)
     add_library(ostrel_precompiled_${set} OBJECT ${source})
     target_link_libraries(ostrel_precompiled_${set} PRIVATE ostrel_options ${ARG_LIBRARIES})
     target_precompile_headers(ostrel_precompiled_${set} PRIVATE ${ARG_HEADERS})
-    # Without it ccache can't tell what a precompiled header was made of.
+    # Without this, ccache can't tell what a precompiled header was made from.
     target_compile_options(ostrel_precompiled_${set} PRIVATE -fpch-preprocess)
 endfunction()
 
-# Gives a target's files that set.
+# Makes a target's files use that set.
 function(ostrel_use_precompiled target set)
     if(OSTREL_PRECOMPILED)
         target_precompile_headers(${target} REUSE_FROM ostrel_precompiled_${set})

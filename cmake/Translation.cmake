@@ -1,5 +1,5 @@
-# `cmake --build --preset dev --target translation-template` writes every text that can be translated
-# to translations/ostrel.ts in the build folder, for a translator to begin from.
+# `cmake --build --preset dev --target translation-template` writes every translatable text to
+# translations/ostrel.ts in the build folder, as a start for translators.
 find_program(OSTREL_LUPDATE NAMES lupdate lupdate6 lupdate-qt6 HINTS ${QT6_INSTALL_PREFIX}/${QT6_INSTALL_BINS}
     DOC "The program that collects the texts, of the package qt6-l10n-tools")
 if(NOT OSTREL_LUPDATE)

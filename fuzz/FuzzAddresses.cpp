@@ -11,7 +11,7 @@ std::vector<std::string_view> ostrel::fuzz::dictionary()
             " ",       "[",        "]",      "\\",       "localhost"};
 }
 
-// What has been taken for an address is one again in its encoded form, with the same host.
+// A text accepted as an address is also accepted in its encoded form, with the same host.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     using namespace ostrel;

@@ -34,8 +34,8 @@ bool isMovable(UChar32 character)
     return u_getCombiningClass(character) != 0;
 }
 
-/// Whether @p character, decomposed, is nothing but marks that have an order, and how many it ends
-/// with.
+/// Whether @p character, decomposed, consists only of marks that have an order, and the number of
+/// such marks at its end.
 std::pair<bool, int> marksOf(UChar32 character)
 {
     const icu::UnicodeString parts = decomposed(character);
@@ -65,7 +65,7 @@ icu::UnicodeString streamSafe(const icu::UnicodeString &text)
     return safe;
 }
 
-/// "İ" as one character again, whatever stands between its parts.
+/// Composes "İ" into one character again, even if other marks are between its parts.
 icu::UnicodeString withDottedCapitals(icu::UnicodeString text)
 {
     for (int i = 0; i < text.length(); ++i) {
@@ -113,7 +113,7 @@ bool isSequenceEnd(const std::u32string &text, std::size_t index)
 std::optional<bool> searchWhole(const QByteArray &page, const QString &keyword, bool isTurkic)
 {
     const QString text = QString::fromUtf8(page);
-    // What isn't UTF-8 comes back as something else.
+    // Text that isn't UTF-8 comes back changed.
     if (text.toUtf8() != page)
         return std::nullopt;
     const auto fold = [isTurkic](const QString &each) {
@@ -170,8 +170,8 @@ std::vector<std::string_view> ostrel::fuzz::dictionary()
         "\xff"};
 }
 
-// A page in pieces has the result that the definition gives for the whole. The input is the size of
-// the pieces, the language, the keyword's length, the keyword and the page.
+// A page in pieces has the same result as the definition gives for the whole. The input consists of
+// the size of the pieces, the language, the keyword's length, the keyword and the page.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     if (size < 3)

@@ -64,7 +64,7 @@ std::vector<std::string_view> fuzz::dictionary()
             "\xff"};
 }
 
-// What has been read once is read back, both from its compact text and from its own stored form.
+// A check that was read once is read back from its compact text and from its own stored form.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     const QByteArray text(reinterpret_cast<const char *>(data), qsizetype(size));

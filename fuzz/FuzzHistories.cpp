@@ -97,7 +97,7 @@ std::vector<std::string_view> fuzz::dictionary()
     return {"}],\"", "\",[", "]", "}", "\\", "\"", "\x02\x10}],\"", "\x3f", "\xff"};
 }
 
-// What was written is read back, wherever the border between two parts falls.
+// Written histories are read back, wherever the border between two parts falls.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     Decisions decisions({reinterpret_cast<const char *>(data), size});

@@ -13,7 +13,7 @@
 
 namespace {
 
-/// By name: a folder's own order differs from clone to clone, and with it what is made of a seed.
+/// Sorted by name: a folder's own order differs between clones, and with it the inputs of a seed.
 std::vector<std::filesystem::path> sortedFiles(const std::filesystem::path &folder)
 {
     std::vector<std::filesystem::path> files;

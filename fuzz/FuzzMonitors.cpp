@@ -28,7 +28,7 @@ std::vector<std::string_view> ostrel::fuzz::dictionary()
             "\xff"};
 }
 
-// What has been read once is read back from its own stored form.
+// Monitors that were read once are read back from their own stored form.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     using namespace ostrel;

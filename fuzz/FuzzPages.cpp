@@ -67,8 +67,7 @@ std::vector<std::string_view> ostrel::fuzz::dictionary()
             "\xc2\xa0"};
 }
 
-// The linear search finds what the plain expressions do, and addresses are never left without a
-// scheme.
+// The linear search finds the same as the plain expressions, and addresses always have a scheme.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     using namespace ostrel;

@@ -33,7 +33,7 @@ std::vector<std::string_view> ostrel::fuzz::dictionary()
             "a99 99 0 0 1 1 1"sv};
 }
 
-// Whatever comes out is within the bounds.
+// Every decoded picture is within the bounds.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     using namespace ostrel;

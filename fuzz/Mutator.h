@@ -7,7 +7,7 @@
 
 namespace ostrel::fuzz {
 
-/// Makes new inputs of those of a corpus: flips bits, cuts, splices two, doubles spans, puts in
+/// Makes new inputs from those of a corpus: flips bits, cuts, splices two, doubles spans, inserts
 /// tokens. The same seed makes the same inputs.
 class Mutator
 {

@@ -114,7 +114,7 @@ private:
         }
     }
 
-    // A request comes in one piece here.
+    // A request arrives in one piece here.
     void read(int descriptor)
     {
         std::array<char, 4096> buffer{};
@@ -190,7 +190,7 @@ BenchServer::BenchServer(const test::TestLeaf &leaf)
     if (m_process != 0)
         return;
     prctl(PR_SET_PDEATHSIG, SIGTERM);
-    // Else the kernel may be 50 µs late at every answer.
+    // Otherwise the kernel may be 50 µs late at every answer.
     prctl(PR_SET_TIMERSLACK, 1);
     Loop loop(leaf);
     loop.listenTo(m_prompt, Manner::Prompt);

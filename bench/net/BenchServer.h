@@ -9,26 +9,26 @@
 
 namespace ostrel::bench {
 
-/// A server in a process of its own, so that its work isn't counted as the client's: one thread on
-/// epoll, from construction to destruction. Construct it before the first thread.
+/// A server in a process of its own, so that its work isn't counted as the client's: one thread
+/// with epoll, from construction to destruction. Construct it before the first thread is started.
 class BenchServer
 {
 public:
     static constexpr int delayMilliseconds = 50;
 
-    /// @p leaf is what the TLS port shows.
+    /// @p leaf is the certificate of the TLS port.
     explicit BenchServer(const test::TestLeaf &leaf);
     ~BenchServer();
     BenchServer(const BenchServer &) = delete;
     BenchServer &operator=(const BenchServer &) = delete;
 
-    /// Answers at once.
+    /// A URL that is answered at once.
     [[nodiscard]] QByteArray promptUrl() const;
-    /// Answers at once, over TLS.
+    /// A URL that is answered at once, over TLS.
     [[nodiscard]] QByteArray tlsUrl() const;
-    /// Answers exactly delayMilliseconds after the request arrived.
+    /// A URL that is answered exactly delayMilliseconds after the request arrived.
     [[nodiscard]] QByteArray delayedUrl() const;
-    /// Never answers.
+    /// A URL that is never answered.
     [[nodiscard]] QByteArray silentUrl() const;
 
 private:

@@ -1,4 +1,4 @@
-// What a check costs and how true its time is, against a bare libcurl loop in the same run.
+// What a check costs and how accurate its time is, against a bare libcurl loop in the same run.
 
 #include "BareLoop.h"
 #include "BenchServer.h"
@@ -39,7 +39,7 @@ HttpRequest requestFor(const QByteArray &url, milliseconds timeout)
             .tlsDelegate = std::make_shared<DateReader>()};
 }
 
-/// Fetches them all, submitted at once, and takes the results on this thread's event loop.
+/// Fetches all requests, submitted at once, and takes the results on this thread's event loop.
 std::vector<HttpResult> fetchAll(CurlNetwork &network, const std::vector<HttpRequest> &requests)
 {
     QObject context;
@@ -78,7 +78,7 @@ double cpuSecondsOf(const std::function<void()> &work)
     return cpuSeconds() - before;
 }
 
-/// The best of several rounds of each, taken in turn so that both meet the same weather.
+/// The best of several rounds of each, taken in turn so that both have the same conditions.
 void compareCpu(const char *name, const QByteArray &url, int count, const TrustStore &trustStore)
 {
     CurlNetwork network({.trustStore = trustStore});

@@ -33,7 +33,7 @@ Timestamp now()
     return *parseTimestamp("2026-11-20T15:42:00Z");
 }
 
-/// The best of many rounds, in milliseconds: the others were interrupted.
+/// The best of many rounds, in milliseconds: slower ones were interrupted.
 double best(const std::function<void()> &work)
 {
     double shortest = std::numeric_limits<double>::infinity();
@@ -96,7 +96,7 @@ double timeStrip(const std::vector<Check> &checks, double scale)
     });
 }
 
-/// The bare machine: one antialiased line of the same width through the same points.
+/// The baseline: one antialiased line of the same width through the same points.
 double timeBareLines(const std::vector<Check> &checks, double scale)
 {
     QPolygonF line;

@@ -8,7 +8,7 @@
 
 namespace ostrel::bench {
 
-/// A check as the plainest program would hold it.
+/// A check as the simplest program would hold it.
 struct PlainCheck
 {
     std::array<std::uint8_t, 16> id;
@@ -27,8 +27,8 @@ struct PlainHistory
     std::vector<PlainCheck> checks;
 };
 
-/// What loading the file takes at least: simdjson, each key looked for where it is expected, no
-/// care for anything that Ostrel does not write. Empty where even that fails.
+/// The minimum work of loading the file: simdjson, each key looked for where it is expected, no
+/// handling of anything that Ostrel does not write. Empty if even that fails.
 [[nodiscard]] std::vector<PlainHistory> loadBare(const std::string &path);
 
 } // namespace ostrel::bench

@@ -16,7 +16,7 @@ namespace ostrel::bench {
 
 constexpr std::size_t checksPerMonitor = MonitorStore::maxChecksPerMonitor;
 
-/// What an https monitor's check holds, one a minute; one in fifty has failed.
+/// The content of an https monitor's checks, one a minute; one in fifty has failed.
 class CheckSource
 {
 public:
@@ -31,15 +31,15 @@ private:
 /// monitors' ids.
 std::vector<QUuid> fillFolder(const QString &folder, int monitors);
 
-/// A monitor for each of @p ids, which looks at @p url every five minutes.
+/// A monitor for each of @p ids, which checks @p url every five minutes.
 [[nodiscard]] QList<Monitor> monitorsOf(const std::vector<QUuid> &ids, const QString &url);
-/// Puts @p monitors into @p folder.
+/// Writes @p monitors into @p folder.
 void writeMonitors(const QString &folder, const QList<Monitor> &monitors);
 
 /// The moment after the last check of a full folder.
 [[nodiscard]] Timestamp fullFolderNow();
 
-/// Where @p folder keeps its histories, for the C library.
+/// The path of the histories in @p folder, for the C library.
 [[nodiscard]] std::string checksPath(const QString &folder);
 
 } // namespace ostrel::bench

@@ -15,9 +15,9 @@
 
 using namespace Qt::StringLiterals;
 
-// Prints what recording, loading, keeping and asking cost, each beside the bare machine doing the
-// same work in the same run. Takes the folder to work in, on the file system that is to be
-// measured; without one, a temporary folder.
+// Prints what recording, loading, storing and querying cost, each beside a bare program that does
+// the same work in the same run. Takes the folder to work in, on the file system to be measured; if
+// there is none, a temporary folder.
 
 namespace {
 
@@ -64,7 +64,7 @@ std::size_t heapBytes()
     return info.uordblks + info.hblkhd;
 }
 
-/// One write(2) of the same bytes and the rename.
+/// One write(2) of the same bytes, and the rename.
 void writeBare(const std::string &path, const QByteArray &bytes)
 {
     const std::string temporary = path + ".bare";
@@ -88,7 +88,7 @@ void benchLoading(const QString &folder, int monitors)
     const int rounds = monitors == 100 ? 9 : 41;
     std::vector<double> ours;
     std::vector<double> bare;
-    // In turns, so that a slow moment of the machine meets both.
+    // In turns, so that a slow moment of the machine affects both.
     for (int i = 0; i < rounds; ++i) {
         std::optional<MonitorStore> store;
         ours.push_back(microsecondsOf([&] { store.emplace(folder); }));
@@ -131,7 +131,7 @@ void benchMemory(const QString &folder, int monitors, const std::vector<QUuid> &
                 double(heapBytes() - before) / count);
     if (monitors > 1)
         return;
-    // Through every phase of trimming, and on till no loaded check is left.
+    // Through every phase of trimming, and further until no loaded check is left.
     double worst = 0;
     for (std::size_t i = 0; i < checksPerMonitor + 100; ++i) {
         store.addCheck(source.next(ids.front()));

@@ -21,7 +21,7 @@ namespace ostrel::bench {
 
 namespace {
 
-/// A frame that follows from another comes sooner than this.
+/// A frame caused by another one follows within this time.
 constexpr std::chrono::milliseconds quietTime{50};
 
 QQuickItem *findItem(QQuickItem *parent, const QString &name)
@@ -56,7 +56,7 @@ bool BenchWindow::show()
     m_window = m_views.load(m_models);
     if (!m_window)
         return false;
-    // The ring of a monitor that is down swells for ever: that is nobody's work.
+    // The ring of a monitor that is down swells forever: that isn't part of the measured work.
     m_window->setProperty("reducedMotion", true);
     m_window->show();
     if (!test::waitFor([&] { return m_window->isExposed(); }))

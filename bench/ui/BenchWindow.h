@@ -10,7 +10,7 @@
 
 namespace ostrel::bench {
 
-/// What this thread has computed so far, in milliseconds.
+/// The processor time that this thread has used so far, in milliseconds.
 [[nodiscard]] double threadTime();
 
 /// The program's whole window over a store, with an engine that checks nothing. Nothing in it moves
@@ -25,11 +25,11 @@ public:
     [[nodiscard]] bool show();
     /// Opens the page of the monitor in row @p row.
     void open(int row);
-    /// The item with this object name, which is there.
+    /// The item with this object name, which must exist.
     [[nodiscard]] QQuickItem &item(const QString &name) const;
 
-    /// Runs the event loop until what has changed is drawn, and what follows from that. Sleeps
-    /// between events: turning while it waits would count as the thread's work.
+    /// Runs the event loop until all changes, and their consequences, are drawn. Sleeps between
+    /// events: busy waiting would count as the thread's work.
     void settle();
     /// Runs the event loop until the next frame is drawn.
     void drawFrame();

@@ -1,4 +1,4 @@
-// What Qt Quick itself costs: a window of Ostrel's size with nothing in it, drawn by the same
+// The cost of Qt Quick itself: a window of Ostrel's size with nothing in it, drawn by the same
 // renderer.
 
 #include <QGuiApplication>

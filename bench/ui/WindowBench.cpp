@@ -34,7 +34,7 @@ using test::BoundProcess;
 
 constexpr int monitorCount = 20;
 constexpr int startRounds = 11;
-constexpr auto settling = 6s; // Every monitor's first check, and what follows from it.
+constexpr auto settling = 6s; // For every monitor's first check and its consequences.
 constexpr auto watching = 30s;
 
 /// A virtual display with a window manager, and a bus.
@@ -60,7 +60,7 @@ struct Desktop
 class Home
 {
 public:
-    /// @p down is where the first monitor looks; the others look at @p url.
+    /// The first monitor checks @p down, the others check @p url.
     Home(const QByteArray &url, const QByteArray &down)
     {
         const QString dataDir = m_folder.filePath(u"data/Vantry"_s);
@@ -69,7 +69,7 @@ public:
         monitors.first().url = QString::fromUtf8(down);
         writeMonitors(dataDir, monitors);
 
-        // So that no public service is asked for this machine's icon.
+        // So that no public service is asked for this host's icon.
         QImage icon(64, 64, QImage::Format_RGB32);
         icon.fill(Qt::blue);
         IconFolder(dataDir + u"/favicons"_s).write(u"127.0.0.1"_s, icon);
@@ -88,14 +88,14 @@ private:
     QTemporaryDir m_folder;
 };
 
-/// What a process has used since it began.
+/// What a process has used since its start.
 struct Usage
 {
     double processorSeconds = 0;
     double wakeUps = 0; ///< Context switches of all its threads.
 };
 
-/// The number after @p key in the lines of @p path; 0 where there is none.
+/// The number after @p key in the lines of @p path; 0 if there is none.
 double numberIn(const QString &path, const QByteArray &key)
 {
     QFile file(path);
@@ -128,7 +128,7 @@ public:
     Candidate(const Candidate &) = delete;
     Candidate &operator=(const Candidate &) = delete;
 
-    /// Milliseconds from the start of the process to its first frame; 0 where there was none.
+    /// Milliseconds from the start of the process to its first frame; 0 if there was none.
     [[nodiscard]] double firstFrame() const { return m_firstFrame; }
     /// In MB of 2^20 bytes.
     [[nodiscard]] double residentMemory() const
@@ -141,7 +141,7 @@ public:
         (void)file.open(QIODevice::ReadOnly);
         const QByteArray text = file.readAll();
         const auto fields = text.mid(text.lastIndexOf(')') + 2).split(' ');
-        // The 14th and 15th of proc_pid_stat(5), of which two are cut off here.
+        // Fields 14 and 15 of proc_pid_stat(5); the first two have been cut off here.
         Usage usage = {.processorSeconds =
                            (fields.value(11).toDouble() + fields.value(12).toDouble()) /
                            static_cast<double>(::sysconf(_SC_CLK_TCK))};
@@ -205,7 +205,7 @@ struct Rate
     double wakeUpsPerSecond;
 };
 
-/// How busy @p candidate is over a while.
+/// The processor load and the wake-ups per second of @p candidate over a while.
 Rate rateOf(const Candidate &candidate)
 {
     const Usage before = candidate.usage();
@@ -249,7 +249,7 @@ int benchWindow()
         std::puts("no desktop to measure on");
         return 1;
     }
-    // Nobody listens at the second.
+    // Nothing listens at the second URL.
     const Home home(server.promptUrl(), "http://127.0.0.1:1/");
     Programs programs = {desktop.environment(), desktop.environment()};
     home.enter(programs.ours);

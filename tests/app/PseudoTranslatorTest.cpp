@@ -23,7 +23,7 @@ TEST(PseudoTranslatorTest, MarksAccentsAndLengthens)
     EXPECT_EQ(pseudo("Up"), u"⟦Ûp⟧"_s);
 }
 
-TEST(PseudoTranslatorTest, KeepsWhatStandsForSomethingElse)
+TEST(PseudoTranslatorTest, KeepsPlaceholders)
 {
     EXPECT_EQ(pseudo("%n in %1"), u"⟦%n ïñ %1··⟧"_s);
 }

@@ -88,7 +88,7 @@ TEST(ContinueOnTest, ContinuationsChain)
     EXPECT_EQ(second.result(), 2);
 }
 
-TEST(ContinueOnTest, WhatThrowsCancelsWhatFollows)
+TEST(ContinueOnTest, AThrowingContinuationCancelsWhatFollows)
 {
     QObject context;
     const auto continued = continueOn(QtFuture::makeReadyFuture(20), &context,
@@ -97,7 +97,7 @@ TEST(ContinueOnTest, WhatThrowsCancelsWhatFollows)
     EXPECT_TRUE(continued.isCanceled());
 }
 
-TEST(ContinueOnTest, TheEndOfACancelledFutureIsToldToo)
+TEST(ContinueOnTest, ACancelledFutureIsReportedAsFinishedToo)
 {
     QObject context;
     int ends = 0;

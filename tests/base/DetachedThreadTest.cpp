@@ -9,7 +9,7 @@
 
 namespace ostrel::test {
 
-TEST(DetachedThreadTest, IsAtWorkUntilItsWorkIsDoneAndGone)
+TEST(DetachedThreadTest, IsRunningUntilItsWorkIsDoneAndDestroyed)
 {
     EXPECT_FALSE(isAnyDetachedThreadAtWork());
     std::promise<void> end;

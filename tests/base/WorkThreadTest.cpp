@@ -21,7 +21,7 @@ namespace {
 
 using test::waitFor;
 
-TEST(WorkThreadTest, WorkIsDoneInOrderOnOneOtherThread)
+TEST(WorkThreadTest, TasksRunInOrderOnOneOtherThread)
 {
     WorkThread thread;
     QList<int> done;
@@ -38,7 +38,7 @@ TEST(WorkThreadTest, WorkIsDoneInOrderOnOneOtherThread)
     EXPECT_FALSE(threads.contains(QThread::currentThread()));
 }
 
-TEST(WorkThreadTest, ResultsArriveAsFutures)
+TEST(WorkThreadTest, ResultsArriveThroughFutures)
 {
     WorkThread thread;
     EXPECT_EQ(thread.run([] { return 42; }).result(), 42);
@@ -51,7 +51,7 @@ TEST(WorkThreadTest, TheThreadIsPreparedBeforeAnythingElse)
     EXPECT_TRUE(thread.run([&] { return prepared == QThread::currentThread(); }).result());
 }
 
-TEST(WorkThreadTest, WhatThrowsIsCancelledAndTheNextIsDone)
+TEST(WorkThreadTest, AThrowingTaskIsCancelledAndTheNextOneRuns)
 {
     WorkThread thread;
     auto failed = thread.run([]() -> int { throw std::bad_alloc(); });
@@ -60,7 +60,7 @@ TEST(WorkThreadTest, WhatThrowsIsCancelledAndTheNextIsDone)
     EXPECT_TRUE(failed.isFinished());
 }
 
-TEST(WorkThreadTest, WorkPostedInSlicesGoesOnByTurns)
+TEST(WorkThreadTest, TasksPostedInSlicesTakeTurns)
 {
     WorkThread thread;
     std::vector<char> order;
@@ -78,7 +78,7 @@ TEST(WorkThreadTest, WorkPostedInSlicesGoesOnByTurns)
     EXPECT_EQ(std::string(order.begin(), order.end()), "ababa");
 }
 
-TEST(WorkThreadTest, TheEndDropsWhatWaits)
+TEST(WorkThreadTest, DestructionDropsWaitingTasks)
 {
     std::binary_semaphore isFirstDone(0);
     QFuture<int> dropped;
@@ -88,13 +88,13 @@ TEST(WorkThreadTest, TheEndDropsWhatWaits)
         dropped = thread.run([] { return 1; });
         thread.post([] {});
         isFirstDone.release();
-        // The first may end before the end drops the others, but not always.
+        // The first task may, but need not, end before the destructor drops the others.
     }
     EXPECT_TRUE(dropped.isFinished());
     EXPECT_FALSE(WorkThread::isAnyLeftBehind());
 }
 
-TEST(WorkThreadTest, TheEndLeavesLongWorkBehind)
+TEST(WorkThreadTest, DestructionLeavesLongTasksBehind)
 {
     static std::atomic<bool> hasBegun = false;
     {
@@ -106,7 +106,7 @@ TEST(WorkThreadTest, TheEndLeavesLongWorkBehind)
         });
         ASSERT_TRUE(waitFor([] { return hasBegun.load(); }));
     }
-    // The end came, and the work never does.
+    // The thread object has been destroyed, and its work never ends.
     EXPECT_TRUE(WorkThread::isAnyLeftBehind());
     std::fflush(nullptr);
 }

@@ -80,7 +80,7 @@ TEST(CheckCommandTest, APortIsOpenOrClosed)
     EXPECT_TRUE(describeCheck(check, made).contains("closed or unreachable"));
 }
 
-TEST(CheckCommandTest, ForeignTextsAreALineEach)
+TEST(CheckCommandTest, ForeignTextsTakeOneLineEach)
 {
     for (const ForeignText &foreign : foreignTexts()) {
         CheckInvocation check = invocation("");
@@ -93,7 +93,7 @@ TEST(CheckCommandTest, ForeignTextsAreALineEach)
     }
 }
 
-TEST(CheckCommandTest, TextsWithPlaceholdersArePrintedAsTheyAre)
+TEST(CheckCommandTest, TextsWithPlaceholdersArePrintedUnchanged)
 {
     CheckInvocation check = invocation("db%1%2.local");
     check.monitor.type = MonitorType::port;
@@ -117,7 +117,7 @@ TEST(CheckCommandTest, JsonIsTheStoredForm)
     EXPECT_EQ(read->responseTime, made.responseTime);
 }
 
-TEST(CheckCommandTest, SlowIsSaidAndStaysUp)
+TEST(CheckCommandTest, ASlowAnswerIsReportedAndCountsAsUp)
 {
     using namespace std::chrono_literals;
     const HostileServer server(answerAfter(60ms));
@@ -128,7 +128,7 @@ TEST(CheckCommandTest, SlowIsSaidAndStaysUp)
     EXPECT_TRUE(describeCheck(check, made).contains("Slow: the threshold is 50 ms"));
 }
 
-/// Has no memory for a request, or ends before there is an answer.
+/// Throws bad_alloc at a request, or cancels it before there is an answer.
 class FailingNetwork : public Network
 {
 public:
@@ -157,7 +157,7 @@ private:
     bool m_isThrowing;
 };
 
-TEST(CheckCommandTest, WhatCannotBeCarriedOutIsDownAndSaysSo)
+TEST(CheckCommandTest, ACheckThatCannotBeCarriedOutIsDownAndSaysSo)
 {
     for (const bool isThrowing : {false, true}) {
         FailingNetwork network(isThrowing);

@@ -38,7 +38,7 @@ TEST(CommandLineTest, WithoutACommandItRuns)
               QDir::current().absoluteFilePath(u"here"_s));
 }
 
-TEST(CommandLineTest, TheLanguageIsEnglishUnlessItIsChosen)
+TEST(CommandLineTest, TheLanguageIsEnglishUnlessAnotherIsChosen)
 {
     EXPECT_EQ(std::get<RunInvocation>(parse({})).language, Language::english);
     EXPECT_EQ(std::get<RunInvocation>(parse(u"--language en"_s)).language, Language::english);
@@ -74,7 +74,7 @@ TEST(CommandLineTest, ACheckTakesItsOptions)
     EXPECT_EQ(port.monitor.port, 5432);
 }
 
-TEST(CommandLineTest, AnAddressIsCompletedAsTheFormCompletesIt)
+TEST(CommandLineTest, AnAddressIsCompletedAsInTheForm)
 {
     const struct
     {
@@ -102,7 +102,7 @@ TEST(CommandLineTest, AnAddressIsCompletedAsTheFormCompletesIt)
     }
 }
 
-TEST(CommandLineTest, BlanksAroundAnAddressDontCount)
+TEST(CommandLineTest, BlanksAroundAnAddressAreIgnored)
 {
     for (const char *typed : {" example.com\n", "\thttps://example.com "}) {
         const Invocation invocation =
@@ -112,7 +112,7 @@ TEST(CommandLineTest, BlanksAroundAnAddressDontCount)
     }
 }
 
-TEST(CommandLineTest, WhatCantBeCompletedIsRefusedWithAHint)
+TEST(CommandLineTest, AnAddressThatCantBeCompletedIsRefusedWithAHint)
 {
     for (const char *typed : {"localhost", "httpbin.local", "ftp://shop.example"}) {
         const Invocation invocation = parse(u"check "_s + QString::fromLatin1(typed));
@@ -125,7 +125,7 @@ TEST(CommandLineTest, WhatCantBeCompletedIsRefusedWithAHint)
     }
 }
 
-TEST(CommandLineTest, WithAPortTheArgumentIsItsHost)
+TEST(CommandLineTest, WithAPortTheArgumentIsTheHost)
 {
     const Monitor monitor = parseCheck(u"check localhost --port 22"_s).monitor;
     EXPECT_EQ(monitor.type, MonitorType::port);
@@ -133,7 +133,7 @@ TEST(CommandLineTest, WithAPortTheArgumentIsItsHost)
     EXPECT_EQ(monitor.port, 22);
 }
 
-TEST(CommandLineTest, ComplaintsAreFitForPeople)
+TEST(CommandLineTest, ErrorMessagesAreFitForPeople)
 {
     int complaints = 0;
     for (const ForeignText &foreign : foreignTexts()) {
@@ -213,7 +213,7 @@ TEST(CommandLineTest, AnEmptyAddressIsUnusable)
         parseCommandLine({u"ostrel"_s, u"check"_s, QString()})));
 }
 
-TEST(CommandLineTest, HelpAndVersionAnswer)
+TEST(CommandLineTest, HelpAndVersionArePrinted)
 {
     for (const char *line : {"--help", "-h", "help", "check --help", "status --help"}) {
         const auto answer = std::get<AnswerInvocation>(parse(QString::fromLatin1(line)));

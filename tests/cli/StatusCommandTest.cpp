@@ -65,7 +65,7 @@ protected:
 
 } // namespace
 
-TEST_F(StatusCommandTest, ForPeopleALineEach)
+TEST_F(StatusCommandTest, HumanOutputHasALinePerMonitor)
 {
     const QByteArray text = readStatus({.dataDir = dataDir}).value_or(QByteArray());
     const auto lines = text.split('\n');
@@ -80,7 +80,7 @@ TEST_F(StatusCommandTest, ForPeopleALineEach)
     EXPECT_TRUE(lines[3].endsWith("not checked yet")) << lines[3].toStdString();
 }
 
-TEST_F(StatusCommandTest, ForPeopleForeignTextsAreALineEachToo)
+TEST_F(StatusCommandTest, HumanOutputShowsForeignTextsOnOneLineEach)
 {
     const QString foreignDir = folder.filePath(u"foreign"_s);
     MonitorStore store(foreignDir);
@@ -100,7 +100,7 @@ TEST_F(StatusCommandTest, ForPeopleForeignTextsAreALineEachToo)
     }
 }
 
-TEST_F(StatusCommandTest, ALongNameMovesItsOwnLineAlone)
+TEST_F(StatusCommandTest, ALongNameShiftsOnlyItsOwnLine)
 {
     MonitorStore store(dataDir);
     const QString longName(100, u'w');
@@ -110,7 +110,7 @@ TEST_F(StatusCommandTest, ALongNameMovesItsOwnLineAlone)
     EXPECT_EQ(lines[4].indexOf("24h"), 9 + 100 + 2);
 }
 
-TEST_F(StatusCommandTest, AsJsonAForeignNameIsWhatIsStored)
+TEST_F(StatusCommandTest, JsonOutputKeepsAForeignNameAsStored)
 {
     const QString foreignDir = folder.filePath(u"foreign"_s);
     MonitorStore store(foreignDir);
@@ -121,7 +121,7 @@ TEST_F(StatusCommandTest, AsJsonAForeignNameIsWhatIsStored)
     EXPECT_EQ(monitors[0].toObject()[u"name"_s].toString(), name);
 }
 
-TEST_F(StatusCommandTest, TiesOfAHalfGoToTheEvenMillisecond)
+TEST_F(StatusCommandTest, HalfMillisecondsAreRoundedToEven)
 {
     MonitorStore store(dataDir);
     Check check = checkOf(up, true);
@@ -130,7 +130,7 @@ TEST_F(StatusCommandTest, TiesOfAHalfGoToTheEvenMillisecond)
     EXPECT_TRUE(describeStatus(store, OutputFormat::human).contains("  500 ms at "));
 }
 
-TEST_F(StatusCommandTest, AsJsonEverythingInTheStoresOrder)
+TEST_F(StatusCommandTest, JsonOutputHasEverythingInTheStoresOrder)
 {
     const QByteArray text =
         readStatus({.dataDir = dataDir, .format = OutputFormat::json}).value_or(QByteArray());
@@ -146,7 +146,7 @@ TEST_F(StatusCommandTest, AsJsonEverythingInTheStoresOrder)
     EXPECT_FALSE(monitors[3].toObject().contains(u"latestCheck"_s));
 }
 
-TEST_F(StatusCommandTest, ReadingLeavesTheFolderAsItIs)
+TEST_F(StatusCommandTest, ReadingLeavesTheFolderUnchanged)
 {
     QFile leftover(dataDir + u"/checks.json.tmp"_s);
     ASSERT_TRUE(leftover.open(QIODevice::WriteOnly));
@@ -157,7 +157,7 @@ TEST_F(StatusCommandTest, ReadingLeavesTheFolderAsItIs)
     EXPECT_EQ(QDir(dataDir).entryList(QDir::AllEntries | QDir::Hidden), before);
 }
 
-TEST_F(StatusCommandTest, AFolderThatIsNotThereHasNoMonitorsAndIsNotMade)
+TEST_F(StatusCommandTest, AMissingFolderHasNoMonitorsAndIsNotCreated)
 {
     const QString missing = folder.filePath(u"missing"_s);
     EXPECT_EQ(readStatus({.dataDir = missing}), QByteArray("No monitors\n"));
@@ -165,7 +165,7 @@ TEST_F(StatusCommandTest, AFolderThatIsNotThereHasNoMonitorsAndIsNotMade)
     EXPECT_FALSE(QDir(missing).exists());
 }
 
-TEST_F(StatusCommandTest, AFolderWithoutMonitorsHasNone)
+TEST_F(StatusCommandTest, AFolderWithoutAMonitorsFileHasNoMonitors)
 {
     const QTemporaryDir empty;
     EXPECT_EQ(readStatus({.dataDir = empty.path()}), QByteArray("No monitors\n"));
@@ -173,7 +173,7 @@ TEST_F(StatusCommandTest, AFolderWithoutMonitorsHasNone)
     EXPECT_EQ(readStatus({.dataDir = empty.path()}), QByteArray("No monitors\n"));
 }
 
-TEST_F(StatusCommandTest, MonitorsThatCannotBeReadAreNotNone)
+TEST_F(StatusCommandTest, AnUnreadableMonitorsFileIsAFailure)
 {
     const QString path = StoredRecords::monitorsPath(dataDir);
     const std::function<bool()> makers[] = {
@@ -193,11 +193,11 @@ TEST_F(StatusCommandTest, MonitorsThatCannotBeReadAreNotNone)
     }
 }
 
-TEST_F(StatusCommandTest, AFolderThatCannotBeReadIsNotOneWithoutMonitors)
+TEST_F(StatusCommandTest, AnUnreadableFolderIsAFailure)
 {
     ASSERT_EQ(::chmod(QFile::encodeName(dataDir).constData(), 0), 0);
     {
-        const PlainUser plain; // whom modes bind
+        const PlainUser plain; // subject to file modes
         EXPECT_EQ(readStatus({.dataDir = dataDir}), std::nullopt);
     }
     ASSERT_EQ(::chmod(QFile::encodeName(dataDir).constData(), 0700), 0);

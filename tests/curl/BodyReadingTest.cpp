@@ -22,7 +22,7 @@ using namespace std::chrono_literals;
 
 constexpr qsizetype mebibyte = qsizetype(1024) * 1024;
 
-/// Reads nothing before it may.
+/// Blocks in read() until open().
 class BlockedReader : public BodyReader
 {
 public:
@@ -46,7 +46,7 @@ private:
     std::atomic<bool> m_isOpen = false;
 };
 
-/// Reads without noting anything.
+/// Counts the bytes without keeping them.
 class CountingReader : public BodyReader
 {
 public:
@@ -133,7 +133,7 @@ TEST_F(BodyReadingTest, NothingOfALargeBodyIsKept)
     EXPECT_LT(reader->memory, before + std::size_t(8 * mebibyte));
 }
 
-TEST_F(BodyReadingTest, AReaderThatCannotKeepUpTakesNoTimeFromTheSite)
+TEST_F(BodyReadingTest, ASlowReaderDoesNotAddToTheElapsedTime)
 {
     const HostileServer server(answerWith(QByteArray(16 * mebibyte, 'x')));
     const auto begin = std::chrono::steady_clock::now();
@@ -146,7 +146,7 @@ TEST_F(BodyReadingTest, AReaderThatCannotKeepUpTakesNoTimeFromTheSite)
     EXPECT_LT(result.elapsed, whole / 2);
 }
 
-TEST_F(BodyReadingTest, ALatePageOfUnknownLengthIsHeldUpNoLongerThanTheGrace)
+TEST_F(BodyReadingTest, ALatePageOfUnknownLengthWaitsForItsReaderNoLongerThanTheGrace)
 {
     const HostileServer server(answerInChunksAfter(3400ms, 4 * mebibyte));
     const HttpResult result = fetch(requestReadBy(blocked, server.url(), 4s));
@@ -155,7 +155,7 @@ TEST_F(BodyReadingTest, ALatePageOfUnknownLengthIsHeldUpNoLongerThanTheGrace)
     EXPECT_LT(result.elapsed, 4s) << "its time-out";
 }
 
-TEST_F(BodyReadingTest, AnEarlyPageOfUnknownLengthIsWaitedForAsAnyOther)
+TEST_F(BodyReadingTest, TheReaderOfAnEarlyPageOfUnknownLengthIsWaitedFor)
 {
     const HostileServer server(answerInChunksAfter(0ms, 4 * mebibyte));
     const auto future = m_network.fetch(requestReadBy(blocked, server.url(), 20s));
@@ -165,7 +165,7 @@ TEST_F(BodyReadingTest, AnEarlyPageOfUnknownLengthIsWaitedForAsAnyOther)
     EXPECT_TRUE(future.result().isBodyRead);
 }
 
-TEST_F(BodyReadingTest, AReaderThatKeepsUpLateIsWaitedFor)
+TEST_F(BodyReadingTest, AReaderThatCatchesUpIsWaitedFor)
 {
     const HostileServer server(answerWith(QByteArray(16 * mebibyte, 'x')));
     const auto future = m_network.fetch(requestReadBy(blocked, server.url(), 20s));
@@ -175,7 +175,7 @@ TEST_F(BodyReadingTest, AReaderThatKeepsUpLateIsWaitedFor)
     EXPECT_EQ(blocked->count, 16 * mebibyte);
 }
 
-TEST_F(BodyReadingTest, TheEndIsNeverLaterThanHalfASecondAfterTheTimeOut)
+TEST_F(BodyReadingTest, EveryFetchEndsWithinHalfASecondOfItsTimeout)
 {
     const HostileServer small(answerWith("a small page"));
     const HostileServer large(answerWith(QByteArray(16 * mebibyte, 'x')));
@@ -185,7 +185,7 @@ TEST_F(BodyReadingTest, TheEndIsNeverLaterThanHalfASecondAfterTheTimeOut)
         const auto begin = std::chrono::steady_clock::now();
         const auto future = m_network.fetch(requestReadBy(blocked, server->url(), 400ms));
         const HttpResult result = future.result();
-        // The bound itself is the rule.
+        // The exact bound is the requirement.
         EXPECT_LE(std::chrono::steady_clock::now() - begin, 900ms);
         EXPECT_EQ(future.resultCount(), 1);
         EXPECT_FALSE(result.isBodyRead);
@@ -198,7 +198,7 @@ TEST_F(BodyReadingTest, TheEndIsNeverLaterThanHalfASecondAfterTheTimeOut)
     }
 }
 
-TEST_F(BodyReadingTest, WhatAReaderThrowsIsABodyThatWasNotRead)
+TEST_F(BodyReadingTest, IfTheReaderThrowsTheBodyCountsAsNotRead)
 {
     const HostileServer server(answerWith(QByteArray(16 * mebibyte, 'x')));
     const HttpResult result =
@@ -238,19 +238,20 @@ TEST_F(BodyReadingTest, BombsTakeTurnsWithAHealthyPage)
     EXPECT_GT(checks, 3);
 }
 
-TEST(BodyReadingEndTest, TheEndDoesNotWaitForAReader)
+TEST(BodyReadingEndTest, DestructionDoesNotWaitForAReader)
 {
     const HostileServer server(answerWith(QByteArray(16 * mebibyte, 'x')));
     const auto blocked = std::make_shared<BlockedReader>();
     auto network = std::make_unique<CurlNetwork>();
     const auto future = network->fetch(requestReadBy(blocked, server.url()));
     ASSERT_TRUE(waitFor([&] { return blocked->isBlocked.load(); }));
-    // The reader is blocked until the test opens it, so that an end that waits for it never comes.
+    // The reader blocks until the test opens it, so a destructor that waited for it would never
+    // return.
     network.reset();
     EXPECT_TRUE(future.isCanceled());
     EXPECT_TRUE(WorkThread::isAnyLeftBehind());
     blocked->open();
-    // It ends by itself, and nothing that it uses was destroyed under it.
+    // It ends by itself, and nothing that it uses has been destroyed.
     EXPECT_TRUE(waitFor([&] { return blocked.use_count() == 1; }));
 }
 

@@ -19,7 +19,7 @@ struct Sizes
     std::size_t output;
 };
 
-/// What comes of @p encoded; nothing if it's damaged or cut.
+/// The decoded form of @p encoded; nothing if it's damaged or cut.
 std::optional<QByteArray> decode(ContentDecoder &decoder, QByteArrayView encoded, Sizes sizes)
 {
     QByteArray decoded;
@@ -87,7 +87,7 @@ TEST_P(ContentDecoderTest, DecodesInPiecesOfAnySize)
     }
 }
 
-TEST_P(ContentDecoderTest, WhatIsCutIsIncomplete)
+TEST_P(ContentDecoderTest, CutContentIsIncomplete)
 {
     const QByteArray &encoded = GetParam().encoded;
     for (const qsizetype length : {qsizetype(1), encoded.size() / 2}) {
@@ -96,14 +96,14 @@ TEST_P(ContentDecoderTest, WhatIsCutIsIncomplete)
     }
 }
 
-TEST_P(ContentDecoderTest, WhatIsNotEncodedAtAllIsDamaged)
+TEST_P(ContentDecoderTest, ContentThatIsNotEncodedIsDamaged)
 {
     const auto decoder = make(GetParam().encoding);
     EXPECT_EQ(decode(*decoder, "<html>this is no such thing at all, of course</html>", {5, 100}),
               std::nullopt);
 }
 
-TEST_P(ContentDecoderTest, WhatComesBehindIsPassedOver)
+TEST_P(ContentDecoderTest, BytesAfterTheEndAreIgnored)
 {
     for (const QByteArray &behind :
          {QByteArray(1000, '\0'), QByteArray("\x1f"), QByteArray("\x1f\x8b"),
@@ -135,7 +135,7 @@ INSTANTIATE_TEST_SUITE_P(
                  zstd(plainText().mid(100))}),
     [](const auto &each) { return std::string(each.param.name); });
 
-TEST(ContentDecoderMakeTest, WhatIsNotKnownIsAsItIs)
+TEST(ContentDecoderMakeTest, UnknownEncodingsHaveNoDecoder)
 {
     for (const char *encoding :
          {"", "identity", "utf-8", "binary", "aws-chunked", "none", "7bit", "gzip, aws-chunked",
@@ -165,7 +165,7 @@ TEST(ContentDecoderMakeTest, ABombIsDecodedABitAtATime)
         {"gzip", gzip(zeros)},
         {"br", brotli(zeros)},
         {"zstd", zstd(zeros)},
-        // The second of its layers ends at once, and all that the first makes is passed over.
+        // The second of its layers ends at once, and all the output of the first is skipped.
         {"gzip, br", brotli(gzip("") + zeros)},
     };
     for (const auto &c : cases) {

@@ -7,7 +7,7 @@
 
 namespace ostrel::test {
 
-/// Remembers every date that it hears.
+/// Records every date that it is notified of.
 class DateListener final : public TlsDelegate
 {
 public:

@@ -33,7 +33,7 @@ class DamagedBodyTest : public FetchFixture, public testing::WithParamInterface<
 
 } // namespace
 
-TEST_P(EncodedBodyTest, IsReadAndKeptAsBrowsersReadIt)
+TEST_P(EncodedBodyTest, IsReadAndKeptAsBrowsersDecodeIt)
 {
     const HostileServer server(answerEncoded(GetParam().encoding, GetParam().body));
     const auto reader = std::make_shared<NotingReader>();
@@ -71,7 +71,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Encoded{"Empty", "gzip", "", ""}),
     [](const auto &each) { return std::string(each.param.name); });
 
-TEST_P(DamagedBodyTest, IsNoneThatCouldBeReadAndTheStatusStands)
+TEST_P(DamagedBodyTest, CountsAsNotReadAndTheStatusIsKept)
 {
     const HostileServer server(answerEncoded(GetParam().encoding, GetParam().body));
     HttpRequest request = requestFor(server.url());
@@ -103,7 +103,7 @@ class BodyOfNothingTest : public FetchFixture
 {
 };
 
-TEST_F(BodyOfNothingTest, IsReadWhateverItsHeaderSays)
+TEST_F(BodyOfNothingTest, CountsAsReadWhateverItsHeadersSay)
 {
     struct
     {
@@ -126,7 +126,7 @@ TEST_F(BodyOfNothingTest, IsReadWhateverItsHeaderSays)
     }
 }
 
-TEST_F(BodyOfNothingTest, ARedirectsIsNotRead)
+TEST_F(BodyOfNothingTest, ARedirectsBodyIsNotRead)
 {
     const HostileServer server([](HostileConnection &connection, const SeenRequest &request) {
         if (request.target == "/end")
@@ -142,7 +142,7 @@ TEST_F(BodyOfNothingTest, ARedirectsIsNotRead)
     EXPECT_EQ(reader->text, "the end");
 }
 
-TEST_F(BodyOfNothingTest, WhatIsTransferredInAnEncodingNobodyAskedForIsAsItIs)
+TEST_F(BodyOfNothingTest, AnUnrequestedTransferEncodingIsNotDecoded)
 {
     const HostileServer server([](HostileConnection &connection, const SeenRequest &) {
         connection.send("HTTP/1.1 200 OK\r\nConnection: close\r\nTransfer-Encoding: gzip\r\n\r\n" +

@@ -4,10 +4,10 @@
 
 namespace ostrel::test {
 
-// What servers send of @p plain.
+// Encoded forms of @p plain, as servers send them.
 
 [[nodiscard]] QByteArray gzip(const QByteArray &plain);
-/// "deflate" as it should be, and without zlib's frame.
+/// "deflate" with zlib's frame, as it should be, and without.
 [[nodiscard]] QByteArray deflated(const QByteArray &plain);
 [[nodiscard]] QByteArray bareDeflated(const QByteArray &plain);
 [[nodiscard]] QByteArray brotli(const QByteArray &plain);

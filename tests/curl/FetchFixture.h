@@ -10,7 +10,7 @@
 
 namespace ostrel::test {
 
-/// A request for @p url that nothing in a test's way would cut short.
+/// A request for @p url whose time-out no ordinary test reaches.
 inline HttpRequest requestFor(const QByteArray &url, const QByteArray &method = "GET")
 {
     return {.url = url,
@@ -28,7 +28,7 @@ inline HttpRequest requestWithin(std::chrono::milliseconds timeout, const QByteA
     return request;
 }
 
-/// A network of its own.
+/// A test with a network of its own.
 class FetchFixture : public testing::Test
 {
 protected:

@@ -25,19 +25,19 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Look-ups that a test holds up, by the name that is looked up.
+/// Holds name look-ups up, by the name that is looked up.
 class HangingLookUps
 {
 public:
-    /// And every name below it.
+    /// Look-ups of it and of every name below it hang.
     static constexpr auto name = "hanging.test";
-    /// Hangs as that one does, but can be found afterwards.
+    /// Hangs like the other, but can be found afterwards.
     static constexpr auto recoveringName = "recovering.test";
 
-    /// Returns when the test lets go, or after so long that the test has failed.
+    /// Returns when the test lets go, or after a time so long that the test has failed.
     void hang()
     {
-        // As a resolver's sockets.
+        // Like a resolver's sockets.
         const FileDescriptor one(socket(AF_INET, SOCK_DGRAM, 0));
         const FileDescriptor other(socket(AF_INET, SOCK_DGRAM, 0));
         std::unique_lock lock(m_mutex);
@@ -98,7 +98,7 @@ protected:
     }
 };
 
-/// Sets the limit of open files that programs usually start with.
+/// Sets the open-file limit that programs usually start with.
 class UsualLimit
 {
 public:
@@ -125,7 +125,7 @@ qsizetype entryCount(const char *folder)
 
 } // namespace
 
-TEST_F(HangingLookUpTest, DoesntHoldUpTheEnd)
+TEST_F(HangingLookUpTest, DoesntDelayDestruction)
 {
     auto network = std::make_unique<CurlNetwork>();
     const auto result = network->fetch(request(30s));
@@ -136,7 +136,7 @@ TEST_F(HangingLookUpTest, DoesntHoldUpTheEnd)
     EXPECT_TRUE(result.isCanceled() && result.isFinished());
 }
 
-TEST_F(HangingLookUpTest, EndsWithTheTimeoutAndLeavesOthersAlone)
+TEST_F(HangingLookUpTest, EndsWithTheTimeoutAndDoesntAffectOthers)
 {
     std::atomic<bool> mayAnswer = false;
     const HostileServer server([&](HostileConnection &connection, const SeenRequest &) {
@@ -177,12 +177,12 @@ TEST_F(HangingLookUpTest, ADeadNameServerTakesABoundedNumberOfThreadsAndFiles)
     }
     ASSERT_TRUE(waitFor([&] { return dead.front().isFinished(); }));
     EXPECT_EQ(lookUps.count(), configuration.maxConcurrentLookUps);
-    // Of the server's connections each has a thread, too.
+    // Each of the server's connections has a thread, too.
     EXPECT_LE(entryCount("/proc/self/task"),
               threadsBefore + configuration.maxConcurrentLookUps + 100 + 10);
     EXPECT_LE(entryCount("/proc/self/fd"),
               filesBefore + 2 * configuration.maxConcurrentLookUps + 50);
-    // Whoever waits in our own queue isn't down.
+    // A request that waits in our own queue isn't down.
     const auto ended = std::ranges::count_if(dead, &QFuture<HttpResult>::isFinished);
     EXPECT_LE(ended, configuration.maxConcurrentLookUps);
 }
@@ -201,7 +201,7 @@ TEST_F(HangingLookUpTest, AddressesDontWaitForNames)
     EXPECT_EQ(lookUps.count(), 1);
 }
 
-TEST_F(HangingLookUpTest, OneThatWasGivenUpIsJoinedByTheNext)
+TEST_F(HangingLookUpTest, RequestsAfterATimeoutJoinTheRunningLookUp)
 {
     CurlNetwork network;
     for (int i = 0; i < 5; ++i) {
@@ -213,21 +213,21 @@ TEST_F(HangingLookUpTest, OneThatWasGivenUpIsJoinedByTheNext)
     EXPECT_EQ(lookUps.count(), 1);
 }
 
-TEST_F(HangingLookUpTest, ItsFailureIsntThatOfAnotherThatJoinedLater)
+TEST_F(HangingLookUpTest, ItsTimeoutDoesntFailARequestThatJoinedLater)
 {
     const HostileServer server(answerWith("OK"));
     CurlNetwork network;
     const QString name = QString::fromLatin1(HangingLookUps::recoveringName);
     EXPECT_FALSE(network.connect(name, server.port(), 50ms).result().isConnected);
     const auto later = network.connect(name, server.port(), 10s);
-    // Passed by one that needs no look-up, so that the later one has joined.
+    // Once this request, which needs no look-up, is done, the later one has joined.
     (void)network.connect(u"127.0.0.1"_s, server.port(), 10s).result();
     EXPECT_EQ(lookUps.count(), 1);
     lookUps.holdUp(false);
     EXPECT_TRUE(later.result().isConnected);
 }
 
-TEST_F(HangingLookUpTest, OneThatWasDroppedIsJoinedByNobody)
+TEST_F(HangingLookUpTest, RequestsAfterDroppingStartALookUpOfTheirOwn)
 {
     CurlNetwork network;
     const auto dropped = network.fetch(request(30s));
@@ -239,7 +239,7 @@ TEST_F(HangingLookUpTest, OneThatWasDroppedIsJoinedByNobody)
     EXPECT_FALSE(result.isFinished());
 }
 
-TEST_F(HangingLookUpTest, OfARedirectsTargetEndsWithTheTimeout)
+TEST_F(HangingLookUpTest, ForARedirectsTargetEndsWithTheTimeout)
 {
     const HostileServer server(redirectTo(QByteArray("http://") + HangingLookUps::name + "/"));
     CurlNetwork network;
@@ -255,7 +255,7 @@ TEST_F(HangingLookUpTest, OfARedirectsTargetEndsWithTheTimeout)
 
 TEST_F(HangingLookUpTest, EachNameIsLookedUpOnce)
 {
-    // However it is written: the library finds what was found for it.
+    // In any spelling: the library finds the entry that was made for it.
     const HostileServer server(answerWith("OK"));
     const QByteArray port = QByteArray::number(server.port());
     CurlNetwork network;
@@ -270,7 +270,7 @@ TEST_F(HangingLookUpTest, EachNameIsLookedUpOnce)
     }
 }
 
-TEST_F(HangingLookUpTest, IsNoneOfOursWhereAProxyLooksUp)
+TEST_F(HangingLookUpTest, IsLeftToTheProxyIfThereIsOne)
 {
     const HostileServer proxy(answerWith("from the proxy"));
     qputenv("http_proxy", proxy.url());
@@ -285,7 +285,7 @@ TEST_F(HangingLookUpTest, IsNoneOfOursWhereAProxyLooksUp)
 
 } // namespace ostrel::test
 
-/// Takes the C library's place in this program.
+/// Replaces the C library's function in this program.
 extern "C" int getaddrinfo(const char *name, const char *service, const addrinfo *hints,
                            addrinfo **result)
 {

@@ -15,7 +15,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto timeout = 400ms;
-/// The time-out itself is what these tests are about, so they read the clock.
+/// The time-out itself is under test here, so these tests read the clock.
 constexpr auto grace = 500ms;
 
 HttpRequest hastyRequestFor(const QByteArray &url)
@@ -114,7 +114,7 @@ class HttpFetchTimeoutTest : public FetchFixture
 
 TEST_F(HttpFetchTimeoutTest, BoundsTheRedirectsTogether)
 {
-    // Each hop alone would be in time.
+    // Each hop alone would be within the time-out.
     const HostileServer server([](HostileConnection &connection, const SeenRequest &request) {
         if (connection.pause(150ms))
             redirectEndlessly(connection, request);
@@ -146,7 +146,7 @@ TEST_F(HttpFetchTimeoutTest, IsNeverReportedEarly)
     }
 }
 
-TEST_F(HttpFetchTimeoutTest, OfNothingOrLessIsTheShortest)
+TEST_F(HttpFetchTimeoutTest, OfZeroOrLessIsTheShortest)
 {
     const HostileServer server(staySilent);
     for (const auto shortest : {0ms, -1ms, -1000000ms, std::chrono::milliseconds::min()}) {
@@ -159,7 +159,7 @@ TEST_F(HttpFetchTimeoutTest, OfNothingOrLessIsTheShortest)
     }
 }
 
-TEST_F(HttpFetchTimeoutTest, OfYearsIsNoTimeout)
+TEST_F(HttpFetchTimeoutTest, OfYearsNeverExpires)
 {
     const HostileServer server(answerAfter(20ms));
     for (const std::chrono::milliseconds longest :

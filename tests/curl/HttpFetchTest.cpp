@@ -67,7 +67,7 @@ TEST_F(HttpFetchTest, FetchesFromARealServer)
     EXPECT_EQ(server.accessLog(), QStringList(line.arg(server.port())));
 }
 
-TEST_F(HttpFetchTest, SendsTheUserAgentAndNothingOfItsOwn)
+TEST_F(HttpFetchTest, SendsTheUserAgentAndNoExtraHeaders)
 {
     const HostileServer server(answerWith("OK"));
     (void)fetch(server.url("/path?a=b"));
@@ -101,7 +101,7 @@ TEST_F(HttpFetchTest, HeadAsksForNoBodyAlsoAfterARedirect)
     EXPECT_EQ(methodsOf(server.requests()), QByteArrayList({"HEAD", "HEAD"}));
 }
 
-TEST_F(HttpFetchTest, PostBecomesGetWhereBrowsersDoSo)
+TEST_F(HttpFetchTest, PostBecomesGetOnTheRedirectsThatBrowsersTreatSo)
 {
     struct Case
     {
@@ -135,7 +135,7 @@ TEST_F(HttpFetchTest, TwentyOneRedirectsAreAnError)
     EXPECT_EQ(server.requests().size(), 21);
 }
 
-TEST_F(HttpFetchTest, FollowsToHttpAndHttpsOnly)
+TEST_F(HttpFetchTest, FollowsRedirectsToHttpAndHttpsOnly)
 {
     for (const QByteArray location :
          {"ftp://127.0.0.1/", "file:///etc/hostname", "gopher://127.0.0.1/"}) {
@@ -146,7 +146,7 @@ TEST_F(HttpFetchTest, FollowsToHttpAndHttpsOnly)
     }
 }
 
-TEST_F(HttpFetchTest, ARedirectToWhatIsNoAddressIsAnError)
+TEST_F(HttpFetchTest, ARedirectToAnInvalidAddressIsAnError)
 {
     for (const QByteArray location : {"http://", "http://[::g]/", "http://127.0.0.1:65536/"}) {
         const HostileServer server(redirectTo(location));
@@ -179,7 +179,7 @@ TEST_F(HttpFetchTest, FollowsRelativeRedirects)
     EXPECT_EQ(fetch(server.url("/a/b?c")).body, "/d%20e?f");
 }
 
-TEST_F(HttpFetchTest, ThePasswordGoesToItsOwnSiteOnly)
+TEST_F(HttpFetchTest, ThePasswordIsSentOnlyToItsOwnSite)
 {
     const HostileServer other([](HostileConnection &connection, const SeenRequest &request) {
         connection.respond("200 OK", request.header("Authorization").value_or("none"));
@@ -199,7 +199,7 @@ TEST_F(HttpFetchTest, ThePasswordGoesToItsOwnSiteOnly)
     EXPECT_EQ(fetchWithPassword("/away"), "none");
 }
 
-TEST_F(HttpFetchTest, AHeaderThatIsTooLongIsCalledSo)
+TEST_F(HttpFetchTest, AnOverlongHeaderIsReportedAsSuch)
 {
     const HostileServer small(answerWithHeaderOf(90 * 1000));
     EXPECT_EQ(fetch(small.url()).body, "OK");
@@ -209,13 +209,13 @@ TEST_F(HttpFetchTest, AHeaderThatIsTooLongIsCalledSo)
     EXPECT_EQ(result.error, u"A header of the response is too long"_s);
 }
 
-TEST_F(HttpFetchTest, CookiesLastFromHopToHop)
+TEST_F(HttpFetchTest, CookiesAreKeptFromHopToHop)
 {
     const HostileServer server(askForCookie);
     EXPECT_EQ(fetch(server.url("/")).statusCode, 200);
 }
 
-TEST_F(HttpFetchTest, CookiesDontLastFromRequestToRequest)
+TEST_F(HttpFetchTest, CookiesArentKeptFromRequestToRequest)
 {
     const HostileServer server(askForCookie);
     (void)fetch(server.url("/"));
@@ -399,7 +399,7 @@ TEST_F(HttpFetchTest, TakesASchemeInAnyCase)
     EXPECT_TRUE(fetch(server.url("/", "HTTP")).hasResponse);
 }
 
-TEST_F(HttpFetchTest, SaysWhyThereIsNoConnection)
+TEST_F(HttpFetchTest, ReportsWhyThereIsNoConnection)
 {
     const QByteArray port = QByteArray::number(closedPort());
     const HttpResult result = fetch("http://127.0.0.1:" + port + "/");
@@ -419,7 +419,7 @@ TEST_F(HttpFetchTest, FetchesFromIpv6)
 
 TEST_F(HttpFetchTest, AnInvalidHostNameIsNotFound)
 {
-    // The dot at both ends makes it a name that no resolver asks a server for.
+    // With a dot at both ends, no resolver asks a server for the name.
     const HttpResult result = fetch("http://.bad./");
     EXPECT_FALSE(result.hasResponse);
     EXPECT_EQ(result.error, u"Could not resolve host: .bad."_s);

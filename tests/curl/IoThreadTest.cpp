@@ -71,7 +71,7 @@ TEST(IoThreadTest, WaitingTransfersAreAdmittedInOrder)
     EXPECT_EQ(seen, expected);
 }
 
-TEST(IoThreadTest, ABoundOfNoneIsOne)
+TEST(IoThreadTest, ABoundOfZeroCountsAsOne)
 {
     const HostileServer server(answerWith("OK"));
     CurlNetwork network({.maxConcurrentTransfers = 0});
@@ -100,7 +100,7 @@ TEST(IoThreadTest, AHundredThatHangLeaveRoomForOthers)
     EXPECT_TRUE(network.fetch(requestFor(decent.url())).result().hasResponse);
 }
 
-TEST(IoThreadTest, DroppingCancelsWhatIsUnderWayAndWhatWaits)
+TEST(IoThreadTest, DroppingCancelsRunningAndWaitingTransfers)
 {
     const HostileServer silent(staySilent);
     const HostileServer server(answerWith("OK"));
@@ -118,7 +118,7 @@ TEST(IoThreadTest, DroppingCancelsWhatIsUnderWayAndWhatWaits)
     EXPECT_EQ(server.requests().size(), 1);
 }
 
-TEST(IoThreadTest, NothingThatIsAskedForAfterDroppingIsForgotten)
+TEST(IoThreadTest, RequestsRightAfterDroppingAreCarriedOut)
 {
     const HostileServer server(answerWith("OK"));
     const auto wakesUp = [&](std::chrono::nanoseconds pause) {
@@ -133,12 +133,12 @@ TEST(IoThreadTest, NothingThatIsAskedForAfterDroppingIsForgotten)
             std::this_thread::yield();
         return future.isFinished() && future.result().hasResponse;
     };
-    // At another moment of the dropping each time: nobody can tell which is the one that matters.
+    // At a different moment of the dropping each time, since it isn't known which one matters.
     for (int round = 0; round < 1000; ++round)
         ASSERT_TRUE(wakesUp(std::chrono::nanoseconds(round * 40))) << round;
 }
 
-TEST(IoThreadTest, DroppingNothingChangesNothing)
+TEST(IoThreadTest, DroppingWithoutTransfersHasNoEffect)
 {
     const HostileServer server(answerWith("OK"));
     CurlNetwork network;

@@ -53,7 +53,7 @@ INSTANTIATE_TEST_SUITE_P(TrustIn, LeafCertificateTest,
                              return test.param == TrustIn::File ? "File" : "Directory";
                          });
 
-/// What a leaf that can't be trusted must lead to.
+/// The expected result for a leaf that can't be trusted.
 #define EXPECT_REFUSED_WITH_DATE(result, leaf, reason)                                             \
     EXPECT_FALSE((result).hasResponse);                                                            \
     EXPECT_THAT((result).error.toStdString(), HasSubstr(reason));                                  \
@@ -144,7 +144,7 @@ TEST_P(LeafCertificateTest, RedirectToAnotherTlsHostReportsTheSecondsDateLast)
     EXPECT_EQ(dates().back(), second.notAfter);
 }
 
-TEST_P(LeafCertificateTest, EveryRequestSeesTheCertificateAnew)
+TEST_P(LeafCertificateTest, EveryRequestReportsTheCertificateAgain)
 {
     const TestLeaf leaf = m_certificates.valid();
     const NginxServer server({NginxSite{.leaf = leaf}});
@@ -161,7 +161,7 @@ TEST_P(LeafCertificateTest, PlainHttpReportsNoDate)
     EXPECT_THAT(dates(), IsEmpty());
 }
 
-TEST_P(LeafCertificateTest, ACertificateThatIsNoneReportsNoDate)
+TEST_P(LeafCertificateTest, AnInvalidCertificateReportsNoDate)
 {
     const HostileServer server(sendBrokenCertificate, HostileServer::Greeting::None);
     const HttpResult result = fetch(server.url("/", "https"));
@@ -170,7 +170,7 @@ TEST_P(LeafCertificateTest, ACertificateThatIsNoneReportsNoDate)
     EXPECT_THAT(dates(), IsEmpty());
 }
 
-TEST_P(LeafCertificateTest, NobodyNeedListen)
+TEST_P(LeafCertificateTest, ADelegateIsOptional)
 {
     const NginxServer server({NginxSite{.leaf = m_certificates.valid()}});
     CurlNetwork network({.trustStore = {.directory = {}, .file = m_certificates.authorityFile()}});

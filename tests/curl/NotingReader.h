@@ -6,7 +6,7 @@
 
 namespace ostrel::test {
 
-/// Notes what it reads.
+/// Records what it reads.
 class NotingReader : public BodyReader
 {
 public:

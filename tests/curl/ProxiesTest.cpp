@@ -22,13 +22,13 @@ private:
     ProxyEnvironment m_environment; ///< Empty at first.
 };
 
-TEST_F(ProxiesTest, WithoutVariablesThereIsNone)
+TEST_F(ProxiesTest, WithoutVariablesThereIsNoProxy)
 {
     EXPECT_EQ(proxyFor("http://example.com/"), "");
     EXPECT_EQ(proxyFor("https://example.com/"), "");
 }
 
-TEST_F(ProxiesTest, EachSchemeHasItsOwn)
+TEST_F(ProxiesTest, EachSchemeHasItsOwnProxy)
 {
     qputenv("http_proxy", "one:1");
     qputenv("https_proxy", "two:2");
@@ -37,7 +37,7 @@ TEST_F(ProxiesTest, EachSchemeHasItsOwn)
     EXPECT_EQ(proxyFor("https://example.com/"), "two:2");
 }
 
-TEST_F(ProxiesTest, OneMayServeAllSchemes)
+TEST_F(ProxiesTest, OneProxyMayServeAllSchemes)
 {
     for (const char *name : {"all_proxy", "ALL_PROXY"}) {
         qputenv(name, "three:3");
@@ -47,7 +47,7 @@ TEST_F(ProxiesTest, OneMayServeAllSchemes)
     }
 }
 
-TEST_F(ProxiesTest, CapitalsCountButForHttp)
+TEST_F(ProxiesTest, UpperCaseVariablesAreReadExceptForHttp)
 {
     qputenv("HTTP_PROXY", "one:1");
     qputenv("HTTPS_PROXY", "two:2");
@@ -57,7 +57,7 @@ TEST_F(ProxiesTest, CapitalsCountButForHttp)
     EXPECT_EQ(proxyFor("https://example.com/"), "small:2");
 }
 
-TEST_F(ProxiesTest, NoneServesThisComputersOwnAddresses)
+TEST_F(ProxiesTest, AddressesOfThisComputerHaveNoProxy)
 {
     qputenv("all_proxy", "proxy:1");
     qputenv("no_proxy", "example.org");
@@ -69,7 +69,7 @@ TEST_F(ProxiesTest, NoneServesThisComputersOwnAddresses)
         EXPECT_EQ(proxyFor(QByteArray("http://") + host + "/"), "proxy:1") << host;
 }
 
-TEST_F(ProxiesTest, NoneServesTheExceptions)
+TEST_F(ProxiesTest, ExceptionsHaveNoProxy)
 {
     qputenv("all_proxy", "proxy:1");
     for (const char *name : {"no_proxy", "NO_PROXY"}) {
@@ -87,7 +87,7 @@ struct Exception
     bool isExcepted;
 };
 
-TEST(ProxyExceptionTest, IsANameTheEndOfOneAnAddressOrABlock)
+TEST(ProxyExceptionTest, IsANameADomainSuffixAnAddressOrABlock)
 {
     for (const Exception &example : {
              Exception{"*", "example.org", true},

@@ -6,7 +6,7 @@
 
 namespace ostrel::test {
 
-/// Takes every variable away that names a proxy, and gives it back at its end.
+/// Unsets every variable that names a proxy, and restores them when it is destroyed.
 class ProxyEnvironment
 {
 public:

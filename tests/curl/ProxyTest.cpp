@@ -22,7 +22,8 @@ using testing::Each;
 using testing::IsEmpty;
 using testing::Not;
 
-/// A proxy that speaks TLS, whose authority is trusted, and whose certificate nobody asks about.
+/// A proxy that speaks TLS. Its authority is trusted, and its certificate's date must not be
+/// reported.
 class TlsProxyTest : public testing::Test
 {
 protected:
@@ -37,7 +38,7 @@ protected:
         return m_listener->dates;
     }
 
-    /// Has all requests served by what listens on @p port, over TLS.
+    /// Sends all requests, over TLS, to the server that listens on @p port.
     void useProxy(quint16 port)
     {
         m_terminator = std::make_unique<HostileServer>(terminateTls(m_proxyLeaf, port),
@@ -57,7 +58,7 @@ private:
     std::unique_ptr<HostileServer> m_terminator;
 };
 
-TEST_F(TlsProxyTest, APlainSiteBehindItHasNoDate)
+TEST_F(TlsProxyTest, APlainHttpSiteBehindItReportsNoDate)
 {
     const HostileServer proxy(answerWith("from the proxy"));
     useProxy(proxy.port());
@@ -78,7 +79,7 @@ TEST_F(TlsProxyTest, ASiteBehindItReportsItsOwnDate)
     EXPECT_THAT(dates(), Each(leaf.notAfter));
 }
 
-TEST_F(TlsProxyTest, ItsDateIsNoSitesWhereItRefusesTheTunnel)
+TEST_F(TlsProxyTest, ItsOwnDateIsNotReportedIfItRefusesTheTunnel)
 {
     const HostileServer proxy(tunnelInto({}));
     useProxy(proxy.port());
@@ -87,7 +88,7 @@ TEST_F(TlsProxyTest, ItsDateIsNoSitesWhereItRefusesTheTunnel)
     EXPECT_THAT(dates(), IsEmpty());
 }
 
-TEST_F(TlsProxyTest, ItsCertificateHasToBeTrusted)
+TEST_F(TlsProxyTest, ItsCertificateMustBeTrusted)
 {
     const HostileServer proxy(answerWith("from the proxy"));
     m_proxyLeaf = m_certificates.selfSigned();
@@ -116,7 +117,7 @@ private:
     ProxyEnvironment m_environment; ///< Empty at first.
 };
 
-TEST_F(ProxyTest, ServesNoAddressOfThisComputer)
+TEST_F(ProxyTest, IsNotUsedForAddressesOfThisComputer)
 {
     const HostileServer proxy(answerWith("from the proxy"));
     const HostileServer server(answerWith("from the site"));
@@ -129,7 +130,7 @@ TEST_F(ProxyTest, ServesNoAddressOfThisComputer)
     EXPECT_EQ(fetch("http://shop.example/").body, "from the proxy");
 }
 
-TEST_F(ProxyTest, ServesNoException)
+TEST_F(ProxyTest, IsNotUsedForExceptions)
 {
     const HostileServer proxy(answerWith("from the proxy"));
     qputenv("http_proxy", proxy.url());
@@ -138,7 +139,7 @@ TEST_F(ProxyTest, ServesNoException)
     EXPECT_EQ(fetch("http://before.invalid/").body, "from the proxy");
 }
 
-TEST_F(ProxyTest, IsAskedForEachHop)
+TEST_F(ProxyTest, IsChosenForEachHop)
 {
     const HostileServer proxy(redirectTo("http://127.0.0.1:1/"));
     qputenv("http_proxy", proxy.url());
@@ -148,13 +149,13 @@ TEST_F(ProxyTest, IsAskedForEachHop)
     EXPECT_EQ(proxy.requests().size(), 1);
 }
 
-TEST_F(ProxyTest, ThatCantBeResolvedIsNamed)
+TEST_F(ProxyTest, ThatCantBeResolvedIsNamedInTheError)
 {
     qputenv("http_proxy", "http://proxy.invalid:3128");
     EXPECT_EQ(fetch("http://shop.example/").error, u"Could not resolve proxy: proxy.invalid"_s);
 }
 
-TEST_F(ProxyTest, ThatIsNoneIsAnError)
+TEST_F(ProxyTest, WithAnInvalidAddressIsAnError)
 {
     qputenv("http_proxy", "http://[broken");
     const HttpResult result = fetch("http://shop.example/");

@@ -13,7 +13,7 @@ namespace ostrel::test {
 
 namespace {
 
-/// As if 127.0.0.2 belonged to the internet; it is this computer all the same.
+/// Treats 127.0.0.2 as a public address, though it is this computer.
 bool isSecondLoopback(const sockaddr &address)
 {
     sockaddr_in address4{};
@@ -44,8 +44,8 @@ protected:
         return fetch(request);
     }
 
-    /// "/to-public" and "/to-private" redirect to each, "/both" to the one and then to the other;
-    /// all else is answered.
+    /// "/to-public" and "/to-private" redirect to the respective server, "/both" to the public and
+    /// then to the private one; any other path is answered.
     const HostileServer::Behaviour m_behaviour = [this](HostileConnection &connection,
                                                         const SeenRequest &request) {
         if (request.target == "/to-public")
@@ -73,7 +73,7 @@ struct Way
     bool isPublic;
 };
 
-TEST_F(ReachTest, BoundsEveryHopOfTheWay)
+TEST_F(ReachTest, LimitsEveryHop)
 {
     for (const Way &way : {
              Way{publicUrl("/"), Reach::everywhere, true, true},
@@ -105,7 +105,7 @@ TEST_F(ReachTest, ARefusedAddressIsNeverConnectedTo)
     EXPECT_EQ(m_private.connectionCount(), 0);
 }
 
-TEST_F(ReachTest, ANameCountsAsTheAddressThatItMeans)
+TEST_F(ReachTest, ANameIsJudgedByTheAddressThatItResolvesTo)
 {
     const QByteArray url = "http://localhost:" + QByteArray::number(m_private.port()) + "/";
     EXPECT_FALSE(fetchWithin(Reach::publicOnly, url).hasResponse);
@@ -113,7 +113,7 @@ TEST_F(ReachTest, ANameCountsAsTheAddressThatItMeans)
     EXPECT_EQ(m_private.connectionCount(), 1);
 }
 
-TEST_F(ReachTest, BehindAProxyTheHostItselfTells)
+TEST_F(ReachTest, BehindAProxyTheHostsOwnTextDecides)
 {
     const HostileServer proxy(answerWith("from the proxy"));
     qputenv("http_proxy", proxy.url());

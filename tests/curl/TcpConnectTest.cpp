@@ -55,17 +55,17 @@ TEST_F(TcpConnectTest, ATimeoutEndsTheAttempt)
     const TcpResult result = connect(u"127.0.0.1"_s, target.port(), 300ms);
     EXPECT_FALSE(result.isConnected);
     EXPECT_GE(result.elapsed, 300ms);
-    EXPECT_LE(result.elapsed, 800ms); // The time-out is what is tested.
+    EXPECT_LE(result.elapsed, 800ms); // The time-out is under test.
 }
 
-TEST_F(TcpConnectTest, ATimeoutOfNothingOrLessIsTheShortest)
+TEST_F(TcpConnectTest, ATimeoutOfZeroOrLessIsTheShortest)
 {
     const BlackholePort target;
     for (const auto timeout : {0ms, -1ms}) {
         const TcpResult result = connect(u"127.0.0.1"_s, target.port(), timeout);
         EXPECT_FALSE(result.isConnected);
         EXPECT_GE(result.elapsed, 1ms);
-        EXPECT_LE(result.elapsed, 500ms); // The shortest time-out is what is tested.
+        EXPECT_LE(result.elapsed, 500ms); // The shortest time-out is under test.
     }
 }
 
@@ -86,14 +86,14 @@ TEST_F(TcpConnectTest, ConnectsToIpv6)
 
 TEST_F(TcpConnectTest, TriesBothFamiliesOfAName)
 {
-    // Of the addresses that the name has, only the one of this family listens.
+    // Of the name's addresses, only the one of this family has a listener.
     const LoopbackListener listener(LoopbackFamily::Ipv6);
     if (!listener.isListening())
         GTEST_SKIP() << "no IPv6 loopback address";
     EXPECT_TRUE(connect(u"localhost"_s, listener.port()).isConnected);
 }
 
-TEST_F(TcpConnectTest, WhatIsNoHostIsNotConnectedAtOnce)
+TEST_F(TcpConnectTest, AnInvalidHostFailsAtOnce)
 {
     const LoopbackListener listener;
     for (const QString &host :
@@ -109,7 +109,7 @@ TEST_F(TcpConnectTest, WhatIsNoHostIsNotConnectedAtOnce)
 
 TEST_F(TcpConnectTest, AnInternationalNameIsLookedUpInItsAsciiForm)
 {
-    // Letters of full width are the plain ones to a resolver.
+    // A resolver reads full-width letters as the plain ones.
     const LoopbackListener listener;
     EXPECT_TRUE(connect(u"ｌｏｃａｌｈｏｓｔ"_s, listener.port()).isConnected);
 }

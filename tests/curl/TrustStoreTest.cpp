@@ -23,7 +23,7 @@ protected:
     }
 };
 
-TEST_F(TrustStoreTest, SystemsIsEitherADirectoryOrAFile)
+TEST_F(TrustStoreTest, TheSystemsStoreIsEitherADirectoryOrAFile)
 {
     const TrustStore store = TrustStore::system();
     EXPECT_NE(store.directory.isEmpty(), store.file.isEmpty());

@@ -36,7 +36,7 @@ QByteArray contentOf(const QByteArray &path)
     return file.readAll();
 }
 
-/// Files for certificates in a fresh folder.
+/// Paths for certificate files in a fresh folder.
 class TrustedCertificatesTest : public testing::Test
 {
 protected:
@@ -58,7 +58,7 @@ protected:
     const QByteArray m_othersPem = contentOf(m_other.authorityFile());
 };
 
-TEST_F(TrustedCertificatesTest, AreParsedOnceForEachStateOfTheFile)
+TEST_F(TrustedCertificatesTest, AreParsedOncePerStateOfTheFile)
 {
     write(m_bundle, m_onesPem);
     TrustedCertificates certificates({.directory = {}, .file = m_bundle});
@@ -96,7 +96,7 @@ TEST_F(TrustedCertificatesTest, ABundleThatComesBackIsRead)
     EXPECT_EQ(countIn(certificates.current()), 0);
 }
 
-TEST_F(TrustedCertificatesTest, WhatIsNoBundleHoldsNone)
+TEST_F(TrustedCertificatesTest, AFileThatIsNoBundleHoldsNoCertificates)
 {
     for (const QByteArray &content :
          {QByteArray(), QByteArray("nonsense"), m_onesPem.first(m_onesPem.size() / 2)}) {
@@ -107,7 +107,7 @@ TEST_F(TrustedCertificatesTest, WhatIsNoBundleHoldsNone)
     EXPECT_EQ(countIn(TrustedCertificates({}).current()), 0);
 }
 
-TEST_F(TrustedCertificatesTest, APipeKeepsNobodyWaiting)
+TEST_F(TrustedCertificatesTest, APipeDoesNotBlock)
 {
     ASSERT_EQ(mkfifo(m_bundle.constData(), 0600), 0);
     EXPECT_EQ(countIn(TrustedCertificates({.directory = {}, .file = m_bundle}).current()), 0);
@@ -167,7 +167,7 @@ TEST_F(TrustedFetchTest, ARenewedBundleIsNoticedAtTheNextRequest)
     EXPECT_FALSE(network.fetch(request()).result().hasResponse);
 }
 
-TEST_F(TrustedFetchTest, AFileAndADirectoryBothCount)
+TEST_F(TrustedFetchTest, AFileAndADirectoryAreBothUsed)
 {
     const QByteArray others = m_other.authorityFile();
     EXPECT_TRUE(fetch({.directory = m_site.authorityDirectory(), .file = others}).hasResponse);
@@ -176,7 +176,7 @@ TEST_F(TrustedFetchTest, AFileAndADirectoryBothCount)
     EXPECT_FALSE(fetch({.directory = m_other.authorityDirectory(), .file = others}).hasResponse);
 }
 
-TEST_F(TrustedFetchTest, WithoutCertificatesNothingIsTrustedAndTheDateIsKnown)
+TEST_F(TrustedFetchTest, WithoutCertificatesNothingIsTrustedButTheDateIsReported)
 {
     write(m_bundle, {});
     for (const TrustStore &trustStore :
@@ -191,9 +191,9 @@ TEST_F(TrustedFetchTest, WithoutCertificatesNothingIsTrustedAndTheDateIsKnown)
     }
 }
 
-TEST_F(TrustedFetchTest, ParsingIsNoTimeOfTheSites)
+TEST_F(TrustedFetchTest, ParsingIsNotCountedInTheElapsedTime)
 {
-    // So many that parsing them takes many times what a fetch does.
+    // So many that parsing them takes many times longer than a fetch.
     write(m_bundle, contentOf(m_site.authorityFile()) + m_othersPem.repeated(3000));
     const auto begin = std::chrono::steady_clock::now();
     const HttpResult result = fetch({.directory = {}, .file = m_bundle});
@@ -202,7 +202,7 @@ TEST_F(TrustedFetchTest, ParsingIsNoTimeOfTheSites)
     EXPECT_LT(result.elapsed, whole / 4);
 }
 
-TEST_F(TrustedFetchTest, ARedirectToTlsWaitsForTheCertificatesOutsideItsTime)
+TEST_F(TrustedFetchTest, ARedirectToTlsDoesNotCountTheWaitForTheCertificates)
 {
     write(m_bundle, contentOf(m_site.authorityFile()) + m_othersPem.repeated(3000));
     const NginxServer plain(

@@ -19,11 +19,11 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Roles under which a screen reader finds nothing to say or to do.
+/// Roles that give a screen reader nothing to say or to do.
 constexpr AccessibleRole emptyRoles[] = {AccessibleRole::invalid, AccessibleRole::filler,
                                          AccessibleRole::unknown};
 
-/// What has to be offered, once, for a role.
+/// The actions that an item of @p role must offer, each once.
 QStringList actionsOf(AccessibleRole role)
 {
     switch (role) {
@@ -54,7 +54,7 @@ void expectUsable(const AccessibleItem &item)
     EXPECT_FALSE(item.extents.isEmpty()) << told;
 }
 
-/// "role 'name'" of everything, and that it can be used.
+/// "role 'name'" of every item; also expects each to be usable.
 QStringList spoken(const QList<AccessibleItem> &items)
 {
     QStringList lines;
@@ -121,7 +121,7 @@ protected:
             file.write(QByteArray::fromStdString(json + "]]"));
     }
 
-    /// With a monitor in every state; nothing that is shown changes any more but the clock.
+    /// Starts with a monitor in every state; nothing shown changes any more but the clock.
     void startWatching()
     {
         desktop.program.writeMonitors(monitors);
@@ -138,7 +138,7 @@ protected:
         return waitFor([&] { return spoken(desktop.items()).indexOf(whole) >= 0; });
     }
 
-    /// Waits until what is said is @p patterns, line by line.
+    /// Waits until the spoken lines match @p patterns, one by one.
     void expectSpoken(const QStringList &patterns)
     {
         QStringList lines;
@@ -175,7 +175,7 @@ protected:
         return focused ? focused->name : QString();
     }
 
-    /// What is said of the sheet that is open.
+    /// The spoken lines of the open sheet.
     [[nodiscard]] QStringList sheet()
     {
         const QStringList lines = spoken(desktop.items());
@@ -210,7 +210,7 @@ protected:
 
 } // namespace
 
-TEST_F(AccessibleTreeTest, TheEmptyDashboardInvites)
+TEST_F(AccessibleTreeTest, TheEmptyDashboardShowsTheInvitation)
 {
     ASSERT_TRUE(desktop.start());
     expectSpoken(sidebar({}) + QStringList{u"label 'Start Monitoring'"_s,
@@ -219,7 +219,7 @@ TEST_F(AccessibleTreeTest, TheEmptyDashboardInvites)
     EXPECT_EQ(desktop.program.stop(), 0);
 }
 
-TEST_F(AccessibleTreeTest, TheDashboardTellsEveryMonitorAndThePagesAllThatTheyShow)
+TEST_F(AccessibleTreeTest, TheDashboardNamesEveryMonitorAndThePagesNameAllThatTheyShow)
 {
     ASSERT_NO_FATAL_FAILURE(startWatching());
     const QStringList rows = sidebar(fourRows());
@@ -243,7 +243,7 @@ TEST_F(AccessibleTreeTest, TheDashboardTellsEveryMonitorAndThePagesAllThatTheySh
                              "highest 245 ms, average \\d+ ms'"_s,
                              u"heading 'Recent Checks'"_s, u"label '4 in 24h'"_s});
 
-    // The newest checks stand below the window's edge.
+    // The newest checks are below the window's edge.
     ASSERT_TRUE(desktop.user.press("Next"));
     const QString clock = u"\\d\\d:\\d\\d"_s;
     EXPECT_TRUE(waitForLine(u"list 'Recent Checks'"_s));
@@ -273,7 +273,7 @@ TEST_F(AccessibleTreeTest, TheDashboardTellsEveryMonitorAndThePagesAllThatTheySh
     EXPECT_EQ(desktop.program.stop(), 0);
 }
 
-TEST_F(AccessibleTreeTest, ARowSaysWhereItIsAndWhetherItIsMeant)
+TEST_F(AccessibleTreeTest, ARowReportsItsSelectionAndCanBeFocusedAndPressed)
 {
     ASSERT_NO_FATAL_FAILURE(startWatching());
     ASSERT_TRUE(desktop.user.press("Down"));
@@ -283,7 +283,8 @@ TEST_F(AccessibleTreeTest, ARowSaysWhereItIsAndWhetherItIsMeant)
     EXPECT_TRUE(shop.has(AccessibleState::selected));
     EXPECT_EQ(shop.description, QString::fromLatin1(server.url()).section(u'/', 2, 2));
 
-    // Given the keyboard by a tool, a row shows its page, and the arrows go on from there.
+    // If a tool gives a row the focus, the row shows its page, and the arrow keys continue from
+    // there.
     const auto quiet = item(AccessibleRole::listItem, u"Quiet, pending, 24-hour uptime 100%"_s);
     ASSERT_TRUE(quiet && quiet->node.act(u"SetFocus"_s));
     EXPECT_TRUE(waitForLine(u"heading 'Quiet'"_s));
@@ -303,7 +304,7 @@ TEST_F(AccessibleTreeTest, ARowSaysWhereItIsAndWhetherItIsMeant)
     EXPECT_EQ(desktop.program.stop(), 0);
 }
 
-TEST_F(AccessibleTreeTest, WhereTheKeyboardGoesIsTold)
+TEST_F(AccessibleTreeTest, FocusChangesAreAnnounced)
 {
     ASSERT_NO_FATAL_FAILURE(startWatching());
     FocusListener listener(desktop.accessibility.connection());
@@ -336,7 +337,7 @@ TEST_F(AccessibleTreeTest, WhereTheKeyboardGoesIsTold)
     EXPECT_EQ(desktop.program.stop(), 0);
 }
 
-TEST_F(AccessibleTreeTest, TheSheetIsOneDialogAndCanBeFilledWithItsActions)
+TEST_F(AccessibleTreeTest, TheSheetIsOneDialogAndCanBeFilledThroughItsActions)
 {
     ASSERT_TRUE(desktop.start());
     ASSERT_TRUE(press(AccessibleRole::pushButton, u"Add Monitor"_s));
@@ -394,7 +395,7 @@ TEST_F(AccessibleTreeTest, TheSheetIsOneDialogAndCanBeFilledWithItsActions)
     EXPECT_EQ(desktop.program.stop(), 0);
 }
 
-TEST_F(AccessibleTreeTest, TheEditSheetAndTheRowMenuSayWhatTheyAreAbout)
+TEST_F(AccessibleTreeTest, TheEditSheetAndTheRowMenuNameTheirMonitor)
 {
     ASSERT_NO_FATAL_FAILURE(startWatching());
     ASSERT_TRUE(desktop.user.press({u"Down"_s, u"ctrl+e"_s}));

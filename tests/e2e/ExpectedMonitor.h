@@ -11,7 +11,7 @@
 
 namespace ostrel::test {
 
-/// A monitor, and what the rules say of every check of it.
+/// A monitor, and the expected outcome of every check of it.
 struct ExpectedMonitor
 {
     Monitor monitor;
@@ -20,7 +20,8 @@ struct ExpectedMonitor
     const char *errorPattern = nullptr; ///< A regular expression for the whole text.
     std::optional<bool> keywordFound = {};
     std::optional<std::chrono::sys_seconds> sslExpiresAt = {};
-    /// What is shown of it in the end, each as "title|body|urgency": a regular expression.
+    /// The notifications shown for it in the end, each as "title|body|urgency": a regular
+    /// expression.
     QStringList notifications = {};
 
     /// What is wrong with @p check, or nothing.

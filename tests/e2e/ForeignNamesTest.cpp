@@ -18,7 +18,7 @@ namespace ostrel::test {
 
 namespace {
 
-/// The texts that a file can hold.
+/// The foreign texts that a file can hold.
 QList<ForeignText> storableTexts()
 {
     QList<ForeignText> texts = foreignTexts();
@@ -26,8 +26,7 @@ QList<ForeignText> storableTexts()
     return texts;
 }
 
-/// The program with monitors that are called what the foreign texts say, and that failed for the
-/// reasons that they say.
+/// The program with monitors that have the foreign texts as their names and failure reasons.
 class ForeignNamesTest : public testing::Test
 {
 protected:
@@ -48,7 +47,7 @@ protected:
             file.write(QByteArray::fromStdString(histories + ']'));
     }
 
-    /// Waits until a screen reader is told of such a thing whose name ends with @p ending.
+    /// Waits until a screen reader finds an item of @p role whose name ends with @p ending.
     [[nodiscard]] bool waitForEnding(AccessibleRole role, const QString &ending)
     {
         return waitFor([&] {
@@ -58,7 +57,7 @@ protected:
         });
     }
 
-    /// Of everything that a screen reader is told of the window at the moment.
+    /// Expects everything that a screen reader now finds in the window to be fit for people.
     void expectFit(const std::string &where)
     {
         for (const AccessibleItem &item : desktop.items()) {
@@ -86,7 +85,7 @@ private:
 
 } // namespace
 
-TEST_F(ForeignNamesTest, EveryPageOfTheWindowIsFitForPeopleAndComesAtOnce)
+TEST_F(ForeignNamesTest, EveryPageIsFitForPeopleAndAppearsAtOnce)
 {
     ASSERT_TRUE(desktop.start());
     expectFit("the dashboard");

@@ -18,7 +18,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Four programs side by side, so that all two hundred kills take no longer than a coffee.
+// Four programs side by side, so that all two hundred kills take no longer than a coffee break.
 constexpr int killsPerTest = 50;
 constexpr int monitorCount = 8;
 

@@ -45,7 +45,7 @@ protected:
 
 } // namespace
 
-TEST_F(LifeCycleTest, ClosingTheWindowGoesOnWatchingAndASecondStartShowsItAgain)
+TEST_F(LifeCycleTest, WatchesAfterItsWindowIsClosedAndASecondStartShowsItAgain)
 {
     ASSERT_TRUE(windows.isReady());
     program.writeMonitors({monitor});
@@ -63,7 +63,7 @@ TEST_F(LifeCycleTest, ClosingTheWindowGoesOnWatchingAndASecondStartShowsItAgain)
     EXPECT_EQ(program.stop(), 0);
 }
 
-TEST_F(LifeCycleTest, WatchesAlsoWhereItsWindowIsMinimisedFromTheStart)
+TEST_F(LifeCycleTest, WatchesEvenIfItsWindowStartsMinimised)
 {
     const VirtualDisplay other;
     WindowManager minimising(other, WindowManager::NewWindows::minimised);

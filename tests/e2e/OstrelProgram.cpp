@@ -74,7 +74,7 @@ void OstrelProgram::showOn(const VirtualDisplay &display)
 
 void OstrelProgram::writeMonitors(const QList<Monitor> &monitors) const
 {
-    // So that nobody is asked for their icons.
+    // So that no icons are looked up for them.
     QImage icon(16, 16, QImage::Format_RGB32);
     icon.fill(Qt::blue);
     const IconFolder icons(dataDir() + u"/favicons"_s);
@@ -155,7 +155,7 @@ QByteArray OstrelProgram::file(const QString &name) const
 
 QByteArray OstrelProgram::preference(const QByteArray &key) const
 {
-    // Not through QSettings, which holds on to what it read.
+    // Not through QSettings, which caches what it has read.
     QFile file(homeFile(u"config/Ostrel/Ostrel.conf"_s));
     if (!file.open(QIODevice::ReadOnly))
         return {};

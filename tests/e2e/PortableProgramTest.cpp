@@ -15,7 +15,7 @@ namespace ostrel::test {
 
 namespace {
 
-/// The program on the ports' portable implementation.
+/// The program with the portable implementation of the ports.
 class PortableProgramTest : public testing::Test
 {
 protected:
@@ -63,7 +63,7 @@ TEST_F(PortableProgramTest, WatchesHandsOverAndEnds)
     EXPECT_EQ(program.run({}).exitCode, 0);
     ASSERT_TRUE(showsWindow()) << "another start shows the window of the first";
 
-    // Until the window has the keyboard.
+    // Repeated until the window has the keyboard focus.
     ASSERT_TRUE(waitFor([this] { return user.press("ctrl+q") && !program.isRunning(); }));
     EXPECT_EQ(program.waitForEnd(), 0);
 }

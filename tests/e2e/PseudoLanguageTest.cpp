@@ -16,7 +16,7 @@ namespace ostrel::test {
 
 namespace {
 
-/// What of @p told has not gone through a translator.
+/// The part of @p told that has not gone through a translator.
 QString untranslated(QString told)
 {
     static const QRegularExpression innermost(u"⟦[^⟦⟧]*⟧"_s);
@@ -25,7 +25,7 @@ QString untranslated(QString told)
     return told;
 }
 
-/// Names of things, units and what the user has typed stand as they are in every language.
+/// Names of things, units and the user's own input are the same in every language.
 bool isSameInEveryLanguage(const QString &told)
 {
     static const QRegularExpression same(QRegularExpression::anchoredPattern(

@@ -11,7 +11,7 @@ namespace ostrel::test {
 
 namespace {
 
-/// The words of an X window dump's header that tell where its pixels are.
+/// The words of an X window dump's header that say where its pixels are.
 enum HeaderWord { headerSize = 0, width = 4, height = 5, bytesPerLine = 12, colorCount = 19 };
 constexpr qsizetype headerWords = 25;
 constexpr qsizetype colorSize = 12;

@@ -10,17 +10,17 @@
 
 namespace ostrel::test {
 
-/// What a user sees of a virtual display, and the mouse and the keyboard before it.
+/// What a user sees of a virtual display, with its mouse and keyboard.
 class Screen
 {
 public:
     /// @p display outlives it.
     explicit Screen(const VirtualDisplay &display);
 
-    /// What it shows at the moment; null where it can't be read.
+    /// What it shows now; null if it can't be read.
     [[nodiscard]] QImage picture() const;
-    /// The middle of what is within two steps of @p color in the topmost @p height rows; nothing
-    /// where fewer than @p enough pixels are.
+    /// The middle of the pixels within two steps of @p color in the topmost @p height rows; nothing
+    /// if they are fewer than @p enough.
     [[nodiscard]] std::optional<QPoint> find(const QColor &color, int height, int enough) const;
 
     enum class Button { left = 1, right = 3 };

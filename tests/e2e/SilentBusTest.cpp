@@ -18,10 +18,10 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Half of what the bus library waits for an answer: its time-out is what must not be met.
+/// Half of the bus library's time-out, which must not be reached.
 constexpr qint64 farTooLong = 12'000;
 
-/// The program on buses that take all that is said to them and answer nothing.
+/// The program on buses that take every message and answer none.
 class SilentBusTest : public testing::Test
 {
 protected:
@@ -64,7 +64,7 @@ TEST_F(SilentBusTest, DelaysNeitherTheWindowNorTheChecksNorTheEnd)
     EXPECT_LT(time.elapsed(), farTooLong);
 }
 
-TEST_F(SilentBusTest, DelaysNothingWhereOneOfThemAnswers)
+TEST_F(SilentBusTest, DelaysNothingIfOneOfThemAnswers)
 {
     for (PrivateBus *silent : {&sessionBus, &systemBus}) {
         silent->freeze();

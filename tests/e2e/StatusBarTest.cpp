@@ -50,7 +50,7 @@ protected:
         return isAsExpected;
     }
     [[nodiscard]] bool hasWindow() { return windows.hasWindow(u"Ostrel"_s); }
-    /// Closes the window as its button does, and waits until it has gone.
+    /// Closes the window as its button does, and waits until it is gone.
     [[nodiscard]] bool closeWindow()
     {
         return waitFor([this] { return hasWindow(); }) && windows.closeWindow(u"Ostrel"_s) &&
@@ -59,7 +59,7 @@ protected:
 
     using Histories = QHash<QUuid, std::vector<Check>>;
 
-    /// The colour of the bird's body in its largest picture.
+    /// The colour of the bird's body in its largest pixmap.
     [[nodiscard]] QColor birdColor()
     {
         const auto pixmaps = host->itemPixmaps();

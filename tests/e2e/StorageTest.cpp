@@ -15,7 +15,7 @@
 
 using namespace Qt::StringLiterals;
 
-// What becomes of the program when its data folder fails it.
+// What the program does if its data folder fails it.
 
 namespace ostrel::test {
 
@@ -81,7 +81,7 @@ TEST_F(StorageTest, ADeletedFolderComesBackWithBothFiles)
     EXPECT_EQ(program.complaints(), QByteArray());
 }
 
-TEST_F(StorageTest, AFullDiskIsToldOfAndWhatItKeptOutComesOnceThereIsRoom)
+TEST_F(StorageTest, AFullDiskIsReportedAndTheRestIsSavedOnceThereIsRoom)
 {
     const QByteArray folder = QFile::encodeName(program.dataDir());
     if (::mount("tmpfs", folder.constData(), "tmpfs", 0, "size=512k,mode=0700") != 0)
@@ -127,7 +127,7 @@ TEST_F(StorageTest, StatusOfMonitorsThatCannotBeReadFails)
     EXPECT_EQ(none.output, QByteArray("No monitors\n"));
 }
 
-TEST_F(StorageTest, WhatWasMadeByHandIsItsUsersAloneOnceItRuns)
+TEST_F(StorageTest, FilesMadeByHandBecomePrivateOnceItRuns)
 {
     program.writeMonitors({monitor});
     program.setArguments({u"--data-dir"_s, program.dataDir()});
@@ -145,7 +145,7 @@ TEST_F(StorageTest, WhatWasMadeByHandIsItsUsersAloneOnceItRuns)
     EXPECT_EQ(program.complaints(), QByteArray());
 }
 
-TEST_F(StorageTest, WhyAFolderStaysOpenToOthersIsSaid)
+TEST_F(StorageTest, TheReasonWhyAFolderStaysOpenToOthersIsPrinted)
 {
     ASSERT_TRUE(setMode(program.dataDir(), 01777));
     ASSERT_TRUE(program.start());

@@ -55,7 +55,7 @@ QStringList describe(const QList<ShownNotification> &notifications)
     return lines;
 }
 
-/// Takes the one line that @p pattern matches wholly out of @p lines; false where there is none.
+/// Removes the one line that @p pattern matches wholly from @p lines; false if there is none.
 bool takeMatch(QStringList &lines, const QString &pattern)
 {
     const QRegularExpression whole(QRegularExpression::anchoredPattern(pattern));
@@ -310,8 +310,8 @@ TEST_F(WatchTest, ThirtyMonitorsOfEveryKindAreWatchedAsTheRulesSay)
         EXPECT_TRUE(takeMatch(shown, pattern)) << qPrintable(pattern);
     EXPECT_EQ(shown.join(QLatin1Char('\n')).toStdString(), "") << "shown against the rules";
 
-    // Every recorded check of a page of its own was one request, and no request went unrecorded
-    // but one that was under way at the end.
+    // Each recorded check of these pages was one request, and every request was recorded, except
+    // one that may have been under way at the end.
     for (const auto &[name, line] :
          {std::pair(u"Head"_s, u" HEAD /head 200 "_s), std::pair(u"Post"_s, u" POST /post 200 "_s),
           std::pair(u"Missing"_s, u" GET /404 404 "_s),
@@ -328,7 +328,7 @@ TEST_F(WatchTest, ThirtyMonitorsOfEveryKindAreWatchedAsTheRulesSay)
               requests.size());
 }
 
-TEST_F(WatchTest, AnOutageIsToldOnceAndSoIsItsEnd)
+TEST_F(WatchTest, AnOutageAndItsEndNotifyOnceEach)
 {
     add({.monitor = webMonitor(u"Outage"_s, outage.url())});
     add({.monitor = webMonitor(u"Flaky"_s, shortLived.url())});
@@ -364,7 +364,7 @@ TEST_F(WatchTest, AWakeChecksEverythingOnceMoreAtOnce)
     EXPECT_FALSE(program.readChecks()->contains(paused.id));
 }
 
-TEST_F(WatchTest, ACheckUnderWayAtASleepIsDroppedForTheWakesOne)
+TEST_F(WatchTest, ACheckUnderWayAtASleepIsReplacedByOneAtTheWake)
 {
     Monitor hanging = webMonitor(u"Hanging"_s, silent.url());
     hanging.interval = Seconds(3600);
@@ -389,7 +389,7 @@ TEST_F(WatchTest, ChecksOfOtherComputersWaitForTheNetwork)
 {
     FakeNetworkManager networkManager(systemBus, FakeNetworkManager::disconnected);
     ASSERT_TRUE(networkManager.isRunning());
-    // A host that isn't this computer by its text, and is reached all the same.
+    // By its text, this host isn't this computer, but it is reached all the same.
     program.setEnvironment(u"http_proxy"_s, QString::fromLatin1(nginx.url(0, "/")));
     const Monitor local = webMonitor(u"Local"_s, nginx.url(0, "/local"));
     const Monitor other = webMonitor(u"Other"_s, "http://other.test/");
@@ -399,7 +399,7 @@ TEST_F(WatchTest, ChecksOfOtherComputersWaitForTheNetwork)
         return program.readChecks().value_or(QHash<QUuid, std::vector<Check>>())[monitor.id].size();
     };
     ASSERT_TRUE(waitFor([&] { return networkManager.questions() > 0 && count(local) >= 2; }));
-    // The first check may have gone out before the answer was there.
+    // The first check may have been sent before the answer was there.
     const auto before = count(other);
     EXPECT_TRUE(waitFor([&, before = count(local)] { return count(local) >= before + 3; }));
     EXPECT_EQ(count(other), before);
@@ -411,7 +411,7 @@ TEST_F(WatchTest, ChecksOfOtherComputersWaitForTheNetwork)
         EXPECT_TRUE(check.isUp) << qPrintable(check.error.value_or(QString()));
 }
 
-TEST_F(WatchTest, ADaemonThatComesLateOrRestartsGetsWhatIsNew)
+TEST_F(WatchTest, ADaemonThatComesLateOrRestartsGetsNewNotifications)
 {
     add({.monitor = webMonitor(u"Missing"_s, nginx.url(0, "/404"))});
     program.writeMonitors(records());

@@ -20,7 +20,7 @@ namespace ostrel::test {
 
 namespace {
 
-/// A shop's page with a title and an icon of its own, and something that listens besides.
+/// A shop's page with its own title and icon, and a second server that only listens.
 QList<NginxSite> shopAndDatabase(const TestLeaf &leaf)
 {
     return {{.leaf = leaf,
@@ -57,7 +57,7 @@ protected:
         const QRegularExpression whole(QRegularExpression::anchoredPattern(pattern));
         std::optional<AccessibleItem> found;
         (void)waitFor([&] {
-            // What lies on top was made last.
+            // What is on top was created last.
             for (const AccessibleItem &item : desktop.items()) {
                 if (item.role == role && whole.match(item.name).hasMatch())
                     found = item;
@@ -88,7 +88,8 @@ protected:
         return desktop.waitUntilGone(role, name);
     }
 
-    /// Whether the file comes to hold monitors of which @p condition is true.
+    /// Waits until the file holds monitors for which @p condition is true; false if that never
+    /// happens.
     template<typename Condition>
     [[nodiscard]] bool keeps(Condition condition)
     {
@@ -151,7 +152,7 @@ void WindowJourneyTest::addTheShopFromTheClipboard()
         return QDir(desktop.program.dataDir() + u"/favicons"_s).entryList(QDir::Files).size() == 1;
     }));
     EXPECT_EQ(servers.accessLog().filter(u"GET /icon.png 200"_s).size(), 1);
-    // Nobody else was asked.
+    // No other host was requested.
     const auto requests = proxy.requests();
     EXPECT_TRUE(std::ranges::all_of(requests, [](const SeenRequest &request) {
         return request.target == "elsewhere.example:443";
@@ -232,7 +233,7 @@ void WindowJourneyTest::useTheDatabasesMenu()
     EXPECT_TRUE(sees(AccessibleRole::listItem, database + u", paused, .*"_s));
     EXPECT_TRUE(keeps(isPaused));
 
-    // From the keyboard, which the menu has given back to the list.
+    // With the keyboard, whose focus the menu has given back to the list.
     ASSERT_TRUE(isGone(AccessibleRole::menuItem, u"Pause"_s));
     ASSERT_TRUE(desktop.user.press("shift+F10"));
     ASSERT_TRUE(sees(AccessibleRole::menuItem, u"Resume"_s));

@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 /// A monitor with an id of its own.
 [[nodiscard]] Monitor makeMonitor(const QString &name = u"Shop"_s);
 
-/// Sleeps that end when the test says so.
+/// Sleeps that end when the test tells them to.
 class ManualSleeper : public Sleeper
 {
 public:
@@ -33,12 +33,12 @@ public:
     };
 
     void sleep(Seconds duration, QObject *context, std::function<void()> wake) override;
-    /// Ends those sleeps of which the test says that they fell due.
+    /// Ends the sleeps that the test has declared due.
     void catchUp() override;
 
-    /// The first @p count of the sleeps are over by now, but nobody has noticed.
+    /// The first @p count of the sleeps are due, but have not been woken yet.
     void fallDue(std::size_t count) { m_due = count; }
-    /// Ends the sleeps that have begun so far; new ones that begin meanwhile go on.
+    /// Ends the sleeps that have begun so far; new ones that begin meanwhile continue.
     void wakeAll();
 
     std::vector<Sleep> sleeps;
@@ -47,7 +47,7 @@ private:
     std::size_t m_due = 0;
 };
 
-/// A network that is there or not as the test says.
+/// A network whose presence the test sets.
 class ScriptedPresence : public NetworkPresence
 {
 public:
@@ -60,14 +60,14 @@ class ScriptedCheck : public MonitorCheck
 public:
     [[nodiscard]] QFuture<Check> run(const Monitor &monitor) override;
 
-    /// The outcomes of the next checks, in order; up once they are used up.
+    /// Sets the outcomes of the next checks, in order; later checks are up.
     void willBe(std::initializer_list<bool> outcomes);
     /// From now on checks stay under way until finishNext().
     void hold();
     void finishNext(bool isUp);
-    /// The next check that is still under way is cancelled, as at the network's end.
+    /// Cancels the next check that is still under way, as the network does when it is destroyed.
     void cancelNext() { m_held.pop_front(); }
-    /// The next run throws.
+    /// Makes the next run throw.
     void throwNext() { m_isThrowing = true; }
 
     std::vector<Monitor> runs;

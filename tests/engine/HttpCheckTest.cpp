@@ -32,7 +32,7 @@ HttpResult response(int statusCode, const QByteArray &body = {},
     return result;
 }
 
-/// An HTTP check whose network is the test, which answers with a value.
+/// An HTTP check with the test as its network, which answers with a value.
 class HttpCheckTest : public testing::Test, public OfflineNetwork
 {
 protected:
@@ -67,7 +67,7 @@ protected:
     }
 
     HttpResult result = response(200);
-    QByteArray bodyBefore; ///< Of an earlier hop.
+    QByteArray bodyBefore; ///< The body of an earlier hop.
     qsizetype pieceSize = 1000;
     bool isBodyReadable = true;
     std::optional<std::chrono::sys_seconds> redirectingCertificateEnd;
@@ -147,7 +147,7 @@ TEST_F(HttpCheckTest, AnUnparsableAddressIsInvalidWithoutARequest)
     EXPECT_TRUE(requests.empty());
 }
 
-TEST_F(HttpCheckTest, AnAddressWithoutASchemeIsHandedOverAsItIs)
+TEST_F(HttpCheckTest, AnAddressWithoutASchemeIsRequestedUnchanged)
 {
     monitor.url = u"shop.example/login"_s;
     static_cast<void>(run());
@@ -212,10 +212,10 @@ TEST_F(HttpCheckTest, KeywordRule)
     EXPECT_EQ(requests.back().bodyLimit, 0);
 }
 
-TEST_F(HttpCheckTest, ATimeOutOfMonthsIsNone)
+TEST_F(HttpCheckTest, ATimeoutOfMonthsDoesNotOverflow)
 {
     monitor.keyword = u"OK"_s;
-    // The second of them, in milliseconds, is what 32 bits hold, and a bit.
+    // The second of them, in milliseconds, is slightly more than 32 bits hold.
     for (const double seconds : {30. * 86400, 4294967.3, 1e9, 1e300}) {
         monitor.timeout = Seconds(seconds);
         result = response(200, "OK");
@@ -236,7 +236,7 @@ TEST_F(HttpCheckTest, ABodyThatIsReadInPiecesIsSearchedAsOne)
         EXPECT_EQ(run().keywordFound, true) << pieceSize;
 }
 
-TEST_F(HttpCheckTest, OnlyTheLastBodyCounts)
+TEST_F(HttpCheckTest, OnlyTheLastBodyIsSearched)
 {
     monitor.keyword = u"OK"_s;
     bodyBefore = "OK, but moved";
@@ -244,7 +244,7 @@ TEST_F(HttpCheckTest, OnlyTheLastBodyCounts)
     EXPECT_EQ(run().keywordFound, false);
 }
 
-TEST_F(HttpCheckTest, ABodyThatCouldNotBeReadLeavesItToTheStatus)
+TEST_F(HttpCheckTest, IfTheBodyCouldNotBeReadTheStatusDecides)
 {
     monitor.keyword = u"OK"_s;
     isBodyReadable = false;
@@ -264,7 +264,7 @@ TEST_F(HttpCheckTest, ABodyThatCouldNotBeReadLeavesItToTheStatus)
     }
 }
 
-TEST_F(HttpCheckTest, WithoutAKeywordNobodyReadsTheBody)
+TEST_F(HttpCheckTest, WithoutAKeywordTheBodyIsNotRead)
 {
     static_cast<void>(run());
     EXPECT_EQ(requests.back().bodyReader, nullptr);
@@ -293,7 +293,7 @@ TEST_F(HttpCheckTest, TheCertificateIsRecordedUpOrDown)
     }
 }
 
-TEST_F(HttpCheckTest, OfTheCertificatesOnTheWayTheLastCounts)
+TEST_F(HttpCheckTest, OfSeveralCertificatesTheLastIsRecorded)
 {
     const auto today = std::chrono::floor<std::chrono::seconds>(now);
     redirectingCertificateEnd = today + 24h;

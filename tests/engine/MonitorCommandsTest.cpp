@@ -52,7 +52,7 @@ TEST_F(MonitorCommandsTest, ANewMonitorIsStoredThenWatchedAndCheckedAtOnce)
     EXPECT_EQ(httpCheck.runs, std::vector<Monitor>{shop});
 }
 
-TEST_F(MonitorCommandsTest, AnUpdatedMonitorIsStoredThenWatchedAnewAndCheckedAtOnce)
+TEST_F(MonitorCommandsTest, AnUpdatedMonitorIsStoredThenWatchedAgainAndCheckedAtOnce)
 {
     commands.create(shop);
     auto *before = engine.tasks().value(shop.id);
@@ -79,7 +79,7 @@ TEST_F(MonitorCommandsTest, AnUpdateOfAPausedMonitorChecksNothing)
     EXPECT_TRUE(httpCheck.runs.empty());
 }
 
-TEST_F(MonitorCommandsTest, AnUpdateBringsNoDeletedMonitorBack)
+TEST_F(MonitorCommandsTest, AnUpdateDoesNotBringADeletedMonitorBack)
 {
     commands.create(shop);
     commands.remove(shop.id);
@@ -109,7 +109,7 @@ TEST_F(MonitorCommandsTest, AResumedMonitorIsStoredThenCheckedAtOnce)
     EXPECT_EQ(httpCheck.runs.size(), 1u);
 }
 
-TEST_F(MonitorCommandsTest, PausingThePausedAndResumingTheWatchedDoesNothing)
+TEST_F(MonitorCommandsTest, PausingAPausedOrResumingAWatchedMonitorDoesNothing)
 {
     commands.create(shop);
     static_cast<void>(takeSteps());
@@ -135,7 +135,7 @@ TEST_F(MonitorCommandsTest, ARemovedMonitorIsStoppedThenForgottenWithItsHistory)
     EXPECT_TRUE(store.checks(shop.id).empty());
 }
 
-TEST_F(MonitorCommandsTest, CheckNowChecksThePausedTooAndItsResultArrivesThroughTheStore)
+TEST_F(MonitorCommandsTest, CheckNowChecksAPausedMonitorTooAndItsResultArrivesThroughTheStore)
 {
     shop.isEnabled = false;
     commands.create(shop);
@@ -144,7 +144,7 @@ TEST_F(MonitorCommandsTest, CheckNowChecksThePausedTooAndItsResultArrivesThrough
     EXPECT_FALSE(isWatched());
 }
 
-TEST_F(MonitorCommandsTest, AMonitorThatHasGoneIsLeftAlone)
+TEST_F(MonitorCommandsTest, CommandsForADeletedMonitorDoNothing)
 {
     commands.create(shop);
     commands.remove(shop.id);

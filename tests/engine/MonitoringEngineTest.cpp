@@ -29,7 +29,7 @@ protected:
     {
     }
 
-    /// Lets what has begun come to its end.
+    /// Processes events until there are none left.
     static void settle()
     {
         QEventLoop loop;
@@ -37,7 +37,7 @@ protected:
         }
     }
 
-    /// Runs the sleeping tasks' next checks.
+    /// Wakes the sleeping tasks for their next checks.
     void nextRound()
     {
         sleeper.wakeAll();
@@ -82,7 +82,7 @@ TEST_F(MonitoringEngineTest, TheSecondFailureInARowNotifiesOnce)
     EXPECT_EQ(engine.consecutiveFailures().value(monitor.id), 4);
 }
 
-TEST_F(MonitoringEngineTest, OneFailureIsNotToldBeforeTheSecond)
+TEST_F(MonitoringEngineTest, TheFirstFailureDoesNotNotifyButTheSecondDoes)
 {
     runThrough({false});
     EXPECT_EQ(center.kinds(), none);
@@ -99,7 +99,7 @@ TEST_F(MonitoringEngineTest, SingleFailuresNeverNotify)
     EXPECT_EQ(center.kinds(), none);
 }
 
-TEST_F(MonitoringEngineTest, RecoveryAfterAnOutageIsToldOnce)
+TEST_F(MonitoringEngineTest, RecoveryAfterAnOutageNotifiesOnce)
 {
     runThrough({false, false, true, true});
 
@@ -109,7 +109,7 @@ TEST_F(MonitoringEngineTest, RecoveryAfterAnOutageIsToldOnce)
     EXPECT_EQ(engine.consecutiveFailures().value(monitor.id), 0);
 }
 
-TEST_F(MonitoringEngineTest, WithoutNotifyOnDownTheOutageIsCountedAndItsEndTold)
+TEST_F(MonitoringEngineTest, WithoutNotifyOnDownTheOutageIsCountedAndItsEndNotifies)
 {
     monitor.notifyOnDown = false;
     runThrough({false, false});
@@ -120,14 +120,14 @@ TEST_F(MonitoringEngineTest, WithoutNotifyOnDownTheOutageIsCountedAndItsEndTold)
     EXPECT_EQ(center.kinds(), QStringList{u"up"_s});
 }
 
-TEST_F(MonitoringEngineTest, WithoutNotifyOnRecoveryTheEndIsNotTold)
+TEST_F(MonitoringEngineTest, WithoutNotifyOnRecoveryTheEndDoesNotNotify)
 {
     monitor.notifyOnRecovery = false;
     runThrough({false, false, true});
     EXPECT_EQ(center.kinds(), QStringList{u"down"_s});
 }
 
-TEST_F(MonitoringEngineTest, ASlowAnswerIsToldAtEveryCheck)
+TEST_F(MonitoringEngineTest, ASlowAnswerNotifiesAtEveryCheck)
 {
     monitor.responseTimeThreshold = Milliseconds(5);
     runThrough({true, true});
@@ -136,7 +136,7 @@ TEST_F(MonitoringEngineTest, ASlowAnswerIsToldAtEveryCheck)
     EXPECT_EQ(center.requests.front(), center.requests.back());
 }
 
-TEST_F(MonitoringEngineTest, TheResponseIsToldBeforeItIsRecordedAndTheRecoveryAfterThat)
+TEST_F(MonitoringEngineTest, AResponseNotifiesBeforeItIsRecordedAndARecoveryAfterThat)
 {
     runThrough({false, false});
     center.requests.clear();
@@ -271,7 +271,7 @@ TEST_F(MonitoringEngineTest, TheFirstCheckUsesTheGivenCopyWithoutAskingTheStore)
     EXPECT_EQ(httpCheck.runs.front(), monitor);
 }
 
-TEST_F(MonitoringEngineTest, ATaskWhoseMonitorIsGoneOrDisabledSkipsTheCheckAndGoesOnSleeping)
+TEST_F(MonitoringEngineTest, ATaskWhoseMonitorIsGoneOrDisabledSkipsTheCheckAndSleepsAgain)
 {
     runThrough({true});
     store.deleteMonitor(monitor.id);
@@ -386,7 +386,7 @@ TEST_F(MonitoringEngineTest, ChangesOfItsFieldsAreAnnounced)
     EXPECT_EQ(tasks, 4) << "also where there was nothing to stop";
 }
 
-TEST_F(MonitoringEngineTest, WhateverFailsInACheckEndsInOneCheckAndTheNextComes)
+TEST_F(MonitoringEngineTest, AThrowingOrCancelledCheckIsRecordedAsDownAndTheNextFollows)
 {
     httpCheck.throwNext();
     runThrough({true});
@@ -408,7 +408,7 @@ TEST_F(MonitoringEngineTest, WhateverFailsInACheckEndsInOneCheckAndTheNextComes)
     EXPECT_TRUE(store.checks(monitor.id).back().isUp);
 }
 
-TEST_F(MonitoringEngineTest, AResultThatCannotBeHandledDoesNotEndTheWatch)
+TEST_F(MonitoringEngineTest, AResultThatCannotBeHandledDoesNotEndTheMonitoring)
 {
     bool shallThrow = true;
     QObject::connect(&store, &MonitorStore::checksChanged, &engine, [&] {
@@ -420,7 +420,7 @@ TEST_F(MonitoringEngineTest, AResultThatCannotBeHandledDoesNotEndTheWatch)
     EXPECT_EQ(store.checks(monitor.id).size(), 2u);
 }
 
-TEST_F(MonitoringEngineTest, ACheckThatFellDueInASleepIsTheWakesOwn)
+TEST_F(MonitoringEngineTest, ACheckThatFellDueInASleepIsMadeOnceAtTheWake)
 {
     const Monitor second = makeMonitor(u"Second"_s);
     store.addMonitor(monitor);
@@ -439,7 +439,7 @@ TEST_F(MonitoringEngineTest, ACheckThatFellDueInASleepIsTheWakesOwn)
         << "its next interval begins now";
 }
 
-TEST_F(MonitoringEngineTest, WhatIsUnderWayAtASleepIsDroppedForTheWakesCheck)
+TEST_F(MonitoringEngineTest, ACheckUnderWayAtASleepIsReplacedByOneAtTheWake)
 {
     httpCheck.hold();
     store.addMonitor(monitor);
@@ -459,7 +459,7 @@ TEST_F(MonitoringEngineTest, WhatIsUnderWayAtASleepIsDroppedForTheWakesCheck)
     EXPECT_EQ(httpCheck.runs.size(), 2u);
 }
 
-TEST_F(MonitoringEngineTest, WhatIsDroppedIsNotToldEither)
+TEST_F(MonitoringEngineTest, ADroppedCheckDoesNotNotifyEither)
 {
     monitor.responseTimeThreshold = Milliseconds(5);
     httpCheck.hold();
@@ -478,7 +478,7 @@ TEST_F(MonitoringEngineTest, WhatIsDroppedIsNotToldEither)
     EXPECT_EQ(center.kinds(), QStringList{u"slow"_s});
 }
 
-TEST_F(MonitoringEngineTest, NothingIsRecordedBetweenTheWordOfASleepAndTheWake)
+TEST_F(MonitoringEngineTest, NothingIsRecordedBetweenTheSleepSignalAndTheWake)
 {
     runThrough({true});
     httpCheck.hold();
@@ -499,7 +499,7 @@ TEST_F(MonitoringEngineTest, NothingIsRecordedBetweenTheWordOfASleepAndTheWake)
     EXPECT_EQ(httpCheck.runs.size(), 3u);
 }
 
-TEST_F(MonitoringEngineTest, ASleepThatDoesNotComeHoldsNothingUpForEver)
+TEST_F(MonitoringEngineTest, ASleepThatIsAnnouncedButDoesNotComeDelaysChecksForALimitedTime)
 {
     runThrough({true});
     Q_EMIT wakeSignal.willSleep();
@@ -581,7 +581,7 @@ TEST_F(MonitoringEngineOfflineTest, ATaskThatStillSleepsIsCheckedOnReturnAndKeep
     EXPECT_EQ(sleeper.sleeps.size(), 2u);
 }
 
-TEST_F(MonitoringEngineOfflineTest, CheckNowChecksAllTheSame)
+TEST_F(MonitoringEngineOfflineTest, CheckNowChecksEvenOffline)
 {
     goOffline();
     httpCheck.willBe({false});
@@ -591,7 +591,7 @@ TEST_F(MonitoringEngineOfflineTest, CheckNowChecksAllTheSame)
     EXPECT_FALSE(store.checks(monitor.id).back().isUp);
 }
 
-TEST_F(MonitoringEngineOfflineTest, FailuresOfChecksThatTheAbsenceInterruptedAreDropped)
+TEST_F(MonitoringEngineOfflineTest, FailuresOfChecksInterruptedByTheAbsenceAreDropped)
 {
     httpCheck.hold();
     engine.start();
@@ -605,7 +605,7 @@ TEST_F(MonitoringEngineOfflineTest, FailuresOfChecksThatTheAbsenceInterruptedAre
     EXPECT_EQ(sleeper.sleeps.size(), 2u);
 }
 
-TEST_F(MonitoringEngineOfflineTest, AnswersThatStillArriveCount)
+TEST_F(MonitoringEngineOfflineTest, AnswersThatStillArriveAreRecorded)
 {
     httpCheck.hold();
     engine.start();
@@ -616,7 +616,7 @@ TEST_F(MonitoringEngineOfflineTest, AnswersThatStillArriveCount)
     EXPECT_EQ(counts(), Counts({1, 0, 0}));
 }
 
-TEST_F(MonitoringEngineOfflineTest, WhatIsUnderWayOnReturnIsDroppedForTheChecksThen)
+TEST_F(MonitoringEngineOfflineTest, ChecksUnderWayOnReturnAreReplacedByNewOnes)
 {
     httpCheck.hold();
     engine.start();
@@ -633,7 +633,7 @@ TEST_F(MonitoringEngineOfflineTest, WhatIsUnderWayOnReturnIsDroppedForTheChecksT
     EXPECT_EQ(counts(), Counts({1, 1, 0}));
 }
 
-TEST_F(MonitoringEngineOfflineTest, TheWakesChecksWaitAsWell)
+TEST_F(MonitoringEngineOfflineTest, ChecksOfAWakeWaitToo)
 {
     engine.start();
     settle();
@@ -646,7 +646,7 @@ TEST_F(MonitoringEngineOfflineTest, TheWakesChecksWaitAsWell)
     EXPECT_EQ(counts(), Counts({2, 3, 0}));
 }
 
-TEST_F(MonitoringEngineOfflineTest, AWakeChecksNoOtherComputerOfWhichNoCheckIsDue)
+TEST_F(MonitoringEngineOfflineTest, AWakeWhileOfflineLeavesOtherComputersUnchecked)
 {
     engine.start();
     settle();

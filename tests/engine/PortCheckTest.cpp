@@ -24,7 +24,7 @@ struct Attempt
     bool operator==(const Attempt &) const = default;
 };
 
-/// A port check whose network is the test, which answers with a value.
+/// A port check with the test as its network, which answers with a value.
 class PortCheckTest : public testing::Test, public OfflineNetwork
 {
 protected:

@@ -20,7 +20,7 @@ struct FolderStore
     MonitorStore store{folder.filePath(u"data"_s)};
 };
 
-/// An engine whose checks, sleeps and wakes are the test's.
+/// An engine whose checks, sleeps and wakes the test controls.
 struct ScriptedEngine
 {
     explicit ScriptedEngine(MonitorStore &watched)

@@ -39,7 +39,7 @@ TEST(TimerSleeperTest, WakesOnceAfterTheDurationAndNeverEarly)
     EXPECT_FALSE(waitFor([&] { return wakes > 1; }, 300ms));
 }
 
-TEST(TimerSleeperTest, NoSleepIsShorterThanItsBound)
+TEST(TimerSleeperTest, NoSleepIsShorterThanTheMinimum)
 {
     for (const double seconds : {0.0, -5.0, 1e-9}) {
         TimerSleeper sleeper(&steadyNow);
@@ -74,7 +74,7 @@ TEST(TimerSleeperTest, AContextThatDiesIsNotWoken)
     EXPECT_FALSE(waitFor([&] { return isAwake; }, 300ms));
 }
 
-TEST(TimerSleeperTest, WhatFellDueWhileTheComputerSleptEndsAtOnceAndTheRestKeepsItsTime)
+TEST(TimerSleeperTest, SleepsThatFellDueInASuspendEndAtOnceAndOthersKeepTheirTime)
 {
     ContinuousTime slept{0};
     TimerSleeper sleeper([&] { return steadyNow() + slept; });
@@ -93,7 +93,7 @@ TEST(TimerSleeperTest, WhatFellDueWhileTheComputerSleptEndsAtOnceAndTheRestKeeps
     EXPECT_EQ(due, 1);
 }
 
-TEST(TimerSleeperTest, SleepsEndInTheOrderOfTheirEnds)
+TEST(TimerSleeperTest, SleepsEndInTheOrderOfTheirDueTimes)
 {
     TimerSleeper sleeper(&steadyNow);
     QObject context;
@@ -104,7 +104,7 @@ TEST(TimerSleeperTest, SleepsEndInTheOrderOfTheirEnds)
     EXPECT_EQ(ended, QList<int>({1, 2, 3}));
 }
 
-TEST(TimerSleeperTest, ASleepMayBeginWhereAnotherEnds)
+TEST(TimerSleeperTest, ASleepMayBeginInAnothersCallback)
 {
     TimerSleeper sleeper(&steadyNow);
     QObject context;

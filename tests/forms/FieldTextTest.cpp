@@ -59,7 +59,7 @@ TEST(TrimmedFieldTest, RemovesNothingElse)
     }
 }
 
-TEST(TrimmedFieldTest, LeavesNothingOfBlanksAlone)
+TEST(TrimmedFieldTest, MakesATextOfBlanksEmpty)
 {
     EXPECT_EQ(trimmedField(u" \n\t "_s), QString());
     EXPECT_EQ(trimmedField(QString()), QString());

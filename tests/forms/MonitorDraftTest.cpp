@@ -86,7 +86,7 @@ TEST(MonitorDraftTest, ANewOneHoldsTheInitialValues)
     EXPECT_EQ(draft.thresholdText, QString());
 }
 
-TEST(MonitorDraftTest, ShowsAllThatItCanOfAMonitor)
+TEST(MonitorDraftTest, ShowsTheFieldsOfAMonitor)
 {
     const MonitorDraft expected = {.url = u"db.local"_s,
                                    .portText = u"5432"_s,
@@ -100,7 +100,7 @@ TEST(MonitorDraftTest, ShowsAllThatItCanOfAMonitor)
     EXPECT_EQ(draftOf(portMonitor()), expected);
 }
 
-TEST(MonitorDraftTest, ShowsWhatIsAbsentAsEmpty)
+TEST(MonitorDraftTest, ShowsAbsentFieldsAsEmpty)
 {
     const MonitorDraft draft = draftOf({.id = QUuid::createUuid()});
     EXPECT_EQ(draft.keyword, QString());
@@ -108,13 +108,13 @@ TEST(MonitorDraftTest, ShowsWhatIsAbsentAsEmpty)
     EXPECT_EQ(draft.portText, QString());
 }
 
-TEST(MonitorDraftTest, AMonitorShownAndSavedIsTheSameMonitor)
+TEST(MonitorDraftTest, AMonitorThatIsShownAndSavedIsUnchanged)
 {
     const Monitor monitor = portMonitor();
     EXPECT_EQ(withDraft(monitor, draftOf(monitor)), monitor);
 }
 
-TEST(MonitorDraftTest, SavingReplacesOnlyWhatTheFormShows)
+TEST(MonitorDraftTest, SavingReplacesOnlyTheFieldsThatTheFormShows)
 {
     const Monitor before = portMonitor();
     Monitor expected = before;

@@ -31,7 +31,7 @@ Monitor makeMonitor()
             .createdAt = systemNow()};
 }
 
-/// A form whose monitors are stored, and watched by nobody.
+/// A form whose monitors are stored, but not watched.
 class MonitorFormTest : public testing::Test
 {
 protected:
@@ -76,7 +76,7 @@ protected:
     QTemporaryDir folder;
     MonitorStore store{folder.filePath(u"data"_s)};
     MonitorForm form{store, [this] { return now; }};
-    QStringList steps; ///< What the form has done, in order.
+    QStringList steps; ///< The signals of the form, in order.
     std::vector<Monitor> created;
     std::vector<Monitor> edited;
     std::vector<std::pair<QUuid, QString>> websites;
@@ -126,7 +126,7 @@ TEST_F(MonitorFormTest, EditModeBeginsWithTheMonitor)
     EXPECT_EQ(form.keyword(), u"Welcome"_s);
 }
 
-TEST_F(MonitorFormTest, BeginningAnewForgetsWhatWasTyped)
+TEST_F(MonitorFormTest, BeginningAgainForgetsEarlierInput)
 {
     form.beginEdit(makeMonitor(), clipboardAddress);
     form.setShowAdvanced(true);
@@ -141,7 +141,7 @@ TEST_F(MonitorFormTest, BeginningAnewForgetsWhatWasTyped)
     EXPECT_EQ(form.clipboardURL(), QString());
 }
 
-TEST_F(MonitorFormTest, EveryFieldTellsOfItsChangesAndOfNothingElse)
+TEST_F(MonitorFormTest, EveryFieldSignalsOnlyItsOwnChanges)
 {
     const std::vector<std::pair<const char *, QVariant>> values = {
         {"url", u"a.b"_s},
@@ -166,7 +166,7 @@ TEST_F(MonitorFormTest, EveryFieldTellsOfItsChangesAndOfNothingElse)
     }
 }
 
-TEST_F(MonitorFormTest, WhatIsNoMethodTypeOrTimeoutChangesNothing)
+TEST_F(MonitorFormTest, AnInvalidMethodTypeOrTimeoutChangesNothing)
 {
     form.beginCreate(QString());
     changes = 0;
@@ -292,7 +292,7 @@ TEST_F(MonitorFormTest, AMonitorThatIsShownKeepsItsType)
     EXPECT_EQ(form.url(), monitor.url);
 }
 
-TEST_F(MonitorFormTest, TheClipboardsAddressIsOfferedOnOneLineAndPastedAsItIs)
+TEST_F(MonitorFormTest, TheClipboardsAddressIsOfferedOnOneLineAndPastedUnchanged)
 {
     for (const ForeignText &foreign : foreignTexts()) {
         const QString address = clipboardAddress + foreign.text + u'.';
@@ -334,7 +334,7 @@ TEST_F(MonitorFormTest, TheSuggestionShowsOnlyAboveAnEmptyWebsiteField)
     EXPECT_FALSE(form.showsClipboardSuggestion());
 }
 
-TEST_F(MonitorFormTest, EditModeLooksAtTheClipboardButSuggestsNothing)
+TEST_F(MonitorFormTest, EditModeReadsTheClipboardButSuggestsNothing)
 {
     form.beginEdit(makeMonitor(), clipboardAddress);
     form.setUrl(QString());
@@ -383,7 +383,7 @@ TEST_F(MonitorFormTest, AHostThatBeginsWithHttpIsSavedAsWritten)
     EXPECT_EQ(monitor.name, u"httpbin.local"_s);
 }
 
-TEST_F(MonitorFormTest, ANewWebsiteIsHandedOverThenLookedUp)
+TEST_F(MonitorFormTest, ANewWebsiteIsSignalledAsAMonitorAndThenAsAWebsite)
 {
     form.beginCreate(QString());
     form.setUrl(u"shop.example"_s);
@@ -422,7 +422,7 @@ TEST_F(MonitorFormTest, EditingNeverRenames)
     EXPECT_EQ(steps.join(u' '), u"edited"_s);
 }
 
-TEST_F(MonitorFormTest, AnEditedMonitorIsHandedOver)
+TEST_F(MonitorFormTest, AnEditedMonitorIsSignalled)
 {
     const Monitor monitor = edit(makeMonitor());
     form.setInterval(3600);
@@ -443,7 +443,7 @@ TEST_F(MonitorFormTest, AFractionOfTheThresholdIsLostByEditing)
     EXPECT_EQ(store.monitors().first().responseTimeThreshold, Milliseconds(450));
 }
 
-TEST_F(MonitorFormTest, WhatChangedWhileTheFormWasOpenIsKept)
+TEST_F(MonitorFormTest, ChangesMadeWhileTheFormWasOpenAreKept)
 {
     Monitor monitor = edit(makeMonitor());
     monitor.isEnabled = false;

@@ -17,7 +17,7 @@ TEST(ProductConstantsTest, TheSupportAddressOpensAMessageToAMailbox)
     EXPECT_EQ(address.path().count(u'@'), 1);
 }
 
-TEST(ProductConstantsTest, TheExamplesAreWhatTheFieldsAccept)
+TEST(ProductConstantsTest, TheExamplesAreAcceptedByTheFields)
 {
     EXPECT_TRUE(exampleWebsite().startsWith(u"https://"_s));
     EXPECT_TRUE(isValidWebsite(exampleWebsite()));

@@ -86,7 +86,7 @@ INSTANTIATE_TEST_SUITE_P(Table, TimeoutParseTest,
                                          ParseCase{"TooLarge", "en_US", u"1e999", {}}),
                          [](const auto &test) { return std::string(test.param.name); });
 
-TEST(TimeoutTextTest, WhatIsPrintedIsReadBackInEveryLocale)
+TEST(TimeoutTextTest, PrintedTimeoutsAreReadBackInEveryLocale)
 {
     const auto locales =
         QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory);

@@ -79,7 +79,7 @@ TEST(GalleryWindowTest, EveryPageHasANameOfItsOwn)
     EXPECT_EQ(QSet<QString>(pages.begin(), pages.end()).size(), pages.size());
 }
 
-TEST(GalleryWindowTest, OtherNamesArePagesOfNobody)
+TEST(GalleryWindowTest, OtherNamesHaveNoPage)
 {
     for (const char *name : {"", "NoPage", "DetailPage", "DetailPage-sideways",
                              "WindowPage-one-down+dance", "GallerySection"})

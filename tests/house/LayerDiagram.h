@@ -7,8 +7,8 @@
 
 namespace ostrel::test {
 
-/// The boxes and arrows of a Mermaid flowchart. A box whose label begins with "folder: " is that
-/// folder of src/, or main.cpp.
+/// The boxes and arrows of a Mermaid flowchart. A box whose label begins with "folder: " stands for
+/// that folder of src/, or for main.cpp.
 class LayerDiagram
 {
 public:
@@ -23,9 +23,10 @@ public:
     };
 
     [[nodiscard]] QSet<QString> folders() const;
-    /// Between folders. One end is empty where a box has no label.
+    /// Arrows between folders. One end is empty if a box has no label.
     [[nodiscard]] QList<Arrow> arrows() const;
-    /// The folders that @p folder reaches over solid arrows, and over a dotted one as the last.
+    /// The folders that can be reached from @p folder over solid arrows, and over a dotted one as
+    /// the last.
     [[nodiscard]] QSet<QString> reachOf(const QString &folder) const;
 
 private:

@@ -67,7 +67,7 @@ struct Use
 {
     QString file;
     qsizetype line = 0;
-    QString name; ///< Of the header or target.
+    QString name; ///< The header's or target's.
     QString from;
     QString to;
 };
@@ -79,8 +79,8 @@ QByteArray missingArrowOf(const Use &use)
                .toUtf8();
 }
 
-/// The uses of other folders in @p files. @p pattern captures a name in what @p passedOver leaves
-/// of a line, and @p folderOfName says whose it is.
+/// The uses of other folders in @p files. @p pattern captures a name in a line from which
+/// @p passedOver has been removed, and @p folderOfName says which folder the name belongs to.
 QList<Use> usesIn(const QStringList &files, const QRegularExpression &pattern,
                   const QHash<QString, QString> &folderOfName,
                   const QRegularExpression &passedOver = {})
@@ -110,7 +110,7 @@ QList<Use> includes()
     return usesIn(sourceFiles(), include, folderOfHeader);
 }
 
-/// A type that QML knows has the name of its file.
+/// The uses of QML types; a type has the name of its file.
 QList<Use> qmlTypes()
 {
     static const QRegularExpression type(u"\\b([A-Z]\\w+)\\b"_s);
@@ -125,7 +125,7 @@ QList<Use> links()
 {
     static const QRegularExpression made(
         u"\\b(?:ostrel_library\\(|add_library\\(ostrel(?:_|::))(\\w+)[\\s)]"_s);
-    // The plugin of a QML module is that module's.
+    // The plugin of a QML module belongs to that module.
     static const QRegularExpression linked(u"\\bostrel(?:_|::)(\\w+?)(?:plugin)?(?=[\\s)]|$)"_s);
     QHash<QString, QString> folderOfTarget;
     for (const QString &file : buildFiles()) {
@@ -154,7 +154,7 @@ TEST(LayerDiagramTest, EveryFolderIsABox)
                 testing::UnorderedElementsAreArray(folders.values()));
 }
 
-TEST(LayerDiagramTest, ADottedArrowIsTheLastOfAWay)
+TEST(LayerDiagramTest, ADottedArrowEndsAPath)
 {
     const LayerDiagram diagram(
         u"a[top: first, of all] --> b & c\nb[left: b] -. implements .-> d --> e\n"
@@ -194,7 +194,7 @@ TEST(LayersTest, EveryArrowIsUsed)
         EXPECT_TRUE(used.contains({from, to})) << qPrintable(from) << " to " << qPrintable(to);
 }
 
-TEST(LayersTest, NoArrowsLeadBack)
+TEST(LayersTest, ArrowsFormNoCycles)
 {
     const LayerDiagram diagram = architectureDiagram();
     for (const QString &folder : diagram.folders())
@@ -223,7 +223,7 @@ TEST(LayersTest, PlatformsDifferOnlyInsideThePlatformFolder)
 }
 
 // Qt's painter waits for that pool on the main thread.
-TEST(LayersTest, NobodyUsesQtsThreadPool)
+TEST(LayersTest, QtsThreadPoolIsNotUsed)
 {
     for (const QString &file : sourceFiles())
         EXPECT_FALSE(contentOf(file).contains(u"QThreadPool"_s)) << qPrintable(file);

@@ -10,7 +10,7 @@
 
 using namespace Qt::StringLiterals;
 
-// The theme has what several views share. A name that one view alone uses stands in that view.
+// The theme has what several views share. A name that only one view uses belongs in that view.
 
 namespace ostrel::test {
 
@@ -62,7 +62,7 @@ QHash<QString, QSet<QString>> usersOfThemeNames()
 
 } // namespace
 
-TEST(ThemeNamesTest, EachIsUsedByTwoFilesAtLeast)
+TEST(ThemeNamesTest, EachIsUsedByAtLeastTwoFiles)
 {
     const QStringList names = themeNames();
     ASSERT_GT(names.size(), 50) << "the declarations are no longer found";

@@ -112,14 +112,14 @@ TEST_F(FaviconServiceTest, AllAddressesOfASiteShareOneEntryAndOneFile)
     EXPECT_EQ(cachedFiles(), QStringList{u"example.org.png"_s});
 }
 
-TEST_F(FaviconServiceTest, WithoutADomainNothingIsAskedFor)
+TEST_F(FaviconServiceTest, WithoutADomainNothingIsRequested)
 {
     EXPECT_TRUE(lookUp(QString()).isNull());
     EXPECT_TRUE(lookUp(u"https://"_s).isNull());
     EXPECT_TRUE(web.requests.empty());
 }
 
-TEST_F(FaviconServiceTest, SourcesAreTriedInOrderAndNotBeforeTheLastHasFailed)
+TEST_F(FaviconServiceTest, SourcesAreTriedInOrderEachAfterThePreviousHasFailed)
 {
     web.hold();
     const auto icon = service.icon(home);
@@ -152,7 +152,7 @@ TEST_F(FaviconServiceTest, TheIconThatThePageNamesComesFirst)
     EXPECT_EQ(web.addresses(), QStringList({home, u"https://cdn.example/i.png"_s}));
 }
 
-TEST_F(FaviconServiceTest, TheSecondPatternsAddressIsTriedWhereTheFirstsIsNoPicture)
+TEST_F(FaviconServiceTest, TheSecondPatternsAddressIsTriedIfTheFirstsIsNoPicture)
 {
     web.put(home, R"(<link rel="icon" href="/a.png"><link href="/b.png" rel="icon">)");
     web.put(home + u"/a.png"_s, QByteArray(200, 'x'));
@@ -183,7 +183,7 @@ TEST_F(FaviconServiceTest, APageThatIsCutAtTheLimitStillNamesItsIcon)
     EXPECT_EQ(lookUp(u"odd.example"_s).size(), QSize(20, 20));
 }
 
-TEST_F(FaviconServiceTest, RequestsAreThoseOfAPlainClient)
+TEST_F(FaviconServiceTest, RequestsLookLikeThoseOfAPlainClient)
 {
     EXPECT_TRUE(lookUp().isNull());
     ASSERT_FALSE(web.requests.empty());
@@ -268,7 +268,7 @@ TEST_F(FaviconServiceTest, TenViewsAtOnceShareOneSearch)
         icons.push_back(service.icon(i % 2 == 0 ? home : u"www.example.org"_s));
     for (int i = 0; i < 2; ++i) {
         ASSERT_TRUE(waitFor([&] { return web.heldCount() > 0; }));
-        // One more that comes while the search is under way.
+        // One more request while the search is under way.
         icons.push_back(service.icon(home));
         web.releaseNext();
     }
@@ -320,7 +320,7 @@ TEST_F(FaviconServiceTest, ABrokenFileIsReplacedFromTheNetwork)
     EXPECT_EQ(QImage(cachedFile(u"example.org.png"_s)).size(), QSize(16, 16));
 }
 
-TEST_F(FaviconServiceTest, TheFileHoldsTheIconsPixelsAsPngForTheUserAlone)
+TEST_F(FaviconServiceTest, TheFileHoldsTheIconsPixelsAsPngAndIsPrivate)
 {
     web.put(firstService, picture({16, 16}, "jpeg", Qt::white));
     EXPECT_FALSE(lookUp().isNull());
@@ -335,7 +335,7 @@ TEST_F(FaviconServiceTest, TheFileHoldsTheIconsPixelsAsPngForTheUserAlone)
     EXPECT_TRUE(isPrivate(QFileInfo(cacheDir).path()));
 }
 
-TEST_F(FaviconServiceTest, WhereTheFolderCannotBeMadeTheIconIsKeptInMemory)
+TEST_F(FaviconServiceTest, IfTheFolderCannotBeMadeTheIconIsKeptInMemory)
 {
     const QString obstacle = folder.filePath(u"obstacle"_s);
     writeFile(obstacle, "a file");
@@ -375,13 +375,13 @@ TEST_F(FaviconServiceTest, ALargeIconIsKeptLargerThanItIsShown)
     EXPECT_EQ(resultOf(nextRun.icon(home)).size(), QSize(256, 128));
 }
 
-TEST_F(FaviconServiceTest, NothingIsAskedForWhereNoSourceHasAnAddress)
+TEST_F(FaviconServiceTest, NothingIsRequestedIfNoSourceHasAnAddress)
 {
     EXPECT_TRUE(lookUp(u"two words"_s).isNull());
     EXPECT_EQ(web.addresses(), QStringList());
 }
 
-TEST_F(FaviconServiceTest, TheServicesAreNotAskedAboutHostsThatMeanNothingToThem)
+TEST_F(FaviconServiceTest, TheServicesAreNotAskedAboutPrivateHosts)
 {
     for (const char *address :
          {"http://127.0.0.1:8080/", "http://0x7f.1/", "https://[::1]/", "https://[fe80::1]",
@@ -450,7 +450,7 @@ TEST_F(FaviconServiceTest, ABusyThreadPoolDelaysNothing)
     pool.waitForDone();
 }
 
-TEST_F(FaviconServiceTest, TheFolderIsMadeAgainWhereItIsGone)
+TEST_F(FaviconServiceTest, TheFolderIsMadeAgainIfItIsGone)
 {
     web.put(firstService, picture({16, 16}));
     EXPECT_FALSE(lookUp().isNull());
@@ -505,7 +505,7 @@ TEST_F(FaviconServiceTest, LookupsUnderWayEndWithTheService)
     EXPECT_EQ(web.requests.size(), 1u);
 }
 
-TEST_F(FaviconServiceTest, TheTitleIsThatOfThePageAtTheAddress)
+TEST_F(FaviconServiceTest, TheTitleComesFromThePageAtTheAddress)
 {
     const QString page = u"https://example.org/shop?q=1"_s;
     web.put(page, "<title> Shop </title>");
@@ -541,7 +541,7 @@ TEST_F(FaviconServiceTest, APageInASingleByteEncodingHasNoTitle)
     EXPECT_EQ(lookUpTitle(home), u"Café"_s);
 }
 
-TEST_F(FaviconServiceTest, WhatIsNoWebAddressHasNoTitle)
+TEST_F(FaviconServiceTest, AnInvalidWebAddressHasNoTitle)
 {
     for (const char *address : {"", "db.local", "db.local:80", "ftp://example.org/", "https://",
                                 "file:///etc/hostname", "https://exa mple.org"})
@@ -549,7 +549,7 @@ TEST_F(FaviconServiceTest, WhatIsNoWebAddressHasNoTitle)
     EXPECT_TRUE(web.requests.empty());
 }
 
-TEST_F(FaviconServiceTest, TitlesAreNeitherSharedNorKept)
+TEST_F(FaviconServiceTest, TitlesAreNeitherSharedNorCached)
 {
     web.put(home, "<title>Start</title>");
     const auto first = service.pageTitle(home);
@@ -565,7 +565,7 @@ struct AddressCase
 {
     const char *name;
     const char *address;
-    const char *domain; ///< Null for none.
+    const char *domain; ///< Null if there is none.
     const char *letter;
 };
 

@@ -94,7 +94,7 @@ QByteArray smallGif(qsizetype fileSize)
     const QByteArray gif = QByteArray::fromHex(
         "47494638396110001000800000293385ffffff2c000000001000100000020e848fa9cbed0fa39cb4da8bb33e05"
         "003b");
-    // What follows a GIF's end is not looked at.
+    // Decoders ignore what follows a GIF's end.
     return gif.leftJustified(fileSize, '\0');
 }
 

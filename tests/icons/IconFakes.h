@@ -15,27 +15,27 @@
 namespace ostrel::test {
 
 /// Stands in for the network: answers requests with what the test has put at their addresses, and
-/// with 404 elsewhere. Follows redirects and cuts bodies as CurlNetwork does.
+/// other requests with 404. Follows redirects and cuts bodies as CurlNetwork does.
 class FakeWeb : public OfflineNetwork
 {
 public:
     [[nodiscard]] QFuture<HttpResult> fetch(const HttpRequest &request) override;
 
     void put(const QString &address, const QByteArray &body, int statusCode = 200);
-    /// The answers for @p address come from a private network.
+    /// Marks the answers for @p address as coming from a private network.
     void setPrivate(const QString &address);
     void redirect(const QString &from, const QString &to);
-    /// Requests for @p address get no response at all.
+    /// Leaves requests for @p address without any response.
     void breakAt(const QString &address);
 
-    /// From now on requests stay unanswered until releaseNext().
+    /// From now on, requests stay unanswered until releaseNext().
     void hold() { m_isHolding = true; }
     [[nodiscard]] std::size_t heldCount() const { return m_held.size(); }
     void releaseNext();
 
-    /// The addresses that were asked for, in order.
+    /// The requested addresses, in order.
     [[nodiscard]] QStringList addresses() const;
-    /// How far the first request for @p address was allowed to go; nothing if there was none.
+    /// The reach that the first request for @p address was allowed; nothing if there was none.
     [[nodiscard]] std::optional<Reach> reachOf(const QString &address) const;
 
     std::vector<HttpRequest> requests;

@@ -38,7 +38,7 @@ class IconFolderTest : public testing::Test
 protected:
     IconFolderTest() { folder.prepare(); }
 
-    /// A file that was last written so long ago.
+    /// Creates a file that was last written @p age ago.
     void putFile(const QString &name, std::chrono::seconds age) const
     {
         QFile file(path + QLatin1Char('/') + name);
@@ -99,7 +99,7 @@ TEST_F(IconFolderTest, ATooLongDomainHasNoFile)
     EXPECT_EQ(files(), QStringList());
 }
 
-TEST_F(IconFolderTest, ANullCharacterEndsNoName)
+TEST_F(IconFolderTest, ANullCharacterDoesNotCutAName)
 {
     EXPECT_EQ(IconFolder::fileName(u"a"_s + QChar(0) + u"b"_s), u"a%00b.png"_s);
 }
@@ -111,7 +111,7 @@ TEST_F(IconFolderTest, AnIconIsReadAsItWasWritten)
     EXPECT_EQ(files(), QStringList{u"example.org.png"_s});
 }
 
-TEST_F(IconFolderTest, ANewIconTakesTheOldOnesPlace)
+TEST_F(IconFolderTest, ANewIconReplacesTheOldOne)
 {
     folder.write(domain, square(Qt::red));
     folder.write(domain, square(Qt::blue));
@@ -119,7 +119,7 @@ TEST_F(IconFolderTest, ANewIconTakesTheOldOnesPlace)
     EXPECT_EQ(files().size(), 1);
 }
 
-TEST_F(IconFolderTest, AReaderOfTheOldFileKeepsIt)
+TEST_F(IconFolderTest, AnOpenOldFileKeepsItsContent)
 {
     folder.write(domain, square(Qt::red));
     QFile old(path + u"/example.org.png"_s);
@@ -136,14 +136,14 @@ TEST_F(IconFolderTest, AFailedWriteLeavesTheOldIcon)
     EXPECT_EQ(files().size(), 1);
 }
 
-TEST_F(IconFolderTest, WhatIsMissingOrNoFileIsNoIcon)
+TEST_F(IconFolderTest, AMissingFileOrAFolderIsNoIcon)
 {
     EXPECT_TRUE(folder.read(domain).isNull());
     ASSERT_TRUE(QDir(path).mkdir(u"example.org.png"_s));
     EXPECT_TRUE(folder.read(domain).isNull());
 }
 
-TEST_F(IconFolderTest, AFolderUnderAnIconsNameIsLeftAlone)
+TEST_F(IconFolderTest, AFolderUnderAnIconsNameIsNotTouched)
 {
     ASSERT_TRUE(QDir(path).mkdir(u"example.org.png"_s));
     folder.write(domain, square(Qt::red));
@@ -151,7 +151,7 @@ TEST_F(IconFolderTest, AFolderUnderAnIconsNameIsLeftAlone)
     EXPECT_EQ(files().size(), 1);
 }
 
-TEST_F(IconFolderTest, APipeUnderAnIconsNameBlocksNothing)
+TEST_F(IconFolderTest, APipeUnderAnIconsNameDoesNotBlock)
 {
     const QByteArray pipe = QFile::encodeName(path + u"/example.org.png"_s);
     ASSERT_EQ(::mkfifo(pipe.constData(), S_IRUSR | S_IWUSR), 0);
@@ -160,7 +160,7 @@ TEST_F(IconFolderTest, APipeUnderAnIconsNameBlocksNothing)
     EXPECT_EQ(folder.read(domain), square(Qt::red));
 }
 
-TEST_F(IconFolderTest, ALinkToAPipeBlocksNothing)
+TEST_F(IconFolderTest, ALinkToAPipeDoesNotBlock)
 {
     const QString pipe = path + u"/pipe"_s;
     ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), S_IRUSR | S_IWUSR), 0);
@@ -168,7 +168,7 @@ TEST_F(IconFolderTest, ALinkToAPipeBlocksNothing)
     EXPECT_TRUE(folder.read(domain).isNull());
 }
 
-TEST_F(IconFolderTest, AFileIsWrittenWhereTheFolderIsGone)
+TEST_F(IconFolderTest, AFileIsWrittenEvenIfTheFolderIsGone)
 {
     ASSERT_TRUE(QDir(parent.filePath(u"a"_s)).removeRecursively());
     folder.write(domain, square(Qt::red));
@@ -178,7 +178,7 @@ TEST_F(IconFolderTest, AFileIsWrittenWhereTheFolderIsGone)
     EXPECT_EQ(QFile::permissions(path), user | owner);
 }
 
-TEST_F(IconFolderTest, AFolderThatOthersCouldReadIsTakenAwayFromThem)
+TEST_F(IconFolderTest, AFolderThatOthersCouldReadBecomesPrivate)
 {
     ASSERT_TRUE(QFile::setPermissions(path, QFileDevice::Permissions(0x7755)));
     folder.prepare();
@@ -186,9 +186,10 @@ TEST_F(IconFolderTest, AFolderThatOthersCouldReadIsTakenAwayFromThem)
               QFileDevice::Permissions());
 }
 
-TEST_F(IconFolderTest, WhatACrashHasLeftIsRemoved)
+TEST_F(IconFolderTest, LeftoversOfACrashAreRemoved)
 {
-    // As QSaveFile names its temporary files where the file system gives every file a name.
+    // The names that QSaveFile gives its temporary files if the file system gives every file a
+    // name.
     QTemporaryFile temporary(path + u"/example.org.png.XXXXXX"_s);
     temporary.setAutoRemove(false);
     ASSERT_TRUE(temporary.open());
@@ -200,7 +201,7 @@ TEST_F(IconFolderTest, WhatACrashHasLeftIsRemoved)
     EXPECT_EQ(files(), QStringList());
 }
 
-TEST_F(IconFolderTest, WhatMayBeInUseOrSomebodyElsesStays)
+TEST_F(IconFolderTest, FilesThatMayBeInUseOrForeignAreKept)
 {
     const QStringList others = {
         u"example.org.png"_s,        u"example.org.png.abc"_s, u"example.org.png.abcdefg"_s,

@@ -10,7 +10,7 @@ QImage icon(int width, int height)
     return {width, height, QImage::Format_ARGB32_Premultiplied};
 }
 
-TEST(IconSizesTest, WhatFitsStaysAsItIs)
+TEST(IconSizesTest, AnIconThatFitsIsUnchanged)
 {
     EXPECT_EQ(shownIcon(icon(256, 256)).size(), QSize(256, 256));
     EXPECT_EQ(shownIcon(icon(16, 8)).size(), QSize(16, 8));
@@ -19,7 +19,7 @@ TEST(IconSizesTest, WhatFitsStaysAsItIs)
     EXPECT_TRUE(keptIcon({}).isNull());
 }
 
-TEST(IconSizesTest, WhatDoesNotFitKeepsItsShape)
+TEST(IconSizesTest, AnIconThatDoesNotFitKeepsItsProportions)
 {
     EXPECT_EQ(shownIcon(icon(257, 257)).size(), QSize(256, 256));
     EXPECT_EQ(shownIcon(icon(512, 128)).size(), QSize(256, 64));

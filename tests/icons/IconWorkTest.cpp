@@ -21,7 +21,7 @@ TEST(IconWorkTest, IsDoneOnAThreadOfItsOwnThatIsPreparedFirst)
     EXPECT_NE(prepared, QThread::currentThread());
 }
 
-TEST(IconWorkTest, WhatThrowsHasAnEmptyResult)
+TEST(IconWorkTest, AThrowingTaskHasAnEmptyResult)
 {
     IconWork work;
     const auto failed = work.run([]() -> std::optional<int> { throw std::bad_alloc(); });
@@ -54,7 +54,7 @@ TEST(IconWorkTest, AnAnswerThatIsCancelledHasAnEmptyResult)
     EXPECT_EQ(result.result(), 0);
 }
 
-TEST(IconWorkTest, AnAnswerMayComeAfterItsEnd)
+TEST(IconWorkTest, AnAnswerMayComeAfterDestruction)
 {
     QFuture<int> result;
     {

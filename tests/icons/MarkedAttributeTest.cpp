@@ -39,7 +39,7 @@ std::optional<QString> captureOf(const QString &html, AttributeOrder order)
     return match.hasMatch() ? std::optional(match.captured(1)) : std::nullopt;
 }
 
-/// Short pages of nothing but what matters to the expressions.
+/// A short page made of only the pieces that matter to the expressions.
 QString randomPage(std::mt19937 &random)
 {
     static const std::array pieces = {
@@ -55,17 +55,17 @@ QString randomPage(std::mt19937 &random)
     return page;
 }
 
-/// A page of @p size characters or a few more that is one piece again and again.
+/// A page that repeats one piece, of @p size characters or a few more.
 QString pageOf(const char *piece, qsizetype size)
 {
     QString page = u"<link "_s;
     while (page.size() < size)
         page += QLatin1String(piece);
-    // So that every part of the expression is somewhere in the page.
+    // So that every part of the expression occurs in the page.
     return page + u"> rel='icon' href='b' rel='icon'"_s;
 }
 
-/// The processor's time that a search takes, in ticks; the shortest of three.
+/// The processor time that a search takes, in ticks; the shortest of three.
 std::clock_t timeToSearch(const QString &page, AttributeOrder order)
 {
     std::clock_t shortest = std::numeric_limits<std::clock_t>::max();
@@ -96,7 +96,7 @@ TEST(MarkedAttributeTest, FindsWhatTheWholeExpressionCaptures)
     EXPECT_GT(found[1], 250) << "the pages no longer hold what is looked for";
 }
 
-TEST(MarkedAttributeTest, TakesTimeInProportionToThePageHoweverItIsMade)
+TEST(MarkedAttributeTest, TakesTimeInProportionToTheLengthOfAnyPage)
 {
     constexpr qsizetype pageSize = qsizetype(64) * 1024;
     constexpr qsizetype share = 16;

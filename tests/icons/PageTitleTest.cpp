@@ -16,7 +16,7 @@ struct TitleCase
 {
     const char *name;
     const char *html;
-    const char *title; ///< Null for none.
+    const char *title; ///< Null if there is none.
 };
 
 class PageTitleTest : public testing::TestWithParam<TitleCase>

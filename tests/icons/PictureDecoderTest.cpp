@@ -37,7 +37,7 @@ QByteArray bigEndian(Number number)
 
 struct IcoEntry
 {
-    quint8 side; ///< As the directory has it; 0 stands for 256.
+    quint8 side; ///< As in the directory; 0 means 256.
     QByteArray content;
 };
 
@@ -57,7 +57,7 @@ QByteArray icoOf(const QList<IcoEntry> &entries)
     return directory + contents;
 }
 
-/// The one picture of an ICO file that Qt has written, which is a bitmap.
+/// The only picture of an ICO file written by Qt, which is a bitmap.
 QByteArray bitmap(int side, Qt::GlobalColor color)
 {
     return picture({side, side}, "ico", color).sliced(6 + 16);
@@ -81,7 +81,7 @@ QByteArray chunk(const QByteArray &type, const QByteArray &content)
 
 constexpr qsizetype pngHeaderEnd = 8 + 12 + 13;
 
-/// A PNG file whose header tells of another size, and whose checksums are right.
+/// A PNG file whose header claims the given size, with correct checksums.
 QByteArray pngClaiming(quint32 width, quint32 height)
 {
     const QByteArray png = picture({16, 16});
@@ -196,7 +196,7 @@ TEST(PictureDecoderTest, APngThatClaimsAHugeSizeIsRefused)
     EXPECT_TRUE(decodePicture(pngClaiming(0, 16)).isNull());
 }
 
-TEST(PictureDecoderTest, CompressedTextsInAPngAreNotUnfolded)
+TEST(PictureDecoderTest, CompressedTextsInAPngAreNotDecompressed)
 {
     const QByteArray png = picture({16, 16});
     const QByteArray text =
@@ -285,7 +285,7 @@ TEST(PictureDecoderTest, TwoHundredFiftySixPixelsInAnIcoAreZeroInItsDirectory)
     EXPECT_EQ(decodePicture(icoOf({{0, picture({256, 256})}})).size(), QSize(256, 256));
 }
 
-TEST(PictureDecoderTest, TheDirectoryOfAnIcoIsNotBelieved)
+TEST(PictureDecoderTest, TheDirectoryOfAnIcoIsNotTrusted)
 {
     const QByteArray ico =
         icoOf({{255, picture({16, 16}, "png", Qt::blue)}, {8, picture({32, 32}, "png", Qt::red)}});
@@ -305,9 +305,9 @@ TEST(PictureDecoderTest, AnIcoCannotHideAHugePicture)
     EXPECT_TRUE(decodePicture(icoOf({{0, lyingBitmap}})).isNull());
 }
 
-TEST(PictureDecoderTest, AnIcoOfManyEntriesForOnePictureIsNoBurden)
+TEST(PictureDecoderTest, AnIcoOfManyEntriesForOnePictureIsRejectedQuickly)
 {
-    // 65 535 entries, all for the same bytes, which look like a large picture and aren't.
+    // 65 535 entries, all for the same bytes, which look like a large picture but aren't one.
     const quint32 contentSize = 512 * 1024;
     const quint32 offset = 6 + 16 * 65535;
     QByteArray ico = QByteArray("\0\0\1\0\xff\xff", 6);
@@ -353,7 +353,7 @@ TEST(SvgTest, IsDrawnAtASizeThatSuits)
         QSize(128, 64));
 }
 
-TEST(SvgTest, WhatPrecedesTheRootIsPassed)
+TEST(SvgTest, APrologueBeforeTheRootIsSkipped)
 {
     const QByteArray prologue = "\xef\xbb\xbf<?xml version=\"1.0\"?>\n<!-- made by hand -->\n"
                                 "<!DOCTYPE svg PUBLIC \"-//W3C//DTD SVG 1.1//EN\" "
@@ -361,7 +361,7 @@ TEST(SvgTest, WhatPrecedesTheRootIsPassed)
     EXPECT_TRUE(isReddish(centerOf(decodePicture(prologue + svg(redSquare)))));
 }
 
-TEST(SvgTest, GradientsClassesAndForeignElementsAreFine)
+TEST(SvgTest, GradientsClassesAndForeignElementsAreAccepted)
 {
     EXPECT_TRUE(isReddish(centerOf(decodePicture(svg(
         R"(<title>T</title><metadata><x:y xmlns:x="urn:x"><image/></x:y></metadata>)"
@@ -372,7 +372,7 @@ TEST(SvgTest, GradientsClassesAndForeignElementsAreFine)
         "<rect width='32' height='32' fill='url(#b)'/>")))));
 }
 
-TEST(SvgTest, ATrackingPixelStaysOne)
+TEST(SvgTest, ATrackingPixelIsNotEnlarged)
 {
     EXPECT_EQ(
         decodePicture(R"(<svg xmlns="http://www.w3.org/2000/svg" width="1" height="1"/>)").size(),
@@ -445,7 +445,7 @@ TEST_F(HostileSvgTest, EntitiesAreRefused)
     EXPECT_TRUE(decodePicture(bomb + "]>" + svg("<title>&a39;</title>" + redSquare)).isNull());
 }
 
-TEST_F(HostileSvgTest, WhatCanMultiplyOrMoveIsRefused)
+TEST_F(HostileSvgTest, ContentThatCanMultiplyOrMoveIsRefused)
 {
     for (const char *element :
          {"<use xlink:href='#a'/>", "<text>A</text>", "<script>1</script>", "<foreignObject/>",
@@ -476,7 +476,7 @@ TEST_F(HostileSvgTest, SizeDepthAndNumberAreBounded)
     EXPECT_TRUE(decodePicture(svg("<style>" + QByteArray(4097, ' ') + "</style>")).isNull());
 }
 
-TEST_F(HostileSvgTest, WhatWouldTakeMinutesToDrawIsRefused)
+TEST_F(HostileSvgTest, DrawingsThatWouldTakeMinutesAreRefused)
 {
     const auto path = [](const QByteArray &segment, int count) {
         return "<path stroke='#000' stroke-width='2' d='M0 0" + segment.repeated(count) + "'/>";
@@ -519,7 +519,7 @@ TEST_F(HostileSvgTest, AttributesAreBounded)
         << "each element would have them";
 }
 
-TEST_F(HostileSvgTest, SelectingIsBounded)
+TEST_F(HostileSvgTest, SelectorMatchingIsBounded)
 {
     const auto drawing = [](int conditions, int elements, const QByteArray &classes) {
         return svg("<style>" + QByteArray("g{}").repeated(conditions) + "</style>" +
@@ -536,7 +536,7 @@ TEST_F(HostileSvgTest, SelectingIsBounded)
     EXPECT_TRUE(decodePicture(svg("<style>g~g{}</style><g/><g/>")).isNull());
 }
 
-TEST_F(HostileSvgTest, OutlinesCountForMoreThanFillings)
+TEST_F(HostileSvgTest, StrokesCountForMoreThanFills)
 {
     const auto zigzag = [](const QByteArray &attributes, int points) {
         QByteArray path = "<path " + attributes + " d='M0 0";

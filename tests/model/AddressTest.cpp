@@ -12,10 +12,10 @@ namespace {
 struct HostCase
 {
     const char16_t *text;
-    const char16_t *host; ///< Null where the text names none.
+    const char16_t *host; ///< Null if the text names none.
 };
 
-TEST(AddressTest, HostIsThatOfTheUrl)
+TEST(AddressTest, HostComesFromTheUrl)
 {
     const HostCase cases[] = {
         {u"https://example.com/path?q#f", u"example.com"},

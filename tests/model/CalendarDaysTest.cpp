@@ -48,7 +48,7 @@ INSTANTIATE_TEST_SUITE_P(
         // Clocks go forward on 29 March 2026 in Berlin: that day has 23 hours.
         Case{"ShortDay", "2026-03-28T11:00:00Z", "2026-03-29T10:00:00Z", "Europe/Berlin", 1},
         Case{"ShortDayInUtc", "2026-03-28T11:00:00Z", "2026-03-29T10:00:00Z", "UTC", 0},
-        // And back on 25 October: 25 hours.
+        // They go back on 25 October, which has 25 hours.
         Case{"LongDay", "2026-10-24T10:00:00Z", "2026-10-25T10:59:59Z", "Europe/Berlin", 0},
         Case{"FarFuture", "2026-01-01T00:00:00Z", "9999-12-31T23:59:59Z", "UTC", 2912442}),
     [](const auto &each) { return std::string(each.param.name); });
@@ -71,7 +71,7 @@ class CalendarDaysOfSystemTest : public testing::TestWithParam<SystemZoneCase>
 {
 };
 
-TEST_P(CalendarDaysOfSystemTest, CountsWhateverTheEnvironmentCallsTheTimeZone)
+TEST_P(CalendarDaysOfSystemTest, CountsForAnyTimeZoneNameOfTheEnvironment)
 {
     const SystemZoneCase &c = GetParam();
     const ScopedTimeZone zone(c.environment);

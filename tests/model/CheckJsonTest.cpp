@@ -59,7 +59,7 @@ std::optional<Check> decoded(const std::string &json)
     return test::decodeCheck(QByteArray::fromStdString(json));
 }
 
-/// The plain check with @p member before its end.
+/// The plain check with @p member added at its end.
 std::string with(const std::string &member)
 {
     return plainJson.substr(0, plainJson.size() - 1) + "," + member + "}";
@@ -96,7 +96,7 @@ bool decodesMap(const std::string &json)
     return decodeMap(json, collector);
 }
 
-/// What of a map with the one check @p json is told to be that check's compact text.
+/// The part of a map with the one check @p json that is reported as that check's compact text.
 std::optional<std::string> compactTextOf(const std::string &json)
 {
     Collector collector;
@@ -106,7 +106,7 @@ std::optional<std::string> compactTextOf(const std::string &json)
     return range ? std::optional(map.substr(range->offset, range->length)) : std::nullopt;
 }
 
-TEST(CheckJsonTest, FailuresOfOneTextShareItAndOthersKeepTheirs)
+TEST(CheckJsonTest, EqualErrorTextsAreSharedAndOthersKept)
 {
     const std::string timedOut = with(R"("error":"Timed out")");
     const std::string refused = with(R"("error":"Refused")");
@@ -154,7 +154,7 @@ TEST(CheckJsonTest, ResponseTimesAreReadBackExactly)
     }
 }
 
-TEST(CheckJsonTest, WhatJsonCannotHoldIsReplaced)
+TEST(CheckJsonTest, ValuesThatJsonCannotHoldAreReplaced)
 {
     Check check = plainCheck();
     check.responseTime = std::numeric_limits<double>::quiet_NaN();
@@ -177,7 +177,7 @@ TEST(CheckJsonTest, ChecksOfOneSecondReadBackWithEqualTimestamps)
     EXPECT_EQ(first->timestamp, second->timestamp);
 }
 
-TEST(CheckJsonTest, LackingErrorIsAbsentAndLackingIsUpFails)
+TEST(CheckJsonTest, AMissingErrorIsAbsentAndAMissingIsUpFails)
 {
     const auto check = decoded(plainJson);
     ASSERT_TRUE(check);
@@ -185,7 +185,7 @@ TEST(CheckJsonTest, LackingErrorIsAbsentAndLackingIsUpFails)
     EXPECT_FALSE(decoded(replaced(plainJson, R"(,"isUp":true)", "")));
 }
 
-TEST(CheckJsonTest, LackingARequiredKeyFails)
+TEST(CheckJsonTest, AMissingRequiredKeyFails)
 {
     for (const char *key : {"id", "monitorId", "timestamp", "responseTime", "isUp"})
         EXPECT_FALSE(decoded(replaced(plainJson, std::string("\"") + key + "\"", "\"later\"")))
@@ -251,7 +251,7 @@ TEST(CheckJsonTest, UnknownKeysAndAnyOrderAreRead)
     EXPECT_EQ(decoded(shuffled), plainCheck());
 }
 
-TEST(CheckJsonTest, WhatIsNoObjectFails)
+TEST(CheckJsonTest, AnythingButOneObjectFails)
 {
     for (const std::string &text :
          {std::string(), std::string("[]"), std::string("null"), plainJson + "x",
@@ -277,7 +277,7 @@ TEST(CheckMapTest, EmptyMapIsAnEmptyArray)
     EXPECT_TRUE(decodesMap("[]"));
 }
 
-TEST(CheckMapTest, WhatIsNoMapFails)
+TEST(CheckMapTest, AnythingButAMapFails)
 {
     const std::string pair = monitorIdJson + ",[" + plainJson + "]";
     for (const std::string &text :
@@ -291,15 +291,15 @@ TEST(CheckMapTest, WhatIsNoMapFails)
         EXPECT_FALSE(decodesMap(text)) << text;
 }
 
-TEST(CheckMapTest, CompactTextIsToldWhereItStands)
+TEST(CheckMapTest, CompactTextIsReportedWithItsPosition)
 {
-    // As another program might have spelled it, but without a byte to save.
+    // As another program might have spelled it, but without a superfluous byte.
     const std::string text = replaced(plainJson, "245.123", "2.45123e2");
     EXPECT_EQ(compactTextOf(text), text);
     EXPECT_EQ(compactTextOf(encoded(fullCheck())), encoded(fullCheck()));
 }
 
-TEST(CheckMapTest, OtherTextIsNot)
+TEST(CheckMapTest, OtherTextIsNotReportedAsCompact)
 {
     const std::string lowerId = R"("01234567-89ab-cdef-0123-456789abcdef")";
     for (const std::string &text :

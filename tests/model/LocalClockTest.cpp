@@ -20,7 +20,7 @@ QString shown(const QDateTime &time)
 
 } // namespace
 
-TEST(LocalClockTest, AZoneShowsItsOwnTimeWhateverTheComputersClocksAre)
+TEST(LocalClockTest, AZoneShowsItsOwnTimeWhateverTheComputersZoneIs)
 {
     const ScopedTimeZone zone("EST5");
     const QTimeZone berlin("Europe/Berlin");
@@ -29,7 +29,7 @@ TEST(LocalClockTest, AZoneShowsItsOwnTimeWhateverTheComputersClocksAre)
               winterNoon.time_since_epoch().count());
 }
 
-TEST(LocalClockTest, AnInvalidZoneIsTheComputersClocks)
+TEST(LocalClockTest, AnInvalidZoneMeansTheComputersClock)
 {
     const ScopedTimeZone zone("MEZ-1MESZ");
     ASSERT_FALSE(QTimeZone::systemTimeZone().isValid()) << "nothing is tested";
@@ -38,7 +38,7 @@ TEST(LocalClockTest, AnInvalidZoneIsTheComputersClocks)
               winterNoon.time_since_epoch().count());
 }
 
-TEST(LocalClockTest, WhatNobodyKnowsIsUtc)
+TEST(LocalClockTest, AnUnknownSystemZoneMeansUtc)
 {
     const ScopedTimeZone zone("Nowhere/At All");
     EXPECT_EQ(shown(onClocksOf({}, winterNoon)), u"2026-01-10 12:00"_s);

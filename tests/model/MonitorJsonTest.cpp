@@ -41,7 +41,7 @@ Monitor fullMonitor()
     return monitor;
 }
 
-/// An object with the required keys alone.
+/// An object with only the required keys.
 QJsonObject plainObject()
 {
     return {{u"id"_s, u"01234567-89AB-CDEF-0123-456789ABCDEF"_s},
@@ -61,7 +61,7 @@ std::optional<QList<Monitor>> decoded(const QJsonObject &object)
     return decodeMonitors(QJsonDocument(QJsonArray{object}).toJson());
 }
 
-/// The plain object with the raw text @p json for @p key.
+/// The plain object with the raw text @p json as the value of @p key.
 QByteArray withRaw(const QString &key, const QByteArray &json)
 {
     QJsonObject object = plainObject();
@@ -99,7 +99,7 @@ TEST(MonitorJsonTest, AbsentKeysAreLeftOut)
     EXPECT_EQ(object.size(), 13);
 }
 
-TEST(MonitorJsonTest, KeysThatCameLaterHaveDefaults)
+TEST(MonitorJsonTest, KeysAddedLaterHaveDefaults)
 {
     const auto monitors = decoded(plainObject());
     ASSERT_TRUE(monitors);
@@ -112,7 +112,7 @@ TEST(MonitorJsonTest, KeysThatCameLaterHaveDefaults)
     EXPECT_FALSE(monitor.port);
 }
 
-TEST(MonitorJsonTest, LackingARequiredKeyFails)
+TEST(MonitorJsonTest, AMissingRequiredKeyFails)
 {
     for (const QString &key : plainObject().keys()) {
         QJsonObject object = plainObject();
@@ -196,7 +196,7 @@ TEST(MonitorJsonTest, SubSecondCreationTimeComesBackRoundedDown)
     EXPECT_EQ(monitors->first().createdAt, fullMonitor().createdAt);
 }
 
-TEST(MonitorJsonTest, UnknownKeysOfAnyNestingArePassedOver)
+TEST(MonitorJsonTest, UnknownKeysOfAnyNestingAreIgnored)
 {
     const auto known = decoded(plainObject());
     for (const char *text : {"{\"a\":[1,{\"b\":null}],\"c\":\"}\"}", "[[],[[]]]", "null", "1.5e3",
@@ -207,13 +207,13 @@ TEST(MonitorJsonTest, UnknownKeysOfAnyNestingArePassedOver)
         EXPECT_FALSE(decodeMonitors(withRaw(u"later"_s, text))) << text;
 }
 
-TEST(MonitorJsonTest, NestingWithoutEndFails)
+TEST(MonitorJsonTest, ExtremeNestingFails)
 {
     EXPECT_FALSE(
         decodeMonitors(withRaw(u"later"_s, QByteArray(100000, '[') + QByteArray(100000, ']'))));
 }
 
-TEST(MonitorJsonTest, EscapedKeysAreKnown)
+TEST(MonitorJsonTest, EscapedKeysAreRecognized)
 {
     QByteArray json = withRaw(u"name"_s, "\"Shop\"");
     json.replace("\"name\"", "\"n\\u0061me\"");
@@ -222,7 +222,7 @@ TEST(MonitorJsonTest, EscapedKeysAreKnown)
     EXPECT_EQ(monitors->first().name, u"Shop"_s);
 }
 
-TEST(MonitorJsonTest, OfAKeyThatComesTwiceTheLastCounts)
+TEST(MonitorJsonTest, OfARepeatedKeyTheLastCounts)
 {
     QByteArray json = withRaw(u"name"_s, "\"first\",\"name\":\"last\"");
     const auto monitors = decodeMonitors(json);
@@ -238,7 +238,7 @@ TEST(MonitorJsonTest, LowerCaseIdIsRead)
     EXPECT_EQ(monitors->first().id, id);
 }
 
-TEST(MonitorJsonTest, WhatIsNoArrayOfObjectsFails)
+TEST(MonitorJsonTest, AnythingButAnArrayOfObjectsFails)
 {
     const QByteArray json = encodeMonitors({fullMonitor()});
     for (const QByteArray &text :
@@ -277,7 +277,7 @@ TEST(MonitorJsonTest, TextsKeepEveryCharacter)
     }
 }
 
-TEST(MonitorJsonTest, WhatJsonCannotHoldIsReplaced)
+TEST(MonitorJsonTest, ValuesThatJsonCannotHoldAreReplaced)
 {
     Monitor monitor = fullMonitor();
     monitor.name = u"a"_s + QChar(0xd800) + u"b"_s;

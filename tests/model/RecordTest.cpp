@@ -35,7 +35,7 @@ TEST(MonitorTest, DisplayNameOfABareHostNameIsTheAddress)
     EXPECT_EQ(namedMonitor({}, u"db.local"_s).displayName(), u"db.local"_s);
 }
 
-TEST(MonitorTest, EveryFieldCounts)
+TEST(MonitorTest, EveryFieldCountsForEquality)
 {
     const std::vector<std::function<void(Monitor &)>> edits = {
         [](Monitor &m) { m.id = QUuid::createUuid(); },
@@ -65,7 +65,7 @@ TEST(MonitorTest, EveryFieldCounts)
     }
 }
 
-TEST(CheckTest, EveryFieldCounts)
+TEST(CheckTest, EveryFieldCountsForEquality)
 {
     const std::vector<std::function<void(Check &)>> edits = {
         [](Check &c) { c.id = QUuid::createUuid(); },
@@ -88,7 +88,7 @@ TEST(CheckTest, EveryFieldCounts)
     }
 }
 
-TEST(CheckTest, AbsentTextIsNotAnEmptyOne)
+TEST(CheckTest, AnAbsentTextIsNotEqualToAnEmptyOne)
 {
     EXPECT_FALSE(OptionalText());
     EXPECT_TRUE(OptionalText(QString()));
@@ -97,7 +97,7 @@ TEST(CheckTest, AbsentTextIsNotAnEmptyOne)
     EXPECT_EQ(OptionalText().value_or(u"b"_s), u"b"_s);
 }
 
-TEST(CheckTest, CompactOptionalTellsAbsenceFromEveryCode)
+TEST(CheckTest, CompactOptionalDistinguishesAbsenceFromEveryCode)
 {
     EXPECT_FALSE(CompactOptional<qint32>());
     EXPECT_FALSE(CompactOptional<qint32>(std::optional<qint32>()));

@@ -23,7 +23,7 @@ TEST(TimestampTest, FractionIsRoundedDownAlsoBefore1970)
     EXPECT_EQ(formatTimestamp(Timestamp(-1ms)), QByteArrayLiteral("1969-12-31T23:59:59Z"));
 }
 
-TEST(TimestampTest, YearsThatTheFormCannotHoldAreClamped)
+TEST(TimestampTest, YearsThatTheFormatCannotHoldAreClamped)
 {
     EXPECT_EQ(formatTimestamp(Timestamp::min()), QByteArrayLiteral("0000-01-01T00:00:00Z"));
     EXPECT_EQ(formatTimestamp(Timestamp::max()), QByteArrayLiteral("9999-12-31T23:59:59Z"));
@@ -49,7 +49,7 @@ TEST(TimestampTest, DaysAndTimesThatDoNotExistAreRefused)
     EXPECT_TRUE(parseTimestamp("2028-02-29T00:00:00Z"));
 }
 
-TEST(TimestampTest, WhatIsWrittenIsReadBack)
+TEST(TimestampTest, WrittenTimestampsAreReadBack)
 {
     for (Timestamp day = sys_days(1999y / 12 / 30); day < sys_days(2001y / 3 / 3); day += 24h + 7s)
         EXPECT_EQ(parseTimestamp(formatTimestamp(day).toStdString()), day);

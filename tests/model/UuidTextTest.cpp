@@ -28,7 +28,7 @@ TEST(UuidTextTest, IsReadInEitherCase)
     EXPECT_EQ(parseUuid("01234567-89ab-cdef-0123-456789ABcdef"), id);
 }
 
-TEST(UuidTextTest, WhatIsWrittenIsReadBack)
+TEST(UuidTextTest, WrittenUuidsAreReadBack)
 {
     for (int i = 0; i < 1000; ++i) {
         const QUuid id = QUuid::createUuid();

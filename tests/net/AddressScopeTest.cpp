@@ -25,7 +25,7 @@ bool isPublicText(const char *text)
     return isPublicAddress(reinterpret_cast<const sockaddr &>(address6));
 }
 
-/// The last address before and the first after each block that isn't public.
+/// The last address before, and the first after, each block that isn't public.
 const char *const publicAddresses[] = {
     "1.0.0.0",          "8.8.8.8",         "9.255.255.255",   "11.0.0.0",        "93.184.216.34",
     "100.63.255.255",   "100.128.0.0",     "126.255.255.255", "128.0.0.0",       "169.253.255.255",
@@ -88,7 +88,7 @@ TEST(AddressScopeTest, LoopbackPrivateAndLinkLocalAddressesArent)
         EXPECT_FALSE(isPublicText(address)) << address;
 }
 
-TEST(AddressScopeTest, WhatIsNoInternetAddressIsntPublic)
+TEST(AddressScopeTest, AnAddressOfAnotherFamilyIsntPublic)
 {
     sockaddr address{};
     address.sa_family = AF_UNIX;
@@ -120,7 +120,7 @@ TEST(AddressScopeTest, APublicAddressIsPublicHoweverItIsSpelt)
         EXPECT_FALSE(isPrivateHost(host)) << host.toStdString();
 }
 
-TEST(AddressScopeTest, NamesThatMeanNothingElsewhereArePrivate)
+TEST(AddressScopeTest, NamesWithOnlyLocalMeaningArePrivate)
 {
     for (const QString &host :
          {u"localhost"_s, u"LOCALHOST"_s, u"localhost."_s, u"app.localhost"_s, u"a.b.LocalHost."_s,
@@ -129,7 +129,7 @@ TEST(AddressScopeTest, NamesThatMeanNothingElsewhereArePrivate)
         EXPECT_TRUE(isPrivateHost(host)) << host.toStdString();
 }
 
-TEST(AddressScopeTest, NamesOfTheInternetArent)
+TEST(AddressScopeTest, NamesOfTheInternetArentPrivate)
 {
     for (const QString &host :
          {u"example.com"_s, u"example.com."_s, u"WWW.Example.COM"_s, u"bücher.example"_s,

@@ -157,7 +157,7 @@ class ForeignNotificationTest : public testing::TestWithParam<test::ForeignText>
 {
 };
 
-TEST_P(ForeignNotificationTest, IsFitForPeopleAndSaysWhatItIsAbout)
+TEST_P(ForeignNotificationTest, IsFitForPeopleAndStillSaysWhatHappened)
 {
     const QString &foreign = GetParam().text;
     test::RecordingNotificationCenter center;
@@ -180,7 +180,7 @@ TEST_P(ForeignNotificationTest, IsFitForPeopleAndSaysWhatItIsAbout)
 INSTANTIATE_TEST_SUITE_P(Table, ForeignNotificationTest, testing::ValuesIn(test::foreignTexts()),
                          [](const auto &test) { return std::string(test.param.name); });
 
-TEST(NotificationIdentifierTest, IsTheSameForTheSameKindAndMonitorAlone)
+TEST(NotificationIdentifierTest, IsTheSameOnlyForTheSameKindAndMonitor)
 {
     test::RecordingNotificationCenter center;
     NotificationManager manager(center);

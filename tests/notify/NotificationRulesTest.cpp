@@ -37,7 +37,7 @@ void PrintTo(const Case &sample, std::ostream *out)
     *out << sample.name;
 }
 
-/// A website whose switches are on.
+/// A website whose switches are all on.
 Monitor website()
 {
     return {.id = QUuid::createUuid(), .url = u"https://shop.example/"_s};
@@ -91,7 +91,7 @@ Check portCheck(bool isUp)
             .responseTime = 120};
 }
 
-/// Without a response.
+/// A check without a response.
 Check transportError()
 {
     return portCheck(false);
@@ -200,7 +200,7 @@ class NotificationRulesTest : public testing::TestWithParam<Case>
 {
 };
 
-TEST_P(NotificationRulesTest, SaysWhatIsDue)
+TEST_P(NotificationRulesTest, ReturnsTheDueNotifications)
 {
     const Case &c = GetParam();
     EXPECT_EQ(dueNotifications(c.monitor, c.check, c.failuresBefore, QTimeZone::utc()), c.due);
@@ -216,7 +216,7 @@ INSTANTIATE_TEST_SUITE_P(Certificate, NotificationRulesTest, testing::ValuesIn(c
 INSTANTIATE_TEST_SUITE_P(SeveralAtOnce, NotificationRulesTest,
                          testing::ValuesIn(severalAtOnceCases()), nameOf);
 
-TEST(NotificationRulesTimeZoneTest, DaysAreThoseOfTheGivenClocks)
+TEST(NotificationRulesTimeZoneTest, DaysFollowTheGivenTimeZone)
 {
     // Clocks go forward on 29 March 2026 in Berlin: that day has 23 hours.
     Check check = httpCheck(200);

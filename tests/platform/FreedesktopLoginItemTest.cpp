@@ -99,7 +99,7 @@ TEST_F(FreedesktopLoginItemTest, NamesAProgramThatIsInstalledThroughALinkWithout
 TEST_F(FreedesktopLoginItemTest, NamesAProgramThatIsNotInstalledByItsPath)
 {
     const QString program = makeProgram(u"build/ostrel"_s);
-    (void)makeProgram(u"bin/ostrel"_s); // Another one of the same name.
+    (void)makeProgram(u"bin/ostrel"_s); // Another program of the same name.
     FreedesktopLoginItem item(program);
     EXPECT_TRUE(item.registerItem());
     EXPECT_EQ(valueOf("Exec"), program);
@@ -110,7 +110,7 @@ struct PathCase
 {
     const char *name;
     const char *path;
-    const char *exec;    ///< Without the folder, as it stands in the file.
+    const char *exec;    ///< As in the file, without the folder.
     const char *tryExec; ///< Likewise.
 };
 
@@ -131,7 +131,7 @@ TEST_P(FreedesktopLoginItemPathTest, IsQuotedAndRecognized)
     EXPECT_EQ(valueOf("Exec"), u'"' + m_folder.filePath(QString::fromUtf8(GetParam().exec)) + u'"');
     EXPECT_EQ(valueOf("TryExec"), m_folder.filePath(QString::fromUtf8(GetParam().tryExec)));
 
-    // Had it not recognized its own entry, the comment would be gone.
+    // If it hadn't recognized its own entry, the comment would be gone.
     writeEntry(entry() + "# kept\n");
     ASSERT_TRUE(item.registerItem());
     EXPECT_TRUE(entry().endsWith("# kept\n"));
@@ -172,7 +172,7 @@ TEST_F(FreedesktopLoginItemTest, IsIdempotent)
     EXPECT_TRUE(item.unregisterItem());
 }
 
-TEST_F(FreedesktopLoginItemTest, LeavesAnEntryAloneThatStartsTheSameProgram)
+TEST_F(FreedesktopLoginItemTest, KeepsAnEntryThatStartsTheSameProgram)
 {
     FreedesktopLoginItem item(makeProgram(u"bin/ostrel"_s));
     const QByteArray own = "[Desktop Entry]\nType=Application\nName=Mine\n"
@@ -211,7 +211,7 @@ TEST_F(FreedesktopLoginItemTest, ReplacesAnEntryWhoseProgramIsGone)
     EXPECT_EQ(valueOf("Exec"), u"ostrel"_s);
 }
 
-TEST_F(FreedesktopLoginItemTest, ReplacesAnEntryThatIsNone)
+TEST_F(FreedesktopLoginItemTest, ReplacesAnInvalidEntry)
 {
     FreedesktopLoginItem item(makeProgram(u"bin/ostrel"_s));
     writeEntry(QByteArray("\0\xff=\n[", 5));
@@ -219,22 +219,22 @@ TEST_F(FreedesktopLoginItemTest, ReplacesAnEntryThatIsNone)
     EXPECT_EQ(valueOf("Exec"), u"ostrel"_s);
 }
 
-TEST_F(FreedesktopLoginItemTest, IsRefusedWhereItCantBeWritten)
+TEST_F(FreedesktopLoginItemTest, IsRefusedIfItCantBeWritten)
 {
     FreedesktopLoginItem item(makeProgram(u"bin/ostrel"_s));
-    QDir().mkpath(entryPath()); // A folder of that name.
+    QDir().mkpath(entryPath()); // A folder at the entry's path.
     EXPECT_FALSE(item.registerItem());
     EXPECT_FALSE(item.unregisterItem());
 }
 
-TEST_F(FreedesktopLoginItemTest, LeavesAPipeOrADeviceAloneAndWaitsForNeither)
+TEST_F(FreedesktopLoginItemTest, NeitherReplacesNorWaitsForAPipeOrADevice)
 {
     QDir().mkpath(path("config/autostart"));
     ASSERT_EQ(::mkfifo(QFile::encodeName(entryPath()).constData(), 0600), 0);
     FreedesktopLoginItem item(makeProgram(u"bin/ostrel"_s));
     EXPECT_FALSE(item.registerItem());
     EXPECT_TRUE(item.unregisterItem());
-    // A pipe plays the device: a program that replaced one would harm the computer.
+    // A pipe stands in for the device: a program that replaced a real one would harm the computer.
     const QString device = path("device");
     ASSERT_EQ(::mkfifo(QFile::encodeName(device).constData(), 0600), 0);
     ASSERT_TRUE(QFile::link(device, entryPath()));

@@ -43,7 +43,7 @@ public:
         m_connection.send(signal);
     }
 
-    /// Returns when the bus has all that was sent.
+    /// Returns when the bus has received everything that was sent.
     void awaitBus() { (void)m_connection.interface()->registeredServiceNames(); }
 
     QStringList asked;
@@ -127,7 +127,7 @@ TEST(FreedesktopMotionPreferenceTest, FollowsTheDesktop)
     EXPECT_EQ(changes, 3);
 }
 
-TEST(FreedesktopMotionPreferenceTest, MovesWithoutAPortalOrABus)
+TEST(FreedesktopMotionPreferenceTest, IsNotReducedWithoutAPortalOrABus)
 {
     PrivateBus bus;
     QDBusConnection connection = bus.connect();

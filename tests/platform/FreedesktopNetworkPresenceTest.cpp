@@ -27,7 +27,7 @@ protected:
         QObject::connect(&m_presence, &NetworkPresence::isPresentChanged, [this] { ++m_changes; });
     }
 
-    /// Handles all that the bus has taken so far: it delivers in order.
+    /// Handles everything that the bus has received so far: it delivers in order.
     void receiveAll()
     {
         (void)m_connection.interface()->registeredServiceNames();
@@ -63,7 +63,7 @@ TEST_F(FreedesktopNetworkPresenceTest, IsThereUnlessEveryConnectionIsAway)
     EXPECT_EQ(m_changes, 8);
 }
 
-TEST_F(FreedesktopNetworkPresenceTest, KnowsAStateThatStoodBefore)
+TEST_F(FreedesktopNetworkPresenceTest, ReadsTheInitialState)
 {
     const FakeNetworkManager manager(m_bus, FakeNetworkManager::disconnected);
     m_presence.follow(m_connection);
@@ -102,7 +102,7 @@ TEST_F(FreedesktopNetworkPresenceTest, IsThereWhenNetworkManagerFallsSilent)
     EXPECT_TRUE(becomes(true));
 }
 
-TEST_F(FreedesktopNetworkPresenceTest, IsAskedForAgainWhileThereIsNone)
+TEST_F(FreedesktopNetworkPresenceTest, AsksAgainWhileThereIsNoNetwork)
 {
     FakeNetworkManager manager(m_bus, FakeNetworkManager::disconnected);
     m_presence.follow(m_connection);
@@ -113,7 +113,7 @@ TEST_F(FreedesktopNetworkPresenceTest, IsAskedForAgainWhileThereIsNone)
     EXPECT_TRUE(becomes(true));
 }
 
-TEST_F(FreedesktopNetworkPresenceTest, IsThereWhereNetworkManagerDoesNotTell)
+TEST_F(FreedesktopNetworkPresenceTest, IsThereIfNetworkManagerFailsOrHangs)
 {
     using enum FakeNetworkManager::Behaviour;
     m_presence.follow(m_connection);
@@ -126,7 +126,7 @@ TEST_F(FreedesktopNetworkPresenceTest, IsThereWhereNetworkManagerDoesNotTell)
     EXPECT_EQ(m_changes, 0);
 }
 
-TEST_F(FreedesktopNetworkPresenceTest, BelievesNobodyButNetworkManager)
+TEST_F(FreedesktopNetworkPresenceTest, IgnoresSignalsThatAreNotNetworkManagers)
 {
     FakeNetworkManager manager(m_bus);
     m_presence.follow(m_connection);
@@ -137,13 +137,13 @@ TEST_F(FreedesktopNetworkPresenceTest, BelievesNobodyButNetworkManager)
     signal.setArguments({uint(FakeNetworkManager::asleep)});
     QDBusConnection stranger = m_bus.connect();
     stranger.send(signal);
-    // The bus answers a connection only after what that has sent before.
+    // The bus answers a connection only after handling what the connection has sent before.
     (void)stranger.interface()->registeredServiceNames();
     receiveAll();
     EXPECT_TRUE(m_presence.isPresent());
 }
 
-TEST(NetworkPresenceTest, StartsNoNetworkManager)
+TEST(NetworkPresenceTest, DoesNotStartNetworkManager)
 {
     PrivateBus bus;
     ASSERT_TRUE(bus.isRunning());

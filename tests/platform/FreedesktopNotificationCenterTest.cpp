@@ -32,7 +32,7 @@ NotificationRequest request(const QString &identifier, const QString &body,
     return {.identifier = identifier, .title = u"T <b>&"_s, .body = body, .level = level};
 }
 
-/// A notification center on a private bus; the daemon is the test's business.
+/// A notification center on a private bus; the test starts the daemon.
 class FreedesktopNotificationCenterTest : public testing::Test
 {
 protected:
@@ -44,7 +44,7 @@ protected:
 
     void startDaemon(const QStringList &capabilities = {u"body"_s})
     {
-        m_daemon.reset(); // Before the newcomer asks for the name.
+        m_daemon.reset(); // Before the new one asks for the name.
         ASSERT_TRUE(waitFor([&] { return !m_bus.hasOwner(u"org.freedesktop.Notifications"_s); }));
         m_daemon = std::make_unique<StubNotificationDaemon>(m_bus, capabilities);
         settle();
@@ -53,7 +53,8 @@ protected:
     {
         return waitFor([&] { return m_daemon->notifications().size() >= notifications; });
     }
-    /// What comes after everything that was sent so far has been answered.
+    /// Adds a notification, and returns when the daemon has received it and all answers have
+    /// arrived.
     void addAndAwait(const QString &identifier, const QString &body)
     {
         const auto before = m_daemon->notifications().size();
@@ -124,7 +125,7 @@ TEST_F(FreedesktopNotificationCenterTest, HasTheUsualUrgencyUnlessItIsTimeSensit
     EXPECT_EQ(hints.value(u"urgency"_s), QVariant::fromValue<uchar>(1));
 }
 
-TEST_F(FreedesktopNotificationCenterTest, SoundsTheSameWhateverIsPreferred)
+TEST_F(FreedesktopNotificationCenterTest, SoundDoesNotDependOnThePreference)
 {
     const QTemporaryDir folder;
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
@@ -137,7 +138,7 @@ TEST_F(FreedesktopNotificationCenterTest, SoundsTheSameWhateverIsPreferred)
     }
 }
 
-TEST_F(FreedesktopNotificationCenterTest, EscapesBodiesWhereTheyAreMarkup)
+TEST_F(FreedesktopNotificationCenterTest, EscapesBodiesIfTheDaemonTakesMarkup)
 {
     startDaemon({u"body"_s, u"body-markup"_s});
     addAndAwait(shopDown, u"<b>& \"x\""_s);
@@ -145,7 +146,7 @@ TEST_F(FreedesktopNotificationCenterTest, EscapesBodiesWhereTheyAreMarkup)
     EXPECT_EQ(m_daemon->notifications().first().title, u"T <b>&"_s);
 }
 
-TEST_F(FreedesktopNotificationCenterTest, LeavesBodiesAloneWhereTheyAreText)
+TEST_F(FreedesktopNotificationCenterTest, SendsBodiesUnchangedIfTheDaemonTakesPlainText)
 {
     startDaemon({u"body"_s, u"body-hyperlinks"_s});
     addAndAwait(shopDown, u"<b>&"_s);
@@ -191,7 +192,7 @@ TEST_F(FreedesktopNotificationCenterTest, CoalescesWhileTheDaemonIsSlow)
     startDaemon();
     addAndAwait(blogDown, u"0"_s);
     m_daemon->setBehaviour(Behaviour::holds);
-    // Nobody answers while add runs: this thread is the daemon's as well.
+    // There are no answers while add() runs: this thread is the daemon's as well.
     m_center.add(request(shopDown, u"1"_s));
     m_center.add(request(shopDown, u"2"_s));
     m_center.add(request(shopDown, u"3"_s));
@@ -207,7 +208,7 @@ TEST_F(FreedesktopNotificationCenterTest, CoalescesWhileTheDaemonIsSlow)
     EXPECT_EQ(replacedIds(), QList<uint>({0, 0, firstId + 1}));
 }
 
-TEST_F(FreedesktopNotificationCenterTest, OneThatIsSlowDoesNotHoldUpTheOthers)
+TEST_F(FreedesktopNotificationCenterTest, ASlowNotificationDoesNotDelayOthers)
 {
     startDaemon();
     addAndAwait(u"first"_s, u"0"_s);
@@ -218,7 +219,7 @@ TEST_F(FreedesktopNotificationCenterTest, OneThatIsSlowDoesNotHoldUpTheOthers)
     EXPECT_EQ(bodies().last(), u"2"_s);
 }
 
-TEST_F(FreedesktopNotificationCenterTest, CoalescesWhileTheDaemonThinksAboutItsCapabilities)
+TEST_F(FreedesktopNotificationCenterTest, CoalescesWhileTheCapabilitiesArePending)
 {
     startDaemon({u"body-markup"_s});
     m_daemon->setBehaviour(Behaviour::holds);
@@ -233,12 +234,13 @@ TEST_F(FreedesktopNotificationCenterTest, CoalescesWhileTheDaemonThinksAboutItsC
     EXPECT_EQ(bodies(), QStringList({u"&amp;3"_s, u"2"_s}));
 }
 
-TEST_F(FreedesktopNotificationCenterTest, StartsAfreshAfterADaemonThatWasSilent)
+TEST_F(FreedesktopNotificationCenterTest, StartsOverAfterADaemonThatWasSilent)
 {
     startDaemon({u"body-markup"_s});
     m_daemon->setBehaviour(Behaviour::holds);
     m_center.add(request(shopDown, u"&1"_s));
-    // The capabilities are given up, and no answer means no markup; then the notification is.
+    // The call for capabilities times out, and no answer means no markup; then the notification's
+    // call times out.
     ASSERT_TRUE(daemonHas(1));
     m_center.add(request(shopDown, u"&2"_s));
     ASSERT_TRUE(daemonHas(2));
@@ -258,7 +260,7 @@ TEST_F(FreedesktopNotificationCenterTest, DropsWhatTheDaemonRefuses)
     EXPECT_EQ(m_daemon->notifications().size(), 3);
 }
 
-TEST_F(FreedesktopNotificationCenterTest, TakesADaemonWithoutCapabilitiesForOneOfText)
+TEST_F(FreedesktopNotificationCenterTest, IfTheCapabilitiesFailBodiesAreSentAsPlainText)
 {
     startDaemon();
     m_daemon->setBehaviour(Behaviour::fails);
@@ -267,7 +269,7 @@ TEST_F(FreedesktopNotificationCenterTest, TakesADaemonWithoutCapabilitiesForOneO
     EXPECT_EQ(bodies(), QStringList{u"<b>&"_s});
 }
 
-TEST_F(FreedesktopNotificationCenterTest, StartsAfreshAfterADaemonThatDiedAtWork)
+TEST_F(FreedesktopNotificationCenterTest, StartsOverAfterADaemonThatDiedDuringACall)
 {
     startDaemon();
     addAndAwait(shopDown, u"1"_s);
@@ -281,7 +283,7 @@ TEST_F(FreedesktopNotificationCenterTest, StartsAfreshAfterADaemonThatDiedAtWork
     EXPECT_EQ(replacedIds(), QList<uint>{0});
 }
 
-TEST_F(FreedesktopNotificationCenterTest, ForgetsCapabilitiesThatAnEarlierDaemonAnnouncesLate)
+TEST_F(FreedesktopNotificationCenterTest, IgnoresCapabilitiesThatAnEarlierDaemonAnnouncesLate)
 {
     startDaemon({u"body-markup"_s});
     m_daemon->setBehaviour(Behaviour::holds);
@@ -297,7 +299,7 @@ TEST_F(FreedesktopNotificationCenterTest, ForgetsCapabilitiesThatAnEarlierDaemon
     EXPECT_EQ(bodies().last(), u"&2"_s);
 }
 
-TEST_F(FreedesktopNotificationCenterTest, ForgetsAnIdThatAnEarlierDaemonGivesLate)
+TEST_F(FreedesktopNotificationCenterTest, IgnoresAnIdThatAnEarlierDaemonReturnsLate)
 {
     startDaemon();
     addAndAwait(blogDown, u"0"_s);
@@ -317,7 +319,7 @@ TEST_F(FreedesktopNotificationCenterTest, DropsEverythingWhileThereIsNoDaemon)
 {
     m_center.add(request(shopDown, u"1"_s));
     settle();
-    settle(); // The refusal of the capabilities is followed by that of the notification.
+    settle(); // The call for capabilities fails first, then the notification's call.
     startDaemon();
     addAndAwait(shopDown, u"2"_s);
     EXPECT_EQ(bodies(), QStringList{u"2"_s});
@@ -332,7 +334,7 @@ TEST_F(FreedesktopNotificationCenterTest, OutlivesTheBus)
     ASSERT_TRUE(waitFor([&] { return !m_connection.isConnected(); }));
     m_center.add(request(shopDown, u"2"_s));
 
-    // It still follows a bus, which the silent end of the former hasn't broken.
+    // It still follows a bus: the end of the former one hasn't broken that.
     PrivateBus next;
     StubNotificationDaemon daemon(next, {});
     m_center.follow(next.connect());
@@ -340,7 +342,7 @@ TEST_F(FreedesktopNotificationCenterTest, OutlivesTheBus)
     EXPECT_TRUE(waitFor([&] { return daemon.notifications().size() == 1; }));
 }
 
-TEST_F(FreedesktopNotificationCenterTest, MayEndWhileTheDaemonIsThinking)
+TEST_F(FreedesktopNotificationCenterTest, MayBeDestroyedWhileACallIsPending)
 {
     startDaemon();
     m_daemon->setBehaviour(Behaviour::holds);
@@ -355,7 +357,7 @@ TEST_F(FreedesktopNotificationCenterTest, MayEndWhileTheDaemonIsThinking)
     EXPECT_TRUE(m_daemon->notifications().isEmpty());
 }
 
-TEST_F(FreedesktopNotificationCenterTest, SendsTextThatTheBusWouldRefuse)
+TEST_F(FreedesktopNotificationCenterTest, SendsTextThatTheBusWouldRefuseInAValidForm)
 {
     startDaemon();
     const QString hostile = u"a"_s + QChar(0xd800) + QChar(0xffff) + u'b';
@@ -364,7 +366,7 @@ TEST_F(FreedesktopNotificationCenterTest, SendsTextThatTheBusWouldRefuse)
     EXPECT_TRUE(m_daemon->notifications().first().body.startsWith(u'a'));
 }
 
-TEST_F(FreedesktopNotificationCenterTest, HoldsBackForABusThatIsAwaitedTheNewestOfEachIdentifier)
+TEST_F(FreedesktopNotificationCenterTest, KeepsTheNewestOfEachIdentifierUntilAnAwaitedBusIsThere)
 {
     startDaemon();
     FreedesktopNotificationCenter early;

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace ostrel::test {
 namespace {
 
-TEST(FreedesktopStatusBarHostTest, TellsOfEveryHostThatComes)
+TEST(FreedesktopStatusBarHostTest, SignalsEveryHostThatAppears)
 {
     PrivateBus bus;
     ASSERT_TRUE(bus.isRunning());
@@ -65,7 +65,7 @@ TEST(FreedesktopStatusBarHostTest, AHostIsThereOnceItAnswers)
     EXPECT_FALSE(host.isAwaited());
 }
 
-TEST(FreedesktopStatusBarHostTest, TellsThatAHostThatHungHasGone)
+TEST(FreedesktopStatusBarHostTest, SignalsThatAHungHostHasGone)
 {
     PrivateBus bus;
     std::optional<SilentPanel> panel(std::in_place, bus);
@@ -80,14 +80,14 @@ TEST(FreedesktopStatusBarHostTest, TellsThatAHostThatHungHasGone)
     EXPECT_FALSE(host.isSilent());
 }
 
-TEST(FreedesktopStatusBarHostTest, IsThereWithoutABus)
+TEST(FreedesktopStatusBarHostTest, IsNotAwaitedWithoutABus)
 {
     const FreedesktopStatusBarHost host;
     EXPECT_FALSE(host.isAwaited());
     EXPECT_EQ(host.menuText(u"Shop"_s), u"Shop"_s);
 }
 
-TEST(FreedesktopStatusBarHostTest, NoCharacterOfATextMarksAKey)
+TEST(FreedesktopStatusBarHostTest, EscapesCharactersThatWouldMarkAKey)
 {
     const FreedesktopStatusBarHost host;
     const std::pair<const char *, const char *> texts[] = {
@@ -117,7 +117,7 @@ TEST(FreedesktopStatusBarHostTest, SharesThePaletteOnDesktopsOfTheToolkit)
     }
 }
 
-TEST(PortableStatusBarHostTest, WritesAsTheToolkitDoes)
+TEST(PortableStatusBarHostTest, EscapesTextsAsTheToolkitDoes)
 {
     EXPECT_EQ(PortableStatusBarHost().menuText(u"a & b_c & d"_s), u"a && b_c && d"_s);
 }

@@ -47,7 +47,7 @@ TEST_P(FreedesktopTerminationSignalTest, EndsTheProgramCleanly)
     EXPECT_EQ(m_helper.exitCode(), 0);
 }
 
-TEST_P(FreedesktopTerminationSignalTest, TellsOfASecondSignalAsWell)
+TEST_P(FreedesktopTerminationSignalTest, ReportsASecondSignalToo)
 {
     startHelper(2);
     sendSignal();
@@ -75,7 +75,7 @@ TEST(TerminationSignalTest, SurvivesAFloodOfSignals)
     EXPECT_EQ(helper.exitCode(), 0);
 }
 
-TEST(TerminationSignalTest, KeepsTheHangUpIgnoredWhereItWas)
+TEST(TerminationSignalTest, KeepsTheHangUpIgnoredIfItWas)
 {
     std::signal(SIGHUP, SIG_IGN);
     const FreedesktopTerminationSignal signal;
@@ -84,7 +84,7 @@ TEST(TerminationSignalTest, KeepsTheHangUpIgnoredWhereItWas)
     EXPECT_EQ(action.sa_handler, SIG_IGN);
 }
 
-TEST(TerminationSignalTest, GivesTheSignalsBack)
+TEST(TerminationSignalTest, RestoresTheSignalHandlers)
 {
     std::signal(SIGTERM, SIG_IGN);
     {
@@ -95,7 +95,7 @@ TEST(TerminationSignalTest, GivesTheSignalsBack)
     EXPECT_EQ(action.sa_handler, SIG_IGN);
 }
 
-TEST(TerminationSignalTest, NoMoreSignalsKillAProgramThatEndsBecauseOfOne)
+TEST(TerminationSignalTest, FurtherSignalsDontKillAProgramThatEndsBecauseOfOne)
 {
     {
         FreedesktopTerminationSignal signal;

@@ -23,7 +23,7 @@ protected:
         QObject::connect(&m_signal, &WakeSignal::didWake, [this] { ++m_wakes; });
     }
 
-    /// Handles all that the bus has taken so far: it delivers in order.
+    /// Handles everything that the bus has received so far: it delivers in order.
     void receiveAll()
     {
         (void)m_connection.interface()->registeredServiceNames();
@@ -36,7 +36,7 @@ protected:
     int m_wakes = 0;
 };
 
-TEST_F(FreedesktopWakeSignalTest, TellsOfAWakeOnceAndOfNoSleep)
+TEST_F(FreedesktopWakeSignalTest, SignalsAWakeOnceAndNoSleep)
 {
     FakeLogind logind(m_bus);
     ASSERT_TRUE(logind.isRunning());
@@ -59,7 +59,7 @@ TEST_F(FreedesktopWakeSignalTest, FollowsALogindThatComesBack)
     }
 }
 
-TEST_F(FreedesktopWakeSignalTest, BelievesNobodyButLogind)
+TEST_F(FreedesktopWakeSignalTest, IgnoresSignalsThatAreNotLoginds)
 {
     const FakeLogind logind(m_bus);
     ASSERT_TRUE(logind.isRunning());
@@ -68,7 +68,7 @@ TEST_F(FreedesktopWakeSignalTest, BelievesNobodyButLogind)
     message.setArguments({false});
     QDBusConnection stranger = m_bus.connect();
     stranger.send(message);
-    // The bus answers a connection only after what that has sent before.
+    // The bus answers a connection only after handling what the connection has sent before.
     (void)stranger.interface()->registeredServiceNames();
     receiveAll();
     EXPECT_EQ(m_wakes, 0);

@@ -42,7 +42,7 @@ protected:
         return {u"file://"_s + data.path() + u"/Ostrel%20data"_s};
     }
 
-    /// Waits until exactly @p starts were made of the programs.
+    /// Waits until the programs have been started exactly as in @p starts.
     [[nodiscard]] bool haveStarted(const QStringList &starts) const
     {
         return waitFor([&] { return programs.starts() == starts; });
@@ -55,7 +55,7 @@ protected:
     FreedesktopWorkspace busless;
 };
 
-/// The settings of notifications, desktop by desktop.
+/// The notification settings, desktop by desktop.
 struct SettingsCase
 {
     const char *name;
@@ -74,11 +74,11 @@ class NotificationSettingsTest : public FreedesktopWorkspaceTest,
 {
 };
 
-TEST_F(FreedesktopWorkspaceTest, AProgramGetsTheLimitOfFilesThatThisOneStartedWith)
+TEST_F(FreedesktopWorkspaceTest, AProgramGetsTheFileLimitThatThisOneStartedWith)
 {
     const LimitGuard guard(512);
     raiseDescriptorLimit();
-    raiseDescriptorLimit(); // There is nothing left to raise, and nothing is forgotten.
+    raiseDescriptorLimit(); // Nothing is left to raise, and the original limit is kept.
     programs.add(u"xdg-open"_s, u"$(ulimit -n)"_s);
     EXPECT_TRUE(busless.open(website));
     EXPECT_TRUE(haveStarted({u"xdg-open 512"_s}));
@@ -91,7 +91,7 @@ TEST_F(FreedesktopWorkspaceTest, AnAddressIsOpenedByThePortal)
     EXPECT_TRUE(waitFor([&] { return portal.addresses() == QStringList{website.toString()}; }));
 }
 
-TEST_F(FreedesktopWorkspaceTest, WhatThePortalOpensIsOpenedOnce)
+TEST_F(FreedesktopWorkspaceTest, AnAddressThatThePortalOpensIsOpenedOnce)
 {
     programs.add(u"xdg-open"_s);
     {
@@ -99,7 +99,7 @@ TEST_F(FreedesktopWorkspaceTest, WhatThePortalOpensIsOpenedOnce)
         workspace.open(website);
         ASSERT_TRUE(waitFor([&] { return portal.addresses().size() == 1; }));
     }
-    // The answer to the first comes before the bus's to the second.
+    // The portal's answer to the first call arrives before the bus's answer to the second.
     workspace.open(mailbox);
     EXPECT_TRUE(haveStarted(openedMailbox));
 }
@@ -135,7 +135,7 @@ TEST_F(FreedesktopWorkspaceTest, WithoutABusAProgramOpensTheAddress)
 {
     programs.add(u"xdg-open"_s);
     EXPECT_TRUE(busless.open(website));
-    // No shell reads the address on its way.
+    // No shell interprets the address on its way.
     EXPECT_TRUE(haveStarted({u"xdg-open https://shop.example/?a=1&b=$HOME"_s}));
 }
 
@@ -145,7 +145,7 @@ TEST_F(FreedesktopWorkspaceTest, WithoutABusOrAProgramNothingIsOpened)
     EXPECT_FALSE(busless.openFolder(folder()));
 }
 
-TEST_F(FreedesktopWorkspaceTest, WhatIsNoAddressIsNotOpened)
+TEST_F(FreedesktopWorkspaceTest, AnInvalidAddressIsNotOpened)
 {
     programs.add(u"xdg-open"_s);
     for (const QString &text : {QString(), u"shop.example"_s, u"--help"_s, u"https://a b:x/"_s}) {
@@ -177,7 +177,7 @@ TEST_F(FreedesktopWorkspaceTest, WithoutABusAProgramShowsTheFolder)
     EXPECT_TRUE(haveStarted({u"xdg-open "_s + folder()}));
 }
 
-TEST_F(FreedesktopWorkspaceTest, WhatIsNoFolderIsNeitherShownNorMade)
+TEST_F(FreedesktopWorkspaceTest, AMissingOrRelativeFolderIsNeitherShownNorMade)
 {
     const QString missing = folder() + u"/missing"_s;
     EXPECT_FALSE(workspace.openFolder(missing));

@@ -7,9 +7,8 @@
 #include <cstdlib>
 #include <unistd.h>
 
-// A program that claims a folder in a process of its own, and tells on its output, line by line,
-// what happens to it. It renews its ownership, as the store does before it saves, at every line of
-// its input.
+// A program that claims a folder in a process of its own, and prints what happens to it, line by
+// line. At every line of its input it renews its ownership, as the store does before it saves.
 //
 //   InstanceHelper FOLDER PATIENCE-IN-MS
 

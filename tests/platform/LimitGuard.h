@@ -4,7 +4,8 @@
 
 namespace ostrel::test {
 
-/// Has the test begin with @p softLimit open files, and gives the former limit back at the end.
+/// Sets the limit of open files to @p softLimit for the test, and restores the former limit at the
+/// end.
 class LimitGuard
 {
 public:

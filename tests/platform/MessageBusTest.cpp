@@ -32,7 +32,7 @@ TEST(BusHandshakeTest, IsAnsweredByABus)
     }
 }
 
-TEST(BusHandshakeTest, FindsNobodyWhereNobodyListens)
+TEST(BusHandshakeTest, HasNoBusIfNothingListens)
 {
     for (const char *addresses :
          {"", ":", "unix:", "unix:path=", "unix:path=/nonexistent/bus", "unix:abstract=ostrel-none",
@@ -42,7 +42,7 @@ TEST(BusHandshakeTest, FindsNobodyWhereNobodyListens)
     EXPECT_EQ(ask("unix:path=" + QByteArray(1000, 'x')), BusAnswer::none);
 }
 
-TEST(BusHandshakeTest, WaitsForASilentBusNoLongerThanItMay)
+TEST(BusHandshakeTest, WaitsForASilentBusNoLongerThanTheGivenTime)
 {
     PrivateBus bus;
     bus.freeze();
@@ -60,13 +60,13 @@ class PoorBusTest : public testing::TestWithParam<PoorAnswer>
 {
 };
 
-TEST_P(PoorBusTest, IsAwaitedOrRefusesButNeverTakenForABus)
+TEST_P(PoorBusTest, IsAwaitedAndNeverTakenForABus)
 {
     const LocalServer server(GetParam().greeting, GetParam().reply);
     EXPECT_EQ(ask(server.address(), 200ms), BusAnswer::awaited);
 }
 
-/// One message of @p type, little endian, whose fields and body have the sizes that are given.
+/// One little-endian message of @p type, whose fields and body have the given sizes.
 QByteArray message(char type, quint32 fields = 0, quint32 body = 0)
 {
     const auto number = [](quint32 value) {
@@ -104,7 +104,7 @@ TEST(BusHandshakeTest, IsAnsweredByABusThatRefusesUs)
     EXPECT_EQ(ask(server.address()), BusAnswer::given);
 }
 
-TEST(MessageBusTest, AnswersLateAsWell)
+TEST(MessageBusTest, MayAnswerLate)
 {
     PrivateBus bus;
     bus.freeze();
@@ -117,7 +117,7 @@ TEST(MessageBusTest, AnswersLateAsWell)
     EXPECT_TRUE(late.answersWithin(10s));
 }
 
-TEST(MessageBusTest, IsNotAwaitedWhereNobodyListens)
+TEST(MessageBusTest, IsNotAwaitedIfNothingListens)
 {
     for (const char *addresses : {"", "unix:path=/nonexistent/bus"}) {
         const MessageBus none(addresses);
@@ -127,13 +127,13 @@ TEST(MessageBusTest, IsNotAwaitedWhereNobodyListens)
     }
 }
 
-TEST(SessionBusAddressesTest, AreThoseOfTheEnvironment)
+TEST(SessionBusAddressesTest, ComeFromTheEnvironment)
 {
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/a;unix:path=/b");
     EXPECT_EQ(sessionBusAddresses(), "unix:path=/a;unix:path=/b");
 }
 
-TEST(SessionBusAddressesTest, AreInTheRuntimeFolder)
+TEST(SessionBusAddressesTest, ComeFromTheRuntimeFolderOtherwise)
 {
     const PrivateBus bus;
     const QString path = bus.address().section(u"unix:path="_s, 1).section(u',', 0, 0);
@@ -142,7 +142,7 @@ TEST(SessionBusAddressesTest, AreInTheRuntimeFolder)
     EXPECT_EQ(ask(sessionBusAddresses()), BusAnswer::given);
 }
 
-TEST(SessionBusAddressesTest, AreNoneWhereABusWouldHaveToBeStarted)
+TEST(SessionBusAddressesTest, AreEmptyIfABusWouldHaveToBeStarted)
 {
     const std::pair<const char *, const char *> environments[] = {
         {"", ""}, {"", "/nonexistent"}, {"", "/proc/self/root/bin/.."}, {"autolaunch:", ""}};
@@ -153,7 +153,7 @@ TEST(SessionBusAddressesTest, AreNoneWhereABusWouldHaveToBeStarted)
     }
 }
 
-TEST(HiddenSessionBusTest, IsHiddenFromUsAndFromNoProgramThatWeStart)
+TEST(HiddenSessionBusTest, IsHiddenFromUsButNotFromProgramsThatWeStart)
 {
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/a");
     hideSessionBus();

@@ -33,7 +33,7 @@ Monitor shop()
     return monitor;
 }
 
-/// From the manager to what a real daemon shows.
+/// Tests the whole way from the manager to what a real daemon shows.
 class NotificationDaemonTest : public testing::Test
 {
 protected:
@@ -48,10 +48,10 @@ protected:
         return waitFor([&] { return m_daemon.displayedCount() == count; });
     }
 
-    /// Waits until all that was posted is shown. The daemon answers in order, so that an answer to
-    /// a question is preceded by those to the notifications sent before it; and the center sends
-    /// in three steps at most: the question for capabilities, the first notification of an
-    /// identifier, and the newest of those that came meanwhile.
+    /// Waits until everything posted is shown. The daemon answers in order: before it answers a
+    /// question, it has answered the notifications sent earlier. The center sends in at most three
+    /// steps: the call for capabilities, the first notification of an identifier, and the newest of
+    /// those added meanwhile.
     void settle()
     {
         for (int step = 0; step < 3; ++step)
@@ -125,7 +125,7 @@ TEST_F(NotificationDaemonTest, ShowsMarkupLiterally)
     EXPECT_EQ(m_daemon.closeAll().first().body, u"<b>&"_s);
 }
 
-TEST_F(NotificationDaemonTest, ShowsTextLiterallyWhereThereIsNoMarkup)
+TEST_F(NotificationDaemonTest, ShowsTextLiterallyWithoutMarkup)
 {
     NotificationDaemon plain(m_bus, m_display, Bodies::plain);
     ASSERT_TRUE(plain.start());
@@ -134,7 +134,7 @@ TEST_F(NotificationDaemonTest, ShowsTextLiterallyWhereThereIsNoMarkup)
     EXPECT_EQ(plain.closeAll().first().body, u"<b>&amp;"_s);
 }
 
-TEST_F(NotificationDaemonTest, GoesOnWithADaemonThatWasRestarted)
+TEST_F(NotificationDaemonTest, ContinuesWithADaemonThatWasRestarted)
 {
     ASSERT_TRUE(m_daemon.start());
     m_manager.notifyDown(shop(), u"1"_s);
@@ -152,7 +152,7 @@ TEST_F(NotificationDaemonTest, GoesOnWithADaemonThatWasRestarted)
     EXPECT_EQ(shown.first().body, u"3"_s);
 }
 
-TEST_F(NotificationDaemonTest, IsStartedByTheBusWhereItCanBe)
+TEST_F(NotificationDaemonTest, IsStartedByTheBusIfPossible)
 {
     m_daemon.makeActivatable();
     m_manager.notifyDown(shop(), u"HTTP 503"_s);

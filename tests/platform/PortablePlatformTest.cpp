@@ -20,7 +20,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// A wake signal whose clock reads @p ticks in turn, one at the start and one at every tick.
+/// The wakes of a signal whose clock reads @p ticks in turn, one at the start and one per tick.
 int wakesAfter(const std::vector<Timestamp::duration> &ticks)
 {
     std::size_t read = 0;
@@ -32,27 +32,27 @@ int wakesAfter(const std::vector<Timestamp::duration> &ticks)
     return wakes;
 }
 
-TEST(PortableWakeSignalTest, SaysNothingWhileTicksComeInTime)
+TEST(PortableWakeSignalTest, IsSilentWhileTicksComeInTime)
 {
     EXPECT_EQ(wakesAfter({0s, 1s, 2s, 3s}), 0);
 }
 
-TEST(PortableWakeSignalTest, SaysNothingOfATickThatIsAsLateAsTheTolerance)
+TEST(PortableWakeSignalTest, IsSilentIfATickIsAsLateAsTheTolerance)
 {
     EXPECT_EQ(wakesAfter({0ms, 30'001ms, 30'002ms}), 0);
 }
 
-TEST(PortableWakeSignalTest, TellsOnceOfATickThatIsLaterThanTheTolerance)
+TEST(PortableWakeSignalTest, SignalsOnceIfATickIsLaterThanTheTolerance)
 {
     EXPECT_EQ(wakesAfter({0ms, 30'002ms, 30'003ms}), 1);
 }
 
-TEST(PortableWakeSignalTest, TellsOfEverySleep)
+TEST(PortableWakeSignalTest, SignalsTheWakeFromEverySleep)
 {
     EXPECT_EQ(wakesAfter({0s, 600s, 601s, 3600s}), 2);
 }
 
-TEST(PortableWakeSignalTest, SaysNothingOfAClockThatIsSetBack)
+TEST(PortableWakeSignalTest, IsSilentIfTheClockIsSetBack)
 {
     EXPECT_EQ(wakesAfter({7200s, 3600s, 3601s}), 0);
 }

@@ -27,7 +27,7 @@ TEST(DescriptorLimitTest, IsRaisedAsFarAsTheSystemAllows)
     EXPECT_EQ(currentLimit().rlim_cur, currentLimit().rlim_max);
 }
 
-TEST(ThreadPriorityTest, IsLoweredForTheCallingThreadAlone)
+TEST(ThreadPriorityTest, IsLoweredOnlyForTheCallingThread)
 {
     constexpr int lowPriority = 10;
     const int before = getpriority(PRIO_PROCESS, 0);

@@ -4,8 +4,7 @@
 
 #include <cstdio>
 
-// A program that waits for the signals that end it, and tells on its output, line by line, what
-// happens to it.
+// A program that waits for the signals that end it, and prints what happens to it, line by line.
 //
 //   SignalsHelper COUNT       ends after COUNT requests to end
 

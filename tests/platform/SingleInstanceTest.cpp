@@ -34,12 +34,12 @@ namespace {
 using namespace std::chrono_literals;
 using Claim = SingleInstance::Claim;
 
-/// For a first program that answers.
+/// Patience with a first program that answers.
 constexpr auto ample = 20s;
-/// For one that doesn't.
+/// Patience with one that doesn't.
 constexpr auto brief = 300ms;
 
-/// Another start of the program, as a process of its own.
+/// Another start of the program, in a process of its own.
 class Start
 {
 public:
@@ -55,7 +55,7 @@ public:
     }
 
     [[nodiscard]] QByteArray nextLine() { return m_process.nextLine(30s); }
-    /// The answer is its next line.
+    /// Asks it to renew its ownership; its next line is the answer.
     void renew()
     {
         m_process.write("\n");
@@ -102,7 +102,7 @@ TEST_F(SingleInstanceTest, TheSecondStartHandsOverWithItsToken)
     EXPECT_EQ(first->nextLine(), "activated");
 }
 
-TEST_F(SingleInstanceTest, ATokenThatIsNoLineIsLeftOut)
+TEST_F(SingleInstanceTest, ATokenThatDoesntFitALineIsLeftOut)
 {
     const auto first = start();
     ASSERT_EQ(first->nextLine(), "first");
@@ -123,13 +123,13 @@ TEST_F(SingleInstanceTest, TheNextIsFirstAfterTheFirstWasKilled)
     EXPECT_EQ(next->nextLine(), "activated");
 }
 
-TEST_F(SingleInstanceTest, ASecondStartIsFirstWhereTheFirstEndsInsteadOfAnswering)
+TEST_F(SingleInstanceTest, ASecondStartIsFirstIfTheFirstEndsInsteadOfAnswering)
 {
     const auto first = start();
     ASSERT_EQ(first->nextLine(), "first");
     first->signal(SIGSTOP);
     const auto second = start(ample);
-    // Not a wait for something: the earlier the first is killed, the less is tested.
+    // Not a wait for a condition: the earlier the first is killed, the less is tested.
     ::usleep(100'000);
     first->killHard();
     EXPECT_EQ(second->nextLine(), "first");
@@ -171,7 +171,7 @@ TEST_F(SingleInstanceTest, OfManyStartsAtOnceExactlyOneIsFirst)
     EXPECT_EQ(handedOver, 11);
 }
 
-TEST_F(SingleInstanceTest, AFirstThatHangsIsAFailure)
+TEST_F(SingleInstanceTest, TheClaimFailsIfTheFirstHangs)
 {
     const auto first = start();
     ASSERT_EQ(first->nextLine(), "first");
@@ -181,7 +181,7 @@ TEST_F(SingleInstanceTest, AFirstThatHangsIsAFailure)
     EXPECT_EQ(start()->nextLine(), "handedOver");
 }
 
-TEST_F(SingleInstanceTest, AFolderThatIsNoneIsUnusable)
+TEST_F(SingleInstanceTest, APathThatIsNoFolderIsUnusable)
 {
     Start start(u"/dev/null"_s, brief);
     EXPECT_EQ(start.nextLine(), "unusable");
@@ -203,7 +203,7 @@ TEST_F(SingleInstanceTest, AFolderThatWasUnusableIsOwnedOnceItCanBe)
     EXPECT_EQ(first.nextLine(), "activated");
 }
 
-/// What users and their backups do to a folder that is in use.
+/// What users and their backups may do to a folder in use.
 struct FolderFate
 {
     const char *name;
@@ -241,7 +241,7 @@ TEST_F(SingleInstanceTest, TheFolderIsOwnedAgainWhateverHappenedToIt)
     }
 }
 
-TEST_F(SingleInstanceTest, AFolderThatAnotherTookMeanwhileIsHandedOver)
+TEST_F(SingleInstanceTest, AFolderThatAnotherProgramTookMeanwhileIsHandedOver)
 {
     const QString folder = path("data");
     ASSERT_TRUE(QDir().mkpath(folder));
@@ -255,13 +255,13 @@ TEST_F(SingleInstanceTest, AFolderThatAnotherTookMeanwhileIsHandedOver)
     EXPECT_EQ(first.nextLine(), "not owned");
     EXPECT_EQ(first.nextLine(), "lost");
     EXPECT_EQ(other.nextLine(), "activated");
-    // What has lost leaves the other's lock alone.
+    // The program that has lost the folder leaves the other's lock alone.
     other.renew();
     EXPECT_EQ(other.nextLine(), "owned");
     EXPECT_EQ(Start(folder, ample).nextLine(), "handedOver");
 }
 
-TEST_F(SingleInstanceTest, APipeInTheLocksPlaceBlocksNothing)
+TEST_F(SingleInstanceTest, APipeInTheLocksPlaceDoesNotBlock)
 {
     ASSERT_EQ(::mkfifo(QFile::encodeName(path("ostrel.lock")).constData(), 0600), 0);
     const auto first = start();
@@ -270,7 +270,7 @@ TEST_F(SingleInstanceTest, APipeInTheLocksPlaceBlocksNothing)
     EXPECT_EQ(first->nextLine(), "not owned");
 }
 
-TEST_F(SingleInstanceTest, TheFolderIsFreeAgainWhenTheObjectEnds)
+TEST_F(SingleInstanceTest, TheFolderIsFreeAgainWhenTheObjectIsDestroyed)
 {
     for (int i = 0; i < 2; ++i) {
         SingleInstance instance(m_folder.path());
@@ -278,7 +278,7 @@ TEST_F(SingleInstanceTest, TheFolderIsFreeAgainWhenTheObjectEnds)
     }
 }
 
-/// A first program in this process, and peers that don't keep to the protocol.
+/// A first program in this process, with peers that may break the protocol.
 class SingleInstancePeersTest : public testing::Test
 {
 protected:
@@ -309,7 +309,7 @@ protected:
         (void)::send(peer.number(), text.constData(), static_cast<std::size_t>(text.size()),
                      MSG_NOSIGNAL);
     }
-    /// What the first program answers until it hangs up.
+    /// The bytes that the first program sends until it hangs up.
     static QByteArray answerTo(const FileDescriptor &peer)
     {
         QByteArray answer;
@@ -339,7 +339,7 @@ TEST_F(SingleInstancePeersTest, AnswersALineThatComesInPieces)
     EXPECT_EQ(m_tokens, QList<QByteArray>{"token"});
 }
 
-TEST_F(SingleInstancePeersTest, HangsUpOnWhoeverDoesNotKeepToTheProtocol)
+TEST_F(SingleInstancePeersTest, HangsUpOnPeersThatBreakTheProtocol)
 {
     for (const QByteArray &line :
          {QByteArray("\n"), QByteArray("quit now\n"), QByteArray("activate"),
@@ -351,7 +351,7 @@ TEST_F(SingleInstancePeersTest, HangsUpOnWhoeverDoesNotKeepToTheProtocol)
     EXPECT_TRUE(m_tokens.isEmpty());
 }
 
-TEST_F(SingleInstancePeersTest, SilentPeersAreBoundedInTime)
+TEST_F(SingleInstancePeersTest, SilentPeersTimeOut)
 {
     std::vector<FileDescriptor> silent;
     for (int i = 0; i < 16; ++i)
@@ -360,7 +360,7 @@ TEST_F(SingleInstancePeersTest, SilentPeersAreBoundedInTime)
         EXPECT_EQ(answerTo(peer), "");
 }
 
-TEST_F(SingleInstancePeersTest, SilentPeersDelayNobodyAndMakeWay)
+TEST_F(SingleInstancePeersTest, ManySilentPeersDelayNoOneAndAreDropped)
 {
     std::vector<FileDescriptor> silent;
     for (int i = 0; i < 300; ++i)
@@ -369,13 +369,13 @@ TEST_F(SingleInstancePeersTest, SilentPeersDelayNobodyAndMakeWay)
     say(peer, "activate \n");
     EXPECT_EQ(answerTo(peer), "ok\n");
     EXPECT_EQ(answerTo(silent.front()), "");
-    // The time of those that came last isn't over yet: nobody has waited for it.
+    // The last peers' time isn't over yet: nothing has waited for it.
     char byte = 0;
     EXPECT_EQ(::recv(silent.back().number(), &byte, 1, 0), -1);
     EXPECT_EQ(errno, EAGAIN);
 }
 
-TEST_F(SingleInstancePeersTest, RestsWhileItHasNoDescriptors)
+TEST_F(SingleInstancePeersTest, DoesNotSpinWhileItHasNoDescriptors)
 {
     rlimit usual = {};
     ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &usual), 0);
@@ -406,7 +406,7 @@ TEST_F(SingleInstancePeersTest, AnEndlessLineIsNotReadToItsEnd)
         sent += std::max<qint64>(count, 0);
         return count < 0 && errno != EAGAIN;
     }));
-    // What the kernel holds for the two, and no more.
+    // What the kernel buffers for the two sockets, and no more.
     EXPECT_LT(sent, 1'000'000);
 }
 
@@ -419,7 +419,7 @@ TEST_F(SingleInstancePeersTest, APeerThatLeavesAtOnceDoesNoHarm)
     EXPECT_TRUE(waitFor([&] { return m_tokens.size() == 100; }));
 }
 
-TEST_F(SingleInstancePeersTest, ItsFilesAreItsUsersAlone)
+TEST_F(SingleInstancePeersTest, ItsFilesArePrivateToItsUser)
 {
     for (const char *name : {"ostrel.lock", "ostrel.sock"}) {
         struct stat status = {};
@@ -464,7 +464,7 @@ TEST(SingleInstanceFilesTest, ALockFileThatIsALinkIsUnusable)
     EXPECT_EQ(instance.claim(brief), Claim::unusable);
 }
 
-TEST(SingleInstanceFilesTest, IsFirstAlsoWhereItsSocketCantBe)
+TEST(SingleInstanceFilesTest, IsFirstEvenIfItsSocketCantBeMade)
 {
     const QTemporaryDir folder;
     QDir().mkpath(folder.filePath(u"ostrel.sock/full"_s));

@@ -7,7 +7,7 @@
 
 namespace ostrel::test {
 
-/// A desktop's file manager that keeps the addresses of the folders that it is to show.
+/// A desktop's file manager that keeps the addresses of the folders that it is asked to show.
 class StubFileManager : public QObject
 {
     Q_OBJECT

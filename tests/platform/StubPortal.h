@@ -10,7 +10,7 @@
 
 namespace ostrel::test {
 
-/// A desktop's portal that keeps the addresses that it is to open.
+/// A desktop's portal that keeps the addresses that it is asked to open.
 class StubPortal : public QObject, protected QDBusContext
 {
     Q_OBJECT
@@ -27,7 +27,7 @@ public:
     explicit StubPortal(PrivateBus &bus, Behaviour behaviour = Behaviour::opens);
     ~StubPortal() override;
 
-    /// All of them, also those that it refused.
+    /// All addresses, including refused ones.
     [[nodiscard]] const QStringList &addresses() const { return m_addresses; }
 
 public Q_SLOTS:

@@ -22,7 +22,7 @@ void StubPrograms::add(const QString &name, const QString &what)
     QFile program(m_folder.filePath(name));
     if (!program.open(QIODevice::WriteOnly))
         return;
-    // One write, which appends as a whole whoever else is writing.
+    // A single write, which is appended as a whole even if others are writing.
     const auto script = u"#!/bin/sh\nprintf '%s\\n' \"%1 %2\" >> '%3'\n"_s;
     program.write(script.arg(name, what, logPath()).toUtf8());
     program.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
@@ -34,7 +34,7 @@ QStringList StubPrograms::starts() const
     if (!log.open(QIODevice::ReadOnly))
         return {};
     const auto lines = QString::fromUtf8(log.readAll()).split(u'\n');
-    return lines.first(lines.size() - 1); // What a line end doesn't follow isn't written yet.
+    return lines.first(lines.size() - 1); // Text without a line end isn't complete yet.
 }
 
 QString StubPrograms::logPath() const

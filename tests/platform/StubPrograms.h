@@ -9,7 +9,7 @@ namespace ostrel::test {
 
 using namespace Qt::StringLiterals;
 
-/// Programs that do nothing but note how they were started. While this object lives they are the
+/// Programs that do nothing but record how they were started. While this object lives, they are the
 /// only ones on PATH.
 class StubPrograms
 {
@@ -19,9 +19,9 @@ public:
     StubPrograms(const StubPrograms &) = delete;
     StubPrograms &operator=(const StubPrograms &) = delete;
 
-    /// The program notes @p what, as its shell expands it, after its name.
+    /// The program records @p what, as its shell expands it, after its name.
     void add(const QString &name, const QString &what = u"$*"_s);
-    /// The starts so far, each with its name and its arguments separated by blanks, in order.
+    /// The starts so far, in order, each with its name and arguments separated by blanks.
     [[nodiscard]] QStringList starts() const;
 
 private:

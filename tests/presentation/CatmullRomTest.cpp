@@ -20,7 +20,7 @@ QPointF lerp(QPointF a, QPointF b, double ta, double tb, double t)
     return a * ((tb - t) / (tb - ta)) + b * ((t - ta) / (tb - ta));
 }
 
-/// The curve between the second and third of four points by its definition, Barry and Goldman's
+/// The curve between the second and third of four points by its definition: Barry and Goldman's
 /// pyramid of interpolations.
 QPointF pyramid(std::span<const QPointF, 4> p, double alpha, double share)
 {

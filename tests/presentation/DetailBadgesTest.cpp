@@ -52,7 +52,7 @@ class KeywordBadgeTest : public testing::TestWithParam<KeywordCase>
 
 } // namespace
 
-TEST_P(CertificateBadgeTest, TellsDaysAndHowBadItIs)
+TEST_P(CertificateBadgeTest, ShowsTheDaysAndTheirSeverity)
 {
     const auto &c = GetParam();
     const Monitor monitor = sampleMonitor();
@@ -73,7 +73,7 @@ INSTANTIATE_TEST_SUITE_P(
                     CertificateCase{"In31Days", 31 * 24h, "SSL: 31d left", Tone::Up}),
     [](const auto &test) { return std::string(test.param.name); });
 
-TEST_P(KeywordBadgeTest, TellsWhetherItIsAsWished)
+TEST_P(KeywordBadgeTest, ShowsWhetherTheKeywordIsAsExpected)
 {
     const auto &c = GetParam();
     Monitor monitor = sampleMonitor();
@@ -97,7 +97,7 @@ INSTANTIATE_TEST_SUITE_P(Table, KeywordBadgeTest,
                                              "NotLookedForYetAndUnwished", {}, false, true}),
                          [](const auto &test) { return std::string(test.param.name); });
 
-TEST(DetailBadgesTest, KeywordWithoutAnyCheckIsAnIssueWhereItShouldExist)
+TEST(DetailBadgesTest, KeywordWithoutAnyCheckIsAnIssueIfItShouldExist)
 {
     Monitor monitor = sampleMonitor();
     monitor.keyword = u"healthy"_s;
@@ -106,7 +106,7 @@ TEST(DetailBadgesTest, KeywordWithoutAnyCheckIsAnIssueWhereItShouldExist)
     EXPECT_EQ(badgesOf(monitor, std::nullopt).value(0).text, u"Keyword OK"_s);
 }
 
-TEST(DetailBadgesTest, EmptyKeywordIsNone)
+TEST(DetailBadgesTest, EmptyKeywordHasNoBadge)
 {
     Monitor monitor = sampleMonitor();
     monitor.keyword = QString();
@@ -129,7 +129,7 @@ TEST(DetailBadgesTest, ExactlyTheThresholdIsNotSlow)
     EXPECT_EQ(badgesOf(monitor, std::nullopt), QList<Badge>());
 }
 
-TEST(DetailBadgesTest, PortMonitorTellsItsPort)
+TEST(DetailBadgesTest, PortMonitorShowsItsPort)
 {
     Monitor monitor = sampleMonitor();
     monitor.type = MonitorType::port;
@@ -140,7 +140,7 @@ TEST(DetailBadgesTest, PortMonitorTellsItsPort)
     EXPECT_EQ(badgesOf(monitor, std::nullopt), QList<Badge>());
 }
 
-TEST(DetailBadgesTest, AllStandInOrder)
+TEST(DetailBadgesTest, AllBadgesAreInOrder)
 {
     Monitor monitor = sampleMonitor();
     monitor.type = MonitorType::port;

@@ -67,7 +67,7 @@ constexpr auto nameOf = [](const auto &test) { return std::string(test.param.nam
 
 } // namespace
 
-TEST_P(ResponseTimeFormatTest, IsAsShort)
+TEST_P(ResponseTimeFormatTest, HasAShortACompactAndASpacedForm)
 {
     const auto &c = GetParam();
     const Milliseconds time(c.milliseconds);
@@ -80,7 +80,7 @@ INSTANTIATE_TEST_SUITE_P(
     Table, ResponseTimeFormatTest,
     testing::Values(ResponseTimeCase{"None", 0, "0ms", "0ms", "0 ms"},
                     ResponseTimeCase{"Usual", 245.4, "245ms", "245ms", "245 ms"},
-                    // As C's printf rounds: ties to even.
+                    // C's printf rounds ties to even.
                     ResponseTimeCase{"TieGoesDown", 2.5, "2ms", "2ms", "2 ms"},
                     ResponseTimeCase{"TieGoesUp", 3.5, "4ms", "4ms", "4 ms"},
                     ResponseTimeCase{"JustUnderASecond", 999.6, "1000ms", "1000ms", "1000 ms"},
@@ -88,7 +88,7 @@ INSTANTIATE_TEST_SUITE_P(
                     ResponseTimeCase{"ManySeconds", 12345, "12.3s", "12345ms", "12345 ms"}),
     nameOf);
 
-TEST_P(UptimeFormatTest, IsAsLongAsItsPlaceWants)
+TEST_P(UptimeFormatTest, HasAFormForEachPlace)
 {
     const auto &c = GetParam();
     EXPECT_EQ(rowUptimeText(c.share), QLatin1String(c.row));

@@ -17,7 +17,7 @@ namespace ostrel::test {
 
 namespace {
 
-/// A monitor that is all foreign text, with a check that failed for a foreign reason.
+/// A monitor whose texts are all foreign, with a check that failed for a foreign reason.
 class ForeignTextsTest : public testing::TestWithParam<ForeignText>
 {
 protected:
@@ -31,7 +31,8 @@ protected:
         m_monitors.append(add(named));
     }
 
-    /// Everything in @p model that QML is given as a text, but for what only looks up an icon.
+    /// Expects every text that @p model gives to QML to be fit for people, except the one that only
+    /// looks up an icon.
     static void expectFit(const QAbstractItemModel &model, int rawRole)
     {
         const auto roles = model.roleNames();

@@ -15,7 +15,7 @@ TEST(LineBandTest, LevelLineIsARectangleOfItsWidth)
                            QPointF(1, 11), QPointF(0, 11)}));
 }
 
-TEST(LineBandTest, EndsWithTheLineWhereItsLengthIsNoMultipleOfItsWidth)
+TEST(LineBandTest, EndsWithTheLineEvenIfItsLengthIsNoMultipleOfItsWidth)
 {
     for (const double width : {1.0, 2.0, 5.0}) {
         const auto outline = lineBand(std::vector{QPointF(2, 0), QPointF(5.5, 0)}, width);
@@ -41,7 +41,7 @@ TEST(LineBandTest, EveryPeakAndTroughIsCovered)
 TEST(LineBandTest, FollowsTheLineAcrossAGap)
 {
     const auto outline = lineBand(std::vector{QPointF(0, 0), QPointF(100, 100)}, 2);
-    // In the middle the line passes from 49 to 51 within its half width.
+    // In the middle, the line goes from 49 to 51 within half its width.
     EXPECT_DOUBLE_EQ(outline[50].y(), 48);
     EXPECT_DOUBLE_EQ(outline[outline.size() - 51].y(), 52);
 }

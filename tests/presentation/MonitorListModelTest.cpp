@@ -38,7 +38,7 @@ protected:
             all += text(row, MonitorListModel::nameRole);
         return all;
     }
-    /// "first-last" of each announcement.
+    /// Each announcement as "first-last".
     static QString rowsOf(const QSignalSpy &spy)
     {
         QStringList rows;
@@ -136,7 +136,7 @@ TEST_F(MonitorListModelTest, DeletedMonitorIsRemoved)
     EXPECT_EQ(names(), u"AC"_s);
 }
 
-TEST_F(MonitorListModelTest, LastMonitorDeletedLeavesNothing)
+TEST_F(MonitorListModelTest, LastMonitorDeletedLeavesNoRows)
 {
     for (const Monitor &monitor : m_monitors)
         m_sample.store.deleteMonitor(monitor.id);
@@ -166,7 +166,7 @@ TEST_F(MonitorListModelTest, PausingChangesTheRow)
     EXPECT_FALSE(m_model.index(0).data(MonitorListModel::isEnabledRole).toBool());
 }
 
-TEST_F(MonitorListModelTest, RefreshAnnouncesWhatTimeHasChanged)
+TEST_F(MonitorListModelTest, RefreshAnnouncesTheRowsThatTimeHasChanged)
 {
     m_sample.store.addCheck(downCheck(m_monitors[0], sampleNow()));
     m_sample.store.addCheck(upCheck(m_monitors[0], sampleNow() + 1h));

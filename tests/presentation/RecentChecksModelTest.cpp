@@ -21,7 +21,7 @@ class RecentChecksModelTest : public testing::Test
 protected:
     ~RecentChecksModelTest() override { EXPECT_TRUE(m_reset.isEmpty()); }
 
-    /// A monitor with @p count checks whose response times are 100, 101, …
+    /// Adds a monitor with @p count checks whose response times are 100, 101, …
     Monitor addWithChecks(int count)
     {
         const Monitor monitor = sampleMonitor();
@@ -123,7 +123,7 @@ TEST_F(RecentChecksModelTest, AnotherMonitorReplacesTheRows)
     EXPECT_EQ(m_model.rowCount(), 2);
 }
 
-TEST_F(RecentChecksModelTest, DeletedMonitorLeavesNothing)
+TEST_F(RecentChecksModelTest, DeletedMonitorLeavesNoRows)
 {
     const Monitor monitor = addWithChecks(5);
     m_model.setMonitorId(monitor.id);
@@ -131,7 +131,7 @@ TEST_F(RecentChecksModelTest, DeletedMonitorLeavesNothing)
     EXPECT_EQ(m_model.rowCount(), 0);
 }
 
-TEST_F(RecentChecksModelTest, RowTellsTimeCodeAndResult)
+TEST_F(RecentChecksModelTest, RowShowsTimeCodeAndResult)
 {
     m_model.setMonitorId(addWithChecks(1).id);
     EXPECT_TRUE(m_model.index(0).data(RecentChecksModel::isUpRole).toBool());
@@ -141,7 +141,7 @@ TEST_F(RecentChecksModelTest, RowTellsTimeCodeAndResult)
     EXPECT_EQ(text(0, RecentChecksModel::spokenTextRole), u"3:42 PM, up, 200, 100 ms"_s);
 }
 
-TEST_F(RecentChecksModelTest, DownRowTellsItsErrorOrFailed)
+TEST_F(RecentChecksModelTest, DownRowShowsItsErrorOrFailed)
 {
     const Monitor monitor = sampleMonitor();
     m_sample.add(monitor, {downCheck(monitor, sampleNow() - 1min),

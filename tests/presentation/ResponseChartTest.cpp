@@ -56,8 +56,8 @@ bool isFinite(const QPointF &point)
     return std::isfinite(point.x()) && std::isfinite(point.y());
 }
 
-/// The picture of a dense chart whose line is level, without labels and upright grid lines: every
-/// column of its pixels is to be the same.
+/// The picture of a dense chart whose line is level, without labels and vertical grid lines: every
+/// column of its pixels must be the same.
 QImage levelPicture(double scale)
 {
     const Monitor monitor = sampleMonitor();
@@ -83,7 +83,7 @@ QRectF boxOf(const ChartLabel &label)
 
 } // namespace
 
-TEST(ResponseChartTest, TooFewPointsGiveNothing)
+TEST(ResponseChartTest, TooFewPointsGiveAnEmptyChart)
 {
     EXPECT_TRUE(chartOf({}).isEmpty());
     EXPECT_TRUE(chartOf(dayOfChecks(1)).isEmpty());
@@ -119,7 +119,7 @@ TEST(ResponseChartTest, FirstAndLastPointsTouchThePlotsSides)
     EXPECT_DOUBLE_EQ(chart.points.back().x(), chart.plot.right());
 }
 
-TEST(ResponseChartTest, ValuesStandOnTheScale)
+TEST(ResponseChartTest, ValuesArePlacedOnTheScale)
 {
     const Monitor monitor = sampleMonitor();
     // The scale is 0 to 300.
@@ -132,7 +132,7 @@ TEST(ResponseChartTest, ValuesStandOnTheScale)
     EXPECT_DOUBLE_EQ(chart.highest, chart.points[2].y());
 }
 
-TEST(ResponseChartTest, ValueLabelsEndEightLeftOfThePlot)
+TEST(ResponseChartTest, ValueLabelsEndEightPixelsLeftOfThePlot)
 {
     const auto chart = chartOf(dayOfChecks(96));
     EXPECT_EQ(chart.horizontals, (std::vector{160.0, 160 - 152 / 3.0, 160 - 304 / 3.0, 8.0}));
@@ -220,7 +220,7 @@ TEST(ResponseChartTest, EqualTimestampsStayFinite)
     }
 }
 
-TEST(ResponseChartTest, OnlyOneTimestampStandsInTheMiddle)
+TEST(ResponseChartTest, ASingleTimestampIsInTheMiddle)
 {
     const Monitor monitor = sampleMonitor();
     const auto chart =

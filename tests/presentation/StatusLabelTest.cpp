@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace ostrel::test {
 
-TEST(StatusLabelTest, ThePillsWordsAreCapitals)
+TEST(StatusLabelTest, ThePillsWordsAreInCapitals)
 {
     EXPECT_EQ(pillWord(MonitorStatus::up), u"UP"_s);
     EXPECT_EQ(pillWord(MonitorStatus::down), u"DOWN"_s);

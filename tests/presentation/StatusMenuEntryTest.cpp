@@ -16,7 +16,7 @@ TEST(StatusMenuEntryTest, UpMonitorShowsItsTime)
               (StatusMenuEntry{u"checkmark.circle.fill"_s, u"Shop"_s, u"1532ms"_s}));
 }
 
-TEST(StatusMenuEntryTest, DownMonitorSaysSo)
+TEST(StatusMenuEntryTest, DownMonitorShowsDown)
 {
     const Monitor monitor = sampleMonitor();
     EXPECT_EQ(statusMenuEntry(monitor, MonitorStatus::down, downCheck(monitor, sampleNow())),

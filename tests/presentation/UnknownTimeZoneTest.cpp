@@ -20,7 +20,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// What the environment may call Central European Time, and Qt or nobody knows.
+/// Values of TZ for Central European Time that are no time zone names; Qt may not know them.
 class UnknownTimeZoneTest : public testing::TestWithParam<const char *>
 {
 protected:
@@ -30,7 +30,7 @@ protected:
 
 } // namespace
 
-TEST_P(UnknownTimeZoneTest, TheClockIsTheComputers)
+TEST_P(UnknownTimeZoneTest, TheComputersClockIsUsed)
 {
     EXPECT_EQ(clockTimeText(sampleNow(), QTimeZone::systemTimeZone(), british), u"16:42"_s);
 }

@@ -69,7 +69,7 @@ protected:
         return snapshot.read(0, text) ? text : std::string("(none)");
     }
 
-    /// How many files this process has open.
+    /// The number of files that this process has open.
     static qsizetype openCount()
     {
         return QDir(u"/proc/self/fd"_s).entryList(QDir::AllEntries | QDir::System).size();
@@ -99,7 +99,7 @@ TEST_F(AtomicFileTest, LeavesNothingOpen)
     EXPECT_EQ(openCount(), before);
 }
 
-TEST_F(AtomicFileTest, IsWhatWasFilledIn)
+TEST_F(AtomicFileTest, HoldsWhatWasWritten)
 {
     const AtomicFile file(pathOf("file"));
     EXPECT_TRUE(file.write(with("abc"), Flush::beforeReplacing));
@@ -107,7 +107,7 @@ TEST_F(AtomicFileTest, IsWhatWasFilledIn)
     EXPECT_EQ(names(), QStringList{u"file"_s});
 }
 
-TEST_F(AtomicFileTest, WhatCouldNotBeGotTogetherReplacesNothing)
+TEST_F(AtomicFileTest, IncompleteContentReplacesNothing)
 {
     fill("file", "old");
     const AtomicFile file(pathOf("file"));
@@ -123,7 +123,7 @@ TEST_F(AtomicFileTest, WhatCouldNotBeGotTogetherReplacesNothing)
     EXPECT_FALSE(snapshot.isIntact());
 }
 
-TEST_F(AtomicFileTest, SnapshotsAreOfWhatWasReadAndWritten)
+TEST_F(AtomicFileTest, SnapshotsHoldWhatWasReadAndWritten)
 {
     fill("file", "old");
     const AtomicFile file(pathOf("file"));
@@ -139,14 +139,14 @@ TEST_F(AtomicFileTest, SnapshotsAreOfWhatWasReadAndWritten)
     EXPECT_EQ(textOf(written, 5), "newer");
 }
 
-TEST_F(AtomicFileTest, WritesNothingAsAnEmptyFile)
+TEST_F(AtomicFileTest, WritesEmptyContentAsAnEmptyFile)
 {
     const AtomicFile file(pathOf("file"));
     EXPECT_TRUE(write(file, ""));
     EXPECT_EQ(file.read(), QByteArray(""));
 }
 
-TEST_F(AtomicFileTest, IsItsUsersAlone)
+TEST_F(AtomicFileTest, IsPrivateToItsUser)
 {
     fill("file", "old");
     fill("file.tmp", "left");
@@ -202,7 +202,7 @@ TEST_F(AtomicFileTest, NothingWithTheTemporaryNameStopsAWrite)
     for (const std::function<int(const char *)> &make :
          {std::function<int(const char *)>(makeFolder), {makePipe}, {makeLink}, {makeForeign}}) {
         if (number == 3 && ::geteuid() != 0)
-            continue; // Only the administrator can give files away.
+            continue; // Only root can give files away.
         ++number;
         const std::string name = number == 1 ? "file.tmp" : "file.tmp-" + std::to_string(number);
         ASSERT_EQ(make(QFile::encodeName(pathOf(name.c_str())).constData()), 0) << name;
@@ -219,7 +219,7 @@ TEST_F(AtomicFileTest, NothingWithTheTemporaryNameStopsAWrite)
     }
 }
 
-TEST_F(AtomicFileTest, WithoutAFreeTemporaryNameAllStaysAsItWas)
+TEST_F(AtomicFileTest, WithoutAFreeTemporaryNameNothingIsChanged)
 {
     fill("file", "old");
     const QDir folder(m_folder.path());
@@ -235,7 +235,7 @@ TEST_F(AtomicFileTest, WithoutAFreeTemporaryNameAllStaysAsItWas)
     EXPECT_EQ(names().size(), 17);
 }
 
-TEST_F(AtomicFileTest, LeftoversGoUnderEveryTemporaryName)
+TEST_F(AtomicFileTest, LeftoversAreRemovedUnderEveryTemporaryName)
 {
     for (const char *name : {"file", "file.tmp", "file.tmp-2", "file.tmp-16", "file.tmp-17",
                              "file.tmp-x", "other.tmp"})
@@ -244,7 +244,7 @@ TEST_F(AtomicFileTest, LeftoversGoUnderEveryTemporaryName)
     EXPECT_EQ(names().join(u' '), u"file file.tmp-17 file.tmp-x other.tmp"_s);
 }
 
-TEST_F(AtomicFileTest, FailureTellsWhy)
+TEST_F(AtomicFileTest, FailureSetsErrno)
 {
     fill("ordinary", "x");
     ASSERT_TRUE(QDir(m_folder.path()).mkdir(u"folder"_s));
@@ -256,7 +256,7 @@ TEST_F(AtomicFileTest, FailureTellsWhy)
     }
 }
 
-TEST_F(AtomicFileTest, WhatTheDiskDoesNotTakeReplacesNothing)
+TEST_F(AtomicFileTest, ContentThatCannotBeFlushedReplacesNothing)
 {
     fill("file", "old");
     const AtomicFile file(pathOf("file"), [](const FileDescriptor &) {
@@ -270,7 +270,7 @@ TEST_F(AtomicFileTest, WhatTheDiskDoesNotTakeReplacesNothing)
     EXPECT_TRUE(file.write(with("new"), Flush::none)) << "for which nobody waits";
 }
 
-TEST_F(AtomicFileTest, FlushIsOfTheContentAndOfItsName)
+TEST_F(AtomicFileTest, FlushCoversTheContentAndTheFolderEntry)
 {
     fill("file", "x");
     std::vector<QByteArray> flushed;
@@ -285,7 +285,7 @@ TEST_F(AtomicFileTest, FlushIsOfTheContentAndOfItsName)
     EXPECT_TRUE(AtomicFile(pathOf("file")).flush(AtomicFile::waitForTheDisk));
 }
 
-TEST_F(AtomicFileTest, IsThereUnlessItIsKnownNotToBe)
+TEST_F(AtomicFileTest, ExistsUnlessItIsKnownNotTo)
 {
     ASSERT_TRUE(QDir(m_folder.path()).mkdir(u"closed"_s));
     fill("closed/file", "x");
@@ -299,7 +299,7 @@ TEST_F(AtomicFileTest, IsThereUnlessItIsKnownNotToBe)
     ASSERT_EQ(::chmod(QFile::encodeName(pathOf("closed")).constData(), 0700), 0);
 }
 
-TEST_F(AtomicFileTest, FailureLeavesEverythingAsItWas)
+TEST_F(AtomicFileTest, FailureChangesNothing)
 {
     ASSERT_TRUE(QDir(m_folder.path()).mkdir(u"file"_s));
     fill("file/inside", "x");
@@ -312,7 +312,7 @@ TEST_F(AtomicFileTest, FailureLeavesEverythingAsItWas)
 TEST_F(AtomicFileTest, FullDiskLeavesTheOldContent)
 {
     fill("file", "old");
-    // A bound on the size of files stands in for the disk: both end a write in its middle.
+    // A limit on file size stands in for a full disk: both stop a write in its middle.
     const rlimit previous = [] {
         rlimit limit{};
         ::getrlimit(RLIMIT_FSIZE, &limit);
@@ -348,7 +348,7 @@ TEST_F(AtomicFileTest, KeepsOldContentUnderAFreeName)
     EXPECT_EQ(names().size(), 4);
 }
 
-TEST_F(AtomicFileTest, KeepsNothingWhereThereIsNothing)
+TEST_F(AtomicFileTest, KeepsNoOldContentIfThereIsNone)
 {
     EXPECT_TRUE(writeKeepingOld(AtomicFile(pathOf("file")), "new"));
     EXPECT_EQ(names(), QStringList{u"file"_s});

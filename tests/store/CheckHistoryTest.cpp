@@ -25,7 +25,7 @@ Check numberedCheck(int number)
     return check;
 }
 
-/// The text that a file would hold of @p checks.
+/// The text of @p checks as a file would hold it.
 std::string textOf(std::span<const Check> checks)
 {
     std::string text;
@@ -36,11 +36,11 @@ std::string textOf(std::span<const Check> checks)
     return text;
 }
 
-/// A file, of which only what is told of it is known.
+/// A stand-in for the file in which a history is saved.
 class CheckHistoryTest : public testing::Test
 {
 protected:
-    /// What a save does: the file gets what it held of @p history, and what is new.
+    /// Does what a save does: the file gets the stored text of @p history, and what is new.
     void save(CheckHistory &history)
     {
         const TextRange stored = history.storedText();
@@ -52,7 +52,7 @@ protected:
             appendCheck(text, check);
             lengths.push_back(static_cast<quint32>(text.size() - before));
         }
-        // At another place each time.
+        // At a different position each time.
         ++m_offset;
         m_file = std::string(m_offset, '#') + text + "###";
         history.setStored(m_offset, lengths);
@@ -66,7 +66,7 @@ protected:
     std::size_t m_offset = 10;
 };
 
-TEST_F(CheckHistoryTest, EmptyHistoryIsNowhere)
+TEST_F(CheckHistoryTest, EmptyHistoryHasNoStoredText)
 {
     const CheckHistory history(monitorId);
     EXPECT_EQ(history.opening(), opening);
@@ -84,7 +84,7 @@ TEST_F(CheckHistoryTest, StoredFormFollowsTheChecksThroughEveryTrim)
         ASSERT_EQ(history.checks().size(), std::size_t(std::min(i + 1, 200)));
         ASSERT_EQ(history.checks().front(), numberedCheck(std::max(0, i - 199)));
         ASSERT_EQ(history.checks().back(), numberedCheck(i));
-        // Not after each: a save can fail.
+        // Not after every check: a save can fail.
         if (i % 7 < 3) {
             save(history);
             ASSERT_EQ(storedText(history), textOf(history.checks())) << i;
@@ -99,7 +99,7 @@ TEST_F(CheckHistoryTest, StoredFormFollowsTheChecksThroughEveryTrim)
     }
 }
 
-TEST_F(CheckHistoryTest, HistoryThatIsDroppedWholeBeginsAnew)
+TEST_F(CheckHistoryTest, HistoryWhoseStoredChecksAreAllDroppedIsStoredAnew)
 {
     CheckHistory history(monitorId);
     history.append(numberedCheck(1));
@@ -119,7 +119,7 @@ TEST_F(CheckHistoryTest, HistoryThatIsDroppedWholeBeginsAnew)
     EXPECT_EQ(storedText(history), textOf(history.checks()));
 }
 
-TEST_F(CheckHistoryTest, LongHistoryIsCutAtOnce)
+TEST_F(CheckHistoryTest, LongHistoryIsTrimmedAtOnce)
 {
     CheckHistory history(monitorId);
     for (int i = 0; i < 5000; ++i)
@@ -131,7 +131,7 @@ TEST_F(CheckHistoryTest, LongHistoryIsCutAtOnce)
     EXPECT_EQ(storedText(history), textOf(history.checks()));
 }
 
-TEST_F(CheckHistoryTest, WhatIsForgottenIsStoredAnew)
+TEST_F(CheckHistoryTest, HistoryIsStoredAnewAfterForgettingItsStoredText)
 {
     CheckHistory history(monitorId);
     history.append(numberedCheck(1));
@@ -143,7 +143,7 @@ TEST_F(CheckHistoryTest, WhatIsForgottenIsStoredAnew)
     EXPECT_EQ(storedText(history), textOf(history.checks()));
 }
 
-TEST_F(CheckHistoryTest, LoadedChecksAreStoredAsFarAsTheyFollowEachOther)
+TEST_F(CheckHistoryTest, LoadedChecksCountAsStoredWhileTheirTextIsContiguous)
 {
     const std::string one = textOf(std::vector{numberedCheck(1)});
     const std::string two = textOf(std::vector{numberedCheck(2)});

@@ -8,8 +8,8 @@
 
 using namespace Qt::StringLiterals;
 
-// Records checks into the folder that it is given, until it is killed. Prints a line for what has
-// been saved: the ids of a monitor and its check, or an edit's number.
+// Records checks into the given folder until it is killed. Prints a line for everything saved: the
+// ids of a monitor and its check, or an edit's number.
 
 namespace {
 

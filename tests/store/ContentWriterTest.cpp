@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace ostrel {
 namespace {
 
-/// Larger than what is gathered, and no multiple of it; no part is like another.
+/// Larger than the writer's buffer, and no multiple of it; no two parts are the same.
 std::string longText()
 {
     std::string text;
@@ -67,7 +67,7 @@ TEST_F(ContentWriterTest, TextsFollowEachOther)
     EXPECT_EQ(written(), "abc" + text + "d");
 }
 
-TEST_F(ContentWriterTest, PartsOfAFileStandBetweenTexts)
+TEST_F(ContentWriterTest, PartsOfAFileCanBeCopiedBetweenTexts)
 {
     const std::string text = longText();
     const FileSnapshot source = sourceOf(text);
@@ -82,7 +82,7 @@ TEST_F(ContentWriterTest, PartsOfAFileStandBetweenTexts)
     EXPECT_EQ(written(), '[' + text.substr(100, 600'000) + ',' + text.substr(0, 7) + ']');
 }
 
-TEST_F(ContentWriterTest, APartThatTheFileDoesNotHoldIsNoContent)
+TEST_F(ContentWriterTest, CopyingAPartThatTheFileDoesNotHoldFails)
 {
     const FileSnapshot source = sourceOf("0123456789");
     EXPECT_TRUE(m_writer.copy(source, 0, 10));
@@ -92,7 +92,7 @@ TEST_F(ContentWriterTest, APartThatTheFileDoesNotHoldIsNoContent)
     EXPECT_TRUE(m_writer.copy(FileSnapshot(), 0, 0));
 }
 
-TEST_F(ContentWriterTest, WhatCannotBeWrittenIsTold)
+TEST_F(ContentWriterTest, AFailedWriteIsReportedAtTheEnd)
 {
     const FileDescriptor readOnly = open("file", O_RDONLY);
     ContentWriter atTheEnd(readOnly.number());

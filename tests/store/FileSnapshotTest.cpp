@@ -43,7 +43,7 @@ protected:
     {
         FileDescriptor file = open();
         const struct stat status = statusOf(file);
-        // Till a change of the file is sure to get another time.
+        // Long enough that a later change of the file gets a different time.
         QThread::msleep(20);
         return {std::move(file), status};
     }
@@ -67,13 +67,13 @@ TEST_F(FileSnapshotTest, ReadsFromAnywhere)
     EXPECT_EQ(read(snapshot, 9, 2), "(none)") << "past its end";
 }
 
-TEST_F(FileSnapshotTest, OfNothingHoldsNothing)
+TEST_F(FileSnapshotTest, AnEmptySnapshotHoldsNothing)
 {
     EXPECT_FALSE(FileSnapshot().isIntact());
     EXPECT_EQ(read(FileSnapshot(), 0, 1), "(none)");
 }
 
-TEST_F(FileSnapshotTest, OutlivesItsFilesName)
+TEST_F(FileSnapshotTest, IsReadableAfterItsFileIsRemoved)
 {
     const FileSnapshot snapshot = take();
     ASSERT_TRUE(QFile::remove(path()));

@@ -53,7 +53,7 @@ TEST_F(FlushThreadTest, WaitsForTheDisk)
     EXPECT_TRUE(thread.flushWithin(forEver, open("file")));
 }
 
-TEST_F(FlushThreadTest, TellsWhatTheDiskSays)
+TEST_F(FlushThreadTest, ReportsTheDisksError)
 {
     FlushThread thread([](const FileDescriptor &) {
         errno = ENOSPC;
@@ -65,7 +65,7 @@ TEST_F(FlushThreadTest, TellsWhatTheDiskSays)
     EXPECT_EQ(errno, EBADF);
 }
 
-TEST_F(FlushThreadTest, WaitsForNoDiskThatHangs)
+TEST_F(FlushThreadTest, DoesNotWaitForADiskThatHangs)
 {
     FlushThread thread(hanging());
     EXPECT_TRUE(thread.flushWithin(1ms, open("file"))) << "it goes on";
@@ -73,7 +73,7 @@ TEST_F(FlushThreadTest, WaitsForNoDiskThatHangs)
     thread.finish(1ms);
 }
 
-TEST_F(FlushThreadTest, FlushesTheFileAlsoOnceItIsClosed)
+TEST_F(FlushThreadTest, FlushesTheFileEvenAfterItIsClosed)
 {
     std::promise<void> closed;
     std::promise<bool> wasOpen;
@@ -95,7 +95,7 @@ TEST_F(FlushThreadTest, FlushesTheFileAlsoOnceItIsClosed)
     EXPECT_TRUE(outcome.get());
 }
 
-TEST_F(FlushThreadTest, FinishesAllThatWasPosted)
+TEST_F(FlushThreadTest, FinishesEverythingThatWasPosted)
 {
     std::atomic<int> count = 0;
     FlushThread thread([&](const FileDescriptor &) {

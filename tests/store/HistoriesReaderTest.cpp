@@ -18,7 +18,7 @@ namespace {
 
 const std::string idText = "01234567-89AB-CDEF-0123-456789ABCDEF";
 
-/// A map as text, and what it holds.
+/// A map as text, and its content.
 struct StoredMap
 {
     void open(const QUuid &id)
@@ -91,7 +91,7 @@ protected:
     {
         return readHistories(written(text));
     }
-    /// By this process from files, so far.
+    /// The bytes that this process has read from files so far.
     static quint64 bytesRead()
     {
         QFile file(u"/proc/self/io"_s);
@@ -109,7 +109,7 @@ protected:
             ASSERT_TRUE(std::ranges::equal(history.checks(), checks));
         }
     }
-    /// Also that it is known where all of it stands.
+    /// Also expects the position of all stored text to be known.
     static void expectKnows(const std::optional<CheckHistories> &histories, const StoredMap &map)
     {
         expectHolds(histories, map);
@@ -141,7 +141,7 @@ private:
     uint m_number = 0;
 };
 
-TEST_F(HistoriesReaderTest, OfManyPartsAllIsReadAndKnown)
+TEST_F(HistoriesReaderTest, AllPartsAreReadWithTheirPositions)
 {
     for (const int longest : {0, 3, 2000, 9000}) {
         const StoredMap map = mapOf(longest == 0 ? 3000 : 5'000'000, longest);
@@ -170,7 +170,7 @@ TEST_F(HistoriesReaderTest, PartsOfEverySizeAreReadAlike)
     }
 }
 
-TEST_F(HistoriesReaderTest, APartMayEndAnywhereBehindAHistory)
+TEST_F(HistoriesReaderTest, APartMayEndAnywhereAfterAHistory)
 {
     constexpr std::size_t partSize = 50'000;
     const StoredMap map = mapOf(2 * partSize, 100);
@@ -184,7 +184,7 @@ TEST_F(HistoriesReaderTest, APartMayEndAnywhereBehindAHistory)
     }
 }
 
-TEST_F(HistoriesReaderTest, AFileOfASizeThatNobodyWritesIsUnreadable)
+TEST_F(HistoriesReaderTest, AnOversizedFileIsUnreadable)
 {
     QFile file(folder().filePath(u"checks.json"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
@@ -197,7 +197,7 @@ TEST_F(HistoriesReaderTest, AFileOfASizeThatNobodyWritesIsUnreadable)
     }
 }
 
-TEST_F(HistoriesReaderTest, WhatTheProgramWritesIsReadFromTheFileOnce)
+TEST_F(HistoriesReaderTest, AFileThatTheProgramWroteIsReadOnlyOnce)
 {
     const QUuid id(1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 2);
     StoredMap map = mapOf(3'000'000, 3000);
@@ -219,7 +219,7 @@ TEST_F(HistoriesReaderTest, OtherLayoutsAreReadAsAWhole)
     expectHolds(read(map.text), map);
 }
 
-TEST_F(HistoriesReaderTest, WhatLooksLikeAnEndInsideAnUnknownValueIsNone)
+TEST_F(HistoriesReaderTest, AnApparentEndInsideAnUnknownValueIsIgnored)
 {
     const QUuid id(1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
     const std::string trap = ",\"later\":[[{}],\"" + idText + "\",[{}],\"" + idText + "\",[{}]]}";
@@ -234,7 +234,7 @@ TEST_F(HistoriesReaderTest, WhatLooksLikeAnEndInsideAnUnknownValueIsNone)
     expectHolds(read(map.text), map);
 }
 
-TEST_F(HistoriesReaderTest, OneBadPlaceAnywhereSpoilsAll)
+TEST_F(HistoriesReaderTest, OneErrorAnywhereMakesTheFileUnreadable)
 {
     const StoredMap map = mapOf(2'500'000, 1000);
     for (const std::size_t place : {std::size_t(0), std::size_t(20), map.text.size() / 3,
@@ -249,7 +249,7 @@ TEST_F(HistoriesReaderTest, OneBadPlaceAnywhereSpoilsAll)
     EXPECT_FALSE(read(map.text.substr(1)));
 }
 
-TEST_F(HistoriesReaderTest, OfPartsThatAlternateWronglyNoneCounts)
+TEST_F(HistoriesReaderTest, PartsThatAlternateWronglyMakeTheFileUnreadable)
 {
     const QUuid id(1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1);
     StoredMap map;
@@ -264,7 +264,7 @@ TEST_F(HistoriesReaderTest, OfPartsThatAlternateWronglyNoneCounts)
     EXPECT_FALSE(read("[[" + pair + "," + pair + "]]"));
 }
 
-TEST_F(HistoriesReaderTest, NothingHoldsNothing)
+TEST_F(HistoriesReaderTest, AnEmptyFileIsUnreadable)
 {
     EXPECT_FALSE(readHistories(FileSnapshot()));
     EXPECT_FALSE(read(""));

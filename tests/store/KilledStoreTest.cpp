@@ -26,7 +26,7 @@ namespace {
 
 constexpr int monitorCount = 3;
 constexpr int kills = 40;
-/// Fewer where every save and every look at the files is of all that a store holds.
+/// Fewer, because each save and each reading of the files covers a full store.
 constexpr int killsWhenFull = 12;
 
 /// The ids of each monitor's checks, oldest first.
@@ -47,7 +47,7 @@ private:
     std::vector<QUuid> *m_open = nullptr;
 };
 
-/// What a recorder has said to be saved, over all its lives.
+/// What a recorder has reported as saved, over all its runs.
 struct Report
 {
     Histories checks;
@@ -67,7 +67,7 @@ struct Report
 class KilledStoreTest : public testing::TestWithParam<unsigned>
 {
 protected:
-    /// Begins with histories to which nothing can come without something going.
+    /// Begins with full histories, to which nothing can be added without dropping something.
     void fillHistories()
     {
         std::string json;
@@ -110,7 +110,7 @@ protected:
         EXPECT_EQ(m_report.checks.size(), std::size_t(monitorCount));
     }
 
-    /// Lets a recorder run for some random moments after its first line, and kills it.
+    /// Lets a recorder run for @p life after its first line, and kills it.
     void runAndKill(std::chrono::microseconds life)
     {
         QProcess recorder;
@@ -131,7 +131,7 @@ protected:
     {
         EXPECT_TRUE(decodeMonitors(contentOf("/monitors.json")));
         const QByteArray checks = contentOf("/checks.json");
-        // Not written before the first check.
+        // The file isn't written before the first check.
         if (checks.isNull() && m_seen.empty())
             return;
         HistoriesReader reader;
@@ -141,8 +141,8 @@ protected:
         m_seen = std::move(reader.histories);
     }
 
-    /// Of what was there before all is still there, but for the oldest where newer ones take their
-    /// places.
+    /// Expects everything in @p before to be still there, except the oldest if newer ones replace
+    /// them.
     static void expectContinued(std::span<const QUuid> history, std::span<const QUuid> before)
     {
         if (before.empty())
@@ -168,8 +168,9 @@ protected:
         }
     }
 
-    /// What was reported is there in its order, but for the oldest where there are too many. There
-    /// may be more: what was saved at the end of a life, and not reported any more.
+    /// Expects everything reported to be there in its order, except the oldest if there are too
+    /// many. There may be more: checks that were saved at the end of a run but not reported any
+    /// more.
     static void expectReported(std::span<const QUuid> history, std::span<const QUuid> reported)
     {
         const std::set<QUuid> kept(history.begin(), history.end());
@@ -197,7 +198,7 @@ protected:
 
     QTemporaryDir m_folder;
     Report m_report;
-    Histories m_seen; ///< When the files were last read.
+    Histories m_seen; ///< As of the last reading of the files.
 };
 
 TEST_P(KilledStoreTest, LosesNothingThatWasSaved)

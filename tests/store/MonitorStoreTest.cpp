@@ -98,7 +98,7 @@ protected:
         return check;
     }
 
-    /// Till a change of a file is sure to get another time than what was done before.
+    /// Waits until a change of a file is sure to get a later time than earlier changes.
     static void waitForTheFileSystemsClock() { QThread::msleep(20); }
 
     QTemporaryDir m_root;
@@ -141,7 +141,7 @@ TEST_F(MonitorStoreTest, WholeIsPendingWhileOneWasNeverChecked)
     EXPECT_EQ(m_store->overallStatus(), MonitorStatus::down);
 }
 
-TEST_F(MonitorStoreTest, WholeIsDownWhereverTheOneThatIsDownStands)
+TEST_F(MonitorStoreTest, WholeIsDownWhicheverMonitorIsDown)
 {
     add();
     record(add().id, true);
@@ -186,7 +186,7 @@ TEST_F(MonitorStoreTest, OneCheckTooManyDropsTheOldestOfItsMonitorOnly)
     EXPECT_EQ(historyOfOther(), untouched);
 }
 
-TEST_F(MonitorStoreTest, HistoryOfFailuresIsZero)
+TEST_F(MonitorStoreTest, HistoryOfFailuresHasZeroStatistics)
 {
     const Monitor monitor = add();
     record(monitor.id, false);
@@ -195,7 +195,7 @@ TEST_F(MonitorStoreTest, HistoryOfFailuresIsZero)
     EXPECT_EQ(m_store->averageResponseTime(monitor.id, 24h), 0.0);
 }
 
-TEST_F(MonitorStoreTest, StatisticsAreOfTheWindow)
+TEST_F(MonitorStoreTest, StatisticsCoverTheirWindow)
 {
     const Monitor monitor = add();
     record(monitor.id, false, 7000);
@@ -237,7 +237,7 @@ TEST_F(MonitorStoreTest, HistoryOutOfOrderIsFilteredOneByOne)
     EXPECT_EQ(m_store->recentChecks(monitor.id, 24h), (std::vector{first, last}));
 }
 
-TEST_F(MonitorStoreTest, UnknownMethodLoadsNothingAndTheNextEditOverwrites)
+TEST_F(MonitorStoreTest, UnknownMethodMakesTheFileUnreadableAndTheNextEditOverwritesIt)
 {
     add();
     add();
@@ -380,7 +380,7 @@ TEST_F(MonitorStoreTest, LongHistoryIsTrimmedByTheNextCheckOnly)
     EXPECT_EQ(m_store->checks(id).size(), 2000U);
 }
 
-TEST_F(MonitorStoreTest, OfAnIdThatComesTwiceTheLastCounts)
+TEST_F(MonitorStoreTest, OfARepeatedIdTheLastHistoryCounts)
 {
     const Check check = record(QUuid::createUuid());
     QByteArray json = contentOf("checks.json");
@@ -390,7 +390,7 @@ TEST_F(MonitorStoreTest, OfAnIdThatComesTwiceTheLastCounts)
     EXPECT_TRUE(m_store->checks(check.monitorId).empty());
 }
 
-TEST_F(MonitorStoreTest, WhatOthersDoToTheFileIsGoneAfterTheNextSave)
+TEST_F(MonitorStoreTest, ChangesThatOthersMakeToTheFileAreUndoneByTheNextSave)
 {
     const auto cutShort = [&](const QByteArray &json) { fill("checks.json", json.left(200)); };
     const auto blankOut = [&](const QByteArray &json) {
@@ -459,7 +459,7 @@ TEST_F(MonitorStoreTest, HistoriesOfChecksOfManyLengthsStayApart)
         check.error = QString(i * i, u'x');
         m_store->addCheck(check);
     };
-    // The first of them can't be saved, so that one save has many to write.
+    // The first twenty can't be saved at once, so that one save has many to write.
     ASSERT_TRUE(QDir(folder()).removeRecursively());
     ASSERT_TRUE(QFile(folder()).open(QIODevice::WriteOnly));
     for (int i = 0; i < 20; ++i)
@@ -503,7 +503,7 @@ TEST_F(MonitorStoreTest, SignalsComeAfterTheSaveAndSeparately)
     EXPECT_EQ(events.join(u", "), u"monitors 1, checks 1, monitors 1, monitors 0, checks 0"_s);
 }
 
-TEST_F(MonitorStoreTest, FolderAndFilesAreTheirUsersAlone)
+TEST_F(MonitorStoreTest, FolderAndFilesArePrivateToTheirUser)
 {
     record(add().id);
     EXPECT_EQ(modeOf(folder()), 0700U);
@@ -512,7 +512,7 @@ TEST_F(MonitorStoreTest, FolderAndFilesAreTheirUsersAlone)
     EXPECT_EQ(modeOf(pathOf("checks.json")), 0600U);
 }
 
-TEST_F(MonitorStoreTest, StandardFolderIsTheUsers)
+TEST_F(MonitorStoreTest, StandardFolderIsInTheUsersDataFolder)
 {
     qputenv("XDG_DATA_HOME", QFile::encodeName(m_root.path()));
     EXPECT_EQ(MonitorStore::defaultStorageDir(), m_root.filePath(u"Vantry"_s));
@@ -526,7 +526,7 @@ TEST_F(MonitorStoreTest, LeftoversOfACrashAreRemoved)
     EXPECT_TRUE(names().isEmpty());
 }
 
-TEST_F(MonitorStoreTest, ReadOnlyLeavesTheFolderAsItIs)
+TEST_F(MonitorStoreTest, ReadOnlyLeavesTheFolderUnchanged)
 {
     const Monitor monitor = add();
     fill("checks.json", "[");

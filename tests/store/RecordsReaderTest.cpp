@@ -21,7 +21,7 @@ class RecordsReaderTest : public testing::Test
 protected:
     [[nodiscard]] QString folder() const { return m_folder.path(); }
 
-    /// Adds a monitor and a check of it, as another program.
+    /// Adds a monitor and a check of it, as another program would.
     void add() const
     {
         MonitorStore other(folder());
@@ -67,7 +67,7 @@ private:
     QTemporaryDir m_folder;
 };
 
-TEST_F(RecordsReaderTest, GivesWhatTheFolderHolds)
+TEST_F(RecordsReaderTest, ReturnsWhatTheFolderHolds)
 {
     expectCurrent(RecordsReader(folder()).take());
     add();
@@ -79,7 +79,7 @@ TEST_F(RecordsReaderTest, GivesWhatTheFolderHolds)
     expectCurrent(records);
 }
 
-TEST_F(RecordsReaderTest, WhatOthersHaveChangedSinceIsReadAgain)
+TEST_F(RecordsReaderTest, FilesThatOthersHaveChangedSinceAreReadAgain)
 {
     const std::function<void()> changes[] = {
         [this] { add(); },
@@ -104,7 +104,7 @@ TEST_F(RecordsReaderTest, WhatOthersHaveChangedSinceIsReadAgain)
     }
 }
 
-TEST_F(RecordsReaderTest, AFolderThatCameSinceIsRead)
+TEST_F(RecordsReaderTest, AFolderThatWasMadeSinceIsNoticed)
 {
     const StoredRecords before = StoredRecords::read(folder());
     EXPECT_TRUE(before.areCurrent(folder()));
@@ -114,7 +114,7 @@ TEST_F(RecordsReaderTest, AFolderThatCameSinceIsRead)
 
 // AddressSanitizer reserves more address space than any limit leaves.
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
-TEST_F(RecordsReaderTest, WantOfMemoryMakesAFileUnreadable)
+TEST_F(RecordsReaderTest, LackOfMemoryMakesAFileUnreadable)
 {
     for (const char *name : {"monitors.json", "checks.json"}) {
         QFile file(QDir(folder()).filePath(QString::fromLatin1(name)));

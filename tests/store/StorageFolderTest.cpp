@@ -22,7 +22,7 @@ class StorageFolderTest : public testing::Test
 protected:
     void SetUp() override
     {
-        // Nobody's home is below it, but in the one test that says so.
+        // No user's home is below it, except in the one test that sets it so.
         ASSERT_TRUE(QDir().mkpath(path() + u"/favicons"_s));
         for (const QString &name : ourFiles)
             ASSERT_TRUE(QFile(pathOf(name)).open(QIODevice::WriteOnly));
@@ -56,7 +56,7 @@ protected:
     QTemporaryDir m_root;
 };
 
-TEST_F(StorageFolderTest, WhatOthersCouldUseIsItsUsersAloneAfterwards)
+TEST_F(StorageFolderTest, FilesThatOthersCouldUseBecomePrivate)
 {
     for (const mode_t mode : {0755U, 0777U, 0701U, 0710U}) {
         setMode(path(), mode);
@@ -71,7 +71,7 @@ TEST_F(StorageFolderTest, WhatOthersCouldUseIsItsUsersAloneAfterwards)
     }
 }
 
-TEST_F(StorageFolderTest, WhatIsNotOursKeepsItsMode)
+TEST_F(StorageFolderTest, ForeignFilesKeepTheirMode)
 {
     ASSERT_TRUE(QFile(pathOf(u"notes"_s)).open(QIODevice::WriteOnly));
     setMode(pathOf(u"notes"_s), 0644);
@@ -81,7 +81,7 @@ TEST_F(StorageFolderTest, WhatIsNotOursKeepsItsMode)
     EXPECT_EQ(modeOf(pathOf(u"monitors.json"_s)), 0400U) << "which others can't use";
 }
 
-TEST_F(StorageFolderTest, AFolderThatOthersUseTooKeepsItsModeAndIsToldOf)
+TEST_F(StorageFolderTest, ASharedFolderKeepsItsModeAndIsReported)
 {
     const QStringList complaint = {u"others can use %1: it isn't Ostrel's alone"_s.arg(path())};
     setMode(path(), 01777);
@@ -100,7 +100,7 @@ TEST_F(StorageFolderTest, AFolderThatOthersUseTooKeepsItsModeAndIsToldOf)
     qputenv("HOME", home);
 }
 
-TEST_F(StorageFolderTest, WhatBelongsToSomebodyElseIsToldOf)
+TEST_F(StorageFolderTest, AFileOrFolderOfAnotherUserIsReported)
 {
     if (::geteuid() != 0)
         GTEST_SKIP() << "only the administrator can give files away";
@@ -118,19 +118,19 @@ TEST_F(StorageFolderTest, WhatBelongsToSomebodyElseIsToldOf)
     EXPECT_EQ(modeOf(path()), 0755U);
 }
 
-TEST_F(StorageFolderTest, RootOfAllFoldersIsNobodysAlone)
+TEST_F(StorageFolderTest, TheRootFolderIsReportedAsShared)
 {
-    const test::PlainUser plain; // who could do no harm
+    const test::PlainUser plain; // so that a mistake could do no harm
     EXPECT_EQ(closeToOthers(u"/"_s).size(), 1);
 }
 
-TEST_F(StorageFolderTest, NothingIsSaidOfAFolderThatIsNotThere)
+TEST_F(StorageFolderTest, AMissingFolderIsNotReported)
 {
     EXPECT_EQ(closeToOthers(pathOf(u"missing"_s)), QStringList());
     EXPECT_EQ(closeToOthers(pathOf(u"monitors.json/inside"_s)), QStringList());
 }
 
-TEST_F(StorageFolderTest, AMissingFolderIsMadeForItsUserAlone)
+TEST_F(StorageFolderTest, AMissingFolderIsMadePrivateToItsUser)
 {
     const QString deep = pathOf(u"a/b"_s);
     EXPECT_TRUE(prepareToWrite(deep));
@@ -141,7 +141,7 @@ TEST_F(StorageFolderTest, AMissingFolderIsMadeForItsUserAlone)
     EXPECT_EQ(modeOf(deep), 0755U) << "as it was found";
 }
 
-TEST_F(StorageFolderTest, WhereNothingCanBeWrittenItSaysWhy)
+TEST_F(StorageFolderTest, IfNothingCanBeWrittenTheReasonIsReported)
 {
     for (const char *name : {"monitors.json", "monitors.json/inside"}) {
         EXPECT_FALSE(prepareToWrite(pathOf(QString::fromLatin1(name))));

@@ -19,8 +19,8 @@
 
 using namespace Qt::StringLiterals;
 
-// What a store does while its folder can't be written: it goes on from memory, says so, and saves
-// as soon as it can.
+// What a store does while its folder can't be written: it continues from memory, reports the
+// failure, and saves as soon as it can.
 
 namespace ostrel {
 namespace {
@@ -46,7 +46,7 @@ public:
     int asked = 0;
 };
 
-/// No file of this process grows past @p size bytes as long as it lives: a disk that is full.
+/// Simulates a full disk: while it lives, no file of this process grows beyond @p size bytes.
 class FullDisk
 {
 public:
@@ -80,7 +80,7 @@ protected:
         m_changes = 0;
         QObject::connect(m_store.get(), &MonitorStore::canSaveChanged, [this] { ++m_changes; });
     }
-    /// That tries again all the time.
+    /// Opens a store that retries all the time.
     void openImpatiently() { open({.retryInterval = 1ms}); }
 
     [[nodiscard]] QString folder() const { return m_root.filePath(u"parent/store"_s); }
@@ -131,7 +131,7 @@ protected:
         return check;
     }
 
-    /// What another start would find.
+    /// What another start would load.
     [[nodiscard]] QList<Monitor> storedMonitors() const
     {
         return StoredRecords::read(folder()).monitors;
@@ -179,7 +179,7 @@ TEST_F(StoreFailureTest, AFolderThatIsGoneIsMadeAgainWithBothFiles)
     EXPECT_EQ(m_changes, 0);
 }
 
-TEST_F(StoreFailureTest, AFolderThatIsGoneIsMadeAgainAlsoIfNothingHappens)
+TEST_F(StoreFailureTest, AFolderThatIsGoneIsMadeAgainEvenIfNothingHappens)
 {
     openImpatiently();
     record(add());
@@ -188,7 +188,7 @@ TEST_F(StoreFailureTest, AFolderThatIsGoneIsMadeAgainAlsoIfNothingHappens)
     expectAllIsStored();
 }
 
-TEST_F(StoreFailureTest, AFolderThatSomebodyMadeAnewGetsBothFiles)
+TEST_F(StoreFailureTest, AFolderThatWasReplacedGetsBothFiles)
 {
     open();
     const Monitor monitor = add();
@@ -212,7 +212,7 @@ TEST_F(StoreFailureTest, EachFileThatIsGoneComesBackWithAnySave)
     expectAllIsStored();
 }
 
-TEST_F(StoreFailureTest, AFileThatNeverWasDoesNotCome)
+TEST_F(StoreFailureTest, AFileThatNeverExistedIsNotMade)
 {
     open();
     const Monitor monitor = add();
@@ -221,7 +221,7 @@ TEST_F(StoreFailureTest, AFileThatNeverWasDoesNotCome)
     EXPECT_EQ(names(), u"monitors.json"_s);
 }
 
-TEST_F(StoreFailureTest, WithAFileInItsPlaceItRunsFromMemoryAndSavesOnceItCan)
+TEST_F(StoreFailureTest, WithAFileInTheFoldersPlaceItRunsFromMemoryAndSavesOnceItCan)
 {
     putAFileInItsPlace();
     openImpatiently();
@@ -240,12 +240,12 @@ TEST_F(StoreFailureTest, WithAFileInItsPlaceItRunsFromMemoryAndSavesOnceItCan)
     EXPECT_EQ(names(), u"checks.json monitors.json"_s);
 }
 
-TEST_F(StoreFailureTest, AnotherTryComesOnceAMinute)
+TEST_F(StoreFailureTest, SavingIsRetriedOnceAMinute)
 {
     EXPECT_EQ(MonitorStore::Options().retryInterval, 1min);
 }
 
-TEST_F(StoreFailureTest, AFolderThatMayOnlyBeReadIsReadAndSavedToOnceItCanBe)
+TEST_F(StoreFailureTest, AReadOnlyFolderIsReadAndSavedToOnceItIsWritable)
 {
     open();
     const Monitor before = add("before");
@@ -271,7 +271,7 @@ TEST_F(StoreFailureTest, AFolderThatMayOnlyBeReadIsReadAndSavedToOnceItCanBe)
     expectAllIsStored();
 }
 
-TEST_F(StoreFailureTest, WhatAFolderHoldsThatCouldNotBeReadAtTheStartIsKept)
+TEST_F(StoreFailureTest, FilesOfAFolderThatWasUnreadableAtTheStartAreKept)
 {
     open();
     add("precious");
@@ -290,7 +290,7 @@ TEST_F(StoreFailureTest, WhatAFolderHoldsThatCouldNotBeReadAtTheStartIsKept)
     EXPECT_EQ(contentOf("monitors.json.unreadable-20261120T191500Z"), precious);
 }
 
-TEST_F(StoreFailureTest, WhatComesIntoAFolderThatWasNotThereAtTheStartIsKept)
+TEST_F(StoreFailureTest, FilesOfAFolderThatWasMissingAtTheStartAreKept)
 {
     const QString disk = m_root.filePath(u"disk"_s);
     ASSERT_TRUE(QDir().mkpath(m_root.filePath(u"parent"_s)));
@@ -332,7 +332,7 @@ TEST_F(StoreFailureTest, AMonitorAddedOnAFullDiskIsSavedWithTheNextCheck)
     EXPECT_EQ(m_store->checks(first.id).size(), 3U);
 }
 
-TEST_F(StoreFailureTest, TheFileThatFitsIsSavedAlsoIfTheOtherDoesNot)
+TEST_F(StoreFailureTest, TheFileThatFitsIsSavedEvenIfTheOtherDoesNot)
 {
     open();
     const Monitor monitor = add();
@@ -351,7 +351,7 @@ TEST_F(StoreFailureTest, TheFileThatFitsIsSavedAlsoIfTheOtherDoesNot)
     expectAllIsStored();
 }
 
-TEST_F(StoreFailureTest, HistoryOfAFullDiskIsWholeWhereverTheWriteEnds)
+TEST_F(StoreFailureTest, OnAFullDiskTheOldHistoryStaysWholeWhereverTheWriteEnds)
 {
     open();
     const Monitor monitor = add();
@@ -405,7 +405,7 @@ TEST_F(StoreFailureTest, OnARealFullDiskNothingIsLost)
     EXPECT_EQ(::umount2(path.constData(), MNT_DETACH), 0);
 }
 
-TEST_F(StoreFailureTest, WhatIsBehindIsTriedOnceMoreAtTheEnd)
+TEST_F(StoreFailureTest, UnsavedRecordsAreTriedOnceMoreAtDestruction)
 {
     putAFileInItsPlace();
     open();
@@ -417,7 +417,7 @@ TEST_F(StoreFailureTest, WhatIsBehindIsTriedOnceMoreAtTheEnd)
     EXPECT_EQ(storedCheckCount(), 1U);
 }
 
-TEST_F(StoreFailureTest, WhatIsGoneAtTheEndStaysGone)
+TEST_F(StoreFailureTest, AFolderThatIsGoneAtDestructionStaysGone)
 {
     open();
     record(add());
@@ -426,7 +426,7 @@ TEST_F(StoreFailureTest, WhatIsGoneAtTheEndStaysGone)
     EXPECT_FALSE(QFile::exists(folder()));
 }
 
-TEST_F(StoreFailureTest, ToLookOnNothingHasToBeSaved)
+TEST_F(StoreFailureTest, AReadOnlyStoreNeverReportsThatItCannotSave)
 {
     putAFileInItsPlace();
     open({.access = MonitorStore::Access::readOnly, .retryInterval = 1ms});
@@ -435,7 +435,7 @@ TEST_F(StoreFailureTest, ToLookOnNothingHasToBeSaved)
     EXPECT_EQ(m_changes, 0);
 }
 
-TEST_F(StoreFailureTest, AnothersFolderIsLeftAlone)
+TEST_F(StoreFailureTest, AFolderThatAnotherProgramOwnsIsNotTouched)
 {
     open();
     const Monitor first = add("first");
@@ -456,7 +456,7 @@ TEST_F(StoreFailureTest, AnothersFolderIsLeftAlone)
     EXPECT_EQ(storedMonitors(), QList<Monitor>{first});
 }
 
-TEST_F(StoreFailureTest, OwnershipIsAskedForBeforeEverySave)
+TEST_F(StoreFailureTest, OwnershipIsRenewedBeforeEverySave)
 {
     FakeOwnership ownership;
     open({.ownership = &ownership});
@@ -466,7 +466,7 @@ TEST_F(StoreFailureTest, OwnershipIsAskedForBeforeEverySave)
     }
 }
 
-TEST_F(StoreFailureTest, WhatTheOtherOwnerHasWrittenIsKept)
+TEST_F(StoreFailureTest, AFileThatAnotherOwnerHasWrittenIsKept)
 {
     FakeOwnership ownership;
     open({.ownership = &ownership});
@@ -489,7 +489,7 @@ TEST_F(StoreFailureTest, WhatTheOtherOwnerHasWrittenIsKept)
         << "what the other hasn't touched isn't kept";
 }
 
-TEST_F(StoreFailureTest, WhatAnotherWroteWhileTheFolderWasAwayIsKept)
+TEST_F(StoreFailureTest, AFileThatWasWrittenWhileTheFolderWasAwayIsKept)
 {
     open();
     const Monitor first = add("first");

@@ -14,7 +14,7 @@
 
 using namespace Qt::StringLiterals;
 
-// When a store has the disk take what it has saved.
+// When a store flushes what it has saved to the disk.
 
 namespace ostrel {
 namespace {
@@ -23,7 +23,7 @@ using namespace std::chrono_literals;
 
 using test::waitFor;
 
-/// A disk that tells what it took, and hangs while it is told to.
+/// A disk that records what was flushed to it, and can be made to hang.
 class WatchedDisk
 {
 public:
@@ -122,12 +122,12 @@ TEST_F(StoreFlushTest, HistoryIsNotFlushedMoreOften)
     open(10min);
     for (int i = 0; i < 10; ++i)
         record();
-    m_store->addMonitor({.id = QUuid::createUuid()}); // which is flushed after all before
+    m_store->addMonitor({.id = QUuid::createUuid()}); // is flushed after everything before it
     EXPECT_TRUE(waitFor([this] { return m_disk.countOf("store") == 1; }));
     EXPECT_EQ(m_disk.countOf("checks.json.flushed"), 0);
 }
 
-TEST_F(StoreFlushTest, HistoryIsFlushedAtTheEnd)
+TEST_F(StoreFlushTest, HistoryIsFlushedAtDestruction)
 {
     open(10min);
     record();
@@ -136,7 +136,7 @@ TEST_F(StoreFlushTest, HistoryIsFlushedAtTheEnd)
     EXPECT_EQ(m_disk.countOf("store"), 1);
 }
 
-TEST_F(StoreFlushTest, AHistoryThatAPowerCutHasLeftUnfinishedIsWhatTheDiskTookLast)
+TEST_F(StoreFlushTest, IfAPowerCutDamagesTheHistoryTheLastFlushedOneIsRead)
 {
     open(10min);
     record();
@@ -151,7 +151,7 @@ TEST_F(StoreFlushTest, AHistoryThatAPowerCutHasLeftUnfinishedIsWhatTheDiskTookLa
     }
 }
 
-TEST_F(StoreFlushTest, WhatIsRecordedAfterAPowerCutFollowsWhatTheDiskTook)
+TEST_F(StoreFlushTest, ChecksAfterAPowerCutAreAddedToTheLastFlushedHistory)
 {
     open(10min);
     record();
@@ -173,7 +173,7 @@ TEST_F(StoreFlushTest, AHistoryThatIsUnreadableForAnotherReasonCountsAsEmpty)
     EXPECT_TRUE(StoredRecords::read(folder()).checks.empty());
 }
 
-TEST_F(StoreFlushTest, WithoutANewCheckNothingIsFlushedAtTheEnd)
+TEST_F(StoreFlushTest, WithoutANewCheckNothingIsFlushedAtDestruction)
 {
     open(10min);
     m_store.reset();
@@ -187,7 +187,7 @@ TEST_F(StoreFlushTest, MonitorsAreOnTheDiskBeforeTheyReplaceTheOldOnes)
     EXPECT_EQ(m_disk.countOf("monitors.json.tmp"), 1);
 }
 
-TEST_F(StoreFlushTest, ADiskThatHangsHoldsUpNeitherAnEditNorTheEnd)
+TEST_F(StoreFlushTest, ADiskThatHangsDelaysNeitherAnEditNorDestruction)
 {
     m_disk.hang();
     open(1ms);

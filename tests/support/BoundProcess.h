@@ -6,8 +6,8 @@
 
 namespace ostrel::test {
 
-/// A child process that never outlives its parent: killed with this object, and by the kernel
-/// where the parent dies first.
+/// A child process that never outlives its parent: it is killed with this object, or by the kernel
+/// if the parent dies first.
 class BoundProcess : public QProcess
 {
     Q_OBJECT
@@ -18,12 +18,12 @@ public:
 
     /// Writes the child's error output, which otherwise goes where this program's goes, to a file.
     void logTo(const QString &path);
-    /// Waits for the next line of the child's output, and returns it without its end; empty where
-    /// there is none within @p patience.
+    /// Waits for the next line of the child's output, and returns it without its end; empty if none
+    /// comes within @p patience.
     [[nodiscard]] QByteArray
     nextLine(std::chrono::milliseconds patience = std::chrono::seconds(20));
 
-    /// Sends SIGTERM and waits for the end; false where the child doesn't end.
+    /// Sends SIGTERM and waits for the end; false if the child doesn't end.
     bool stop();
 };
 

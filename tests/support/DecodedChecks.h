@@ -8,11 +8,12 @@
 
 namespace ostrel::test {
 
-/// Has @p visitor read the stored map of histories @p json; false on the terms of CheckMapDecoder.
+/// Decodes the stored map of histories @p json into @p visitor; false if CheckMapDecoder rejects
+/// it.
 [[nodiscard]] bool decodeCheckMap(QByteArray json, CheckMapVisitor &visitor);
 
-/// The check that @p json, one object, holds. Nothing where it would spoil a map of histories, or
-/// isn't exactly one check.
+/// The check that @p json, one object, holds. Nothing if it would make a map of histories
+/// unreadable, or isn't exactly one check.
 [[nodiscard]] std::optional<Check> decodeCheck(const QByteArray &json);
 
 } // namespace ostrel::test

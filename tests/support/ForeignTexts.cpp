@@ -11,7 +11,7 @@ QString repeated(char16_t c, qsizetype count)
     return QString(count, QChar(c));
 }
 
-/// "Shop" in the middle, so that what is shown can be told from nothing.
+/// Puts @p middle into "Shop", so that the text never looks empty.
 QString around(const QString &middle)
 {
     return u"Sh"_s + middle + u"op"_s;
@@ -86,7 +86,7 @@ const QList<ForeignText> &foreignTexts()
 
 testing::AssertionResult isFitForPeople(const QString &text)
 {
-    // Two to a code point, nine code points to a character; and what we add ourselves.
+    // Two code units per code point, nine code points per character, and the text that we add.
     constexpr qsizetype longest = 2 * 9 * 200 + 100;
     constexpr qsizetype mostMarks = 8;
     if (text.size() > longest)

@@ -9,7 +9,7 @@
 
 namespace ostrel::test {
 
-/// What a page calls itself, a server says or a file holds, to do harm where it is shown.
+/// A page's title, a server's answer or a file's content that may do harm if it is shown.
 struct ForeignText
 {
     const char *name;
@@ -21,12 +21,12 @@ inline void PrintTo(const ForeignText &foreign, std::ostream *out)
     *out << foreign.name;
 }
 
-/// The same ones for every way out.
+/// The same texts for every output.
 [[nodiscard]] const QList<ForeignText> &foreignTexts();
 
-/// Whether @p text is fit to be shown to people: on one line, without anything that moves a cursor
-/// or turns the order of the characters round, and not much longer than the 200 characters that may
-/// come from elsewhere.
+/// Whether @p text is fit to be shown to people: on one line, without characters that move a cursor
+/// or reverse the order of characters, and not much longer than the 200 characters that foreign
+/// text may have.
 [[nodiscard]] testing::AssertionResult isFitForPeople(const QString &text);
 
 } // namespace ostrel::test

@@ -4,7 +4,7 @@
 
 namespace ostrel::test {
 
-/// A network by which nothing can be reached. Tests override what they need.
+/// A network through which nothing can be reached. Tests override what they need.
 class OfflineNetwork : public Network
 {
 public:

@@ -5,8 +5,7 @@
 
 namespace ostrel::test {
 
-/// For as long as it lives, this process is one whom the modes of files bind: the administrator is
-/// nobody meanwhile.
+/// While it lives, file modes bind this process: if it is root's, it acts as the user nobody.
 class PlainUser
 {
 public:

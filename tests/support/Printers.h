@@ -6,7 +6,7 @@
 
 #include <ostream>
 
-// How GoogleTest shows Qt's values when an expectation fails.
+// How GoogleTest prints Qt's values if an expectation fails.
 
 inline void PrintTo(const QString &text, std::ostream *out)
 {

@@ -8,14 +8,14 @@
 
 namespace ostrel::test {
 
-/// Keeps what was posted.
+/// Keeps the posted requests.
 class RecordingNotificationCenter : public NotificationCenter
 {
 public:
     void requestAuthorization() override { ++authorizationRequests; }
     void add(const NotificationRequest &request) override { requests.push_back(request); }
 
-    /// The identifiers without the monitor's id: "down", "up", "slow", "ssl".
+    /// The kinds in the identifiers, without the monitor's id: "down", "up", "slow", "ssl".
     [[nodiscard]] QStringList kinds() const
     {
         QStringList kinds;

@@ -18,7 +18,7 @@ namespace ostrel::test {
 namespace {
 
 constexpr int side = 400;
-/// So that focus rings and halos are inside the picture.
+/// Wide enough for focus rings and halos to be inside the picture.
 constexpr int margin = 40;
 
 QByteArray document(const QByteArray &body)

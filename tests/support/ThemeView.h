@@ -17,15 +17,15 @@ using namespace Qt::StringLiterals;
 class ThemeView
 {
 public:
-    /// @p body is what stands in the window's root item, for example `Chip { text: "5m" }`. What it
-    /// calls "subject" by objectName, the functions below find.
+    /// @p body is the content of the window's root item, for example `Chip { text: "5m" }`. The
+    /// functions below refer to the item whose objectName is "subject".
     explicit ThemeView(const QByteArray &body);
     ~ThemeView();
 
-    /// Empty, or why the piece of QML could not be made.
+    /// Empty, or the reason why the piece of QML could not be made.
     [[nodiscard]] QString error() const { return m_error; }
     [[nodiscard]] QQuickWindow &window() { return m_window; }
-    /// The item of that objectName; null where there is none.
+    /// The item with that objectName; null if there is none.
     [[nodiscard]] QQuickItem *item(const QString &objectName = u"subject"_s) const;
     [[nodiscard]] QVariant property(const char *name) const;
     void setProperty(const char *name, const QVariant &value);
@@ -34,12 +34,12 @@ public:
     void reduceMotion();
     [[nodiscard]] QColor themeColor(const char *name);
 
-    /// What the window shows.
+    /// The window's content.
     [[nodiscard]] QImage picture();
-    /// What it shows at @p point of @p item, in the item's own coordinates.
+    /// The color at @p point of @p item, in the item's own coordinates.
     [[nodiscard]] QColor colorAt(const QQuickItem &item, QPointF point);
     [[nodiscard]] QColor colorAt(QPointF point) { return colorAt(*item(), point); }
-    /// Where @p item's middle is in the window.
+    /// The middle of @p item in the window's coordinates.
     [[nodiscard]] static QPoint middleOf(const QQuickItem &item);
 
 private:

@@ -12,7 +12,7 @@ int main(int argc, char **argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     const QGuiApplication application(argc, argv);
-    // As with a screen reader at work.
+    // As if a screen reader were running.
     QAccessible::setActive(true);
     ostrel::ThemeFonts::install();
     return RUN_ALL_TESTS();

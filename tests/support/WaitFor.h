@@ -8,7 +8,7 @@
 
 namespace ostrel::test {
 
-/// Runs the event loop until @p condition holds; false where it doesn't within @p patience.
+/// Runs the event loop until @p condition holds; false if it doesn't within @p patience.
 template<typename Condition>
 [[nodiscard]] bool waitFor(Condition condition,
                            std::chrono::milliseconds patience = std::chrono::seconds(10))

@@ -15,7 +15,7 @@ namespace ostrel::test {
 
 namespace {
 
-/// What a search says of @p page if it comes in pieces of @p pieceSize.
+/// The result of a search in @p page if it comes in pieces of @p pieceSize.
 std::optional<bool> search(const QByteArray &page, const QString &keyword, qsizetype pieceSize)
 {
     CaselessSearch search(keyword);
@@ -74,7 +74,7 @@ TEST_P(CaselessSearchTest, FindsItAnywhereInALongPage)
     const QByteArray among = filler() + "; " + c.page;
     EXPECT_EQ(search(among, keyword), c.isFound);
     EXPECT_EQ(search(c.page + QByteArray("; ") + filler(), keyword), c.isFound);
-    // Every byte of it falls on the border of two blocks once.
+    // Each of its bytes is at the border of two blocks once.
     for (qsizetype shift = 0; shift < 64; ++shift) {
         const QByteArray before(qsizetype(16) * 1024 - shift, '-');
         EXPECT_EQ(search(before + c.page, keyword), c.isFound) << shift;
@@ -161,7 +161,7 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"PosixIsNotTurkic", "FILE", "file", true, "en_US_POSIX"}),
     [](const auto &each) { return std::string(each.param.name); });
 
-TEST(CaselessSearchUtf8Test, OtherTextsHaveNoResultWhereverTheyGoWrong)
+TEST(CaselessSearchUtf8Test, InvalidUtf8AnywhereHasNoResult)
 {
     for (const QByteArray &wrong :
          {QByteArray("\xff\xfe"), QByteArray("\xe9"), QByteArray("\xc0\xaf"),
@@ -181,7 +181,7 @@ TEST(CaselessSearchUtf8Test, OtherTextsHaveNoResultWhereverTheyGoWrong)
     }
 }
 
-TEST(CaselessSearchUtf8Test, WhatIsUtf8HasAResult)
+TEST(CaselessSearchUtf8Test, ValidUtf8HasAResult)
 {
     for (const QByteArray &page :
          {QByteArray("\xf4\x8f\xbf\xbf"), QByteArray("\xef\xbf\xbf"), QByteArray("\xed\x9f\xbf"),
@@ -189,7 +189,7 @@ TEST(CaselessSearchUtf8Test, WhatIsUtf8HasAResult)
         EXPECT_EQ(search(page, u"OK"_s), false);
 }
 
-TEST(CaselessSearchUtf8Test, AnotherPageBeginsAfresh)
+TEST(CaselessSearchUtf8Test, BeginningAnotherPageForgetsTheFirst)
 {
     CaselessSearch search(u"ok"_s);
     search.read("o\xff");
@@ -207,7 +207,7 @@ TEST(CaselessSearchUtf8Test, AnotherPageBeginsAfresh)
     EXPECT_EQ(search.finish(), true);
 }
 
-TEST(CaselessSearchUtf8Test, AKeywordThatIsNoTextIsInNone)
+TEST(CaselessSearchUtf8Test, AnInvalidKeywordIsNeverFound)
 {
     EXPECT_EQ(search("page", QString(QChar(0xd800))), false);
 }
@@ -224,7 +224,7 @@ TEST(CaselessSearchMarksTest, ALongRowOfThemIsStillOneSequence)
 
 namespace {
 
-/// The processor time that searching @p page takes, the better of two.
+/// The processor time of searching @p page, the shorter of two.
 std::chrono::duration<double> costOf(const QByteArray &page, const QString &keyword)
 {
     std::clock_t shortest = std::numeric_limits<std::clock_t>::max();
@@ -239,7 +239,7 @@ std::chrono::duration<double> costOf(const QByteArray &page, const QString &keyw
 struct Row
 {
     const char *name;
-    const char *row; ///< All of the page, again and again.
+    const char *row; ///< The page is made of its repetitions.
     const char *keyword;
 };
 
@@ -273,7 +273,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(Row{"Ascii", "<td>All systems operational</td>\n", "internal server error"},
                     Row{"FalseStarts", "aaaaaaaa", "aaaaaaaaaaaaaaaab"},
                     Row{"Decomposed", "cafe\u0301 ", "caf\u00e9 ferm\u00e9"},
-                    // In the wrong order, so that each would have to be moved past half the others.
+                    // In the wrong order, so that sorting would move each past half of the others.
                     Row{"NothingButMarks", "\u0301\u0316", "caf\u00e9"}),
     [](const auto &each) { return std::string(each.param.name); });
 

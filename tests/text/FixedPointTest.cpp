@@ -12,7 +12,7 @@
 namespace ostrel {
 namespace {
 
-TEST(FixedPointTest, IsWhatPrintfWrites)
+TEST(FixedPointTest, WritesNumbersAsPrintfDoes)
 {
     for (const double number : {0.0, 0.4, 0.5, 1.5, 2.5, 500.5, 501.5, 1234.56, -0.4, -2.5, 99.95,
                                 0.05, 1e15 + 0.5, std::numeric_limits<double>::max(),

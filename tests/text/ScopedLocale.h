@@ -4,7 +4,7 @@
 
 namespace ostrel::test {
 
-/// Makes another locale the user's while it lives.
+/// Sets the user's locale while it lives.
 class ScopedLocale
 {
 public:

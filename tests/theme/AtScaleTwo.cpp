@@ -2,7 +2,7 @@
 
 namespace {
 
-/// The toolkit reads the scale when the application is made, so it is set before main().
+/// The toolkit reads the scale when the application is created, so it is set before main().
 [[maybe_unused]] const bool isScaled = qputenv("QT_SCALE_FACTOR", "2");
 
 } // namespace

@@ -19,7 +19,7 @@ void collect(QAccessibleInterface *spoken, QList<QAccessibleInterface *> &all)
         collect(spoken->child(i), all);
 }
 
-/// What an assistive tool finds in the window and can put the focus on.
+/// Everything in the window that an assistive tool finds and can focus.
 QList<QAccessibleInterface *> focusableThings(QWindow &window)
 {
     QList<QAccessibleInterface *> all;

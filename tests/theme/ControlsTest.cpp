@@ -103,7 +103,7 @@ TEST_P(PressableTest, IsPressedByAnAssistiveTool)
     EXPECT_EQ(clicked.count(), 1);
 }
 
-TEST_P(PressableTest, DisabledItIsDeafAndPale)
+TEST_P(PressableTest, DisabledItIgnoresPressesAndIsPale)
 {
     ASSERT_EQ(view.error(), QString());
     QSignalSpy clicked(view.item(), SIGNAL(clicked()));
@@ -137,7 +137,7 @@ TEST_P(PressableTest, ShowsItsFocusRingToTheKeyboardOnly)
 
 INSTANTIATE_TEST_SUITE_P(Controls, PressableTest, testing::ValuesIn(pressables), nameOf);
 
-TEST(BaseButtonTest, IsPressedWhereThePointerLetsGoInside)
+TEST(BaseButtonTest, IsPressedIfThePointerIsReleasedInside)
 {
     ThemeView view("BaseButton { objectName: 'subject'; width: 80; height: 32 }");
     ASSERT_EQ(view.error(), QString());
@@ -162,7 +162,7 @@ TEST(BaseButtonTest, IsPressedWhereThePointerLetsGoInside)
     EXPECT_FALSE(view.item()->hasActiveFocus()) << "a click doesn't take the keyboard";
 }
 
-TEST(BaseButtonTest, ADoubleClickIsTwoPressesAndOtherButtonsAreNone)
+TEST(BaseButtonTest, ADoubleClickIsTwoPressesAndOtherButtonsAreIgnored)
 {
     ThemeView view("BaseButton { objectName: 'subject'; width: 80; height: 32 }");
     QSignalSpy clicked(view.item(), SIGNAL(clicked()));
@@ -194,7 +194,7 @@ TEST(BaseButtonTest, AHeldKeyPressesOnce)
     }
 }
 
-TEST(BaseButtonTest, WhatTakesThePointerOrTheKeyboardAwayTakesThePressBack)
+TEST(BaseButtonTest, LosingThePointerOrTheFocusCancelsThePress)
 {
     ThemeView view("BaseButton { objectName: 'subject'; width: 80; height: 32 }");
     QSignalSpy clicked(view.item(), SIGNAL(clicked()));
@@ -219,7 +219,7 @@ TEST(BaseButtonTest, WhatTakesThePointerOrTheKeyboardAwayTakesThePressBack)
     EXPECT_EQ(clicked.count(), 0);
 }
 
-TEST(BaseButtonTest, KnowsThePointerUntilItIsDisabled)
+TEST(BaseButtonTest, ShowsHoverUntilItIsDisabled)
 {
     ThemeView view("BaseButton { objectName: 'subject'; width: 80; height: 32 }");
     QTest::mouseMove(&view.window(), ThemeView::middleOf(*view.item()) + QPoint(0, 60));
@@ -250,7 +250,7 @@ TEST(BaseButtonTest, LaysItsContentsOutBetweenItsPaddings)
     EXPECT_EQ(boxOf(*background), QRectF(0, 0, 20, 32));
 }
 
-TEST(ToggleTest, SwitchesAndSaysSo)
+TEST(ToggleTest, SwitchesAndReportsItsState)
 {
     ThemeView view("Toggle { objectName: 'subject'; spokenName: 'Launch at Login' }");
     view.item()->forceActiveFocus(Qt::TabFocusReason);
@@ -270,7 +270,7 @@ TEST(ToggleTest, SwitchesAndSaysSo)
     }));
 }
 
-TEST(ChipTest, ASelectedChipIsFilledAndSaysSo)
+TEST(ChipTest, ASelectedChipIsFilledAndReportsItsState)
 {
     ThemeView view("Chip { objectName: 'subject'; text: '5m' }");
     EXPECT_FALSE(QAccessible::queryAccessibleInterface(view.item())->state().checked);
@@ -283,7 +283,7 @@ TEST(ChipTest, ASelectedChipIsFilledAndSaysSo)
     }));
 }
 
-TEST(FieldTest, SaysItsNameAndTakesText)
+TEST(FieldTest, ReportsItsNameAndAcceptsText)
 {
     ThemeView view("Field { objectName: 'subject'; spokenName: 'Address'; "
                    "placeholderText: 'https://yoursite.example' }");
@@ -451,7 +451,7 @@ TEST(KeyboardItemTest, HasTheRoleThatItIsGiven)
     EXPECT_EQ(QAccessible::queryAccessibleInterface(view.item())->role(), QAccessible::Splitter);
 }
 
-TEST(KeyboardItemTest, ShowsTheKeyboardWhereItCameByKeysEvenAfterAPopup)
+TEST(KeyboardItemTest, ShowsFocusThatCameByKeysEvenAfterAPopup)
 {
     ThemeView view("KeyboardItem { objectName: 'subject' }");
     const struct
@@ -469,7 +469,7 @@ TEST(KeyboardItemTest, ShowsTheKeyboardWhereItCameByKeysEvenAfterAPopup)
     }
 }
 
-TEST(HelpTextTest, AppearsOnlyAfterTheSetRest)
+TEST(HelpTextTest, AppearsOnlyAfterADelay)
 {
     ThemeView view("Item { objectName: 'subject'; property int delay: help.delay; "
                    "HelpText { id: help; text: 'Edit monitor' } }");
@@ -494,7 +494,7 @@ TEST(PendingRingTest, TurnsOnlyWhileItCanBeSeen)
     EXPECT_EQ(view.property("isTurning"), QVariant(false));
 }
 
-TEST(PageScrollBarTest, IsGoneAWhileAfterTheLastScroll)
+TEST(PageScrollBarTest, DisappearsAWhileAfterTheLastScroll)
 {
     ThemeView view("Flickable { id: page; width: 100; height: 200; contentHeight: 400 }\n"
                    "PageScrollBar { objectName: 'subject'; page: page; height: 200 }");
@@ -507,7 +507,7 @@ TEST(PageScrollBarTest, IsGoneAWhileAfterTheLastScroll)
     EXPECT_TRUE(waitFor([&] { return view.item()->opacity() == 0; }));
 }
 
-TEST(PageScrollBarTest, DraggedToItsEndsItShowsThePageWithItsMargins)
+TEST(PageScrollBarTest, DraggingItToItsEndsShowsThePageWithItsMargins)
 {
     ThemeView view("Flickable { id: page; width: 100; height: 200; contentHeight: 400\n"
                    "topMargin: 20; bottomMargin: 30; contentY: -20 }\n"

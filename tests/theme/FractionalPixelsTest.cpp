@@ -9,11 +9,11 @@
 
 namespace ostrel::test {
 
-// At scale 1.25: most lengths are no whole number of the screen's pixels.
+// At scale 1.25, most lengths are no whole number of the screen's pixels.
 
 namespace {
 
-/// How many pixels of column @p x, from @p top to @p bottom, aren't the ground's.
+/// How many pixels of column @p x, from @p top to @p bottom, differ from the background.
 int drawnPixels(const QImage &picture, int x, int top, int bottom)
 {
     const QColor ground = picture.pixelColor(0, 0);
@@ -27,7 +27,7 @@ int drawnPixels(const QImage &picture, int x, int top, int bottom)
 
 } // namespace
 
-TEST(FractionalPixelsTest, AHairlineIsOnePixelWhereverItStands)
+TEST(FractionalPixelsTest, AHairlineIsOnePixelAtAnyPosition)
 {
     for (int y = 20; y < 24; ++y) {
         ThemeView view("Hairline { objectName: 'subject'; x: 20; y: " + QByteArray::number(y) +

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace ostrel::test {
 
-TEST(MonitorStatusEnumTest, ViewsKnowEveryStatusByTheRecordsNumber)
+TEST(MonitorStatusEnumTest, StatusesHaveTheSameNumbersInViewsAndRecords)
 {
     ThemeView view("");
     struct

@@ -9,7 +9,7 @@ namespace ostrel::test {
 
 namespace {
 
-/// Inside the capsule, beside its text.
+/// A point inside the capsule, beside its text.
 constexpr QPointF inside = {14, 22};
 
 QByteArray pill(const char *isSecondary)

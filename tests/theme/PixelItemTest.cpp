@@ -91,7 +91,7 @@ INSTANTIATE_TEST_SUITE_P(
                       "groundDiameter: 20.5"}),
     [](const auto &test) { return std::string(test.param.name); });
 
-TEST(PixelItemTest, AnItemThatChangesLeavesTheOthersPictureAlone)
+TEST(PixelItemTest, ChangingAnItemDoesNotChangeTheOthersPicture)
 {
     ThemeView view(pair("EdgedBox", "color: 'red'", "color: 'red'"));
     const QImage before = leftOf(view);
@@ -105,7 +105,7 @@ TEST(PixelItemTest, AnItemThatChangesLeavesTheOthersPictureAlone)
     EXPECT_EQ(rightOf(view), before);
 }
 
-TEST(PixelItemTest, MoreLooksThanAreOnTheScreenAreNoBurden)
+TEST(PixelItemTest, ManyLooksInARowAreAllShown)
 {
     ThemeView view("EdgedBox { objectName: 'subject'; width: 40; height: 40 }");
     for (int i = 0; i < 300; ++i) {

@@ -25,7 +25,7 @@ QString spokenName(QQuickItem *item)
 
 } // namespace
 
-TEST(StatCardTest, WithoutAUnitTheValueStandsAlone)
+TEST(StatCardTest, WithoutAUnitOnlyTheValueIsShown)
 {
     ThemeView view(card(""));
     ASSERT_EQ(view.error(), QString());
@@ -35,7 +35,7 @@ TEST(StatCardTest, WithoutAUnitTheValueStandsAlone)
     EXPECT_EQ(spokenName(view.item()), u"Avg Response, 187"_s);
 }
 
-TEST(StatCardTest, TheUnitSitsRightOfTheValueInTheSmallerFace)
+TEST(StatCardTest, TheUnitIsRightOfTheValueInTheSmallerFont)
 {
     ThemeView view(card("ms"));
     ASSERT_EQ(view.error(), QString());

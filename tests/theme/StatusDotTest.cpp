@@ -24,7 +24,7 @@ QQuickItem &haloOf(const ThemeView &view)
     return *view.item(u"halo"_s);
 }
 
-/// A dot that has never been down has none.
+/// False also for a dot that has never been down: it has no halo item.
 bool showsHalo(const ThemeView &view)
 {
     const QQuickItem *halo = view.item(u"halo"_s);
@@ -39,7 +39,7 @@ bool isPulsing(const ThemeView &view)
 
 } // namespace
 
-TEST(StatusDotTest, StandsInASquareFrameOfTwoPointSixSizes)
+TEST(StatusDotTest, HasASquareFrameOfTwoPointSixTimesItsSize)
 {
     ThemeView view(dot("Up"));
     ASSERT_EQ(view.error(), QString());
@@ -48,7 +48,7 @@ TEST(StatusDotTest, StandsInASquareFrameOfTwoPointSixSizes)
     EXPECT_DOUBLE_EQ(view.property("implicitHeight").toDouble(), 104);
 }
 
-TEST(StatusDotTest, UpHasASteadyHaloOfTwoSizes)
+TEST(StatusDotTest, UpHasASteadyHaloOfTwiceItsSize)
 {
     ThemeView view(dot("Up"));
     const QColor ground = view.themeColor("background");
@@ -73,7 +73,7 @@ TEST(StatusDotTest, DownHasASwellingHalo)
     EXPECT_TRUE(looksLike(view.colorAt({middle, middle}), view.themeColor("statusDown")));
 }
 
-TEST(StatusDotTest, TheHaloRunsFromSmallAndStrongToLargeAndGone)
+TEST(StatusDotTest, TheHaloGrowsFromSmallAndStrongToLargeAndInvisible)
 {
     ThemeView view(dot("Down"));
     QQuickItem &halo = haloOf(view);
@@ -116,7 +116,7 @@ TEST(StatusDotTest, PendingLooksLikePaused)
                   laidOver(view.themeColor("background"), view.themeColor("statusMuted"), 1)));
 }
 
-TEST(StatusDotTest, TheHaloStandsStillWhileItsWindowIsHidden)
+TEST(StatusDotTest, TheHaloIsStillWhileItsWindowIsHidden)
 {
     ThemeView view(dot("Down"));
     ASSERT_TRUE(waitFor([&] { return isPulsing(view); }));
@@ -129,7 +129,7 @@ TEST(StatusDotTest, TheHaloStandsStillWhileItsWindowIsHidden)
     EXPECT_TRUE(waitFor([&] { return isPulsing(view); }));
 }
 
-TEST(StatusDotTest, TheHaloStandsStillWhileTheDotIsHidden)
+TEST(StatusDotTest, TheHaloIsStillWhileTheDotIsHidden)
 {
     ThemeView view(dot("Down"));
 
@@ -138,7 +138,7 @@ TEST(StatusDotTest, TheHaloStandsStillWhileTheDotIsHidden)
     EXPECT_FALSE(isPulsing(view));
 }
 
-TEST(StatusDotTest, TheHaloStandsStillWhereMotionIsReduced)
+TEST(StatusDotTest, TheHaloIsStillIfMotionIsReduced)
 {
     ThemeView view(dot("Down"));
 

@@ -73,7 +73,7 @@ TEST(SymbolTest, TakesTheColorThatItIsGiven)
     EXPECT_EQ(red.pixelColor(8, 12), QColor(Qt::red));
 }
 
-TEST(SymbolTest, ATranslucentColorIsEvenWherePathsOverlap)
+TEST(SymbolTest, ATranslucentColorIsEvenWhereItsPathsOverlap)
 {
     constexpr int alpha = 64;
     const QImage image = SymbolRaster::image(u"network"_s, 48, QColor(31, 31, 56, alpha));

@@ -27,7 +27,7 @@ TEST(ThemeFontsTest, LinesHaveTheHeightOfTheirSize)
         EXPECT_EQ(ThemeFonts::lineBox(pixelSize), height) << pixelSize;
 }
 
-TEST(ThemeFontsTest, CapitalsStandInTheMiddleOfTheirLineBox)
+TEST(ThemeFontsTest, CapitalsAreInTheMiddleOfTheirLineBox)
 {
     for (const int pixelSize : {9, 10, 11, 12, 13, 14, 15, 22, 24, 32}) {
         const QFont font = ThemeFonts::face(500, pixelSize);
@@ -46,7 +46,7 @@ TEST(ThemeFontsTest, ASizeWithoutALineBoxOfItsOwnStillFitsItsText)
         EXPECT_GE(ThemeFonts::lineBox(pixelSize), pixelSize) << pixelSize;
 }
 
-TEST(ThemeFontsTest, FacesFallBackToLatoAndJetBrainsMono)
+TEST(ThemeFontsTest, FontsFallBackToLatoAndJetBrainsMono)
 {
     if (QFontDatabase::hasFamily(u"Avenir Next"_s))
         GTEST_SKIP() << "the family itself is here";
@@ -56,7 +56,7 @@ TEST(ThemeFontsTest, FacesFallBackToLatoAndJetBrainsMono)
     EXPECT_TRUE(QFontInfo(ThemeFonts::mono(500, 12)).family().startsWith(u"JetBrains Mono"_s));
 }
 
-TEST(ThemeFontsTest, TheFourWeightsAreFourFaces)
+TEST(ThemeFontsTest, TheFourWeightsAreFourDifferentFonts)
 {
     qreal narrower = 0;
     for (const int weight : {400, 500, 600, 700}) {
@@ -67,7 +67,7 @@ TEST(ThemeFontsTest, TheFourWeightsAreFourFaces)
     }
 }
 
-TEST(ThemeFontsTest, FiguresAreAllOfOneWidth)
+TEST(ThemeFontsTest, AllFiguresHaveTheSameWidth)
 {
     const QFontMetricsF metrics(ThemeFonts::face(700, 32, 0));
     for (const char figure : {'0', '1', '4', '7', '9'})

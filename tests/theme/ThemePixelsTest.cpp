@@ -26,7 +26,7 @@ TEST(ThemePixelsTest, ACardIsSurfaceWithAHairlineInsideItsBounds)
         EXPECT_TRUE(looksLike(view.colorAt(outside), ground)) << outside.x();
 }
 
-TEST(ThemePixelsTest, AStatCardsBarIsItsColorAtHalf)
+TEST(ThemePixelsTest, AStatCardsBarIsItsColorAtHalfOpacity)
 {
     ThemeView view("StatCard { objectName: 'subject'; title: 'Uptime 7d'; value: '97.1'; "
                    "unit: '%'; color: Theme.warning }");
@@ -40,7 +40,7 @@ TEST(ThemePixelsTest, AStatCardsBarIsItsColorAtHalf)
     EXPECT_TRUE(looksLike(view.colorAt({14, 3.5}), ground));
 }
 
-TEST(ThemePixelsTest, QuietThingsAreInkAtThreeWithAnEdgeAtEight)
+TEST(ThemePixelsTest, QuietThingsAreInkAtThreePercentWithAnEdgeAtEight)
 {
     ThemeView view("Tile { objectName: 'subject'; text: 'Port'; symbol: 'network' }");
     ASSERT_EQ(view.error(), QString());
@@ -51,9 +51,9 @@ TEST(ThemePixelsTest, QuietThingsAreInkAtThreeWithAnEdgeAtEight)
     EXPECT_TRUE(looksLike(view.colorAt({20, 0.5}), laidOver(fill, ink, 0.08)));
 }
 
-TEST(ThemePixelsTest, ASymbolsPixelsAreTheScreens)
+TEST(ThemePixelsTest, ASymbolsPixelsAreDrawnUnsmoothed)
 {
-    // The picture of a symbol is taken over as it was drawn: its edges are not smoothed again.
+    // The symbol's picture is used as it was drawn: its edges are not smoothed again.
     ThemeView view("Symbol { objectName: 'subject'; name: 'pause'; width: 24; height: 24; "
                    "color: Theme.ink }");
     ASSERT_EQ(view.error(), QString());

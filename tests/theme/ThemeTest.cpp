@@ -82,7 +82,7 @@ INSTANTIATE_TEST_SUITE_P(Palette, ThemePaletteTest,
                                          PaletteCase{"statusMuted", 0.12F, 0.12F, 0.22F, 0.25F}),
                          nameOf<PaletteCase>);
 
-TEST_P(ThemeFaceTest, IsExactlyTheNamedFace)
+TEST_P(ThemeFaceTest, IsExactlyTheNamedFont)
 {
     const FaceCase &expected = GetParam();
     ThemeView view("");
@@ -149,7 +149,7 @@ TEST(ThemeTest, AnAlphaOfATranslucentColorMultiplies)
     EXPECT_NEAR(faded.alphaF(), 0.025, 0.001);
 }
 
-TEST(ThemeTest, TextsStandInTheirLineBoxes)
+TEST(ThemeTest, TextsHaveTheHeightOfTheirLineBoxes)
 {
     ThemeView view("ThemeText { objectName: 'subject'; text: 'Xg'; font: Theme.body }");
     ASSERT_EQ(view.error(), QString());

@@ -1,4 +1,4 @@
-"""The real program on a folder of its own, as the torture drives it."""
+"""The real program with its own folder, as the torture tests run it."""
 
 import json
 import os
@@ -67,8 +67,8 @@ def wait_for(condition, patience=20.0):
 
 
 class Ostrel:
-    """One data folder, and at most one running program on it. Its desktop is offscreen, without a
-    bus, and its own home is thrown away at the end."""
+    """A data folder, and at most one running program that uses it. The desktop is offscreen,
+    without a bus, and its own home folder is removed at the end."""
 
     def __init__(self, program, data_dir=None, **environment):
         self.program = program
@@ -102,7 +102,7 @@ class Ostrel:
     # Files
 
     def write_monitors(self, monitors):
-        # Each host's icon is there already, so that nobody is asked for one.
+        # Each host's icon is there already, so that none is looked up.
         icons = self.folder / "favicons"
         icons.mkdir(exist_ok=True)
         for host in {host_of(record["url"]) for record in monitors}:
@@ -113,7 +113,7 @@ class Ostrel:
         return json.loads((self.folder / "monitors.json").read_text())
 
     def checks(self):
-        """Each monitor's checks by its id; nothing while there is no file."""
+        """Each monitor's checks by its id; empty while there is no file."""
         try:
             flat = json.loads((self.folder / "checks.json").read_text())
         except FileNotFoundError:
@@ -138,7 +138,7 @@ class Ostrel:
         )
 
     def run(self, *arguments):
-        """The outcome of a command of the program's, such as `status`."""
+        """Runs one of the program's commands, such as `status`, and returns the outcome."""
         return subprocess.run(
             [self.program, *arguments],
             env=self.environment,
@@ -156,7 +156,7 @@ class Ostrel:
         self.process.wait()
 
     def stop(self):
-        """Asks the program to end; how long that took in seconds, None if it didn't."""
+        """Asks the program to end; returns the seconds that it took, or None if it didn't."""
         begin = time.monotonic()
         self.process.send_signal(signal.SIGTERM)
         try:
@@ -180,7 +180,7 @@ class Ostrel:
         return len(os.listdir(self.proc("fd")))
 
     def limit_address_space(self, size):
-        """To `size` bytes; None lifts it again."""
+        """Limits it to `size` bytes; None lifts the limit again."""
         soft = resource.RLIM_INFINITY if size is None else size
         resource.prlimit(
             self.process.pid, resource.RLIMIT_AS, (soft, resource.RLIM_INFINITY)

@@ -203,7 +203,7 @@ def bombs():
 
 
 class SilentSocket:
-    """A local socket that accepts and never says a word."""
+    """A local socket that accepts connections and never sends anything."""
 
     def __init__(self, path):
         self.listener = socket.socket(socket.AF_UNIX)
@@ -224,7 +224,7 @@ class SilentSocket:
 
 
 class DeadNameServer:
-    """Takes questions on port 53 of a loopback address, and answers none."""
+    """Receives queries on port 53 of a loopback address, and answers none."""
 
     ADDRESS = "127.0.0.99"
 

@@ -21,7 +21,7 @@ from servers import Server
 
 
 class Row:
-    """One thing that is done to the program: how often, and what was lost."""
+    """One kind of torture: how often it was done, and what was lost."""
 
     def __init__(self):
         self.tried = ""
@@ -52,7 +52,7 @@ def kills(row, program, is_short):
     with Server(servers.answer(servers.HELLO)) as server, Ostrel(program) as ostrel:
         monitors = [monitor(f"Monitor {i}", server.url, 0.1) for i in range(8)]
         ostrel.write_monitors(monitors)
-        # Just below a megabyte, so that its end is passed again and again.
+        # Just below a megabyte, so that this size is passed again and again.
         flat = []
         for record in monitors[:3]:
             flat += [record["id"], [check_record(record["id"], i) for i in range(1780)]]
@@ -80,7 +80,7 @@ def kills(row, program, is_short):
 
 
 def full_disk(row, program, is_short):
-    """No room on the disk for a while, and then room again."""
+    """The disk is full for a while, and then has room again."""
     with contextlib.ExitStack() as stack:
         disk = stack.enter_context(small_disk())
         server = stack.enter_context(Server(servers.answer(servers.HELLO)))
@@ -111,7 +111,7 @@ def full_disk(row, program, is_short):
 
 @contextlib.contextmanager
 def small_disk():
-    """A file system of a megabyte and a half, if this user may make one; else the case is left."""
+    """A file system of 1.5 megabytes; raises Left if this user may not mount one."""
     folder = Path(f"/tmp/ostrel-torture-disk-{os.getpid()}")
     folder.mkdir()
     mount = ["mount", "-t", "tmpfs", "-o", "size=1536k", "none", str(folder)]
@@ -136,7 +136,7 @@ def fill(path):
 
 
 class Left(Exception):
-    """A row that can't be tried here."""
+    """The row can't be tried here."""
 
 
 def folder_deleted(row, program, is_short):
@@ -156,7 +156,7 @@ def folder_deleted(row, program, is_short):
             row.expect(is_back, "the files didn't come back")
             if not is_back:
                 break
-            # Those that are written anew have all of their keys.
+            # Monitors that have been written again have all of their keys.
             same = [
                 {key: now.get(key) for key in record}
                 for now, record in zip(ostrel.monitors(), records)
@@ -250,7 +250,7 @@ def hostile_servers(row, program, is_short):
         row.expect(ostrel.is_running(), "the program ended")
         row.expect(ostrel.stop() is not None, "SIGTERM didn't end it")
         for record in healthy:
-            # Servers, program and judge share one machine here.
+            # Servers, program and this judging process share one machine here.
             judge_healthy(row, ostrel.checks_of(record), seconds * 0.3, median=500)
         judge_ends(row, ostrel.checks(), 2000)
         unchecked = [record for record in others if not ostrel.checks_of(record)]
@@ -259,7 +259,7 @@ def hostile_servers(row, program, is_short):
 
 
 def dead_name_server(row, program, is_short):
-    """300 monitors whose names nobody resolves, beside one with an address."""
+    """300 monitors whose names can't be resolved, beside one with an address."""
     if os.geteuid() != 0 or subprocess.run(["unshare", "-m", "true"], check=False).returncode != 0:
         raise Left("needs the right to give the program a resolver of its own")
     seconds = 15 if is_short else 60
@@ -298,7 +298,7 @@ def dead_name_server(row, program, is_short):
 
 
 def little_memory(row, program, is_short):
-    """The address space is limited while large pages are read, and given back."""
+    """The address space is limited while large pages are read, and the limit lifted again."""
     rounds = 2 if is_short else 10
     large = servers.page(b"<p>all is very well</p>" * 400_000)
     with contextlib.ExitStack() as stack:
@@ -382,7 +382,7 @@ FOREIGN_TEXTS = [
 
 
 def foreign_texts(row, program, is_short):
-    """Names that nobody would give, in the window and on the command line."""
+    """Absurd monitor names, in the window and on the command line."""
     with Server(servers.answer(servers.HELLO)) as server, Ostrel(program) as ostrel:
         records = [monitor(text, server.url, 1) for text in FOREIGN_TEXTS]
         ostrel.write_monitors(records)

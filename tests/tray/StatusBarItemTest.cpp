@@ -47,7 +47,7 @@ QImage pictureOf(const QIcon &icon, int pixels)
     return icon.pixmap(pixels).toImage().convertToFormat(QImage::Format_ARGB32);
 }
 
-/// The colour where the bird's body is.
+/// The colour at a point inside the bird's body.
 QColor bodyColor(const QIcon &icon)
 {
     const QImage picture = pictureOf(icon, 64);
@@ -98,7 +98,7 @@ TEST_F(StatusBarItemTest, OneEnabledMonitorDownTurnsItRed)
     EXPECT_EQ(bodyColor(item.icon()), textColor());
 }
 
-TEST_F(StatusBarItemTest, APausedMonitorWhoseLastCheckWasDownDoesNot)
+TEST_F(StatusBarItemTest, APausedMonitorWhoseLastCheckWasDownDoesNotTurnItRed)
 {
     Monitor monitor = addDown();
     monitor.isEnabled = false;
@@ -109,13 +109,13 @@ TEST_F(StatusBarItemTest, APausedMonitorWhoseLastCheckWasDownDoesNot)
     EXPECT_EQ(bodyColor(item.icon()), red());
 }
 
-TEST_F(StatusBarItemTest, DeletingTheOneThatIsDownMakesItPlain)
+TEST_F(StatusBarItemTest, DeletingTheMonitorThatIsDownMakesItPlain)
 {
     samples.store.deleteMonitor(addDown().id);
     EXPECT_EQ(bodyColor(item.icon()), textColor());
 }
 
-TEST_F(StatusBarItemTest, ItIsRedFromTheStartWhereSomethingIsDown)
+TEST_F(StatusBarItemTest, ItIsRedFromTheStartIfAMonitorIsDown)
 {
     addDown();
     const StatusBarItem second(samples.store, host);
@@ -145,7 +145,7 @@ TEST_F(StatusBarItemTest, ItComesInTheSizesOfStatusBars)
     EXPECT_EQ(sizes, QList<int>({16, 22, 24, 32, 48, 64}));
 }
 
-TEST_F(StatusBarItemTest, TheBirdStandsOnePixelFromTheEdgeAtEverySize)
+TEST_F(StatusBarItemTest, TheBirdIsOnePixelFromTheEdgeAtEverySize)
 {
     for (const int size : {16, 22, 24, 32, 48, 64}) {
         const QImage picture = pictureOf(item.icon(), size);
@@ -177,7 +177,7 @@ TEST_F(StatusBarItemTest, ThePlainBirdFollowsThePalette)
     EXPECT_EQ(bodyColor(item.icon()), red());
 }
 
-TEST_F(StatusBarItemTest, OnABarOfUnknownColorADarkTextsBirdIsLegibleOnAnyGround)
+TEST_F(StatusBarItemTest, IfTheBarsColorIsUnknownADarkBirdIsReplacedByOneLegibleOnAnyGround)
 {
     host.isOfOurToolkit = false;
     QPalette light;
@@ -193,13 +193,13 @@ TEST_F(StatusBarItemTest, OnABarOfUnknownColorADarkTextsBirdIsLegibleOnAnyGround
     EXPECT_EQ(bodyColor(item.icon()), QColor(0xf2, 0xf2, 0xf2)) << "bars beside dark windows";
 }
 
-TEST_F(StatusBarItemTest, JoinsAtOnceWhereNoHostIsAwaited)
+TEST_F(StatusBarItemTest, JoinsAtOnceIfNoHostIsAwaited)
 {
     item.show();
     EXPECT_TRUE(item.hasJoined());
 }
 
-TEST_F(StatusBarItemTest, WaitsForAHostThatMayBeComing)
+TEST_F(StatusBarItemTest, WaitsForAHostThatMayAppear)
 {
     host.isComing = true;
     item.show();
@@ -208,7 +208,7 @@ TEST_F(StatusBarItemTest, WaitsForAHostThatMayBeComing)
     EXPECT_TRUE(item.hasJoined());
 }
 
-TEST_F(StatusBarItemTest, MakesDoWithWhatThereIsWhenNoHostComes)
+TEST_F(StatusBarItemTest, JoinsAfterAWhileIfNoHostAppears)
 {
     host.isComing = true;
     StatusBarItem impatient(samples.store, host, 1ms);
@@ -217,7 +217,7 @@ TEST_F(StatusBarItemTest, MakesDoWithWhatThereIsWhenNoHostComes)
     EXPECT_TRUE(waitFor([&] { return impatient.hasJoined(); }));
 }
 
-TEST_F(StatusBarItemTest, WaitsForAHostThatHangsHoweverLong)
+TEST_F(StatusBarItemTest, WaitsForAHungHostWithoutATimeLimit)
 {
     host.isComing = true;
     host.isHanging = true;
@@ -228,7 +228,7 @@ TEST_F(StatusBarItemTest, WaitsForAHostThatHangsHoweverLong)
     EXPECT_TRUE(impatient.hasJoined());
 }
 
-TEST_F(StatusBarItemTest, AHostThatHungAndWentIsWaitedForNoLongerThanNone)
+TEST_F(StatusBarItemTest, IfAHungHostDisappearsTheTimeLimitAppliesAgain)
 {
     host.isComing = true;
     host.isHanging = true;
@@ -240,7 +240,7 @@ TEST_F(StatusBarItemTest, AHostThatHungAndWentIsWaitedForNoLongerThanNone)
     EXPECT_TRUE(waitFor([&] { return impatient.hasJoined(); }));
 }
 
-TEST_F(StatusBarItemTest, AHostThatComesBeforeItIsShownMakesNoDifference)
+TEST_F(StatusBarItemTest, DoesNotJoinAHostThatAppearsBeforeItIsShown)
 {
     Q_EMIT host.appeared();
     EXPECT_FALSE(item.hasJoined());
@@ -261,7 +261,7 @@ TEST_F(StatusBarItemTest, TheMenusSymbolsFollowThePalette)
     EXPECT_EQ(symbolColor(), QColor(0xf2, 0xf2, 0xf2));
 }
 
-TEST_F(StatusBarItemTest, OnlyAPlainBirdThatIsInstalledGivesItsSymbolicName)
+TEST_F(StatusBarItemTest, OnlyAnInstalledPlainBirdHasItsSymbolicName)
 {
     EXPECT_EQ(item.icon().name(), QString());
 

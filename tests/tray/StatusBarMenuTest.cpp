@@ -68,7 +68,7 @@ protected:
                              [](const QAction *action) { return action->isVisible(); });
         return shown;
     }
-    /// The entries from top to bottom as the toolkit is given them; "-" for a separator.
+    /// The entries from top to bottom as the toolkit gets them; "-" for a separator.
     [[nodiscard]] QStringList lines()
     {
         QStringList lines;
@@ -99,7 +99,7 @@ const QStringList commands = {u"-"_s, u"Help && Support"_s, u"Open Ostrel"_s, u"
 
 } // namespace
 
-TEST_F(StatusBarMenuTest, WithoutMonitorsItSaysSoAboveTheThreeCommands)
+TEST_F(StatusBarMenuTest, WithoutMonitorsItShowsNoMonitorsAboveTheThreeCommands)
 {
     EXPECT_EQ(lines(), QStringList(u"No monitors"_s) + commands);
     EXPECT_FALSE(shownActions()[0]->isEnabled());
@@ -126,7 +126,7 @@ TEST_F(StatusBarMenuTest, EveryStatusHasItsSymbol)
     EXPECT_FALSE(showsSymbol(3, "checkmark.circle.fill"));
 }
 
-TEST_F(StatusBarMenuTest, AMonitorNeverCheckedIsDottedAndHasNoTrailingText)
+TEST_F(StatusBarMenuTest, AMonitorNeverCheckedHasADottedSymbolAndNoTrailingText)
 {
     add("Fresh");
     EXPECT_EQ(monitorLines(), QStringList(u"Fresh"_s));
@@ -141,7 +141,7 @@ TEST_F(StatusBarMenuTest, APausedMonitorShowsTheTimeOfACheckThatWasUpOnly)
     EXPECT_TRUE(showsSymbol(1, "circle.dotted"));
 }
 
-TEST_F(StatusBarMenuTest, EntriesOfMonitorsCanBeChosenAndDoNothing)
+TEST_F(StatusBarMenuTest, EntriesOfMonitorsAreEnabledButDoNothing)
 {
     addDown("Shop");
     QSignalSpy help(&menu, &StatusBarMenu::helpRequested);
@@ -154,14 +154,14 @@ TEST_F(StatusBarMenuTest, EntriesOfMonitorsCanBeChosenAndDoNothing)
     EXPECT_EQ(lines(), before);
 }
 
-TEST_F(StatusBarMenuTest, NamesReadAsTheyStand)
+TEST_F(StatusBarMenuTest, NamesAreShownLiterallyOnOneLine)
 {
     add("Tom & Jerry_x");
     add("Two\tcolumns\nand lines");
     EXPECT_EQ(monitorLines(), QStringList({u"Tom && Jerry_x"_s, u"Two columns and lines"_s}));
 }
 
-TEST_F(StatusBarMenuTest, ForeignNamesAreOneEntryEach)
+TEST_F(StatusBarMenuTest, ForeignNamesTakeOneEntryEach)
 {
     for (const ForeignText &foreign : foreignTexts())
         samples.add(sampleMonitor(foreign.text));
@@ -193,7 +193,7 @@ TEST_F(StatusBarMenuTest, ACheckChangesItsMonitorsEntryInPlaceAndNoOther)
     EXPECT_EQ(quitChanges->count(), 0);
 }
 
-TEST_F(StatusBarMenuTest, ACheckThatReadsTheSameChangesNothing)
+TEST_F(StatusBarMenuTest, ACheckWithTheSameTextChangesNothing)
 {
     const Monitor shop = addUp("Shop", 100);
     const auto changes = changesOf(shownActions()[0]);
@@ -238,7 +238,7 @@ TEST_F(StatusBarMenuTest, AddingAndDeletingLeavesTheOthersEntriesInPlace)
     EXPECT_EQ(thirdAction, shownActions()[1]);
 }
 
-TEST_F(StatusBarMenuTest, TheLastMonitorsEndLeavesNoMonitors)
+TEST_F(StatusBarMenuTest, DeletingTheLastMonitorShowsNoMonitors)
 {
     const Monitor shop = add("Shop");
     samples.store.deleteMonitor(shop.id);
@@ -256,7 +256,7 @@ TEST_F(StatusBarMenuTest, TwoMonitorsOfOneIdAreTwoEntries)
     EXPECT_EQ(lines(), QStringList(u"No monitors"_s) + commands);
 }
 
-TEST_F(StatusBarMenuTest, CommandsAskForWhatTheyName)
+TEST_F(StatusBarMenuTest, CommandsRequestTheirActions)
 {
     QSignalSpy help(&menu, &StatusBarMenu::helpRequested);
     QSignalSpy open(&menu, &StatusBarMenu::openRequested);

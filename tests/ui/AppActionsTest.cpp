@@ -63,7 +63,7 @@ TEST_F(AppActionsTest, DeleteStopsTheChecksAndForgetsTheMonitor)
     EXPECT_TRUE(store.monitors().isEmpty());
 }
 
-TEST_F(AppActionsTest, AMonitorThatHasGoneIsLeftAlone)
+TEST_F(AppActionsTest, ActionsOnADeletedMonitorDoNothing)
 {
     actions.deleteMonitor(shop.id);
     actions.checkNow(shop.id);

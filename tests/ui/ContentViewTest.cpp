@@ -33,7 +33,7 @@ namespace ostrel::test {
 
 namespace {
 
-/// Keeps the preferences of those that are made after it in a folder of its own.
+/// Objects created after it keep their preferences in a folder of its own.
 struct PrivatePreferences
 {
     PrivatePreferences()
@@ -44,7 +44,7 @@ struct PrivatePreferences
     QTemporaryDir folder;
 };
 
-/// "#ff38bf80"
+/// For example "#ff38bf80".
 QString nameOf(const QColor &color)
 {
     return color.name(QColor::HexArgb);
@@ -59,7 +59,7 @@ QImage pictureOf(FaviconImage &icon)
     return picture;
 }
 
-/// What stands for the site at @p address where @p place is, while the site has no icon.
+/// The placeholder that @p place shows for the site at @p address while it has no icon.
 QImage pictureOfPlaceholder(const FaviconImage &place, const char *address)
 {
     FaviconImage icon;
@@ -70,7 +70,7 @@ QImage pictureOfPlaceholder(const FaviconImage &place, const char *address)
     return pictureOf(icon);
 }
 
-/// The value of a QML expression, in which the views' names and the theme's are known.
+/// The value of a QML expression, which can use the names of the views and of the theme.
 QString evaluatedColor(QQmlEngine &views, const QByteArray &expression)
 {
     QQmlComponent component(&views);
@@ -107,7 +107,7 @@ protected:
         }
         return nullptr;
     }
-    /// The texts of all items of that name in @p parent, from top to bottom.
+    /// The texts of all items with that name in @p parent, from top to bottom.
     [[nodiscard]] static QStringList textsOf(const QQuickItem *parent, const QString &name)
     {
         QStringList texts;
@@ -150,7 +150,7 @@ protected:
     {
         QTest::mouseClick(window, Qt::LeftButton, modifiers, middleOf(target));
     }
-    /// Unlike keys and clicks, reaches also what lies under a sheet.
+    /// Unlike keys and clicks, this also reaches items under a sheet.
     void pressByAssistiveTool(const char *name)
     {
         QAccessibleInterface *target = QAccessible::queryAccessibleInterface(item(name));
@@ -176,7 +176,7 @@ protected:
         return page->isVisible() ? find(item("detailPage"), u"name"_s)->property("text").toString()
                                  : u"(dashboard)"_s;
     }
-    /// The form's sheet, which lies over the window's content.
+    /// The title of the form's sheet, which is above the window's content.
     [[nodiscard]] QString sheetTitle() const
     {
         const QQuickItem *title = find(window->contentItem(), u"title"_s);
@@ -292,7 +292,7 @@ TEST_F(ContentViewTest, APagesCertificateIsColouredByTheDaysThatItHas)
     const Monitor shop = samples.add(sampleMonitor());
     show();
     press(Qt::Key_Down);
-    // The page counts from now, and the days are whole: with half a day to spare.
+    // The page counts from now, and counts whole days: half a day is added as a margin.
     const std::pair<int, const char *> cases[] = {
         {7, "statusDown"}, {8, "warning"}, {30, "warning"}, {31, "statusUp"}};
     for (const auto &[days, color] : cases) {
@@ -339,7 +339,7 @@ TEST_F(ContentViewTest, ADownMonitorShowsDownAndItsUptimeUnlessItIsPaused)
     EXPECT_EQ(dotColor(0), dotColor(1)) << "as of one that was never checked";
 }
 
-TEST_F(ContentViewTest, WithoutAnIconALetterOfTheHostStandsForItOrAQuestionMark)
+TEST_F(ContentViewTest, WithoutAnIconALetterOfTheHostOrAQuestionMarkIsShown)
 {
     samples.add(sampleMonitor());
     Monitor database = sampleMonitor();
@@ -487,7 +487,7 @@ TEST_F(ContentViewTest, ThePageChecksItsMonitorAndAsksForHelp)
     EXPECT_EQ(workspace.opened, QStringList{supportAddress().toString()});
 }
 
-TEST_F(ContentViewTest, TheSplitIsKeptOnlyWhereTheWindowHasRoomForIt)
+TEST_F(ContentViewTest, TheSplitIsAppliedOnlyIfTheWindowHasRoomForIt)
 {
     show();
     const auto sidebarWidth = [&] { return item("sidebar")->width() + 1; };
@@ -528,7 +528,7 @@ TEST_F(ContentViewTest, TheSettingsHaveAWindowOfTheirOwn)
     EXPECT_FALSE(settingsWindow()->transientParent()) << "nor is it minimised together with it";
 }
 
-TEST_F(ContentViewTest, ANoticeStandsAboveTheFooterWhileThereIsSomethingToSay)
+TEST_F(ContentViewTest, ANoticeIsShownAboveTheFooterWhileItIsNeeded)
 {
     samples.add(sampleMonitor());
     show();

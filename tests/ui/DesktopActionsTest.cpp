@@ -21,13 +21,13 @@ protected:
     RecordingWorkspace workspace;
 };
 
-TEST_F(DesktopActionsTest, HelpIsAMessageToTheSupport)
+TEST_F(DesktopActionsTest, HelpOpensAMessageToTheSupport)
 {
     DesktopActions(workspace, folder.path()).getHelp();
     EXPECT_EQ(workspace.opened, QStringList{supportAddress().toString()});
 }
 
-TEST_F(DesktopActionsTest, NotificationSettingsAreTheDesktops)
+TEST_F(DesktopActionsTest, NotificationSettingsAreOpenedByTheDesktop)
 {
     DesktopActions(workspace, folder.path()).openNotificationSettings();
     EXPECT_EQ(workspace.opened, QStringList{u"notifications"_s});

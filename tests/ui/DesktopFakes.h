@@ -10,7 +10,7 @@ namespace ostrel::test {
 
 using namespace Qt::StringLiterals;
 
-/// Keeps what the desktop was asked to open, and opens nothing.
+/// Records what the desktop was asked to open, and opens nothing.
 class RecordingWorkspace : public Workspace
 {
 public:
@@ -24,11 +24,11 @@ private:
     bool record(const QString &what)
     {
         opened += what;
-        return false; // Nobody minds.
+        return false; // The result isn't used.
     }
 };
 
-/// Keeps what was asked of it, and refuses it where the test says so.
+/// Records its calls, and refuses them if the test says so.
 class RecordingLoginItem : public LoginItem
 {
 public:

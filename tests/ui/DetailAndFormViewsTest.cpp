@@ -21,7 +21,7 @@ namespace ostrel::test {
 
 namespace {
 
-/// Looks among the visual children, which is where delegates and what a sheet holds are found.
+/// Searches the visual children, which include delegates and the content of a sheet.
 QQuickItem *findIn(QQuickItem *item, const QString &objectName)
 {
     if (item->objectName() == objectName)
@@ -33,7 +33,7 @@ QQuickItem *findIn(QQuickItem *item, const QString &objectName)
     return nullptr;
 }
 
-/// Every text that can be read in @p item, from top to bottom of the tree.
+/// Every text that is visible in @p item, from top to bottom of the tree.
 QStringList textsIn(const QQuickItem &item)
 {
     QStringList texts;
@@ -140,7 +140,7 @@ TEST(MonitorDetailViewTest, AMonitorWithoutChecksShowsThatThereAreNone)
     EXPECT_FALSE(page.item("result"));
 }
 
-TEST(MonitorDetailViewTest, TheBadgesAreARowWhereThereAreAny)
+TEST(MonitorDetailViewTest, TheBadgesAreShownOnlyIfThereAreAny)
 {
     EXPECT_TRUE(Page(u"DetailPage-up"_s).shows("badges"));
     EXPECT_FALSE(Page(u"DetailPage-paused"_s).shows("badges"));
@@ -193,7 +193,7 @@ TEST(MonitorDetailViewTest, EditMonitorAsksForTheForm)
     EXPECT_EQ(asked.count(), 1);
 }
 
-TEST(AddMonitorSheetTest, TheKeyboardBeginsInTheAddress)
+TEST(AddMonitorSheetTest, TheAddressHasTheInitialFocus)
 {
     Page page(u"FormPage-suggestion"_s);
     EXPECT_EQ(page.window().activeFocusItem(), page.item("address"));
@@ -295,7 +295,7 @@ TEST(AddMonitorSheetTest, TheTilesSwitchTheFields)
     EXPECT_EQ(page.window().activeFocusItem(), page.item("address"));
 }
 
-TEST(AddMonitorSheetTest, TypingAHostAndItsPortGoesOnInThePort)
+TEST(AddMonitorSheetTest, TypingAHostAndItsPortMovesTheFocusToThePort)
 {
     Page page(u"FormPage-suggestion"_s);
     for (const char key : {'d', 'b', ':', '5', '4', '3', '2'})
@@ -342,7 +342,7 @@ TEST(AddMonitorSheetTest, ASmallWindowShowsItsBeginning)
     EXPECT_TRUE(waitFor([&] { return middle->property("contentY").toReal() == -margin; }));
 }
 
-TEST(AddMonitorSheetTest, TheSuggestionIsTakenAndGone)
+TEST(AddMonitorSheetTest, TheSuggestionIsTakenAndDisappears)
 {
     Page page(u"FormPage-suggestion"_s);
     page.click("suggestion");

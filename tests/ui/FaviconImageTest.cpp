@@ -25,7 +25,7 @@ QImage pictureOf(const char *address)
     return picture;
 }
 
-/// What of @p picture the letter covers fully.
+/// The bounds of the pixels of @p picture that the letter covers fully.
 QRect letterIn(const QImage &picture)
 {
     QRect covered;
@@ -38,7 +38,7 @@ QRect letterIn(const QImage &picture)
     return covered;
 }
 
-TEST(FaviconImageTest, WithoutAnIconALetterStandsInTheMiddleOfARoundedPlate)
+TEST(FaviconImageTest, WithoutAnIconALetterIsInTheMiddleOfARoundedPlate)
 {
     const QImage picture = pictureOf("https://shop.example/path");
     EXPECT_EQ(picture.pixelColor(0, 0).alpha(), 0) << "the corner is round";

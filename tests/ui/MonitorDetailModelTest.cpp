@@ -59,13 +59,13 @@ TEST_F(MonitorDetailModelTest, AnotherMonitorsCheckChangesNothing)
     sample.store.addCheck(upCheck(shop, sample.now));
     model.setMonitorId(shop.id);
     changes.clear();
-    // So that making the page anew would show.
+    // So that an update of the page would show.
     sample.now += std::chrono::minutes(2);
     sample.store.addCheck(upCheck(other, sample.now));
     EXPECT_EQ(changes.count(), 0);
 }
 
-TEST_F(MonitorDetailModelTest, AnEditedMonitorIsShownAtOnceAndADeletedOneIsGone)
+TEST_F(MonitorDetailModelTest, AnEditedMonitorIsShownAtOnceAndADeletedOneDisappears)
 {
     model.setMonitorId(shop.id);
     shop.name = u"Bakery"_s;

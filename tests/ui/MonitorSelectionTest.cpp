@@ -31,13 +31,13 @@ TEST_F(MonitorSelectionTest, NothingIsSelectedAtFirst)
     EXPECT_FALSE(selection.showsMonitor());
 }
 
-TEST_F(MonitorSelectionTest, ACountChangeSelectsTheFirstWhereNothingIsSelected)
+TEST_F(MonitorSelectionTest, ACountChangeSelectsTheFirstIfNothingIsSelected)
 {
     samples.add(sampleMonitor(u"Third"_s));
     EXPECT_EQ(selection.monitorIdValue().toUuid(), first.id);
 }
 
-TEST_F(MonitorSelectionTest, ACountChangeLeavesASelectionAlone)
+TEST_F(MonitorSelectionTest, ACountChangeKeepsASelection)
 {
     selection.setMonitorId(second.id);
     samples.add(sampleMonitor(u"Third"_s));
@@ -66,7 +66,7 @@ TEST_F(MonitorSelectionTest, DeletingTheSelectedMonitorSelectsTheFirstRemaining)
     EXPECT_TRUE(selection.monitorIdValue().toUuid().isNull());
 }
 
-TEST_F(MonitorSelectionTest, AVanishedMonitorThatIsStillNamedShowsNone)
+TEST_F(MonitorSelectionTest, ADeletedMonitorThatIsStillSelectedIsNotShown)
 {
     selection.setMonitorId(second.id);
     samples.store.deleteMonitor(second.id);
@@ -74,7 +74,7 @@ TEST_F(MonitorSelectionTest, AVanishedMonitorThatIsStillNamedShowsNone)
     EXPECT_FALSE(selection.showsMonitor());
 }
 
-TEST_F(MonitorSelectionTest, RowsBeyondTheEndsAreTheLastAndTheDashboard)
+TEST_F(MonitorSelectionTest, RowsBeyondTheEndsSelectTheLastOneAndTheDashboard)
 {
     selection.selectRow(7);
     EXPECT_EQ(selection.row(), 1);

@@ -26,7 +26,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// The card's colours and face, as a view binds them.
+/// The card's colours and font, as a view binds them.
 constexpr auto document = R"(
     import QtQuick
     import Ostrel
@@ -112,7 +112,7 @@ std::vector<Check> wavyDay(int count, int failEvery)
     return checks;
 }
 
-/// Where a person asks for it, the picture is kept to be looked at.
+/// Saves the picture in the folder OSTREL_PICTURES, if that is set, so that it can be looked at.
 void keep(const QImage &image, const QString &name)
 {
     const QString folder = qEnvironmentVariable("OSTREL_PICTURES");
@@ -136,7 +136,7 @@ int countPixels(const QImage &image, const QColor &color)
     return count;
 }
 
-/// In how many of its columns the chart of @p image has a dark pixel, which only its line has.
+/// The number of columns in which the chart of @p image has a dark pixel, which only its line has.
 int columnsWithLine(const QImage &image)
 {
     int count = 0;
@@ -184,7 +184,7 @@ TEST_F(PaintedViewsTest, TheAreaUnderTheLineIsTintedDownToTheScalesFoot)
         const QImage image = grab();
         const double scale = image.width() / m_root->width();
         const auto strength = [&](double y) {
-            // In the middle of the chart, beside the grid's lines.
+            // In the middle of the chart, beside the grid lines.
             const QColor pixel = image.pixelColor(qRound(307 * scale), qRound(y * scale));
             return image.pixelColor(0, 0).lightness() - pixel.lightness();
         };
@@ -204,7 +204,7 @@ TEST_F(PaintedViewsTest, LongestSeriesIsPainted)
     EXPECT_GT(countPixels(image, up), 1000);
 }
 
-TEST_F(PaintedViewsTest, NothingToShowIsOneQuietStrip)
+TEST_F(PaintedViewsTest, WithoutChecksOnlyOneQuietStripIsShown)
 {
     show({});
     const QImage image = grab();
@@ -214,7 +214,7 @@ TEST_F(PaintedViewsTest, NothingToShowIsOneQuietStrip)
               image.pixelColor(image.width() / 2, image.height() * 90 / 242));
 }
 
-TEST_F(PaintedViewsTest, NewSeriesIsPaintedAnew)
+TEST_F(PaintedViewsTest, ANewSeriesIsPainted)
 {
     show({});
     const QImage before = grab();

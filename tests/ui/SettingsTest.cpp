@@ -21,7 +21,7 @@ protected:
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
     }
 
-    /// What is on disk.
+    /// The settings on disk.
     [[nodiscard]] QString stored() const
     {
         QFile file(folder.filePath(u"Ostrel/Ostrel.conf"_s));
@@ -40,7 +40,7 @@ TEST_F(SettingsTest, AFreshSystemLaunchesNothingAndPlaysSounds)
     EXPECT_EQ(stored(), QString());
 }
 
-TEST_F(SettingsTest, TheFirstDisplayLeavesTheLoginItemAlone)
+TEST_F(SettingsTest, TheFirstDisplayDoesNotTouchTheLoginItem)
 {
     {
         Settings settings(loginItem);
@@ -52,7 +52,7 @@ TEST_F(SettingsTest, TheFirstDisplayLeavesTheLoginItemAlone)
     EXPECT_EQ(loginItem.calls, QStringList());
 }
 
-TEST_F(SettingsTest, LaunchAtLoginTellsTheDesktopOfEveryChange)
+TEST_F(SettingsTest, LaunchAtLoginPassesEveryChangeToTheDesktop)
 {
     Settings settings(loginItem);
     for (const bool isOn : {false, true, true, false, false, true})
@@ -60,7 +60,7 @@ TEST_F(SettingsTest, LaunchAtLoginTellsTheDesktopOfEveryChange)
     EXPECT_EQ(loginItem.calls.join(u' '), u"unregister register unregister unregister register"_s);
 }
 
-TEST_F(SettingsTest, ARefusedRegistrationLeavesTheChoice)
+TEST_F(SettingsTest, ARefusedRegistrationKeepsTheChoice)
 {
     loginItem.isRefusing = true;
     Settings settings(loginItem);

@@ -32,7 +32,7 @@ TEST_F(SheetOpenerTest, ANewMonitorIsOfferedTheClipboardsAddress)
     EXPECT_EQ(form.clipboardURL(), u"https://a.example/path"_s);
 }
 
-TEST_F(SheetOpenerTest, AnEditedMonitorIsShownAsItIsStored)
+TEST_F(SheetOpenerTest, AnEditedMonitorIsShownAsStored)
 {
     const Monitor monitor = makeMonitor();
     store.addMonitor(monitor);

@@ -21,14 +21,14 @@ protected:
     {
         QObject::connect(&notice, &SidebarNotice::changed, [this] { ++changes; });
     }
-    /// A file where the folder should be.
+    /// Puts a file where the folder should be.
     static QString blocked(const QString &path)
     {
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         return path;
     }
-    /// Takes that away, and has the store notice.
+    /// Removes that file, and makes the store notice.
     void makeRoom()
     {
         ASSERT_TRUE(QFile::remove(store.storageDir()));
@@ -44,7 +44,7 @@ protected:
 
 const QString offline = u"Offline. Checks wait for the network."_s;
 
-TEST_F(SidebarNoticeTest, SaysWhereNothingCanBeSaved)
+TEST_F(SidebarNoticeTest, SaysThatNothingCanBeSaved)
 {
     EXPECT_TRUE(notice.isNeeded());
     EXPECT_EQ(notice.text(), u"Can't save to %1."_s.arg(store.storageDir()));
@@ -70,7 +70,7 @@ TEST_F(SidebarNoticeTest, SaysThatTheNetworkIsAway)
     EXPECT_EQ(notice.text(), offline) << "while it disappears";
 }
 
-TEST_F(SidebarNoticeTest, WhatMayLoseSomethingGoesFirst)
+TEST_F(SidebarNoticeTest, AProblemThatMayLoseDataIsShownFirst)
 {
     presence.setPresent(false);
     EXPECT_NE(notice.text(), offline);

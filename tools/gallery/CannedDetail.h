@@ -10,7 +10,7 @@
 
 namespace ostrel {
 
-/// The detail page's values of a made-up monitor, at a moment that never passes.
+/// A made-up monitor's values for the detail page, at a fixed moment.
 class CannedDetail : public QObject
 {
     Q_OBJECT

@@ -9,7 +9,7 @@ namespace ostrel {
 class MonitorStore;
 class MonitoringEngine;
 
-/// An engine that asks nobody and tells nobody: no check of it ever ends.
+/// An engine without network and notifications: none of its checks ever ends.
 class CannedEngine
 {
 public:

@@ -10,7 +10,7 @@
 
 namespace ostrel {
 
-/// The form as somebody has filled it in. What it saves is neither kept nor watched.
+/// The form as a user has filled it in. Monitors saved in it are neither kept nor watched.
 class CannedForm : public QObject
 {
     Q_OBJECT

@@ -21,7 +21,7 @@ struct Icon
 {
     const char *domain;
     const char *plate;
-    const char *drawing; ///< On 24 by 24.
+    const char *drawing; ///< On a grid of 24 by 24.
 };
 
 constexpr std::array icons = {
@@ -61,7 +61,7 @@ QString fill(const QString &path)
     return path;
 }
 
-/// Drawn once for all windows.
+/// The folder with the icons, drawn once for all windows.
 QString filledFolder()
 {
     static const QTemporaryDir folder;
@@ -69,7 +69,7 @@ QString filledFolder()
     return path;
 }
 
-/// Nothing can be reached by it.
+/// A network through which nothing can be reached.
 class NoNetwork final : public Network
 {
 public:

@@ -43,7 +43,7 @@ Check upCheck(const Monitor &monitor, Timestamp timestamp, double responseTime)
     };
 }
 
-/// Response times that wander about @p middle as a site's do: in slow waves, with noise.
+/// Response times that vary around @p middle as a site's do: in slow waves, with noise.
 double wander(int step, double middle)
 {
     return middle * (1 + 0.12 * std::sin(step * 0.09 + 2) + 0.08 * std::sin(step * 0.41) +
@@ -184,7 +184,7 @@ Monitor site(const char *name, const char *url)
     return monitor;
 }
 
-/// A site that answered @p middle milliseconds, and failed once in @p count checks of the day.
+/// A site that answered in @p middle milliseconds, and failed once in @p count checks of the day.
 CannedMonitor failedOnce(Monitor monitor, int count, double middle)
 {
     CannedMonitor canned =

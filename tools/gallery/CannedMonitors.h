@@ -13,10 +13,10 @@ namespace ostrel {
 
 class MonitorStore;
 
-/// The moment that never passes in the gallery: a Friday, 15:42 UTC.
+/// The fixed moment of the gallery: a Friday, 15:42 UTC.
 [[nodiscard]] Timestamp cannedNow();
 
-/// A made-up monitor as it is, with the checks it has had.
+/// A made-up monitor with its checks.
 struct CannedMonitor
 {
     Monitor monitor;
@@ -25,21 +25,21 @@ struct CannedMonitor
     [[nodiscard]] Check &latest() { return checks.back(); }
 };
 
-/// What each monitor of cannedMonitor() shows.
+/// The names of the samples of cannedMonitor().
 [[nodiscard]] QStringList cannedMonitorSamples();
-/// One of cannedMonitorSamples(); nothing for another name.
+/// The monitor of one of cannedMonitorSamples(); nothing for any other name.
 [[nodiscard]] std::optional<CannedMonitor> cannedMonitor(const QString &sample);
 
-/// The monitors of a window: one that is down among some that aren't.
+/// The monitors of a window: one is down, the others aren't.
 [[nodiscard]] std::vector<CannedMonitor> cannedMonitors();
 /// The same, with every monitor up.
 [[nodiscard]] std::vector<CannedMonitor> cannedMonitorsUp();
 /// More than any window has room for.
 [[nodiscard]] std::vector<CannedMonitor> manyCannedMonitors();
-/// Names, addresses and figures that take more room than there is.
+/// Names, addresses and figures that need more room than there is.
 [[nodiscard]] std::vector<CannedMonitor> longCannedMonitors();
 
-/// Puts @p canned, with its checks, at the end of @p store.
+/// Adds @p canned, with its checks, at the end of @p store.
 void addTo(MonitorStore &store, const CannedMonitor &canned);
 
 } // namespace ostrel

@@ -11,7 +11,7 @@
 
 namespace ostrel {
 
-/// Preferences that are kept in a folder of their own, on a desktop that does nothing.
+/// Preferences in a folder of their own, on a desktop that does nothing.
 class CannedSettings : public QObject
 {
     Q_OBJECT

@@ -46,7 +46,7 @@ struct WindowRecipe
     bool isOffline = false;
 };
 
-/// A network that is there or not as the sample says.
+/// A network whose presence the sample sets.
 class CannedPresence : public NetworkPresence
 {
 public:

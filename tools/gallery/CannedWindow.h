@@ -12,8 +12,8 @@
 
 namespace ostrel {
 
-/// All that the window shows, over a store of made-up monitors. What is done there is neither kept
-/// nor watched.
+/// Everything that the window shows, over a store of made-up monitors. Changes made there are
+/// neither kept nor watched.
 class CannedWindow : public QObject
 {
     Q_OBJECT
@@ -28,8 +28,7 @@ public:
     explicit CannedWindow(QObject *parent = nullptr);
     ~CannedWindow() override;
 
-    /// The name of a state, which may be followed by "-" and what a hand does there, as
-    /// GalleryGesture knows it.
+    /// The names of the states. In a page's name, a gesture of GalleryGesture may follow.
     [[nodiscard]] static QStringList samples();
 
     [[nodiscard]] QString sample() const { return m_sample; }

@@ -2,7 +2,7 @@ import QtQuick
 
 import Ostrel.Theme
 
-// The same with the keyboard, disabled, and the confirming button.
+// The same controls with focus and disabled, and the confirming button.
 GallerySection {
     title: "CONTROLS WITH FOCUS, DISABLED, CONFIRM"
     gap: Theme.cardPadding

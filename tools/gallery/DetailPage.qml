@@ -4,7 +4,7 @@ import Ostrel
 import Ostrel.Gallery
 import Ostrel.Theme
 
-// The whole page of one monitor, as wide as it is in the window at its usual size.
+// The whole page of one monitor, as wide as in a window of the usual size.
 Rectangle {
     id: root
 

@@ -23,7 +23,7 @@ QQuickItem *card(const GalleryHand &hand)
     return hand.itemOf("grid", 3);
 }
 
-/// Another window has the keyboard.
+/// Moves the keyboard focus to another window.
 void leave(QQuickWindow &window)
 {
     QWindow other;
@@ -32,7 +32,7 @@ void leave(QQuickWindow &window)
     GalleryHand(window).await([&] { return !window.isActive(); });
 }
 
-/// Opened with the right button, or with the key where nothing is down there yet.
+/// Opens the menu of the row at @p index with the right button.
 void openMenu(GalleryHand &hand, int index)
 {
     hand.click(hand.itemOf("list", index), Qt::RightButton);

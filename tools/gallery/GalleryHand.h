@@ -11,27 +11,27 @@ class QQuickWindow;
 
 namespace ostrel {
 
-/// A pointer and a keyboard in a window of the gallery. An item that isn't there is left alone.
+/// A pointer and a keyboard in a window of the gallery. Does nothing to an item that isn't there.
 class GalleryHand
 {
 public:
     /// @p window outlives the hand.
     explicit GalleryHand(QQuickWindow &window);
 
-    /// The first item of this object name, also in what lies over the window.
+    /// The first item with this object name, also among items that lie over the window.
     [[nodiscard]] QQuickItem *item(const char *objectName) const;
     /// The item at @p index of the list called @p objectName.
     [[nodiscard]] QQuickItem *itemOf(const char *objectName, int index) const;
 
     void point(const QQuickItem *target);
-    /// And holds.
+    /// Presses without releasing.
     void press(const QQuickItem *target);
     void click(const QQuickItem *target, Qt::MouseButton button = Qt::LeftButton);
     void key(Qt::Key key);
     void type(const QString &text);
-    /// Walks with the Tab key until @p target, or what it holds, has the keyboard.
+    /// Presses the Tab key until @p target, or an item in it, has the keyboard focus.
     void tabTo(const QQuickItem *target);
-    /// Lets events happen until @p isReached says so, for three seconds at most.
+    /// Processes events until @p isReached returns true, for at most three seconds.
     void await(const std::function<bool()> &isReached);
 
 private:

@@ -23,7 +23,7 @@ constexpr int exitUnusable = 2;
 struct Wishes
 {
     QString scale;
-    QString saveDir; ///< Empty: show the pages.
+    QString saveDir; ///< If empty, the pages are shown instead.
     QStringList pages;
 };
 
@@ -99,12 +99,12 @@ int main(int argc, char **argv)
     QCoreApplication::setApplicationName(u"ostrel-gallery"_s);
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     const QStringList arguments = argumentsOf(argc, argv);
-    // The toolkit reads the scale while the application is made, so before options are parsed.
+    // The toolkit reads the scale when the application is created, before options are parsed.
     const auto scaleAt = arguments.indexOf(u"--scale"_s) + 1;
     if (scaleAt > 0 && scaleAt < arguments.size())
         qputenv("QT_SCALE_FACTOR", arguments.at(scaleAt).toLatin1());
 
-    // Times read the same wherever the gallery is opened.
+    // Times are the same wherever the gallery is opened.
     qputenv("TZ", "UTC");
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
 

@@ -27,25 +27,25 @@ namespace {
 /// Longer than any fade of a control that a gesture starts.
 constexpr auto longestFade = std::chrono::milliseconds(250);
 
-/// What stands before the "-" of a page's name: the file.
+/// The part of a page's name before the "-": the file.
 QString fileOf(const QString &page)
 {
     return page.section(u'-', 0, 0);
 }
 
-/// What stands between the "-" and the "+".
+/// The part between the "-" and the "+".
 QString sampleOf(const QString &page)
 {
     return page.section(u'-', 1).section(u'+', 0, 0);
 }
 
-/// What stands behind the "+".
+/// The part after the "+".
 QString gestureOf(const QString &page)
 {
     return page.section(u'+', 1);
 }
 
-/// What the window remembers of its user's desktop has no say here.
+/// Keeps the user's own preferences from having an effect on the gallery.
 void keepPreferencesApart()
 {
     static const QTemporaryDir folder;
@@ -97,7 +97,7 @@ void GalleryWindow::performGesture()
     if (m_gesture.isEmpty())
         return;
     GalleryGesture::perform(m_gesture, *this);
-    // Colours fade to what they become.
+    // Colours fade to their new values.
     const QDeadlineTimer settled(longestFade);
     while (!settled.hasExpired())
         QCoreApplication::processEvents(QEventLoop::AllEvents, 10);

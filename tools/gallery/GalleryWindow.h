@@ -9,18 +9,18 @@ namespace ostrel {
 class GalleryWindow : public QQuickView
 {
 public:
-    /// @p page is the page's base name, for example "ComponentsPage"; where a page shows samples,
-    /// with the sample's name: "DetailPage-up"; where a hand has done something, with that:
+    /// @p page is the page's base name, for example "ComponentsPage"; if a page shows samples, with
+    /// the sample's name: "DetailPage-up"; and after a gesture, with the gesture's name:
     /// "WindowPage-one-down+row-hover".
     explicit GalleryWindow(const QString &page);
 
-    /// False where there is no such page.
+    /// False if there is no such page.
     [[nodiscard]] bool isUsable() const;
-    /// Lets a shown window take the keyboard, so that its focused field shows its caret.
+    /// Lets a shown window get the keyboard focus, so that its focused field shows its caret.
     void awaitActive();
-    /// Does to a shown window what its page's name says.
+    /// Performs the gesture in the page's name in a shown window.
     void performGesture();
-    /// Draws the page into a PNG at @p path, in device pixels. False where it can't be written.
+    /// Draws the page into a PNG at @p path, in device pixels. False if it can't be written.
     [[nodiscard]] bool save(const QString &path);
 
 private:

@@ -1,4 +1,4 @@
-// What stands in a window that fills a large screen.
+// The content of a window that fills a large screen.
 WindowPage {
     width: 1920
     height: 1080

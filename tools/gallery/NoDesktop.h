@@ -8,7 +8,7 @@
 
 namespace ostrel {
 
-/// Opens nothing: what is clicked in the gallery stays in the gallery.
+/// Opens nothing: clicks in the gallery have no effect outside it.
 class NoWorkspace : public Workspace
 {
 public:
@@ -24,7 +24,7 @@ public:
     bool unregisterItem() override { return false; }
 };
 
-/// Keeps the preferences of those that are made after it in a folder of its own.
+/// Keeps the preferences of all objects made after it in a folder of its own.
 class PreferencesFolder
 {
 public:

@@ -2,7 +2,7 @@ import QtQuick
 
 import Ostrel.Theme
 
-// What turns while it waits, and the application's icon.
+// The pending ring, and the application's icon.
 GallerySection {
     title: "PENDING RING AND APP ICON"
 

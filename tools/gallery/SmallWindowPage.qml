@@ -1,6 +1,6 @@
 import Ostrel.Theme
 
-// What stands in the smallest window.
+// The content of the smallest window.
 WindowPage {
     width: Theme.windowMinimumWidth
     height: Theme.windowMinimumHeight

@@ -4,7 +4,7 @@ import Ostrel
 import Ostrel.Gallery
 import Ostrel.Theme
 
-// What stands in the window at its usual size.
+// The content of the window at its usual size.
 Rectangle {
     id: root
 

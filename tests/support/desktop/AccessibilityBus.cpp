@@ -43,7 +43,7 @@ AccessibilityBus::AccessibilityBus(PrivateBus &session, const VirtualDisplay &di
 AccessibilityBus::~AccessibilityBus()
 {
     QDBusConnection::disconnectFromBus(m_connectionName);
-    // With SIGTERM it takes its bus along, and with that the registry.
+    // On SIGTERM it also ends its bus, and with that the registry.
     m_launcher.stop();
 }
 

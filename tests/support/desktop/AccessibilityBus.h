@@ -11,23 +11,23 @@
 
 namespace ostrel::test {
 
-/// The real accessibility bus (at-spi2-core) of a session and display of the test's own, as a
-/// screen reader is connected to it. Ends with this object.
+/// The real accessibility bus (at-spi2-core) of the test's own session and display, as a screen
+/// reader is connected to it. Ends with this object.
 class AccessibilityBus
 {
 public:
-    /// @p session and @p display outlive it. It isn't started yet.
+    /// @p session and @p display outlive it. The bus isn't started yet.
     AccessibilityBus(PrivateBus &session, const VirtualDisplay &display);
     ~AccessibilityBus();
     AccessibilityBus(const AccessibilityBus &) = delete;
     AccessibilityBus &operator=(const AccessibilityBus &) = delete;
 
-    /// Starts it, and returns when programs can register; false where they never can.
+    /// Starts it, and returns when programs can register; false if they never can.
     [[nodiscard]] bool start();
 
-    /// Where it is started, for whoever listens to it.
+    /// The connection to the started bus, for those who listen to it.
     [[nodiscard]] QDBusConnection connection() const { return QDBusConnection(m_connectionName); }
-    /// The program of the process @p processId; nothing while it isn't registered.
+    /// The program with the process id @p processId; nothing while it isn't registered.
     [[nodiscard]] std::optional<AccessibleNode> program(qint64 processId);
 
 private:

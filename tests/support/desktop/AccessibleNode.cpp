@@ -15,7 +15,7 @@ constexpr char component[] = "org.a11y.atspi.Component";
 constexpr char readableText[] = "org.a11y.atspi.Text";
 constexpr char valued[] = "org.a11y.atspi.Value";
 
-/// Relative to the display and not to the window.
+/// Relative to the display, not to the window.
 constexpr uint onScreen = 0;
 constexpr int callTimeout = 10000;
 

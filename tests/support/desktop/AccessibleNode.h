@@ -9,7 +9,7 @@
 
 namespace ostrel::test {
 
-/// What a thing is to a screen reader: the AT-SPI roles that an Ostrel window has, by their numbers
+/// The kinds of things for a screen reader: the AT-SPI roles in an Ostrel window, by their numbers
 /// on the bus.
 enum class AccessibleRole : uint {
     invalid = 0,
@@ -63,8 +63,8 @@ enum class AccessibleState : uint {
     return states >> static_cast<uint>(state) & 1;
 }
 
-/// One thing in a program's window as assistive tools see it. Every query asks the program, and is
-/// empty where the thing or the program has gone.
+/// One thing in a program's window as assistive tools see it. Every query asks the program; its
+/// result is empty if the thing or the program is gone.
 class AccessibleNode
 {
 public:
@@ -80,15 +80,15 @@ public:
     /// The bits of the AccessibleStates that it has.
     [[nodiscard]] quint64 states() const;
     [[nodiscard]] QList<AccessibleNode> children() const;
-    /// Where it is on the display.
+    /// Its position and size on the display.
     [[nodiscard]] QRect extents() const;
-    /// The names of what can be done with it, as programs call them: "Press", "SetFocus", ...
+    /// The names of its actions, as programs call them: "Press", "SetFocus", ...
     [[nodiscard]] QStringList actions() const;
-    /// False where it has no such action.
+    /// False if it has no such action.
     bool act(const QString &action) const;
-    /// What stands in it, where it is something to type into.
+    /// Its content, if it is a text field.
     [[nodiscard]] QString text() const;
-    /// The value of a slider or the like; nothing where it has none.
+    /// The value of a slider or the like; nothing if it has none.
     [[nodiscard]] std::optional<double> value() const;
 
     bool operator==(const AccessibleNode &other) const

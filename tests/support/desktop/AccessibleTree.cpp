@@ -32,7 +32,7 @@ AccessibleItem read(const AccessibleNode &node, quint64 states, int depth)
 
 bool isShowing(quint64 states, int depth)
 {
-    // The program itself, at the root, never says so.
+    // The program itself, at the root, never has this state.
     return depth == 0 || contains(states, AccessibleState::showing);
 }
 

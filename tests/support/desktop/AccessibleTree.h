@@ -23,18 +23,18 @@ struct AccessibleItem
     [[nodiscard]] QString describe() const;
 };
 
-/// All that is showing in @p root, itself included, in the order in which a reader meets it.
+/// Everything that is showing in @p root, itself included, in a reader's order.
 [[nodiscard]] QList<AccessibleItem> showingItems(const AccessibleNode &root);
 
-/// The innermost thing in @p root that has the keyboard; nothing where none says so. Asks for less
-/// than showingItems().
+/// The innermost thing in @p root that has the keyboard focus; nothing if none says so. Needs fewer
+/// queries than showingItems().
 [[nodiscard]] std::optional<AccessibleItem> focusedItem(const AccessibleNode &root);
 
-/// The first of @p items with that role and name; nothing where there is none.
+/// The first of @p items with that role and name; nothing if there is none.
 [[nodiscard]] std::optional<AccessibleItem> itemNamed(const QList<AccessibleItem> &items,
                                                       AccessibleRole role, const QString &name);
 
-/// One line each, for people.
+/// One line per item, for people.
 [[nodiscard]] QString describe(const QList<AccessibleItem> &items);
 
 } // namespace ostrel::test

@@ -24,7 +24,7 @@ QString settingsService()
     return u"org.xfce.Xfconf"_s;
 }
 
-/// The desktop's own way of starting the service that the panel reads its settings from.
+/// The desktop's own command for the service that the panel reads its settings from.
 QString settingsCommand()
 {
     const QSettings file(u"/usr/share/dbus-1/services/%1.service"_s.arg(settingsService()),

@@ -8,8 +8,8 @@
 
 namespace ostrel::test {
 
-/// A real panel (xfce4-panel) along the top of a display of the test's own: nothing but a status
-/// bar, which shows StatusNotifier items and draws their menus. Ends with this object.
+/// A real panel (xfce4-panel) along the top of the test's own display. It has only a status bar,
+/// which shows StatusNotifier items and draws their menus. Ends with this object.
 class DesktopPanel
 {
 public:
@@ -18,9 +18,9 @@ public:
     /// @p bus and @p display outlive the panel, which isn't started yet.
     DesktopPanel(PrivateBus &bus, const VirtualDisplay &display);
 
-    /// Starts it and waits until it takes items; false where it doesn't come to that.
+    /// Starts it and waits until it accepts items; false if it never does.
     [[nodiscard]] bool start();
-    /// Ends it and waits until it takes no more.
+    /// Ends it and waits until it no longer accepts items.
     void stop();
 
 private:

@@ -9,16 +9,16 @@
 
 namespace ostrel::test {
 
-/// Somebody at the keyboard and the pointer of a display: real events, which reach whatever has the
-/// focus or lies under the pointer. Every function returns when the display has taken the events,
-/// and is false where it hasn't.
+/// A user of a display's keyboard and pointer: real events, which reach the focused item or the
+/// item under the pointer. Every function returns when the display has accepted the events, and
+/// false if it hasn't.
 class DesktopUser
 {
 public:
     /// @p display outlives this object.
     explicit DesktopUser(const VirtualDisplay &display);
 
-    /// @p keys by their X names, with modifiers: "Tab", "shift+F10", "ctrl+comma".
+    /// Presses @p keys by their X names, with modifiers: "Tab", "shift+F10", "ctrl+comma".
     bool press(const QStringList &keys);
     bool press(const char *key) { return press(QStringList(QString::fromLatin1(key))); }
     bool type(const QString &text);
@@ -26,8 +26,7 @@ public:
     bool clickRight(const QPoint &place);
     bool drag(const QPoint &from, const QPoint &to);
 
-    /// Puts @p text on the clipboard and keeps it there, as a program does from which it was
-    /// copied.
+    /// Puts @p text on the clipboard and keeps it there, like the program from which it was copied.
     bool copy(const QString &text);
 
 private:

@@ -43,7 +43,7 @@ void FakeLogind::prepareForSleep(bool isGoingToSleep)
         u"/org/freedesktop/login1"_s, u"org.freedesktop.login1.Manager"_s, u"PrepareForSleep"_s);
     signal.setArguments({isGoingToSleep});
     m_connection.send(signal);
-    // The bus answers a connection only after what that has sent before.
+    // The bus answers a connection only after handling what the connection has sent before.
     (void)m_connection.interface()->registeredServiceNames();
 }
 

@@ -4,8 +4,8 @@
 
 namespace ostrel::test {
 
-/// Plays logind on a bus of the test's own, because no test can send its computer to sleep. Its
-/// name is free again when this object ends.
+/// Plays logind on the test's own bus, because no test can send its computer to sleep. Releases the
+/// name when it is destroyed.
 class FakeLogind
 {
 public:
@@ -15,12 +15,12 @@ public:
     FakeLogind(const FakeLogind &) = delete;
     FakeLogind &operator=(const FakeLogind &) = delete;
 
-    /// Whether it has got logind's name.
+    /// Whether it owns logind's name.
     [[nodiscard]] bool isRunning() const { return m_hasName; }
 
-    /// Tells everybody that the computer is about to sleep; returns when the bus has taken it.
+    /// Signals that the computer is about to sleep; returns when the bus has received it.
     void announceSleep();
-    /// Tells everybody that the computer is awake again; returns when the bus has taken it.
+    /// Signals that the computer is awake again; returns when the bus has received it.
     void announceWake();
 
 private:

@@ -50,7 +50,7 @@ void FakeNetworkManager::changeState(uint state)
         QDBusMessage::createSignal(objectPath(), networkManager(), u"StateChanged"_s);
     signal.setArguments({state});
     m_connection.send(signal);
-    // The bus answers a connection only after what that has sent before.
+    // The bus answers a connection only after handling what the connection has sent before.
     (void)m_connection.interface()->registeredServiceNames();
 }
 

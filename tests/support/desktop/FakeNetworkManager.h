@@ -6,10 +6,10 @@
 
 namespace ostrel::test {
 
-/// Plays NetworkManager on a bus of the test's own, because no test can take its computer's network
-/// away. Its name is free again when this object ends.
+/// Plays NetworkManager on the test's own bus, because no test can take its computer's network
+/// away. Releases the name when it is destroyed.
 ///
-/// Lives in the test's own thread: whoever waits for it without an event loop waits in vain.
+/// Lives in the test's own thread: a wait for it without an event loop never ends.
 class FakeNetworkManager : public QDBusVirtualObject
 {
     Q_OBJECT
@@ -37,17 +37,17 @@ public:
                                 Behaviour behaviour = Behaviour::answers);
     ~FakeNetworkManager() override;
 
-    /// Whether it has got NetworkManager's name.
+    /// Whether it owns NetworkManager's name.
     [[nodiscard]] bool isRunning() const { return m_hasName; }
     [[nodiscard]] int questions() const { return m_questions; }
 
     void setBehaviour(Behaviour behaviour) { m_behaviour = behaviour; }
-    /// Tells everybody; returns when the bus has taken it.
+    /// Signals the change; returns when the bus has received it.
     void changeState(uint state);
-    /// Says so to those who ask, and to nobody else.
+    /// Changes the answer to queries without a signal.
     void changeStateSilently(uint state) { m_state = state; }
 
-    // What it answers on the bus.
+    // Its answers on the bus.
     [[nodiscard]] QString introspect(const QString &path) const override;
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
 

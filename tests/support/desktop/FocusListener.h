@@ -7,16 +7,16 @@
 
 namespace ostrel::test {
 
-/// Hears, as a screen reader does, where the keyboard goes, at the moment when it goes there.
+/// Notices at once where the keyboard focus goes, as a screen reader does.
 class FocusListener : public QObject
 {
     Q_OBJECT
 
 public:
-    /// @p bus is an accessibility bus. Programs tell nothing before somebody listens.
+    /// @p bus is an accessibility bus. Programs send nothing until there is a listener.
     explicit FocusListener(const QDBusConnection &bus);
 
-    /// The names of all that has come to have the keyboard, in order.
+    /// The names of all things that have received the focus, in order.
     [[nodiscard]] QStringList heard() const;
     void forget() { m_heard.clear(); }
 

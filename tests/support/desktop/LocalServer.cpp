@@ -46,7 +46,7 @@ void LocalServer::serve()
     }
 }
 
-/// Until the client hangs up.
+/// Serves @p client until it hangs up.
 void LocalServer::converse(int client) const
 {
     std::array<char, 4096> bytes;

@@ -8,7 +8,7 @@
 namespace ostrel::test {
 
 /// Plays a message bus that knows two answers: one to the first bytes that a client sends, one to
-/// the next. After those it is silent. Serves one client after the other, on a thread of its own.
+/// the next. After those it is silent. Serves one client after the other, on its own thread.
 class LocalServer
 {
 public:
@@ -17,7 +17,7 @@ public:
     LocalServer(const LocalServer &) = delete;
     LocalServer &operator=(const LocalServer &) = delete;
 
-    /// As it stands in DBUS_SESSION_BUS_ADDRESS.
+    /// The address in the form of DBUS_SESSION_BUS_ADDRESS.
     [[nodiscard]] QByteArray address() const;
 
 private:

@@ -21,7 +21,7 @@ QString daemonService()
     return u"org.freedesktop.Notifications"_s;
 }
 
-/// The daemon's history tells of a notification's text alone, so the format puts the urgency in.
+/// The daemon's history only has a notification's text, so the format puts the urgency into it.
 QString configuration(NotificationDaemon::Bodies bodies)
 {
     const auto text = uR"([global]
@@ -43,7 +43,7 @@ QString configuration(NotificationDaemon::Bodies bodies)
     return text.arg(isMarkup ? u"full"_s : u"no"_s);
 }
 
-/// What is left of @p markup (Pango's) once it is laid out.
+/// The text of @p markup (Pango's) as it is laid out.
 QString readableText(const QString &markup)
 {
     QXmlStreamReader reader(u"<text>%1</text>"_s.arg(markup));

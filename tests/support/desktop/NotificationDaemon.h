@@ -12,7 +12,7 @@
 
 namespace ostrel::test {
 
-/// What a real notification daemon shows.
+/// A notification as a real daemon shows it.
 struct ShownNotification
 {
     enum class Urgency { low, normal, critical };
@@ -21,34 +21,34 @@ struct ShownNotification
     QString application;
     Urgency urgency = Urgency::normal;
     QString title; ///< As it was sent.
-    QString body;  ///< As a reader sees it, once markup has had its effect.
+    QString body;  ///< As a reader sees it, with markup applied.
 
     bool operator==(const ShownNotification &) const = default;
 };
 
-/// A real notification daemon (dunst) on a bus and a display of the test's own. Nothing that it
-/// shows goes away by itself. Ends with this object.
+/// A real notification daemon (dunst) on the test's own bus and display. Nothing that it shows goes
+/// away by itself. Ends with this object.
 class NotificationDaemon
 {
 public:
-    /// What the daemon announces, and does, about bodies.
+    /// How the daemon announces and treats bodies.
     enum class Bodies { markup, plain };
 
     /// @p bus and @p display outlive the daemon, which isn't started yet.
     NotificationDaemon(PrivateBus &bus, const VirtualDisplay &display,
                        Bodies bodies = Bodies::markup);
 
-    /// Starts it and waits until it has its name on the bus; false where it doesn't get it.
+    /// Starts it and waits until it owns its name on the bus; false if it doesn't get it.
     [[nodiscard]] bool start();
-    /// Ends it and waits until its name is free. It forgets all that it has shown.
+    /// Ends it and waits until its name is free. It forgets everything that it has shown.
     void stop();
-    /// Leaves it to the bus to start the daemon, when somebody calls it.
+    /// Lets the bus start the daemon when it is called.
     void makeActivatable();
 
-    /// How many are on the display at the moment; nothing where the daemon isn't there.
+    /// The number of notifications on the display now; nothing if the daemon isn't running.
     [[nodiscard]] std::optional<int> displayedCount();
-    /// Closes what is displayed, and returns all that was ever closed, newest first. One that was
-    /// replaced isn't among them: it is the one that replaced it.
+    /// Closes all displayed notifications, and returns all that were ever closed, newest first. A
+    /// replaced notification isn't among them: its replacement stands for it.
     [[nodiscard]] QList<ShownNotification> closeAll();
 
 private:

@@ -8,8 +8,8 @@
 
 namespace ostrel::test {
 
-/// A message bus of the test's own: a real dbus-daemon with its socket and configuration in a
-/// fresh folder. Ends with this object, and every connection made through it as well.
+/// A message bus of the test's own: a real dbus-daemon with its socket and configuration in a fresh
+/// folder. Ends with this object, as does every connection made through it.
 class PrivateBus
 {
 public:
@@ -24,22 +24,22 @@ public:
     PrivateBus(const PrivateBus &) = delete;
     PrivateBus &operator=(const PrivateBus &) = delete;
 
-    /// False where the daemon didn't start; the rest is of no use then.
+    /// False if the daemon didn't start; nothing else is usable then.
     [[nodiscard]] bool isRunning() const { return !m_address.isEmpty(); }
-    /// For DBUS_SESSION_BUS_ADDRESS or DBUS_SYSTEM_BUS_ADDRESS.
+    /// The value for DBUS_SESSION_BUS_ADDRESS or DBUS_SYSTEM_BUS_ADDRESS.
     [[nodiscard]] const QString &address() const { return m_address; }
 
     /// A new connection, a peer of its own on the bus.
     [[nodiscard]] QDBusConnection connect();
-    /// Whether a program has @p name at the moment.
+    /// Whether a program now owns @p name.
     [[nodiscard]] bool hasOwner(const QString &name);
-    /// From now on the bus starts @p command, an absolute path with arguments, when @p name is
-    /// called and nobody has it.
+    /// From now on, the bus starts @p command, an absolute path with arguments, if @p name is
+    /// called and has no owner.
     void makeActivatable(const QString &name, const QString &command);
-    /// From now on the bus takes connections and bytes, but answers nothing, until it is thawed.
+    /// From now on, the bus accepts connections and bytes, but answers nothing, until it is thawed.
     void freeze();
     void thaw();
-    /// Ends the bus before its time.
+    /// Ends the bus before this object ends.
     void stop();
 
 private:

@@ -8,8 +8,8 @@
 
 namespace ostrel::test {
 
-/// A status bar that hangs: it has the name of a StatusNotifier host, takes every call and answers
-/// none, until it recovers. Ends with this object.
+/// A status bar that hangs: it owns the name of a StatusNotifier host, accepts every call and
+/// answers none, until it recovers. Ends with this object.
 class SilentPanel : public QDBusVirtualObject
 {
 public:
@@ -17,9 +17,9 @@ public:
     explicit SilentPanel(PrivateBus &bus);
     ~SilentPanel() override;
 
-    /// How many calls have come.
+    /// How many calls have arrived.
     [[nodiscard]] qsizetype callCount() const { return m_calls.size(); }
-    /// Refuses what has been asked, and whatever will be.
+    /// Refuses all calls so far, and all later ones.
     void recover();
 
     [[nodiscard]] QString introspect(const QString &path) const override;

@@ -35,8 +35,8 @@ QString menuInterface()
     return u"com.canonical.dbusmenu"_s;
 }
 
-/// What is left of a label once its underscores have had their effect: one marks a key, two are
-/// one to read.
+/// The label as it is shown, once its underscores have been interpreted: one marks a key, two stand
+/// for one.
 QString readableLabel(const QString &label)
 {
     QString text;
@@ -59,7 +59,7 @@ ShownEntry entryFrom(int id, const QVariantMap &properties)
             .icon = properties.value(u"icon-data"_s).toByteArray()};
 }
 
-/// A layout is a number, properties and more layouts; this one has none below its entries.
+/// A layout is a number, properties and child layouts; here, entries have no children.
 QList<ShownEntry> childrenOf(const QDBusArgument &layout)
 {
     int id = 0;
@@ -208,8 +208,8 @@ QDBusMessage StatusNotifierHost::call(const QString &path, const QString &interf
 {
     QDBusMessage message = QDBusMessage::createMethodCall(m_item, path, interface, method);
     message.setArguments(arguments);
-    // Not QDBus::BlockWithGui: that waits for ever where the answer comes between its look for
-    // one and its wait. A watcher tells of an answer that was there before it, too.
+    // Not QDBus::BlockWithGui: that waits forever if the answer comes after it looks for one and
+    // before it waits. A watcher also reports an answer that was there before it.
     const QDBusPendingCallWatcher answer(m_connection.asyncCall(message));
     QEventLoop loop;
     connect(&answer, &QDBusPendingCallWatcher::finished, &loop, &QEventLoop::quit);

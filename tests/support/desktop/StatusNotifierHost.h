@@ -13,20 +13,20 @@
 
 namespace ostrel::test {
 
-/// One entry of a status item's menu, as somebody reads it in the host's drawing.
+/// One entry of a status item's menu, as the host draws it.
 struct ShownEntry
 {
     int id = 0;
     QString text = {};
-    QString trailingText = {}; ///< What stands where shortcuts stand.
+    QString trailingText = {}; ///< The text in the place of the shortcut.
     bool isEnabled = true;
     bool isSeparator = false;
-    QByteArray icon = {}; ///< As a file; empty without one.
+    QByteArray icon = {}; ///< The content of an image file; empty if there is no icon.
 
     bool operator==(const ShownEntry &) const = default;
 };
 
-/// One of a status item's pictures: rows of pixels from the top, each as alpha, red, green, blue.
+/// A pixmap of a status item: rows of pixels from the top, each as alpha, red, green, blue.
 struct ShownPixmap
 {
     int width = 0;
@@ -36,8 +36,8 @@ struct ShownPixmap
     bool operator==(const ShownPixmap &) const = default;
 };
 
-/// A status bar that shows nobody anything: it takes the bar's name on a bus of the test's own,
-/// lets one item register, and reads and clicks its menu over the bus as real ones do.
+/// A status bar without a display: it owns the bar's name on the test's own bus, lets one item
+/// register, and reads and clicks its menu over the bus as real ones do.
 ///
 /// Lives in the test's own thread, and runs its event loop while it waits for an answer.
 class StatusNotifierHost : public QObject, protected QDBusContext
@@ -49,7 +49,7 @@ class StatusNotifierHost : public QObject, protected QDBusContext
     Q_PROPERTY(int ProtocolVersion READ protocolVersion)
 
 public:
-    /// @p bus outlives it. It leaves the bus when it ends, as one does that crashes.
+    /// @p bus outlives it. It leaves the bus when it is destroyed, as a host that crashes does.
     explicit StatusNotifierHost(PrivateBus &bus);
     ~StatusNotifierHost() override;
 
@@ -59,17 +59,17 @@ public:
     [[nodiscard]] QList<ShownPixmap> itemPixmaps();
     /// The menu from top to bottom.
     [[nodiscard]] QList<ShownEntry> entries();
-    /// The same, a line for each: "text" or "text|trailing text", "-" for a separator, and in
-    /// brackets what can't be chosen.
+    /// The same, one line each: "text" or "text|trailing text", "-" for a separator, and in
+    /// brackets if the entry can't be chosen.
     [[nodiscard]] QStringList lines();
 
-    /// Chooses the entry that reads @p text; false where there is none.
+    /// Chooses the entry with the text @p text; false if there is none.
     [[nodiscard]] bool choose(const QString &text);
-    /// As a click on the item does.
+    /// Does what a click on the item does.
     void activateItem();
 
-    /// How often the item has told since then that its menu is another, and that entries of it
-    /// have changed.
+    /// How often the item has signalled that its menu's layout, or that some of its entries, have
+    /// changed.
     [[nodiscard]] int layoutChanges() const { return m_layoutChanges; }
     [[nodiscard]] int entryChanges() const { return m_entryChanges; }
 
@@ -78,7 +78,7 @@ public:
     [[nodiscard]] int protocolVersion() const { return 0; }
 
 public Q_SLOTS:
-    // What it answers on the bus; the names and arguments are the protocol's.
+    // Its interface on the bus; the names and arguments are the protocol's.
     void RegisterStatusNotifierItem(const QString &service);
     void RegisterStatusNotifierHost(const QString &) {}
 

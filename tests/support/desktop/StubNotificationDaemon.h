@@ -13,9 +13,9 @@ namespace ostrel::test {
 
 using namespace Qt::StringLiterals;
 
-/// A notification daemon that keeps what it is told and behaves as badly as a test wants.
+/// A notification daemon that keeps what it receives and behaves as badly as a test wants.
 ///
-/// Lives in the test's own thread: whoever waits for it without an event loop waits in vain.
+/// Lives in the test's own thread: a wait for it without an event loop never ends.
 class StubNotificationDaemon : public QObject, protected QDBusContext
 {
     Q_OBJECT
@@ -41,25 +41,25 @@ public:
         int expiry = 0;
     };
 
-    /// @p bus outlives it. It leaves the bus when it ends, as a daemon does that crashes.
+    /// @p bus outlives it. It leaves the bus when it is destroyed, as a daemon that crashes does.
     explicit StubNotificationDaemon(PrivateBus &bus, const QStringList &capabilities = {u"body"_s});
     ~StubNotificationDaemon() override;
 
-    /// How it takes the calls to come.
+    /// Sets how it treats later calls.
     void setBehaviour(Behaviour behaviour) { m_behaviour = behaviour; }
-    /// Leaves its name to a successor, but stays and can still answer what it holds.
+    /// Leaves its name to a successor, but stays on the bus and can still answer held calls.
     void giveUpName();
     /// Answers the calls that were held, in order.
     void answerHeld();
 
     [[nodiscard]] int capabilityCalls() const { return m_capabilityCalls; }
-    /// Every call of Notify so far, those that failed or were held included.
+    /// Every call of Notify so far, including failed and held ones.
     [[nodiscard]] const QList<Notification> &notifications() const { return m_notifications; }
-    /// The id that the first notification gets; each later one gets one more.
+    /// The id of the first notification; each later one's id is one higher.
     static constexpr uint firstId = 100;
 
 public Q_SLOTS:
-    // What it answers on the bus; the names and arguments are the protocol's.
+    // Its interface on the bus; the names and arguments are the protocol's.
     QStringList GetCapabilities();
     uint Notify(const QString &application, uint replacesId, const QString &icon,
                 const QString &title, const QString &body, const QStringList &actions,

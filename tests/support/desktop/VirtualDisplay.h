@@ -15,12 +15,12 @@ class VirtualDisplay
 public:
     VirtualDisplay();
 
-    /// False where the server didn't start.
+    /// False if the server didn't start.
     [[nodiscard]] bool isRunning() const { return !m_name.isEmpty(); }
-    /// For DISPLAY: ":5".
+    /// The value for DISPLAY: ":5".
     [[nodiscard]] const QString &name() const { return m_name; }
 
-    /// The file that holds what the display shows at every moment, in the X window dump format.
+    /// The file that always holds what the display shows, in the X window dump format.
     [[nodiscard]] QString dumpFile() const { return m_folder.filePath(u"Xvfb_screen0"_s); }
 
 private:

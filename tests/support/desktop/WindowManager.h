@@ -10,24 +10,24 @@
 
 namespace ostrel::test {
 
-/// A real window manager (openbox), through which windows are seen and closed. Ends with this
+/// A real window manager (openbox), through which windows are found and closed. Ends with this
 /// object.
 class WindowManager
 {
 public:
     enum class NewWindows {
         shown,
-        minimised, ///< And so never drawn.
+        minimised, ///< Minimised, and so never drawn.
     };
 
-    /// @p display outlives it. It is on its way up.
+    /// @p display outlives it. The window manager is starting, see isReady().
     explicit WindowManager(const VirtualDisplay &display,
                            NewWindows newWindows = NewWindows::shown);
 
-    /// Waits until it manages the display; false where it never does.
+    /// Waits until it manages the display; false if it never does.
     [[nodiscard]] bool isReady();
     [[nodiscard]] bool hasWindow(const QString &title);
-    /// As the close button does.
+    /// Closes the window as its close button does.
     [[nodiscard]] bool closeWindow(const QString &title);
 
 private:

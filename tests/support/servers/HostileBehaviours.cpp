@@ -21,7 +21,7 @@ QByteArray numberOf(const SeenRequest &request)
     return request.target.mid(1);
 }
 
-/// One call of zlib's over the whole of @p plain; @p windowBits and @p flush as zlib has them.
+/// One zlib call over the whole of @p plain; @p windowBits and @p flush are zlib's parameters.
 QByteArray deflated(const QByteArray &plain, int windowBits, int flush)
 {
     QByteArray out(plain.size() + 256, '\0');
@@ -42,14 +42,13 @@ QByteArray mebibyteOfZeros()
     return QByteArray(1024 * 1024, '\0');
 }
 
-/// After a full flush the decoder needs nothing of what went before, so that the piece can be sent
-/// again and again.
+/// After a full flush the decoder needs nothing from before, so the piece can be sent repeatedly.
 QByteArray repeatableDeflated(const QByteArray &plain)
 {
     return deflated(plain, -MAX_WBITS, Z_FULL_FLUSH);
 }
 
-/// The response's head and the gzip file's.
+/// The heads of the response and of the gzip file.
 QByteArray gzipHead()
 {
     return encodedHead("gzip") + QByteArray("\x1F\x8B\x08\0\0\0\0\0\0\x03", 10);
@@ -185,7 +184,7 @@ void sendEndlessGzipBomb(HostileConnection &connection, const SeenRequest &)
 
 void sendEndlessZstdBomb(HostileConnection &connection, const SeenRequest &)
 {
-    // A frame with a window of 128 KiB, then blocks that repeat one byte as often as fits in it.
+    // A frame with a window of 128 KiB, then blocks that repeat one byte as often as fits into it.
     connection.send(encodedHead("zstd") + QByteArray("\x28\xB5\x2F\xFD\x00\x38", 6));
     const QByteArray block("\x02\x00\x10\x00", 4);
     while (connection.send(block.repeated(4096))) {

@@ -14,7 +14,7 @@ namespace {
 
 constexpr auto headEnd = "\r\n\r\n";
 
-/// -1 where nobody listens.
+/// A connected socket; -1 if nothing listens on @p port.
 int connectTo(quint16 port)
 {
     const int descriptor = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);

@@ -12,13 +12,13 @@
 
 namespace ostrel::test {
 
-/// A server on a free port of loopback that does what no decent server would, from construction to
-/// destruction. Every connection has a thread of its own.
+/// A server on a free port of loopback that misbehaves as no decent server would, from construction
+/// to destruction. Every connection has its own thread.
 class HostileServer
 {
 public:
-    /// What happens on each connection, on its thread, until it returns: the connection is then
-    /// closed. HostileBehaviours.h has a collection.
+    /// Handles each connection, on the connection's thread, until it returns: the connection is
+    /// then closed. HostileBehaviours.h has a collection.
     using Behaviour = std::function<void(HostileConnection &, const SeenRequest &)>;
 
     enum class Greeting {
@@ -33,7 +33,7 @@ public:
     HostileServer(const HostileServer &) = delete;
     HostileServer &operator=(const HostileServer &) = delete;
 
-    /// False where the computer has no loopback address of the family.
+    /// False if the computer has no loopback address of the family.
     [[nodiscard]] bool isListening() const { return m_listener.isListening(); }
     [[nodiscard]] quint16 port() const { return m_listener.port(); }
     /// "http://127.0.0.1:8080/path".

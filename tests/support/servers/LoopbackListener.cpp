@@ -42,7 +42,7 @@ bool bindToFreePort(int descriptor, LoopbackFamily family)
 
 quint16 portOf(int descriptor)
 {
-    // The port is at the same place for both families.
+    // The port is at the same offset for both families.
     sockaddr_in6 address{};
     socklen_t size = sizeof address;
     getsockname(descriptor, reinterpret_cast<sockaddr *>(&address), &size);
@@ -68,7 +68,7 @@ BlackholePort::BlackholePort()
     : m_listener(LoopbackFamily::Ipv4, 0)
     , m_filler(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
 {
-    // A backlog of none still takes one.
+    // A backlog of zero still accepts one.
     const sockaddr_in address = ipv4Address(m_listener.port());
     (void)connect(m_filler, reinterpret_cast<const sockaddr *>(&address), sizeof address);
 }

@@ -6,12 +6,12 @@ namespace ostrel::test {
 
 enum class LoopbackFamily {
     Ipv4,
-    SecondIpv4, ///< 127.0.0.2, for what tells addresses apart.
+    SecondIpv4, ///< 127.0.0.2, for tests that distinguish addresses.
     Ipv6,
 };
 
-/// A TCP socket that listens on a free port of the loopback interface, and that nobody need accept
-/// from: the kernel completes connections up to the backlog.
+/// A TCP socket that listens on a free port of the loopback interface. Accepting isn't necessary:
+/// the kernel completes connections up to the backlog.
 class LoopbackListener
 {
 public:
@@ -20,7 +20,7 @@ public:
     LoopbackListener(const LoopbackListener &) = delete;
     LoopbackListener &operator=(const LoopbackListener &) = delete;
 
-    /// False where the computer has no loopback address of the family.
+    /// False if the computer has no loopback address of the family.
     [[nodiscard]] bool isListening() const { return m_port != 0; }
     [[nodiscard]] quint16 port() const { return m_port; }
     [[nodiscard]] int descriptor() const { return m_descriptor; }
@@ -47,7 +47,7 @@ private:
     int m_filler;
 };
 
-/// A port of 127.0.0.1 that nobody listened on a moment ago.
+/// A port of 127.0.0.1 on which nothing was listening a moment ago.
 [[nodiscard]] quint16 closedPort();
 
 } // namespace ostrel::test

@@ -19,11 +19,11 @@ namespace ostrel::test {
 
 namespace {
 
-// Somebody else may take a port between our finding it free and nginx's taking it.
+// Another program may take a port between our finding it free and nginx's taking it.
 constexpr int attempts = 5;
 
-// Everything in the server's own folder, one process, and no worker that would have to change to a
-// user who can't read the keys.
+// Everything is in the server's own folder, in one process, without a worker that would have to
+// change to a user who can't read the keys.
 constexpr auto preamble = R"(
 daemon off;
 master_process off;
@@ -106,8 +106,8 @@ bool NginxServer::writeConfiguration()
 
 void NginxServer::spawn()
 {
-    // Not by a fork: ThreadSanitizer loses track of a program with threads that forks. setpriv has
-    // nginx end with the test, however that ends.
+    // Not by fork(): ThreadSanitizer loses track of a program with threads that forks. setpriv
+    // makes nginx end with the test, however that ends.
     const QByteArray folder = QFile::encodeName(m_folder.path());
     std::array arguments{"setpriv", "--pdeathsig",      "TERM", "/usr/sbin/nginx",
                          "-p",      folder.constData(), "-c",   "nginx.conf",

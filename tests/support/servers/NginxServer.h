@@ -15,10 +15,10 @@ namespace ostrel::test {
 /// One `server` block of nginx's configuration, on a port of its own.
 struct NginxSite
 {
-    /// Plain http where there is none.
+    /// Plain http if there is none.
     std::optional<TestLeaf> leaf;
-    /// What the block says besides `listen` and the certificate. PORT_0 stands for the first
-    /// site's port, PORT_1 for the second's, and so on.
+    /// The block's content besides `listen` and the certificate. PORT_0 stands for the first site's
+    /// port, PORT_1 for the second's, and so on.
     QByteArray directives = "location / { return 200 \"OK\"; }";
 };
 
@@ -27,24 +27,24 @@ struct NginxSite
 class NginxServer
 {
 public:
-    /// Returns when every site accepts connections. Ends the program where nginx won't start.
+    /// Returns when every site accepts connections. Ends the program if nginx won't start.
     explicit NginxServer(const QList<NginxSite> &sites);
     ~NginxServer();
     NginxServer(const NginxServer &) = delete;
     NginxServer &operator=(const NginxServer &) = delete;
 
-    /// Ends the server, and frees its ports, before its time.
+    /// Ends the server, and frees its ports, before this object ends.
     void stop();
-    /// Starts it again on the ports that it had; false where somebody has taken one of them.
+    /// Starts it again on its former ports; false if one of them has been taken.
     [[nodiscard]] bool startAgain();
 
     [[nodiscard]] quint16 port(int site = 0) const { return m_ports.at(site); }
     /// "https://localhost:8443/path", or http for a site without a leaf.
     [[nodiscard]] QByteArray url(int site = 0, const QByteArray &path = "/",
                                  const QByteArray &host = "localhost") const;
-    /// The folder that paths in directives are relative to; files can be put there.
+    /// The folder that paths in directives are relative to; tests can put files there.
     [[nodiscard]] QString folder() const { return m_folder.path(); }
-    /// One line for each request that has been answered: port, method, target, status, user agent.
+    /// One line per answered request: port, method, target, status, user agent.
     [[nodiscard]] QStringList accessLog() const;
 
 private:

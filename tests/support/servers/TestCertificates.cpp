@@ -32,7 +32,7 @@ struct Release
 using KeyHandle = std::unique_ptr<EVP_PKEY, Release<EVP_PKEY_free>>;
 using CertificateHandle = std::unique_ptr<X509, Release<X509_free>>;
 
-// Odd on purpose, so that no rounding goes unnoticed.
+// Deliberately odd, so that no rounding goes unnoticed.
 constexpr auto usualLifetime = days(90) + seconds(12345);
 constexpr auto localNames = "DNS:localhost,IP:127.0.0.1,IP:::1";
 
@@ -93,7 +93,7 @@ struct TestCertificates::Identity
         Key keyKind = Key::Ecdsa;
     };
 
-    /// Signed by @p issuer, or by itself where that is null.
+    /// Signed by @p issuer, or by itself if that is null.
     Identity(const Profile &profile, const Identity *issuer);
 
     [[nodiscard]] QByteArray certificatePem() const;
@@ -137,7 +137,7 @@ QByteArray TestCertificates::Identity::keyPem() const
 }
 
 TestCertificates::TestCertificates()
-    // No two authorities have the same name, by which an issuer is found.
+    // No two authorities have the same name, because issuers are found by name.
     : m_authority(std::make_unique<Identity>(
           Identity::Profile{.name = "Test authority " + QUuid::createUuid().toByteArray(),
                             .alternativeNames = {},

@@ -17,9 +17,9 @@ struct TestLeaf
     std::chrono::sys_seconds notAfter;
 };
 
-/// A certificate authority of this test's own, made when constructed, in a fresh folder that goes
-/// with it. Unless said otherwise its leaves are for localhost, 127.0.0.1 and ::1, and end at some
-/// odd second in about three months.
+/// A certificate authority of this test's own, created on construction, in a fresh folder that is
+/// removed with it. Unless said otherwise, its leaves are for localhost, 127.0.0.1 and ::1, and
+/// expire at some odd second in about three months.
 class TestCertificates
 {
 public:
@@ -36,16 +36,16 @@ public:
     [[nodiscard]] QByteArray authorityDirectory() const;
 
     [[nodiscard]] TestLeaf valid(Key key = Key::Ecdsa);
-    /// Ends @p lifetime from now, to the second.
+    /// Expires @p lifetime from now, to the second.
     [[nodiscard]] TestLeaf validFor(std::chrono::seconds lifetime);
-    /// Ended a week ago.
+    /// Expired a week ago.
     [[nodiscard]] TestLeaf expired();
     [[nodiscard]] TestLeaf selfSigned();
-    /// Trusted, but for elsewhere.example only.
+    /// Trusted, but only for elsewhere.example.
     [[nodiscard]] TestLeaf forAnotherHost();
-    /// Signed by an intermediate that ends sooner than the leaf and is in the chain.
+    /// Signed by an intermediate that expires sooner than the leaf and is in the chain.
     [[nodiscard]] TestLeaf underShortLivedIntermediate();
-    /// Signed by an intermediate that has expired and is in the chain; the leaf has not.
+    /// Signed by an intermediate that has expired and is in the chain; the leaf hasn't.
     [[nodiscard]] TestLeaf underExpiredIntermediate();
 
 private:

@@ -25,7 +25,7 @@ public:
         SSL_set_accept_state(m_tls.get());
     }
 
-    /// Shakes hands first.
+    /// Does the handshake first if necessary.
     bool readSome()
     {
         std::array<char, 4096> buffer{};
@@ -38,7 +38,7 @@ public:
             [&] { return SSL_write(m_tls.get(), bytes.constData(), int(bytes.size())); });
     }
 
-    /// What the peer has said in @p bytes, some of which may be about TLS itself.
+    /// The peer's plain bytes in @p bytes, some of which may belong to TLS itself.
     QByteArray decrypt(const QByteArray &bytes)
     {
         BIO_write(SSL_get_rbio(m_tls.get()), bytes.constData(), int(bytes.size()));
@@ -59,7 +59,7 @@ public:
     }
 
 private:
-    /// Goes on with @p step until it has done something, or the peer has gone.
+    /// Repeats @p step until it succeeds, or the peer has gone.
     bool complete(const std::function<int()> &step)
     {
         for (;;) {
