@@ -57,8 +57,7 @@ struct Monitor
 {
     QUuid id;          ///< Never changes; keys the history.
     QString name = {}; ///< The user's label; may be empty.
-    QString url =
-        {}; ///< The full address; for a port monitor, the host or an address that contains it.
+    QString url = {};  ///< The full address; for a port monitor, the host or an address with it.
     HTTPMethod method = HTTPMethod::GET;
     Seconds interval{60};  ///< From the end of one check to the start of the next.
     Seconds timeout{30};   ///< For a whole check.
@@ -69,8 +68,7 @@ struct Monitor
     MonitorType type = MonitorType::http;
     std::optional<QString> keyword = {};
     bool keywordShouldExist = true; ///< False: the check fails if the keyword is present.
-    std::optional<Milliseconds> responseTimeThreshold =
-        {}; ///< Slower than this is worth notifying.
+    std::optional<Milliseconds> responseTimeThreshold = {}; ///< Slower checks are worth notifying.
     std::optional<qint64> port = {};
     qint64 sslExpiryWarningDays = 14; ///< Warn from this many whole days before expiry.
 
