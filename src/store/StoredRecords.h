@@ -13,8 +13,8 @@ struct StoredRecords
 {
     QList<Monitor> monitors; ///< In the user's order.
     CheckHistories checks;
-    FileSnapshot monitorsContent; ///< The file that the monitors were read from.
-    FileSnapshot checksContent;   ///< The same for the histories, whose stored forms are in it.
+    FileSnapshot monitorsContent;       ///< The file that the monitors were read from.
+    FileSnapshot checksContent;         ///< The same for the histories, with their stored forms.
     bool areMonitorsUnreadable = false; ///< There is a file, but it can't be loaded.
     bool areChecksUnreadable = false;   ///< The same for the checks' file.
 
