@@ -13,7 +13,7 @@ struct MarkedAttribute
 {
     QRegularExpression tag;    ///< The beginning of the start tag: `<link`.
     QRegularExpression marker; ///< The whole marking attribute: `rel\s*=\s*["']icon["']`.
-    QRegularExpression value;  ///< The wanted one, up to its opening quote: `href\s*=\s*["\']`.
+    QRegularExpression value;  ///< The wanted one, up to its opening quote: `href\s*=\s*["']`.
 };
 
 /// The order of the two attributes in the tag.
