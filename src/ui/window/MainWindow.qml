@@ -16,9 +16,9 @@ Window {
     required property Settings settings
     required property DesktopActions desktop
     required property SidebarNotice notice
-    // Whether nothing is to move but what the hand moves.
+    // If true, nothing moves unless the user moves it.
     property bool reducedMotion: false
-    // Null until it is first asked for.
+    // Null until it is first requested.
     property SettingsWindow settingsWindow: null
 
     function showSettings(): void {
