@@ -12,7 +12,7 @@ namespace ostrel {
 class NotificationManager
 {
 public:
-    /// @p center outlives the manager.
+    /// @p center must outlive the manager.
     explicit NotificationManager(NotificationCenter &center);
 
     void notifyDown(const Monitor &monitor, const OptionalText &error);
