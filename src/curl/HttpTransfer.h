@@ -14,7 +14,7 @@ namespace ostrel {
 class Inbox;
 class WorkQueue;
 
-/// One request, as Network::fetch describes it.
+/// One request, as described at Network::fetch().
 class HttpTransfer final : public Transfer
 {
 public:
@@ -71,7 +71,7 @@ private:
     bool m_hasHead = false; ///< Whether the head of the hop's response is complete.
     QByteArray m_location;  ///< The hop's redirect target; empty if it doesn't redirect.
     int m_redirects = 0;
-    bool m_hasBeenPublic = false; ///< Whether a response came from a public address.
+    bool m_hasBeenPublic = false; ///< Whether a hop's response came from a public address.
     Surroundings m_surroundings;
     QPromise<HttpResult> m_promise;
     HttpResult m_result;
