@@ -247,7 +247,7 @@ bool AtomicFile::keep(std::string_view suffix) const
     std::string name = base;
     for (int number = 2; !giveSecondName(m_path, name); ++number) {
         if (errno != EEXIST)
-            return errno == ENOENT; // then there is nothing to keep
+            return errno == ENOENT; // Then there is nothing to keep.
         name = base + '-' + std::to_string(number);
     }
     return true;

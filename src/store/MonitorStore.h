@@ -28,7 +28,8 @@ class FolderOwnership;
 /// save that failed is retried with every save of either file, once a minute, and at the end.
 ///
 /// A power cut loses no monitor, and of the history only what was recorded since its last flush to
-/// the disk. It is flushed every ten minutes and at the end, which takes at most half a second.
+/// the disk. It is flushed every ten minutes, and at the end, which waits for that at most half a
+/// second.
 class MonitorStore : public QObject
 {
     Q_OBJECT
