@@ -20,7 +20,7 @@ T.TextField {
     property string trailingSymbol: ""
     property color trailingColor: Theme.statusUp
     property string trailingName: ""
-    // When the field is complete, the template has set the description to the placeholder.
+    // True once the template has set the description to the placeholder, which is then replaced.
     property bool isComplete: false
 
     implicitWidth: Theme.thresholdFieldWidth

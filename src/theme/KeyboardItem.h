@@ -4,8 +4,8 @@
 
 namespace ostrel {
 
-/// A focusable item with a free accessible role: for assistive tools, a template control's role is
-/// fixed, whatever `Accessible.role` says. Like a control it knows how it got the focus.
+/// A focusable item whose accessible role can be chosen: for assistive tools, a template control's
+/// role is fixed, whatever `Accessible.role` says. Like a control it knows how it got the focus.
 class KeyboardItem : public QQuickItem
 {
     Q_OBJECT
