@@ -4,7 +4,7 @@
 
 namespace ostrel {
 
-/// Emits, on the main thread, when the system asks the program to end (SIGTERM, SIGINT).
+/// Reports, on the main thread, that the system asks the program to end (SIGTERM, SIGINT).
 class TerminationSignal : public QObject
 {
     Q_OBJECT
