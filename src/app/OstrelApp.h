@@ -44,9 +44,8 @@ struct AppServices
     Workspace &workspace;
     MotionPreference &motion;
     StatusBarHost &statusBarHost;
-    Network &network; ///< The source of the sites' icons and titles.
-    WorkThread::Work prepareIconThread =
-        {}; ///< Called first on the thread that decodes icons and titles.
+    Network &network;                           ///< The source of the sites' icons and titles.
+    WorkThread::Work prepareIconThread = {};    ///< Called first on the thread that decodes them.
     FolderOwnership *folderOwnership = nullptr; ///< Null if no other program could own the folder.
 };
 
