@@ -49,7 +49,7 @@ void complain(const QString &sentence)
     print("ostrel: " + oneLine(sentence).toLocal8Bit() + '\n', stderr);
 }
 
-/// Says on stderr each time that @p store can't save any more.
+/// Prints a message to stderr each time that @p store can no longer save.
 void tellOfFailures(const MonitorStore &store)
 {
     const auto tell = [&store] {
@@ -60,8 +60,8 @@ void tellOfFailures(const MonitorStore &store)
     tell();
 }
 
-/// The interface needs no more than lines, pictures and text, which are drawn in a fraction of the
-/// memory and time without OpenGL. A user who asks for another renderer gets it.
+/// The interface consists only of lines, pictures and text, which are drawn in a fraction of the
+/// memory and time without OpenGL. A renderer that the user asks for is used instead.
 void preferSoftwareRenderer()
 {
     if (!qEnvironmentVariableIsSet("QT_QUICK_BACKEND") &&
@@ -100,7 +100,7 @@ struct Program
             complain(u"another Ostrel that doesn't answer uses "_s + invocation.dataDir);
             return exitFailed;
         case SingleInstance::Claim::first:
-        case SingleInstance::Claim::unusable: // It watches and tells all the same.
+        case SingleInstance::Claim::unusable: // It watches and notifies all the same.
             break;
         }
         return watch(records, instance);
@@ -140,12 +140,12 @@ struct Program
 private:
     static int watch(RecordsReader &records, SingleInstance &instance)
     {
-        // First, while others are at work on other threads.
+        // First, while other threads are working.
         auto views = std::make_unique<MainWindowLoader>();
         views->prepare();
 
         const auto termination = makeTerminationSignal();
-        NotificationPresenter presenter; // Of the status bar's, once there is one.
+        NotificationPresenter presenter; // The status bar's, once there is one.
         const auto notificationCenter = makeNotificationCenter(
             [&presenter](const NotificationRequest &request) { presenter(request); });
         const auto wakeSignal = makeWakeSignal();
@@ -198,8 +198,8 @@ private:
     }
 };
 
-/// Ends the program at once if some thread is still at work that nobody waits for: it may use the
-/// static objects that an orderly end would destroy.
+/// Ends the program at once if a thread that isn't waited for is still running: it may use the
+/// static objects that an orderly exit would destroy.
 void endUnderThreads(int code)
 {
     if (!WorkThread::isAnyLeftBehind() && !isAnyDetachedThreadAtWork())

@@ -23,8 +23,8 @@ void AppDelegate::setMainWindow(QWindow *window)
 
 void AppDelegate::leaveSession(QSessionManager &manager)
 {
-    // Everything is on the disk already, so there is nothing to save, to ask or to hold up. Whether
-    // the next session starts the program is the login item's to say, and nobody else's.
+    // Everything is on the disk already, so there is nothing to save, to ask or to delay. Only the
+    // login item decides whether the next session starts the program.
     manager.setRestartHint(QSessionManager::RestartNever);
 }
 
@@ -32,7 +32,7 @@ void AppDelegate::reopen(const QByteArray &activationToken)
 {
     if (!m_mainWindow)
         return;
-    // Where the toolkit looks for it when it asks the compositor to raise a window.
+    // The toolkit reads it from there when it asks the compositor to raise a window.
     if (!activationToken.isEmpty())
         qputenv("XDG_ACTIVATION_TOKEN", activationToken);
     if (m_mainWindow->windowStates() & Qt::WindowMinimized)

@@ -9,7 +9,7 @@ class QWindow;
 
 namespace ostrel {
 
-/// Keeps the program alive without windows, and opens the main window again.
+/// Keeps the program running without windows, and reopens the main window.
 class AppDelegate : public QObject
 {
     Q_OBJECT
@@ -20,12 +20,12 @@ public:
     /// The window that reopen() shows. Not owned.
     void setMainWindow(QWindow *window);
 
-    /// Shows the main window and brings it to the front. @p activationToken is what the desktop
-    /// gave to the start that asks for it; may be empty.
+    /// Shows the main window and brings it to the front. @p activationToken is the desktop's token
+    /// for the start that requests it; may be empty.
     void reopen(const QByteArray &activationToken = {});
 
 private:
-    /// Lets the session manager end the program.
+    /// Allows the session manager to end the program.
     static void leaveSession(QSessionManager &manager);
 
     QPointer<QWindow> m_mainWindow;

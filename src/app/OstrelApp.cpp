@@ -46,7 +46,7 @@ OstrelApp::OstrelApp(std::unique_ptr<MainWindowLoader> views, const QString &sto
 
 OstrelApp::~OstrelApp()
 {
-    m_views.reset(); // They show what goes after them.
+    m_views.reset(); // They show what is destroyed after them.
 }
 
 bool OstrelApp::show()
@@ -87,7 +87,7 @@ void OstrelApp::watchAppearance(QQuickWindow &window)
             m_appearance.start(longestWaitForAFrame);
     });
     connect(&window, &QQuickWindow::frameSwapped, &m_appearance, [this] {
-        // Not before the frame is done with.
+        // Only after the frame has been completed.
         if (m_appearance.isActive())
             m_appearance.start(0);
     });
@@ -102,7 +102,7 @@ void OstrelApp::contentAppeared()
 
 void OstrelApp::lookUpSite(const QUuid &monitorId, const QString &address)
 {
-    static_cast<void>(m_icons.icon(address)); // What it finds is kept for the views.
+    static_cast<void>(m_icons.icon(address)); // The icon is cached for the views.
     continueOn(m_icons.pageTitle(address), this,
                [this, monitorId](const std::optional<QString> &title) {
                    if (title)

@@ -30,7 +30,7 @@ class StatusBarHost;
 class WakeSignal;
 class Workspace;
 
-/// What the application is made on. All of it outlives the application.
+/// The services that the application uses. All of them must outlive the application.
 struct AppServices
 {
     MonitorCheck &httpCheck;
@@ -44,24 +44,24 @@ struct AppServices
     Workspace &workspace;
     MotionPreference &motion;
     StatusBarHost &statusBarHost;
-    Network &network;                           ///< Where the sites' icons and titles come from.
-    WorkThread::Work prepareIconThread = {};    ///< Called first on the thread that reads those.
-    FolderOwnership *folderOwnership = nullptr; ///< Null if nobody else could have the folder.
+    Network &network;                           ///< The source of the sites' icons and titles.
+    WorkThread::Work prepareIconThread = {};    ///< Called first on the thread that decodes them.
+    FolderOwnership *folderOwnership = nullptr; ///< Null if no other program could own the folder.
 };
 
-/// The application: makes the delegate, the one store and the one engine, in this order, and shows
-/// the main window. Lives from start to exit, on the main thread.
+/// The application: creates the delegate, the one store and the one engine, in this order, and
+/// shows the main window. Lives from start to exit, on the main thread.
 class OstrelApp : public QObject
 {
     Q_OBJECT
 
 public:
-    /// On the folder @p storageDir, which holds @p records.
+    /// Uses the folder @p storageDir, whose content is @p records.
     OstrelApp(std::unique_ptr<MainWindowLoader> views, const QString &storageDir,
               StoredRecords records, const AppServices &services);
     ~OstrelApp() override;
 
-    /// Shows the main window; false where it can't be made.
+    /// Shows the main window; false if it can't be created.
     [[nodiscard]] bool show();
 
     [[nodiscard]] const MonitorStore &store() const { return m_store; }
@@ -70,25 +70,25 @@ public:
 
 private:
     /// Calls contentAppeared() each time the main window's content has appeared: once its first
-    /// frame is on the screen, so that nothing holds that up, or where the desktop doesn't let it
-    /// be drawn (minimised, another workspace), soon after the window was shown.
+    /// frame is on the screen, so that nothing delays that, or, if the desktop doesn't let it draw
+    /// (minimised, another workspace), soon after the window was shown.
     void watchAppearance(QQuickWindow &window);
     void contentAppeared();
     void connectStatusBarItem();
 
     /// Gives the new monitor of the website at @p address the title of its page, once that is
-    /// known, and finds the site's icon before the views ask for it.
+    /// known, and fetches the site's icon before the views request it.
     void lookUpSite(const QUuid &monitorId, const QString &address);
 
     AppServices m_services;
-    std::unique_ptr<MainWindowLoader> m_views; ///< First to be made, and first to go.
+    std::unique_ptr<MainWindowLoader> m_views; ///< Created first, and destroyed first.
     AppDelegate m_delegate;
     MonitorStore m_store;
     MonitoringEngine m_engine;
     StatusBarItem m_statusBarItem;
     WindowModels m_models;
     FaviconService m_icons;
-    QTimer m_appearance; ///< Runs from a window's being shown to its first frame.
+    QTimer m_appearance; ///< Runs from showing a window to its first frame.
 };
 
 } // namespace ostrel

@@ -17,7 +17,7 @@ QChar accented(QChar letter)
     return accents.value(letter, letter);
 }
 
-/// What makes a text of @p length 40 % longer together with the brackets.
+/// The padding that, with the brackets, makes a text of @p length 40 % longer.
 QString padding(qsizetype length)
 {
     return QString(std::max<qsizetype>(0, (length * 2 + 4) / 5 - 2), u'·');
@@ -30,7 +30,7 @@ QString PseudoTranslator::translate(const char *, const char *sourceText, const 
     const QString source = QString::fromUtf8(sourceText);
     QString text;
     for (qsizetype i = 0; i < source.size(); ++i) {
-        // "%n" and "%L1" stand for numbers.
+        // "%n" and "%L1" are placeholders for numbers.
         const bool isPlaceholder = i > 0 && source.at(i - 1) == u'%';
         text += isPlaceholder ? source.at(i) : accented(source.at(i));
     }

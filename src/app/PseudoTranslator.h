@@ -4,9 +4,9 @@
 
 namespace ostrel {
 
-/// A language that nobody speaks and every reader of English can read: each text stands between
-/// brackets, with accents, and is at least 40 % longer. What shows up without brackets was never
-/// given to a translator, and what is cut off has no room for one.
+/// A pseudo-language that every reader of English can read: each text is in brackets, with accents,
+/// and at least 40 % longer. A text without brackets was never passed to a translator, and a text
+/// that is cut off has no room for a translation.
 class PseudoTranslator : public QTranslator
 {
     Q_OBJECT

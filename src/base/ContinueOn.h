@@ -13,9 +13,9 @@
 
 namespace ostrel {
 
-/// Calls @p function with @p future itself once that has finished, with a result or cancelled, on
-/// the thread of @p context, which is the calling one, always from its event loop. If @p context
-/// dies first, the function is never called. It may not throw.
+/// Calls @p function with @p future itself once that has finished, with a result or cancelled. The
+/// call comes on the thread of @p context, which must be the calling thread, and always from its
+/// event loop. If @p context dies first, the function is never called. It may not throw.
 template<typename T, typename Function>
 void whenFinished(QFuture<T> future, QObject *context, Function function)
 {
@@ -30,8 +30,9 @@ void whenFinished(QFuture<T> future, QObject *context, Function function)
 
 namespace detail {
 
-/// Finishes @p promise with what @p function makes of @p future's result; leaves it, and so cancels
-/// it in the end, if that future was cancelled or the function throws.
+/// Finishes @p promise with the result of @p function, called with @p future's result. If the
+/// future was cancelled or the function throws, the promise is left unfinished, which cancels it in
+/// the end.
 template<typename Result, typename T, typename Function>
 void fulfil(QPromise<Result> &promise, const QFuture<T> &future, Function &function)
 try {
@@ -64,11 +65,12 @@ struct Continued<Function, void>
 
 } // namespace detail
 
-/// Calls @p function with @p future's result on the thread of @p context, which is the calling one,
-/// always from its event loop. If @p context dies first, or the future is cancelled, the function
-/// is never called and the future that is returned is cancelled; so it is if the function throws.
+/// Calls @p function with @p future's result on the thread of @p context, which must be the calling
+/// thread, and always from its event loop. If @p context dies first, or the future is cancelled,
+/// the function is never called and the returned future is cancelled. It is also cancelled if the
+/// function throws.
 ///
-/// QFuture::then(context, …) of Qt 6.4 asserts that the context is alive.
+/// Use this instead of QFuture::then(context, …): that of Qt 6.4 asserts that the context is alive.
 template<typename T, typename Function>
 QFuture<typename detail::Continued<Function, T>::type>
 continueOn(QFuture<T> future, QObject *context, Function function)

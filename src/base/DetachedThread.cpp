@@ -19,7 +19,7 @@ void startDetached(std::function<void()> work)
     try {
         std::thread([work = std::move(work)]() mutable {
             work();
-            work = nullptr; // What it holds counts as its work.
+            work = nullptr; // Destroying what it holds counts as its work.
             --threadsAtWork;
         }).detach();
     } catch (const std::system_error &) {

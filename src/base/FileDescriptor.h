@@ -8,7 +8,7 @@
 
 namespace ostrel {
 
-/// Repeats @p call while a signal interrupts it.
+/// Retries @p call as long as a signal interrupts it.
 template<typename Call>
 auto uninterrupted(Call call)
 {
@@ -18,7 +18,7 @@ auto uninterrupted(Call call)
     return result;
 }
 
-/// An open file. Negative where there is none, or it could not be opened.
+/// Owns a file descriptor. The number is negative if there is no file or it couldn't be opened.
 class FileDescriptor
 {
 public:
@@ -41,13 +41,14 @@ public:
     [[nodiscard]] int number() const { return m_number; }
     [[nodiscard]] bool isOpen() const { return m_number >= 0; }
 
-    /// False where the system reports only now that it could not write.
+    /// False if the system reports only now that it couldn't write.
     bool close()
     {
         if (!isOpen())
             return true;
         const int result = ::close(std::exchange(m_number, -1));
-        // The descriptor is closed all the same, so another try would close somebody else's.
+        // The descriptor is closed all the same; a retry could close one that another thread
+        // opened.
         return result == 0 || errno == EINTR;
     }
 

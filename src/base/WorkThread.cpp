@@ -16,8 +16,8 @@ constexpr auto patienceAtTheEnd = 100ms;
 
 std::mutex leftBehindMutex;
 
-/// Threads that were still at work when nobody could wait any more. They may not be destroyed while
-/// they run, and stay known, so that they don't count as lost.
+/// Threads that were still running when waiting for them timed out. They may not be destroyed while
+/// they run, and stay reachable so that leak checkers don't report them.
 std::vector<std::unique_ptr<QThread>> &leftBehind()
 {
     static auto &threads = *new std::vector<std::unique_ptr<QThread>>;
@@ -35,7 +35,7 @@ void doQuietly(const WorkQueue::Work &work)
     try {
         work();
     } catch (const std::exception &) {
-        // Whoever waits for it learns of it from what the work holds, which goes now.
+        // Whoever waits for the work is notified by what it holds, which is destroyed next.
         return;
     }
 }
@@ -64,7 +64,7 @@ void WorkQueue::serve()
         m_waiting.pop_front();
         lock.unlock();
         doQuietly(work);
-        work = nullptr; // What it holds goes before the next is waited for.
+        work = nullptr; // Destroys what it holds before waiting for the next.
         lock.lock();
     }
 }

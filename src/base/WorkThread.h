@@ -14,7 +14,7 @@
 
 namespace ostrel {
 
-/// What a WorkThread is to do, in order. Any thread.
+/// The work that a WorkThread has to do, in order. Any thread.
 class WorkQueue
 {
 public:
@@ -25,7 +25,7 @@ public:
 private:
     friend class WorkThread;
 
-    /// Does all work until the queue is closed.
+    /// Runs all work until the queue is closed.
     void serve();
     void close();
 
@@ -35,24 +35,24 @@ private:
     bool m_isClosed = false;
 };
 
-/// A thread of its own for work that takes longer than others can wait.
+/// A thread for work that takes longer than others can wait.
 ///
-/// Work is done in the order in which it comes. What is long is better posted in slices, each of
-/// which posts the next: then all that is under way goes on by turns. Any thread may post.
+/// Work runs in the order in which it is posted. Post long work in slices, each of which posts the
+/// next, so that several pieces of work make progress in turns. Any thread may post.
 class WorkThread
 {
 public:
     using Work = WorkQueue::Work;
 
-    /// The thread calls @p prepare before anything else, for example to lower its priority.
+    /// The thread runs @p prepare before anything else, for example to lower its priority.
     explicit WorkThread(Work prepare = {});
-    /// Drops what waits, and waits a tenth of a second at most for what is under way.
+    /// Drops waiting work, and waits at most a tenth of a second for the work that is running.
     ~WorkThread();
     WorkThread(const WorkThread &) = delete;
     WorkThread &operator=(const WorkThread &) = delete;
 
-    /// Work that throws counts as done; what it holds is destroyed on this object's thread, or, if
-    /// it is dropped, on the thread that drops it.
+    /// Work that throws counts as done. What the work holds is destroyed on this object's thread,
+    /// or, if the work is dropped, on the thread that drops it.
     void post(Work work) { m_queue->post(std::move(work)); }
 
     /// Posts @p function. The future finishes with its result; it is cancelled if the function
@@ -70,15 +70,16 @@ public:
         return promise->future();
     }
 
-    /// Where the thread's own work posts more; may outlive this object, and then drops it.
+    /// The thread's own work posts more work here. The queue may outlive this object, and then
+    /// drops whatever is posted.
     [[nodiscard]] std::shared_ptr<WorkQueue> queue() const { return m_queue; }
 
-    /// Whether some such thread was still at work when its object was destroyed. The program then
-    /// has to end without the destructors of static objects, which that work may use.
+    /// Whether any such thread was still running when its object was destroyed. If so, the program
+    /// must end without the destructors of static objects, which the work may use.
     [[nodiscard]] static bool isAnyLeftBehind();
 
 private:
-    std::shared_ptr<WorkQueue> m_queue; ///< The thread's too, which may outlive the object.
+    std::shared_ptr<WorkQueue> m_queue; ///< Shared with the thread, which may outlive this object.
     std::unique_ptr<QThread> m_thread;
 };
 

@@ -32,7 +32,7 @@ QCommandLineOption jsonOption()
     return {u"json"_s, {}};
 }
 
-/// A value of @p name that the arguments give, converted by @p convert.
+/// The value of an option, converted by the option's conversion function.
 template<typename Value>
 struct OptionValue
 {
@@ -132,7 +132,7 @@ QString generalHelp()
            "Exit status: 0 up (or done), 1 down (or failed), 2 unusable arguments.\n"_s;
 }
 
-/// The folder that is to be used, absolute; nothing for an empty one.
+/// The absolute path of the folder to use; nullopt if the option is empty.
 std::optional<QString> dataDirOf(const QCommandLineParser &parser)
 {
     if (!parser.isSet(u"data-dir"_s))
@@ -141,7 +141,7 @@ std::optional<QString> dataDirOf(const QCommandLineParser &parser)
     return given.isEmpty() ? std::nullopt : std::optional(QDir(given).absolutePath());
 }
 
-/// The complaint about @p parser's outcome, with nothing where there is none.
+/// What is wrong with @p parser's result; nullopt if nothing is.
 std::optional<UnusableInvocation> complaint(const QCommandLineParser &parser,
                                             qsizetype expectedPositionals)
 {
@@ -167,7 +167,7 @@ void addCheckOptions(QCommandLineParser &parser)
     });
 }
 
-/// What is to be checked: a web address, or a host where there is a port.
+/// What to check: a web address, or a host if there is a port.
 struct Target
 {
     QString url;
@@ -181,7 +181,7 @@ bool isWebAddress(const QString &address)
            (url->scheme() == u"http"_s || url->scheme() == u"https"_s);
 }
 
-/// @p typed as the form completes it. Nothing where the form refuses it, or would take it although
+/// @p typed as the form completes it. Nullopt if the form rejects it, or would accept it although
 /// it can't be fetched.
 std::optional<QString> webAddressFrom(const QString &typed)
 {
@@ -200,8 +200,8 @@ std::optional<Target> portTarget(const QString &host, std::optional<qint64> port
     return host.isEmpty() ? std::nullopt : std::optional(Target{.url = host, .port = port});
 }
 
-/// With @p port its host, otherwise what the form reads in @p typed. Nothing where that can't be
-/// checked.
+/// The host @p typed if there is a @p port, otherwise what the form reads from @p typed. Nullopt if
+/// that can't be checked.
 std::optional<Target> targetFrom(const QString &typed, std::optional<qint64> port)
 {
     if (port)
@@ -212,7 +212,8 @@ std::optional<Target> targetFrom(const QString &typed, std::optional<qint64> por
     return address ? std::optional(Target{.url = *address}) : std::nullopt;
 }
 
-/// An option that only makes sense for the other kind of check, or only with another one.
+/// Complains about an option that is only valid for the other kind of check, or only together with
+/// another option.
 std::optional<UnusableInvocation> contradiction(const QCommandLineParser &parser,
                                                 const Target &target)
 {

@@ -9,14 +9,14 @@
 
 namespace ostrel {
 
-// What the program was asked to do.
+// What the arguments ask the program to do.
 
 enum class Language {
     english,
-    pseudo, ///< For those who translate: every text that can be, marked and made longer.
+    pseudo, ///< For translators: every translatable text is marked and made longer.
 };
 
-/// Watch, with the window.
+/// Open the window and watch the monitors.
 struct RunInvocation
 {
     QString dataDir;
@@ -25,27 +25,27 @@ struct RunInvocation
 
 enum class OutputFormat { human, json };
 
-/// Make one check, and tell.
+/// Run one check and print it.
 struct CheckInvocation
 {
     Monitor monitor;
     OutputFormat format = OutputFormat::human;
 };
 
-/// Tell how every monitor is.
+/// Print the status of every monitor.
 struct StatusInvocation
 {
     QString dataDir;
     OutputFormat format = OutputFormat::human;
 };
 
-/// Say something, and end.
+/// Print a text and exit.
 struct AnswerInvocation
 {
     QString text;
 };
 
-/// Say what is wrong with the arguments, and end with exitUnusable.
+/// Print what is wrong with the arguments and exit with exitUnusable.
 struct UnusableInvocation
 {
     QString reason;
@@ -58,8 +58,8 @@ inline constexpr int exitUp = 0;
 inline constexpr int exitDown = 1;
 inline constexpr int exitUnusable = 2;
 
-/// @p arguments as main() gets them, the program's name first. An argument that isn't known, or
-/// whose value isn't usable, makes the whole line unusable.
+/// Parses @p arguments, as main() gets them, with the program's name first. A single unknown
+/// argument or unusable value makes the whole line unusable.
 [[nodiscard]] Invocation parseCommandLine(const QStringList &arguments);
 
 } // namespace ostrel

@@ -29,7 +29,7 @@ struct UptimeWindow
 constexpr std::array uptimeWindows = {UptimeWindow{"24h", 24h}, UptimeWindow{"7d", 7 * 24h},
                                       UptimeWindow{"30d", 30 * 24h}};
 
-/// A longer name moves the rest of its own line alone.
+/// A longer name shifts only the rest of its own line.
 constexpr qsizetype widestNameColumn = 40;
 
 QString statusName(MonitorStatus status)

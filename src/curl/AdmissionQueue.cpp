@@ -27,7 +27,7 @@ AdmissionQueue::AdmissionQueue(std::shared_ptr<Inbox> inbox, std::size_t maxLook
 
 void AdmissionQueue::push(std::unique_ptr<Transfer> transfer)
 {
-    // Whoever waits for the end of what has begun goes first.
+    // A transfer that has already begun is finished first.
     if (transfer->isUnderWay())
         m_waiting.push_front(std::move(transfer));
     else
@@ -99,7 +99,8 @@ bool AdmissionQueue::hasEnded(LookingUp &lookingUp)
     return true;
 }
 
-/// A look-up that began before this transfer may have failed for what has passed since.
+/// Starts a look-up again if it failed but had begun before this transfer's admission: the cause
+/// may be gone since.
 void AdmissionQueue::repeatFailedLookUps(LookingUp &lookingUp)
 {
     for (std::shared_ptr<const LookUp> &lookUp : lookingUp.lookUps) {

@@ -12,9 +12,9 @@ namespace ostrel {
 
 class Inbox;
 
-/// The transfers that don't run yet: those that wait to be admitted, in order, and those that have
-/// been admitted and wait for the addresses of their names. One whose names can't be looked up yet,
-/// because other look-ups hang, is passed by those that need none.
+/// The transfers that don't run yet: those that wait for admission, in order, and those that have
+/// been admitted and wait for the addresses of their names. A transfer whose names can't be looked
+/// up yet, because other look-ups hang, is overtaken by those that need none.
 ///
 /// Belongs to the I/O thread.
 class AdmissionQueue
@@ -27,24 +27,24 @@ public:
         Transfer::LookUps lookUps;
     };
 
-    /// Look-ups tell of their ends through @p inbox. At most @p maxLookUps transfers look up names
+    /// Look-ups report their ends through @p inbox. At most @p maxLookUps transfers look up names
     /// at once.
     AdmissionQueue(std::shared_ptr<Inbox> inbox, std::size_t maxLookUps);
 
-    /// A transfer that is under way goes to the front, any other to the end.
+    /// A transfer that has already begun goes to the front, any other to the end.
     void push(std::unique_ptr<Transfer> transfer);
-    /// Whether takeNext() finds one.
+    /// Whether takeNext() would return one.
     [[nodiscard]] bool hasNext() const;
     /// The first transfer whose names can be looked up now. Null if none.
     [[nodiscard]] std::unique_ptr<Transfer> takeNext();
 
-    /// Begins to look up the names of @p transfer, which has been admitted.
+    /// Starts to look up the names of @p transfer, which has been admitted.
     void lookUp(std::unique_ptr<Transfer> transfer);
-    /// The transfers all of whose names have been looked up. Ends those of which a look-up has
-    /// failed, or whose time-out has passed.
+    /// The transfers whose names have all been looked up. Ends those with a failed look-up, and
+    /// those whose time-out has passed.
     [[nodiscard]] std::list<LookingUp> takeLookedUp();
     [[nodiscard]] std::size_t lookingUpCount() const { return m_lookingUp.size(); }
-    /// The earliest deadline of those that look up names; the latest time there is if none do.
+    /// The earliest deadline of those that look up names; the maximum time point if none do.
     [[nodiscard]] Transfer::Clock::time_point nextDeadline() const;
 
     /// Destroys all transfers, and forgets all look-ups.

@@ -18,7 +18,7 @@ namespace {
 constexpr std::size_t mostDecoders = 5;
 constexpr std::size_t pipeSize = std::size_t(64) * 1024;
 
-/// Hands on what one decoder makes to another.
+/// Passes one decoder's output to another.
 class PipedDecoder final : public ContentDecoder
 {
 public:
@@ -48,10 +48,10 @@ private:
     std::unique_ptr<ContentDecoder> m_first;
     std::unique_ptr<ContentDecoder> m_second;
     std::vector<char> m_buffer;
-    QByteArrayView m_between; ///< What the second hasn't taken yet.
+    QByteArrayView m_between; ///< What the second hasn't consumed yet.
 };
 
-/// Null for a name that isn't known.
+/// Null if the name is unknown.
 std::unique_ptr<ContentDecoder> decoderOf(const QByteArray &name)
 {
     if (name == "gzip" || name == "x-gzip")
@@ -65,7 +65,7 @@ std::unique_ptr<ContentDecoder> decoderOf(const QByteArray &name)
     return nullptr;
 }
 
-/// The names of what was done to the body, in order.
+/// The names of the encodings applied to the body, in order.
 QByteArrayList encodingsIn(QByteArrayView contentEncoding)
 {
     QByteArrayList names;
@@ -85,7 +85,7 @@ std::unique_ptr<ContentDecoder> ContentDecoder::make(QByteArrayView contentEncod
     const QByteArrayList names = encodingsIn(contentEncoding);
     if (static_cast<std::size_t>(names.size()) > mostDecoders)
         return nullptr;
-    // What was done last is taken back first.
+    // The last encoding is reverted first.
     for (auto name = names.rbegin(); name != names.rend(); ++name) {
         auto decoder = decoderOf(*name);
         if (!decoder)

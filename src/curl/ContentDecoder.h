@@ -7,25 +7,25 @@
 
 namespace ostrel {
 
-/// Takes back what a Content-Encoding has done to a body, piece by piece. One thread at a time.
+/// Reverts the Content-Encoding of a body that arrives in chunks. One thread at a time.
 class ContentDecoder
 {
 public:
     enum class State {
-        ready,   ///< There may be more to be had, also without more input.
-        starved, ///< All input is used up.
-        damaged, ///< The bytes aren't what the encoding says, or there isn't enough memory.
+        ready,   ///< There may be more output, even without more input.
+        starved, ///< All input is consumed.
+        damaged, ///< The bytes are invalid in this encoding, or there isn't enough memory.
     };
 
     struct Decoded
     {
-        std::size_t count; ///< Of the bytes in the output.
+        std::size_t count; ///< Number of bytes in the output.
         State state;
     };
 
-    /// For a body with the value @p contentEncoding of that header; null if the body is as it
-    /// comes: where nothing is encoded, or anything in a way that isn't known, or in more than five
-    /// ways. As browsers do. May throw std::bad_alloc.
+    /// Makes the decoder for a body with this Content-Encoding header. Null if the body must be
+    /// used as received: if it isn't encoded, if any encoding is unknown, or if there are more than
+    /// five. Browsers do the same. May throw std::bad_alloc.
     [[nodiscard]] static std::unique_ptr<ContentDecoder> make(QByteArrayView contentEncoding);
 
     ContentDecoder() = default;
@@ -33,9 +33,9 @@ public:
     ContentDecoder &operator=(const ContentDecoder &) = delete;
     virtual ~ContentDecoder() = default;
 
-    /// Decodes what it can of @p input, whose front it cuts off, into @p output, which isn't empty.
-    /// The work of one call is bounded by the output's size, or 64 KiB if that's more. May throw
-    /// std::bad_alloc.
+    /// Decodes as much as possible of @p input, and removes that from its front, into @p output,
+    /// which must not be empty. The work of one call is bounded by the output's size, or 64 KiB if
+    /// that's more. May throw std::bad_alloc.
     [[nodiscard]] virtual Decoded decode(QByteArrayView &input, std::span<char> output) = 0;
     /// Whether the body may end here.
     [[nodiscard]] virtual bool isComplete() const = 0;

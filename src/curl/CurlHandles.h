@@ -6,7 +6,7 @@
 
 namespace ostrel {
 
-/// Gives a handle of the C library back with @p release.
+/// Releases a handle of the C library with @p release.
 template<auto release>
 struct CurlRelease
 {

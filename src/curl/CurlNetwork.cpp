@@ -35,8 +35,8 @@ bool isFetched(CURLU *url)
     return name == "http" || name == "https";
 }
 
-/// Why @p address can't be fetched; empty where it can. Left to itself the library takes an
-/// address without a scheme for one of http.
+/// Why @p address can't be fetched; empty if it can. The library by itself would take an address
+/// without a scheme for an http one.
 QString refusalOf(const QByteArray &address)
 {
     const CurlUrl url(curl_url());
@@ -53,7 +53,7 @@ QString refusalOf(const QByteArray &address)
     }
 }
 
-/// @p host as a URL holds it; empty for what can't be one.
+/// @p host in the form used in a URL; empty if it can't be a host.
 QByteArray encodedHost(const QString &host)
 {
     if (host.contains(QChar::Null))
@@ -63,7 +63,7 @@ QByteArray encodedHost(const QString &host)
     return host.contains(u'%') ? QByteArray() : QUrl::toAce(host);
 }
 
-/// Nothing where @p host or @p port can't be a target.
+/// Nullopt if @p host or @p port can't be a target.
 std::optional<WebAddress> targetOf(const QString &host, quint16 port)
 {
     const QByteArray name = encodedHost(host);
@@ -71,7 +71,7 @@ std::optional<WebAddress> targetOf(const QString &host, quint16 port)
     const auto set = [&url](CURLUPart part, const QByteArray &text) {
         return curl_url_set(url.get(), part, text.constData(), 0) == CURLUE_OK;
     };
-    // The scheme is there because a URL needs one: nothing is sent.
+    // The scheme is only there because a URL needs one: nothing is sent.
     const bool isTarget = !name.isEmpty() && set(CURLUPART_SCHEME, "http") &&
                           set(CURLUPART_HOST, name) &&
                           set(CURLUPART_PORT, QByteArray::number(port));

@@ -10,7 +10,7 @@ namespace ostrel {
 
 class IoThread;
 
-/// The network by libcurl, on one I/O thread.
+/// The network, implemented with libcurl on one I/O thread.
 class CurlNetwork : public Network
 {
 public:
@@ -25,7 +25,7 @@ public:
 private:
     const std::unique_ptr<IoThread> m_ioThread;
     WorkThread m_reading;
-    /// For bodies that are only kept: they are icons' and titles', which nobody waits for.
+    /// For bodies that are only kept: those of icons and titles, which aren't urgent.
     WorkThread m_keeping;
 };
 

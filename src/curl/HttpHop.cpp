@@ -14,13 +14,13 @@ constexpr auto acceptedEncodings = "Accept-Encoding: gzip, deflate, br, zstd";
 constexpr quint16 tlsProxyPort = 443;
 constexpr quint16 proxyPort = 1080;
 
-/// Nothing where there is no proxy, or its address is none.
+/// Nullopt if there is no proxy, or its address isn't one.
 std::optional<WebAddress> proxyAddress(const QByteArray &proxy)
 {
     return proxy.isEmpty() ? std::nullopt : WebAddress::parse(proxy, CURLU_GUESS_SCHEME);
 }
 
-/// Of these a proxy gets an address, of all others it gets the name.
+/// Proxies with these schemes get the site's address; all others get its name.
 bool wantsAddress(const QByteArray &scheme)
 {
     return scheme == "socks5" || scheme == "socks4" || scheme == "socks";
@@ -64,7 +64,7 @@ std::optional<HttpHop> HttpHop::redirectedTo(const QByteArray &location, long st
 Transfer::Names HttpHop::names() const
 {
     Transfer::Names names;
-    // The library refuses it at once.
+    // The library rejects it at once.
     if (!m_address.isHttp())
         return names;
     const std::optional<WebAddress> proxy = proxyAddress(m_proxy);
@@ -87,7 +87,7 @@ void HttpHop::setUp(CURL *handle)
     m_handshakes = 0;
     curl_easy_setopt(handle, CURLOPT_URL, m_address.text().constData());
     curl_easy_setopt(handle, CURLOPT_PROXY, m_proxy.constData());
-    // Without it the library asks the environment, which has been asked.
+    // Otherwise the library reads the environment, which has been read already.
     curl_easy_setopt(handle, CURLOPT_NOPROXY, "");
     setMethod(handle);
 }

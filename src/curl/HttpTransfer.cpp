@@ -20,16 +20,16 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// The library reads up to a hundred buffers of a body in one go, with no look at the time-out,
+/// The library reads up to a hundred buffers of a body at once, without checking the time-out,
 /// while every other transfer waits.
 constexpr long receiveBufferSize = 4096;
 
-/// How long after the time-out a body may still be read that came in time.
+/// How long after the time-out a body that arrived in time may still be read.
 constexpr auto readingGrace = TransferPauses::grace;
 
 constexpr int maxRedirects = 20;
 
-/// @p text is an address as inet_ntop() writes it.
+/// Parses @p text, an address as written by inet_ntop().
 sockaddr_storage addressFrom(const char *text)
 {
     sockaddr_storage address{};
@@ -42,7 +42,7 @@ sockaddr_storage addressFrom(const char *text)
     return address;
 }
 
-/// The network has seen that the address can be parsed.
+/// The network has checked that the address can be parsed.
 HttpHop firstHopOf(const HttpRequest &request, const Proxies &proxies)
 {
     return HttpHop(*WebAddress::parse(request.url), request.method, proxies);
@@ -107,17 +107,17 @@ void HttpTransfer::setUp(CURL *handle)
 {
     curl_easy_setopt(handle, CURLOPT_USERAGENT, m_request.userAgent.constData());
     curl_easy_setopt(handle, CURLOPT_PROTOCOLS_STR, "http,https");
-    // A cookie jar in memory, for this handle alone: sites set cookies on one hop and want them on
+    // A cookie jar in memory, for this handle only: sites set cookies on one hop and expect them on
     // the next.
     curl_easy_setopt(handle, CURLOPT_COOKIEFILE, "");
-    // The library would make an error of an encoding that it doesn't know.
+    // The library would report an error for an encoding that it doesn't know.
     curl_easy_setopt(handle, CURLOPT_HTTP_CONTENT_DECODING, 0L);
     curl_easy_setopt(handle, CURLOPT_BUFFERSIZE, receiveBufferSize);
     curl_easy_setopt(handle, CURLOPT_WRITEFUNCTION, didReceiveBody);
     curl_easy_setopt(handle, CURLOPT_WRITEDATA, this);
     curl_easy_setopt(handle, CURLOPT_HEADERFUNCTION, didReceiveHeader);
     curl_easy_setopt(handle, CURLOPT_HEADERDATA, this);
-    // A proxy's answer to CONNECT isn't the site's.
+    // A proxy's response to CONNECT isn't the site's.
     curl_easy_setopt(handle, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
     setTls(handle);
 }
@@ -170,7 +170,7 @@ void HttpTransfer::report(CURLcode code, std::chrono::microseconds elapsed)
 {
     if (isHeadTooLong(code))
         setErrorText("A header of the response is too long");
-    // The time in which we had paused the transfer isn't the site's.
+    // The time during which we had paused the transfer isn't the site's.
     const auto paused = m_pauses.total(Clock::now());
     m_result.elapsed = elapsed - std::chrono::floor<std::chrono::microseconds>(paused);
     if (code == CURLE_OK || isTimeoutOurs(code)) {
@@ -200,7 +200,7 @@ void HttpTransfer::finish()
     m_isFinished = true;
     if (m_body)
         m_body->giveUp();
-    // Whoever waits for the result may count on being the last to hold the delegate.
+    // When the result arrives, its recipient may hold the last reference to the delegate.
     m_request.tlsDelegate.reset();
     m_promise.addResult(std::move(m_result));
     m_promise.finish();
@@ -232,7 +232,7 @@ std::size_t HttpTransfer::didReceiveHeader(char *bytes, std::size_t size, std::s
         return 0;
     }
     transfer->m_hasHead = true;
-    // Nobody reads the body of a redirect.
+    // The body of a redirect isn't needed.
     return transfer->m_location.isEmpty() ? byteCount : 0;
 }
 
@@ -264,14 +264,15 @@ CURLcode HttpTransfer::didCreateTlsContext(CURL *handle, void *context, void *se
 
 void HttpTransfer::setTls(CURL *handle)
 {
-    // The library has defaults, which it would read for each connection, and add to what it is
-    // given: the certificates are ours.
+    // The library has default locations, which it would read for each connection, and add to what
+    // it is given; only our certificates are used.
     for (const CURLoption option :
          {CURLOPT_CAPATH, CURLOPT_CAINFO, CURLOPT_PROXY_CAPATH, CURLOPT_PROXY_CAINFO})
         curl_easy_setopt(handle, option, nullptr);
-    // Nor may it keep one connection's certificates for the next, since they may have changed.
+    // It also may not reuse one connection's certificates for the next, since they may have
+    // changed.
     curl_easy_setopt(handle, CURLOPT_CA_CACHE_TIMEOUT, 0L);
-    // A resumed session shows no certificate.
+    // In a resumed session, the server presents no certificate.
     curl_easy_setopt(handle, CURLOPT_SSL_SESSIONID_CACHE, 0L);
     curl_easy_setopt(handle, CURLOPT_SSL_CTX_FUNCTION, didCreateTlsContext);
     curl_easy_setopt(handle, CURLOPT_SSL_CTX_DATA, this);
@@ -283,7 +284,7 @@ void HttpTransfer::setHop(HttpHop hop)
     setNames(m_hop.names());
 }
 
-/// Of one behind a proxy, only its host can tell.
+/// For a server behind a proxy, only its host can be judged.
 bool HttpTransfer::isServerPublic() const
 {
     if (m_hop.isProxied())
@@ -294,7 +295,7 @@ bool HttpTransfer::isServerPublic() const
     return m_surroundings.isPublicAddress(reinterpret_cast<const sockaddr &>(address));
 }
 
-/// The library has no other word for it than that there is no memory.
+/// The library reports this only as a lack of memory.
 bool HttpTransfer::isHeadTooLong(CURLcode code) const
 {
     curl_off_t untilRequest = 0;
@@ -303,7 +304,7 @@ bool HttpTransfer::isHeadTooLong(CURLcode code) const
     return untilRequest > 0 && !m_hasHead;
 }
 
-/// What came of a body before is void.
+/// Discards what was received of an earlier body.
 void HttpTransfer::renewBody()
 {
     if (m_body)
@@ -314,7 +315,7 @@ void HttpTransfer::renewBody()
     m_pauses = TransferPauses(timeout());
 }
 
-/// Null also where there is no memory for it: then it isn't read.
+/// Also null if there isn't enough memory: then the body isn't read.
 std::shared_ptr<IncomingBody> HttpTransfer::makeIncomingBody() const
 {
     if (!m_request.bodyReader && m_request.bodyLimit == 0)
@@ -344,7 +345,7 @@ bool HttpTransfer::handOver(QByteArrayView bytes)
     return isTaken;
 }
 
-/// The values of that header, however many lines it has.
+/// The values of the Content-Encoding header, however many lines it has.
 QByteArray HttpTransfer::contentEncoding() const
 {
     QByteArray values;
@@ -366,7 +367,8 @@ void HttpTransfer::resume()
 {
     m_pauses.end(Clock::now());
     setExtraTime(m_pauses.extraTime());
-    // What the library has received meanwhile comes at once, and may pause it again.
+    // The library delivers what it has received meanwhile at once, and may pause the transfer
+    // again.
     curl_easy_pause(handle(), CURLPAUSE_CONT);
 }
 
@@ -375,7 +377,7 @@ Transfer::Clock::time_point HttpTransfer::endOfPause() const
     return m_pauses.limit(deadline(), isLengthKnown());
 }
 
-/// Whether the response announces how long its body is.
+/// Whether the response announces its body's length.
 bool HttpTransfer::isLengthKnown() const
 {
     curl_off_t length = -1;
@@ -388,15 +390,15 @@ bool HttpTransfer::isOverTime() const
     return Clock::now() > deadline() + m_pauses.extraTime();
 }
 
-/// Whether the site would have been in time if we hadn't held it up. A body whose length isn't
-/// announced may have no end.
+/// Whether the site would have been in time if we hadn't delayed it. A body without an announced
+/// length may have no end.
 bool HttpTransfer::isTimeoutOurs(CURLcode code) const
 {
     const bool isTimeout = m_hasBrokenOff || code == CURLE_OPERATION_TIMEDOUT;
     return isTimeout && m_hasBody && isLengthKnown() && m_result.elapsed < timeout();
 }
 
-/// As the library says it where it is the one to break off.
+/// The library's wording if it aborts itself.
 QString HttpTransfer::timeoutText() const
 {
     return u"Operation timed out after %1 milliseconds"_s.arg(

@@ -14,11 +14,11 @@ namespace ostrel {
 class Inbox;
 class WorkQueue;
 
-/// One request, as Network::fetch describes it.
+/// One request, as described at Network::fetch().
 class HttpTransfer final : public Transfer
 {
 public:
-    /// The body is read by way of @p reading, if somebody wants it.
+    /// The body, if it is wanted, is read through @p reading.
     HttpTransfer(HttpRequest request, std::shared_ptr<WorkQueue> reading,
                  std::shared_ptr<Inbox> inbox);
     ~HttpTransfer() override;
@@ -45,7 +45,7 @@ private:
 
     void setTls(CURL *handle);
     void setHop(HttpHop hop);
-    /// Where the head that has arrived redirects to; empty if it doesn't.
+    /// The redirect target in the received head; empty if it doesn't redirect.
     [[nodiscard]] QByteArray locationInHead() const;
     [[nodiscard]] bool isServerPublic() const;
     [[nodiscard]] bool isHeadTooLong(CURLcode code) const;
@@ -55,7 +55,7 @@ private:
 
     void renewBody();
     [[nodiscard]] std::shared_ptr<IncomingBody> makeIncomingBody() const;
-    /// False where the body's reader can't keep up.
+    /// False if the body's reader can't keep up.
     [[nodiscard]] bool handOver(QByteArrayView bytes);
     [[nodiscard]] QByteArray contentEncoding() const;
     void pause();
@@ -68,10 +68,10 @@ private:
     HttpRequest m_request;
     Proxies m_proxies = Proxies::fromEnvironment();
     HttpHop m_hop;
-    bool m_hasHead = false; ///< Whether the hop's response has one that is complete.
-    QByteArray m_location;  ///< Where the hop redirects to; empty if it doesn't.
+    bool m_hasHead = false; ///< Whether the head of the hop's response is complete.
+    QByteArray m_location;  ///< The hop's redirect target; empty if it doesn't redirect.
     int m_redirects = 0;
-    bool m_hasBeenPublic = false; ///< Whether a hop has answered from a public address.
+    bool m_hasBeenPublic = false; ///< Whether a hop's response came from a public address.
     Surroundings m_surroundings;
     QPromise<HttpResult> m_promise;
     HttpResult m_result;
@@ -79,9 +79,9 @@ private:
 
     const std::shared_ptr<WorkQueue> m_reading;
     const std::shared_ptr<Inbox> m_inbox;
-    std::shared_ptr<IncomingBody> m_body; ///< The hop's; null where nobody wants it.
-    bool m_hasBody = false;               ///< Some of it has come.
-    bool m_hasBrokenOff = false;          ///< We have, since the time is over.
+    std::shared_ptr<IncomingBody> m_body; ///< The hop's; null if it isn't wanted.
+    bool m_hasBody = false;               ///< Some of it has arrived.
+    bool m_hasBrokenOff = false;          ///< We aborted, because the time was over.
     TransferPauses m_pauses;
 };
 

@@ -21,7 +21,7 @@ void Inbox::wake()
 
 void Inbox::wakeLocked()
 {
-    // Without one, the thread is still on its way to its first look at the messages.
+    // Without a multi handle, the thread hasn't taken its first messages yet.
     if (m_multi)
         curl_multi_wakeup(m_multi.get());
 }
@@ -30,7 +30,7 @@ void Inbox::replaceMulti()
 {
     const std::lock_guard lock(m_mutex);
     m_multi.reset(curl_multi_init());
-    // Whoever has posted something since the messages were taken has woken the old one, or none.
+    // A message posted since the last take() has woken the old handle, or none.
     wakeLocked();
 }
 

@@ -8,26 +8,26 @@
 
 namespace ostrel {
 
-/// What other threads have for the I/O thread, and the multi handle that it waits with. Outlives
-/// that thread wherever another still holds it.
+/// Other threads' messages for the I/O thread, and the multi handle that it waits with. Outlives
+/// that thread if another thread still holds it.
 class Inbox
 {
 public:
     /// Runs on the I/O thread, between two turns of its loop.
     using Message = std::function<void()>;
 
-    /// Any thread. Dropped where the I/O thread has ended.
+    /// Any thread. The message is dropped if the I/O thread has ended.
     void post(Message message);
-    /// Has the thread make a turn of its loop. Any thread.
+    /// Makes the thread run a turn of its loop. Any thread.
     void wake();
 
-    // The rest is the I/O thread's.
+    // The functions below are for the I/O thread only.
 
     /// Null before replaceMulti().
     [[nodiscard]] CURLM *multi() const { return m_multi.get(); }
     void replaceMulti();
     [[nodiscard]] std::deque<Message> take();
-    /// The thread ends: nothing more is taken.
+    /// The thread ends: further messages are dropped.
     void close();
 
 private:

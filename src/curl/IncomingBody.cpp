@@ -11,10 +11,11 @@ namespace ostrel {
 
 namespace {
 
-/// More than comes in while the others have their turns, and little beside a hundred transfers.
+/// More than arrives during the other bodies' turns, and little compared with a hundred transfers.
 constexpr qsizetype longestQueue = qsizetype(1024) * 1024;
 constexpr qsizetype sliceSize = qsizetype(64) * 1024;
-/// How much of a slice is decoded before others have their turn, in pieces of the slice's size.
+/// How much is decoded of a slice before other bodies have their turn, in multiples of the slice's
+/// size.
 constexpr int decodedPieces = 4;
 
 } // namespace
@@ -136,7 +137,7 @@ IncomingBody::Progress IncomingBody::readSlice()
     return progress;
 }
 
-/// False where nothing waits.
+/// False if nothing is waiting.
 bool IncomingBody::takeInput()
 {
     const std::lock_guard lock(m_mutex);

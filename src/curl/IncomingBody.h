@@ -15,19 +15,19 @@ class BodyReader;
 class Inbox;
 class WorkQueue;
 
-/// Who wants a body, and how much of it.
+/// What to do with a body, and how much of it to keep.
 struct BodyWish
 {
     std::shared_ptr<BodyReader> reader; ///< May be null.
-    qsizetype limit = 0;                ///< How much to keep, in bytes after decoding.
+    qsizetype limit = 0;                ///< Upper bound for the kept part, in bytes after decoding.
 };
 
-/// One response's body on its way from the I/O thread, which only hands the bytes over, to a thread
-/// that decodes, reads and keeps them. That takes them in slices, by turns with other bodies, so
-/// that none holds up another however much it decodes to.
+/// Passes one response's body from the I/O thread, which only hands the bytes over, to a thread
+/// that decodes, reads and keeps them. That thread handles slices of several bodies in turns, so
+/// that none delays another, however much it decodes to.
 ///
-/// The functions are the I/O thread's; none of them throws, or waits for the other thread. What it
-/// needs it has a share in, since it may outlive the network.
+/// The functions are called on the I/O thread; none of them throws, or waits for the other thread.
+/// It shares ownership of what it needs, since it may outlive the network.
 class IncomingBody : public std::enable_shared_from_this<IncomingBody>
 {
 public:
@@ -35,20 +35,20 @@ public:
     {
         QByteArray kept;
         bool isTruncated = true;
-        bool isWhole = false; ///< All of it was decoded, and read if somebody wanted that.
+        bool isWhole = false; ///< All of it was decoded, and read if there is a reader.
     };
 
     IncomingBody(BodyWish wish, std::shared_ptr<WorkQueue> queue, std::shared_ptr<Inbox> inbox);
 
-    /// What the response's header says; before the first bytes.
+    /// Sets the response header's value; call before the first bytes.
     void setEncoding(QByteArray contentEncoding) { m_encoding = std::move(contentEncoding); }
     /// Takes the next bytes. False if too many are waiting already; the I/O thread is woken when
     /// there is room again.
     [[nodiscard]] bool offer(QByteArrayView bytes);
     [[nodiscard]] bool hasRoom() const;
-    /// No more bytes come. The I/O thread is woken when the last is read.
+    /// No more bytes come. The I/O thread is woken when the last have been read.
     void complete();
-    /// What still waits, or comes, is dropped.
+    /// Drops waiting and further bytes.
     void giveUp();
 
     /// Whether nothing more will be read.
@@ -73,7 +73,7 @@ private:
     void goOnLocked(Progress progress);
     void concludeLocked();
 
-    // For both threads.
+    // Shared by both threads.
     mutable std::mutex m_mutex;
     std::deque<QByteArray> m_waiting;
     qsizetype m_waitingSize = 0;
@@ -82,15 +82,15 @@ private:
     bool m_isAtWork = false;
     bool m_isOver = false;
 
-    // Of the reading thread, and of the other once it's over.
+    // Used by the reading thread, and by the I/O thread once it's over.
     const BodyWish m_wish;
     QByteArray m_encoding; ///< Set before the first work is posted.
     bool m_hasBegun = false;
     QByteArray m_slice;
-    QByteArrayView m_input; ///< What is left of the slice.
+    QByteArrayView m_input; ///< The unread rest of the slice.
     std::unique_ptr<ContentDecoder> m_decoder;
     std::vector<char> m_decoded;
-    bool m_isCut = false; ///< More came than is kept.
+    bool m_isCut = false; ///< More arrived than is kept.
     Outcome m_outcome;
 
     const std::shared_ptr<WorkQueue> m_queue;

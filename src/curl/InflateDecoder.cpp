@@ -87,7 +87,7 @@ MemberDecoder::Member InflateDecoder::inflateSome(QByteArrayView &input, std::sp
     const std::size_t count = output.size() - m_stream.avail_out;
     if (code == Z_STREAM_END)
         return {{count, State::ready}, true};
-    // Z_BUF_ERROR: nothing could be done, for want of input.
+    // Z_BUF_ERROR: no progress, because input is missing.
     if (code != Z_OK && code != Z_BUF_ERROR)
         return {{count, State::damaged}, false};
     return {{count, m_stream.avail_out == 0 ? State::ready : State::starved}, false};

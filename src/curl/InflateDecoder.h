@@ -21,13 +21,13 @@ protected:
     void beginAnother() override;
 
 private:
-    /// False where more has to be seen of @p input first.
+    /// False if it needs more of @p input first.
     [[nodiscard]] bool open(QByteArrayView &input);
     [[nodiscard]] Member inflateSome(QByteArrayView &input, std::span<char> output);
 
     const Format m_format;
     bool m_isOpen = false;
-    QByteArray m_beginning; ///< What was read to see whether there is a frame.
+    QByteArray m_beginning; ///< The bytes read to detect whether there is a frame.
     z_stream m_stream{};
 };
 

@@ -11,12 +11,12 @@ using namespace std::chrono;
 
 namespace {
 
-/// Setting up a transfer takes some 0.1 ms, during which no other is served: so few at a time that
-/// waiting for them doesn't show in a measured time, and so many that the turns of the loop, each
-/// of which looks at every transfer, don't cost more than the transfers.
+/// Setting up a transfer takes some 0.1 ms, during which no other is served. Few enough at a time
+/// that waiting for them doesn't show in a measured time, and enough that the turns of the loop,
+/// each of which visits every transfer, don't cost more than the transfers.
 constexpr int admissionsPerTurn = 4;
 
-/// Ready sockets go before admissions, but may not hold them up for ever.
+/// Ready sockets take precedence over admissions, but may not block them for ever.
 constexpr auto longestWithoutAdmission = milliseconds(5);
 
 void initializeLibrary()
@@ -25,7 +25,8 @@ void initializeLibrary()
     Q_UNUSED(code)
 }
 
-/// A peer that has gone is an error of its own transfer's, not the end of the program.
+/// If a peer closes a connection, its transfer gets an error, instead of a signal that ends the
+/// program.
 void blockBrokenPipeSignal()
 {
     sigset_t signals;
@@ -58,7 +59,7 @@ IoThread::~IoThread()
 
 void IoThread::submit(std::unique_ptr<Transfer> transfer)
 {
-    // Shared, since messages can be copied.
+    // Shared, since messages are copyable.
     const auto held = std::make_shared<std::unique_ptr<Transfer>>(std::move(transfer));
     m_inbox->post([this, held] { queue(std::move(*held)); });
 }
@@ -72,7 +73,8 @@ void IoThread::dropConnections()
 void IoThread::run()
 {
     blockBrokenPipeSignal();
-    // Here, since it takes milliseconds, which the start of a program doesn't have.
+    // Initialized on this thread, since it takes milliseconds, which would delay the program's
+    // start.
     initializeLibrary();
     m_inbox->replaceMulti();
     while (!m_shallStop) {
@@ -110,7 +112,8 @@ void IoThread::queue(std::unique_ptr<Transfer> transfer)
 
 void IoThread::readCertificates()
 {
-    // What comes while they are read gets a reading of its own, so that it sees what has changed.
+    // A transfer that arrives during a reading gets a reading of its own, so that it sees later
+    // changes.
     m_certificateReader.post([this, inbox = m_inbox, certificates = m_trustedCertificates] {
         TrustedCertificates::Store store = certificates->current();
         inbox->post([this, store] { didReadCertificates(store); });
@@ -121,7 +124,7 @@ void IoThread::didReadCertificates(TrustedCertificates::Store certificates)
 {
     m_surroundings.certificates = std::move(certificates);
     if (m_needingCertificates.empty())
-        return; // What they were read for has been dropped.
+        return; // The transfer that they were read for has been dropped.
     std::unique_ptr<Transfer> transfer = std::move(m_needingCertificates.front());
     m_needingCertificates.pop_front();
     m_admissions.push(std::move(transfer));
@@ -148,11 +151,11 @@ void IoThread::serve()
 
 void IoThread::endFinished()
 {
-    // Once for all: ending one takes time that isn't the next one's.
+    // Read once for all: the time it takes to end one transfer isn't the next one's.
     const auto now = Clock::now();
     int messagesLeft = 0;
     while (const CURLMsg *message = curl_multi_info_read(m_inbox->multi(), &messagesLeft)) {
-        // The message dies with the handle's membership.
+        // The message becomes invalid when the handle is removed.
         const CURLcode code = message->data.result;
         auto finished = m_running.extract(message->easy_handle);
         curl_multi_remove_handle(m_inbox->multi(), finished.key());

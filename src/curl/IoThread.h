@@ -20,8 +20,8 @@ namespace ostrel {
 
 /// The one thread on which all of the network's work is done, and measured.
 ///
-/// The way of a transfer: it waits for the certificates, if it needs them; it waits to be admitted;
-/// its names are looked up; it runs; and goes back to the beginning if there is another hop. A
+/// The steps of a transfer: it waits for the certificates, if it needs them; it waits for
+/// admission; its names are looked up; it runs; and it starts over if there is another hop. A
 /// bounded number of transfers runs at once, and the clock of each starts when it is admitted.
 class IoThread
 {
@@ -34,7 +34,7 @@ public:
 
     /// Any thread.
     void submit(std::unique_ptr<Transfer> transfer);
-    /// As Network::dropConnections says. Any thread.
+    /// See Network::dropConnections(). Any thread.
     void dropConnections();
     /// For other threads that work for transfers; may outlive the I/O thread.
     [[nodiscard]] std::shared_ptr<Inbox> inbox() const { return m_inbox; }
@@ -52,9 +52,9 @@ private:
     void endFinished();
     void end(std::unique_ptr<Transfer> transfer, CURLcode code, Clock::time_point now);
     void concludeEnded();
-    /// The number of sockets that are ready, or none when the time has come for something else.
+    /// Waits, and returns the number of ready sockets; 0 if something else is due.
     [[nodiscard]] int waitForWork();
-    /// In milliseconds, for the library.
+    /// How long to wait, in milliseconds.
     [[nodiscard]] int patience() const;
     [[nodiscard]] Clock::time_point nextTurn() const;
 
@@ -70,16 +70,16 @@ private:
     const IoThreadConfiguration m_configuration;
 
     std::shared_ptr<Inbox> m_inbox = std::make_shared<Inbox>();
-    std::atomic<bool> m_shallDrop = false; ///< Whether a message says so. Any thread.
+    std::atomic<bool> m_shallDrop = false; ///< Whether a message to drop all is queued. Any thread.
     bool m_shallStop = false;
 
-    std::shared_ptr<TrustedCertificates> m_trustedCertificates; ///< Of m_certificateReader.
+    std::shared_ptr<TrustedCertificates> m_trustedCertificates; ///< Used by m_certificateReader.
     Surroundings m_surroundings;
 
     std::deque<std::unique_ptr<Transfer>> m_needingCertificates;
     AdmissionQueue m_admissions;
     std::unordered_map<CURL *, std::unique_ptr<Transfer>> m_running;
-    std::vector<std::unique_ptr<Transfer>> m_ended; ///< Which have something to wait for yet.
+    std::vector<std::unique_ptr<Transfer>> m_ended; ///< Those that still wait for something.
     Clock::time_point m_lastAdmission;
 
     WorkThread m_certificateReader;

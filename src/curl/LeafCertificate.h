@@ -6,9 +6,9 @@ namespace ostrel {
 
 class TlsDelegate;
 
-/// Has every verification under @p context tell @p delegate when the server's leaf certificate
-/// ends, whether or not the certificate is then trusted. What is trusted doesn't change. The
-/// delegate outlives the context's connections; it hears nothing where the date can't be read.
+/// Makes every verification under @p context report the expiry of the server's leaf certificate to
+/// @p delegate, whether or not the certificate is then trusted. What is trusted doesn't change. The
+/// delegate must outlive the context's connections; it isn't called if the date can't be read.
 void reportLeafCertificate(SSL_CTX *context, TlsDelegate &delegate);
 
 } // namespace ostrel

@@ -6,8 +6,8 @@
 
 namespace ostrel {
 
-/// Decodes a format whose files may follow each other, as gzip's members do. What comes behind them
-/// and is no member is passed over.
+/// Decodes a format in which several members may follow each other, as in gzip. Data after them
+/// that isn't a member is ignored.
 class MemberDecoder : public ContentDecoder
 {
 public:
@@ -15,7 +15,7 @@ public:
     [[nodiscard]] bool isComplete() const final { return m_place != Place::inside; }
 
 protected:
-    /// @p headSize is how many bytes show whether another member follows; 0 if none ever does.
+    /// @p headSize is the number of bytes that identify another member; 0 if none ever follows.
     explicit MemberDecoder(qsizetype headSize)
         : m_headSize(headSize)
     {
@@ -26,11 +26,11 @@ protected:
         Decoded decoded;
         bool hasEnded;
     };
-    /// As decode(), until the member's end.
+    /// Like decode(), until the member's end.
     [[nodiscard]] virtual Member decodeMember(QByteArrayView &input, std::span<char> output) = 0;
-    /// Whether a member may begin with @p bytes, of which there are headSize at most.
+    /// Whether a member may begin with @p bytes, which are at most headSize.
     [[nodiscard]] virtual bool isHead(QByteArrayView bytes) const = 0;
-    /// Another member begins.
+    /// Prepares for another member.
     virtual void beginAnother() = 0;
 
 private:
@@ -41,7 +41,7 @@ private:
 
     const qsizetype m_headSize;
     Place m_place = Place::before;
-    QByteArray m_head; ///< What was read of a member to see that it is one.
+    QByteArray m_head; ///< The bytes read to identify a member.
 };
 
 } // namespace ostrel

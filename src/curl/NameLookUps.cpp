@@ -26,7 +26,7 @@ sockaddr_storage addressOf(const addrinfo &entry)
     return address;
 }
 
-/// Blocks, for as long as the resolver likes.
+/// Blocks for as long as the resolver takes.
 Addresses addressesOf(const QByteArray &name)
 {
     addrinfo hints{};
@@ -70,7 +70,7 @@ std::shared_ptr<const LookUp> NameLookUps::begin(const QByteArray &name)
 void NameLookUps::start(const std::shared_ptr<LookUp> &lookUp)
 {
     ++m_threads;
-    // What runs on the I/O thread does so only while there is one, and this with it.
+    // The message runs on the I/O thread, so only as long as that and this object exist.
     const auto tell = [this, inbox = m_inbox, lookUp](const Addresses &addresses) {
         inbox->post([this, lookUp, addresses] { didEnd(lookUp, addresses); });
     };

@@ -12,7 +12,7 @@ namespace ostrel {
 
 class Inbox;
 
-/// One look-up of a name, in both families of addresses.
+/// One look-up of a name, in both address families.
 struct LookUp
 {
     using Clock = std::chrono::steady_clock;
@@ -20,27 +20,27 @@ struct LookUp
     QByteArray name;
     Clock::time_point start;
     bool isFinished = false;
-    std::vector<sockaddr_storage> addresses; ///< In the resolver's order. None if it failed.
+    std::vector<sockaddr_storage> addresses; ///< In the resolver's order. Empty if it failed.
 };
 
-/// Looks up names on threads of its own: one for each look-up, since nothing makes a resolver give
-/// up before its time. All of them are counted, also those for which nobody waits any more.
+/// Looks up names on threads of its own: one for each look-up, since a resolver can't be made to
+/// give up early. All threads are counted, even if no transfer waits for them any more.
 ///
-/// Belongs to the I/O thread. Look-ups that outlive it end unheard.
+/// Belongs to the I/O thread. The results of look-ups that outlive it are dropped.
 class NameLookUps
 {
 public:
-    /// Threads tell of their ends through @p inbox.
+    /// Threads report their ends through @p inbox.
     NameLookUps(std::shared_ptr<Inbox> inbox, std::size_t maxThreads);
 
-    /// Whether begin() would keep to the bound.
+    /// Whether begin() would stay within the bound.
     [[nodiscard]] bool canBegin(const QByteArray &name) const;
 
-    /// The look-up of @p name that is under way, also where nobody waits for it any more, or else a
-    /// new one, whatever the bound.
+    /// Returns the look-up of @p name that is in progress, even if no transfer waits for it any
+    /// more, or else starts a new one, regardless of the bound.
     [[nodiscard]] std::shared_ptr<const LookUp> begin(const QByteArray &name);
 
-    /// What is under way is worthless from now on, and is joined by nobody.
+    /// Look-ups in progress are worthless from now on: begin() no longer returns them.
     void forget() { m_underWay.clear(); }
 
 private:

@@ -97,7 +97,7 @@ bool isProxyException(const QByteArray &exceptions, const QByteArray &host)
 Proxies Proxies::fromEnvironment()
 {
     const QByteArray forAll = variable({"all_proxy", "ALL_PROXY"});
-    // Not HTTP_PROXY, which a web server sets from a header of a request's.
+    // Not HTTP_PROXY, which a web server sets from a request's header.
     const QByteArray forHttp = variable({"http_proxy"});
     const QByteArray forHttps = variable({"https_proxy", "HTTPS_PROXY"});
     Proxies proxies;

@@ -7,14 +7,14 @@ namespace ostrel {
 class WebAddress;
 
 /// The proxies that the environment names: http_proxy, https_proxy and all_proxy, and in no_proxy
-/// the hosts that none serves; all but the first in small letters or in capitals.
+/// the hosts that don't use one. All but the first may be in small letters or in capitals.
 class Proxies
 {
 public:
     [[nodiscard]] static Proxies fromEnvironment();
 
-    /// The proxy that serves a request of @p address, as the environment has it; empty for none.
-    /// None ever serves this computer's own addresses: another computer takes them for its own.
+    /// The proxy for a request to @p address, as in the environment; empty if there is none. This
+    /// computer's own addresses never use one: another computer would take them for its own.
     [[nodiscard]] QByteArray proxyFor(const WebAddress &address) const;
 
 private:
@@ -23,8 +23,8 @@ private:
     QByteArray m_exceptions;
 };
 
-/// Whether @p exceptions, a list in the form of no_proxy, holds @p host: as a name, as the end of a
-/// name, as an address, as a block of addresses ("10.0.0.0/8"), or because it is "*".
+/// Whether @p exceptions, a list in the form of no_proxy, contains @p host: as a name, as the end
+/// of a name, as an address, as a block of addresses ("10.0.0.0/8"), or because it is "*".
 [[nodiscard]] bool isProxyException(const QByteArray &exceptions, const QByteArray &host);
 
 } // namespace ostrel

@@ -17,7 +17,7 @@ void TcpTransfer::setUp(CURL *handle)
 {
     curl_easy_setopt(handle, CURLOPT_URL, m_target.text().constData());
     curl_easy_setopt(handle, CURLOPT_CONNECT_ONLY, 1L);
-    // Neither one that the environment names: that would connect to the proxy.
+    // Also ignores a proxy that the environment names: that would connect to the proxy.
     curl_easy_setopt(handle, CURLOPT_PROXY, "");
 }
 

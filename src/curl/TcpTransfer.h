@@ -7,11 +7,11 @@
 
 namespace ostrel {
 
-/// One attempt to connect, as Network::connect describes it.
+/// One attempt to connect, as described at Network::connect().
 class TcpTransfer final : public Transfer
 {
 public:
-    /// @p target names the host and the port.
+    /// @p target has the host and the port.
     TcpTransfer(WebAddress target, std::chrono::milliseconds timeout);
 
     [[nodiscard]] QFuture<TcpResult> future() const { return m_promise.future(); }

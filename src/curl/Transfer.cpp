@@ -20,7 +20,7 @@ namespace {
 /// The library counts milliseconds in an int.
 constexpr milliseconds longestTimeout(std::numeric_limits<int>::max() - 1000);
 
-/// The library rounds what has passed up or down: without the extra millisecond it may give up
+/// The library rounds the elapsed time up or down: without the extra millisecond it may give up
 /// before the time is over.
 long optionFor(milliseconds timeout)
 {
@@ -37,7 +37,7 @@ QByteArray textOf(const sockaddr_storage &address)
     return inet_ntop(address.ss_family, bytes, text.data(), text.size());
 }
 
-/// As the library reads it: "host:port:address,address".
+/// In the library's format: "host:port:address,address".
 QByteArray entryFor(const Place &place, const std::vector<sockaddr_storage> &addresses)
 {
     QByteArrayList texts;
@@ -124,7 +124,7 @@ void Transfer::setErrorText(const QByteArray &text)
     qstrncpy(m_errorBuffer.data(), text.constData(), m_errorBuffer.size());
 }
 
-/// The library knows of the last hop's time only, and not of that of a look-up.
+/// The library knows only the last hop's time, and not that of a look-up.
 void Transfer::countWholeTime(Clock::time_point now)
 {
     if (m_lastBeginning - m_clockStart < milliseconds(1))
@@ -143,13 +143,13 @@ curl_socket_t Transfer::openSocket(void *self, curlsocktype purpose, curl_sockad
         return CURL_SOCKET_BAD;
     transfer->restoreScope(*address);
     const int number = socket(address->family, address->socktype, address->protocol);
-    // Programs that this one starts have no use for it.
+    // Child processes must not inherit it.
     fcntl(number, F_SETFD, FD_CLOEXEC);
     return number;
 }
 
-/// A link-local address is worth nothing without its network interface, which the library doesn't
-/// hand on.
+/// A link-local address is useless without its network interface, which the library doesn't pass
+/// on.
 void Transfer::restoreScope(curl_sockaddr &address) const
 {
     if (address.family != AF_INET6)
@@ -174,8 +174,8 @@ void Transfer::setCommonOptions()
     curl_easy_setopt(easy, CURLOPT_OPENSOCKETFUNCTION, openSocket);
     curl_easy_setopt(easy, CURLOPT_OPENSOCKETDATA, this);
     curl_easy_setopt(easy, CURLOPT_DNS_CACHE_TIMEOUT, 0L);
-    // Should a look-up be left to the library after all: without it, giving up on one waits for the
-    // resolver's own time-out and holds up every other transfer.
+    // In case a look-up is left to the library after all: without this, giving up on one waits for
+    // the resolver's own time-out and blocks every other transfer.
     curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
 }
 
@@ -183,7 +183,7 @@ void Transfer::setTimeout(milliseconds timeout)
 {
     const long count = optionFor(timeout);
     curl_easy_setopt(m_handle.get(), CURLOPT_TIMEOUT_MS, count);
-    // The library's own bound of five minutes may be shorter than the whole time-out.
+    // The library's own limit of five minutes may be shorter than the whole time-out.
     curl_easy_setopt(m_handle.get(), CURLOPT_CONNECTTIMEOUT_MS, count);
 }
 
@@ -202,8 +202,8 @@ void Transfer::setAddresses(const LookUps &lookUps)
         keepAddressesApart();
 }
 
-/// The library keeps the addresses that it is given for as long as their cache lives: it is this
-/// transfer's alone.
+/// The library keeps the addresses that it is given as long as their cache lives: this cache is
+/// this transfer's alone.
 void Transfer::keepAddressesApart()
 {
     if (!m_addressCache) {
@@ -221,9 +221,9 @@ milliseconds Transfer::timeLeft() const
 
 microseconds Transfer::elapsed(CURLcode code, Clock::time_point now) const
 {
-    // The library's clock stops when a transfer succeeds; ours also counts the others that were
-    // served in the same turn of the loop. But the library's isn't stopped by every failure: after
-    // a failed look-up it shows the time at which the look-up began.
+    // The library's clock stops when a transfer succeeds; ours would include the other transfers
+    // served in the same turn of the loop. But not every failure stops the library's clock: after a
+    // failed look-up it shows the time at which the look-up began.
     if (code != CURLE_OK)
         return duration_cast<microseconds>(now - m_clockStart);
     curl_off_t sinceLastBeginning = 0;

@@ -16,20 +16,19 @@
 
 namespace ostrel {
 
-/// What every transfer finds on the I/O thread.
+/// What the I/O thread provides to every transfer.
 struct Surroundings
 {
-    /// As they are when the transfer begins, if it needs them. May be null: then nothing is
-    /// trusted.
+    /// As of the transfer's beginning, if it needs them. May be null: then nothing is trusted.
     TrustedCertificates::Store certificates;
     AddressJudge isPublicAddress;
 };
 
 /// One exchange with the network, from its admission to its end, in one hop or several. Belongs to
-/// the I/O thread once it has been submitted; whoever destroys it before its end cancels it.
+/// the I/O thread once it has been submitted; destroying it before its end cancels it.
 ///
-/// Its clock runs from each admission until it ends or has to wait for another: what waits in our
-/// own queue spends nothing.
+/// Its clock runs from each admission until it ends or has to wait for another: time in our own
+/// queue isn't counted.
 class Transfer
 {
 public:
@@ -44,30 +43,30 @@ public:
     using Names = std::vector<Name>;
     using LookUps = std::vector<std::shared_ptr<const LookUp>>;
 
-    /// A @p timeout that is no time at all is the shortest one, never "none"; one of more than 24
-    /// days is 24 days.
+    /// A @p timeout of zero or less becomes the shortest one, never "none"; one of more than 24
+    /// days becomes 24 days.
     explicit Transfer(std::chrono::milliseconds timeout);
     Transfer(const Transfer &) = delete;
     Transfer &operator=(const Transfer &) = delete;
     virtual ~Transfer() = default;
 
-    /// Of the next hop. Empty where the library needs no resolver.
+    /// The names that the next hop needs. Empty if it needs no resolver.
     [[nodiscard]] const Names &names() const { return m_names; }
-    /// Whether the next hop may be one over TLS.
+    /// Whether the next hop may use TLS.
     [[nodiscard]] virtual bool needsCertificates() const { return false; }
 
-    /// The clock starts, or goes on.
+    /// Starts the clock, or continues it.
     void admit();
     [[nodiscard]] Clock::time_point admission() const { return m_lastAdmission; }
     /// Whether the clock has run before.
     [[nodiscard]] bool isUnderWay() const { return m_spent > Clock::duration::zero(); }
 
     /// Sets up the next hop's handle, which belongs to the transfer. @p lookUps are finished, those
-    /// of names() in their order. Null where there is no memory for one.
+    /// of names() in their order. Null if there isn't enough memory.
     [[nodiscard]] CURL *begin(const Surroundings &surroundings, const LookUps &lookUps);
 
-    /// A hop has ended with @p code, and its handle has left its multi handle. True where another
-    /// follows: the clock then stands still until that is admitted.
+    /// A hop has ended with @p code, and its handle has been removed from its multi handle. True if
+    /// another hop follows: the clock then stops until that is admitted.
     [[nodiscard]] bool goesOn(CURLcode code);
 
     /// When the time-out will have passed.
@@ -77,17 +76,17 @@ public:
     /// A turn of the I/O thread's loop begins.
     virtual void didBeginTurn() {}
 
-    /// When it wants a turn even if nothing happens until then.
+    /// When it needs a turn even if nothing happens until then.
     [[nodiscard]] virtual Clock::time_point nextTurn() const { return Clock::time_point::max(); }
 
-    /// Reports the outcome to whoever waits for it. The transfer was found to have ended at @p now.
+    /// Reports the outcome. The transfer was found to have ended at @p now.
     void end(CURLcode code, Clock::time_point now);
-    /// The same, while a look-up is under way or because it has failed.
+    /// The same for a failed look-up, and for a time-out during a look-up.
     void endWithoutAddress(const Name &name);
     void endInLookUp();
 
-    /// Called after end(), until it's true: whether the outcome is reported. It may have to wait
-    /// for what other threads do with what has come.
+    /// Called after end(), until it returns true: whether the outcome is reported. It may have to
+    /// wait until other threads have processed what was received.
     [[nodiscard]] virtual bool conclude(Clock::time_point now)
     {
         Q_UNUSED(now)
@@ -95,8 +94,8 @@ public:
     }
 
 protected:
-    /// Sets the options of @p handle, beyond those that every transfer has, for a first or another
-    /// beginning.
+    /// Sets options of @p handle, beyond those common to all transfers, once when the handle is
+    /// created.
     virtual void setUp(CURL *handle) = 0;
     /// The same for each hop, the first one included.
     virtual void setUpHop(CURL *handle, const Surroundings &surroundings)
@@ -104,7 +103,7 @@ protected:
         Q_UNUSED(handle)
         Q_UNUSED(surroundings)
     }
-    /// Chooses the next hop after one that has ended with @p code. False where there is none.
+    /// Chooses the next hop after one that has ended with @p code. False if there is none.
     virtual bool takeNextHop(CURLcode code)
     {
         Q_UNUSED(code)
@@ -121,7 +120,7 @@ protected:
     void setNames(Names names) { m_names = std::move(names); }
     [[nodiscard]] CURL *handle() const { return m_handle.get(); }
     [[nodiscard]] std::chrono::milliseconds timeout() const { return m_timeout; }
-    /// Has the library wait so much longer than the time-out.
+    /// Makes the library wait this much longer than the time-out.
     void setExtraTime(std::chrono::milliseconds extra);
     /// What went wrong, in the library's words.
     [[nodiscard]] QString errorText(CURLcode code) const;
@@ -141,12 +140,12 @@ private:
 
     std::chrono::milliseconds m_timeout;
     Names m_names;
-    Clock::duration m_spent{0};     ///< Until the clock last stood still.
-    Clock::time_point m_clockStart; ///< Of the whole, if the clock had never stood still.
+    Clock::duration m_spent{0};     ///< The clock's time when it last stopped.
+    Clock::time_point m_clockStart; ///< When the clock would have started if it had never stopped.
     Clock::time_point m_lastAdmission;
     Clock::time_point m_lastBeginning;
-    std::vector<sockaddr_storage> m_addresses; ///< Those that the hop's look-ups have found.
-    // These outlive the handle, which uses them.
+    std::vector<sockaddr_storage> m_addresses; ///< The addresses found by the hop's look-ups.
+    // These must outlive the handle, which uses them.
     std::array<char, CURL_ERROR_SIZE> m_errorBuffer{};
     CurlList m_resolved;
     CurlShare m_addressCache;

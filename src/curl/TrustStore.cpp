@@ -11,7 +11,7 @@ namespace ostrel {
 
 namespace {
 
-/// Whether the folder at @p path holds a certificate under the name that OpenSSL looks for: eight
+/// Whether the folder at @p path has a certificate under a name that OpenSSL looks for: eight
 /// hexadecimal digits of the subject's hash, a dot, a number.
 bool isHashedDirectory(const QByteArray &path)
 {
@@ -29,7 +29,7 @@ TrustStore TrustStore::system()
         return chosen;
 
     const curl_version_info_data *library = curl_version_info(CURLVERSION_NOW);
-    // Never both: libcurl then reads the whole bundle anew for every connection, which costs some
+    // Never both: libcurl then reads the whole bundle again for every connection, which costs some
     // 40 ms of CPU on the I/O thread.
     if (isHashedDirectory(library->capath))
         return {.directory = library->capath, .file = {}};

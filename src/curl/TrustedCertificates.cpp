@@ -12,7 +12,7 @@ using namespace std::chrono;
 
 namespace {
 
-/// A pipe or a device would keep its reader waiting.
+/// Reading from a pipe or a device could block.
 bool isRegularFile(const QByteArray &path)
 {
     struct stat status = {};
@@ -42,7 +42,7 @@ TrustedCertificates::TrustedCertificates(TrustStore places)
 
 TrustedCertificates::Store TrustedCertificates::current()
 {
-    // Before they are read, so that what changes meanwhile is read once more.
+    // Before they are read, so that files that change meanwhile are read again.
     std::vector<State> now = states();
     if (!m_store || now != m_states) {
         m_store = read();
@@ -56,8 +56,7 @@ TrustedCertificates::State TrustedCertificates::stateOf(const QByteArray &path)
     struct stat status = {};
     if (stat(path.constData(), &status) != 0)
         return {};
-    // The time of change, since it also moves on when a file becomes readable, and nobody sets it
-    // back.
+    // The ctime, since it also advances when a file becomes readable, and is never set back.
     return {.device = status.st_dev,
             .inode = status.st_ino,
             .size = status.st_size,
@@ -77,12 +76,12 @@ TrustedCertificates::Store TrustedCertificates::read() const
     Store store(X509_STORE_new(), X509_STORE_free);
     if (!store)
         return store;
-    // An authority of ours before one that a server sends, and an intermediate that is trusted
-    // needs no root: as the library itself does it.
+    // Prefers our authorities to those that a server sends, and accepts a trusted intermediate
+    // without its root, like the library itself.
     X509_STORE_set_flags(store.get(), X509_V_FLAG_TRUSTED_FIRST | X509_V_FLAG_PARTIAL_CHAIN);
     addFile(store.get(), m_places.file);
     addDirectory(store.get(), m_places.directory);
-    // What couldn't be read shows in the verifications.
+    // Verifications will show what couldn't be read.
     ERR_clear_error();
     return store;
 }

@@ -23,19 +23,19 @@ public:
 
     explicit TrustedCertificates(TrustStore places);
 
-    /// What the files hold now: another store each time one of them has changed. Where a bundle
+    /// The current content of the files: a new store each time one of them has changed. If a bundle
     /// can't be read, its certificates aren't trusted. Reading a bundle of a hundred and forty
-    /// takes a tenth of a second; a hashed directory is read as needed, one certificate at a time.
-    /// Null if there is no memory.
+    /// certificates takes a tenth of a second; a hashed directory is read on demand, one
+    /// certificate at a time. Null if there isn't enough memory.
     [[nodiscard]] Store current();
 
 private:
-    /// What tells one content of a file or a directory from another, so that it needn't be read.
+    /// Identifies the content of a file or a directory, so that it needn't be read.
     struct State
     {
         quint64 device = 0;
         quint64 inode = 0;
-        qint64 size = -1; ///< Negative where there is nothing.
+        qint64 size = -1; ///< Negative if there is nothing.
         std::chrono::nanoseconds change{0};
 
         friend bool operator==(const State &, const State &) = default;
@@ -47,7 +47,7 @@ private:
 
     TrustStore m_places;
     QByteArrayList m_paths;
-    std::vector<State> m_states; ///< Of m_store's reading.
+    std::vector<State> m_states; ///< The state when m_store was read.
     Store m_store;
 };
 

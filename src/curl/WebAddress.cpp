@@ -20,7 +20,7 @@ QByteArray withoutBrackets(const QByteArray &host)
     return host.startsWith('[') ? host.sliced(1, host.size() - 2) : host;
 }
 
-/// With the library's own allowances.
+/// Accepts the same deviations as the library's own redirects.
 CURLUcode redirect(CURLU *url, const QByteArray &location)
 {
     return curl_url_set(url, CURLUPART_URL, location.constData(),

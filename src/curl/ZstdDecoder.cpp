@@ -8,7 +8,8 @@ namespace ostrel {
 namespace {
 
 constexpr QByteArrayView magic("\x28\xb5\x2f\xfd");
-/// Of frames that hold nothing for us (RFC 8878, 3.1.2), behind a byte from 0x50 to 0x5f.
+/// The rest, after a byte from 0x50 to 0x5f, of the magic number of skippable frames (RFC 8878,
+/// 3.1.2).
 constexpr QByteArrayView skippableMagic("\x2a\x4d\x18");
 constexpr int largestWindowLog = 23;
 
@@ -46,7 +47,7 @@ bool ZstdDecoder::isHead(QByteArrayView bytes) const
     return magic.startsWith(bytes) || (isSkippable && skippableMagic.startsWith(bytes.sliced(1)));
 }
 
-/// The library sees to that by itself.
+/// The library does this by itself.
 void ZstdDecoder::beginAnother() {}
 
 } // namespace ostrel

@@ -6,7 +6,7 @@ struct ZSTD_DCtx_s;
 
 namespace ostrel {
 
-/// Decodes "zstd", of frames with windows of up to 8 MiB, which is what HTTP allows (RFC 9659).
+/// Decodes "zstd" frames with windows of up to 8 MiB, the limit for HTTP (RFC 9659).
 class ZstdDecoder final : public MemberDecoder
 {
 public:

@@ -5,8 +5,8 @@
 
 namespace ostrel {
 
-/// A time on a continuous clock, one that goes on while the computer sleeps and that nobody sets:
-/// how long it is past some moment before the program's start.
+/// A time on a continuous clock, which goes on while the computer sleeps and is never set: the time
+/// since some moment before the program's start.
 using ContinuousTime = std::chrono::nanoseconds;
 using ContinuousClock = std::function<ContinuousTime()>;
 

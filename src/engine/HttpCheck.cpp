@@ -22,7 +22,7 @@ bool wantsKeyword(const Monitor &monitor)
     return monitor.keyword && !monitor.keyword->isEmpty();
 }
 
-/// Looks for a monitor's keyword in the body.
+/// Searches the body for a monitor's keyword.
 class KeywordReader final : public BodyReader
 {
 public:
@@ -31,11 +31,12 @@ public:
     {
     }
 
-    // Here, because preparing a long keyword takes a while, and may fail.
+    // Prepared here, because preparing a long keyword takes a while, and may fail.
     void begin() override { m_search.emplace(m_keyword); }
     void read(QByteArrayView bytes) override { m_search->read(bytes); }
 
-    /// Whether the keyword is in the body, once all of that is read; nothing if it's no text.
+    /// Whether the keyword is in the body, once all of that is read; nullopt if the body isn't
+    /// text.
     [[nodiscard]] std::optional<bool> finish() { return m_search->finish(); }
 
 private:
@@ -43,7 +44,7 @@ private:
     std::optional<CaselessSearch> m_search;
 };
 
-/// Null where no keyword is looked for.
+/// Null if there is no keyword to search for.
 std::shared_ptr<KeywordReader> makeReader(const Monitor &monitor)
 {
     return wantsKeyword(monitor) ? std::make_shared<KeywordReader>(*monitor.keyword) : nullptr;
@@ -74,8 +75,8 @@ void applyStatusRule(Check &check)
         check.error = u"HTTP %1"_s.arg(*check.statusCode);
 }
 
-/// A keyword that is missing, or there against the user's wish, turns the check down and takes the
-/// place of a status error; one that is as wished changes nothing.
+/// If the keyword is missing, or present against the user's wish, the check is down, and the
+/// keyword error replaces a status error; otherwise the keyword changes nothing.
 void applyKeywordRule(Check &check, const Monitor &monitor)
 {
     if (!check.keywordFound || *check.keywordFound == monitor.keywordShouldExist)

@@ -11,24 +11,25 @@ namespace ostrel {
 class Network;
 struct HttpResult;
 
-/// Fetches a monitor's address and judges the answer: the status code first, then the keyword.
+/// Fetches a monitor's address and judges the response: the status code first, then the keyword.
 class HttpCheck : public QObject, public MonitorCheck
 {
     Q_OBJECT
 
 public:
-    /// A desktop browser's, so that sites which refuse unknown clients answer as they would to one.
+    /// A desktop browser's, so that sites that reject unknown clients respond as they would to a
+    /// browser.
     static constexpr char userAgent[] =
         "Mozilla/5.0 (Macintosh; Intel Mac OS X 14_0) AppleWebKit/605.1.15 (KHTML, like Gecko) "
         "Version/17.0 Safari/605.1.15";
 
-    /// @p network outlives the check.
+    /// @p network must outlive the check.
     explicit HttpCheck(Network &network, WallClock now = systemNow);
 
     [[nodiscard]] QFuture<Check> run(const Monitor &monitor) override;
 
 private:
-    /// What a request has brought to light.
+    /// The findings of a request.
     struct Answer
     {
         const HttpResult &result;

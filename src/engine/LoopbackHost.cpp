@@ -9,7 +9,7 @@ namespace ostrel {
 
 namespace {
 
-/// In the shortest spelling of an address, and lower case.
+/// Lower case, and with addresses in their shortest spelling.
 QString canonical(const QString &host)
 {
     QUrl url;

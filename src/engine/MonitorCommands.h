@@ -9,28 +9,28 @@ class MonitorStore;
 class MonitoringEngine;
 struct Monitor;
 
-/// What the user does to a monitor, carried out on the store and the engine together. Each returns
+/// The user's actions on monitors, carried out on the store and the engine together. Each returns
 /// at once; the results of checks arrive through the store. Main thread.
 class MonitorCommands : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Both outlive this object.
+    /// Both must outlive this object.
     MonitorCommands(MonitorStore &store, MonitoringEngine &engine, QObject *parent = nullptr);
 
-    /// Stores @p monitor, a new one, and begins to watch it, with a check at once.
+    /// Stores the new @p monitor and starts watching it, with a check at once.
     void create(const Monitor &monitor);
-    /// Stores @p monitor in place of the one of its id and watches it anew, with a check at once; a
-    /// disabled one is only stopped. One that is stored no more isn't stored again, but still gets
-    /// that check.
+    /// Replaces the monitor with the same id by @p monitor and restarts watching it, with a check
+    /// at once; a disabled one is only stopped. A monitor that is no longer stored isn't stored
+    /// again, but still gets that check.
     void update(const Monitor &monitor);
 
     // These do nothing if no monitor has that id.
 
-    /// Stops the checks. Does nothing to a monitor that is paused.
+    /// Stops the checks. Does nothing if the monitor is paused.
     void pause(const QUuid &monitorId);
-    /// Begins to watch a paused monitor anew, with a check at once. Does nothing to any other.
+    /// Restarts watching a paused monitor, with a check at once. Does nothing if it isn't paused.
     void resume(const QUuid &monitorId);
     /// Stops the checks and removes the monitor and its history.
     void remove(const QUuid &monitorId);

@@ -23,8 +23,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// So long at most, not counting the sleep itself, are results dropped for a sleep that is near: if
-/// nobody tells of its end, it isn't coming.
+/// Upper bound for how long results are dropped because of an announced sleep, not counting the
+/// sleep itself: if no wake is reported by then, the sleep isn't coming.
 constexpr auto longestNearness = 30s;
 
 } // namespace
@@ -78,7 +78,7 @@ void MonitoringEngine::stopMonitoring(const Monitor &monitor)
 {
     if (PeriodicTask *task = m_tasks.take(monitor.id)) {
         task->cancel();
-        // Later, because the task itself may be what leads here.
+        // Deferred, because the task itself may be in the call stack.
         task->deleteLater();
     }
     Q_EMIT tasksChanged();

@@ -23,7 +23,7 @@ class Sleeper;
 class WakeSignal;
 struct DueNotifications;
 
-/// What the engine works with. All of it outlives the engine.
+/// What the engine uses. All of it must outlive the engine.
 struct EngineServices
 {
     MonitorStore &store;
@@ -35,13 +35,13 @@ struct EngineServices
     Sleeper &sleeper;
 };
 
-/// The one scheduler: keeps a periodic task for every enabled monitor, hands every result to the
+/// The only scheduler: keeps a periodic task for every enabled monitor, passes every result to the
 /// store, and sends the notifications that are due. Main thread only.
 ///
-/// What is no site's fault is neither recorded nor told. While the computer has no network,
-/// scheduled checks of other computers wait. When it has one again, and after a sleep, what was
-/// under way is dropped, and every enabled monitor is checked once; a check that fell due meanwhile
-/// is that one.
+/// Failures that aren't the site's fault are neither recorded nor notified. While the computer has
+/// no network, scheduled checks of other computers wait. When it has one again, and after a sleep,
+/// running checks are dropped, and every enabled monitor is checked once; a check that fell due
+/// meanwhile counts as that one.
 class MonitoringEngine : public QObject
 {
     Q_OBJECT
@@ -60,18 +60,19 @@ public:
     }
     [[nodiscard]] bool isRunning() const { return m_isRunning; }
 
-    /// Begins to watch every enabled monitor, in the store's order; does nothing the second time.
+    /// Starts watching every enabled monitor, in the store's order; does nothing if already
+    /// running.
     void start();
-    /// Begins to watch @p monitor anew, with a check at once; a disabled one is only stopped.
+    /// Restarts watching @p monitor, with a check at once; a disabled one is only stopped.
     void startMonitoring(const Monitor &monitor);
-    /// Stops watching. A check under way still ends, and is recorded.
+    /// Stops watching. A check that is running still ends, and is recorded.
     void stopMonitoring(const Monitor &monitor);
-    /// Checks @p monitor at once, enabled or not, beside its periodic task.
+    /// Checks @p monitor at once, enabled or not, independently of its periodic task.
     void checkNow(const Monitor &monitor);
 
-    /// Where every check ends: records it, counts failures, and sends the notifications that are
-    /// due for it. Those about the one response are sent before it is recorded, those about the
-    /// monitor's going down or coming back after that.
+    /// Called at the end of every check: records it, counts failures, and sends the notifications
+    /// that are due for it. Those about the one response are sent before it is recorded, those
+    /// about the monitor's going down or recovering after that.
     void handleResult(const Check &check, const Monitor &monitor);
 
 Q_SIGNALS:
@@ -82,7 +83,7 @@ Q_SIGNALS:
 private:
     enum class Occasion { scheduled, requested };
 
-    /// What a check that is under way was begun with.
+    /// The parameters of a running check.
     struct Errand
     {
         Monitor monitor;
@@ -95,13 +96,14 @@ private:
     [[nodiscard]] QFuture<Check> begin(const Monitor &monitor);
     void end(const QFuture<Check> &check, const Errand &errand);
     [[nodiscard]] bool isNoFaultOfTheSite(const Check &check, const Errand &errand) const;
-    /// Whether a scheduled check of @p monitor would say more of this computer than of the site.
+    /// Whether a scheduled check of @p monitor would tell more about this computer than about the
+    /// site.
     [[nodiscard]] bool mustWait(const Monitor &monitor) const;
     [[nodiscard]] bool isOutOfReach(const Monitor &monitor) const;
     [[nodiscard]] std::optional<Monitor> enabledMonitor(const QUuid &id) const;
     [[nodiscard]] QList<Monitor> enabledMonitors() const;
     void holdForSleep();
-    /// Drops what is under way, and checks every enabled monitor once.
+    /// Drops running checks, and checks every enabled monitor once.
     void checkAllAnew();
     void tellOfResponse(const DueNotifications &due, const Check &check, const Monitor &monitor);
     void tellOfOutage(const DueNotifications &due, const Check &check, const Monitor &monitor);
@@ -110,9 +112,9 @@ private:
     EngineServices m_services;
     QHash<QUuid, PeriodicTask *> m_tasks;
     QHash<QUuid, qint64> m_consecutiveFailures;
-    quint64 m_era = 0;              ///< What was begun in an earlier one is dropped.
-    QSet<QUuid> m_checkedInThisEra; ///< The monitors of which a check has begun.
-    QTimer m_nearSleep{this};       ///< Runs from the word that sleep is near to the wake.
+    quint64 m_era = 0;              ///< A check that began in an earlier era is dropped.
+    QSet<QUuid> m_checkedInThisEra; ///< The monitors for which a check has begun.
+    QTimer m_nearSleep{this};       ///< Runs from willSleep() until the wake.
     bool m_isRunning = false;
 };
 

@@ -4,7 +4,7 @@
 
 namespace ostrel {
 
-/// The port that tells whether the computer is connected to any network. Main thread.
+/// The interface that tells whether the computer is connected to any network. Main thread.
 class NetworkPresence : public QObject
 {
     Q_OBJECT
@@ -12,7 +12,7 @@ class NetworkPresence : public QObject
 public:
     using QObject::QObject;
 
-    /// True unless the system says that there is no connection at all.
+    /// True unless the system reports that there is no connection at all.
     [[nodiscard]] bool isPresent() const { return m_isPresent; }
 
 Q_SIGNALS:

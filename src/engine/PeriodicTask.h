@@ -12,33 +12,33 @@ namespace ostrel {
 
 class Sleeper;
 
-/// Watches one monitor: checks it at once, then again and again, one interval after the end of the
-/// check before, until it is cancelled. Nothing that fails in a check ends it.
+/// Watches one monitor: checks it at once, then again and again, each time one interval after the
+/// end of the previous check, until it is cancelled. No failure in a check ends it.
 ///
-/// Keeps the copy of the monitor that it was made with: the first check uses it, and its interval
-/// holds for good. Every later check asks for the current record.
+/// Keeps the copy of the monitor that it was created with: the first check uses it, and its
+/// interval never changes. Every later check asks for the current record.
 class PeriodicTask : public QObject
 {
     Q_OBJECT
 
 public:
-    /// What a task asks of its engine.
+    /// What a task needs from its engine.
     struct Duties
     {
-        /// Whether a check has to wait until endWait().
+        /// Whether a check must wait until endWait().
         std::function<bool(const Monitor &)> mustWait;
         /// Runs and records one check; finishes when that is done.
         std::function<QFuture<void>(const Monitor &)> runCheck;
-        /// The record that the next check is to use, or nothing to skip that check.
+        /// The record for the next check; nullopt to skip that check.
         std::function<std::optional<Monitor>()> currentMonitor;
     };
 
-    /// @p sleeper outlives the task.
+    /// @p sleeper must outlive the task.
     PeriodicTask(const Monitor &monitor, Duties duties, Sleeper &sleeper, QObject *parent);
 
-    /// Begins, with the first check.
+    /// Starts the first check.
     void start();
-    /// Nothing more begins. A check under way still ends, and is recorded.
+    /// No further check starts. One that is running still ends, and is recorded.
     void cancel();
     /// Whether the next check waits for endWait().
     [[nodiscard]] bool isWaiting() const { return m_isWaiting; }

@@ -8,13 +8,13 @@ namespace ostrel {
 
 class Network;
 
-/// Opens a TCP connection to a monitor's host and port, and says whether that worked.
+/// Checks whether a TCP connection to a monitor's host and port can be opened.
 class PortCheck : public QObject, public MonitorCheck
 {
     Q_OBJECT
 
 public:
-    /// @p network outlives the check.
+    /// @p network must outlive the check.
     explicit PortCheck(Network &network, WallClock now = systemNow);
 
     [[nodiscard]] QFuture<Check> run(const Monitor &monitor) override;

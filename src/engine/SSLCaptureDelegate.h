@@ -7,15 +7,15 @@
 
 namespace ostrel {
 
-/// Notes when the certificate of the server that one request reaches ends; with redirects, of the
-/// last TLS server on the way. Serves one request: written on the I/O thread while that is under
-/// way, read after it has finished, so it needs no lock.
+/// Records the expiry of the certificate of the server that one request reaches; with redirects, of
+/// the last TLS server on the way. Serves one request: written on the I/O thread while that is
+/// running, read after it has finished, so it needs no lock.
 class SSLCaptureDelegate : public TlsDelegate
 {
 public:
     void didReceiveLeafCertificate(std::chrono::sys_seconds notAfter) override;
 
-    /// The not-after of the latest leaf certificate; none over plain HTTP.
+    /// The not-after of the latest leaf certificate; nullopt for plain HTTP.
     [[nodiscard]] std::optional<Timestamp> expiryDate() const { return m_expiryDate; }
 
 private:

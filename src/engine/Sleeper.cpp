@@ -9,11 +9,11 @@ namespace {
 
 using namespace std::chrono;
 
-/// 200 years: no wait that anybody sees the end of is longer, and its end doesn't overflow.
+/// 200 years: longer than anyone waits, and its end doesn't overflow.
 constexpr Seconds longestSleep{200.0 * 366 * 24 * 3600};
 
-/// The event loop's clock stands still while the computer sleeps. So late at most is a sleep's end
-/// noticed if nobody tells of the wake.
+/// The event loop's clock stops while the computer sleeps. If no wake is reported, the end of a
+/// wait is noticed at most this late.
 constexpr milliseconds longestTimer = minutes(1);
 
 } // namespace

@@ -12,7 +12,7 @@
 
 namespace ostrel {
 
-/// Waits that a test can end by hand.
+/// Asynchronous waits that a test can end by hand.
 class Sleeper
 {
 public:
@@ -21,21 +21,21 @@ public:
     Sleeper &operator=(const Sleeper &) = delete;
     virtual ~Sleeper() = default;
 
-    /// Calls @p wake on the calling thread after @p duration, unless @p context has died by then.
-    /// Never calls it at once, not even for a duration of zero or less.
+    /// Calls @p wake on the calling thread after @p duration, unless @p context has been destroyed
+    /// by then. Never calls it synchronously, not even for a duration of zero or less.
     virtual void sleep(Seconds duration, QObject *context, std::function<void()> wake) = 0;
-    /// The computer has woken from sleep: ends at once the sleeps that would have ended meanwhile.
+    /// The computer has woken from sleep: ends at once the waits that would have ended meanwhile.
     virtual void catchUp() = 0;
 };
 
-/// Sleeps that go on while the computer sleeps, on one timer of the event loop's. Main thread.
+/// Waits that continue while the computer sleeps, on one timer of the event loop. Main thread.
 class TimerSleeper : public QObject, public Sleeper
 {
     Q_OBJECT
 
 public:
-    /// No sleep is shorter, so that an interval of 0 in a file that was edited by hand can't keep
-    /// the main thread busy.
+    /// Lower bound for a wait, so that an interval of 0 in a file that was edited by hand can't
+    /// keep the main thread busy.
     static constexpr Seconds shortestSleep{0.1};
 
     explicit TimerSleeper(ContinuousClock clock, QObject *parent = nullptr);
@@ -50,11 +50,12 @@ private:
         std::function<void()> wake;
     };
 
-    /// Has the timer end with the first sleep, or soon enough to see that the clock has jumped.
+    /// Sets the timer to end with the first wait, or soon enough to notice that the clock has
+    /// jumped.
     void setTimer();
 
     const ContinuousClock m_clock;
-    std::multimap<ContinuousTime, Sleep> m_sleeps; ///< By their end.
+    std::multimap<ContinuousTime, Sleep> m_sleeps; ///< Ordered by their ends.
     QTimer m_timer;
 };
 

@@ -6,8 +6,7 @@
 
 namespace ostrel {
 
-/// A monitor's time-out in whole milliseconds, rounded up; a negative one is none at all, and what
-/// is over a year is a year.
+/// A monitor's time-out in whole milliseconds, rounded up and clamped to 0…366 days.
 [[nodiscard]] std::chrono::milliseconds transferTimeout(Seconds timeout);
 
 } // namespace ostrel

@@ -4,7 +4,8 @@
 
 namespace ostrel {
 
-/// The port that tells when the computer goes to sleep and has woken. Lives on the main thread.
+/// The interface that reports when the computer goes to sleep and has woken. Lives on the main
+/// thread.
 class WakeSignal : public QObject
 {
     Q_OBJECT
@@ -13,7 +14,7 @@ public:
     using QObject::QObject;
 
 Q_SIGNALS:
-    /// Sleep is near. Not every system tells of it.
+    /// Sleep is near. Not every system reports it.
     void willSleep();
     void didWake();
 };

@@ -6,8 +6,8 @@
 
 namespace ostrel {
 
-/// The web address that the clipboard's plain text @p text is, white space around it removed.
-/// Nothing where it doesn't begin with "http://" or "https://" or names no host.
+/// The web address in the clipboard's plain text @p text, without surrounding white space. Nullopt
+/// if it doesn't begin with "http://" or "https://" or has no host.
 [[nodiscard]] std::optional<QString> clipboardSuggestion(const QString &text);
 
 } // namespace ostrel

@@ -10,7 +10,7 @@ namespace ostrel {
 
 namespace {
 
-/// The number that all of @p digits is, sign included; nothing where from_chars stops early.
+/// Parses all of @p digits as a number, sign included; nullopt if from_chars stops early.
 template<typename Number>
 std::optional<Number> wholeNumberFrom(const QByteArray &digits)
 {
@@ -22,11 +22,11 @@ std::optional<Number> wholeNumberFrom(const QByteArray &digits)
     return number;
 }
 
-/// As wholeNumberFrom, which knows no "+".
+/// Like wholeNumberFrom, which doesn't accept "+".
 template<typename Number>
 std::optional<Number> signedNumberFrom(const QString &text)
 {
-    // Beyond ASCII there is nothing that from_chars takes: what doesn't fit turns into '?'.
+    // from_chars accepts nothing beyond ASCII; what doesn't fit becomes '?'.
     const QByteArray characters = text.toLatin1();
     if (characters.startsWith("+-"))
         return std::nullopt;

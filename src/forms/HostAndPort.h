@@ -15,9 +15,8 @@ struct HostAndPort
     bool operator==(const HostAndPort &) const = default;
 };
 
-/// What @p text, typed as a website's address, says of a port monitor instead: exactly one ":"
-/// with a port from 1 to 65535 behind it, and no "http" at the beginning. The host may be empty,
-/// the port signed.
+/// Detects a host and a port in @p text, typed as a website's address: exactly one ":" followed by
+/// a port from 1 to 65535, and no "http" at the beginning. The host may be empty, the port signed.
 [[nodiscard]] std::optional<HostAndPort> detectHostAndPort(const QString &text);
 
 } // namespace ostrel

@@ -18,7 +18,7 @@ namespace ostrel {
 
 namespace {
 
-/// @p draft once @p text was typed into its address field.
+/// @p draft after @p text was typed into its address field.
 MonitorDraft withTypedUrl(MonitorDraft draft, const QString &text)
 {
     const auto detected =
@@ -51,7 +51,7 @@ void MonitorForm::set(T &field, const T &value)
 
 void MonitorForm::setUrl(const QString &url)
 {
-    // A field that is told its own text has not been typed into.
+    // A field that is set to the text it already has wasn't typed into.
     if (url != m_draft.url)
         set(m_draft, withTypedUrl(m_draft, url));
 }
@@ -227,8 +227,9 @@ bool MonitorForm::save()
 
 Monitor MonitorForm::editedMonitor() const
 {
-    // What the form doesn't show may have changed while it was open: a title came in, a menu
-    // paused the monitor. Only one that was deleted is saved as it was shown, and ignored.
+    // Fields that the form doesn't show may have changed while it was open: a title arrived, a menu
+    // paused the monitor. Only a deleted monitor is handed over as it was shown, and is then
+    // ignored.
     const auto stored = m_store.monitor(m_editingMonitor->id);
     return withDraft(stored.value_or(*m_editingMonitor), m_draft);
 }

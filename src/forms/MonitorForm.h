@@ -14,8 +14,9 @@ namespace ostrel {
 
 class MonitorStore;
 
-/// The form that makes a new monitor or changes one. Lives on the main thread; begin it anew each
-/// time that it is shown. Until save() nothing outside changes; that hands the monitor over.
+/// The form for a new monitor or for editing one. Lives on the main thread; call beginCreate() or
+/// beginEdit() each time it is shown. Nothing outside changes until save(), which hands the monitor
+/// over.
 class MonitorForm : public QObject
 {
     Q_OBJECT
@@ -23,18 +24,18 @@ class MonitorForm : public QObject
     Q_PROPERTY(QString portText READ portText WRITE setPortText NOTIFY changed)
     /// Seconds.
     Q_PROPERTY(double interval READ interval WRITE setInterval NOTIFY changed)
-    /// A raw value of HTTPMethod's: one of `methods`.
+    /// A raw value of HTTPMethod: one of `methods`.
     Q_PROPERTY(QString method READ method WRITE setMethod NOTIFY changed)
     /// Seconds, above 0.
     Q_PROPERTY(double timeout READ timeout WRITE setTimeout NOTIFY changed)
-    /// A raw value of MonitorType's: "http" or "port".
+    /// A raw value of MonitorType: "http" or "port".
     Q_PROPERTY(QString monitorType READ monitorType WRITE setMonitorType NOTIFY changed)
     Q_PROPERTY(QString keyword READ keyword WRITE setKeyword NOTIFY changed)
     Q_PROPERTY(
         bool keywordShouldExist READ keywordShouldExist WRITE setKeywordShouldExist NOTIFY changed)
     Q_PROPERTY(QString thresholdText READ thresholdText WRITE setThresholdText NOTIFY changed)
     Q_PROPERTY(bool showAdvanced READ showAdvanced WRITE setShowAdvanced NOTIFY changed)
-    /// The web address that was on the clipboard when the form was shown; empty for none.
+    /// The web address that was on the clipboard when the form was shown; empty if there was none.
     Q_PROPERTY(QString clipboardURL READ clipboardURL NOTIFY changed)
 
     /// `timeout` in the user's locale.
@@ -46,32 +47,32 @@ class MonitorForm : public QObject
     Q_PROPERTY(bool showsClipboardSuggestion READ showsClipboardSuggestion NOTIFY changed)
     Q_PROPERTY(QString suggestionText READ suggestionText NOTIFY changed)
 
-    /// What the form offers, in the order of the enumerations. Intervals are in seconds.
+    /// The form's choices, in the order of the enumerations. Intervals are in seconds.
     Q_PROPERTY(QList<double> intervals READ intervals CONSTANT)
     Q_PROPERTY(QStringList methods READ methods CONSTANT)
     Q_PROPERTY(QString urlPlaceholder READ urlPlaceholder CONSTANT)
     Q_PROPERTY(QString hostPlaceholder READ hostPlaceholder CONSTANT)
 
 public:
-    /// @p store outlives the form.
+    /// @p store must outlive the form.
     explicit MonitorForm(MonitorStore &store, WallClock now = systemNow, QObject *parent = nullptr);
 
     [[nodiscard]] QString url() const { return m_draft.url; }
-    /// A website's address that names a host and a port instead turns the form to port monitors,
-    /// and leaves the host here and the port in `portText`.
+    /// If a website's address is a host and a port instead, switches the form to port monitors,
+    /// with the host here and the port in `portText`.
     void setUrl(const QString &url);
     [[nodiscard]] QString portText() const { return m_draft.portText; }
     void setPortText(const QString &portText);
     [[nodiscard]] double interval() const { return m_draft.interval.count(); }
     void setInterval(double seconds);
     [[nodiscard]] QString method() const { return rawValue(m_draft.method); }
-    /// Does nothing where @p method is none.
+    /// Does nothing if @p method isn't a valid method.
     void setMethod(const QString &method);
     [[nodiscard]] double timeout() const { return m_draft.timeout.count(); }
     /// Does nothing unless @p seconds is finite and above 0.
     void setTimeout(double seconds);
     [[nodiscard]] QString monitorType() const { return rawValue(m_draft.monitorType); }
-    /// Does nothing where @p type is none.
+    /// Does nothing if @p type isn't a valid type.
     void setMonitorType(const QString &type);
     [[nodiscard]] QString keyword() const { return m_draft.keyword; }
     void setKeyword(const QString &keyword);
@@ -100,34 +101,34 @@ public:
     [[nodiscard]] QStringList methods() const;
     [[nodiscard]] QString urlPlaceholder() const;
     [[nodiscard]] QString hostPlaceholder() const;
-    /// "5m" for 300: what the form calls one of `intervals`; empty for any other.
+    /// For example "5m" for 300: the form's name for one of `intervals`; empty for any other.
     Q_INVOKABLE [[nodiscard]] QString intervalText(double seconds) const;
 
-    /// Shows an empty form for a new monitor. @p clipboardText is what the clipboard holds as
-    /// plain text; empty where it holds none.
+    /// Shows an empty form for a new monitor. @p clipboardText is the clipboard's plain text; empty
+    /// if there is none.
     Q_INVOKABLE void beginCreate(const QString &clipboardText);
-    /// Shows @p monitor. @p clipboardText is as for beginCreate.
+    /// Shows @p monitor. @p clipboardText is as in beginCreate().
     void beginEdit(const Monitor &monitor, const QString &clipboardText);
 
-    /// Fills in the clipboard's address, where it is suggested.
+    /// Fills in the clipboard's address, if it is suggested.
     Q_INVOKABLE void pasteSuggestion();
 
-    /// Hands over what was typed, by created() or edited(). False, and without any effect, while
-    /// the form isn't valid.
+    /// Emits created() or edited() with what was typed. Returns false, without any effect, if the
+    /// form isn't valid.
     Q_INVOKABLE bool save();
 
-    /// Names the monitor with this id after its page, unless it was deleted meanwhile.
+    /// Names the monitor with this id after its page's title, unless it was deleted meanwhile.
     void applyTitle(const QUuid &monitorId, const QString &title);
 
 Q_SIGNALS:
     /// Any of the properties has changed.
     void changed();
-    /// @p monitor is to be stored and watched from now on.
+    /// @p monitor must be stored and watched from now on.
     void created(const Monitor &monitor);
-    /// @p monitor is to be stored in place of the one of its id, and to be watched anew.
+    /// @p monitor must replace the stored one with the same id, and watching it must restart.
     void edited(const Monitor &monitor);
-    /// A website has been handed over by created(): its title, for applyTitle, and its icon can be
-    /// looked up.
+    /// Emitted after created() for a website: its title, for applyTitle(), and its icon can be
+    /// fetched.
     void websiteCreated(const QUuid &monitorId, const QString &address);
 
 private:
@@ -136,13 +137,13 @@ private:
     [[nodiscard]] Monitor editedMonitor() const;
     void create();
 
-    /// Gives @p field its new value, and tells.
+    /// Sets @p field to its new value, and emits changed() if it differs.
     template<typename T>
     void set(T &field, const T &value);
 
     MonitorStore &m_store;
     WallClock m_now;
-    std::optional<Monitor> m_editingMonitor; ///< Absent for a new one.
+    std::optional<Monitor> m_editingMonitor; ///< Absent for a new monitor.
     std::optional<QString> m_clipboardURL;
     MonitorDraft m_draft;
     std::optional<QString> m_typedTimeout; ///< Absent if nothing was typed since the last commit.

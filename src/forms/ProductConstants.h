@@ -5,9 +5,9 @@
 
 namespace ostrel {
 
-// What says who stands behind this product, and the examples that its forms show.
+// The product's contact address, and the examples in its forms.
 
-/// Opens a new message to the people who help with Ostrel.
+/// Opens a new message to Ostrel's support.
 [[nodiscard]] QUrl supportAddress();
 
 [[nodiscard]] QString exampleWebsite();

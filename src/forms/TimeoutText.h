@@ -9,12 +9,12 @@
 
 namespace ostrel {
 
-/// A time-out as its field shows it: its seconds in @p locale's digits and with its separators,
-/// no digit more than it takes to tell it from every other.
+/// A time-out as its field shows it: seconds in @p locale's digits and with its separators, with
+/// the fewest digits that distinguish it from every other number.
 [[nodiscard]] QString timeoutText(Seconds timeout, const QLocale &locale);
 
-/// The time-out that @p text, typed in @p locale, stands for. Nothing where it is no number above
-/// 0: a check needs some time, and no infinity can be stored.
+/// Parses @p text, typed in @p locale, as a time-out. Nullopt if it isn't a number above 0: a check
+/// needs some time, and infinity can't be stored.
 [[nodiscard]] std::optional<Seconds> timeoutFrom(const QString &text, const QLocale &locale);
 
 } // namespace ostrel

@@ -16,9 +16,9 @@ constexpr QByteArrayView icoSignature("\0\0\1\0", 4);
 constexpr qsizetype headerSize = 6;
 constexpr qsizetype entrySize = 16;
 constexpr qsizetype bitmapHeaderSize = 40;
-/// A larger one can't be told by the directory's byte.
+/// The directory's byte can't represent a larger one.
 constexpr quint32 largestBitmapSide = 256;
-/// Each may cost as much to decode as a file of its own.
+/// Each may be as expensive to decode as a separate file.
 constexpr qsizetype mostPictures = 8;
 constexpr quint32 mostFurtherPixels = 512 * 512;
 
@@ -27,7 +27,7 @@ struct Picture
     quint32 width;
     quint32 height;
     quint16 bitsPerPixel;
-    QByteArrayView content; ///< Of the file that holds it.
+    QByteArrayView content; ///< A view into the containing file.
 };
 
 template<typename Number>
@@ -58,7 +58,7 @@ std::optional<Picture> pngPicture(QByteArrayView content)
     return Picture{width, height, bitsPerPixel, content};
 }
 
-/// The height in the bitmap's header counts the mask too.
+/// The height in the bitmap's header includes the mask.
 std::optional<Picture> bitmapPicture(QByteArrayView content)
 {
     if (content.size() < bitmapHeaderSize || littleEndianAt<quint32>(content, 0) < bitmapHeaderSize)

@@ -22,7 +22,7 @@ namespace ostrel {
 
 namespace {
 
-/// The bytes of a file name on every file system that we know.
+/// In bytes; the limit of every file system that we know.
 constexpr qsizetype longestFileName = 255;
 /// More than the largest picture takes as PNG.
 constexpr qint64 largestIconFile = qint64(32) * 1024 * 1024;
@@ -39,7 +39,7 @@ void makePrivateFolder(const QString &path)
     QDir().mkdir(path, privateFolder);
 }
 
-/// Whether QSaveFile makes such names for what it is to replace an icon with.
+/// Whether @p name is like those of QSaveFile's temporary files for an icon.
 bool isTemporaryName(const QString &name)
 {
     static const QRegularExpression pattern(uR"(^.+\.png\.[A-Za-z]{6}$)"_s);
@@ -52,7 +52,7 @@ bool isLeftover(const QFileInfo &file, const QDateTime &newest)
            file.ownerId() == ::geteuid() && file.lastModified() < newest;
 }
 
-/// Without waiting for the other end, if it is a pipe.
+/// Doesn't wait for the other end if it is a pipe.
 FileDescriptor openForReading(const QString &path)
 {
     const QByteArray name = QFile::encodeName(path);
@@ -89,10 +89,10 @@ QImage IconFolder::read(const QString &domain) const
         return {};
     const FileDescriptor opened = openForReading(*path);
     QFile file;
-    // It may have become something else since, from which nothing is read.
+    // It may have become something else since, which isn't read.
     if (!opened.isOpen() || !file.open(opened.number(), QIODevice::ReadOnly) || file.isSequential())
         return {};
-    // Never asks for more than there is: QFile makes room for all that it is asked for.
+    // Never asks for more than there is: QFile allocates all that it is asked for.
     return decodePicture(file.read(std::min(file.size(), largestIconFile)));
 }
 

@@ -13,26 +13,25 @@ namespace ostrel {
 class IconFolder
 {
 public:
-    /// After so long a temporary file is a crash's.
+    /// A temporary file older than this was left by a crash.
     static constexpr std::chrono::hours leftoverAge{1};
 
     explicit IconFolder(const QString &path);
 
-    /// Makes the folder, and those above it, where they are missing; takes it away from others;
-    /// removes the temporary files that a crash has left in it. A failure shows only in that
-    /// nothing is kept.
+    /// Creates the folder and its parents if they are missing; removes other users' rights to it;
+    /// removes the temporary files that a crash has left in it. If it fails, nothing is kept, but
+    /// no error is reported.
     void prepare() const;
 
-    /// Null where there is none that can be read. Waits for nobody where a pipe or a device has
-    /// its file's name.
+    /// Null if there is none that can be read. Doesn't block if its file is a pipe or a device.
     [[nodiscard]] QImage read(const QString &domain) const;
-    /// Replaces the icon of @p domain, whole or not at all; does nothing where that fails. Makes
-    /// the folder where it is missing.
+    /// Replaces the icon of @p domain, completely or not at all; does nothing if that fails.
+    /// Creates the folder if it is missing.
     void write(const QString &domain, const QImage &icon) const;
 
-    /// The name of the file for @p domain: the domain itself and ".png". What could lead out of the
-    /// folder, hide the file or upset a file system is percent-encoded. Nothing for a domain whose
-    /// file name would be too long.
+    /// The name of the file for @p domain: the domain itself and ".png". Characters that could lead
+    /// out of the folder, hide the file or be invalid in a file system are percent-encoded. Nullopt
+    /// for a domain whose file name would be too long.
     [[nodiscard]] static std::optional<QString> fileName(const QString &domain);
 
 private:

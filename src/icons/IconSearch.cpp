@@ -96,7 +96,7 @@ void IconSearch::fetchPicture(const HttpRequest &request)
 
 void IconSearch::keep(const QImage &picture)
 {
-    // Two pieces of work, each of which is long enough for one.
+    // Posted separately, since each of them takes long enough.
     m_work.post([domain = m_domain, folder = m_folder, picture] {
         folder.write(domain, keptIcon(picture));
     });

@@ -15,24 +15,24 @@ class IconWork;
 class Network;
 struct HttpRequest;
 
-/// Looks for the icon of one domain, once: on disk, then in one source after the other, each tried
-/// only after the one before has failed. What a source yields is kept on disk. Main thread, which
-/// waits neither for the network, nor for the disk, nor for pictures to be decoded.
+/// Searches for the icon of one domain, once: on disk, then in one source after the other, each
+/// tried only after the previous one has failed. The picture from a source is kept on disk. Main
+/// thread, which waits neither for the network, nor for the disk, nor for pictures to be decoded.
 class IconSearch : public QObject
 {
     Q_OBJECT
 
 public:
-    /// @p network and @p work outlive the search.
+    /// @p network and @p work must outlive the search.
     IconSearch(QString domain, IconFolder folder, Network &network, IconWork &work,
                QObject *parent = nullptr);
 
-    /// Begins. The future finishes, through the event loop, with the icon as shownIcon makes it, or
-    /// a null image; it is cancelled where the search is destroyed before its end.
+    /// Starts the search. The future finishes, through the event loop, with the icon as shownIcon()
+    /// makes it, or a null image; it is cancelled if the search is destroyed before its end.
     [[nodiscard]] QFuture<QImage> start();
 
 Q_SIGNALS:
-    /// Just before the future finishes.
+    /// Emitted just before the future finishes.
     void finished(const QImage &icon);
 
 private:

@@ -9,7 +9,7 @@ namespace ostrel {
 
 namespace {
 
-/// @p domain may carry a port.
+/// @p domain may have a port.
 QString hostIn(const QString &domain)
 {
     return hostOf(homePageAddress(domain)).value_or(domain);

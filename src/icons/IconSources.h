@@ -11,24 +11,24 @@ namespace ostrel {
 inline constexpr char firstIconService[] = "icons.duckduckgo.com";
 inline constexpr char secondIconService[] = "www.google.com";
 
-/// Where an icon may be.
+/// An address where an icon may be found.
 struct IconSource
 {
     QString address;
     Reach reach;
 };
 
-/// The page on which the site of @p domain may name its icon.
+/// The address of the page on which the site of @p domain may name its icon.
 [[nodiscard]] QString homePageAddress(const QString &domain);
 
-/// Where the icon of @p domain may be besides, in the order in which to try: the first service, the
-/// second, the site's touch icon, its classic icon. The services are left out where they can't know
-/// the site, so that nobody learns the names of a network of one's own: for private hosts
+/// Other addresses where the icon of @p domain may be, in the order in which to try them: the first
+/// service, the second, the site's touch icon, its classic icon. The services are left out if they
+/// can't know the site, so that the names of a private network aren't disclosed: for private hosts
 /// (isPrivateHost) and onion services.
 [[nodiscard]] QList<IconSource> wellKnownIconSources(const QString &domain);
 
-/// How far a request for an icon may go that the page in @p result names. A public page can't make
-/// anybody ask a private address; one that comes from such an address itself may name its own.
+/// The reach of a request for an icon that the page in @p result names. A public page can't cause a
+/// request to a private address; a page that comes from such an address itself may name one.
 [[nodiscard]] Reach reachOfLinksIn(const HttpResult &result);
 
 } // namespace ostrel

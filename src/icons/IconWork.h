@@ -13,30 +13,29 @@
 
 namespace ostrel {
 
-/// The thread on which pictures and pages are read and the icons' files are read and written, so
-/// that no site's picture takes time from a check or from what is painted. Any thread may ask it;
-/// it does one thing after the other.
+/// The thread that decodes pictures, parses pages, and reads and writes the icons' files, so that
+/// no site's picture delays a check or painting. Any thread may post to it; its work runs in order.
 class IconWork
 {
 public:
-    /// The thread calls @p prepare first.
+    /// The thread runs @p prepare first.
     explicit IconWork(WorkThread::Work prepare = {})
         : m_thread(std::move(prepare))
     {
     }
 
-    /// Does @p work some time; it is no matter if that fails.
+    /// Runs @p work at some time; a failure is ignored.
     void post(WorkThread::Work work) { m_thread.post(std::move(work)); }
 
-    /// What @p work makes. A result that is empty where it throws, as for lack of memory; cancelled
-    /// where this object ends first.
+    /// The result of @p work. An empty result if it throws, for example if there isn't enough
+    /// memory; cancelled if this object is destroyed first.
     template<typename Work>
     [[nodiscard]] auto run(Work work)
     {
         return m_thread.run([work = std::move(work)] { return quietly(work); });
     }
 
-    /// What @p reader makes of @p answer's result, on the same terms; empty if the answer is
+    /// The result of @p reader for @p answer's result, with the same rules; empty if the answer is
     /// cancelled.
     template<typename Reader>
     [[nodiscard]] auto read(QFuture<HttpResult> answer, Reader reader)

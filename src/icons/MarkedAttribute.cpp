@@ -32,7 +32,7 @@ auto firstFrom(const auto &spans, qsizetype position, auto beginOf)
 
 std::vector<Value> valuesIn(const QString &html, const QRegularExpression &opening)
 {
-    // The content is only looked at, because it may hold the next value's opening.
+    // The content is matched by a look-ahead, because it may contain the next value's opening.
     const QRegularExpression pattern(opening.pattern() + uR"((?=([^"']+)["']))"_s,
                                      opening.patternOptions());
     std::vector<Value> values;
@@ -59,7 +59,7 @@ std::vector<qsizetype> closersIn(const QString &html)
     return closers;
 }
 
-/// A page with the places of everything that a pattern is made of, each found in one pass.
+/// A page with the positions of everything that a pattern consists of, each found in one pass.
 class MarkedPage
 {
 public:
@@ -84,8 +84,8 @@ public:
     }
 
 private:
-    /// The stretches without ">" that follow a tag's beginning. What a match from a later tag in
-    /// the same stretch can reach, one from the first can, so one stretch holds one attempt.
+    /// The runs without ">" that follow a tag's beginning. Whatever a match from a later tag in the
+    /// same run can reach, one from the first can too, so each run needs one attempt.
     [[nodiscard]] Spans runs() const
     {
         Spans runs;
@@ -96,7 +96,7 @@ private:
         return runs;
     }
 
-    /// The place of the first ">" from @p position on, or the page's end.
+    /// The position of the first ">" from @p position on, or the page's end.
     [[nodiscard]] qsizetype closerFrom(qsizetype position) const
     {
         const auto closer = std::ranges::lower_bound(m_closers, position);
@@ -115,7 +115,7 @@ private:
         return {firstFrom(m_values, run.begin, begin), firstFrom(m_values, run.end, begin)};
     }
 
-    /// Greedy as the pattern is, the last value counts.
+    /// The pattern is greedy, so the last value counts.
     [[nodiscard]] const Value *valueAfterMarker(const Span &run) const
     {
         const auto values = valuesOf(run);
@@ -124,8 +124,8 @@ private:
         return &values.back();
     }
 
-    /// Again the last value that will do. Its content may hold ">", so that the marker need not be
-    /// in the same run.
+    /// Again the last value that matches. Its content may contain ">", so the marker need not be in
+    /// the same run.
     [[nodiscard]] const Value *valueBeforeMarker(const Span &run) const
     {
         const auto values = valuesOf(run);

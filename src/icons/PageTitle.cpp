@@ -20,8 +20,8 @@ const MarkedAttribute &openGraphTitle()
     return meta;
 }
 
-/// What `<title[^>]*>([^<]+)</title>` captures first. An attempt that fails is consumed up to its
-/// ">" or the page's end, because no later beginning before that could fare better; so this takes
+/// Returns what `<title[^>]*>([^<]+)</title>` captures first. A failed attempt is consumed up to
+/// its ">" or the page's end, because no later beginning before that could succeed; so this takes
 /// linear time on every page.
 std::optional<QString> findTitleElement(const QString &html)
 {

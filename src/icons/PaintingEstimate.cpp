@@ -47,8 +47,8 @@ public:
     }
 
 private:
-    /// Filling it takes a twentieth of a microsecond for each point and pixel, drawing its outline
-    /// a third of one.
+    /// Filling takes a twentieth of a microsecond for each point and pixel, drawing the outline a
+    /// third of one.
     static constexpr double timesForOutline = 6;
 
     static QPainterPath pathThrough(const QPointF *points, int count)
@@ -63,7 +63,7 @@ private:
 
     [[nodiscard]] bool hasOutline() const { return m_pen.style() != Qt::NoPen; }
 
-    /// How far the outline may reach beyond the path: the corners' tips are the farthest.
+    /// How far the outline may reach beyond the path: the corners' tips reach farthest.
     [[nodiscard]] double outlineReach() const
     {
         return hasOutline() ? m_pen.widthF() * std::max(m_pen.miterLimit(), 1.0) : 0;
@@ -74,7 +74,7 @@ private:
         const double reach = outlineReach();
         const QRectF drawn =
             m_transform.mapRect(bounds.adjusted(-reach, -reach, reach, reach).normalized());
-        // What lies far outside is costly too, however small it is.
+        // Shapes far outside are expensive too, however small.
         const double farthest = std::max({std::abs(drawn.left()), std::abs(drawn.right()),
                                           std::abs(drawn.top()), std::abs(drawn.bottom())});
         m_work += points * farthest * (hasOutline() ? timesForOutline : 1);

@@ -7,9 +7,9 @@
 
 namespace ostrel {
 
-/// A device to paint on that draws nothing but adds up how much work the painting would be. A few
-/// curves that reach far out of the picture keep the rasterizer busy for minutes, and what has
-/// begun to be drawn can't be stopped.
+/// A paint device that draws nothing but adds up how much work the painting would be. A few curves
+/// that reach far out of the picture keep the rasterizer busy for minutes, and drawing can't be
+/// stopped once it has begun.
 class PaintingEstimate : public QPaintDevice
 {
 public:
@@ -17,10 +17,9 @@ public:
     explicit PaintingEstimate(const QSize &size);
     ~PaintingEstimate() override;
 
-    /// Every point of every path that was painted, times how many pixels its path, outline
-    /// included, reaches from the origin; six times that where the outline is drawn. A logo of 1000
-    /// points at 128 pixels comes to 128 000, without outlines.
-    /// Not finite where a coordinate isn't.
+    /// The sum over all painted paths of their number of points, times how many pixels the path,
+    /// outline included, reaches from the origin; six times that if the outline is drawn. A logo of
+    /// 1000 points at 128 pixels gives 128 000, without outlines. Not finite if a coordinate isn't.
     [[nodiscard]] double work() const;
 
     [[nodiscard]] QPaintEngine *paintEngine() const override;

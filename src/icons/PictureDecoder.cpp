@@ -18,8 +18,8 @@ namespace {
 
 enum class PictureFormat { none, png, ico, jpeg, gif, webp, svg };
 
-/// An SVG file says what it is after a prologue of any length, so everything that begins like XML
-/// counts; the parser has the last word.
+/// An SVG file identifies itself after a prologue of any length, so everything that begins like XML
+/// counts; the parser decides.
 bool looksLikeXml(QByteArrayView bytes)
 {
     constexpr QByteArrayView byteOrderMark("\xef\xbb\xbf");
@@ -72,7 +72,7 @@ QImage readPixels(QByteArray bytes, const QByteArray &format, int largestSide = 
     return pixelsOf(reader.read());
 }
 
-/// Before its first frame a GIF names the size of its canvas, which need not be the frame's.
+/// Before its first frame, a GIF has the size of its canvas, which may differ from the frame's.
 QImage decodeGif(const QByteArray &gif)
 {
     constexpr qsizetype canvasOffset = 6;
@@ -99,8 +99,7 @@ QImage decodeIco(const QByteArray &ico)
     return {};
 }
 
-/// A progressive JPEG is decoded anew for each of its scans, and one of a few bytes will do for
-/// the file's author.
+/// A progressive JPEG is decoded again for each of its scans, and a scan can be a few bytes long.
 QImage decodeJpeg(const QByteArray &jpeg)
 {
     constexpr qsizetype mostScans = 24;
@@ -118,7 +117,7 @@ QImage decodeWebp(const QByteArray &webp)
     return readPixels(webp, QByteArrayLiteral("webp"), side);
 }
 
-/// A drawing that is 1 by 1 by its own account is a tracking pixel, and stays one.
+/// A drawing that declares a size of 1 by 1 is a tracking pixel, and stays one.
 QSize drawnSize(const QSize &natural)
 {
     if (natural == QSize(1, 1))

@@ -5,17 +5,17 @@
 
 namespace ostrel {
 
-/// No picture that is wider or higher is decoded.
+/// Pictures that are wider or higher aren't decoded.
 inline constexpr int largestPictureSide = 2048;
-/// How large a picture without a pixel size of its own is drawn, on its longer side.
+/// The longer side of a drawing that has no pixel size of its own.
 inline constexpr int drawnPictureSide = 128;
 
-/// The picture in @p bytes: PNG, ICO (the largest picture in it), JPEG, GIF (the first frame),
-/// WebP or SVG, told apart by their content. Null for everything else, for what is broken, and
-/// where either side is over largestPictureSide, which is found out before any pixel is decoded.
+/// Decodes the picture in @p bytes: PNG, ICO (the largest picture in it), JPEG, GIF (the first
+/// frame), WebP or SVG, recognised by their content. Null for everything else, for broken pictures,
+/// and if either side is over largestPictureSide, which is checked before any pixel is decoded.
 ///
-/// Meant for what strangers send: pictures made to take a lot of time or memory are refused, and
-/// nothing but pixels is kept. Any thread; not the main one, for it may take a sixth of a second.
+/// Meant for untrusted input: pictures made to take a lot of time or memory are rejected, and
+/// nothing but pixels is kept. Any thread but the main one, since it may take a sixth of a second.
 [[nodiscard]] QImage decodePicture(const QByteArray &bytes);
 
 } // namespace ostrel

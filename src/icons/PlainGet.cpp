@@ -52,7 +52,7 @@ std::optional<QString> pageIn(const HttpResult &result)
 {
     if (!isOk(result))
         return std::nullopt;
-    // The cut may have gone through a character.
+    // The body may have been cut within a character.
     QStringDecoder decoder(QStringDecoder::Utf8, result.isBodyTruncated
                                                      ? QStringDecoder::Flag::Default
                                                      : QStringDecoder::Flag::Stateless);

@@ -17,8 +17,8 @@ constexpr qsizetype largestStyleSheet = 4096;
 constexpr int mostElements = 4096;
 constexpr int deepestLevel = 32;
 constexpr int mostAttributes = 64;
-/// How often a condition of a style sheet may meet a character of a class. Meeting an element takes
-/// as long as that many characters.
+/// How often a condition of a style sheet may be matched against a character of a class. Matching
+/// an element takes as long as that many characters.
 constexpr qsizetype mostSelecting = qsizetype(12) * 1024 * 1024;
 constexpr qsizetype charactersPerElement = 28;
 const QLatin1String svgNamespace("http://www.w3.org/2000/svg");
@@ -38,7 +38,7 @@ bool isDrawn(QStringView element)
     return elements.contains(element.toString());
 }
 
-/// Whether nothing of the element is ever seen.
+/// Whether nothing of the element is ever visible.
 bool isInert(const QXmlStreamReader &reader)
 {
     const QStringView element = reader.name();
@@ -47,9 +47,9 @@ bool isInert(const QXmlStreamReader &reader)
            element == QLatin1String("desc") || element == QLatin1String("metadata");
 }
 
-/// Whether no element has more attributes than it may have. The reader takes quadratic time to find
-/// out that no two have the same name. No attribute's value holds "<", so every attribute stands
-/// between two of them, and has a "=". Lists of attributes in a declaration come on top.
+/// Whether no element has more attributes than allowed. The reader takes quadratic time to check
+/// that no two have the same name. No attribute's value contains "<", so every attribute is between
+/// two of them, and has a "=". Attribute lists in a declaration are checked separately.
 bool hasFewAttributes(QStringView svg)
 {
     int attributes = 0;
@@ -57,7 +57,7 @@ bool hasFewAttributes(QStringView svg)
     for (qsizetype i = 0; i < svg.size() && attributes <= mostAttributes; ++i) {
         if (svg[i] == u'<') {
             attributes = 0;
-            // Comments may be full of such signs.
+            // Comments may be full of such characters.
             isDeclaration = svg.sliced(i).startsWith(u"<!");
         } else if (svg[i] == u'=' && !isDeclaration) {
             ++attributes;
@@ -66,20 +66,21 @@ bool hasFewAttributes(QStringView svg)
     return attributes <= mostAttributes;
 }
 
-/// How many conditions @p styleSheet has at most, one for each that selects or is combined.
+/// Upper bound for the conditions in @p styleSheet: one for each character that selects or
+/// combines.
 qsizetype conditionsIn(QStringView styleSheet)
 {
     return std::ranges::count_if(
         styleSheet, [](QChar character) { return QStringView(u"{,.#[").contains(character); });
 }
 
-/// Whether no element is selected by all that precede it, which takes quadratic time.
+/// Whether no selector matches all preceding siblings, which takes quadratic time.
 bool hasNoSiblings(QStringView styleSheet)
 {
     return !styleSheet.contains(u'~');
 }
 
-/// Dashes can be made so short that a line has millions of them, and imports lead out.
+/// Dashes can be so short that a line has millions of them, and imports refer to other files.
 bool isHarmless(QStringView styleOrAttribute)
 {
     return !styleOrAttribute.contains(QLatin1String("dash"), Qt::CaseInsensitive) &&
@@ -87,7 +88,7 @@ bool isHarmless(QStringView styleOrAttribute)
            !styleOrAttribute.contains(QLatin1Char('\\'));
 }
 
-/// Copies a drawing element by element, as far as it is safe.
+/// Copies a drawing element by element, as long as it is safe.
 class SvgCopy
 {
 public:
@@ -107,7 +108,7 @@ public:
     }
 
 private:
-    /// Each condition is tried on every element, and on every class that it has.
+    /// Each condition is matched against every element, and every class of it.
     [[nodiscard]] qsizetype selecting() const
     {
         return m_conditions * (m_elements * charactersPerElement + m_classSize);
@@ -168,7 +169,7 @@ private:
         }
     }
 
-    /// One gradient may name another of the same file.
+    /// A gradient may refer to another one in the same file.
     static bool isLinkInside(const QXmlStreamAttribute &attribute)
     {
         return attribute.namespaceUri() == linkNamespace &&
@@ -191,10 +192,10 @@ private:
     QXmlStreamReader m_reader;
     QByteArray m_copy;
     QXmlStreamWriter m_writer;
-    QStringList m_path; ///< The elements that are open.
+    QStringList m_path; ///< The open elements.
     qsizetype m_styleSheetSize = 0;
     qsizetype m_conditions = 0;
-    qsizetype m_classSize = 0; ///< Of the classes of all elements, in characters.
+    qsizetype m_classSize = 0; ///< The total size of all elements' classes, in characters.
     int m_elements = 0;
     bool m_isSafe = true;
 };

@@ -6,8 +6,8 @@ namespace ostrel {
 
 [[nodiscard]] bool isWebp(QByteArrayView bytes);
 
-/// How many bytes of @p webp aren't lossy pixels. Those of a lossless picture may ask for thousands
-/// of tables, each of which takes kilobytes to build and two bytes to ask for.
+/// The number of bytes of @p webp that aren't lossy pixels. Those of a lossless picture may request
+/// thousands of tables, each of which takes kilobytes to build and two bytes to request.
 [[nodiscard]] qsizetype losslessSize(QByteArrayView webp);
 
 } // namespace ostrel

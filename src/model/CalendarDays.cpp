@@ -6,7 +6,7 @@ namespace ostrel {
 
 namespace {
 
-// What is counted where the calendar gives no number.
+// The result if the calendar gives no number.
 constexpr qint64 unknownDays = 999;
 
 } // namespace

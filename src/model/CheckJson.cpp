@@ -109,7 +109,7 @@ std::optional<qint32> readStatusCode(JsonValue &value)
 {
     using Limits = std::numeric_limits<qint32>;
     const auto code = readInteger(value);
-    // The lowest number stands for an absent code.
+    // The lowest number represents an absent code.
     if (!code || *code <= Limits::min() || *code > Limits::max())
         return std::nullopt;
     return static_cast<qint32>(*code);
@@ -140,21 +140,22 @@ bool readField(Check &check, std::size_t key, JsonValue &value)
     return skipValue(value);
 }
 
-/// Whether a letter of the UUID that @p token holds, in quotes, is lower case. Eight characters at
-/// a time: this is asked twice for each check of a file.
+/// Whether the quoted UUID in @p token has a lower-case letter. Tests eight characters at a time:
+/// this is called twice for each check of a file.
 bool hasLowerCase(std::string_view token)
 {
     std::uint64_t lowerCase = 0;
     for (const std::size_t position : {0U, 8U, 16U, 24U, 30U}) {
         std::uint64_t characters = 0;
         std::memcpy(&characters, token.data() + position, sizeof characters);
-        // Of digits, hyphens, quotes and letters only those letters have both of these bits.
+        // Among digits, hyphens, quotes and letters, only lower-case letters have both of these
+        // bits.
         lowerCase |= characters & (characters << 1) & 0x4040404040404040;
     }
     return lowerCase != 0;
 }
 
-/// One value of the last check that was read, and the text that it had there.
+/// One value of the last check that was read, and its text.
 template<typename Value>
 struct Reading
 {
@@ -162,15 +163,15 @@ struct Reading
     Value value = {};
 };
 
-/// What most checks of one history have in common, so that it is parsed once and then recognised;
-/// and what the failed ones have, so that all of an outage share one text.
+/// Caches the values that most checks of one history share, so that each is parsed once and then
+/// recognised; and the error, so that all checks of an outage share one text.
 struct LastReading
 {
     Reading<QUuid> monitorId;
     Reading<CompactOptional<Timestamp>> sslExpiresAt;
     Reading<OptionalText> error;
 
-    /// Gives @p check the value of @p key if @p token is the text that it had last time.
+    /// Sets @p key of @p check to its last value if @p token is the same text as last time.
     [[nodiscard]] bool recall(Check &check, std::size_t key, std::string_view token) const
     {
         if (key == std::size_t(CheckKey::monitorId) && token == monitorId.token)
@@ -195,24 +196,24 @@ struct LastReading
     }
 };
 
-/// Reads one check, and learns on the way whether its text can stay its stored form.
+/// Reads one check, and finds out whether its text can be kept as its stored form.
 class CheckReader
 {
 public:
-    /// @p last lives as long as the text that is read.
+    /// @p last is valid as long as the text that is read.
     explicit CheckReader(LastReading &last)
         : m_last(last)
     {
     }
 
-    /// False for anything but a whole check; then the other functions say nothing.
+    /// False if it isn't a complete check; the other functions are then meaningless.
     [[nodiscard]] bool read(ondemand::object &object)
     {
         std::size_t expected = 0;
         for (auto member : object) {
             if (member.error() != SUCCESS)
                 return false;
-            // Not moved out: copying a field stalls on its own stores.
+            // Not moved out: copying a field causes store-forwarding stalls.
             ondemand::field &field = member.value_unsafe();
             const std::size_t key = findKey(field, checkKeys, expected);
             if (key == malformedKey || !readMember(key, field.value()))
@@ -224,8 +225,8 @@ public:
 
     [[nodiscard]] Check &check() { return m_check; }
 
-    /// Whether a text of @p length, from brace to brace, holds nothing but known keys, each once,
-    /// upper-case UUIDs, no null, and not one blank.
+    /// Whether the text, of @p length from brace to brace, has only known keys, each once,
+    /// upper-case UUIDs, no null, and no blanks.
     [[nodiscard]] bool isCompact(std::size_t length) const
     {
         return m_isPlain && length == m_compactLength;
@@ -269,11 +270,11 @@ private:
     std::size_t m_compactLength = 1; // the opening brace
 };
 
-/// Walks one document that alternates ids and arrays of checks.
+/// Reads one document that alternates ids and arrays of checks.
 class CheckMapReader
 {
 public:
-    /// Of @p document, whose text @p text stands at @p offset.
+    /// Reads @p document, whose text @p text is at @p offset.
     CheckMapReader(ondemand::document &document, const char *text, quint64 offset,
                    CheckMapVisitor &visitor)
         : m_document(document)

@@ -7,7 +7,7 @@
 
 namespace ostrel {
 
-/// The value of T that stands for "absent" in a CompactOptional<T>, and so can't be held by one.
+/// The value of T that represents "absent" in a CompactOptional<T>, which therefore can't hold it.
 template<typename T>
 struct AbsentValue;
 
@@ -23,8 +23,8 @@ struct AbsentValue<Timestamp>
     static constexpr Timestamp value = Timestamp::min();
 };
 
-/// A std::optional that takes no more room than its value, for records that are kept by the
-/// hundred thousand.
+/// A std::optional that takes no more memory than its value, for records of which hundreds of
+/// thousands are kept.
 template<typename T>
 class CompactOptional
 {
@@ -42,7 +42,7 @@ public:
 
     [[nodiscard]] constexpr bool has_value() const { return m_value != absent; }
     constexpr explicit operator bool() const { return has_value(); }
-    /// Only where there is a value.
+    /// Only if there is a value.
     constexpr T operator*() const { return m_value; }
     [[nodiscard]] constexpr T value_or(T fallback) const
     {

@@ -12,7 +12,7 @@ namespace {
 
 using namespace simdjson;
 
-/// Deeper nesting than this is refused, so that no file can exhaust the stack.
+/// Deeper nesting is rejected, so that no file can exhaust the stack.
 constexpr int maxSkippedDepth = 512;
 
 template<typename Value>
@@ -119,7 +119,7 @@ std::optional<qint64> readInteger(JsonValue &value)
     if (const auto integer = valueOf(value.get_int64()))
         return *integer;
 
-    // 2^63, which 64 bits can't hold. Its negative they can, but what lies below rounds to it too.
+    // 2^63 doesn't fit in 64 bits. -2^63 does, but lower numbers round to it too.
     constexpr double bound = 9223372036854775808.0;
     const auto number = readNumber(value);
     if (!number || *number != std::trunc(*number) || *number <= -bound || *number >= bound)
@@ -146,7 +146,7 @@ std::size_t findKey(ondemand::field &field, std::span<const std::string_view> ke
         if (field.key().unsafe_is_equal(keys[index]))
             return index;
     }
-    // An escape in a key hides it from the comparison of raw texts.
+    // A key with an escape isn't found by the comparison of raw texts.
     const auto key = valueOf(field.unescaped_key());
     if (!key)
         return malformedKey;

@@ -7,12 +7,12 @@
 
 namespace ostrel {
 
-// What the clocks of a time zone show. Qt knows no zone for some of what TZ may hold: a path, or a
-// rule without its dates ("MEZ-1MESZ"). The invalid zone that it then calls the system's stands for
-// the computer's own clocks as the C library sets them, which is UTC where that knows none either.
+// Local time in a time zone. Qt knows no zone for some values of TZ: a path, or a rule without its
+// dates ("MEZ-1MESZ"). It then returns an invalid system zone, which here means the computer's
+// local time as the C library sets it, or UTC if the C library doesn't know the zone either.
 
 [[nodiscard]] QDateTime onClocksOf(const QTimeZone &timeZone, Timestamp timestamp);
-/// Where the clocks skip that time, another one or an invalid one.
+/// If a clock change skips that time, the result is another time or invalid.
 [[nodiscard]] QDateTime onClocksOf(const QTimeZone &timeZone, QDate date, QTime time);
 
 } // namespace ostrel

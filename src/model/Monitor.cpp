@@ -12,7 +12,7 @@ namespace ostrel {
 
 namespace {
 
-/// The first of @p all whose raw value is @p value.
+/// The first of @p all with the raw value @p value.
 template<typename Enumeration, std::size_t count, typename Value>
 std::optional<Enumeration> caseFrom(const std::array<Enumeration, count> &all, const Value &value)
 {

@@ -21,7 +21,7 @@ enum class HTTPMethod { GET, HEAD, POST };
 inline constexpr std::array allHTTPMethods = {HTTPMethod::GET, HTTPMethod::HEAD, HTTPMethod::POST};
 
 /// The intervals that the form offers. A monitor stores its interval as a number of seconds, which
-/// need not be one of these.
+/// isn't necessarily one of these.
 enum class CheckInterval {
     thirtySeconds,
     oneMinute,
@@ -35,13 +35,13 @@ inline constexpr std::array allCheckIntervals = {
     CheckInterval::fifteenMinutes, CheckInterval::thirtyMinutes, CheckInterval::oneHour,
 };
 
-/// What a monitor is at the moment. Never stored: the store derives it from a monitor and its
-/// latest check.
+/// A monitor's current state. Never stored: the store derives it from a monitor and its latest
+/// check.
 enum class MonitorStatus { up, down, paused, pending };
 
-/// A span of time as files hold it: a number of seconds, with its fraction.
+/// A duration as stored in files: seconds, with a fraction.
 using Seconds = std::chrono::duration<double>;
-/// A response time or threshold: a number of milliseconds, with its fraction.
+/// A response time or threshold: milliseconds, with a fraction.
 using Milliseconds = std::chrono::duration<double, std::milli>;
 
 [[nodiscard]] QString rawValue(MonitorType type);
@@ -49,7 +49,7 @@ using Milliseconds = std::chrono::duration<double, std::milli>;
 [[nodiscard]] Seconds rawValue(CheckInterval interval);
 [[nodiscard]] std::optional<MonitorType> monitorTypeFrom(QStringView rawValue);
 [[nodiscard]] std::optional<HTTPMethod> httpMethodFrom(QStringView rawValue);
-/// Only for exactly the six offered lengths.
+/// Nullopt unless it is exactly one of the six offered intervals.
 [[nodiscard]] std::optional<CheckInterval> checkIntervalFrom(Seconds rawValue);
 
 /// One watched endpoint: a plain value, copied freely, identified by `id` alone.
@@ -57,26 +57,25 @@ struct Monitor
 {
     QUuid id;          ///< Never changes; keys the history.
     QString name = {}; ///< The user's label; may be empty.
-    QString url =
-        {}; ///< The full address; for a port monitor, the host or an address that names it.
+    QString url = {};  ///< The full address; for a port monitor, the host or an address with it.
     HTTPMethod method = HTTPMethod::GET;
     Seconds interval{60};  ///< From the end of one check to the start of the next.
-    Seconds timeout{30};   ///< Bounds a whole check.
+    Seconds timeout{30};   ///< For a whole check.
     bool isEnabled = true; ///< False while paused.
     bool notifyOnDown = true;
     bool notifyOnRecovery = true;
     Timestamp createdAt = {};
     MonitorType type = MonitorType::http;
     std::optional<QString> keyword = {};
-    bool keywordShouldExist = true; ///< False: the keyword's presence is the failure.
-    std::optional<Milliseconds> responseTimeThreshold = {}; ///< Slower than this is worth telling.
+    bool keywordShouldExist = true; ///< False: the check fails if the keyword is present.
+    std::optional<Milliseconds> responseTimeThreshold = {}; ///< Slower checks are worth notifying.
     std::optional<qint64> port = {};
-    qint64 sslExpiryWarningDays = 14; ///< Whole days before expiry from which on to warn.
+    qint64 sslExpiryWarningDays = 14; ///< Warn from this many whole days before expiry.
 
     bool operator==(const Monitor &) const = default;
 
-    /// What lists, headings and notifications call it: the name, else the address's host, else
-    /// the address.
+    /// The name in lists, headings and notifications: the monitor's name, or else the address's
+    /// host, or else the address.
     [[nodiscard]] QString displayName() const;
 };
 

@@ -53,7 +53,7 @@ constexpr std::array<std::string_view, 16> monitorKeys = {
     "sslExpiryWarningDays",
 };
 
-/// All keys up to "createdAt"; those after it came later.
+/// All keys up to "createdAt"; later versions added the rest.
 constexpr unsigned requiredMonitorKeys = (1U << static_cast<unsigned>(MonitorKey::type)) - 1;
 
 // Writing
@@ -65,7 +65,7 @@ QLatin1StringView keyText(MonitorKey key)
 }
 
 /// @p text with a replacement character for every unpaired surrogate, which Qt would write as an
-/// escape that no strict reader takes.
+/// escape that strict readers reject.
 QString wellFormed(const QString &text)
 {
     return text.isValidUtf16() ? text : QString::fromUtf8(text.toUtf8());

@@ -7,7 +7,7 @@
 
 namespace ostrel {
 
-/// A text that is usually absent, in the room of one pointer. Copies share the text.
+/// A text that is usually absent, in the size of one pointer. Copies share the text.
 class OptionalText
 {
 public:
@@ -17,7 +17,7 @@ public:
 
     [[nodiscard]] bool has_value() const { return m_text; }
     explicit operator bool() const { return has_value(); }
-    /// Only where there is a text, which may be empty.
+    /// Only if there is a text, which may be empty.
     const QString &operator*() const { return m_text->text; }
     [[nodiscard]] QString value_or(const QString &fallback) const;
 

@@ -22,7 +22,7 @@ public:
     {
         const int tens = m_text[position] - '0';
         const int ones = m_text[position + 1] - '0';
-        // Without a branch: a million of these are read at the start.
+        // Branch-free: a million of these are read at startup.
         m_areDigits &= (static_cast<unsigned>(tens) <= 9) & (static_cast<unsigned>(ones) <= 9);
         return tens * 10 + ones;
     }

@@ -9,11 +9,11 @@
 
 namespace ostrel {
 
-/// An instant of UTC, to the millisecond. Files hold whole seconds only.
+/// A UTC time, to the millisecond. Files hold whole seconds only.
 using Timestamp = std::chrono::sys_time<std::chrono::milliseconds>;
 
-/// Where "now" comes from. Every rule that depends on the time takes one, so that tests can
-/// advance it.
+/// The source of "now". Every rule that depends on the time takes one, so that tests can advance
+/// it.
 using WallClock = std::function<Timestamp()>;
 
 /// The computer's own wall clock.
@@ -27,8 +27,8 @@ inline constexpr std::size_t storedTimestampLength = 20;
 /// hold, are clamped to its ends.
 [[nodiscard]] QByteArray formatTimestamp(Timestamp timestamp);
 
-/// The date that @p text is the stored form of. Nothing for every other layout (a fraction, an
-/// offset, blanks, lower-case letters) and for days and times that don't exist.
+/// Parses the stored form of a date. Nullopt for every other layout (a fraction, an offset, blanks,
+/// lower-case letters) and for days and times that don't exist.
 [[nodiscard]] std::optional<Timestamp> parseTimestamp(std::string_view text);
 
 } // namespace ostrel

@@ -19,7 +19,7 @@ constexpr std::array<std::uint8_t, 256> hexDigitValues = [] {
     return values;
 }();
 
-/// Where the two digits of each byte stand, past the hyphens.
+/// The positions of each byte's two digits, without the hyphens.
 constexpr std::array<std::uint8_t, uuidBytes> digitPositions = {0,  2,  4,  6,  9,  11, 14, 16,
                                                                 19, 21, 24, 26, 28, 30, 32, 34};
 

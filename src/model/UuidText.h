@@ -14,7 +14,7 @@ inline constexpr std::size_t uuidTextLength = 36;
 /// The stored form of a UUID: canonical 8-4-4-4-12 hexadecimal form, upper case, no braces.
 [[nodiscard]] std::array<char, uuidTextLength> formatUuid(const QUuid &id);
 
-/// The UUID that @p text is the canonical form of, in either case. Nothing for every other form.
+/// Parses the canonical form of a UUID, in either case. Nullopt for every other form.
 [[nodiscard]] std::optional<QUuid> parseUuid(std::string_view text);
 
 } // namespace ostrel

@@ -26,7 +26,7 @@ struct Block
     int length; ///< In bits.
 };
 
-/// IPv4 addresses that aren't public, beside everything from 224.0.0.0 on.
+/// IPv4 address blocks that aren't public.
 constexpr std::array<Block<4>, 10> privateBlocks4{{
     {{0, 0, 0, 0}, 8},
     {{10, 0, 0, 0}, 8},
@@ -40,7 +40,7 @@ constexpr std::array<Block<4>, 10> privateBlocks4{{
     {{224, 0, 0, 0}, 3},
 }};
 
-/// Loopback, unspecified and what once was IPv4-compatible; unique local; link-local and
+/// Loopback, unspecified and the former IPv4-compatible ones; unique local; link-local and
 /// site-local; multicast.
 constexpr std::array<Block<16>, 5> privateBlocks6{{
     {{}, 96},
@@ -93,7 +93,7 @@ std::array<quint8, sizeof(Address)> bytesOf(const Address &address)
     return bytes;
 }
 
-/// Nothing where @p host is no literal address.
+/// Nullopt if @p host isn't a literal address.
 std::optional<bool> isPublicLiteral(const QByteArray &host)
 {
     in6_addr address6{};
@@ -101,7 +101,7 @@ std::optional<bool> isPublicLiteral(const QByteArray &host)
     if (inet_pton(AF_INET6, withoutZone.constData(), &address6) == 1)
         return isPublic6(bytesOf(address6));
     in_addr address4{};
-    // Unlike inet_pton() it knows the spellings with fewer parts, octal and hexadecimal ones.
+    // Unlike inet_pton(), this accepts the spellings with fewer parts, octal and hexadecimal ones.
     if (inet_aton(host.constData(), &address4) != 0)
         return isPublic4(bytesOf(address4));
     return std::nullopt;
@@ -112,7 +112,7 @@ QByteArray withoutBrackets(const QByteArray &host)
     return host.startsWith('[') && host.endsWith(']') ? host.sliced(1, host.size() - 2) : host;
 }
 
-/// In letters of ASCII, small, as a resolver would get it, without the root's dot.
+/// In small ASCII letters, as a resolver would get it, without the root's dot.
 QByteArray plainHost(const QString &host)
 {
     const QByteArray ascii = host.contains(u':') ? QByteArray() : QUrl::toAce(host);

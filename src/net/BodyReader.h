@@ -4,9 +4,9 @@
 
 namespace ostrel {
 
-/// Reads a response's body, decoded, while it arrives. Called from one thread at a time, which is
-/// neither the I/O thread nor that of the request's maker, and only before the request's future
-/// finishes, but for one call that may be under way if reading was given up.
+/// Reads a response's decoded body while it arrives. Called from one thread at a time, which is
+/// neither the I/O thread nor the thread that made the request, and only before the request's
+/// future finishes, except for one call that may still be running if reading was given up.
 class BodyReader
 {
 public:
@@ -15,9 +15,9 @@ public:
     BodyReader &operator=(const BodyReader &) = delete;
     virtual ~BodyReader() = default;
 
-    /// A body begins. What was read of another, of an earlier hop, is void.
+    /// A body begins. Discards what was read of an earlier hop's body.
     virtual void begin() = 0;
-    /// The next bytes: a piece of any size, at most some hundred kilobytes. If it throws, the body
+    /// The next bytes: a chunk of any size, at most some hundred kilobytes. If it throws, the body
     /// counts as not read.
     virtual void read(QByteArrayView bytes) = 0;
 };

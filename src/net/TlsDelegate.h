@@ -4,7 +4,7 @@
 
 namespace ostrel {
 
-/// Looks on while a server's certificate is verified. Never has a say in the outcome.
+/// Observes the verification of a server's certificate. Never influences the outcome.
 class TlsDelegate
 {
 public:
@@ -13,9 +13,9 @@ public:
     TlsDelegate &operator=(const TlsDelegate &) = delete;
     virtual ~TlsDelegate() = default;
 
-    /// A server has shown its leaf certificate, which ends at @p notAfter. Called on the I/O
-    /// thread, during the handshake, before the verdict, once or more for every TLS server on the
-    /// way, but for proxies; every call happens before the request's future is finished.
+    /// A server has presented its leaf certificate, which expires at @p notAfter. Called on the I/O
+    /// thread, during the handshake, before the verdict, at least once for every TLS server on the
+    /// way except proxies. Every call comes before the request's future finishes.
     virtual void didReceiveLeafCertificate(std::chrono::sys_seconds notAfter) = 0;
 };
 

@@ -12,7 +12,7 @@ enum class InterruptionLevel {
 /// One desktop notification. Always carries the desktop's default sound.
 struct NotificationRequest
 {
-    QString identifier; ///< A new notification replaces the one that has the same identifier.
+    QString identifier; ///< A new notification replaces an earlier one with the same identifier.
     QString title;      ///< Plain text.
     QString body;       ///< Plain text.
     InterruptionLevel level = InterruptionLevel::active;
@@ -20,7 +20,7 @@ struct NotificationRequest
     bool operator==(const NotificationRequest &) const = default;
 };
 
-/// The port through which notifications reach the desktop. Used on the main thread.
+/// The interface through which notifications reach the desktop. Main thread only.
 class NotificationCenter
 {
 public:
@@ -29,9 +29,9 @@ public:
     NotificationCenter &operator=(const NotificationCenter &) = delete;
     virtual ~NotificationCenter() = default;
 
-    /// Asks for leave to notify, where the desktop wants to be asked. The answer is ignored.
+    /// Asks for permission to notify, if the desktop requires it. The answer is ignored.
     virtual void requestAuthorization() = 0;
-    /// Shows @p request. Returns at once; what can't be shown is dropped silently.
+    /// Shows @p request. Returns at once; a notification that can't be shown is dropped silently.
     virtual void add(const NotificationRequest &request) = 0;
 };
 

@@ -17,7 +17,7 @@ QString identifierFor(const QString &kind, const Monitor &monitor)
     return kind + monitor.id.toString(QUuid::WithoutBraces).toUpper();
 }
 
-/// Cut by itself, so that what is said of the monitor is never cut off.
+/// Cut on its own, so that the text about the monitor that follows is never cut off.
 QString nameOf(const Monitor &monitor)
 {
     return oneLine(monitor.displayName());

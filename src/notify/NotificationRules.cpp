@@ -6,7 +6,7 @@ namespace ostrel {
 
 namespace {
 
-// One failure may be chance.
+// A single failure may be chance.
 constexpr qint64 failuresUntilDown = 2;
 
 std::optional<qint64> certificateDays(const Monitor &monitor, const Check &check,

@@ -13,8 +13,8 @@ namespace ostrel {
 struct DueNotifications
 {
     bool slow = false;
-    /// Days until the certificate's expiry, negative when that is past; absent if there is nothing
-    /// to tell of it.
+    /// Days until the certificate expires, negative if it has expired; absent if there is nothing
+    /// to notify about.
     std::optional<qint64> certificateDays = {};
     bool down = false;
     bool recovery = false;
@@ -25,13 +25,13 @@ struct DueNotifications
 /// Whether @p check was up and answered by HTTP, but took longer than the monitor's threshold.
 [[nodiscard]] bool isSlow(const Monitor &monitor, const Check &check);
 
-/// The rules of when to notify, for @p check of @p monitor after @p failuresBefore failed checks in
-/// a row.
+/// Decides when to notify, for @p check of @p monitor after @p failuresBefore failed checks in a
+/// row.
 ///
-/// Down is told at the second failure in a row, and only then; the recovery at the first success
-/// after that. The monitor's two switches gate them. Slow and certificate are told at every check
-/// to which they apply, because they depend on that one HTTP response alone; no switch gates them.
-/// The days are counted from the check's timestamp on the clocks of @p timeZone.
+/// Down is notified at the second failure in a row, and only then; the recovery at the first
+/// success after that. The monitor's two switches gate them. Slow and certificate are notified at
+/// every check to which they apply, because they depend on that one HTTP response alone; no switch
+/// gates them. The days are counted from the check's timestamp, in local time of @p timeZone.
 [[nodiscard]] DueNotifications
 dueNotifications(const Monitor &monitor, const Check &check, qint64 failuresBefore,
                  const QTimeZone &timeZone = QTimeZone::systemTimeZone());

@@ -9,26 +9,26 @@
 
 namespace ostrel {
 
-/// A second start's end of the conversation, as the first program sees it. Deletes itself when the
-/// conversation is over, which it is soon, whatever the other does.
+/// The first program's side of a connection from a second start. Deletes itself when the
+/// conversation is over, which is soon, whatever the peer does.
 class ActivationPeer : public QObject
 {
     Q_OBJECT
 
 public:
-    /// @p socket is connected and doesn't block.
+    /// @p socket is connected and non-blocking.
     ActivationPeer(FileDescriptor socket, QObject *parent);
 
-    /// Whether the other end of @p socket belongs to this user.
+    /// Whether the peer of @p socket belongs to this user.
     [[nodiscard]] static bool isOurs(const FileDescriptor &socket);
 
-    /// Takes what the other has said so far.
+    /// Reads what the peer has sent so far.
     void read();
-    /// Hangs up.
+    /// Closes the connection.
     void end();
 
 Q_SIGNALS:
-    /// At most once, after the other has its answer.
+    /// Emitted at most once, after the peer has its answer.
     void activationRequested(const QByteArray &activationToken);
 
 private:

@@ -11,7 +11,7 @@ public:
     LoginItem &operator=(const LoginItem &) = delete;
     virtual ~LoginItem() = default;
 
-    /// Both are idempotent, and false where the desktop refused.
+    /// Both are idempotent, and return false if the desktop refused.
     virtual bool registerItem() = 0;
     virtual bool unregisterItem() = 0;
 };

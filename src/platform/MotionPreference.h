@@ -12,7 +12,7 @@ class MotionPreference : public QObject
 public:
     using QObject::QObject;
 
-    /// False while the desktop hasn't said so.
+    /// False as long as the desktop hasn't reported it.
     [[nodiscard]] bool isReduced() const { return m_isReduced; }
 
 Q_SIGNALS:

@@ -15,34 +15,35 @@
 
 namespace ostrel {
 
-/// Shows a notification by the interface's own means, for desktops without a service for it.
+/// Shows a notification by the interface's own means, for desktops without a notification service.
 using NotificationPresenter = std::function<void(const NotificationRequest &)>;
 
-// The implementations of the ports that this build was configured for (OSTREL_PLATFORM). None of
-// these blocks, whatever the desktop lacks.
+// The implementations of the interfaces, as configured for this build (OSTREL_PLATFORM). None of
+// these functions blocks, whatever the desktop lacks.
 
-/// Lets the program open as many files as the system allows it. The programs that it starts get the
-/// limit that it was started with. First of all.
+/// Raises the limit of open files to what the system allows. Programs that this one starts get the
+/// original limit. Call this before anything else.
 void raiseDescriptorLimit();
 
-/// Reads which faces the desktop has and prefers, which lasts milliseconds, so that the first text
+/// Reads which fonts the desktop has and prefers, which takes milliseconds, so that the first text
 /// doesn't wait for that. Any thread.
 void readFontConfiguration();
 
-/// Keeps the toolkit from those of the desktop's services that don't answer: it would wait for
-/// them. Takes a millisecond or two; a quarter of a second at most where one is silent. Before
-/// there is an application.
+/// Hides from the toolkit the desktop's services that don't answer: it would wait for them. Takes a
+/// millisecond or two; at most a quarter of a second if one is silent. Call this before there is an
+/// application object.
 void avoidSilentServices();
 
-/// Begins, on another thread, what the others would else wait for. Once there is an application.
+/// Starts, on another thread, what the other functions would otherwise wait for. Call this once
+/// there is an application object.
 void preparePlatform();
 
 [[nodiscard]] std::unique_ptr<NotificationCenter>
 makeNotificationCenter(const NotificationPresenter &presenter);
-/// Has the calling thread, and no other, yield to those that want the processor. It still gets a
-/// share of it: one that got none could hold a lock of the allocator's for seconds.
+/// Makes the calling thread, and no other, yield to those that want the processor. It still gets a
+/// share: with none it could hold a lock of the allocator for seconds.
 void lowerThreadPriority();
-/// Now, on this system's continuous clock. Any thread.
+/// The current time of this system's continuous clock. Any thread.
 [[nodiscard]] ContinuousTime continuousNow();
 [[nodiscard]] std::unique_ptr<WakeSignal> makeWakeSignal();
 [[nodiscard]] std::unique_ptr<NetworkPresence> makeNetworkPresence();

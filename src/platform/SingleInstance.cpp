@@ -31,14 +31,15 @@ constexpr auto lockName = "ostrel.lock";
 constexpr auto socketName = "ostrel.sock";
 constexpr std::string_view okAnswer = "ok\n";
 constexpr mode_t ownerOnly = 0600;
-/// How long a second start waits before it tries again.
+/// How long a second start waits before it retries.
 constexpr auto retryInterval = 20ms;
 constexpr int maxPeers = 16;
-/// How long accepting rests when it fails, as it does for want of descriptors.
+/// How long accepting pauses after it has failed, for example because there are no descriptors
+/// left.
 constexpr auto acceptPause = 200ms;
 
-/// The socket's address by way of the folder's descriptor, because a socket's path must be short
-/// and a data folder's may be long.
+/// The socket's address through the folder's descriptor, because a socket's path must be short and
+/// a data folder's may be long.
 sockaddr_un addressIn(const FileDescriptor &folder)
 {
     sockaddr_un address = {};
@@ -64,10 +65,10 @@ FileDescriptor newSocket()
     return FileDescriptor(::socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
 }
 
-/// A socket that listens in @p folder; a closed descriptor where the file system can't have one.
+/// A socket that listens in @p folder; a closed descriptor if the file system doesn't support that.
 FileDescriptor listenIn(const FileDescriptor &folder)
 {
-    // Left by a program that was killed: whoever holds the lock owns this name.
+    // Left by a program that was killed: the lock's holder owns this name.
     ::unlinkat(folder.number(), socketName, 0);
     FileDescriptor socket = newSocket();
     const bool isListening = socket.isOpen() && ::fchmod(socket.number(), ownerOnly) == 0 &&
@@ -76,15 +77,15 @@ FileDescriptor listenIn(const FileDescriptor &folder)
     return isListening ? std::move(socket) : FileDescriptor();
 }
 
-/// Waits until @p socket has something to read, or @p deadline.
+/// Waits until @p socket is readable, or until @p deadline.
 bool waitForAnswer(const FileDescriptor &socket, const QDeadlineTimer &deadline)
 {
     pollfd waited = {.fd = socket.number(), .events = POLLIN, .revents = 0};
     return ::poll(&waited, 1, static_cast<int>(deadline.remainingTime())) > 0;
 }
 
-/// Asks the program that owns @p folder to show itself, without waiting; a closed descriptor where
-/// that can't be asked.
+/// Asks the program that owns @p folder to show itself, without waiting; a closed descriptor if the
+/// request can't be sent.
 FileDescriptor sendRequest(const FileDescriptor &folder)
 {
     FileDescriptor socket = newSocket();
@@ -96,7 +97,7 @@ FileDescriptor sendRequest(const FileDescriptor &folder)
     return sent == request.size() ? std::move(socket) : FileDescriptor();
 }
 
-/// Asks the first program once; true where it has said that it will show itself.
+/// Asks the first program once; true if it has answered that it will show itself.
 bool askFirst(const FileDescriptor &folder, const QDeadlineTimer &deadline)
 {
     const FileDescriptor socket = sendRequest(folder);
@@ -115,13 +116,13 @@ void pause(const QDeadlineTimer &deadline)
     std::this_thread::sleep_for(pause);
 }
 
-/// The lock's file in @p folder, which is made where it can be. Never waits for what stands there
-/// in its place.
+/// Opens the lock file in @p folder, which is created if possible. Doesn't block if something else
+/// is there in its place.
 FileDescriptor openLock(const FileDescriptor &folder)
 {
     constexpr int flags = O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
     FileDescriptor lock(::openat(folder.number(), lockName, O_RDWR | O_CREAT | flags, ownerOnly));
-    // One in a folder that is read-only can be locked as well.
+    // The lock file in a read-only folder can be locked as well.
     if (!lock.isOpen())
         lock = FileDescriptor(::openat(folder.number(), lockName, O_RDONLY | flags));
     struct stat status = {};
@@ -150,7 +151,7 @@ SingleInstance::SingleInstance(const QString &storageDir, QObject *parent)
 
 SingleInstance::~SingleInstance()
 {
-    // While the lock is still held, so that the successor's socket can't be meant.
+    // While the lock is still held, so that this can't remove a successor's socket.
     if (m_listener.isOpen())
         ::unlinkat(m_folder.number(), socketName, 0);
 }
@@ -180,7 +181,7 @@ bool SingleInstance::renew()
     return lock == Lock::taken;
 }
 
-/// Whether the lock that stands at the path is the one that is held.
+/// Whether the lock file at the path is the one that we hold.
 bool SingleInstance::isOwner() const
 {
     struct stat own = {};
@@ -190,7 +191,7 @@ bool SingleInstance::isOwner() const
            isSameFile(own, found);
 }
 
-/// The former lock is held until there is a new one.
+/// The previous lock is held until there is a new one.
 SingleInstance::Lock SingleInstance::takeLock()
 {
     FileDescriptor folder(
@@ -202,7 +203,7 @@ SingleInstance::Lock SingleInstance::takeLock()
         return errno == EWOULDBLOCK ? Lock::held : Lock::impossible;
     std::swap(m_folder, folder);
     std::swap(m_lock, lock);
-    // One that was replaced since it was opened keeps nobody out.
+    // A lock file that was replaced since it was opened keeps no one out.
     if (!isOwner())
         return Lock::impossible;
     listen();
@@ -249,13 +250,13 @@ void SingleInstance::acceptPeers()
             continue;
         if (errno == EAGAIN || errno == EWOULDBLOCK)
             return;
-        // The notifier would tell of the same peer again and again.
+        // The notifier would report the same peer again and again.
         m_notifier->setEnabled(false);
         return m_nextAccept.start();
     }
 }
 
-/// False, with errno, where nobody could be accepted.
+/// False, with errno, if no peer could be accepted.
 bool SingleInstance::acceptPeer()
 {
     FileDescriptor socket(uninterrupted([this] {

@@ -4,7 +4,7 @@
 
 namespace ostrel {
 
-/// Tells, on the main thread, that the system asks the program to end (SIGTERM, SIGINT).
+/// Reports, on the main thread, that the system asks the program to end (SIGTERM, SIGINT).
 class TerminationSignal : public QObject
 {
     Q_OBJECT

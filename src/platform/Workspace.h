@@ -7,8 +7,8 @@ namespace ostrel {
 
 /// Opens addresses and folders with the programs that the user has chosen for them. Main thread.
 ///
-/// Every function returns at once: true where the desktop has been asked, false where there is
-/// nobody to ask or nothing to ask for. What the desktop makes of it is not told.
+/// Every function returns at once: true if the desktop has been asked, false if there is no service
+/// to ask or nothing to ask for. The desktop's result isn't reported.
 class Workspace
 {
 public:
@@ -17,11 +17,11 @@ public:
     Workspace &operator=(const Workspace &) = delete;
     virtual ~Workspace() = default;
 
-    /// @p url is absolute.
+    /// @p url must be absolute.
     virtual bool open(const QUrl &url) = 0;
-    /// Shows what is in the folder @p path, which is absolute and exists.
+    /// Shows the contents of the folder @p path, which must be absolute and exist.
     virtual bool openFolder(const QString &path) = 0;
-    /// Shows where the desktop lets its user choose how notifications appear.
+    /// Shows the desktop's settings for how notifications appear.
     virtual bool openNotificationSettings() = 0;
 };
 

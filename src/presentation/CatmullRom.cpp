@@ -6,17 +6,17 @@ namespace ostrel {
 
 namespace {
 
-// Points nearer than this coincide: dividing by what is left of their distance is noise.
+// Points closer than this coincide: dividing by such a distance only amplifies noise.
 constexpr double minKnotDistance = 1e-12;
 
-/// The distance of the knots of @p from and @p to.
+/// The distance between the knots of @p from and @p to.
 double knotDistance(QPointF from, QPointF to, double alpha)
 {
     return std::pow(std::hypot(to.x() - from.x(), to.y() - from.y()), alpha);
 }
 
-/// The control point beside @p near, on the side of @p far, where @p beyond is the neighbour on
-/// the other side; @p inner is the knots' distance of near and far, @p outer that of near and
+/// The control point beside @p near, on the side of @p far; @p beyond is the neighbour on the other
+/// side; @p inner is the knots' distance between near and far, @p outer that between near and
 /// beyond.
 QPointF controlPoint(QPointF beyond, QPointF near, QPointF far, double outer, double inner)
 {

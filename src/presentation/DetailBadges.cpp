@@ -30,7 +30,7 @@ std::optional<Badge> certificateBadge(const std::optional<Check> &latestCheck, T
     };
 }
 
-/// A keyword that nobody looked for yet counts as not found.
+/// A keyword that hasn't been searched for yet counts as not found.
 bool isKeywordAsWished(const Monitor &monitor, const std::optional<Check> &latestCheck)
 {
     const bool found = latestCheck && latestCheck->keywordFound.value_or(false);

@@ -81,7 +81,7 @@ QString addressText(const QString &url)
 
 QString clockTimePattern(const QLocale &locale)
 {
-    // Some locales' short pattern has seconds, and "B" (in the afternoon) is not understood.
+    // Some locales' short pattern has seconds, and "B" (in the afternoon) isn't supported.
     static const QRegularExpression surplus(u"[:.]ss|B"_s);
     return locale.timeFormat(QLocale::ShortFormat).remove(surplus);
 }

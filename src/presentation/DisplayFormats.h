@@ -8,35 +8,34 @@
 
 namespace ostrel {
 
-// How values are written where they are shown. Figures have a decimal point in every locale; ties
-// are rounded to even.
+// How values are displayed. Numbers have a decimal point in every locale; ties are rounded to even.
 
-/// "245ms", from one second on "12.3s": where room is short.
+/// "245ms", from one second on "12.3s": if space is limited.
 [[nodiscard]] QString shortResponseTimeText(Milliseconds time);
-/// "1532ms", however long it took.
+/// "1532ms", however long.
 [[nodiscard]] QString compactResponseTimeText(Milliseconds time);
 /// "245 ms".
 [[nodiscard]] QString responseTimeText(Milliseconds time);
-/// "192"; "--" for 0 or less, which stands for "none".
+/// "192"; "--" for 0 or less, which means "none".
 [[nodiscard]] QString averageText(Milliseconds average);
 
-/// "99.9%" of a share in 0…1, and "100%" of exactly all.
+/// "99.9%" for a share in 0…1, and "100%" for exactly 1.
 [[nodiscard]] QString rowUptimeText(double share);
-/// "99.9%" of a share in 0…1, and "100.0%" of exactly all.
+/// "99.9%" for a share in 0…1, and "100.0%" for exactly 1.
 [[nodiscard]] QString cardUptimeText(double share);
-/// "99.9" of a share in 0…1, and "100" of exactly all.
+/// "99.9" for a share in 0…1, and "100" for exactly 1.
 [[nodiscard]] QString statisticUptimeText(double share);
-/// "99.87%" of a percentage in 0…100.
+/// "99.87%" for a percentage in 0…100.
 [[nodiscard]] QString percentageText(double percentage);
 
-/// What @p monitor is called, on one line.
+/// The display name of @p monitor, on one line.
 [[nodiscard]] QString nameText(const Monitor &monitor);
 /// An address on one line, without its scheme, and without slashes at its ends.
 [[nodiscard]] QString addressText(const QString &url);
 
-/// The locale's pattern for hour and minute, as QLocale::toString() takes it.
+/// The locale's pattern for hour and minute, in the format of QLocale::toString().
 [[nodiscard]] QString clockTimePattern(const QLocale &locale);
-/// The locale's pattern for a full hour: "h AP" where it counts to 12, otherwise with minutes.
+/// The locale's pattern for a full hour: "h AP" if it has a 12-hour clock, otherwise with minutes.
 [[nodiscard]] QString fullHourPattern(const QLocale &locale);
 /// The time of day: "3:42 PM", "15:42".
 [[nodiscard]] QString clockTimeText(Timestamp timestamp,

@@ -21,7 +21,7 @@ struct Range
     }
 };
 
-/// Where the straight line to @p next from the point before it passes @p x.
+/// The ordinate, at @p x, of the straight line to @p next from the point before it.
 double ordinateAt(std::span<const QPointF> points, Iterator next, double x)
 {
     if (next == points.begin())
@@ -32,7 +32,7 @@ double ordinateAt(std::span<const QPointF> points, Iterator next, double x)
     return std::lerp(before.y(), next->y(), (x - before.x()) / (next->x() - before.x()));
 }
 
-/// What the line passes between @p left and @p right.
+/// The range of the line's ordinates between @p left and @p right.
 Range rangeBetween(std::span<const QPointF> points, double left, double right)
 {
     const auto begin = std::ranges::lower_bound(points, left, {}, &QPointF::x);

@@ -31,24 +31,24 @@ struct Statistic
 public:
     QString title = {};
     QString value = {};
-    QString unit = {}; ///< Empty where the value is missing.
+    QString unit = {}; ///< Empty if the value is missing.
     Tone tone = Tone::Secondary;
 
     bool operator==(const Statistic &) const = default;
 };
 
-/// What the detail page is made from, as the store derives it.
+/// The data of the detail page, as the store derives it.
 struct DetailSource
 {
     MonitorSummary summary = {};
-    double averageResponse24h = 0; ///< Milliseconds; 0 where there is none.
+    double averageResponse24h = 0; ///< Milliseconds; 0 if there is none.
     double uptime7d = 1;           ///< Shares in 0…1.
     double uptime30d = 1;
     std::span<const Check> lastDay = {}; ///< The checks of the last 24 hours.
-    std::span<const Check> history = {}; ///< All that is stored, oldest first.
+    std::span<const Check> history = {}; ///< All stored checks, oldest first.
 };
 
-/// How the page is worded: the moment, and whose clocks and language.
+/// What the page's wording depends on: the time, the time zone and the language.
 struct Viewpoint
 {
     Timestamp now;
@@ -75,7 +75,7 @@ struct MonitorDetail
     Q_PROPERTY(ostrel::UptimeTimeline timeline MEMBER timeline)
 
 public:
-    /// How many of the newest checks the timeline is made from.
+    /// How many of the newest checks the timeline covers.
     static constexpr std::size_t timelineChecks = 200;
 
     QString name = {};
@@ -92,7 +92,7 @@ public:
     ResponseSeries series = {};
     UptimeTimeline timeline = {};
 
-    /// Lists of values as QML repeats them.
+    /// The lists as values for QML's repeaters.
     [[nodiscard]] QVariantList badgeValues() const;
     [[nodiscard]] QVariantList statisticValues() const;
 

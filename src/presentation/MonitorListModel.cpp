@@ -113,7 +113,7 @@ void MonitorListModel::takeMonitors()
         return entry.monitor.id == monitor.id;
     };
 
-    // Whatever has come or gone lies between what both lists begin and end with.
+    // All additions and removals are between the common beginning and the common end of both lists.
     const auto head =
         std::mismatch(m_entries.begin(), m_entries.end(), monitors.begin(), monitors.end(), sameId);
     const auto tail = std::mismatch(m_entries.rbegin(), std::reverse_iterator(head.first),
@@ -168,7 +168,7 @@ void MonitorListModel::update(std::size_t row)
 {
     Entry &entry = m_entries[row];
     if (!entry.shown)
-        return; // Nobody has seen it yet.
+        return; // It hasn't been requested yet.
     Shown current = makeShown(entry.monitor);
     if (current == *entry.shown)
         return;

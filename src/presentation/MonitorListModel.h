@@ -15,12 +15,12 @@ class MonitorStore;
 
 /// Every monitor as the sidebar and the dashboard show it, in the store's order.
 ///
-/// A row is worked out when it is first asked for. A check changes its monitor's row alone; added,
+/// A row is computed when it is first requested. A check changes only its monitor's row; added,
 /// removed and edited monitors are announced as such, never as a reset.
 class MonitorListModel : public QAbstractListModel
 {
     Q_OBJECT
-    /// How often to refresh() while the rows can be seen, in milliseconds.
+    /// How often to call refresh() while the rows are visible, in milliseconds.
     Q_PROPERTY(int refreshInterval MEMBER refreshInterval CONSTANT)
 
 public:
@@ -35,7 +35,7 @@ public:
         statusRole, ///< MonitorStatus as a number.
         isDownRole,
         isPendingRole,
-        resultTextRole, ///< What stands on the right of the sidebar's row.
+        resultTextRole, ///< The text on the right of the sidebar's row.
         resultToneRole,
         uptimeTextRole,
         spokenTextRole,       ///< The row as one sentence.
@@ -45,19 +45,19 @@ public:
     };
     Q_ENUM(Role)
 
-    /// @p store outlives the model.
+    /// @p store must outlive the model.
     explicit MonitorListModel(const MonitorStore &store, QObject *parent = nullptr);
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
-    /// The row of the monitor with this id; -1 where there is none.
+    /// The row of the monitor with this id; -1 if there is none.
     [[nodiscard]] int rowOf(const QUuid &monitorId) const;
-    /// A null id where there is no such row.
+    /// A null id if there is no such row.
     [[nodiscard]] QUuid monitorIdAt(int row) const;
 
-    /// Works out anew what depends on the time that has passed, for all rows that were shown.
+    /// Recomputes what depends on the current time, for all rows that were shown.
     Q_INVOKABLE void refresh();
 
 private:
@@ -71,7 +71,7 @@ private:
     struct Entry
     {
         Monitor monitor = {};
-        std::optional<Shown> shown = {}; ///< Absent until it is asked for.
+        std::optional<Shown> shown = {}; ///< Absent until it is requested.
     };
 
     void takeMonitors();
@@ -85,7 +85,7 @@ private:
     [[nodiscard]] const Shown &shownAt(std::size_t row) const;
 
     const MonitorStore &m_store;
-    /// Mutable for `shown`, which is worked out on demand.
+    /// Mutable for `shown`, which is computed on demand.
     mutable std::vector<Entry> m_entries;
 };
 

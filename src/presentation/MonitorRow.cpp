@@ -17,7 +17,7 @@ struct RowTexts
     Q_DECLARE_TR_FUNCTIONS(MonitorRow)
 };
 
-/// The latest response time, where the row shows one.
+/// The latest response time, if the row shows one.
 std::optional<Milliseconds> shownTime(const MonitorSummary &summary)
 {
     if (summary.status == MonitorStatus::pending || summary.status == MonitorStatus::down ||

@@ -9,7 +9,7 @@ namespace ostrel {
 
 class MonitorStore;
 
-/// What a monitor is at the moment, as the store derives it.
+/// A monitor's current state, as the store derives it.
 struct MonitorSummary
 {
     MonitorStatus status = MonitorStatus::pending;

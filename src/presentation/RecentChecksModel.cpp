@@ -95,7 +95,7 @@ QHash<int, QByteArray> RecentChecksModel::roleNames() const
 void RecentChecksModel::takeChecks()
 {
     const std::vector<Check> checks = newestFirst(m_store.checks(m_monitorId));
-    // New checks push the known ones down. Anything else is another history.
+    // New checks push the known ones down. Any other change means a different history.
     const auto known =
         m_checks.empty() ? checks.end() : std::ranges::find(checks, m_checks.front());
     const auto kept = std::mismatch(known, checks.end(), m_checks.begin(), m_checks.end());

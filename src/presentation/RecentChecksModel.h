@@ -16,8 +16,8 @@ class MonitorStore;
 
 /// The newest checks of one monitor, the newest first.
 ///
-/// A new check is announced as a row at the top or, where the list is full, as its last row, which
-/// moves to the top and changes: views keep what they made for it. Never as a reset.
+/// A new check is announced as a row at the top or, if the list is full, as its last row, which
+/// moves to the top and changes, so that views keep the delegates they created. Never as a reset.
 class RecentChecksModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -27,7 +27,7 @@ public:
         isUpRole = Qt::UserRole,
         toneRole,       ///< Tone of the dot.
         timeTextRole,   ///< The time of day.
-        codeTextRole,   ///< HTTP; empty where no response arrived.
+        codeTextRole,   ///< HTTP; empty if no response arrived.
         resultTextRole, ///< The response time, or what went wrong on one line.
         spokenTextRole, ///< The row as one sentence.
     };
@@ -35,7 +35,7 @@ public:
 
     static constexpr std::size_t maxRows = 20;
 
-    /// @p store outlives the model. Times of day are those of @p timeZone and @p locale.
+    /// @p store must outlive the model. Times of day are in @p timeZone and @p locale.
     explicit RecentChecksModel(const MonitorStore &store,
                                const QTimeZone &timeZone = QTimeZone::systemTimeZone(),
                                const QLocale &locale = QLocale(), QObject *parent = nullptr);
@@ -49,7 +49,8 @@ public:
 
 private:
     void takeChecks();
-    /// Moves as many rows as there are @p fresh checks from the end to the top, for these.
+    /// Moves as many rows as there are @p fresh checks from the end to the top, and sets them to
+    /// these.
     void renewLast(std::span<const Check> fresh);
     void dropFrom(std::size_t first);
     void insertAtTop(std::vector<Check>::const_iterator begin,

@@ -16,14 +16,14 @@ using namespace std::chrono;
 constexpr qint64 daysPerWeek = 7;
 constexpr qint64 monthsPerYear = 12;
 
-/// A signed number of units: negative in the past.
+/// A signed number of units: negative for the past.
 struct Distance
 {
     qint64 count;
     URelativeDateTimeUnit unit;
 };
 
-/// Whole calendar months, rounded toward zero. @p earlier is not later than @p later.
+/// Whole calendar months, rounded toward zero. @p earlier must not be later than @p later.
 qint64 wholeMonthsBetween(const QDateTime &earlier, const QDateTime &later)
 {
     const QDate begin = earlier.date();
@@ -82,7 +82,7 @@ QString relativeDateText(Timestamp timestamp, Timestamp now, const QLocale &loca
                                                    UDISPCTX_CAPITALIZATION_NONE, status);
     icu::UnicodeString text;
     formatter.format(static_cast<double>(distance.count), distance.unit, text, status);
-    // Without ICU's data the time of day is better than nothing.
+    // If ICU's data is missing, show the time of day instead.
     if (U_FAILURE(status))
         return locale.toString(onClocksOf(timeZone, timestamp), QLocale::ShortFormat);
     return QString::fromUtf16(text.getBuffer(), text.length());

@@ -30,7 +30,7 @@ struct Scales
 
     [[nodiscard]] double x(Timestamp time) const
     {
-        // Checks of one second: files hold no fractions.
+        // All checks are within one second: files hold no fractions.
         if (first == last)
             return plot.center().x();
         const Milliseconds span = last - first;
@@ -73,7 +73,7 @@ Scales makeScales(const ResponseSeries &series, QSizeF size, const LabelMetrics 
     };
 }
 
-/// Whether the points are nearer to each other than the line is wide.
+/// Whether the points are closer to each other than the line is wide.
 bool isDense(const ResponseChart &chart)
 {
     const double length = chart.points.back().x() - chart.points.front().x();

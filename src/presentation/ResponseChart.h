@@ -15,7 +15,7 @@
 
 namespace ostrel {
 
-/// How large the labels of a chart are, in device-independent pixels.
+/// The sizes of a chart's labels, in device-independent pixels.
 struct LabelMetrics
 {
     std::function<double(const QString &)> width;
@@ -31,18 +31,18 @@ struct ChartLabel
     bool operator==(const ChartLabel &) const = default;
 };
 
-/// Where everything in the body of a response-time chart stands, in device-independent pixels from
-/// its top left corner. Empty where there is no line to draw.
+/// The positions of everything in the body of a response-time chart, in device-independent pixels
+/// from its top left corner. Empty if there is no line to draw.
 struct ResponseChart
 {
     static constexpr double lineWidth = 2.5;
 
     QRectF plot = {};
-    std::vector<QPointF> points = {}; ///< Of the series.
-    /// From the first point through all others. Empty where they are nearer to each other than
-    /// the line is wide: there it is only seen as a band.
+    std::vector<QPointF> points = {}; ///< The series' points.
+    /// From the first point through all others. Empty if they are closer to each other than the
+    /// line is wide: then it only shows as a band.
     std::vector<BezierSegment> curve = {};
-    std::vector<QPointF> band = {};       ///< The outline of the line where there is no curve.
+    std::vector<QPointF> band = {};       ///< The outline of the line if there is no curve.
     std::vector<QPointF> marks = {};      ///< The centres of the discs.
     std::vector<double> horizontals = {}; ///< The grid lines' ordinates.
     std::vector<double> verticals = {};   ///< The grid lines' abscissas.
@@ -52,8 +52,8 @@ struct ResponseChart
     [[nodiscard]] bool isEmpty() const { return points.empty(); }
 };
 
-/// The chart of @p series in a body of @p size. Labels never overlap and never leave the body:
-/// those that would are left out.
+/// The chart of @p series in a body of @p size. Labels never overlap and never extend beyond the
+/// body: those that would are left out.
 [[nodiscard]] ResponseChart responseChart(const ResponseSeries &series, QSizeF size,
                                           const LabelMetrics &metrics, const QTimeZone &timeZone,
                                           const QLocale &locale);

@@ -20,9 +20,10 @@ constexpr double miterLimit = 10;
 constexpr double markRadius = 2.25;
 constexpr double areaTopOpacity = 0.22;
 constexpr double areaBottomOpacity = 0.02;
-// How far the line may leave the plot: its own half width and a little of the curve's swing.
+// How far the line may extend beyond the plot: half its width and a little of the curve's
+// overshoot.
 constexpr double overflow = 3;
-// How wide the pieces are that a band is filled in: the fastest of those measured.
+// The width of the pieces in which a band is filled: the fastest of those measured.
 constexpr int piecePixels = 32;
 
 QColor faded(QColor color, double opacity)
@@ -49,7 +50,7 @@ QPainterPath areaUnder(QPainterPath path, const ResponseChart &chart)
     return path;
 }
 
-/// A thin line as whole pixels of the device, with what they are too wide taken from the opacity.
+/// A thin line in whole pixels of the device; its excess width is compensated by a lower opacity.
 struct Hairline
 {
     explicit Hairline(double deviceScale)
@@ -60,7 +61,7 @@ struct Hairline
 
     [[nodiscard]] double opacity() const { return std::min(1.0, gridWidth * scale / pixels); }
     [[nodiscard]] double thickness() const { return pixels / scale; }
-    /// The near edge of the line whose middle is at @p position.
+    /// The near edge of the line with its middle at @p position.
     [[nodiscard]] double edge(double position) const
     {
         return std::round(position * scale - pixels / 2) / scale;
@@ -83,7 +84,7 @@ void paintGrid(QPainter &painter, const ResponseChart &chart, const QColor &colo
                          shade);
 }
 
-/// A band's points from @p first to before @p last of its upper edge, and those below them.
+/// The points of a band's upper edge from @p first to before @p last, and those below them.
 struct BandPart
 {
     std::span<const QPointF> upper;
@@ -121,8 +122,8 @@ QPainterPath outlineDownTo(double baseline, std::span<const QPointF> upper)
     return path;
 }
 
-/// The part of @p band that can be seen from @p left to @p right, and a little more at both ends,
-/// so that these lie outside whatever the device's rounding.
+/// The part of @p band that is visible from @p left to @p right, and a little more at both ends, so
+/// that these are outside whatever the device's rounding.
 BandPart bandBetween(std::span<const QPointF> band, double left, double right)
 {
     constexpr std::ptrdiff_t surplus = 2;
@@ -137,9 +138,9 @@ BandPart bandBetween(std::span<const QPointF> band, double left, double right)
 
 /// Fills @p band piece by piece, as @p pathOf shapes it.
 ///
-/// The rasterizer searches the cells of a row from the row's start for every one that it adds: a
-/// ragged outline costs the square of its width. Cut on whole pixels of the device, the pieces
-/// give the same picture.
+/// For every cell that it adds to a row, the rasterizer searches the row's cells from the start: a
+/// ragged outline takes time quadratic in its width. As the pieces are cut at whole pixels of the
+/// device, they give the same picture.
 template<typename PathOf>
 void fillBand(QPainter &painter, const ResponseChart &chart, const QBrush &brush, PathOf pathOf)
 {

@@ -26,12 +26,12 @@ public:
         bool operator==(const Point &) const = default;
     };
 
-    /// Longer series show their line alone.
+    /// Longer series show only their line.
     static constexpr std::size_t maxMarkedPoints = 40;
 
     std::vector<Point> points = {};
 
-    /// "245 ms", the newest point's; empty where there is none.
+    /// "245 ms", the newest point's; empty if there is none.
     [[nodiscard]] QString newestText() const;
     /// Whether there is a line to draw.
     [[nodiscard]] bool isPlottable() const { return points.size() >= 2; }
@@ -42,7 +42,7 @@ public:
     bool operator==(const ResponseSeries &) const = default;
 };
 
-/// @p checks may be in any order; those that failed are left out and leave no gap.
+/// @p checks may be in any order; failed ones are left out and leave no gap.
 [[nodiscard]] ResponseSeries responseSeries(std::span<const Check> checks);
 
 } // namespace ostrel

@@ -9,7 +9,7 @@ namespace ostrel {
 
 class MonitorStore;
 
-/// What the dashboard says of all monitors together.
+/// The dashboard's summary of all monitors.
 struct StatusBanner
 {
     Q_GADGET
@@ -19,8 +19,8 @@ struct StatusBanner
 
 public:
     QString symbol = {};
-    QString headline = {};  ///< Of the enabled monitors.
-    QString countLine = {}; ///< "3 of 4 monitors up", paused ones in the total.
+    QString headline = {};  ///< For the enabled monitors.
+    QString countLine = {}; ///< "3 of 4 monitors up"; the total includes paused ones.
     Tone tone = Tone::Muted;
 
     bool operator==(const StatusBanner &) const = default;

@@ -6,11 +6,11 @@
 
 namespace ostrel {
 
-// What a status is called, and the symbol that stands for it.
+// The word and the symbol for a status.
 
 /// "Up", "Down", "Paused", "Pending".
 [[nodiscard]] QString statusWord(MonitorStatus status);
-/// The same in the user's language's capitals.
+/// The same in capitals, by the rules of the user's language.
 [[nodiscard]] QString pillWord(MonitorStatus status);
 /// The name of the symbol on the banner and the pill.
 [[nodiscard]] QString statusSymbol(MonitorStatus status);

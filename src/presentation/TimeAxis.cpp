@@ -16,7 +16,7 @@ namespace {
 using namespace std::chrono;
 
 constexpr std::ptrdiff_t wantedMarks = 5;
-// Steps with more marks than this can't be the nearest; finding their marks would cost time.
+// Steps with more marks than this can't be the closest; computing their marks would take time.
 constexpr qint64 maxMarks = 4 * wantedMarks;
 constexpr std::array<minutes, 12> steps = {1min, 2min, 5min, 10min, 15min, 30min,
                                            1h,   2h,   3h,   6h,    12h,   24h};
@@ -28,8 +28,8 @@ Timestamp timestampOf(const QDateTime &time)
     return Timestamp(milliseconds(time.toMSecsSinceEpoch()));
 }
 
-/// The instant when the clocks of @p timeZone show this many minutes since the beginning of
-/// @p day; invalid where they skip it.
+/// The instant @p minuteOfDay minutes after the beginning of @p day, by the local time of @p
+/// timeZone; invalid if a clock change skips it.
 QDateTime instantAt(QDate day, qint64 minuteOfDay, const QTimeZone &timeZone)
 {
     constexpr qint64 minutesPerDay = minutes(24h).count();
@@ -44,7 +44,7 @@ Times roundTimes(Timestamp first, Timestamp last, minutes step, const QTimeZone 
 {
     const QDateTime local = onClocksOf(timeZone, first);
     const qint64 begin = local.time().hour() * 60 + local.time().minute();
-    // A day more, for clocks that are set back on the way.
+    // One more day, in case clocks are set back within the span.
     const qint64 end = begin + duration_cast<minutes>(last - first + 24h).count();
 
     Times times;
@@ -56,7 +56,7 @@ Times roundTimes(Timestamp first, Timestamp last, minutes step, const QTimeZone 
     return times;
 }
 
-/// The marks at the step whose number of them is nearest to the wanted one.
+/// The marks at the step whose number of marks is closest to the wanted one.
 struct Marks
 {
     Times times;
@@ -75,7 +75,7 @@ Marks bestMarks(Timestamp first, Timestamp last, const QTimeZone &timeZone)
     const minutes longest = std::max(steps.back(), manyDays);
 
     Marks best{roundTimes(first, last, longest, timeZone), longest};
-    // From the longest down, so that the smaller one wins a tie.
+    // Starts with the longest, so that the smaller one wins a tie.
     for (auto step = steps.rbegin(); step != steps.rend() && *step >= leastStep; ++step) {
         Times times = roundTimes(first, last, *step, timeZone);
         if (miss(times) <= miss(best.times))

@@ -4,19 +4,19 @@
 
 namespace ostrel {
 
-/// Holds Tone alone, since QML takes enumerations only from a type or a namespace.
+/// Only contains Tone, since QML accepts enumerations only from a type or a namespace.
 namespace Tones {
 
 Q_NAMESPACE
 
-/// What the colour of a text or symbol says. ToneColors maps it to the theme's colours. QML reaches
-/// only cases that begin with a capital.
+/// The meaning of a text's or symbol's colour. ToneColors maps it to the theme's colours. QML only
+/// sees cases that begin with a capital.
 enum class Tone {
     Up,
     Warning,
     Down,
-    Muted,     ///< Says nothing about the monitor: paused, or not known yet.
-    Secondary, ///< A value that is missing.
+    Muted,     ///< Not about the monitor's state: paused, or not known yet.
+    Secondary, ///< A missing value.
     Accent,    ///< A property of the monitor rather than a state.
 };
 Q_ENUM_NS(Tone)

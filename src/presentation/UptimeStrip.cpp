@@ -15,7 +15,7 @@ constexpr double stripRadius = 5;
 
 QPainterPath roundedRect(const QRectF &rect, double radius)
 {
-    // Where bars are thinner than their corners, the corners give way.
+    // If bars are thinner than their corners, the corners are made smaller.
     const double fitting = std::min({radius, rect.width() / 2, rect.height() / 2});
     QPainterPath path;
     path.addRoundedRect(rect, fitting, fitting);

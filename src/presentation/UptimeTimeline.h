@@ -11,7 +11,7 @@
 
 namespace ostrel {
 
-/// A monitor's history as a strip of bars, with what stands around it.
+/// A monitor's history as a strip of bars, with the texts around it.
 struct UptimeTimeline
 {
     Q_GADGET
@@ -21,11 +21,11 @@ struct UptimeTimeline
     Q_PROPERTY(QString ageText MEMBER ageText)
 
 public:
-    /// The most bars of a strip.
+    /// Upper bound for the bars of a strip.
     static constexpr std::size_t maxBars = 90;
 
     std::vector<bool> bars = {}; ///< Whether each sampled check was up, oldest first.
-    QString percentageText = {}; ///< Of all checks, not only of the sampled ones; empty for none.
+    QString percentageText = {}; ///< Of all checks, not only the sampled ones; empty if none.
     Tone percentageTone = Tone::Muted;
     QString ageText = {};    ///< The age of the oldest check.
     QString spokenText = {}; ///< The whole as one sentence.
@@ -37,8 +37,8 @@ public:
 /// @p checks may be in any order.
 [[nodiscard]] UptimeTimeline uptimeTimeline(std::span<const Check> checks, Timestamp now);
 
-/// Which checks of @p count, sorted oldest first, get a bar: each one up to the most bars, and
-/// beyond that every n-th, counted from the oldest.
+/// The indices of the checks that get a bar, out of @p count, sorted oldest first: each one up to
+/// the maximum number of bars, and beyond that every n-th, counted from the oldest.
 [[nodiscard]] std::vector<std::size_t> sampledIndices(std::size_t count);
 
 /// "< 1 hour ago", "5h ago", "3d ago".

@@ -6,18 +6,18 @@ namespace ostrel {
 struct ValueAxis
 {
     double step; ///< 1, 2 or 5 times a power of ten; never below 1.
-    int steps;   ///< From 0 to the end of the scale; there is one label more.
+    int steps;   ///< From 0 to the end of the scale; there is one more label.
 
     [[nodiscard]] double end() const { return step * steps; }
     bool operator==(const ValueAxis &) const = default;
 };
 
-/// The largest value that is told apart from larger ones; far beyond every response time.
+/// Larger values are plotted as this one; far beyond every response time.
 inline constexpr double maxPlottedValue = 1e12;
 
 /// The scale for values from 0 to @p maximum, at most maxPlottedValue. It ends at the next step
-/// above the maximum; of the possible steps it takes the one whose number of labels is nearest to
-/// 4, the smaller step on a tie.
+/// above the maximum; of the possible steps, the one whose number of labels is closest to 4 is
+/// used, the smaller step on a tie.
 [[nodiscard]] ValueAxis valueAxis(double maximum);
 
 } // namespace ostrel

@@ -16,8 +16,8 @@ namespace {
 /// As many as the kernel follows.
 constexpr int maxLinks = 40;
 
-/// What @p path names past all symbolic links, whether it exists or not; other than a canonical
-/// path, so that the target of a dangling link can be created.
+/// The target of @p path after following symbolic links, whether it exists or not. Unlike with a
+/// canonical path, the target of a dangling link can be created.
 std::string resolved(std::filesystem::path path)
 {
     for (int i = 0; i < maxLinks; ++i) {
@@ -30,7 +30,7 @@ std::string resolved(std::filesystem::path path)
     return path.string();
 }
 
-/// Of an ordinary file; nothing for a folder, a pipe or a device.
+/// The status of an ordinary file; nullopt for a folder, a pipe or a device.
 std::optional<struct stat> statusOf(const FileDescriptor &file)
 {
     struct stat status
@@ -41,22 +41,22 @@ std::optional<struct stat> statusOf(const FileDescriptor &file)
     return status;
 }
 
-/// Without waiting for the other end, if it is a pipe.
+/// Doesn't wait for the other end if it is a pipe.
 FileDescriptor openForReading(const std::string &path)
 {
     return FileDescriptor(uninterrupted(
         [&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); }));
 }
 
-/// Gives the file at @p path the second name @p kept, and leaves it its first. False where that
-/// fails, with EEXIST where the name is taken.
+/// Gives the file at @p path the additional name @p kept. False if that fails, with EEXIST if the
+/// name is taken.
 bool giveSecondName(const std::string &path, const std::string &kept)
 {
     if (::link(path.c_str(), kept.c_str()) == 0)
         return true;
     if (errno == EEXIST || errno == ENOENT)
         return false;
-    // A file system without hard links: for a moment there is no file at the first name.
+    // On a file system without hard links, there is no file at the first name for a moment.
     struct stat status
     {
     };
@@ -67,7 +67,7 @@ bool giveSecondName(const std::string &path, const std::string &kept)
     return ::rename(path.c_str(), kept.c_str()) == 0;
 }
 
-/// How many names temporary files have. Nobody gives that many things of other kinds such names.
+/// How many names temporary files can have. No one gives that many other things such names.
 constexpr int maxTemporaryNames = 16;
 
 std::string temporaryName(const std::string &path, int number)
@@ -76,7 +76,7 @@ std::string temporaryName(const std::string &path, int number)
     return number == 1 ? name : name + '-' + std::to_string(number);
 }
 
-/// Removes what a crash has left at @p path; nothing that isn't an ordinary file of this user's.
+/// Removes what a crash has left at @p path, but only an ordinary file owned by this user.
 void removeLeftover(const std::string &path)
 {
     struct stat status
@@ -94,22 +94,23 @@ std::string folderOf(const std::string &path)
 
 } // namespace
 
-/// A new file beside the one that it is to replace; gone with this object, unless it has.
+/// A new file beside the one that it will replace; removed with this object unless it has replaced
+/// it.
 class AtomicFile::Temporary
 {
 public:
-    /// Beside @p path. Not open, with errno, where there can be none.
+    /// Creates it beside @p path. Not open, with errno, if that fails.
     explicit Temporary(const std::string &path);
     ~Temporary();
     Q_DISABLE_COPY(Temporary)
 
     [[nodiscard]] FileDescriptor &file() { return m_file; }
 
-    /// Takes the place of the file at @p path. Gives @p snapshot, where there is one, the content.
+    /// Replaces the file at @p path. Sets @p snapshot, unless it is null, to the content.
     [[nodiscard]] bool replace(const std::string &path, FileSnapshot *snapshot);
 
 private:
-    std::string m_path; ///< Empty if there is none, or it has another name now.
+    std::string m_path; ///< Empty if there is no file, or it has another name now.
     FileDescriptor m_file;
 };
 
@@ -118,7 +119,7 @@ AtomicFile::Temporary::Temporary(const std::string &path)
     constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW;
     for (int number = 1; number <= maxTemporaryNames; ++number) {
         const std::string name = temporaryName(path, number);
-        // A fresh file, so that neither the mode nor a link of an old one counts.
+        // Creates a fresh file, so that the mode or links of an old one don't matter.
         removeLeftover(name);
         m_file = FileDescriptor(
             uninterrupted([&] { return ::open(name.c_str(), flags, S_IRUSR | S_IWUSR); }));
@@ -143,7 +144,7 @@ bool AtomicFile::Temporary::replace(const std::string &path, FileSnapshot *snaps
     if (::rename(m_path.c_str(), path.c_str()) != 0)
         return false;
     m_path.clear();
-    // Only now: the new name counts as a change of the file.
+    // Only after the rename, which counts as a change of the file.
     if (const auto status = statusOf(file))
         *snapshot = FileSnapshot(std::move(file), *status);
     else if (snapshot)
@@ -246,7 +247,7 @@ bool AtomicFile::keep(std::string_view suffix) const
     std::string name = base;
     for (int number = 2; !giveSecondName(m_path, name); ++number) {
         if (errno != EEXIST)
-            return errno == ENOENT; // then there is nothing to keep
+            return errno == ENOENT; // Then there is nothing to keep.
         name = base + '-' + std::to_string(number);
     }
     return true;

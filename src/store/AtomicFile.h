@@ -12,13 +12,13 @@
 
 namespace ostrel {
 
-/// A file that is only ever replaced as a whole, so that nobody reads it half-written.
+/// A file that is only ever replaced as a whole, so that it is never read half-written.
 ///
-/// New content goes to a temporary file beside it, which then is moved over it: its name and
-/// ".tmp", or, while something that isn't such a file has that name, with "-2", "-3", … up to "-16"
-/// at its end. A path that is a symbolic link is followed: the link stays, what it names is
-/// replaced. Two programs must not write the same file. Where a function gives false for a failure,
-/// errno says which.
+/// New content goes to a temporary file beside it, which is then renamed over it. The temporary
+/// file has its name and ".tmp", or, if something else than such a file has that name, with "-2",
+/// "-3", … up to "-16" appended. A path that is a symbolic link is followed: the link stays, its
+/// target is replaced. Two programs must not write the same file. If a function returns false
+/// because of a failure, errno has the reason.
 class AtomicFile
 {
 public:
@@ -27,43 +27,44 @@ public:
         beforeReplacing, ///< The new content is on the disk before it replaces the old.
     };
 
-    /// Writes the new content; false where it could not be got together.
+    /// Writes the new content; false if it couldn't be produced.
     using Fill = std::function<bool(ContentWriter &)>;
-    /// Waits until the disk has what was written to an open file; false, with errno, if it hasn't.
+    /// Waits until the data written to an open file is on the disk; false, with errno, if that
+    /// fails.
     using Sync = std::function<bool(const FileDescriptor &)>;
 
-    /// @p sync is what Flush::beforeReplacing does.
+    /// Flush::beforeReplacing calls @p sync.
     explicit AtomicFile(const QString &path, Sync sync = waitForTheDisk);
 
-    /// fsync(2).
+    /// Calls fsync(2).
     static bool waitForTheDisk(const FileDescriptor &file);
 
-    /// The content of now; that of nothing where there is no file or it can't be read.
+    /// A snapshot of the current content; of no file if there is none or it can't be read.
     [[nodiscard]] FileSnapshot snapshot() const;
-    /// The whole content; nothing if there is no file, it can't be read or is larger than
-    /// maxStoredFileSize. Gives @p snapshot, if there is one, what was read.
+    /// The whole content; nullopt if there is no file, it can't be read or is larger than
+    /// maxStoredFileSize. Sets @p snapshot, unless it is null, to the content that was read.
     [[nodiscard]] std::optional<QByteArray> read(FileSnapshot *snapshot = nullptr) const;
-    /// Whether there is anything at the path; also if that can't be told.
+    /// Whether there is anything at the path; also true if that can't be determined.
     [[nodiscard]] bool exists() const;
-    /// Whether the content is that of @p snapshot; one of nothing stands for that there is no file.
+    /// Whether the content is still that of @p snapshot; if that is of no file, whether there is
+    /// still none.
     [[nodiscard]] bool holds(const FileSnapshot &snapshot) const;
 
-    /// Replaces the content by what @p fill writes; the file is its user's alone (0600). On false,
-    /// the file is as it was and the temporary one is gone. On true, gives @p snapshot, where there
-    /// is one, the new content.
+    /// Replaces the content with what @p fill writes; only the user can access the file (0600). If
+    /// this returns false, the file is unchanged and the temporary one is removed. If it returns
+    /// true, it sets @p snapshot, unless that is null, to the new content.
     bool write(const Fill &fill, Flush flush, FileSnapshot *snapshot = nullptr) const;
 
-    /// As write(), but keeps what the file held until then beside it, under its name, "." and
-    /// @p suffix; where that is taken, with "-2", "-3", … at its end. Keeps it only once the new
-    /// content is written whole. Never replaces what it could not keep.
+    /// Like write(), but keeps the old content beside the file, under the file's name, "." and @p
+    /// suffix, with "-2", "-3", … appended if that name is taken. Keeps it only once the new
+    /// content is completely written. Doesn't replace the file if the old content couldn't be kept.
     bool writeKeepingOld(const Fill &fill, Flush flush, std::string_view suffix,
                          FileSnapshot *snapshot = nullptr) const;
 
-    /// Has the disk take the content of now, and its name, by @p sync. Any thread.
+    /// Flushes the current content, and its name, to the disk with @p sync. Any thread.
     bool flush(const Sync &sync) const;
 
-    /// Removes the temporary files that a crash has left: those of ordinary files that are this
-    /// user's.
+    /// Removes temporary files left by a crash, if they are ordinary files owned by this user.
     void removeLeftovers() const;
 
 private:
@@ -72,7 +73,7 @@ private:
     [[nodiscard]] bool fillIn(Temporary &temporary, const Fill &fill, Flush flush) const;
     [[nodiscard]] bool keep(std::string_view suffix) const;
 
-    std::string m_path; ///< Past all symbolic links.
+    std::string m_path; ///< After following all symbolic links.
     Sync m_sync;
 };
 

@@ -10,11 +10,12 @@ namespace ostrel {
 
 namespace {
 
-/// How many dropped checks are removed at once. A history of 2000 that never has more than that
-/// before them stays within the 2048 that doubling has given it.
+/// How many dropped checks are removed at once. 2000 checks with at most that many dropped ones
+/// before them fit in the capacity of 2048 that doubling reaches.
 constexpr std::size_t removedAtOnce = 48;
 
-/// Removes the first @p count elements, and gives back what a far longer list has needed.
+/// Removes the first @p count elements, and frees the excess capacity of a formerly far longer
+/// list.
 template<typename Element>
 void removeFirst(std::vector<Element> &list, std::size_t count)
 {

@@ -48,7 +48,7 @@ bool ContentWriter::finish()
     return m_error == 0;
 }
 
-/// Some room for the next @p length bytes, at least for one of them.
+/// Space for at least one and at most @p length more bytes.
 std::span<char> ContentWriter::roomFor(quint64 length)
 {
     if (m_gatheredSize == partSize)

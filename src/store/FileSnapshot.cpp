@@ -23,7 +23,7 @@ bool FileSnapshot::isIntact() const
 
 bool FileSnapshot::isOf(const struct stat &status) const
 {
-    // Held open, the file keeps its number for itself.
+    // While the file is open, its inode number isn't reused.
     return isOfAFile() && status.st_dev == m_device && status.st_ino == m_number &&
            status.st_size == m_size && status.st_ctim.tv_sec == m_changed.tv_sec &&
            status.st_ctim.tv_nsec == m_changed.tv_nsec;

@@ -12,7 +12,7 @@ FlushThread::FlushThread(AtomicFile::Sync sync)
 
 bool FlushThread::flushWithin(std::chrono::milliseconds patience, const FileDescriptor &file)
 {
-    // One of its own, since the caller closes the file, done or not.
+    // A duplicate, since the caller closes the file whether the flush is done or not.
     const auto held = std::make_shared<FileDescriptor>(::fcntl(file.number(), F_DUPFD_CLOEXEC, 0));
     if (!held->isOpen())
         return false;

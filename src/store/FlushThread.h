@@ -11,27 +11,27 @@
 
 namespace ostrel {
 
-/// Has the disk take what was written, on a thread of its own: that lasts some milliseconds, or as
-/// long as a disk hangs. One thread, where not said otherwise.
+/// Flushes written data to the disk on a thread of its own: that takes some milliseconds, or as
+/// long as a disk hangs. Used from one thread.
 class FlushThread
 {
 public:
-    /// @p sync is what lasts.
+    /// @p sync is the slow call.
     explicit FlushThread(AtomicFile::Sync sync = AtomicFile::waitForTheDisk);
 
-    /// Flushes the open @p file, and waits for that for @p patience at most. False, with errno, if
-    /// it has failed by then.
+    /// Flushes the open @p file, and waits for it at most @p patience. False, with errno, if it has
+    /// failed by then.
     bool flushWithin(std::chrono::milliseconds patience, const FileDescriptor &file);
-    /// Flushes the content that @p file has when its turn comes, and its name. Nobody waits.
+    /// Flushes, without waiting, the content that @p file has when its turn comes, and its name.
     void flushLater(const AtomicFile &file);
-    /// Replaces the file at @p copyPath by the content that @p file has when its turn comes,
-    /// flushed before it gets that name. Nobody waits.
+    /// Replaces the file at @p copyPath, without waiting, with the content that @p file has when
+    /// its turn comes. The content is flushed before it gets that name.
     void copyLater(const AtomicFile &file, const QString &copyPath);
-    /// Waits for @p patience at most until all of that is done.
+    /// Waits at most @p patience until all of this is done.
     void finish(std::chrono::milliseconds patience);
 
 private:
-    /// Zero or errno of what @p work, which is done after all before, makes of it.
+    /// Runs @p work after all earlier work. The future has 0, or errno if @p work returns false.
     std::future<int> post(std::function<bool(const AtomicFile::Sync &)> work);
 
     AtomicFile::Sync m_sync;

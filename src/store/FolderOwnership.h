@@ -2,7 +2,7 @@
 
 namespace ostrel {
 
-/// The port that tells whether a data folder is this program's to write. Main thread.
+/// The interface that tells whether this program may write to a data folder. Main thread.
 class FolderOwnership
 {
 public:
@@ -11,9 +11,9 @@ public:
     FolderOwnership &operator=(const FolderOwnership &) = delete;
     virtual ~FolderOwnership() = default;
 
-    /// Whether the folder that stands at the path now is ours. Takes it if it is another one than
-    /// before and nobody owns it. Asked before every save, so it costs some microseconds and never
-    /// waits.
+    /// Whether the folder that is now at the path is ours. Takes ownership if it is a different
+    /// folder than before and has no owner. Called before every save, so it takes some microseconds
+    /// and never blocks.
     [[nodiscard]] virtual bool renew() = 0;
 };
 

@@ -12,7 +12,7 @@ namespace ostrel {
 
 namespace {
 
-/// Builds the histories while their file is read.
+/// Builds the histories while the file is read.
 class HistoryLoader : public CheckMapVisitor
 {
 public:
@@ -35,11 +35,10 @@ private:
     CheckHistory *m_open = nullptr;
 };
 
-/// Whether a history ends at @p bracket: what stands there is `}],"`, 36 characters and `",[`.
+/// Whether a history ends at @p bracket: the text there is `}],"`, 36 characters and `",[`.
 ///
-/// Of that, the quotes can't be inside a string; it can stand elsewhere, deep inside a value that
-/// this program doesn't know, but then neither what comes before it nor what comes after it is a
-/// map.
+/// The quotes of that text can't be inside a string. It can occur elsewhere, deep inside a value
+/// that this program doesn't know, but then neither what precedes it nor what follows it is a map.
 bool isEndOfAHistory(std::string_view text, std::size_t bracket)
 {
     constexpr std::string_view end = "}],\"";
@@ -51,8 +50,8 @@ bool isEndOfAHistory(std::string_view text, std::size_t bracket)
            rest.substr(end.size() + uuidTextLength).starts_with(next);
 }
 
-/// Where the last history that @p text holds wholly, and another follows, ends: at the comma after
-/// its bracket. npos if no such place is seen.
+/// The end of the last history that is completely in @p text and followed by another: the index of
+/// the comma after its bracket. npos if there is no such place.
 std::size_t lastEndOfAHistory(std::string_view text)
 {
     std::size_t bracket = text.rfind(']');
@@ -64,7 +63,7 @@ std::size_t lastEndOfAHistory(std::string_view text)
     return std::string_view::npos;
 }
 
-/// Reads a map from a file part by part, each of which is made a map of its own.
+/// Reads a map from a file in parts, each of which is turned into a map of its own.
 class PartedReader
 {
 public:
@@ -110,8 +109,8 @@ private:
 
     [[nodiscard]] bool isAtEnd() const { return m_offset + m_length == m_content.size(); }
 
-    /// Reads what comes before the comma at @p end, and makes what follows the next map's
-    /// beginning.
+    /// Decodes what precedes the comma at @p end, and makes what follows it the beginning of the
+    /// next map.
     [[nodiscard]] bool readUpTo(std::size_t end)
     {
         m_text[end] = ']';
@@ -128,8 +127,8 @@ private:
     CheckMapDecoder m_decoder;
     std::unique_ptr<char[]> m_text;
     std::size_t m_room = 0;
-    std::size_t m_length = 0; ///< Of the text that is there.
-    quint64 m_offset = 0;     ///< Where it stands in the file.
+    std::size_t m_length = 0; ///< Of the text in the buffer.
+    quint64 m_offset = 0;     ///< The text's position in the file.
 };
 
 } // namespace
@@ -138,7 +137,7 @@ std::optional<CheckHistories> readHistories(const FileSnapshot &content, std::si
 {
     if (!content.isOfAFile() || content.size() > maxStoredFileSize)
         return std::nullopt;
-    // As a whole if parts can't be read: they may not be what they seemed to be.
+    // The whole file if it can't be read in parts: these may not be what they seemed.
     for (const std::size_t room : {partSize, static_cast<std::size_t>(content.size())}) {
         HistoryLoader loader;
         if (PartedReader(content, loader, std::max<std::size_t>(room, 1)).read())

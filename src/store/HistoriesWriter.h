@@ -5,21 +5,22 @@
 
 namespace ostrel {
 
-/// One save of all histories, and what it has put where.
+/// One save of all histories, which records where it has put their checks.
 class HistoriesWriter
 {
 public:
     /// Appends @p histories' stored form to @p content: an array that alternates a monitor's id and
-    /// the array of its checks. Copies from @p old, the file's content so far, what that holds.
-    /// False where that can't be read, or is no longer what it was.
+    /// the array of its checks. Copies what @p old, the file's content so far, already holds. False
+    /// if @p old can't be read or has changed.
     [[nodiscard]] bool write(const CheckHistories &histories, const FileSnapshot &old,
                              ContentWriter &content);
 
-    /// Tells @p histories, the same ones and unchanged, that the file now holds them as written.
+    /// Marks @p histories, which must be the ones that were written and unchanged, as stored where
+    /// they were written.
     void tell(CheckHistories &histories) const;
 
 private:
-    /// Where one history's checks were put, and how many of them are new.
+    /// The position of one history's checks, and how many of them are new.
     struct Placed
     {
         quint64 offset;
@@ -29,7 +30,7 @@ private:
     void appendUnstored(const CheckHistory &history, ContentWriter &content);
 
     std::vector<Placed> m_placed;
-    std::vector<quint32> m_newLengths; ///< Of all histories, one after the other.
+    std::vector<quint32> m_newLengths; ///< Of all histories, in order.
     std::string m_text;
 };
 

@@ -16,15 +16,15 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// So long an edit waits for the disk, so that a power cut can't take the monitors; a disk that is
-/// slower is not waited for.
+/// How long an edit waits for the disk, so that a power cut can't lose the monitors. It doesn't
+/// wait longer for a slower disk.
 constexpr auto patienceWithTheDisk = 200ms;
 constexpr auto patienceAtTheEnd = 500ms;
 
 constexpr auto unreadable = "unreadable";
 constexpr auto replaced = "replaced";
 
-/// "unreadable-20261120T191500Z"
+/// For example "unreadable-20261120T191500Z".
 std::string keptSuffix(const char *what, Timestamp now)
 {
     QByteArray time = formatTimestamp(now);
@@ -32,8 +32,8 @@ std::string keptSuffix(const char *what, Timestamp now)
     return std::string(what) + '-' + time.toStdString();
 }
 
-/// What is said of the content that the first save replaces: of one that could not be loaded, or
-/// that only comes after the load.
+/// The word for the content that the first save replaces: for content that couldn't be loaded, or
+/// that appears only after the load. Null if the content is ours.
 const char *wordForOldContent(const FileSnapshot &loaded, bool isUnreadable)
 {
     if (isUnreadable)
@@ -161,7 +161,7 @@ void MonitorStore::updateMonitor(const Monitor &monitor)
 
 void MonitorStore::deleteMonitor(const QUuid &id)
 {
-    // The caller's id may be that of the very record that goes.
+    // The caller's id may be a reference into the record that is removed.
     const QUuid deleted = id;
     m_monitors.removeIf([&](const Monitor &monitor) { return monitor.id == deleted; });
     m_checks.erase(deleted);
@@ -215,7 +215,7 @@ double MonitorStore::uptime(const QUuid &monitorId, std::chrono::hours window) c
     qint64 total = 0;
     qint64 up = 0;
     const auto isRecent = since(beginningOf(window));
-    // One by one: a clock that was set back leaves a history out of order.
+    // Tests every check: if the clock was set back, a history is out of order.
     for (const Check &check : checks(monitorId)) {
         if (!isRecent(check))
             continue;
@@ -267,7 +267,7 @@ void MonitorStore::catchUp()
         Q_EMIT canSaveChanged();
 }
 
-/// Why something is still behind then, or would be; empty if nothing.
+/// Returns why something is still unsaved, or would be; empty if nothing is.
 QString MonitorStore::saveWhatIsBehind()
 {
     if (!prepareToWrite(m_storageDir)) {
@@ -279,7 +279,7 @@ QString MonitorStore::saveWhatIsBehind()
         return u"another program has it, or it can't be locked"_s;
     for (File *file : {&m_monitorsFile, &m_checksFile})
         file->isBehind = file->isBehind || (file->content.isOfAFile() && !file->file.exists());
-    // All that can be saved, also if the other can't.
+    // Saves each file even if the other can't be saved.
     QString failure;
     if (m_monitorsFile.isBehind && !saveMonitors())
         failure = qt_error_string(errno);
@@ -295,7 +295,7 @@ bool MonitorStore::isOurs()
         return m_isOurs;
     for (File *file : {&m_monitorsFile, &m_checksFile}) {
         file->file.removeLeftovers();
-        // Another program may have had it meanwhile, and its user may have entered something there.
+        // Another program may have owned the folder meanwhile, and its user may have entered data.
         if (!file->keptAs && !file->file.holds(file->content))
             file->keptAs = replaced;
     }
@@ -330,7 +330,7 @@ bool MonitorStore::saveChecks()
     }
     if (isComplete)
         return false;
-    // Somebody has written into the file, or it can't be read any more.
+    // Another program has written into the file, or it can't be read any more.
     for (auto &[id, history] : m_checks)
         history.forgetStored();
     return saveChecks();

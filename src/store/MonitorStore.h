@@ -20,16 +20,16 @@ namespace ostrel {
 
 class FolderOwnership;
 
-/// The single owner of all monitors and of the history of their checks.
+/// The single owner of all monitors and of their checks' histories.
 ///
-/// Loads both when it is created, writes each back as soon as it changes, and answers every
-/// derived question that the engine and the views ask. Lives on the main thread; every operation
-/// is synchronous, file writes included. No error of reading or writing stops it: memory stays
-/// authoritative. What could not be saved is behind, and tried again with every save of either
-/// file, once a minute, and at the end.
+/// Loads both when it is created, writes each back as soon as it changes, and answers every derived
+/// question of the engine and the views. Lives on the main thread; every operation is synchronous,
+/// file writes included. No error of reading or writing stops it: memory stays authoritative. A
+/// save that failed is retried with every save of either file, once a minute, and at the end.
 ///
-/// A power cut loses no monitor, and of the history what was recorded since the disk took it: that
-/// is seen to every ten minutes, and at the end, for which nobody waits longer than half a second.
+/// A power cut loses no monitor, and of the history only what was recorded since its last flush to
+/// the disk. It is flushed every ten minutes, and at the end, which waits for that at most half a
+/// second.
 class MonitorStore : public QObject
 {
     Q_OBJECT
@@ -37,45 +37,47 @@ class MonitorStore : public QObject
 public:
     enum class Access {
         readWrite,
-        readOnly, ///< For looking on while another program writes: leaves the folder as it is.
+        readOnly, ///< For reading while another program writes: leaves the folder unchanged.
     };
 
-    /// What a store is made with, beside its folder.
+    /// A store's construction parameters, besides its folder.
     struct Options
     {
         Access access = Access::readWrite;
         WallClock now = systemNow;
-        FolderOwnership *ownership = nullptr; ///< Null if nobody else could have the folder.
-        AtomicFile::Sync sync = AtomicFile::waitForTheDisk; ///< On another thread.
+        FolderOwnership *ownership = nullptr; ///< Null if no other program could own the folder.
+        AtomicFile::Sync sync = AtomicFile::waitForTheDisk; ///< Called on another thread.
         std::chrono::milliseconds retryInterval = std::chrono::minutes(1);
         std::chrono::milliseconds flushInterval = std::chrono::minutes(10);
     };
 
-    /// The most checks that are kept of one monitor, the newest.
+    /// Upper bound for the checks kept of one monitor; the newest are kept.
     static constexpr std::size_t maxChecksPerMonitor = 2000;
 
     /// The folder "Vantry" in the user's application-support folder.
     [[nodiscard]] static QString defaultStorageDir();
 
-    /// Creates @p storageDir with its missing parents, for its user alone (0700), and loads it. One
-    /// that exists keeps its mode. A file that can't be loaded counts as empty, and is kept under
-    /// another name when the first save replaces it:
-    /// "monitors.json.unreadable-20261120T191500Z"; one that only came after that, or from another
-    /// owner of the folder, is kept as "monitors.json.replaced-20261120T191500Z".
+    /// Creates @p storageDir with its missing parents, for its user alone (0700), and loads it. An
+    /// existing folder keeps its mode. A file that can't be loaded counts as empty, and is kept
+    /// under another name when the first save replaces it:
+    /// "monitors.json.unreadable-20261120T191500Z". A file that appeared only after loading, or
+    /// that comes from another owner of the folder, is kept as
+    /// "monitors.json.replaced-20261120T191500Z".
     explicit MonitorStore(const QString &storageDir, Access access = Access::readWrite,
                           WallClock now = systemNow, QObject *parent = nullptr);
-    /// The same with what has already been read of the folder.
+    /// The same with what has already been read from the folder.
     MonitorStore(const QString &storageDir, StoredRecords records, Options options,
                  QObject *parent = nullptr);
-    /// Tries once more to save what is behind, and has the disk take the history.
+    /// Retries failed saves once more, and flushes the history to the disk.
     ~MonitorStore() override;
 
     [[nodiscard]] const QString &storageDir() const;
 
-    /// Whether all that was to be saved has been, and the folder can be written. A store that only
-    /// looks on has nothing to save.
+    /// Whether everything has been saved and the folder is writable. True for a read-only store,
+    /// which has nothing to save.
     [[nodiscard]] bool canSave() const;
-    /// Why it can't, in the system's language, as the end of a sentence; empty if it can.
+    /// Why canSave() is false, in the system's language, as the end of a sentence; empty if it is
+    /// true.
     [[nodiscard]] const QString &saveFailure() const;
 
     /// All monitors in the user's order.
@@ -85,26 +87,28 @@ public:
     /// One monitor's history, oldest first. Valid until the store changes.
     [[nodiscard]] std::span<const Check> checks(const QUuid &monitorId) const;
 
-    /// Appends @p monitor, with an empty history: one that is stored under its id is dropped, from
-    /// the file at the next save of the checks.
+    /// Appends @p monitor, with an empty history: a history already stored under its id is dropped,
+    /// from the file at the next save of the checks.
     void addMonitor(const Monitor &monitor);
-    /// Replaces the monitor of the same id in place; does nothing where there is none.
+    /// Replaces the monitor with the same id in place; does nothing if there is none.
     void updateMonitor(const Monitor &monitor);
     /// Removes the monitor with this id and its history.
     void deleteMonitor(const QUuid &id);
-    /// Appends @p check to its monitor's history, known or not, and drops what is over the bound.
+    /// Appends @p check to its monitor's history, even of an unknown monitor, and drops the oldest
+    /// checks above the bound.
     void addCheck(const Check &check);
 
     [[nodiscard]] std::optional<Check> latestCheck(const Monitor &monitor) const;
     [[nodiscard]] MonitorStatus status(const Monitor &monitor) const;
-    /// Of the enabled monitors: down if one is, up if all are, otherwise pending; never paused.
+    /// Considers the enabled monitors: down if one is, up if all are, otherwise pending; never
+    /// paused.
     [[nodiscard]] MonitorStatus overallStatus() const;
 
-    /// The share of checks that were up, in 0…1, in the window of the last @p window; 1 where
-    /// there are none. A check stamped exactly at the window's beginning is inside.
+    /// The share of checks that were up, in 0…1, in the window of the last @p window; 1 if there
+    /// are none. A check exactly at the window's beginning is included.
     [[nodiscard]] double uptime(const QUuid &monitorId, std::chrono::hours window) const;
-    /// The mean response time, in milliseconds, of the window's checks that were up; 0 where there
-    /// are none.
+    /// The mean response time, in milliseconds, of the window's checks that were up; 0 if there are
+    /// none.
     [[nodiscard]] double averageResponseTime(const QUuid &monitorId,
                                              std::chrono::hours window) const;
     /// The window's checks, oldest first.
@@ -113,10 +117,10 @@ public:
 
 Q_SIGNALS:
     void canSaveChanged();
-    /// `monitors` has changed, and has been saved if that can be.
+    /// `monitors` has changed, and has been saved if possible.
     void monitorsChanged();
-    /// The history of one monitor has changed, and has been saved if that can be.
-    /// After addMonitor(), only where that has dropped checks.
+    /// The history of one monitor has changed, and has been saved if possible. After addMonitor(),
+    /// only emitted if checks have been dropped.
     void checksChanged(const QUuid &monitorId);
 
 private:
@@ -124,10 +128,10 @@ private:
     struct File
     {
         AtomicFile file;
-        FileSnapshot content; ///< What it held when it was last read or saved.
-        /// What is said of the old content, which is kept when it is replaced; null if it isn't.
+        FileSnapshot content; ///< Its content when it was last read or saved.
+        /// The word for the old content, which is kept when it is replaced; null if it isn't kept.
         const char *keptAs = nullptr;
-        bool isBehind = false; ///< Memory has something that it hasn't.
+        bool isBehind = false; ///< Memory has something that the file lacks.
     };
 
     void save(std::initializer_list<File *> changed);
@@ -145,13 +149,13 @@ private:
     Access m_access;
     WallClock m_now;
     FolderOwnership *m_ownership;
-    bool m_isOurs = false; ///< Whether the folder was, when last asked for.
+    bool m_isOurs = false; ///< Whether the folder was ours when last checked.
     FlushThread m_flushThread;
     File m_monitorsFile;
     File m_checksFile;
-    QString m_failure; ///< Why the last attempt did not save all.
+    QString m_failure; ///< Why the last attempt didn't save everything.
     QTimer m_retry;
-    QTimer m_flush; ///< Runs from the first save of checks that the disk may not have taken.
+    QTimer m_flush; ///< Started by the first save of checks that may not be on the disk.
     QList<Monitor> m_monitors;
     CheckHistories m_checks;
 };

@@ -4,7 +4,7 @@ namespace ostrel {
 
 RecordsReader::RecordsReader(const QString &storageDir)
     : m_storageDir(storageDir)
-    // Deferred if there is no thread to be had.
+    // Deferred if no thread can be created.
     , m_records(
           std::async(std::launch::async | std::launch::deferred, &StoredRecords::read, storageDir))
 {

@@ -6,8 +6,8 @@
 
 namespace ostrel {
 
-/// Reads a storage folder on a thread of its own, from its making on, so that nobody waits for the
-/// disk who has other things to do.
+/// Reads a storage folder on a thread of its own, which starts at construction, so that the caller
+/// can do other things meanwhile.
 class RecordsReader
 {
 public:
@@ -15,8 +15,8 @@ public:
 
     [[nodiscard]] const QString &storageDir() const { return m_storageDir; }
 
-    /// Waits for what the folder holds, and gives it. It is that of now: what another program has
-    /// changed since it was read is read again. To be called once.
+    /// Waits for the folder's content and returns it. It is current: if another program has changed
+    /// it since it was read, it is read again. Must be called only once.
     [[nodiscard]] StoredRecords take();
 
 private:

@@ -18,7 +18,7 @@ namespace {
 
 constexpr mode_t othersRights = S_IRWXG | S_IRWXO;
 
-/// False, with errno, where there is one already or there can be none.
+/// False, with errno, if the folder exists already or can't be created.
 bool create(const std::filesystem::path &path)
 {
     if (::mkdir(path.c_str(), S_IRWXU) == 0)
@@ -30,11 +30,11 @@ bool create(const std::filesystem::path &path)
 
 bool isWritableFolder(const QByteArray &path)
 {
-    // The dot, so that a file of that name is none.
+    // With the dot, this fails if the path is a file.
     return ::faccessat(AT_FDCWD, (path + "/.").constData(), W_OK | X_OK, AT_EACCESS) == 0;
 }
 
-/// Nothing if there is nothing at @p path, or it can't be told.
+/// Nullopt if there is nothing at @p path, or its status can't be read.
 std::optional<struct stat> statusOf(const QString &path)
 {
     struct stat status
@@ -52,13 +52,13 @@ bool holdsHome(const QString &path)
     return (QDir::homePath() + QLatin1Char('/')).startsWith(prefix);
 }
 
-/// Whether others may have their own things in the folder @p path of this @p status.
+/// Whether others may keep their own things in the folder @p path, which has this @p status.
 bool isUsedByOthers(const QString &path, const struct stat &status)
 {
     return (status.st_mode & S_ISVTX) != 0 || holdsHome(path);
 }
 
-/// Why others keep their rights to @p path after this; nothing if they have none.
+/// Returns why others keep their rights to @p path; nullopt if they have none left.
 std::optional<QString> close(const QString &path, mode_t mode)
 {
     const auto status = statusOf(path);
@@ -76,7 +76,7 @@ std::optional<QString> close(const QString &path, mode_t mode)
     return std::nullopt;
 }
 
-/// As closeToOthers(), of the folder @p path and its files that @p names are.
+/// Like closeToOthers(), for the folder @p path and the files in it that match @p names.
 QStringList closeFolder(const QString &path, const QStringList &names)
 {
     if (const auto reason = close(path, S_IRWXU))

@@ -13,7 +13,7 @@ namespace ostrel {
 
 namespace {
 
-/// What @p read gives; nothing if it throws, for example for want of memory.
+/// The result of @p read; nullopt if it throws, for example if there isn't enough memory.
 template<typename Read>
 std::invoke_result_t<Read> readOrNothing(Read read)
 {
@@ -39,8 +39,8 @@ std::optional<CheckHistories> readQuietly(const FileSnapshot &content)
     return readOrNothing([&] { return readHistories(content); });
 }
 
-/// Whether the file had its name before the disk had its content: so a power cut leaves it on file
-/// systems that don't keep the order of the two.
+/// Whether the file got its name before its content reached the disk. A power cut can leave it so
+/// on file systems that don't keep the order of the two.
 bool isUnfinished(const FileSnapshot &content)
 {
     char last = '\0';

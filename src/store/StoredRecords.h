@@ -8,27 +8,28 @@
 
 namespace ostrel {
 
-/// What the two files of a storage folder hold.
+/// The content of the two files of a storage folder.
 struct StoredRecords
 {
     QList<Monitor> monitors; ///< In the user's order.
     CheckHistories checks;
-    FileSnapshot monitorsContent;       ///< What the monitors were read from.
-    FileSnapshot checksContent;         ///< The same of the histories: here their stored forms are.
+    FileSnapshot monitorsContent;       ///< The file that the monitors were read from.
+    FileSnapshot checksContent;         ///< The same for the histories, with their stored forms.
     bool areMonitorsUnreadable = false; ///< There is a file, but it can't be loaded.
-    bool areChecksUnreadable = false;   ///< The same of the checks'.
+    bool areChecksUnreadable = false;   ///< The same for the checks' file.
 
     [[nodiscard]] static QString monitorsPath(const QString &storageDir);
     [[nodiscard]] static QString checksPath(const QString &storageDir);
-    /// Where the history stands as the disk last took it.
+    /// The path of the last flushed copy of the history.
     [[nodiscard]] static QString flushedChecksPath(const QString &storageDir);
 
-    /// Reads @p storageDir. A file that can't be loaded counts as empty; but a history that a power
-    /// cut has left unfinished (no bytes, or zeros at the end) counts as what the disk last took of
-    /// it. Any thread.
+    /// Reads @p storageDir. A file that can't be loaded counts as empty; but if a power cut has
+    /// left the history unfinished (no bytes, or zeros at the end), its last flushed copy is read
+    /// instead. Any thread.
     [[nodiscard]] static StoredRecords read(const QString &storageDir);
 
-    /// Whether nobody has changed the two files of @p storageDir since these were read from it.
+    /// Whether the two files of @p storageDir are unchanged since these records were read from
+    /// them.
     [[nodiscard]] bool areCurrent(const QString &storageDir) const;
 };
 

@@ -13,7 +13,7 @@ namespace ostrel {
 
 namespace {
 
-/// Of the Stream-Safe Text Format.
+/// The limit in the Stream-Safe Text Format.
 constexpr std::size_t longestRowOfMarks = 30;
 constexpr char16_t graphemeJoiner = 0x034f;
 constexpr char16_t dot = 0x0307;
@@ -34,7 +34,7 @@ int combiningClass(char32_t character)
     return u_getCombiningClass(static_cast<UChar32>(character));
 }
 
-/// Fills @p target with what @p transform writes, however long that is. False if ICU fails.
+/// Fills @p target with the whole output of @p transform. False if ICU fails.
 template<typename Transform>
 bool fill(std::u16string &target, Transform transform)
 {
@@ -84,14 +84,14 @@ std::optional<std::u16string_view> CaselessFolding::flush()
     return foldBegun(m_begun.size());
 }
 
-/// Whether what @p character decomposes to begins with no mark that has a place in an order.
+/// Whether the decomposition of @p character begins with a character of combining class 0.
 bool CaselessFolding::isStarter(char32_t character) const
 {
     return character < firstMark ||
            unorm2_hasBoundaryBefore(m_decomposer, static_cast<UChar32>(character)) != 0;
 }
 
-/// How many such marks what @p character decomposes to ends with.
+/// How many marks of another class are at the end of the decomposition of @p character.
 std::size_t CaselessFolding::marksIn(char32_t character) const
 {
     std::array<char16_t, 32> parts{};
@@ -138,7 +138,7 @@ bool CaselessFolding::shallCutBefore(char32_t character)
     return isTooMany;
 }
 
-/// Where the last starter stands: what follows it may change places with marks that are to come.
+/// The index of the last starter: what follows it may be reordered with marks still to come.
 std::size_t CaselessFolding::lastBoundary() const
 {
     std::size_t index = m_begun.size();
@@ -174,8 +174,8 @@ bool CaselessFolding::decompose(std::u16string_view text, std::u16string &target
     });
 }
 
-/// Makes "i" of every "I" with a dot above, which is what "İ" was decomposed to. Folding alone
-/// would take its "I" for that of "ı".
+/// Replaces every "I" that has a dot above, the decomposition of "İ", with "i". Case folding alone
+/// would take its "I" for the capital of "ı".
 void CaselessFolding::joinDottedI()
 {
     std::size_t kept = 0;
@@ -194,7 +194,7 @@ void CaselessFolding::joinDottedI()
     m_decomposed.resize(kept);
 }
 
-/// Where the dot is that belongs to the letter at @p capital.
+/// The index of the dot that belongs to the letter at @p capital; npos if there is none.
 std::size_t CaselessFolding::dotAbove(std::size_t capital) const
 {
     for (std::size_t next = capital + 1; next < m_decomposed.size();) {

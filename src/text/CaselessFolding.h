@@ -8,30 +8,30 @@
 
 namespace ostrel {
 
-/// Brings a text that arrives in pieces into the form in which texts are equal if they are
+/// Converts a text that arrives in chunks to a form in which two texts are equal if they are
 /// canonical caseless matches: NFD(toCasefold(NFD(text))) (the Unicode Standard, section 3.13,
 /// D145).
 ///
-/// Case is folded as the user's language wants it: in Turkish and Azerbaijani "I" is the capital of
-/// "ı", and "İ" that of "i". Rows of combining marks are cut as in the Stream-Safe Text Format
-/// (UAX #15, section 13), so that neither time nor memory grows with their length.
+/// Case is folded by the rules of the user's language: in Turkish and Azerbaijani "I" is the
+/// capital of "ı", and "İ" that of "i". Sequences of combining marks are cut as in the Stream-Safe
+/// Text Format (UAX #15, section 13), so that neither time nor memory grows with their length.
 ///
-/// What is returned lives until the next call, and is nothing if ICU fails. Every function may
+/// A returned view is valid until the next call, and is nullopt if ICU fails. Every function may
 /// throw std::bad_alloc.
 class CaselessFolding
 {
 public:
     CaselessFolding();
 
-    /// Begins another text.
+    /// Starts another text.
     void begin();
-    /// The next piece, of whole characters. What comes out lags behind it: marks are put in order
-    /// when the last of them is there.
+    /// The next chunk, of whole characters. The output lags behind: marks are put in order only
+    /// once the last of them has arrived.
     [[nodiscard]] std::optional<std::u16string_view> fold(std::u16string_view text);
-    /// The rest of what came so far. What comes next must begin with an ASCII character.
+    /// The rest of the text so far. The next chunk must begin with an ASCII character.
     [[nodiscard]] std::optional<std::u16string_view> flush();
 
-    /// Whether an ASCII text is folded by making its letters small, wherever it stands.
+    /// Whether folding an ASCII text only makes its letters small, whatever the context.
     [[nodiscard]] bool isSimpleForAscii() const { return !m_isTurkic; }
 
 private:
@@ -50,8 +50,8 @@ private:
     const UNormalizer2 *m_decomposer;
 
     std::u16string m_begun;  ///< What hasn't been folded yet.
-    char32_t m_starter = 0;  ///< The last one, and
-    std::size_t m_marks = 0; ///< how many marks have followed it, with its own.
+    char32_t m_starter = 0;  ///< The last one.
+    std::size_t m_marks = 0; ///< Marks since the last starter, including its own.
     std::u16string m_decomposed;
     std::u16string m_caseless;
     std::u16string m_folded;

@@ -9,7 +9,7 @@ namespace ostrel {
 
 namespace {
 
-/// So much is decoded and folded at a time: little enough to stay in the processor's caches.
+/// How much is decoded and folded at a time: little enough to stay in the processor's caches.
 constexpr qsizetype blockSize = qsizetype(16) * 1024;
 
 bool isAscii(QByteArrayView bytes)
@@ -28,7 +28,7 @@ std::u16string_view viewOf(QStringView text)
     return {text.utf16(), static_cast<std::size_t>(text.size())};
 }
 
-/// The whole of @p keyword; nothing if ICU fails.
+/// The whole folded @p keyword; nullopt if ICU fails.
 std::optional<std::u16string> folded(CaselessFolding &folding, QStringView keyword)
 {
     folding.begin();
@@ -86,7 +86,7 @@ bool CaselessSearch::readBlock(QByteArrayView bytes)
         m_matcher->takeAscii(viewOf(bytes));
         return true;
     }
-    // Also after the keyword was found: the rest has to be UTF-8, too.
+    // Decodes even after the keyword was found: the rest must be UTF-8, too.
     const auto text = m_utf8.decode(bytes);
     return text && (m_matcher->isFound() || match(m_folding.fold(*text)));
 }

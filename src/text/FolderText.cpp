@@ -20,7 +20,7 @@ QString folderText(const QString &path, const QString &home)
 {
     QString folder = withFinalSlash(path);
     const QString homeFolder = withFinalSlash(home);
-    // A home that is the root of all folders, as no home is, would abbreviate every one of them.
+    // A home at the root, which no real home is, would abbreviate every folder.
     if (homeFolder == u"/"_s || !folder.startsWith(homeFolder))
         return folder;
     return u"~/"_s + folder.sliced(homeFolder.size());

@@ -12,7 +12,7 @@ namespace {
 
 constexpr qsizetype mostCharacters = 200;
 constexpr qsizetype mostJoined = 8;
-/// In code units. No line can be longer, with a surrogate pair for each of its code points.
+/// In code units. No line can be longer, even with a surrogate pair for each code point.
 constexpr qsizetype longestRead = 4096;
 static_assert(longestRead > 2 * mostCharacters * (1 + mostJoined));
 
@@ -21,7 +21,7 @@ bool isBidiControl(char32_t c)
     return u_hasBinaryProperty(static_cast<UChar32>(c), UCHAR_BIDI_CONTROL);
 }
 
-/// A mark, or what is invisible: joiners, variation selectors, tags.
+/// A mark, or an invisible character: joiners, variation selectors, tags.
 bool joinsWhatIsBefore(char32_t c)
 {
     return QChar::isMark(c) ||
@@ -35,7 +35,7 @@ bool isControlOrSeparator(char32_t c)
            category == QChar::Separator_Paragraph;
 }
 
-/// What is looked at of @p foreign, without half of a pair at its end.
+/// The part of @p foreign that is read, without half of a pair at its end.
 QString beginningOf(const QString &foreign)
 {
     const qsizetype end = std::min(foreign.size(), longestRead);

@@ -7,20 +7,21 @@
 
 namespace ostrel {
 
-/// Looks for a row of folded characters in another that arrives in pieces, without ever going back
-/// (Knuth, Morris and Pratt). A match counts if it ends where a combining sequence ends: not before
-/// a mark, nor before a Hangul jamo that continues its syllable. An empty row is in every text.
+/// Searches for a sequence of folded characters in a text that arrives in chunks, without ever
+/// going back (Knuth, Morris and Pratt). A match counts if it ends where a combining sequence ends:
+/// not before a mark, nor before a Hangul jamo that continues its syllable. Every text contains an
+/// empty sequence.
 class SequenceMatcher
 {
 public:
     explicit SequenceMatcher(std::u16string_view wanted);
 
-    /// Begins another text.
+    /// Starts another text.
     void begin();
     void take(std::u16string_view text);
     /// ASCII in capital or small letters, which are equal.
     void takeAscii(std::string_view text);
-    /// The text ends here.
+    /// Ends the text.
     void finish();
 
     [[nodiscard]] bool isFound() const { return m_isFound; }
@@ -30,10 +31,10 @@ private:
     [[nodiscard]] bool isContinuedBy(char32_t character) const;
 
     std::u32string m_wanted;
-    /// For every number of characters that match, how many still do when the next one doesn't.
+    /// For every number of matched characters, how many still match if the next one doesn't.
     std::vector<std::size_t> m_fallbacks;
     std::size_t m_matched = 0;
-    bool m_isEndOpen = false; ///< A match has just ended, if what comes next doesn't continue it.
+    bool m_isEndOpen = false; ///< A match has just ended, unless the next character continues it.
     bool m_isFound = false;
 };
 

@@ -7,7 +7,7 @@
 
 namespace ostrel {
 
-/// The character at @p index, which goes on to the next; a lone surrogate is one as well.
+/// Returns the character at @p index and advances to the next; a lone surrogate counts as one.
 inline char32_t takeNext(std::u16string_view text, std::size_t &index)
 {
     const char16_t unit = text[index++];
@@ -16,7 +16,7 @@ inline char32_t takeNext(std::u16string_view text, std::size_t &index)
     return unit;
 }
 
-/// The character before @p index, which goes back to it.
+/// Returns the character before @p index and goes back to it; a lone surrogate counts as one.
 inline char32_t takePrevious(std::u16string_view text, std::size_t &index)
 {
     const char16_t unit = text[--index];

@@ -8,7 +8,7 @@ namespace ostrel {
 
 namespace {
 
-/// By the first of its bytes.
+/// Judged by its first byte.
 std::size_t lengthOfCharacter(unsigned char first)
 {
     if (first >= 0xf0)
@@ -41,7 +41,7 @@ std::optional<std::u16string_view> Utf8Stream::decode(QByteArrayView bytes)
 {
     m_bytes.append(bytes.data(), static_cast<std::size_t>(bytes.size()));
     const std::size_t whole = m_bytes.size() - lengthOfBeginning(m_bytes);
-    m_text.resize(whole); // No character has more units than bytes.
+    m_text.resize(whole); // No character has more UTF-16 units than bytes.
     int32_t length = 0;
     UErrorCode status = U_ZERO_ERROR;
     u_strFromUTF8(m_text.data(), static_cast<int32_t>(whole), &length, m_bytes.data(),

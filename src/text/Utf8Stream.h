@@ -8,20 +8,20 @@
 
 namespace ostrel {
 
-/// Decodes UTF-8 that arrives in pieces of any size, and takes nothing else for it: no overlong
-/// form, no surrogate, nothing over U+10FFFF.
+/// Decodes UTF-8 that arrives in chunks of any size. Strict: rejects overlong forms, surrogates and
+/// anything above U+10FFFF.
 class Utf8Stream
 {
 public:
-    /// The whole characters that came with @p bytes, until the next call; nothing if these can't be
-    /// UTF-8, or ICU fails. May throw std::bad_alloc.
+    /// The characters completed by @p bytes, valid until the next call; nullopt if the bytes can't
+    /// be UTF-8, or ICU fails. May throw std::bad_alloc.
     [[nodiscard]] std::optional<std::u16string_view> decode(QByteArrayView bytes);
 
-    /// Whether the last piece ended with a character. If it's the end of the text, it must have.
+    /// Whether the last chunk ended at a character's end, as the last chunk of a valid text does.
     [[nodiscard]] bool isBetweenCharacters() const { return m_bytes.empty(); }
 
 private:
-    std::string m_bytes; ///< Between two calls, the beginning of a character.
+    std::string m_bytes; ///< Between two calls, the beginning of an incomplete character.
     std::u16string m_text;
 };
 

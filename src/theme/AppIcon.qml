@@ -2,7 +2,7 @@ import QtQuick
 
 import Ostrel.Theme
 
-// The application's icon on its plate, without the margin that desktops want around it.
+// The application's icon on its plate, without the margin that desktops expect around it.
 Item {
     id: root
 

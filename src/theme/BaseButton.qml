@@ -5,8 +5,8 @@ import QtQuick.Templates as T
 
 import Ostrel.Theme
 
-// What the theme's buttons share: the focus ring, the help text and what a screen reader says. A
-// click doesn't take the keyboard.
+// What the theme's buttons share: the focus ring, the help text and the texts for screen readers. A
+// click doesn't move the keyboard focus.
 T.AbstractButton {
     id: root
 
@@ -17,10 +17,10 @@ T.AbstractButton {
     property bool showsHover: hovered && enabled
     property bool showsFocus: visualFocus
     readonly property bool wantsHelp: hovered && enabled && !down && helpText !== ""
-    // Null until the pointer first comes.
+    // Null until the pointer enters for the first time.
     property HelpText help: null
 
-    // Found by its name. As a handler, the action would be offered twice.
+    // Found by name. As a handler, the action would be offered twice.
     function accessiblePressAction(): void {
         keys.press();
     }

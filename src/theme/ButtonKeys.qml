@@ -1,8 +1,8 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// Has Return and Enter press a button as Space does, once however long they are held. Have the
-// button's `Keys` forward to it.
+// Lets Return and Enter press a button like Space, once however long they are held. The button's
+// `Keys` must forward to this item.
 Item {
     id: root
 
@@ -24,7 +24,7 @@ Item {
             press();
     }
 
-    // Each repetition of a held key would press the button again.
+    // Each auto-repeat of a held key would press the button again.
     function takeRepetition(event: KeyEvent): void {
         event.accepted = event.isAutoRepeat && event.key === Qt.Key_Space;
     }

@@ -15,7 +15,7 @@ Item {
     property bool isCentred: true
     readonly property real symbolWidth: symbol !== "" ? picture.implicitWidth + gap : 0
 
-    // Whole, so that the edges of the button are as sharp as those of what it stands in line with.
+    // Whole, so that the button's edges are as sharp as those of its neighbours in a line.
     implicitWidth: Math.ceil(symbolWidth + label.implicitWidth)
     implicitHeight: Math.max(label.implicitHeight, symbol !== "" ? picture.implicitHeight : 0)
 

@@ -2,7 +2,7 @@ import QtQuick
 
 import Ostrel.Theme
 
-// A card around what it holds.
+// A card around its contents.
 EdgedBox {
     id: root
 

@@ -1,6 +1,6 @@
 import QtQuick
 
-// One of several short choices, of which one is taken.
+// One of several short choices, one of which is selected.
 ChoiceButton {
     id: root
 

@@ -3,11 +3,11 @@ import QtQuick.Templates as T
 
 import Ostrel.Theme
 
-// A button that stands for one of several choices. What is taken, its owner says through
-// `isSelected`. A click doesn't take the keyboard, and Return is left to the form.
+// A button for one of several choices. Its owner sets `isSelected`. A click doesn't move the
+// keyboard focus, and Return is left to the form.
 //
-// To assistive tools it is a radio button, the button inside is nothing: Qt's own radio button leaks
-// what it attaches to itself while it is made with such a tool at work.
+// For assistive tools the item is a radio button and the button inside is ignored: Qt's own radio
+// button leaks its attached objects if it is created while such a tool is running.
 KeyboardItem {
     id: root
 
@@ -26,7 +26,7 @@ KeyboardItem {
 
     signal clicked
 
-    // Found by their names. As handlers, the actions would be offered twice.
+    // Found by name. As handlers, the actions would be offered twice.
     function accessiblePressAction(): void {
         keys.press();
     }

@@ -2,7 +2,7 @@ import QtQuick
 
 import Ostrel.Theme
 
-// The capsule that confirms a sheet. Disabled, it pales instead of fading.
+// The capsule-shaped button that confirms a sheet. If disabled, it becomes paler instead of fading.
 BaseButton {
     id: root
 

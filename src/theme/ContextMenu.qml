@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// The context menu of a row; holds ContextMenuItem.
+// The context menu of a row; contains ContextMenuItem.
 T.Menu {
     id: root
 
@@ -27,7 +27,7 @@ T.Menu {
         interactive: false
     }
 
-    // The template leaves it without a name.
+    // The template doesn't name it.
     Binding {
         target: root.contentItem.parent
         property: "Accessible.name"

@@ -6,9 +6,8 @@
 
 namespace ostrel {
 
-/// A filled circle in the middle of the item, on a larger one if that is wanted. Unlike a rectangle
-/// with a radius it is round and even at every size and place, also where its colour is
-/// translucent.
+/// A filled circle in the middle of the item, optionally on a larger one. Unlike a rectangle with a
+/// radius, it is round and even at every size and position, even if its colour is translucent.
 class Disc : public ostrel::PixelItem
 {
     Q_OBJECT

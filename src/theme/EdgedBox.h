@@ -6,8 +6,8 @@
 
 namespace ostrel {
 
-/// A rounded box whose edge, if it has one, lies over its fill, inside its outline; sharp and
-/// without seams also where its logical pixels aren't whole pixels of the screen.
+/// A rounded box whose edge, if it has one, is drawn over its fill, inside its outline. It is sharp
+/// and without seams even if logical pixels aren't whole pixels of the screen.
 class EdgedBox : public ostrel::PixelItem
 {
     Q_OBJECT

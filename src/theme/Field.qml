@@ -5,7 +5,7 @@ import QtQuick.Templates as T
 
 import Ostrel.Theme
 
-// A line to type into. `spokenName` is what its label says.
+// A single-line text field. `spokenName` is its label's text.
 T.TextField {
     id: root
 
@@ -16,11 +16,11 @@ T.TextField {
     required property string spokenName
     property bool showsHover: hovered
     property bool showsFocus: activeFocus
-    // Stands at the end of the field, for example a check mark.
+    // Shown at the end of the field, for example a check mark.
     property string trailingSymbol: ""
     property color trailingColor: Theme.statusUp
     property string trailingName: ""
-    // Once it is complete, the template has said the placeholder instead.
+    // True once the template has set the description to the placeholder, which is then replaced.
     property bool isComplete: false
     // Null until it is first asked for.
     property FieldMenu menu: null
@@ -42,7 +42,7 @@ T.TextField {
     selectionColor: Theme.textSelection
     selectedTextColor: Theme.textPrimary
     selectByMouse: true
-    // Out of focus a long text shows its beginning.
+    // Without the focus, a long text shows its beginning.
     autoScroll: activeFocus
     hoverEnabled: true
     opacity: enabled ? 1 : Theme.disabledOpacity
@@ -101,7 +101,7 @@ T.TextField {
 
     QuietText {
         anchors.left: parent.left
-        // Beside the caret, which stands where a text begins.
+        // Beside the caret, which is where a text begins.
         anchors.leftMargin: root.leftPadding + root.caretWidth
         anchors.right: parent.right
         anchors.rightMargin: root.rightPadding

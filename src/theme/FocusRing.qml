@@ -2,7 +2,7 @@ import QtQuick
 
 import Ostrel.Theme
 
-// Shows which control the keyboard is on. Give it the control as parent, and `visible`.
+// Shows which control has the keyboard focus. Set the control as parent, and bind `visible`.
 EdgedBox {
     id: root
 
@@ -10,7 +10,7 @@ EdgedBox {
 
     // The corner radius of the control.
     property real controlRadius: Theme.cornerRadiusSmall
-    // Rows and fields have no room around them.
+    // Rows and fields have no space around them.
     property bool isInside: false
     readonly property real distance: isInside ? 0 : root.focusRingGap + Theme.focusRingWidth
 

@@ -6,8 +6,8 @@
 
 namespace ostrel {
 
-/// Tells assistive tools which item of a list or grid the keys go to. Only the list itself has the
-/// keyboard, and so of a walk through it they would hear nothing.
+/// Notifies assistive tools which item of a list or grid the keys go to. Only the list itself has
+/// the focus, so otherwise they wouldn't be notified when the current item changes.
 class FocusVoice : public QObject
 {
     Q_OBJECT

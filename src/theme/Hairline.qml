@@ -2,8 +2,8 @@ import QtQuick
 
 import Ostrel.Theme
 
-// A line between things, lying or standing: give it a width or a height. Everywhere of the same
-// number of the screen's pixels, which a length in the layout is not at fractional scales.
+// A separator line, horizontal or vertical: set a width or a height. It has the same number of
+// screen pixels everywhere, unlike a length in the layout at fractional scales.
 EdgedBox {
     id: root
 

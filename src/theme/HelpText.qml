@@ -3,7 +3,7 @@ import QtQuick.Templates as T
 
 import Ostrel.Theme
 
-// Says what a thing does once the pointer has rested on it. Bind `visible` to that.
+// Explains an item once the pointer has rested on it. Bind `visible` to the hovering.
 T.ToolTip {
     id: root
 

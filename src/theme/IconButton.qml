@@ -2,7 +2,7 @@ import QtQuick
 
 import Ostrel.Theme
 
-// A symbol to press; its help text is its name.
+// A button with only a symbol; its help text is its name.
 BaseButton {
     id: root
 

@@ -4,17 +4,16 @@
 
 namespace ostrel {
 
-/// An item that can have the keyboard and whose role is free to choose: that of a template control
-/// is fixed to assistive tools, whatever `Accessible.role` says. Like a control it knows how the
-/// keyboard came to it.
+/// A focusable item whose accessible role can be chosen: for assistive tools, a template control's
+/// role is fixed, whatever `Accessible.role` says. Like a control it knows how it got the focus.
 class KeyboardItem : public QQuickItem
 {
     Q_OBJECT
     QML_ELEMENT
-    /// How the keyboard came to it last; its way back from a popup or another window doesn't count.
+    /// How it last got the focus, not counting the focus's return from a popup or another window.
     Q_PROPERTY(Qt::FocusReason focusReason READ focusReason WRITE setFocusReason NOTIFY
                    focusReasonChanged FINAL)
-    /// Whether it has the keyboard, and that's to be shown.
+    /// Whether it has the focus, and this must be shown.
     Q_PROPERTY(bool visualFocus READ visualFocus NOTIFY visualFocusChanged FINAL)
 
 public:

@@ -2,7 +2,7 @@ import QtQuick
 
 import Ostrel.Theme
 
-// One row of a menu under the pointer, the keys or the finger.
+// The background of a menu's row that is hovered, selected with the keys or pressed.
 EdgedBox {
     id: root
 

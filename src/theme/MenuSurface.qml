@@ -2,7 +2,7 @@ import QtQuick
 
 import Ostrel.Theme
 
-// The ground of a menu.
+// The background of a menu.
 EdgedBox {
     radius: 9
     color: Theme.surface

@@ -5,8 +5,8 @@
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
-/// What views know as `MonitorStatus.Up` and so on: the records' enumeration under names that QML
-/// accepts. The numbers are the same, so that a model can hand either out.
+/// Available to views as `MonitorStatus.Up` and so on: the records' enumeration with names that QML
+/// accepts. The numbers are the same, so a model can return either.
 namespace ostrel::MonitorStatusEnum {
 
 Q_NAMESPACE

@@ -3,7 +3,7 @@ import QtQuick.Templates as T
 
 import Ostrel.Theme
 
-// The scroll bar at a page's right edge: shows where the page stands, and drags it; gone a while
+// The scroll bar at a page's right edge: shows the page's position, and drags it; hidden a while
 // after the last scroll.
 T.ScrollBar {
     id: root
@@ -40,7 +40,7 @@ T.ScrollBar {
         target: root.page
 
         function onContentYChanged(): void {
-            // A page that is laid out is put at its top: nobody has scrolled it.
+            // A layout moves the page to its top: the user hasn't scrolled it.
             const isAtTop = root.page.contentY === root.page.originY - root.page.topMargin;
             if (isAtTop && !root.isLingering)
                 return;

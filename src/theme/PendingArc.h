@@ -6,7 +6,7 @@
 
 namespace ostrel {
 
-/// A ring with a quarter of it in another colour.
+/// A ring with one quarter in another colour.
 class PendingArc : public ostrel::PixelItem
 {
     Q_OBJECT
@@ -14,7 +14,7 @@ class PendingArc : public ostrel::PixelItem
     Q_PROPERTY(QColor trackColor MEMBER m_trackColor NOTIFY lookChanged FINAL)
     Q_PROPERTY(QColor arcColor MEMBER m_arcColor NOTIFY lookChanged FINAL)
     Q_PROPERTY(qreal stroke MEMBER m_stroke NOTIFY lookChanged FINAL)
-    /// Where the quarter begins, in degrees clockwise from the top.
+    /// The beginning of the quarter, in degrees clockwise from the top.
     Q_PROPERTY(qreal angle MEMBER m_angle NOTIFY lookChanged FINAL)
 
 public:

@@ -2,8 +2,8 @@ import QtQuick
 
 import Ostrel.Theme
 
-// Something is under way. It turns only while it can be seen, and never where the desktop asks for
-// stillness.
+// Shows that work is in progress. Rotates only while it is visible, and never if the desktop asks
+// for reduced motion.
 PendingArc {
     id: root
 

@@ -5,7 +5,7 @@ import QtQuick.Templates as T
 
 import Ostrel.Theme
 
-// A choice from a menu. `spokenName` is what its label says.
+// A choice from a menu. `spokenName` is its label's text.
 T.ComboBox {
     id: root
 
@@ -56,7 +56,7 @@ T.ComboBox {
         color: Theme.textSecondary
     }
 
-    // Its entries are counted only where it has a delegate; the popup draws its own rows.
+    // Entries are only counted if there is a delegate; the popup draws its own rows.
     delegate: Item {}
 
     background: QuietBox {
@@ -69,7 +69,7 @@ T.ComboBox {
         y: root.height + Theme.menuOffset
         width: root.width
         padding: Theme.menuPadding
-        // Else Escape, meant for the menu, would go where the keyboard was.
+        // Otherwise Escape, meant for the menu, would go to the item that had the focus.
         onAboutToShow: {
             if (!root.activeFocus)
                 root.forceActiveFocus(Qt.PopupFocusReason);
@@ -100,7 +100,7 @@ T.ComboBox {
             item: root.popup.visible ? (root.popup.contentItem as ListView).currentItem : null
         }
 
-        // Its list says it all.
+        // Its list has all that assistive tools need.
         Binding {
             target: root.popup.contentItem.parent
             property: "Accessible.ignored"

@@ -2,7 +2,7 @@ import QtQuick
 
 import Ostrel.Theme
 
-// The capsule of a page's main action, or the quiet capsule beside it.
+// The capsule-shaped button of a page's main action, or the quiet one beside it.
 BaseButton {
     id: root
 

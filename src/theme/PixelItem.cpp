@@ -14,15 +14,15 @@ namespace ostrel {
 
 namespace {
 
-/// As many pixels as @p length touches; what only rounding adds is none.
+/// The number of pixels that @p length touches, not counting one that is only due to rounding.
 int pixelsOf(qreal length)
 {
     constexpr qreal tolerance = 1e-6;
     return static_cast<int>(std::ceil(length - tolerance));
 }
 
-/// The pictures that are on some screen and can be shared. Of any thread: each window may have one
-/// that draws it.
+/// The pictures that are on a screen and can be shared. Any thread, since each window may have a
+/// render thread of its own.
 class SharedPictures
 {
 public:
@@ -41,7 +41,7 @@ public:
         return pictures;
     }
 
-    /// The one of @p key, made by @p paint if nobody has it.
+    /// The picture for @p key, created by @p paint if it isn't in use.
     template<typename Paint>
     std::shared_ptr<const QImage> picture(const Key &key, Paint paint)
     {
@@ -57,7 +57,7 @@ public:
     }
 
 private:
-    /// Now and then, so that it costs little.
+    /// Runs rarely, so that it costs little.
     void forgetUnused()
     {
         if (m_pictures.size() < m_limit)
@@ -127,7 +127,7 @@ std::shared_ptr<const QImage> PixelItem::picture()
     const QString itsLook = look();
     if (itsLook.isEmpty())
         return paintNew();
-    // The fraction of a pixel shifts what is drawn.
+    // A fraction of a pixel in the size shifts the drawing.
     return SharedPictures::instance().picture({itsLook, size(), pixelRatio}, paintNew);
 }
 

@@ -10,10 +10,10 @@ class QPainter;
 
 namespace ostrel {
 
-/// An item that a painter draws, as a picture whose pixels are the screen's: also where the item's
-/// size is no whole number of them, nothing is scaled, so that what is round stays round and no
-/// line is lost. While it isn't visible there is no picture. Derive from it by its full name, by
-/// which alone the QML tools find it.
+/// An item drawn with a QPainter, as a picture with the screen's pixels: even if the item's size
+/// isn't a whole number of them, nothing is scaled, so round shapes stay round and no line is lost.
+/// While it isn't visible there is no picture. Derive from it by its qualified name, since the QML
+/// tools find it only by that.
 class PixelItem : public QQuickItem
 {
     Q_OBJECT
@@ -22,14 +22,15 @@ class PixelItem : public QQuickItem
 public:
     explicit PixelItem(QQuickItem *parent = nullptr);
 
-    /// Draws the item in its own coordinates, on a transparent ground; after each update().
+    /// Draws the item in its own coordinates, on a transparent background. Called after each
+    /// update().
     virtual void paint(QPainter *painter) = 0;
 
 protected:
-    /// Whether there is nothing to draw: no picture is made then.
+    /// Whether there is nothing to draw: then no picture is created.
     [[nodiscard]] virtual bool isBlank() const { return false; }
-    /// All that decides how the item looks, but for its size: items of the same size and look share
-    /// one picture. Empty where each has its own.
+    /// Everything that determines how the item looks, except its size: items with the same size and
+    /// look share one picture. Empty if each has its own.
     [[nodiscard]] virtual QString look() const { return {}; }
 
     void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
@@ -40,7 +41,7 @@ private:
     [[nodiscard]] std::shared_ptr<const QImage> picture();
     [[nodiscard]] QImage painted(QSize pixels, qreal pixelRatio);
 
-    std::shared_ptr<const QImage> m_picture; ///< Null where there is nothing to draw.
+    std::shared_ptr<const QImage> m_picture; ///< Null if there is nothing to draw.
 };
 
 } // namespace ostrel

@@ -2,8 +2,8 @@ import QtQuick
 
 import Ostrel.Theme
 
-// The ring around the dot of a monitor that is down. It moves only while it can be seen, and never
-// where the desktop asks for stillness.
+// The ring around the dot of a monitor that is down. Animated only while it is visible, and never
+// if the desktop asks for reduced motion.
 Disc {
     id: root
 
@@ -13,7 +13,7 @@ Disc {
     required property real restDiameter
     required property bool pulse
     readonly property bool isPulsing: pulse && visible && exposure.isExposed && !Theme.reducedMotion
-    // From 0, small and strong, to 1, large and gone.
+    // From 0, small and strong, to 1, large and invisible.
     property real swell: 0
     readonly property real smallest: 0.85
     readonly property real largest: 1.4

@@ -2,7 +2,7 @@ import QtQuick
 
 import Ostrel.Theme
 
-// The box of what can be pressed or chosen but doesn't ask for it.
+// The background of unobtrusive controls.
 EdgedBox {
     id: root
 

@@ -1,6 +1,6 @@
 import QtQuick
 
-// A button for a side matter.
+// A button for a secondary action.
 BaseButton {
     id: root
 

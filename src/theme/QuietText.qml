@@ -2,14 +2,15 @@ import QtQuick
 
 import Ostrel.Theme
 
-// A text whose control says the same: on one line, in its line box, cut off at the right.
+// A text that its control already gives to assistive tools: on one line, in its line box, elided at
+// the right.
 Text {
     id: root
 
-    // How far the face's own line stands below the top of the line box.
+    // How far the font's own line is below the top of the line box.
     readonly property real halfLeading: ThemeFonts.halfLeading(font)
 
-    // Rounded, a text in a line box of odd height stands too high among its neighbours.
+    // With rounding, a text in a line box of odd height would be too high among its neighbours.
     anchors.alignWhenCentered: false
     color: Theme.textPrimary
     font: Theme.body

@@ -4,7 +4,7 @@ import QtQuick
 
 import Ostrel.Theme
 
-// A few choices in one track, of which one is taken. `spokenName` is what its label says.
+// A few choices in one track, one of which is selected. `spokenName` is its label's text.
 FocusScope {
     id: root
 

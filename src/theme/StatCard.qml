@@ -2,7 +2,7 @@ import QtQuick
 
 import Ostrel.Theme
 
-// A figure with its title; stands in a card.
+// A figure with its title, to be placed in a card.
 Item {
     id: root
 
@@ -17,7 +17,7 @@ Item {
     required property string value
     property string unit: ""
     required property color color
-    // Smaller than the role's size only where figures of one row share less room.
+    // Smaller than the role's size only if the figures of one row need more space than they have.
     property real valueSize: root.displayLarge.pixelSize
 
     implicitWidth: Math.max(root.statBarWidth, titleText.implicitWidth, valueText.implicitWidth + (unit !== "" ? Theme.statUnitGap + unitText.implicitWidth : 0))

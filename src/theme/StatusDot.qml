@@ -2,14 +2,14 @@ import QtQuick
 
 import Ostrel.Theme
 
-// A monitor's status as a dot: with a steady halo while up, a swelling one while down.
+// A monitor's status as a dot: with a steady halo while up, a pulsing one while down.
 Disc {
     id: root
 
     required property int status
     required property real size
     readonly property bool isDown: status === MonitorStatus.Down
-    // Set when the dot is shown: lets the halo of a monitor that is down swell and fade.
+    // Set when the dot is shown: starts the pulsing of the halo of a monitor that is down.
     property bool pulse: false
 
     implicitWidth: 2.6 * size

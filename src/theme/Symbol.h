@@ -6,15 +6,15 @@
 
 namespace ostrel {
 
-/// A symbol of the theme, tinted, in the middle of the item. Decoration: what it says, its
-/// surroundings say in words.
+/// A symbol of the theme, tinted, in the middle of the item. Decorative: texts nearby express its
+/// meaning.
 class Symbol : public ostrel::PixelItem
 {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QString name MEMBER m_name NOTIFY lookChanged REQUIRED FINAL)
     Q_PROPERTY(QColor color MEMBER m_color NOTIFY lookChanged FINAL)
-    /// The size of the text that the symbol goes with; makes the implicit size.
+    /// The size of the text beside the symbol; determines the implicit size.
     Q_PROPERTY(qreal systemSize READ systemSize WRITE setSystemSize NOTIFY systemSizeChanged FINAL)
 
 public:

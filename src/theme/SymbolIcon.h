@@ -9,7 +9,7 @@
 
 namespace ostrel {
 
-/// A symbol of the theme for what takes its pictures as a QIcon: drawn anew for every size.
+/// A symbol of the theme as a QIcon, redrawn for every size.
 class SymbolIcon final : public QIconEngine
 {
 public:
@@ -18,7 +18,8 @@ public:
         QString symbol;
         QColor color;
         SymbolRaster::Margin margin = SymbolRaster::Margin::ofGrid;
-        /// Under which name a desktop that tints such pictures itself finds this one; may be empty.
+        /// The name under which desktops that tint such pictures themselves find this one; may be
+        /// empty.
         QString themeName = {};
     };
 
@@ -26,7 +27,7 @@ public:
 
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state) override;
     QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override;
-    /// Those in which desktops ask for an icon in a bar or a menu.
+    /// The sizes in which desktops request an icon in a bar or a menu.
     QList<QSize> availableSizes(QIcon::Mode mode, QIcon::State state) override;
     QString iconName() override { return m_look.themeName; }
     [[nodiscard]] QIconEngine *clone() const override;

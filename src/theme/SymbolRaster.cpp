@@ -39,7 +39,7 @@ size_t qHash(const Key &key, size_t seed = 0)
     return qHashMulti(seed, key.name, key.pixels, key.color, static_cast<int>(key.margin));
 }
 
-/// The symbol's drawing in opaque @p color; empty where there is no such symbol.
+/// The symbol's drawing in opaque @p color; empty if there is no such symbol.
 QByteArray coloredDrawing(const QString &name, const QColor &color)
 {
     QFile file(u":/qt/qml/Ostrel/Theme/symbols/%1.svg"_s.arg(name));
@@ -48,7 +48,7 @@ QByteArray coloredDrawing(const QString &name, const QColor &color)
     return file.readAll().replace("currentColor", color.name(QColor::HexRgb).toLatin1());
 }
 
-/// Paths overlap within a symbol, so the alpha is taken from the whole picture.
+/// Paths overlap within a symbol, so the alpha is applied to the whole picture.
 void fade(QImage &image, int alpha)
 {
     QPainter painter(&image);
@@ -56,11 +56,11 @@ void fade(QImage &image, int alpha)
     painter.fillRect(image.rect(), QColor(0, 0, 0, alpha));
 }
 
-/// Where the whole grid is drawn in a square of @p pixels.
+/// The position of the whole grid in a square of @p pixels.
 QRectF gridIn(int pixels, SymbolRaster::Margin margin)
 {
     constexpr qreal grid = 24;
-    constexpr qreal drawnArea = 22.1; // Curves bulge a little beyond the 22 they are drawn in.
+    constexpr qreal drawnArea = 22.1; // Curves extend a little beyond the 22 they are drawn in.
     const qreal side =
         margin == SymbolRaster::Margin::ofGrid ? pixels : (pixels - 2) * grid / drawnArea;
     const qreal corner = (pixels - side) / 2;

@@ -1,6 +1,6 @@
 import QtQuick
 
-// A button of text alone, with a symbol before it where it has one.
+// A button with only a text, optionally with a symbol before it.
 BaseButton {
     id: root
 

@@ -4,12 +4,12 @@ import QtQuick
 
 import Ostrel.Theme
 
-// The application's one look: the colours, fonts and lengths that several views share. What one view
-// alone uses stands in that view.
+// The application's look: the colours, fonts and lengths that several views share. Those of a
+// single view are in that view.
 QtObject {
     id: root
 
-    // Set by the application from the desktop's setting: nothing moves but what the hand moves.
+    // Set by the application from the desktop's setting: nothing moves unless the user moves it.
     property bool reducedMotion: false
 
     // Palette
@@ -128,12 +128,12 @@ QtObject {
         }
     }
 
-    // A colour at a share of its own opacity.
+    // A colour at a fraction of its own opacity.
     function faded(base: color, share: real): color {
         return Qt.alpha(base, base.a * share);
     }
 
-    // What shows where a colour lies over an opaque one.
+    // The resulting colour if one colour is drawn over an opaque one.
     function over(top: color, ground: color): color {
         return Qt.tint(ground, top);
     }

@@ -6,7 +6,7 @@
 
 namespace ostrel {
 
-/// Colours that C++ draws with. The views have them by the same names.
+/// Colours that C++ draws with. Views use them under the same names.
 class ThemeColors : public QObject
 {
     Q_OBJECT
@@ -16,7 +16,7 @@ class ThemeColors : public QObject
 
 public:
     [[nodiscard]] static QColor statusDown() { return QColor::fromRgbF(0.92F, 0.34F, 0.30F); }
-    /// Legible on light and on dark ground alike.
+    /// Legible on light and on dark backgrounds.
     [[nodiscard]] static QColor onAnyGround() { return QColor::fromRgbF(0.5F, 0.5F, 0.5F); }
 };
 

@@ -44,7 +44,7 @@ QFont fontOf(const QString &family, int weight, qreal pixelSize, qreal letterSpa
     return font;
 }
 
-/// As lines are measured in a layout: in whole pixels.
+/// Measured as in a layout: in whole pixels.
 qreal faceHeight(const QFont &font)
 {
     return std::ceil(QFontMetricsF(font).height());
@@ -57,8 +57,8 @@ void ThemeFonts::install()
     QFont::insertSubstitutions(sans(), {u"Lato"_s, u"Manrope"_s, u"Cantarell"_s, u"sans-serif"_s});
     QFont::insertSubstitutions(
         monospaced(), {u"JetBrains Mono"_s, u"Fira Code"_s, u"DejaVu Sans Mono"_s, u"monospace"_s});
-    // Every text looks at the application's font before it is set in its own. The desktop's would
-    // be loaded for that alone.
+    // Every text uses the application's font before its own is set. Otherwise the desktop's font
+    // would be loaded only for that.
     QGuiApplication::setFont(face(400, 13, defaultLetterSpacing));
     // Hinted glyphs are sharper on a coarse screen; on a finer one they are spaced unevenly.
     QQuickWindow::setTextRenderType(qGuiApp->devicePixelRatio() > 1.0

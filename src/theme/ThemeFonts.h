@@ -7,7 +7,7 @@
 
 namespace ostrel {
 
-/// The faces of the theme, and how much room their lines take.
+/// The theme's fonts, and the space that their lines take.
 class ThemeFonts : public QObject
 {
     Q_OBJECT
@@ -15,32 +15,32 @@ class ThemeFonts : public QObject
     QML_SINGLETON
 
 public:
-    /// Names what stands in for the two families where the system doesn't have them, and chooses
-    /// how text is drawn at this screen's scale. Called once, after the application object is made
-    /// and before the first window.
+    /// Sets substitutes for the two families if the system doesn't have them, and chooses how text
+    /// is rendered at this screen's scale. Called once, after the application object is created and
+    /// before the first window.
     static void install();
-    /// Looks through the system's faces, so that nobody has to wait for that later. Any thread.
+    /// Loads the list of the system's fonts, so that nothing waits for that later. Any thread.
     static void findFaces();
 
     /// Avenir Next at @p weight (400 to 700) and @p pixelSize, spaced by @p letterSpacing pixels.
     [[nodiscard]] Q_INVOKABLE static QFont face(int weight, qreal pixelSize,
                                                 qreal letterSpacing = defaultLetterSpacing);
     [[nodiscard]] Q_INVOKABLE static QFont mono(int weight, qreal pixelSize);
-    /// The desktop's own interface face.
+    /// The desktop's own interface font.
     [[nodiscard]] Q_INVOKABLE static QFont system(qreal pixelSize);
 
     /// The height of one line of text of @p pixelSize.
     [[nodiscard]] Q_INVOKABLE static qreal lineBox(qreal pixelSize);
-    /// How far below the top of its line box a line of @p font starts, so that it stands in the
-    /// middle, on a baseline at a whole or half pixel; negative where the box is tighter than the
-    /// face.
+    /// How far below the top of its line box a line of @p font starts, so that it is in the middle,
+    /// with its baseline at a whole or half pixel; negative if the box is smaller than the font's
+    /// line.
     [[nodiscard]] Q_INVOKABLE static qreal halfLeading(const QFont &font);
-    /// How much higher a line of @p font is measured than its line box; 0 where it fits.
+    /// How much higher a line of @p font is than its line box; 0 if it fits.
     [[nodiscard]] Q_INVOKABLE static qreal overhang(const QFont &font);
     /// The width of @p text on one line.
     [[nodiscard]] static qreal textWidth(const QString &text, const QFont &font);
 
-    /// Looser than Lato's own, and it switches off Lato's joined letters.
+    /// Wider than Lato's own, and it disables Lato's ligatures.
     static constexpr qreal defaultLetterSpacing = 0.1;
 };
 

@@ -1,6 +1,6 @@
 import QtQuick
 
-// A text that a screen reader can name.
+// A text that screen readers can read.
 QuietText {
     Accessible.role: Accessible.StaticText
     Accessible.name: text

@@ -1,6 +1,6 @@
 import QtQuick
 
-// One of a few large choices, of which one is taken.
+// One of a few large choices, one of which is selected.
 ChoiceButton {
     id: root
 

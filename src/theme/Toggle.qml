@@ -2,7 +2,7 @@ import QtQuick
 
 import Ostrel.Theme
 
-// A switch. `spokenName` is what its label says.
+// A switch. `spokenName` is its label's text.
 BaseButton {
     id: root
 

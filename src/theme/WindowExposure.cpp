@@ -23,7 +23,7 @@ void WindowExposure::setWindow(QQuickWindow *window)
 
 bool WindowExposure::eventFilter(QObject *watched, QEvent *event)
 {
-    // The window learns of its own exposure only after its filters have run.
+    // The window updates its own exposure only after its event filters have run.
     if (event->type() == QEvent::Expose)
         QMetaObject::invokeMethod(this, &WindowExposure::readExposure, Qt::QueuedConnection);
     return QObject::eventFilter(watched, event);

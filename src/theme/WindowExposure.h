@@ -7,8 +7,8 @@
 
 namespace ostrel {
 
-/// Whether the window of an item can be seen: it is shown, and neither minimised nor wholly
-/// covered where the desktop tells. Endless animations run only while it is.
+/// Whether the window of an item is visible: it is shown, and neither minimised nor completely
+/// covered, if the desktop reports that. Endless animations run only while it is.
 class WindowExposure : public QObject
 {
     Q_OBJECT

@@ -22,7 +22,7 @@ bool isAnythingDown(const MonitorStore &store)
 }
 
 /// Both birds are one drawing, so that only the colour changes. The red one never has a name, so
-/// that nobody tints it, and its red is the theme's: these desktops have none of their own.
+/// that no host tints it, and its red is the theme's: these desktops have none of their own.
 QIcon bird(bool isAnythingDown, const StatusBarHost &host)
 {
     const auto symbol = u"bird.fill"_s;
@@ -79,10 +79,10 @@ StatusBarItem::~StatusBarItem() = default;
 
 void StatusBarItem::show()
 {
-    // On X11 the toolkit decides for good, when its first icon is made, whether icons speak to a
-    // host or to the older kind of bar, which embeds windows. So that is put off while a host may
-    // still be coming: either kind takes an icon at any time later, but not the other kind's. One
-    // that is there and doesn't answer is waited for however long it takes.
+    // On X11 the toolkit decides when it creates its first icon, and for good, whether icons talk
+    // to a host or to the older kind of bar, which embeds windows. So this is postponed while a
+    // host may still appear: either kind accepts an icon at any later time, but not the other
+    // kind's. If a host is there but doesn't answer, the wait is unlimited.
     m_isAwaiting = m_host.isAwaited();
     if (m_isAwaiting)
         m_patience.start();
@@ -112,7 +112,7 @@ void StatusBarItem::join()
     m_trayIcon = std::make_unique<QSystemTrayIcon>(m_icon);
     m_trayIcon->setToolTip(u"Ostrel"_s);
     m_trayIcon->setContextMenu(&m_menu.menu());
-    // Who draws the menu is known from here on.
+    // From here on it is known who draws the menu.
     m_menu.rewrite();
     connect(m_trayIcon.get(), &QSystemTrayIcon::activated, this,
             [this](QSystemTrayIcon::ActivationReason reason) {

@@ -17,7 +17,7 @@ class MonitorStore;
 class StatusBarHost;
 struct NotificationRequest;
 
-/// Ostrel in the desktop's status bar: a bird that is red while anything is down, and a menu.
+/// Ostrel in the desktop's status bar: a bird that is red while any monitor is down, and a menu.
 ///
 /// Needs a QApplication. Main thread.
 class StatusBarItem : public QObject
@@ -25,23 +25,23 @@ class StatusBarItem : public QObject
     Q_OBJECT
 
 public:
-    /// How long a host is waited for that starts after this program, as at login.
+    /// How long to wait for a host that starts after this program, as at login.
     static constexpr std::chrono::milliseconds defaultPatience{10'000};
 
-    /// Both outlive this object.
+    /// Both must outlive this object.
     StatusBarItem(const MonitorStore &store, StatusBarHost &host,
                   std::chrono::milliseconds patience = defaultPatience, QObject *parent = nullptr);
     ~StatusBarItem() override;
 
-    /// Joins the status bar once it is known which kind there is.
+    /// Joins the status bar once its kind is known.
     void show();
     [[nodiscard]] bool hasJoined() const { return m_trayIcon != nullptr; }
-    /// Shows a notification beside the item, for desktops without a service for it. Dropped where
-    /// there is no status bar.
+    /// Shows a notification beside the item, for desktops without a notification service. Dropped
+    /// if there is no status bar.
     void present(const NotificationRequest &request);
 
     [[nodiscard]] StatusBarMenu &menu() { return m_menu; }
-    /// The bird as it is at the moment.
+    /// The current bird.
     [[nodiscard]] const QIcon &icon() const { return m_icon; }
 
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -62,8 +62,8 @@ private:
     bool m_isAnythingDown;
     QIcon m_icon;
     QTimer m_patience;
-    bool m_isAwaiting = false;                   ///< Is to be shown, but hasn't joined.
-    std::unique_ptr<QSystemTrayIcon> m_trayIcon; ///< Once joined.
+    bool m_isAwaiting = false;                   ///< Must be shown, but hasn't joined yet.
+    std::unique_ptr<QSystemTrayIcon> m_trayIcon; ///< Null until it has joined.
 };
 
 } // namespace ostrel

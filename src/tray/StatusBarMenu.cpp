@@ -27,7 +27,8 @@ StatusBarMenu::StatusBarMenu(const MonitorStore &store, const StatusBarHost &hos
 
 StatusBarMenu::~StatusBarMenu()
 {
-    // A menu that goes with its entries leaves behind what stands for them on the bus.
+    // If a menu is destroyed together with its entries, their representations on the bus are
+    // leaked.
     m_menu.clear();
 }
 
@@ -41,7 +42,7 @@ void StatusBarMenu::addCommands()
     m_noMonitors.setEnabled(false);
     m_open.setShortcut(Qt::CTRL | Qt::Key_O);
     m_quit.setShortcut(Qt::CTRL | Qt::Key_Q);
-    // No role lets the desktop move or rename a command.
+    // Without a role, the desktop can't move or rename a command.
     for (QAction *action : {&m_noMonitors, &m_help, &m_open, &m_quit}) {
         action->setMenuRole(QAction::NoRole);
         action->setShortcutVisibleInContextMenu(true);

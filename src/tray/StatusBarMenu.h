@@ -14,16 +14,16 @@ namespace ostrel {
 class MonitorStore;
 class StatusBarHost;
 
-/// The status bar's menu: what each monitor is at the moment, then the program's commands.
+/// The status bar's menu: each monitor's current state, then the program's commands.
 ///
-/// One menu for life, which may be open at any time: a change in the store changes the entries that
-/// read otherwise now, and leaves all others alone. Main thread.
+/// The same menu object is kept, and may be open at any time: a change in the store changes the
+/// entries with a new text or symbol, and no others. Main thread.
 class StatusBarMenu : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Both outlive this object.
+    /// Both must outlive this object.
     StatusBarMenu(const MonitorStore &store, const StatusBarHost &host, QObject *parent = nullptr);
     ~StatusBarMenu() override;
 
@@ -32,7 +32,8 @@ public:
     /// Whether the host draws the menu, and not the toolkit.
     [[nodiscard]] bool isDrawnByHost();
 
-    /// Writes everything anew: for when who draws the menu, or the colour of its text, has changed.
+    /// Sets all texts and icons again: call it if the menu's renderer, or the colour of its text,
+    /// has changed.
     void rewrite();
 
 Q_SIGNALS:
@@ -44,7 +45,7 @@ private:
     struct Row
     {
         QUuid monitorId;
-        QAction *action = nullptr; ///< The menu's.
+        QAction *action = nullptr; ///< Owned by the menu.
         StatusMenuEntry entry = {};
     };
 

@@ -9,8 +9,8 @@ namespace ostrel {
 class MonitorCommands;
 class MonitorStore;
 
-/// The commands to a monitor that the views give. All of it does nothing where there is no monitor
-/// of that id. Main thread.
+/// The views' commands for a monitor. They do nothing if there is no monitor with that id. Main
+/// thread.
 class AppActions : public QObject
 {
     Q_OBJECT
@@ -18,12 +18,12 @@ class AppActions : public QObject
     QML_UNCREATABLE("Made by the application")
 
 public:
-    /// Both outlive this object.
+    /// Both must outlive this object.
     AppActions(const MonitorStore &store, MonitorCommands &commands, QObject *parent = nullptr);
 
     /// Returns at once; the result arrives through the store.
     Q_INVOKABLE void checkNow(const QUuid &monitorId);
-    /// Stops the checks of a monitor that is watched, and starts those of a paused one anew.
+    /// Stops the checks of a watched monitor, and restarts those of a paused one.
     Q_INVOKABLE void togglePause(const QUuid &monitorId);
     /// Removes the monitor and its history.
     Q_INVOKABLE void deleteMonitor(const QUuid &monitorId);

@@ -8,25 +8,26 @@ namespace ostrel {
 
 class Workspace;
 
-/// What the views ask of the desktop. Nothing is shown where the desktop can't do it. Main thread.
+/// The views' requests to the desktop. Nothing is shown if the desktop can't fulfil them. Main
+/// thread.
 class DesktopActions : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made by the application")
-    /// The data folder as people read it: "~/.local/share/Vantry/".
+    /// The data folder as users read it: "~/.local/share/Vantry/".
     Q_PROPERTY(QString dataFolderText READ dataFolderText CONSTANT)
 
 public:
-    /// @p storageDir is the data folder. @p workspace outlives this object.
+    /// @p storageDir is the data folder. @p workspace must outlive this object.
     DesktopActions(Workspace &workspace, const QString &storageDir, QObject *parent = nullptr);
 
     [[nodiscard]] QString dataFolderText() const;
 
-    /// Begins a message to the product's support.
+    /// Starts a message to the product's support.
     Q_INVOKABLE void getHelp();
     Q_INVOKABLE void openNotificationSettings();
-    /// Shows what is in the data folder.
+    /// Shows the contents of the data folder.
     Q_INVOKABLE void revealDataFolder();
 
 private:

@@ -66,7 +66,8 @@ void FaviconImage::paint(QPainter *painter)
 void FaviconImage::paintIcon(QPainter *painter)
 {
     const auto pixels = (size() * painter->device()->devicePixelRatioF()).toSize();
-    // In one step from the source, as good as it gets; a transformed brush only interpolates.
+    // Scaled in one step from the source, with the best quality; a transformed brush only
+    // interpolates.
     QBrush brush(m_icon.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
     brush.setTransform(QTransform::fromScale(width() / pixels.width(), height() / pixels.height()));
     painter->setBrush(brush);

@@ -11,7 +11,7 @@ namespace ostrel {
 
 class FaviconService;
 
-/// The icon of a site with round corners; until, or unless, one is found, a letter on a plate.
+/// The icon of a site with round corners; until one is found, or if none is, a letter on a plate.
 class FaviconImage : public ostrel::PixelItem
 {
     Q_OBJECT
@@ -21,14 +21,14 @@ class FaviconImage : public ostrel::PixelItem
     Q_PROPERTY(qreal radius MEMBER m_radius NOTIFY lookChanged FINAL)
     Q_PROPERTY(QColor plateColor MEMBER m_plateColor NOTIFY lookChanged FINAL)
     Q_PROPERTY(QColor letterColor MEMBER m_letterColor NOTIFY lookChanged FINAL)
-    /// In pixels, as a font's.
+    /// The letter's font size in pixels.
     Q_PROPERTY(qreal letterSize MEMBER m_letterSize NOTIFY lookChanged FINAL)
 
 public:
     explicit FaviconImage(QQuickItem *parent = nullptr);
 
-    /// Where the icons of all views of @p views come from; without one they keep their letters.
-    /// @p icons outlives the views.
+    /// Sets the source of the icons for all views of @p views; without one they keep their letters.
+    /// @p icons must outlive the views.
     static void useIcons(QQmlEngine &views, FaviconService &icons);
 
     [[nodiscard]] QString urlString() const { return m_urlString; }
@@ -46,7 +46,7 @@ protected:
 
 private:
     [[nodiscard]] bool hasIcon() const { return !m_icon.isNull(); }
-    /// What stands for the site while it has no icon.
+    /// The placeholder while the site has no icon.
     [[nodiscard]] QString placeholderLetter() const;
     void paintIcon(QPainter *painter);
     void paintPlaceholder(QPainter *painter);

@@ -3,8 +3,8 @@ import QtQuick
 import Ostrel
 import Ostrel.Theme
 
-// The icon of a monitored site, or a letter that stands for it. Decoration: its surroundings name
-// the monitor.
+// The icon of a monitored site, or a letter as its placeholder. Decorative: the items around it
+// name the monitor.
 FaviconImage {
     id: root
 

@@ -56,7 +56,7 @@ void MonitorSelection::selectAutomatically()
     if (m_monitorId.isNull())
         selectRow(0);
     else
-        Q_EMIT changed(); // Its row may be another.
+        Q_EMIT changed(); // Its row may have changed.
 }
 
 } // namespace ostrel

@@ -10,7 +10,7 @@
 
 namespace ostrel {
 
-/// Which monitor the window shows. While none is selected, a change of the number of monitors
+/// The monitor that the window shows. While none is selected, a change of the number of monitors
 /// selects the first. Main thread.
 class MonitorSelection : public QObject
 {
@@ -18,9 +18,9 @@ class MonitorSelection : public QObject
     QML_ELEMENT
     Q_PROPERTY(ostrel::MonitorListModel *monitors READ monitors WRITE setMonitors NOTIFY
                    monitorsChanged REQUIRED FINAL)
-    /// A QUuid; null where the dashboard is selected. May name a monitor that has gone.
+    /// A QUuid; null if the dashboard is selected. May be the id of a removed monitor.
     Q_PROPERTY(QVariant monitorId READ monitorIdValue WRITE setMonitorIdValue NOTIFY changed FINAL)
-    /// The selected monitor's row; -1 where none is selected, or it has gone.
+    /// The selected monitor's row; -1 if none is selected, or it has been removed.
     Q_PROPERTY(int row READ row NOTIFY changed FINAL)
     Q_PROPERTY(bool showsMonitor READ showsMonitor NOTIFY changed FINAL)
 
@@ -38,10 +38,9 @@ public:
     [[nodiscard]] bool showsMonitor() const { return row() >= 0; }
 
     Q_INVOKABLE void clear();
-    /// Clears the selection where it is @p monitorId.
+    /// Clears the selection if it is @p monitorId.
     Q_INVOKABLE void leave(const QUuid &monitorId);
-    /// Selects the monitor in @p row, or the nearest there is; the dashboard where @p row is
-    /// negative.
+    /// Selects the monitor in @p row, or the nearest one; the dashboard if @p row is negative.
     Q_INVOKABLE void selectRow(int row);
 
 Q_SIGNALS:

@@ -11,11 +11,11 @@
 
 #include <QtQml/qqmlregistration.h>
 
-// What QML calls the values and models of the presentation, which know nothing of QML.
+// The QML names of the presentation's values and models, which don't depend on QML.
 
 namespace ostrel {
 
-/// What views know as `Tone.Up` and so on.
+/// Available to views as `Tone.Up` and so on.
 namespace ToneForeign {
 Q_NAMESPACE
 QML_FOREIGN_NAMESPACE(ostrel::Tones)

@@ -4,7 +4,7 @@
 
 #include <QtQml/qqmlregistration.h>
 
-// Types of the theme that this module's own derive from.
+// Theme types that this module's types derive from.
 
 namespace ostrel {
 

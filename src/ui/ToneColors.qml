@@ -5,7 +5,7 @@ import QtQuick
 import Ostrel
 import Ostrel.Theme
 
-// The theme's colour for what a text or symbol says.
+// The theme's colour for each tone of a text or symbol.
 QtObject {
     function of(tone: int): color {
         switch (tone) {

@@ -48,7 +48,7 @@ BusAddress parseAddress(const QByteArray &text)
     return address;
 }
 
-/// A socket that is connected or connecting; a closed descriptor, and errno, where it can't be.
+/// A socket that is connected or connecting; a closed descriptor, with errno, if that fails.
 FileDescriptor connectTo(int family, const sockaddr *address, socklen_t size)
 {
     FileDescriptor socket(::socket(family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
@@ -102,7 +102,7 @@ FileDescriptor connectTo(const BusAddress &address)
     return connectToUnix(address.keys.value("path"));
 }
 
-/// A method call of the bus itself without arguments, in the protocol's form.
+/// A call of one of the bus's own methods without arguments, in wire format.
 QByteArray driverCall(quint32 serial, const QByteArray &member)
 {
     const auto number = [](quint32 value) {
@@ -130,7 +130,7 @@ QByteArray driverCall(quint32 serial, const QByteArray &member)
     return call;
 }
 
-/// A conversation with a bus, in its order.
+/// The conversation with a bus, in order.
 class Handshake
 {
 public:
@@ -146,10 +146,10 @@ public:
         if (!waitFor(POLLOUT))
             return BusAnswer::awaited;
         if (!send('\0' + QByteArray("AUTH EXTERNAL ") + user + "\r\n"))
-            return BusAnswer::none; // Only now it turns out that nobody is there.
+            return BusAnswer::none; // Only now does it turn out that there is no bus.
         if (!receiveLine())
             return BusAnswer::awaited;
-        // Another way in is the bus library's matter: who refuses, answers.
+        // Other authentication is left to the bus library: a refusal is an answer, too.
         if (!m_received.startsWith("OK "))
             return BusAnswer::given;
         m_received.remove(0, m_received.indexOf("\r\n") + 2);
@@ -168,7 +168,7 @@ private:
         return uninterrupted(poll) > 0;
     }
 
-    /// What is sent fits into any socket's buffer.
+    /// @p bytes must fit into any socket's buffer.
     [[nodiscard]] bool send(const QByteArray &bytes)
     {
         const auto size = static_cast<std::size_t>(bytes.size());
@@ -205,7 +205,7 @@ private:
         return isSwapped ? qbswap(value) : value;
     }
 
-    /// Takes messages until every question has its reply, which may be an error.
+    /// Receives messages until every question has its reply, which may be an error.
     [[nodiscard]] bool receiveReplies()
     {
         constexpr qsizetype headSize = 16;
@@ -237,7 +237,7 @@ private:
 BusAnswer askAt(const BusAddress &address, const QDeadlineTimer &deadline)
 {
     const FileDescriptor socket = connectTo(address);
-    // Who has more callers than it takes is there.
+    // A bus whose backlog is full is there.
     if (!socket.isOpen())
         return errno == EAGAIN ? BusAnswer::awaited : BusAnswer::none;
     return Handshake(socket, deadline).run();

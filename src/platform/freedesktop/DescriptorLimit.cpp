@@ -10,7 +10,7 @@ namespace ostrel {
 
 namespace {
 
-/// As it was at the start; none where it has never been raised.
+/// The limit at startup; zero if it was never raised.
 rlimit initialLimit{};
 
 } // namespace
@@ -29,7 +29,7 @@ QStringList withInitialDescriptorLimit(const QStringList &command)
 {
     if (initialLimit.rlim_cur == 0)
         return command;
-    // Not by a modifier of QProcess's, which has no effect on what it starts detached.
+    // Not with a QProcess modifier, which has no effect on detached processes.
     return QStringList{u"/bin/sh"_s, u"-c"_s, u"ulimit -S -n \"$0\"; exec \"$@\""_s,
                        QString::number(initialLimit.rlim_cur)} +
            command;

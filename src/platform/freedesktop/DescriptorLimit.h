@@ -4,9 +4,9 @@
 
 namespace ostrel {
 
-/// What starts @p command with the limit of open files that this program was started with: some
-/// programs look at every number up to the limit, or can use none over 1023. The command itself
-/// where the limit has never been raised.
+/// A command that runs @p command with the limit of open files that this program was started with:
+/// some programs iterate over every number up to the limit, or can't use any over 1023. Returns @p
+/// command itself if the limit was never raised.
 [[nodiscard]] QStringList withInitialDescriptorLimit(const QStringList &command);
 
 } // namespace ostrel

@@ -49,7 +49,7 @@ QString unescapedValue(const QString &value)
     return text;
 }
 
-/// Whether @p c may stand in an argument of Exec without quotes.
+/// Whether @p c may be in an argument of Exec without quotes.
 bool isUnreserved(QChar c)
 {
     return !QStringView(u" \t\n\"'\\><~|&;$*?#()`").contains(c);
@@ -66,7 +66,7 @@ QString quotedArgument(QString text)
     return u'"' + text + u'"';
 }
 
-/// The text between the quotes that @p command begins with.
+/// The text between the quotes at the beginning of @p command.
 QString quotedStart(QStringView command)
 {
     QString text;
@@ -101,10 +101,10 @@ Keys desktopEntryKeys(const QString &text)
     return keys;
 }
 
-/// The keys of the entry that stands in @p path; nothing where none can be read.
+/// The keys of the entry at @p path; nullopt if none can be read.
 std::optional<Keys> readEntry(const QString &path)
 {
-    // Opening a pipe would wait for whoever writes into it.
+    // Opening a pipe would wait for its writer.
     QFile file(path);
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
         return std::nullopt;
@@ -117,7 +117,7 @@ bool isDisabled(const Keys &entry)
            entry.value(u"X-GNOME-Autostart-enabled"_s) == u"false"_s;
 }
 
-/// The file that the program @p name is, all links resolved; empty where there is none.
+/// The file of the program @p name, with all links resolved; empty if there is none.
 QString resolvedProgram(const QString &name)
 {
     return QFileInfo(QStandardPaths::findExecutable(name)).canonicalFilePath();
@@ -149,7 +149,7 @@ bool FreedesktopLoginItem::registerItem()
     if (isSettled())
         return true;
     const QFileInfo place(m_file);
-    // A link to a device, as users make one to disable an entry, stays.
+    // A link to a device, with which users disable an entry, is kept.
     if ((place.exists() && !place.isFile()) || !QDir().mkpath(place.path()))
         return false;
     const auto fill = [this](ContentWriter &writer) {
@@ -164,7 +164,7 @@ bool FreedesktopLoginItem::unregisterItem()
     return QFile::remove(m_file) || !QFile::exists(m_file);
 }
 
-/// The installed program is named without its path, so that the entry outlives a move of it.
+/// The installed program is named without its path, so that the entry survives moving it.
 QString FreedesktopLoginItem::command() const
 {
     const auto name = u"ostrel"_s;

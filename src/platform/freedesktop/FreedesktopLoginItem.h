@@ -9,8 +9,8 @@ namespace ostrel {
 
 /// The desktop's autostart entry, `autostart/ostrel.desktop` in the user's configuration folder.
 ///
-/// An entry that starts this program already, and one that its user has disabled with the
-/// desktop's own settings, is left as it stands.
+/// An entry that already starts this program, or that the user has disabled with the desktop's own
+/// settings, isn't changed.
 class FreedesktopLoginItem final : public LoginItem
 {
 public:

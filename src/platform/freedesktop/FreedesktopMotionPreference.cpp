@@ -29,7 +29,7 @@ constexpr MotionKey motionKeys[] = {
      [](const QVariant &value) { return value.toUInt() == 1; }},
     {"org.gnome.desktop.interface", "enable-animations",
      [](const QVariant &value) { return value.typeId() == QMetaType::Bool && !value.toBool(); }},
-    // A text that holds a number; the session's animations last that many times as long.
+    // A text with a number, by which the durations of the session's animations are multiplied.
     {"org.kde.kdeglobals.KDE", "AnimationDurationFactor",
      [](const QVariant &value) {
          bool isNumber = false;

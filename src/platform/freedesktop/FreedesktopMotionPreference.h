@@ -10,8 +10,8 @@
 
 namespace ostrel {
 
-/// The preference as the desktop portal tells of it, now and whenever it changes. Desktops keep it
-/// under different keys; motion is reduced where one of them says so. Without a portal it isn't.
+/// The preference as reported by the desktop portal, now and whenever it changes. Desktops keep it
+/// under different keys; motion is reduced if one of them says so. Without a portal it isn't.
 class FreedesktopMotionPreference final : public MotionPreference
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ class FreedesktopMotionPreference final : public MotionPreference
 public:
     explicit FreedesktopMotionPreference(QObject *parent = nullptr);
 
-    /// @p bus is connected. At most once.
+    /// @p bus must be connected. Call at most once.
     void follow(const QDBusConnection &bus);
 
 private Q_SLOTS:
@@ -30,7 +30,7 @@ private:
     void takeSetting(const QString &group, const QString &key, const QVariant &value);
 
     NameOwner m_portal;
-    std::array<bool, 3> m_wantsLess = {}; ///< By the number of the key.
+    std::array<bool, 3> m_wantsLess = {}; ///< Indexed like the keys.
 };
 
 } // namespace ostrel

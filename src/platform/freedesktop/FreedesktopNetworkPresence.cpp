@@ -20,8 +20,8 @@ QString networkManagerPath()
     return u"/org/freedesktop/NetworkManager"_s;
 }
 
-/// NetworkManager's states from asleep by disconnected and disconnecting to connecting. What lies
-/// above has a connection of some reach; 0 is unknown.
+/// NetworkManager's states from asleep through disconnected and disconnecting to connecting. Higher
+/// states have a connection of some reach; 0 is unknown.
 bool isWithoutConnection(uint state)
 {
     constexpr uint asleep = 10;
@@ -29,7 +29,7 @@ bool isWithoutConnection(uint state)
     return state >= asleep && state <= connecting;
 }
 
-/// Asks @p owner rather than the well-known name, so that the bus starts nobody.
+/// Asks @p owner rather than the well-known name, so that the bus starts no service.
 QDBusMessage stateQuestion(const QString &owner)
 {
     QDBusMessage question = QDBusMessage::createMethodCall(

@@ -11,21 +11,21 @@
 
 namespace ostrel {
 
-/// The presence of a network as NetworkManager tells of it on the system bus. Where that doesn't
-/// run (it is never started for us), ends, or doesn't answer, there is a network.
+/// The presence of a network as reported by NetworkManager on the system bus. If NetworkManager
+/// isn't running (it is never started for us), ends, or doesn't answer, a network is assumed.
 class FreedesktopNetworkPresence final : public NetworkPresence
 {
     Q_OBJECT
 
 public:
-    /// How often NetworkManager is asked again while it says that there is none, and how long it
-    /// has for its answer: who has fallen silent can't say that the network is back.
+    /// How often NetworkManager is asked again while it reports no network, and the time-out for
+    /// its answer: if it stops answering, it can't report that the network is back.
     static constexpr std::chrono::milliseconds defaultInterval{30'000};
 
     explicit FreedesktopNetworkPresence(std::chrono::milliseconds interval = defaultInterval,
                                         QObject *parent = nullptr);
 
-    /// @p bus is connected. At most once.
+    /// @p bus must be connected. Call at most once.
     void follow(const QDBusConnection &bus);
 
 private Q_SLOTS:

@@ -49,7 +49,7 @@ QDBusMessage notifyCall(const NotificationRequest &request, const QString &body,
     return message;
 }
 
-/// The first argument of @p reply, or a T of its own where the call failed.
+/// The first argument of @p reply, or a default T if the call failed.
 template<typename T>
 T firstOf(const QDBusMessage &reply)
 {
@@ -112,7 +112,7 @@ void FreedesktopNotificationCenter::learnBodyFormat(const QDBusMessage &reply)
     const bool isMarkup = firstOf<QStringList>(reply).contains(u"body-markup"_s);
     m_bodyFormat = isMarkup ? BodyFormat::markup : BodyFormat::plain;
     sendWaiting();
-    // What waited has waited long enough; the next notification asks the newcomer.
+    // Waiting notifications have waited long enough; the next one queries the new daemon.
     if (m_hasDaemonChanged && reply.service() != m_daemon)
         m_bodyFormat = BodyFormat::unknown;
 }
@@ -148,7 +148,7 @@ void FreedesktopNotificationCenter::finishSending(const QString &identifier,
 {
     m_underWay.remove(identifier);
     m_ids.remove(identifier);
-    // A late answer of a daemon that has gone is worth nothing to its successor.
+    // A late answer from a previous daemon is useless for its successor.
     const uint id = firstOf<uint>(reply);
     if (id != 0 && (m_daemon.isEmpty() || m_daemon == reply.service())) {
         m_daemon = reply.service();

@@ -18,24 +18,23 @@ namespace ostrel {
 
 /// Shows notifications through the desktop's daemon, `org.freedesktop.Notifications`.
 ///
-/// Never waits for the daemon: while it is thinking about a notification, newer ones of the same
-/// identifier wait, and only the newest is sent. What the daemon refuses, or doesn't answer within
-/// the patience, is dropped. Without a bus
-/// everything is.
+/// Never waits for the daemon: while it processes a notification, newer ones with the same
+/// identifier wait, and only the newest is sent. A notification that the daemon refuses, or doesn't
+/// answer within the patience, is dropped. Without a bus all are.
 class FreedesktopNotificationCenter final : public QObject, public NotificationCenter
 {
     Q_OBJECT
 
 public:
-    /// Starting a daemon counts as part of its answer.
+    /// Includes the time to start a daemon.
     static constexpr std::chrono::milliseconds defaultPatience{25'000};
 
     explicit FreedesktopNotificationCenter(std::chrono::milliseconds patience = defaultPatience,
                                            QObject *parent = nullptr);
 
-    /// Holds notifications back from now on, rather than dropping them, until there is a bus.
+    /// From now on, holds notifications back instead of dropping them until there is a bus.
     void awaitBus() { m_isBusAwaited = true; }
-    /// @p bus is connected. At most once.
+    /// @p bus must be connected. Call at most once.
     void follow(const QDBusConnection &bus);
 
     void requestAuthorization() override {}
@@ -58,11 +57,11 @@ private:
     bool m_isBusAwaited = false;
     std::chrono::milliseconds m_patience;
     BodyFormat m_bodyFormat = BodyFormat::unknown;
-    bool m_hasDaemonChanged = false;      ///< Since the body's format was asked for.
-    QString m_daemon;                     ///< The unique name of the daemon that made the ids.
-    QHash<QString, uint> m_ids;           ///< By identifier, as the daemon gave them.
+    bool m_hasDaemonChanged = false;      ///< Since the body's format was queried.
+    QString m_daemon;                     ///< The unique name of the daemon that assigned the ids.
+    QHash<QString, uint> m_ids;           ///< The daemon's ids, keyed by identifier.
     QSet<QString> m_underWay;             ///< The identifiers whose notification is being sent.
-    QList<NotificationRequest> m_waiting; ///< One for each identifier at most, oldest first.
+    QList<NotificationRequest> m_waiting; ///< At most one for each identifier, oldest first.
 };
 
 } // namespace ostrel

@@ -55,7 +55,7 @@ QFuture<QDBusConnection> connectOnAnotherThread(Connect connect)
 {
     const auto promise = std::make_shared<QPromise<QDBusConnection>>();
     promise->start();
-    // A bus that falls silent just before it is connected may hold the thread for ever.
+    // A bus that falls silent just before the connection may block the thread for ever.
     startDetached([promise, connect] {
         promise->addResult(connect());
         promise->finish();
@@ -63,7 +63,7 @@ QFuture<QDBusConnection> connectOnAnotherThread(Connect connect)
     return promise->future();
 }
 
-/// Has @p service follow @p bus: now if it has answered, else when it does.
+/// Makes @p service follow @p bus: now if it has answered, else once it does.
 template<typename Service>
 void attach(Service &service, const MessageBus &bus, Connect connect)
 {
@@ -154,7 +154,7 @@ std::unique_ptr<LoginItem> makeLoginItem()
 std::unique_ptr<StatusBarHost> makeStatusBarHost()
 {
     auto host = std::make_unique<FreedesktopStatusBarHost>();
-    // A host on a bus that is hidden from the toolkit has nothing to show of ours.
+    // A host on a bus that is hidden from the toolkit can't show our item.
     if (!buses().isSessionHidden)
         attachToSession(*host);
     return host;

@@ -16,7 +16,7 @@ QString watcherName()
     return u"org.kde.StatusNotifierWatcher"_s;
 }
 
-/// The bus library's word for "as long as it takes", in milliseconds.
+/// The bus library's value for "no time-out", in milliseconds.
 constexpr int withoutTimeout = std::numeric_limits<int>::max();
 
 } // namespace
@@ -53,7 +53,7 @@ void FreedesktopStatusBarHost::noteHost()
         askHost();
 }
 
-/// What the toolkit will ask it, with nobody waiting. Any answer will do.
+/// Asks asynchronously what the toolkit will ask. Any answer will do.
 void FreedesktopStatusBarHost::askHost()
 {
     const QString host = m_host.uniqueName();
@@ -77,10 +77,10 @@ void FreedesktopStatusBarHost::noteAnswer(const QString &host)
 
 QString FreedesktopStatusBarHost::menuText(const QString &text) const
 {
-    // On the bus an underscore marks a key, and two are one to read. The toolkit leaves those of a
-    // text alone, and makes one of the first ampersand; the ampersand after it is the one to read.
-    // Some hosts undo twice what has a mark, so that there no underscore could be read: it makes
-    // way for the low macron, which looks like it.
+    // On the bus, an underscore marks a key, and two show one underscore. The toolkit doesn't
+    // escape those in a text, and turns the first ampersand into one; the ampersand after it is the
+    // one that is shown. Some hosts unescape a text with a mark twice, so that no underscore would
+    // be shown: it is replaced by the low macron, which looks like it.
     const bool hasMark = text.contains(u'&');
     QString written = text;
     written.replace(u"_"_s, hasMark ? u"\u02CD"_s : u"__"_s);

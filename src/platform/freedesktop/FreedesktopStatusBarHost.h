@@ -16,14 +16,14 @@ class FreedesktopStatusBarHost final : public StatusBarHost
 public:
     explicit FreedesktopStatusBarHost(QObject *parent = nullptr);
 
-    /// @p bus is connected. At most once.
+    /// @p bus must be connected. Call at most once.
     void follow(const QDBusConnection &bus);
 
-    /// For as long as there is a bus without one that answers.
+    /// True as long as there is a bus without a host that answers.
     [[nodiscard]] bool isAwaited() const override;
     [[nodiscard]] bool isSilent() const override;
     [[nodiscard]] QString menuText(const QString &text) const override;
-    /// On the desktops that are made with this program's toolkit.
+    /// True on the desktops that are made with this program's toolkit.
     [[nodiscard]] bool hasOurPalette() const override;
 
 private:
@@ -33,7 +33,7 @@ private:
 
     std::optional<QDBusConnection> m_bus;
     NameOwner m_host;
-    bool m_isThere = false; ///< And has answered.
+    bool m_isThere = false; ///< The host is there and has answered.
 };
 
 } // namespace ostrel

@@ -10,7 +10,8 @@ namespace ostrel {
 
 namespace {
 
-/// Where the handler writes; -1 for nowhere. A handler may touch no more than a lock-free atomic.
+/// The descriptor that the handler writes to; -1 for none. A handler may only touch a lock-free
+/// atomic.
 std::atomic<int> handlerEnd = -1;
 static_assert(std::atomic<int>::is_always_lock_free);
 
@@ -18,7 +19,7 @@ extern "C" void tellOfSignal(int)
 {
     const int interruptedErrno = errno;
     const char byte = 0;
-    // A full pipe tells as much already.
+    // If the pipe is full, the event loop is notified already.
     [[maybe_unused]] const auto written = ::write(handlerEnd.load(), &byte, 1);
     errno = interruptedErrno;
 }
@@ -56,7 +57,7 @@ void FreedesktopTerminationSignal::install(int signalNumber)
 {
     struct sigaction previous = {};
     ::sigaction(signalNumber, nullptr, &previous);
-    // A program started by nohup outlives its terminal.
+    // A program started with nohup outlives its terminal.
     if (signalNumber == SIGHUP && previous.sa_handler == SIG_IGN)
         return;
     struct sigaction action = {};

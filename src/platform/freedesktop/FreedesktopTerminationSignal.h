@@ -11,9 +11,9 @@
 
 namespace ostrel {
 
-/// SIGTERM, SIGINT and SIGHUP, carried from their handler to the event loop through a pipe. One
-/// object at a time. Its end gives the signals back to who had them before, unless one has asked
-/// the program to end: another must not kill it while it does.
+/// SIGTERM, SIGINT and SIGHUP, passed from their handler to the event loop through a pipe. One
+/// object at a time. Its destructor restores the previous handlers, unless a signal has asked the
+/// program to end: then another one must not kill it meanwhile.
 class FreedesktopTerminationSignal final : public TerminationSignal
 {
     Q_OBJECT
@@ -29,7 +29,7 @@ private:
     FileDescriptor m_readEnd;
     FileDescriptor m_writeEnd;
     std::unique_ptr<QSocketNotifier> m_notifier;
-    std::map<int, struct sigaction> m_previous; ///< By signal number.
+    std::map<int, struct sigaction> m_previous; ///< Keyed by signal number.
     bool m_isRequested = false;
 };
 

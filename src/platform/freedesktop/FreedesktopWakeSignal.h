@@ -7,7 +7,7 @@
 
 namespace ostrel {
 
-/// Wakes as logind tells of them on the system bus. Without that bus there are none; logind itself
+/// Wakes as reported by logind on the system bus. Without that bus there are none; logind itself
 /// may come and go.
 class FreedesktopWakeSignal final : public WakeSignal
 {
@@ -16,7 +16,7 @@ class FreedesktopWakeSignal final : public WakeSignal
 public:
     explicit FreedesktopWakeSignal(QObject *parent = nullptr);
 
-    /// @p bus is connected. At most once.
+    /// @p bus must be connected. Call at most once.
     void follow(const QDBusConnection &bus);
 
 private Q_SLOTS:

@@ -20,7 +20,7 @@ namespace ostrel {
 
 namespace {
 
-/// Starts @p command, which outlives this program; false where there is no such program.
+/// Starts @p command, which outlives this program; false if there is no such program.
 bool startDetached(const QStringList &command)
 {
     if (QStandardPaths::findExecutable(command.first()).isEmpty())

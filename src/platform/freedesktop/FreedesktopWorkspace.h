@@ -12,22 +12,22 @@
 namespace ostrel {
 
 /// Opens addresses through the desktop's portal, `org.freedesktop.portal.OpenURI`, and folders
-/// through its file manager, `org.freedesktop.FileManager1`. Where one of them isn't there, refuses
-/// or doesn't answer within the patience, `xdg-open` is started instead, as it is without a bus.
+/// through its file manager, `org.freedesktop.FileManager1`. If one of them isn't there, refuses or
+/// doesn't answer within the patience, or if there is no bus, `xdg-open` is started instead.
 ///
-/// The settings of notifications are a program that is started; an unknown desktop has none.
+/// For the settings of notifications, a program is started; an unknown desktop has none.
 class FreedesktopWorkspace final : public QObject, public Workspace
 {
     Q_OBJECT
 
 public:
-    /// Starting the portal or the file manager counts as part of its answer.
+    /// Includes the time to start the portal or the file manager.
     static constexpr std::chrono::milliseconds defaultPatience{25'000};
 
     explicit FreedesktopWorkspace(std::chrono::milliseconds patience = defaultPatience,
                                   QObject *parent = nullptr);
 
-    /// Uses @p bus, which is connected, from now on.
+    /// From now on uses @p bus, which must be connected.
     void follow(const QDBusConnection &bus) { m_bus = bus; }
 
     bool open(const QUrl &url) override;
@@ -35,7 +35,7 @@ public:
     bool openNotificationSettings() override;
 
 private:
-    /// Sends @p call, which opens @p target, or does without it.
+    /// Sends @p call, which opens @p target, or opens it without the bus.
     bool ask(const QDBusMessage &call, const QString &target);
 
     std::optional<QDBusConnection> m_bus;

@@ -19,17 +19,18 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto sessionBusVariable = "DBUS_SESSION_BUS_ADDRESS";
-/// How often a bus that has hung up is called again.
+/// How often a bus that has hung up is tried again.
 constexpr auto retryInterval = 10s;
 
-/// Where the outcome of a search for a bus goes.
+/// The results of asking a bus.
 struct Search
 {
     std::promise<bool> isThere;
     QPromise<void> answer;
 };
 
-/// A bus that isn't there at the start is none; one that was silent may be back any time.
+/// If there is no bus at startup, there is none for good; one that was silent may come back any
+/// time.
 void seekAnswer(const QByteArray &addresses, Search &search)
 {
     const QDeadlineTimer never(QDeadlineTimer::Forever);
@@ -38,7 +39,7 @@ void seekAnswer(const QByteArray &addresses, Search &search)
         search.answer.finish();
     search.isThere.set_value(given == BusAnswer::given);
     if (given != BusAnswer::awaited)
-        return; // Cancels the answer of who isn't there.
+        return; // Cancels the answer, since there is no bus.
     while (given != BusAnswer::given) {
         std::this_thread::sleep_for(retryInterval);
         given = askBus(addresses, never);
@@ -54,7 +55,7 @@ bool hasUserBus(const QByteArray &folder)
            S_ISSOCK(status.st_mode) && status.st_uid == ::getuid();
 }
 
-/// The variable of the session's bus as it was, while it is hidden; null if there was none.
+/// The session bus's variable from before it was hidden; a null value if it wasn't set.
 std::optional<QByteArray> hiddenSessionBus;
 
 } // namespace
@@ -87,7 +88,7 @@ QByteArray sessionBusAddresses()
 void hideSessionBus()
 {
     hiddenSessionBus = qgetenv(sessionBusVariable);
-    // An address that nobody can connect to: without any the bus library looks elsewhere.
+    // An address that can't be connected to: without any, the bus library looks elsewhere.
     qputenv(sessionBusVariable, "disabled:");
 }
 

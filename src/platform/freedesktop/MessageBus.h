@@ -9,25 +9,25 @@
 
 namespace ostrel {
 
-/// A message bus that may answer late, or never. It is looked for on a thread of its own, and
-/// nobody connects to it before it has answered: from then on connecting takes no time, while the
-/// bus library would wait for a silent one for ever, with locks that all its users need.
+/// A message bus that may answer late, or never. A thread of its own asks it, and no one connects
+/// to it before it has answered: from then on connecting takes no time, while the bus library would
+/// wait for a silent one for ever, holding locks that all its users need.
 ///
 /// Main thread.
 class MessageBus
 {
 public:
-    /// How long a start waits for a bus at most. One that works answers in a millisecond.
+    /// Upper bound for how long startup waits for a bus. One that works answers in a millisecond.
     static constexpr std::chrono::milliseconds defaultPatience{250};
 
-    /// Begins to look for the bus at @p addresses; empty where there is none.
+    /// Starts to ask the bus at @p addresses; empty if there is none.
     explicit MessageBus(const QByteArray &addresses);
 
-    /// Waits for an answer for at most @p patience; false where there is none.
+    /// Waits at most @p patience for an answer; false if there is none.
     [[nodiscard]] bool answersWithin(std::chrono::milliseconds patience) const;
-    /// Whether it may answer yet.
+    /// Whether it may still answer.
     [[nodiscard]] bool isAwaited() const { return !m_answer.isFinished(); }
-    /// Finishes when the bus answers; cancelled where there is none.
+    /// Finishes when the bus answers; cancelled if there is none.
     [[nodiscard]] QFuture<void> answer() const { return m_answer; }
     [[nodiscard]] const QByteArray &addresses() const { return m_addresses; }
 
@@ -37,15 +37,15 @@ private:
     std::shared_future<bool> m_isThere;
 };
 
-/// Where the environment says that the session's bus is. Empty where it names none: nobody is
-/// asked to start one, which takes seconds and serves nobody.
+/// The session bus's addresses according to the environment. Empty if it names none: no bus is
+/// started, which would take seconds and be of no use.
 [[nodiscard]] QByteArray sessionBusAddresses();
 [[nodiscard]] QByteArray systemBusAddresses();
 
-/// Takes the session's bus out of the toolkit's sight, which would wait for it. While there is no
+/// Hides the session bus from the toolkit, which would wait for it. Call this while there is no
 /// application object and no other thread that reads the environment.
 void hideSessionBus();
-/// What programs that we start are to find in their environment: nothing is hidden from them.
+/// The environment for programs that we start: nothing is hidden from them.
 [[nodiscard]] QProcessEnvironment environmentOfPrograms();
 
 } // namespace ostrel

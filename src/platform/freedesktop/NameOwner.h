@@ -6,10 +6,11 @@
 
 namespace ostrel {
 
-/// Who has a well-known name on a bus. Main thread, and nothing here ever waits for the bus.
+/// The owner of a well-known name on a bus. Main thread; never waits for the bus.
 ///
-/// Who wants the signals of a service connects to those of every sender, and takes the owner's
-/// alone: QDBusConnection::connect() with a well-known name waits until the bus has told its owner.
+/// To receive the signals of a service, connect to those of every sender, and accept only the
+/// owner's: QDBusConnection::connect() with a well-known name waits until the bus has reported its
+/// owner.
 class NameOwner : public QObject
 {
     Q_OBJECT
@@ -17,9 +18,9 @@ class NameOwner : public QObject
 public:
     explicit NameOwner(const QString &name, QObject *parent = nullptr);
 
-    /// Looks for the owner on @p bus, which is connected. At most once.
+    /// Queries the owner on @p bus, which must be connected. Call at most once.
     void follow(const QDBusConnection &bus);
-    /// A unique name; empty while nobody is known to have the name.
+    /// A unique name; empty if no owner is known.
     [[nodiscard]] const QString &uniqueName() const { return m_uniqueName; }
 
 Q_SIGNALS:

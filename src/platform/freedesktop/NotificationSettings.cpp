@@ -6,7 +6,7 @@ namespace {
 
 struct SettingsProgram
 {
-    const char *desktop; ///< As it names itself, in lower case.
+    const char *desktop; ///< The desktop's own name, in lower case.
     const char *command;
 };
 

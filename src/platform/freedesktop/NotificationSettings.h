@@ -6,9 +6,10 @@
 
 namespace ostrel {
 
-/// The commands, program first, that show the settings of notifications on the desktop that
-/// @p currentDesktop names, the one to try first in front. It is a value of XDG_CURRENT_DESKTOP:
-/// names separated by colons, the most particular one first. Unknown names have no command.
+/// The commands, program first, that show the notification settings on the desktop @p
+/// currentDesktop, in the order in which to try them. @p currentDesktop is a value of
+/// XDG_CURRENT_DESKTOP: names separated by colons, the most specific one first. Unknown names have
+/// no command.
 [[nodiscard]] QList<QStringList> notificationSettingsCommands(const QString &currentDesktop);
 
 } // namespace ostrel

@@ -4,8 +4,8 @@
 
 namespace ostrel {
 
-/// How a program asks to be started at login differs from desktop to desktop, and Qt Core knows
-/// of no way: an unknown desktop refuses.
+/// How to start a program at login differs from desktop to desktop, and Qt Core has no function for
+/// it: an unknown desktop refuses.
 class PortableLoginItem final : public LoginItem
 {
 public:

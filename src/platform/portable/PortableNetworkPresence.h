@@ -4,7 +4,7 @@
 
 namespace ostrel {
 
-/// Qt Core alone doesn't tell of networks: there always is one.
+/// Qt Core alone doesn't report networks: a network is always assumed.
 class PortableNetworkPresence final : public NetworkPresence
 {
     Q_OBJECT

@@ -8,7 +8,7 @@ namespace ostrel {
 class PortableNotificationCenter final : public NotificationCenter
 {
 public:
-    /// Where @p presenter is empty, every notification is dropped.
+    /// If @p presenter is empty, every notification is dropped.
     explicit PortableNotificationCenter(NotificationPresenter presenter);
 
     void requestAuthorization() override {}

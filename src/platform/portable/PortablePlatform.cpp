@@ -31,7 +31,7 @@ void lowerThreadPriority()
 
 ContinuousTime continuousNow()
 {
-    // Goes on during a sleep on Windows and macOS, for which this implementation is.
+    // Continues during sleep on Windows and macOS, for which this implementation is.
     return std::chrono::steady_clock::now().time_since_epoch();
 }
 
@@ -65,7 +65,7 @@ std::unique_ptr<Workspace> makeWorkspace()
     return std::make_unique<PortableWorkspace>();
 }
 
-// Qt doesn't tell.
+// Qt has no function for this.
 std::unique_ptr<MotionPreference> makeMotionPreference()
 {
     return std::make_unique<MotionPreference>();

@@ -4,7 +4,7 @@
 
 namespace ostrel {
 
-/// A host that is there from the start, and whose menus take texts as the toolkit's own do.
+/// A host that is there from the start, and whose menus take texts like the toolkit's own.
 class PortableStatusBarHost final : public StatusBarHost
 {
     Q_OBJECT

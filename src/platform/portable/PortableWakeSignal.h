@@ -9,16 +9,17 @@
 
 namespace ostrel {
 
-/// Takes it for a wake when a timer's tick comes far later, by the wall clock, than it was asked
-/// for. A clock that is set forward looks the same, which does no harm.
+/// Assumes a wake if a timer's tick comes far later, by the wall clock, than it was due. Setting
+/// the clock forward looks the same, which does no harm.
 class PortableWakeSignal final : public WakeSignal
 {
     Q_OBJECT
 
 public:
-    /// A busy program's tick is late as well; a tick that is later than this was slept through.
+    /// A busy program's tick is late as well; only a tick that is later than this indicates a
+    /// sleep.
     static constexpr std::chrono::seconds tolerance{30};
-    /// Ten seconds: rare enough not to keep a computer from resting.
+    /// Ten seconds: rare enough not to keep a computer from idling.
     static constexpr std::chrono::milliseconds defaultInterval{10'000};
 
     explicit PortableWakeSignal(WallClock clock = systemNow,

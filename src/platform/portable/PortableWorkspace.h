@@ -4,8 +4,8 @@
 
 namespace ostrel {
 
-/// Which program opens what differs from desktop to desktop, and Qt Core knows of no way to ask
-/// for it: an unknown desktop opens nothing.
+/// Which program opens what differs from desktop to desktop, and Qt Core has no function to ask for
+/// it: an unknown desktop opens nothing.
 class PortableWorkspace final : public Workspace
 {
 public:

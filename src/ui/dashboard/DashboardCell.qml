@@ -2,7 +2,7 @@ import QtQuick
 
 import Ostrel.Theme
 
-// A card's place in the dashboard's two columns.
+// The cell of a card in the dashboard's two columns.
 Item {
     id: root
 
@@ -14,7 +14,7 @@ Item {
     required property string cardUptimeText
     required property int cardUptimeTone
     required property string spokenText
-    // Where both columns together stand on the page.
+    // The position of both columns together on the page.
     property real contentX: 0
     property real contentWidth: 0
     property bool showsFocus: false

@@ -9,7 +9,7 @@ namespace ostrel {
 
 class MonitorStore;
 
-/// What the dashboard says of all monitors together, kept up to date. Main thread.
+/// The dashboard's summary of all monitors, kept up to date. Main thread.
 class DashboardModel : public QObject
 {
     Q_OBJECT
@@ -21,11 +21,11 @@ class DashboardModel : public QObject
     Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY changed FINAL)
 
 public:
-    /// @p store outlives this object.
+    /// @p store must outlive this object.
     explicit DashboardModel(const MonitorStore &store, QObject *parent = nullptr);
 
     [[nodiscard]] const StatusBanner &banner() const { return m_banner; }
-    /// The banner's. A compiled view can't read an enumeration of a value inside an object.
+    /// The banner's tone. A compiled view can't read an enumeration of a value inside an object.
     [[nodiscard]] Tone tone() const { return m_banner.tone; }
     [[nodiscard]] bool isEmpty() const { return m_isEmpty; }
 

@@ -5,7 +5,7 @@ import QtQuick
 import Ostrel
 import Ostrel.Theme
 
-// All monitors at a glance.
+// The overview of all monitors.
 Item {
     id: root
 
@@ -16,7 +16,7 @@ Item {
     readonly property real contentX: Math.floor((width - contentWidth) / 2)
 
     signal addRequested
-    // A card has been chosen; it is selected.
+    // A card has been chosen; its monitor is selected.
     signal cardChosen
 
     function scrollPages(pages: real): void {
@@ -36,8 +36,8 @@ Item {
         item: grid.activeFocus ? (grid.currentItem as DashboardCell)?.card ?? null : null
     }
 
-    // Two cells fill the page's width, so that it scrolls wherever the pointer is; the cards stand
-    // in them towards its middle.
+    // Two cells fill the page's width, so that it scrolls wherever the pointer is; the cards are
+    // placed in them towards the page's middle.
     GridView {
         id: grid
 
@@ -50,13 +50,13 @@ Item {
         anchors.fill: parent
         visible: !root.model.isEmpty
         clip: true
-        // A card is made in less than a frame's time: none is kept ready.
+        // A card is created in less than a frame's time, so none is cached.
         cacheBuffer: 0
         activeFocusOnTab: visible
         boundsBehavior: Flickable.StopAtBounds
         cellWidth: width / 2
         cellHeight: Theme.monitorCardHeight + Theme.spacing
-        // The banner stands above the cells and scrolls with them.
+        // The banner is above the cells and scrolls with them.
         topMargin: Theme.pageMargin + Theme.bannerHeight + Theme.sectionSpacing
         bottomMargin: Theme.pageMargin - Theme.spacing
         model: root.monitors

@@ -2,7 +2,7 @@ import QtQuick
 
 import Ostrel.Theme
 
-// What the dashboard shows while there are no monitors: an invitation to add the first.
+// Shown by the dashboard while there are no monitors: an invitation to add the first.
 Item {
     id: root
 

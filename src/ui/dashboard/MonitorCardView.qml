@@ -23,10 +23,10 @@ CardStyle {
     property bool showsFocus: false
 
     signal chosen
-    // An assistive tool gives the keyboard to the card.
+    // An assistive tool has moved the keyboard focus to the card.
     signal focusRequested
 
-    // Found by its name. As a handler, the action would be offered twice.
+    // Found by name. As a handler, the action would be offered twice.
     function accessiblePressAction(): void {
         chosen();
     }

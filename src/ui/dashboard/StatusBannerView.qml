@@ -3,7 +3,7 @@ import QtQuick
 import Ostrel
 import Ostrel.Theme
 
-// What the dashboard says of all monitors together.
+// The dashboard's summary of all monitors.
 EdgedBox {
     id: root
 

@@ -3,7 +3,7 @@ import QtQuick
 import Ostrel
 import Ostrel.Theme
 
-// Whose page it is, and what can be done.
+// The page's monitor and its actions.
 Item {
     id: root
 

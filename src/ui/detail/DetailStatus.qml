@@ -5,14 +5,14 @@ import QtQuick
 import Ostrel
 import Ostrel.Theme
 
-// The status, the badges where there are any, and when the monitor was checked last: beside them
-// where that fits, else below.
+// The status, the badges if there are any, and when the monitor was last checked: beside them if
+// that fits, else below.
 Item {
     id: root
 
     readonly property real lastCheckedGap: 8
 
-    // A monitorDetail: compiled ahead of time, its enumerations could not be read.
+    // A monitorDetail, declared as var: compiled ahead of time, its enumerations couldn't be read.
     required property var detail
     readonly property bool isBroken: marks.implicitWidth + Theme.badgeGap + lastChecked.implicitWidth > width
 

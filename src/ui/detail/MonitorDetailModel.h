@@ -12,25 +12,24 @@ namespace ostrel {
 
 class MonitorStore;
 
-/// The detail page of one monitor: its values and its recent checks. Made anew when the store tells
-/// that they have changed, and, while the page is shown, as time passes. Main thread.
+/// The detail page of one monitor: its values and its recent checks. Recomputed when the store
+/// reports a change, and, while the page is shown, as time passes. Main thread.
 class MonitorDetailModel : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made by the application")
     Q_PROPERTY(QUuid monitorId READ monitorId WRITE setMonitorId NOTIFY monitorIdChanged)
-    /// Whether the page can be seen. Only then time is watched.
+    /// Whether the page is visible. Only then it is refreshed as time passes.
     Q_PROPERTY(bool isShown READ isShown WRITE setShown NOTIFY isShownChanged)
     Q_PROPERTY(ostrel::MonitorDetail detail READ detail NOTIFY detailChanged)
     Q_PROPERTY(ostrel::RecentChecksModel *recentChecks READ recentChecks CONSTANT)
 
 public:
-    /// How often the page is brought up to date with the clock.
+    /// How often the page is refreshed as time passes.
     static constexpr std::chrono::milliseconds refreshInterval{1000};
 
-    /// @p store outlives the model. The moment, the clocks and the language are @p now,
-    /// @p timeZone and @p locale.
+    /// @p store must outlive the model. The page uses the time @p now, @p timeZone and @p locale.
     explicit MonitorDetailModel(const MonitorStore &store, WallClock now = systemNow,
                                 const QTimeZone &timeZone = QTimeZone::systemTimeZone(),
                                 const QLocale &locale = QLocale(), QObject *parent = nullptr);
@@ -43,7 +42,7 @@ public:
     [[nodiscard]] const MonitorDetail &detail() const { return m_detail; }
     [[nodiscard]] RecentChecksModel *recentChecks() { return &m_recentChecks; }
 
-    /// Brings what depends on the clock up to date.
+    /// Updates what depends on the current time.
     void refresh();
 
 Q_SIGNALS:

@@ -31,7 +31,7 @@ Flickable {
     contentHeight: page.height + 2 * Theme.pageMargin
     boundsBehavior: Flickable.StopAtBounds
     clip: true
-    // What has the keyboard stands at the page's top.
+    // Whatever can have the focus is at the page's top.
     onFocusedChanged: {
         if (holds(focused))
             contentY = 0;
@@ -43,7 +43,7 @@ Flickable {
         value: root.visible && exposure.isExposed
     }
 
-    // Every monitor's page begins at its top.
+    // Every monitor's page starts at its top.
     Connections {
         target: root.model
 

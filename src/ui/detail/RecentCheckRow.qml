@@ -3,7 +3,7 @@ import QtQuick
 import Ostrel
 import Ostrel.Theme
 
-// One check: when it was made and how it went.
+// One check: its time and its result.
 Item {
     id: root
 

@@ -3,7 +3,7 @@ import QtQuick
 import Ostrel
 import Ostrel.Theme
 
-// The response times of the last day: a chart, or why there is none.
+// The response times of the last day: a chart, or the reason why there is none.
 CardStyle {
     id: root
 

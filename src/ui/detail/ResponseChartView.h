@@ -5,8 +5,8 @@
 
 namespace ostrel {
 
-/// The body of the response-time chart: area, line, points, grid and labels. Draws nothing of a
-/// series that is too short for a line. Times are those of the computer's time zone and locale.
+/// The body of the response-time chart: area, line, points, grid and labels. Draws nothing if the
+/// series is too short for a line. Times are in the computer's time zone and locale.
 class ResponseChartView : public ostrel::PixelItem
 {
     Q_OBJECT

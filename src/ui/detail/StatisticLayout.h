@@ -6,7 +6,7 @@
 
 namespace ostrel {
 
-/// How the figures of the statistic cards share their row.
+/// The layout of the statistic cards' figures in their row.
 class StatisticLayout : public QObject
 {
     Q_OBJECT
@@ -14,11 +14,11 @@ class StatisticLayout : public QObject
     QML_SINGLETON
 
 public:
-    /// The size of the values in a row that has room for all.
+    /// The size of the values if the row has room for all.
     static constexpr int largestValue = 32;
     static constexpr int smallestValue = 16;
 
-    /// The one size for the values of all @p statistics, in pixels: the largest with which each
+    /// The common size for the values of all @p statistics, in pixels: the largest at which each
     /// fits in @p room together with its unit, @p unitGap away from it; never below the smallest.
     Q_INVOKABLE [[nodiscard]] static int valueSize(const QVariantList &statistics, qreal room,
                                                    qreal unitGap);

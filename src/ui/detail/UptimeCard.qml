@@ -3,7 +3,7 @@ import QtQuick
 import Ostrel
 import Ostrel.Theme
 
-// The history of a monitor as a strip, with its share of good checks and its age.
+// The history of a monitor as a strip, with its share of successful checks and its age.
 CardStyle {
     id: root
 
@@ -11,7 +11,7 @@ CardStyle {
     readonly property real stripGap: 12
     readonly property real stripFootGap: 6
 
-    // An uptimeTimeline: compiled ahead of time, its enumeration could not be read.
+    // An uptimeTimeline, declared as var: compiled ahead of time, its enumeration couldn't be read.
     required property var timeline
 
     implicitHeight: 106

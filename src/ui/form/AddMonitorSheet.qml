@@ -4,8 +4,8 @@ import QtQuick.Templates as T
 import Ostrel
 import Ostrel.Theme
 
-// The form for a new monitor, or for one that is edited, over the dimmed window. Begin `form`, then
-// open the sheet.
+// The form for a new or an edited monitor, over the dimmed window. Call beginCreate() or
+// beginEdit() of `form`, then open the sheet.
 T.Popup {
     id: root
 
@@ -29,7 +29,7 @@ T.Popup {
     focus: true
     closePolicy: T.Popup.CloseOnEscape
     onAboutToShow: (contentItem as MonitorFormPanel).focusFirst()
-    // Only now everything is laid out.
+    // The layout is complete only now.
     onOpened: (contentItem as MonitorFormPanel).showTop()
 
     T.Overlay.modal: Rectangle {
@@ -60,7 +60,7 @@ T.Popup {
         edge: Qt.alpha(Theme.accent, 0.10)
     }
 
-    // The template leaves it without a name.
+    // The template doesn't name it.
     Binding {
         target: root.contentItem.parent
         property: "Accessible.name"

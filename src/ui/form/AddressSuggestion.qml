@@ -2,7 +2,7 @@ import QtQuick
 
 import Ostrel.Theme
 
-// Offers the web address that is on the clipboard.
+// Suggests the web address on the clipboard.
 BaseButton {
     id: root
 

@@ -3,7 +3,7 @@ import QtQuick
 import Ostrel
 import Ostrel.Theme
 
-// What is to be watched: a web address, with what the clipboard offers above it, or a host and a
+// The address to watch: a web address, with the clipboard's suggestion above it, or a host and a
 // port.
 Column {
     id: root
@@ -44,7 +44,7 @@ Column {
         trailingName: qsTr("Valid")
         onTextEdited: {
             root.form.url = text;
-            // A host and a port have been typed: the next key belongs to the port.
+            // A host and a port have been typed: the next key is for the port.
             if (!root.form.isWebsite) {
                 port.forceActiveFocus(Qt.OtherFocusReason);
                 port.cursorPosition = port.length;

@@ -3,7 +3,7 @@ import QtQuick
 import Ostrel
 import Ostrel.Theme
 
-// What few monitors need, behind a disclosure.
+// Options that few monitors need, behind a disclosure button.
 Column {
     id: root
 
@@ -88,7 +88,7 @@ Column {
                 Field {
                     id: timeout
 
-                    // While it is typed into, its text may be no number, or not yet the one meant.
+                    // While the user types, the text may be no number, or not yet the intended one.
                     function showValue(): void {
                         if (!activeFocus)
                             text = root.form.timeoutText;

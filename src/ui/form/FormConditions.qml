@@ -5,7 +5,7 @@ import QtQuick
 import Ostrel
 import Ostrel.Theme
 
-// How often a monitor is checked, and what its user wants of an answer.
+// How often a monitor is checked, and what is expected of a response.
 Column {
     id: root
 

@@ -2,7 +2,7 @@ import QtQuick
 
 import Ostrel.Theme
 
-// A label over the controls it names.
+// A label above the controls that it names.
 Column {
     id: root
 

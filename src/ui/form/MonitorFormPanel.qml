@@ -5,8 +5,8 @@ import QtQuick
 import Ostrel
 import Ostrel.Theme
 
-// What stands in the form's sheet. Where the window has too little room, the middle scrolls between
-// the title and the buttons.
+// The content of the form's sheet. If the window is too small, the middle scrolls between the title
+// and the buttons.
 FocusScope {
     id: root
 
@@ -65,7 +65,7 @@ FocusScope {
         readonly property bool isScrolling: contentHeight > height
         readonly property Item focused: Window.activeFocusItem
 
-        // Where the keyboard is can be seen.
+        // Scrolls so that the focused item is visible.
         function reveal(): void {
             if (!isScrolling || !focused)
                 return;

@@ -6,7 +6,7 @@
 
 namespace ostrel {
 
-/// MonitorForm, which knows nothing of QML, as a type of QML's.
+/// MonitorForm, which doesn't depend on QML, as a QML type.
 struct MonitorFormType
 {
     Q_GADGET

@@ -8,8 +8,8 @@
 
 namespace ostrel {
 
-/// Fills the form each time that its sheet is shown, with the clipboard's text at that moment.
-/// Main thread.
+/// Fills the form each time its sheet is shown, with the clipboard's text at that moment. Main
+/// thread.
 class SheetOpener : public QObject
 {
     Q_OBJECT
@@ -18,14 +18,14 @@ class SheetOpener : public QObject
     Q_PROPERTY(ostrel::MonitorForm *form READ form CONSTANT)
 
 public:
-    /// Both outlive it.
+    /// Both must outlive this object.
     SheetOpener(const MonitorStore &store, MonitorForm &form, QObject *parent = nullptr);
 
     [[nodiscard]] MonitorForm *form() const { return &m_form; }
 
-    /// Begins a new monitor.
+    /// Starts a new monitor.
     Q_INVOKABLE void beginCreate();
-    /// Begins to edit the monitor with this id. False, and without any effect, where there is none.
+    /// Starts editing the monitor with this id. False, without any effect, if there is none.
     Q_INVOKABLE bool beginEdit(const QUuid &monitorId);
 
 private:

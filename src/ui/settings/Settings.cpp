@@ -37,7 +37,7 @@ void Settings::setLaunchAtLogin(bool isOn)
     if (isOn == launchAtLogin())
         return;
     store(launchAtLoginKey(), isOn);
-    // An item that was switched off in the desktop's own settings would stay so.
+    // Otherwise, an item that was disabled in the desktop's own settings would stay disabled.
     m_loginItem.unregisterItem();
     if (isOn)
         m_loginItem.registerItem();

@@ -19,15 +19,15 @@ class Settings : public QObject
     Q_PROPERTY(bool playSounds READ playSounds WRITE setPlaySounds NOTIFY playSoundsChanged)
 
 public:
-    /// @p loginItem outlives it, and is left alone until the user changes launchAtLogin.
+    /// @p loginItem must outlive this object, and isn't used until the user changes launchAtLogin.
     explicit Settings(LoginItem &loginItem, QObject *parent = nullptr);
 
     /// False until the user has chosen.
     [[nodiscard]] bool launchAtLogin() const;
-    /// Tells the desktop, too. Where that refuses, the user's choice stands all the same.
+    /// Notifies the desktop, too. If it refuses, the user's choice is kept all the same.
     void setLaunchAtLogin(bool isOn);
 
-    /// True until the user has chosen. Notifications don't ask: their sound is the desktop's.
+    /// True until the user has chosen. Notifications ignore it: their sound is the desktop's.
     [[nodiscard]] bool playSounds() const;
     void setPlaySounds(bool isOn);
 

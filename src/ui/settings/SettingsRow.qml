@@ -2,7 +2,7 @@ import QtQuick
 
 import Ostrel.Theme
 
-// One row of a settings card: what it holds stands between the card's insets.
+// One row of a settings card: its contents are between the card's insets.
 Item {
     id: root
 

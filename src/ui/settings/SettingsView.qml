@@ -3,7 +3,7 @@ import QtQuick
 import Ostrel
 import Ostrel.Theme
 
-// The user's preferences, and where the data is.
+// The user's preferences, and the location of the data.
 Rectangle {
     id: root
 
@@ -114,7 +114,8 @@ Rectangle {
                         selectByMouse: true
                         autoScroll: activeFocus
                         activeFocusOnTab: true
-                        // Ready to be copied, and the keyboard is seen to be here.
+                        // The text is ready to be copied, and the selection shows the keyboard
+                        // focus.
                         onActiveFocusChanged: {
                             if (activeFocus)
                                 selectAll();

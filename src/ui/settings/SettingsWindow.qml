@@ -3,7 +3,7 @@ import QtQuick
 import Ostrel
 import Ostrel.Theme
 
-// The window of the settings; no larger and no smaller than they are.
+// The window of the settings, with a fixed size.
 Window {
     id: root
 
@@ -13,8 +13,8 @@ Window {
 
     // Shows the window, or brings it to the front.
     function present(): void {
-        // It was made as the main window's own, which would take it along when that is closed or
-        // minimised.
+        // It was created as a child of the main window, which would close or minimise it together
+        // with itself.
         transientParent = null;
         show();
         raise();

@@ -2,7 +2,7 @@ import QtQuick
 
 import Ostrel.Theme
 
-// The sidebar's way to a new monitor.
+// The sidebar's button for a new monitor.
 BaseButton {
     id: root
 

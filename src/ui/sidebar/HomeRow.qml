@@ -2,7 +2,7 @@ import QtQuick
 
 import Ostrel.Theme
 
-// The row above the monitors that stands for the dashboard.
+// The row above the monitors that represents the dashboard.
 SidebarRow {
     id: root
 

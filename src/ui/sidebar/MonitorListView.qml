@@ -5,8 +5,7 @@ import QtQuick
 import Ostrel
 import Ostrel.Theme
 
-// The home row and a row per monitor, as one list: one stop of the Tab key, in which the arrows
-// walk.
+// The home row and a row per monitor, as one list: a single tab stop, in which the arrow keys move.
 KeyboardItem {
     id: root
 
@@ -108,10 +107,10 @@ KeyboardItem {
         anchors.bottom: parent.bottom
         width: parent.width
         clip: true
-        // A row is made in less than a frame's time: none is kept ready.
+        // A row is created in less than a frame's time, so none is cached.
         cacheBuffer: 0
         spacing: root.rowSpacing
-        // A list that fits leaves the space under it to the area behind it.
+        // If the list fits, the space under it is left to the area behind it.
         interactive: contentHeight > height
         boundsBehavior: Flickable.StopAtBounds
         keyNavigationEnabled: false

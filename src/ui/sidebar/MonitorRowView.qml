@@ -43,7 +43,7 @@ SidebarRow {
         urlString: root.url
         size: Theme.rowIconSize
 
-        // The dot's ring is as wide as its margin at most.
+        // The dot's ring is at most as wide as its margin.
         Disc {
             objectName: "dot"
             anchors.right: parent.right
@@ -110,7 +110,7 @@ SidebarRow {
                 objectName: "ring"
                 anchors.verticalCenter: parent.verticalCenter
                 visible: root.isPending
-                // The row itself says it.
+                // The row itself has this text.
                 Accessible.ignored: true
             }
         }

@@ -3,7 +3,7 @@ import QtQuick
 import Ostrel
 import Ostrel.Theme
 
-// The line between the columns, to be dragged or moved with the arrows.
+// The line between the columns, which can be dragged or moved with the arrow keys.
 KeyboardItem {
     id: root
 
@@ -13,7 +13,7 @@ KeyboardItem {
     required property SidebarWidth sidebarWidth
 
     implicitWidth: root.columnGrip
-    // In a narrow window there is nothing to move.
+    // In a narrow window it can't be moved.
     enabled: !sidebarWidth.givesWay
     Accessible.role: Accessible.Splitter
     Accessible.name: qsTr("Sidebar width")

@@ -33,10 +33,10 @@ void SidebarNotice::update()
 
 std::optional<SidebarNotice::Message> SidebarNotice::currentMessage() const
 {
-    // First what may lose something.
+    // Possible data loss has priority.
     if (!m_store.canSave()) {
         QString folder = folderText(m_store.storageDir(), QDir::homePath());
-        folder.chop(1); // The slash, before a full stop.
+        folder.chop(1); // Removes the slash, since a full stop follows.
         return Message{.text = tr("Can't save to %1.").arg(oneLine(folder)),
                        .symbol = u"exclamationmark.triangle.fill"_s,
                        .tone = Tone::Warning};

@@ -13,20 +13,20 @@ namespace ostrel {
 class MonitorStore;
 class NetworkPresence;
 
-/// What the sidebar says of Ostrel itself: what keeps it from its work at the moment. Main thread.
+/// The sidebar's notice about Ostrel itself: what currently keeps it from working. Main thread.
 class SidebarNotice : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made by the application")
     Q_PROPERTY(bool isNeeded READ isNeeded NOTIFY changed FINAL)
-    // What is said, or what was said last, for the time in which it disappears.
+    // The current message, or the last one while the notice disappears.
     Q_PROPERTY(QString text READ text NOTIFY changed FINAL)
     Q_PROPERTY(QString symbol READ symbol NOTIFY changed FINAL)
     Q_PROPERTY(ostrel::Tones::Tone tone READ tone NOTIFY changed FINAL)
 
 public:
-    /// @p store and @p presence outlive this object.
+    /// @p store and @p presence must outlive this object.
     SidebarNotice(const MonitorStore &store, const NetworkPresence &presence,
                   QObject *parent = nullptr);
 

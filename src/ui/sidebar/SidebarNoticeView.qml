@@ -3,7 +3,7 @@ import QtQuick
 import Ostrel
 import Ostrel.Theme
 
-// Shows the sidebar's notice while there is one; takes no room without.
+// Shows the sidebar's notice while there is one; otherwise takes no space.
 Item {
     id: root
 

@@ -2,8 +2,7 @@ import QtQuick
 
 import Ostrel.Theme
 
-// What the sidebar's rows share: the box that shows where the pointer, the selection and the
-// keyboard are.
+// What the sidebar's rows share: the box that shows hover, selection and keyboard focus.
 Item {
     id: root
 
@@ -15,10 +14,10 @@ Item {
     readonly property real selectionBarOffset: 3
 
     property bool isSelected: false
-    // Whether the list has the keyboard and this is where its keys go.
+    // Whether the list has the focus and its keys go to this row.
     property bool isFocused: false
     property bool showsFocus: false
-    // Whether the row's menu is open: where it belongs to is to be seen.
+    // Whether the row's menu is open: the row must show that the menu belongs to it.
     property bool hasMenu: false
     property string spokenName: ""
     default property alias contents: box.data
@@ -26,13 +25,13 @@ Item {
     property bool showsPress: area.pressed
     property bool isWindowActive: true
     readonly property color nameColor: isSelected && isWindowActive ? Theme.accent : Theme.textPrimary
-    // The opaque colour under what the row holds.
+    // The opaque colour under the row's contents.
     readonly property color ground: isSelected ? Theme.surface : Theme.over(wash, Theme.background)
     readonly property color wash: showsPress ? root.rowPressed : showsHover || hasMenu ? root.rowHover : Theme.none
 
     signal chosen
     signal deselected
-    // At a place in the row.
+    // At a position in the row.
     signal menuRequested(x: real, y: real)
 
     Accessible.role: Accessible.ListItem
@@ -42,7 +41,7 @@ Item {
     Accessible.focusable: true
     Accessible.focused: isFocused
     Accessible.onPressAction: chosen()
-    // Only an assistive tool gives the keyboard to a row; its list knows what to do with it.
+    // Only an assistive tool moves the focus to a row; the list handles it.
     onActiveFocusChanged: {
         if (activeFocus)
             chosen();

@@ -3,7 +3,7 @@ import QtQuick
 import Ostrel
 import Ostrel.Theme
 
-// The left column: the monitors, and under them the ways to a new one and to the settings.
+// The left column: the monitors, and under them the buttons for a new one and for the settings.
 Item {
     id: root
 

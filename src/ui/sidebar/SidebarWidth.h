@@ -6,21 +6,21 @@
 
 namespace ostrel {
 
-/// How wide the sidebar is: as the user dragged it, which is kept, except that it gives way to its
-/// least width in a narrow window. Lengths in device-independent pixels.
+/// The width of the sidebar: the width that the user dragged it to, which is stored, but in a
+/// narrow window the minimum. Lengths in device-independent pixels.
 class SidebarWidth : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(qreal minimum MEMBER m_minimum NOTIFY changed REQUIRED FINAL)
     Q_PROPERTY(qreal maximum MEMBER m_maximum NOTIFY changed REQUIRED FINAL)
-    /// Until the user has dragged it.
+    /// The width until the user has dragged it.
     Q_PROPERTY(qreal ideal MEMBER m_ideal NOTIFY changed REQUIRED FINAL)
     Q_PROPERTY(qreal windowWidth MEMBER m_windowWidth NOTIFY changed REQUIRED FINAL)
-    /// Below this width of the window the sidebar gives way.
+    /// Below this width of the window, the sidebar has its minimum width.
     Q_PROPERTY(qreal givesWayBelow MEMBER m_givesWayBelow NOTIFY changed REQUIRED FINAL)
     Q_PROPERTY(qreal width READ width NOTIFY changed FINAL)
-    /// Whether the window is so narrow that the user's width doesn't count.
+    /// Whether the window is so narrow that the user's width is ignored.
     Q_PROPERTY(bool givesWay READ givesWay NOTIFY changed FINAL)
 
 public:
@@ -28,7 +28,7 @@ public:
 
     [[nodiscard]] qreal width() const;
     [[nodiscard]] bool givesWay() const { return m_windowWidth < m_givesWayBelow; }
-    /// Takes @p width, or the nearest that is allowed, and keeps it.
+    /// Sets @p width, or the nearest allowed width, and stores it.
     Q_INVOKABLE void drag(qreal width);
 
 Q_SIGNALS:

@@ -5,8 +5,8 @@ import QtQuick
 import Ostrel
 import Ostrel.Theme
 
-// The window's two columns, and the sheet that opens over them. Where the keyboard was when the sheet
-// opened, it is again when the sheet has closed.
+// The window's two columns, and the sheet that opens over them. When the sheet closes, the focus
+// returns to where it was when it opened.
 FocusScope {
     id: root
 

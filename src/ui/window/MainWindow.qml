@@ -9,9 +9,9 @@ Window {
     id: root
 
     required property WindowModels models
-    // Whether nothing is to move but what the hand moves.
+    // If true, nothing moves unless the user moves it.
     property bool reducedMotion: false
-    // Null until it is first asked for.
+    // Null until it is first requested.
     property SettingsWindow settingsWindow: null
 
     function showSettings(): void {

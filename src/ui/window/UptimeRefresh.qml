@@ -3,7 +3,7 @@ import QtQuick
 import Ostrel
 import Ostrel.Theme
 
-// Refreshes the uptimes while the window can be seen: their time windows move without any check.
+// Refreshes the uptimes while the window is visible: their time windows move even without a check.
 Item {
     id: root
 

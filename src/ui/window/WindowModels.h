@@ -22,8 +22,7 @@ class MonitoringEngine;
 class NetworkPresence;
 class Workspace;
 
-/// What the main window shows, and what it commands. Lives on the main thread, and longer than the
-/// window.
+/// The main window's models and commands. Lives on the main thread, and must outlive the window.
 class WindowModels : public QObject
 {
     Q_OBJECT
@@ -39,7 +38,7 @@ class WindowModels : public QObject
     Q_PROPERTY(ostrel::SidebarNotice *notice READ notice CONSTANT)
 
 public:
-    /// All arguments outlive this.
+    /// All arguments must outlive this object.
     WindowModels(MonitorStore &store, MonitoringEngine &engine, const NetworkPresence &presence,
                  LoginItem &loginItem, Workspace &workspace, const WallClock &now = systemNow);
 
