@@ -7,14 +7,11 @@ import Ostrel.Theme
 Disc {
     id: root
 
-    readonly property int haloMotion: 1500
-    readonly property var easeInOut: [0.42, 0.0, 0.58, 1.0, 1.0, 1.0]
-
     required property real restDiameter
     required property bool pulse
     readonly property bool isPulsing: pulse && visible && exposure.isExposed && !Theme.reducedMotion
     // From 0, small and strong, to 1, large and invisible.
-    property real swell: 0
+    property real swell: isPulsing ? HaloClock.swell : 0
     readonly property real smallest: 0.85
     readonly property real largest: 1.4
 
@@ -24,38 +21,19 @@ Disc {
     color: Theme.faded(Theme.statusDown, 0.20)
     opacity: 0.7 * (1 - swell)
     onIsPulsingChanged: {
-        if (!isPulsing)
-            swell = 0;
+        if (isPulsing)
+            HaloClock.follow();
+        else
+            HaloClock.leave();
+    }
+    Component.onDestruction: {
+        if (isPulsing)
+            HaloClock.leave();
     }
 
     WindowExposure {
         id: exposure
 
         window: root.visible ? root.Window.window : null
-    }
-
-    SequentialAnimation {
-        running: root.isPulsing
-        loops: Animation.Infinite
-
-        NumberAnimation {
-            target: root
-            property: "swell"
-            from: 0
-            to: 1
-            duration: root.haloMotion
-            easing.type: Easing.BezierSpline
-            easing.bezierCurve: root.easeInOut
-        }
-
-        NumberAnimation {
-            target: root
-            property: "swell"
-            from: 1
-            to: 0
-            duration: root.haloMotion
-            easing.type: Easing.BezierSpline
-            easing.bezierCurve: root.easeInOut
-        }
     }
 }
