@@ -2,7 +2,11 @@
 #include "ThemeView.h"
 #include "WaitFor.h"
 
+#include <QElapsedTimer>
+
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -114,6 +118,28 @@ TEST(StatusDotTest, PendingLooksLikePaused)
     EXPECT_TRUE(
         looksLike(view.colorAt({middle, middle}),
                   laidOver(view.themeColor("background"), view.themeColor("statusMuted"), 1)));
+}
+
+TEST(StatusDotTest, HalosPulseTogetherAndTwentyTimesASecond)
+{
+    ThemeView view("Item { width: 240; height: 110\n"
+                   "StatusDot { size: 40; status: MonitorStatus.Down }\n"
+                   "StatusDot { objectName: 'subject'; x: 120; size: 40\n"
+                   "status: MonitorStatus.Down } }");
+    ASSERT_EQ(view.error(), QString());
+    ASSERT_TRUE(waitFor([&] { return isPulsing(view); }));
+    QQuickItem &halo = haloOf(view);
+    int steps = 0;
+    QObject::connect(&halo, &QQuickItem::opacityChanged, [&] { ++steps; });
+    QElapsedTimer elapsed;
+    elapsed.start();
+    ASSERT_TRUE(waitFor([&] { return steps == 10; }));
+    EXPECT_GE(elapsed.elapsed(), 9 * 50 * 0.9) << "no frame that nobody would miss";
+
+    QList<double> swells;
+    for (QObject *found : view.window().findChildren<QObject *>(u"halo"_s))
+        swells += found->property("swell").toDouble();
+    EXPECT_EQ(std::ranges::count(swells, swells.value(0)), swells.size());
 }
 
 TEST(StatusDotTest, TheHaloIsStillWhileItsWindowIsHidden)
