@@ -20,7 +20,7 @@ public:
     /// Every point of every path that was painted, times how many pixels its path, outline
     /// included, reaches from the origin; six times that where the outline is drawn. A logo of 1000
     /// points at 128 pixels comes to 128 000, without outlines.
-    /// Not finite where a coordinate isn't.
+    /// Not finite where a line is dashed, or a coordinate isn't finite.
     [[nodiscard]] double work() const;
 
     [[nodiscard]] QPaintEngine *paintEngine() const override;

@@ -1,3 +1,4 @@
+#include "FileDescriptor.h"
 #include "IconFakes.h"
 #include "PictureDecoder.h"
 
@@ -5,6 +6,11 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <array>
+#include <ctime>
+#include <sys/inotify.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -53,6 +59,81 @@ TEST(SvgTest, GradientsClassesAndForeignElementsAreFine)
         "<rect width='32' height='32' fill='url(#b)'/>")))));
 }
 
+TEST(SvgTest, WhatIsNotDrawnIsLeftOutWithAllThatIsInIt)
+{
+    const QByteArray blueSquare = R"(<rect width="32" height="32" fill="#0000ff"/>)";
+    for (const QByteArray element :
+         {"clipPath", "use", "symbol", "mask", "text", "filter", "pattern", "marker", "switch",
+          "script", "foreignObject", "animate", "set", "image", "video", "font", "a", "svg",
+          "made-up"}) {
+        const QByteArray leftOut =
+            "<" + element + " id='a' xlink:href='#b'>A" + blueSquare + "</" + element + ">";
+        EXPECT_EQ(centerOf(decodePicture(svg(redSquare + leftOut))), QColor(Qt::red))
+            << element.constData();
+        EXPECT_EQ(centerOf(decodePicture(svg("<g>" + leftOut + redSquare + "</g>"))),
+                  QColor(Qt::red))
+            << element.constData();
+    }
+}
+
+TEST(SvgTest, WhatRefersToSomethingLeftOutIsDrawnWithoutIt)
+{
+    EXPECT_EQ(centerOf(decodePicture(svg(
+                  "<defs><clipPath id='c'><rect width='1' height='1'/></clipPath>"
+                  "<mask id='m'/><filter id='f'><feGaussianBlur stdDeviation='9'/></filter></defs>"
+                  "<g clip-path='url(#c)' mask='url(#m)' filter='url(#f)'>" +
+                  redSquare + "</g>"))),
+              QColor(Qt::red));
+}
+
+TEST(SvgTest, ADrawingOfWhichNothingWouldBeLeftIsNone)
+{
+    EXPECT_TRUE(decodePicture(svg("<text font-size='90'>A</text>")).isNull());
+    EXPECT_TRUE(
+        decodePicture(svg("<defs><g id='a'>" + redSquare + "</g></defs><use xlink:href='#a'/>"))
+            .isNull());
+    EXPECT_TRUE(decodePicture(svg("<image width='32' height='32'/><g/>")).isNull());
+}
+
+TEST(SvgTest, AScriptMayAssignAsOftenAsItLikes)
+{
+    const QByteArray script = "<script>" + QByteArray("a = b; ").repeated(200) + "</script>";
+    EXPECT_EQ(centerOf(decodePicture(svg(script + redSquare))), QColor(Qt::red));
+}
+
+TEST(SvgTest, NamesMayHoldTheWordDash)
+{
+    for (const QByteArray named :
+         {"id='dash'", "class='dashed'", "id='stroke-dasharray'", "data-dash='1'",
+          "aria-label='Dashboard 2'", "stroke='#f00' stroke-dashoffset='3'",
+          "style='stroke:#f00;stroke-dashoffset:3'"}) {
+        const QByteArray square = "<rect width='32' height='32' fill='#ff0000' " + named + "/>";
+        EXPECT_EQ(centerOf(decodePicture(svg(square))), QColor(Qt::red)) << named.constData();
+    }
+    EXPECT_EQ(centerOf(decodePicture(svg("<style>.dash-1, #dash{fill:#ff0000}</style>"
+                                         "<rect class='dash-1' width='32' height='32'/>"))),
+              QColor(Qt::red));
+}
+
+TEST(SvgTest, ADashListWithoutALengthIsAPlainLine)
+{
+    const auto line = [](const QByteArray &attribute) {
+        return decodePicture(
+            svg("<path d='M2 16L30 16' stroke='#f00' stroke-width='4' " + attribute + "/>"));
+    };
+    const QImage plain = line("");
+    ASSERT_TRUE(isReddish(centerOf(plain)));
+    for (const char *attribute :
+         {"stroke-dasharray='none'", "stroke-dasharray=' NONE '", "stroke-dasharray=''",
+          "stroke-dasharray='inherit'", "stroke-dasharray='0'", "stroke-dasharray='0, 0.00'",
+          "style='stroke-dasharray:none'", "style='stroke-dasharray : none ; stroke:#f00'",
+          "style='stroke-dasharray:0;stroke:#f00'", "style='stroke-dasharray:none !important'"})
+        EXPECT_EQ(line(attribute), plain) << attribute;
+    EXPECT_TRUE(
+        isReddish(centerOf(decodePicture(svg("<style>.a{stroke-dasharray:none;fill:#f00}</style>"
+                                             "<rect class='a' width='32' height='32'/>")))));
+}
+
 TEST(SvgTest, ATrackingPixelStaysOne)
 {
     EXPECT_EQ(
@@ -80,6 +161,39 @@ protected:
     QString sheetPath = folder.filePath(u"secret.css"_s);
 };
 
+/// Notices whether a file of a folder is opened.
+class OpenedFiles
+{
+public:
+    explicit OpenedFiles(const QString &folder)
+        : m_events(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
+    {
+        EXPECT_GE(::inotify_add_watch(m_events.number(), QFile::encodeName(folder).constData(),
+                                      IN_OPEN | IN_ACCESS),
+                  0);
+    }
+
+    /// Whether one was since the last call.
+    [[nodiscard]] bool any() const
+    {
+        std::array<char, 4096> events{};
+        return ::read(m_events.number(), events.data(), events.size()) > 0;
+    }
+
+private:
+    FileDescriptor m_events;
+};
+
+/// The processor's time since it was made.
+class TimeTaken
+{
+public:
+    [[nodiscard]] double seconds() const { return double(std::clock() - m_begin) / CLOCKS_PER_SEC; }
+
+private:
+    std::clock_t m_begin = std::clock();
+};
+
 QByteArray nested(int levels)
 {
     return svg(QByteArray("<g>").repeated(levels) + redSquare +
@@ -94,7 +208,8 @@ TEST_F(HostileSvgTest, PicturesAreNotLoaded)
                                    u"https://example.org/a.png"_s, u"data:image/png;base64,AA"_s}) {
         const QByteArray image =
             "<image width='32' height='32' xlink:href='" + address.toUtf8() + "'/>";
-        EXPECT_TRUE(decodePicture(svg(redSquare + image)).isNull()) << qPrintable(address);
+        EXPECT_EQ(centerOf(decodePicture(svg(redSquare + image))), QColor(Qt::red))
+            << qPrintable(address);
     }
     EXPECT_TRUE(decodePicture(svg("<x:image xmlns:x='urn:x' width='32' height='32' xlink:href='" +
                                   picturePath.toUtf8() + "'/>" + redSquare))
@@ -126,17 +241,75 @@ TEST_F(HostileSvgTest, EntitiesAreRefused)
     EXPECT_TRUE(decodePicture(bomb + "]>" + svg("<title>&a39;</title>" + redSquare)).isNull());
 }
 
-TEST_F(HostileSvgTest, WhatCanMultiplyOrMoveIsRefused)
+TEST_F(HostileSvgTest, NothingThatADrawingNamesIsOpened)
+{
+    const OpenedFiles opened(folder.path());
+    const QByteArray file = "file://" + picturePath.toUtf8();
+    const QByteArray sheet = "file://" + sheetPath.toUtf8();
+    const QByteArray link = " xlink:href='" + file + "' href='" + file + "' src='" + file + "'";
+    const QByteArray url = "url(" + file + ")";
+    for (const QByteArray &content : {
+             "<image width='32' height='32'" + link + "/>",
+             "<use" + link + "/>",
+             "<linearGradient id='g'" + link + "/><rect fill='url(#g)' width='9' height='9'/>",
+             "<rect width='9' height='9' fill='" + url + "' style='fill:" + url + "'/>",
+             "<g clip-path='" + url + "' mask='" + url + "' filter='" + url + "'><path/></g>",
+             "<filter id='f'><feImage" + link + "/></filter>",
+             "<script" + link + "/><video" + link + "/><a" + link + "/><font-face-uri" + link +
+                 "/>",
+             "<style>@font-face{font-family:a;src:" + url + "} rect{fill:" + url + "}</style>",
+             "<style>@import '" + sheet + "';</style>",
+             "<style" + link + "/>",
+         }) {
+        static_cast<void>(decodePicture(svg(content + redSquare)));
+        static_cast<void>(decodePicture("<?xml-stylesheet href='" + sheet +
+                                        "'?><!DOCTYPE svg SYSTEM '" + sheet + "'>" +
+                                        svg(content + redSquare)));
+        EXPECT_FALSE(opened.any()) << content.constData();
+    }
+    QFile itself(picturePath);
+    ASSERT_TRUE(itself.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(opened.any());
+}
+
+TEST_F(HostileSvgTest, DashesOfAnyLengthAreRefused)
 {
     for (const char *element :
-         {"<use xlink:href='#a'/>", "<text>A</text>", "<script>1</script>", "<foreignObject/>",
-          "<animate attributeName='x' dur='1s'/>", "<set attributeName='x'/>", "<filter id='f'/>",
-          "<pattern id='p'/>", "<mask id='m'/>", "<svg/>", "<video/>", "<font/>", "<a/>",
-          "<rect width='9' height='9' stroke='red' stroke-dasharray='0.0001'/>",
+         {"<rect width='9' height='9' stroke='red' stroke-dasharray='0.0001'/>",
+          "<rect width='9' height='9' stroke='red' stroke-dasharray='0 1'/>",
+          "<rect width='9' height='9' stroke='red' stroke-dasharray='none 1'/>",
+          "<g stroke-dasharray='1e-9'/>",
           "<rect width='9' height='9' style='stroke:red;stroke-DASHarray:0.0001'/>",
+          "<rect width='9' height='9' style='stroke:red;stroke-dasharray : 0.0001;x:0'/>",
+          "<rect width='9' height='9' style='stroke:red;stroke-dasharray/**/:0.0001'/>",
+          "<rect width='9' height='9' style='stroke:red;stroke-dasharray:/*;*/0.0001'/>",
+          "<rect width='9' height='9' style='stroke:red;stroke-dasharray:none;"
+          "stroke-dasharray:0.0001'/>",
+          "<rect width='9' height='9' style='stroke:red;stroke-dasharray:/*'/>"
+          "<rect style='stroke-dasharray:*/1'/>",
+          "<rect style='stroke:red;x:/*/;stroke-dasharray:none;/*/stroke-dasharray:0.0001'/>",
           "<style>rect{stroke-d\\61 sharray:0.0001}</style>",
-          "<style>rect{stroke-dasharray:0.0001}</style>"})
+          "<style>rect{stroke-dasharray:0.0001}</style>",
+          "<style>rect{stroke-dash<!-- -->array:0.0001}</style>",
+          "<style>rect{stroke-dasharray:<![CDATA[0.0001]]>}</style>",
+          "<style>rect{stroke-dash<g/>array:0.0001}</style>",
+          "<style>rect{stroke-dasharray:/*}*/0.0001}</style>"})
         EXPECT_TRUE(decodePicture(svg(QByteArray(redSquare) + element)).isNull()) << element;
+}
+
+TEST_F(HostileSvgTest, UsesThatMultiplyCostNothing)
+{
+    QByteArray bomb = "<g id='a0'><path d='M0 0L9 9' stroke='#000'/></g>";
+    for (int i = 1; i < 60; ++i) {
+        const QByteArray last = "<use xlink:href='#a" + QByteArray::number(i - 1) + "'/>";
+        bomb += "<g id='a" + QByteArray::number(i) + "'>" + last + last + "</g>";
+    }
+    const TimeTaken time;
+    EXPECT_EQ(
+        decodePicture(svg("<defs>" + bomb + "</defs>" + redSquare + "<use xlink:href='#a59'/>"))
+            .pixelColor(64, 64),
+        QColor(Qt::red));
+    EXPECT_LT(time.seconds(), 1);
 }
 
 TEST_F(HostileSvgTest, SizeDepthAndNumberAreBounded)
@@ -198,6 +371,56 @@ TEST_F(HostileSvgTest, AttributesAreBounded)
         << "also in what is left out";
     EXPECT_TRUE(decodePicture("<!DOCTYPE svg [<!ATTLIST g a CDATA 'x'>]>" + svg("<g/>")).isNull())
         << "each element would have them";
+}
+
+TEST_F(HostileSvgTest, ManyAttributesCostNothing)
+{
+    QByteArray many;
+    for (int i = 0; i < 22000; ++i)
+        many += " a" + QByteArray::number(i) + "=''";
+    const TimeTaken time;
+    for (const QByteArray &drawing : {
+             svg("<rect" + many + "/>"),
+             svg("<rect d='>'" + many + "/>"),
+             svg("<rect d=\"'>'\"" + many + "/>"),
+             svg("<unknown" + many + "/>"),
+             svg("<title><b" + many + "/></title>"),
+             svg("<!-- <a b='--><rect" + many + "/>"),
+             "<svg" + many + "/>",
+             "<!DOCTYPE svg SYSTEM '<!--'><svg" + many + "/><!-- -->",
+             "<!DOCTYPE svg SYSTEM \"<![CDATA[\"><svg" + many + "/><!-- ]]> -->",
+             "<?a <?><svg" + many + "/>",
+         })
+        EXPECT_TRUE(decodePicture(drawing).isNull()) << drawing.left(40).constData();
+    EXPECT_TRUE(decodePicture("<?xml version='1.0'" + many + "?>" + svg(redSquare)).isNull());
+    // One of them takes most of a second where each of its attributes is compared with all others.
+    EXPECT_LT(time.seconds(), 0.5);
+}
+
+TEST_F(HostileSvgTest, NamespacesAreBounded)
+{
+    const auto open = [](int levels, int each) {
+        QByteArray elements;
+        for (int i = 0; i < levels; ++i) {
+            elements += "<g";
+            for (int j = 0; j < each; ++j)
+                elements += " xmlns:a" + QByteArray::number(i * each + j) + "='u'";
+            elements += ">";
+        }
+        return elements;
+    };
+    const auto close = [](int levels) { return QByteArray("</g>").repeated(levels); };
+    EXPECT_FALSE(decodePicture(svg(open(31, 2) + close(31) + redSquare)).isNull());
+    EXPECT_TRUE(decodePicture(svg(open(16, 4) + close(16) + redSquare)).isNull());
+    EXPECT_FALSE(decodePicture(svg((open(1, 50) + close(1)).repeated(20) + redSquare)).isNull())
+        << "only those that are open at the same time";
+
+    const TimeTaken time;
+    EXPECT_TRUE(
+        decodePicture(svg("<title>" + open(100, 60) + QByteArray("<a0:b/>").repeated(16000) +
+                          close(100) + "</title>" + redSquare))
+            .isNull());
+    EXPECT_LT(time.seconds(), 0.1) << "each name is looked up among all that are open";
 }
 
 TEST_F(HostileSvgTest, SelectingIsBounded)
