@@ -1,5 +1,6 @@
 #include "PictureDecoder.h"
 
+#include "BmpFile.h"
 #include "IcoFile.h"
 #include "PaintingEstimate.h"
 #include "PngChunks.h"
@@ -12,11 +13,13 @@
 #include <QSvgRenderer>
 #include <QtEndian>
 
+#include <cstdlib>
+
 namespace ostrel {
 
 namespace {
 
-enum class PictureFormat { none, png, ico, jpeg, gif, webp, svg };
+enum class PictureFormat { none, png, ico, jpeg, gif, webp, bmp, svg };
 
 /// An SVG file says what it is after a prologue of any length, so everything that begins like XML
 /// counts; the parser has the last word.
@@ -40,6 +43,8 @@ PictureFormat formatOf(const QByteArray &bytes)
         return PictureFormat::gif;
     if (isWebp(bytes))
         return PictureFormat::webp;
+    if (isBmp(bytes))
+        return PictureFormat::bmp;
     return looksLikeXml(bytes) ? PictureFormat::svg : PictureFormat::none;
 }
 
@@ -67,7 +72,9 @@ QImage readPixels(QByteArray bytes, const QByteArray &format, int largestSide = 
     QBuffer buffer(&bytes);
     QImageReader reader(&buffer, format);
     reader.setAutoDetectImageFormat(false);
-    if (!isModestSize(reader.size(), largestSide))
+    // A bitmap that begins with its topmost row has a negative height.
+    const QSize size(reader.size().width(), std::abs(reader.size().height()));
+    if (!isModestSize(size, largestSide))
         return {};
     return pixelsOf(reader.read());
 }
@@ -116,6 +123,12 @@ QImage decodeWebp(const QByteArray &webp)
     constexpr int largestSide = 512;
     const int side = losslessSize(webp) > mostLossless ? largestSide : largestPictureSide;
     return readPixels(webp, QByteArrayLiteral("webp"), side);
+}
+
+QImage decodeBmp(const QByteArray &bmp)
+{
+    const auto size = bmpSize(bmp);
+    return size && isModestSize(*size) ? readPixels(bmp, QByteArrayLiteral("bmp")) : QImage();
 }
 
 /// A drawing that is 1 by 1 by its own account is a tracking pixel, and stays one.
@@ -170,6 +183,8 @@ QImage decodePicture(const QByteArray &bytes)
         return decodeGif(bytes);
     case PictureFormat::webp:
         return decodeWebp(bytes);
+    case PictureFormat::bmp:
+        return decodeBmp(bytes);
     case PictureFormat::svg:
         return decodeSvg(bytes);
     case PictureFormat::none:

@@ -11,7 +11,7 @@ inline constexpr int largestPictureSide = 2048;
 inline constexpr int drawnPictureSide = 128;
 
 /// The picture in @p bytes: PNG, ICO (the largest picture in it), JPEG, GIF (the first frame),
-/// WebP or SVG, told apart by their content. Null for everything else, for what is broken, and
+/// WebP, BMP or SVG, told apart by their content. Null for everything else, for what is broken, and
 /// where either side is over largestPictureSide, which is found out before any pixel is decoded.
 ///
 /// Meant for what strangers send: pictures made to take a lot of time or memory are refused, and

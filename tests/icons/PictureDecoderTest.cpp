@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <string>
 
 using namespace Qt::StringLiterals;
@@ -86,6 +87,23 @@ QByteArray pngClaiming(quint32 width, quint32 height)
     return png.first(8) + chunk("IHDR", header) + png.sliced(pngHeaderEnd);
 }
 
+QByteArray bmpOf(const QImage &image)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "bmp");
+    return bytes;
+}
+
+/// @p bmp with a header that tells of another size.
+QByteArray bmpClaiming(QByteArray bmp, qint32 width, qint32 height)
+{
+    qToLittleEndian(width, bmp.data() + 18);
+    qToLittleEndian(height, bmp.data() + 22);
+    return bmp;
+}
+
 class RasterFormatTest : public testing::TestWithParam<const char *>
 {
 };
@@ -116,7 +134,8 @@ TEST_P(RasterFormatTest, BrokenFilesAreSurvived)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Formats, RasterFormatTest, testing::Values("png", "jpeg", "webp", "ico"),
+INSTANTIATE_TEST_SUITE_P(Formats, RasterFormatTest,
+                         testing::Values("png", "jpeg", "webp", "ico", "bmp"),
                          [](const auto &format) { return std::string(format.param); });
 
 TEST(PictureDecoderTest, GifIsDecoded)
@@ -132,7 +151,7 @@ TEST(PictureDecoderTest, TransparencyIsKept)
 TEST(PictureDecoderTest, NoOtherFormatIsDecoded)
 {
     const QList<QByteArray> supported = QImageWriter::supportedImageFormats();
-    for (const char *format : {"bmp", "ppm", "xbm", "xpm", "pbm", "tiff", "tga", "icns"}) {
+    for (const char *format : {"ppm", "xbm", "xpm", "pbm", "tiff", "tga", "icns"}) {
         const QByteArray file = picture({16, 16}, format);
         EXPECT_EQ(file.isEmpty(), !supported.contains(QByteArray(format))) << format;
         EXPECT_TRUE(decodePicture(file).isNull()) << format;
@@ -147,7 +166,7 @@ TEST(PictureDecoderTest, NoOtherFormatIsDecoded)
 
 TEST(PictureDecoderTest, TheLargestSideIsTheLimit)
 {
-    for (const char *format : {"png", "jpeg", "webp"}) {
+    for (const char *format : {"png", "jpeg", "webp", "bmp"}) {
         EXPECT_EQ(decodePicture(picture({2048, 4}, format)).size(), QSize(2048, 4)) << format;
         EXPECT_TRUE(decodePicture(picture({2049, 4}, format)).isNull()) << format;
         EXPECT_TRUE(decodePicture(picture({4, 2049}, format)).isNull()) << format;
@@ -237,6 +256,89 @@ TEST(PictureDecoderTest, ALargeWebpOfManyLosslessBytesIsRefused)
     EXPECT_TRUE(decodePicture(webp(noise(513), lossless)).isNull());
     EXPECT_FALSE(decodePicture(webp(noise(513), lossy)).isNull());
     EXPECT_FALSE(decodePicture(picture({2048, 2048}, "webp")).isNull()) << "of a few bytes";
+}
+
+TEST(PictureDecoderTest, ABitmapMayHaveEveryDepth)
+{
+    for (const auto format : {QImage::Format_Mono, QImage::Format_Indexed8, QImage::Format_RGB32}) {
+        QImage image(40, 30, format);
+        if (format != QImage::Format_RGB32)
+            image.setColorTable({qRgb(255, 0, 0), qRgb(0, 0, 255)});
+        image.fill(format == QImage::Format_RGB32 ? qRgb(255, 0, 0) : 0);
+        EXPECT_TRUE(isReddish(centerOf(decodePicture(bmpOf(image))))) << format;
+    }
+}
+
+TEST(PictureDecoderTest, ABitmapMayBeginWithItsTopmostRow)
+{
+    QImage image(40, 30, QImage::Format_RGB32);
+    image.fill(Qt::blue);
+    for (int x = 0; x < image.width(); ++x)
+        image.setPixelColor(x, 0, Qt::red);
+    const QByteArray bmp = bmpOf(image);
+    EXPECT_EQ(decodePicture(bmp).pixelColor(20, 0), QColor(Qt::red));
+
+    const QImage flipped = decodePicture(bmpClaiming(bmp, 40, -30));
+    EXPECT_EQ(flipped.size(), QSize(40, 30));
+    EXPECT_EQ(flipped.pixelColor(20, 29), QColor(Qt::red));
+}
+
+TEST(PictureDecoderTest, ABitmapThatClaimsMorePixelsThanItHoldsIsRefused)
+{
+    const QByteArray bmp = picture({40, 30}, "bmp");
+    EXPECT_EQ(decodePicture(bmpClaiming(bmp, 40, 30)).size(), QSize(40, 30));
+    EXPECT_EQ(decodePicture(bmpClaiming(bmp, 40, 29)).size(), QSize(40, 29));
+    constexpr auto lowest = std::numeric_limits<qint32>::min();
+    constexpr auto highest = std::numeric_limits<qint32>::max();
+    for (const qint32 height : {31, -31, 2048, -2048, 60000, highest, lowest, 0})
+        EXPECT_TRUE(decodePicture(bmpClaiming(bmp, 40, height)).isNull()) << height;
+    for (const qint32 width : {42, 2048, 60000, highest, lowest, 0, -40})
+        EXPECT_TRUE(decodePicture(bmpClaiming(bmp, width, 30)).isNull()) << width;
+}
+
+TEST(PictureDecoderTest, ABitmapsHeaderIsNotBelievedWithoutProof)
+{
+    const QByteArray bmp = picture({40, 30}, "bmp");
+    constexpr qsizetype pixelsOffset = 10;
+    constexpr qsizetype headerSize = 14;
+    constexpr qsizetype depth = 28;
+    constexpr qsizetype compression = 30;
+    const auto with = [&](qsizetype offset, qsizetype value) {
+        QByteArray changed = bmp;
+        qToLittleEndian(static_cast<quint16>(value), changed.data() + offset);
+        return decodePicture(changed);
+    };
+    for (const qsizetype offset : {qsizetype(55), bmp.size(), qsizetype(0xffff)})
+        EXPECT_TRUE(with(pixelsOffset, offset).isNull()) << offset;
+    for (const int size : {0, 16, 39, 41, 52, 56, 1000})
+        EXPECT_TRUE(with(headerSize, size).isNull()) << size;
+    for (const int bits : {0, 2, 32, 64, 0xffff})
+        EXPECT_TRUE(with(depth, bits).isNull()) << bits;
+    for (const int kind : {1, 2, 4, 5, 99})
+        EXPECT_TRUE(with(compression, kind).isNull()) << kind;
+    for (const qsizetype end : {0, 2, 13, 14, 17, 18, 25, 33, 53})
+        EXPECT_TRUE(decodePicture(bmp.first(end)).isNull()) << end;
+}
+
+TEST(PictureDecoderTest, ARunLengthBitmapHoldsItsRuns)
+{
+    // One run for each row of 200 pixels, all of the palette's second colour.
+    const auto compressed = [](qint32 height, int rows) {
+        const QByteArray palette =
+            littleEndian<quint32>(0xff0000ff) + littleEndian<quint32>(0xffff0000);
+        const QByteArray pixels =
+            QByteArray("\xc8\x01\0\0", 4).repeated(rows) + QByteArray("\0\1", 2);
+        return "BM" + littleEndian<quint32>(0) + littleEndian<quint32>(0) +
+               littleEndian<quint32>(14 + 40 + 8) + littleEndian<quint32>(40) +
+               littleEndian<qint32>(200) + littleEndian(height) + littleEndian<quint16>(1) +
+               littleEndian<quint16>(8) + littleEndian<quint32>(1) + QByteArray(12, '\0') +
+               littleEndian<quint32>(2) + littleEndian<quint32>(0) + palette + pixels;
+    };
+    const QImage image = decodePicture(compressed(100, 100));
+    EXPECT_EQ(image.size(), QSize(200, 100));
+    EXPECT_TRUE(isReddish(centerOf(image)));
+    EXPECT_TRUE(decodePicture(compressed(2048, 100)).isNull());
+    EXPECT_TRUE(decodePicture(compressed(2049, 2049)).isNull());
 }
 
 TEST(PictureDecoderTest, TheLargestPictureOfAnIcoIsTaken)
