@@ -53,11 +53,20 @@ bool isModestSize(const QSize &size, int largestSide = largestPictureSide)
     return !size.isEmpty() && size.width() <= largestSide && size.height() <= largestSide;
 }
 
+/// Has a colour for whatever a pixel may name: the painter doesn't look whether there is one.
+void fillPalette(QImage &image)
+{
+    const bool isIndexed = image.format() <= QImage::Format_Indexed8;
+    if (isIndexed)
+        image.setColorCount(1 << image.depth());
+}
+
 /// The pixels of @p image without the texts, profile and resolution that came with them.
-QImage pixelsOf(const QImage &image)
+QImage pixelsOf(QImage image)
 {
     if (image.isNull())
         return {};
+    fillPalette(image);
     QImage pixels(image.size(), QImage::Format_ARGB32_Premultiplied);
     if (pixels.isNull())
         return {};

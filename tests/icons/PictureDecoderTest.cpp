@@ -12,6 +12,7 @@
 
 #include <limits>
 #include <string>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -318,6 +319,29 @@ TEST(PictureDecoderTest, ABitmapsHeaderIsNotBelievedWithoutProof)
         EXPECT_TRUE(with(compression, kind).isNull()) << kind;
     for (const qsizetype end : {0, 2, 13, 14, 17, 18, 25, 33, 53})
         EXPECT_TRUE(decodePicture(bmp.first(end)).isNull()) << end;
+}
+
+TEST(PictureDecoderTest, AColourThatAPaletteLacksIsNone)
+{
+    for (const auto &[format, colors] :
+         {std::pair(QImage::Format_Indexed8, 256), {QImage::Format_Mono, 2}}) {
+        QImage image(40, 30, format);
+        image.setColorTable(QList<QRgb>(colors, qRgb(0, 0, 255)));
+        image.setColor(0, qRgb(255, 0, 0));
+        image.fill(0);
+        image.setPixel(20, 15, static_cast<uint>(colors - 1));
+        const QByteArray bmp = bmpOf(image);
+        ASSERT_EQ(decodePicture(bmp).pixelColor(20, 15), QColor(Qt::blue));
+
+        constexpr qsizetype pixelsOffset = 10;
+        constexpr qsizetype colorCount = 46;
+        constexpr qsizetype palette = 14 + 40;
+        QByteArray oneColor = bmp.first(palette + 4) + bmp.sliced(palette + 4 * colors);
+        qToLittleEndian<quint32>(palette + 4, oneColor.data() + pixelsOffset);
+        qToLittleEndian<quint32>(1, oneColor.data() + colorCount);
+        EXPECT_EQ(decodePicture(oneColor).pixelColor(0, 0), QColor(Qt::red)) << format;
+        EXPECT_EQ(decodePicture(oneColor).pixelColor(20, 15).alpha(), 0) << format;
+    }
 }
 
 TEST(PictureDecoderTest, ARunLengthBitmapHoldsItsRuns)
