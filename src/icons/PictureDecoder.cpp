@@ -140,13 +140,14 @@ QImage decodeBmp(const QByteArray &bmp)
     return size && isModestSize(*size) ? readPixels(bmp, QByteArrayLiteral("bmp")) : QImage();
 }
 
-/// A drawing that is 1 by 1 by its own account is a tracking pixel, and stays one.
+/// A drawing that is no wider than a pixel by its own account, as tracking pixels are, stays so,
+/// and no other becomes so.
 QSize drawnSize(const QSize &natural)
 {
-    if (natural == QSize(1, 1))
-        return natural;
-    return natural.scaled(drawnPictureSide, drawnPictureSide, Qt::KeepAspectRatio)
-        .expandedTo(QSize(1, 1));
+    const QSize bounds(drawnPictureSide, drawnPictureSide);
+    if (natural.width() <= 1)
+        return natural.boundedTo(bounds);
+    return natural.scaled(bounds, Qt::KeepAspectRatio).expandedTo(QSize(2, 1));
 }
 
 bool isModestWork(QSvgRenderer &renderer, const QSize &size)

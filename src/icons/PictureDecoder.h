@@ -7,7 +7,8 @@ namespace ostrel {
 
 /// No picture that is wider or higher is decoded.
 inline constexpr int largestPictureSide = 2048;
-/// How large a picture without a pixel size of its own is drawn, on its longer side.
+/// How large a drawing is drawn, on its longer side. One that is a pixel wide by its own account
+/// stays as wide.
 inline constexpr int drawnPictureSide = 128;
 
 /// The picture in @p bytes: PNG, ICO (the largest picture in it), JPEG, GIF (the first frame),

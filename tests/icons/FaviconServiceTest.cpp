@@ -221,6 +221,38 @@ TEST_F(FaviconServiceTest, ATrackingPixelIsRejectedAndTheNextSourceTried)
     EXPECT_EQ(web.addresses(), wholeChain.first(3));
 }
 
+TEST_F(FaviconServiceTest, WhatIsOnePixelWideIsRejectedWhateverItsHeightAndFormat)
+{
+    const auto drawing = [](const QByteArray &size) {
+        return "<svg xmlns='http://www.w3.org/2000/svg' " + size + "><path d='M0 0H9V9'/></svg>";
+    };
+    for (const QByteArray &rejected : {
+             picture({1, 16}),
+             picture({1, 16}, "bmp"),
+             drawing("width='1' height='1'"),
+             drawing("width='1' height='16'"),
+             drawing("viewBox='0 0 1 16'"),
+         }) {
+        FakeWeb sources;
+        sources.put(firstService, rejected);
+        FaviconService fresh(cacheDir, sources);
+        EXPECT_TRUE(resultOf(fresh.icon(home)).isNull()) << rejected.constData();
+        EXPECT_EQ(sources.addresses(), wholeChain);
+    }
+    int accepted = 0;
+    for (const QByteArray &wider : {
+             picture({2, 16}),
+             picture({16, 1}),
+             drawing("width='2' height='60000'"),
+             drawing("width='16' height='1'"),
+         }) {
+        FakeWeb sources;
+        sources.put(firstService, wider);
+        FaviconService fresh(folder.filePath(QString::number(++accepted)), sources);
+        EXPECT_FALSE(resultOf(fresh.icon(home)).isNull()) << wider.constData();
+    }
+}
+
 TEST_F(FaviconServiceTest, OnlyStatus200IsAccepted)
 {
     for (const int statusCode : {201, 203, 206, 304, 404, 500}) {

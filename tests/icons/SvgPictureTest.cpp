@@ -134,11 +134,20 @@ TEST(SvgTest, ADashListWithoutALengthIsAPlainLine)
                                              "<rect class='a' width='32' height='32'/>")))));
 }
 
-TEST(SvgTest, ATrackingPixelStaysOne)
+TEST(SvgTest, WhatIsAPixelWideByItsOwnAccountStaysSo)
 {
-    EXPECT_EQ(
-        decodePicture(R"(<svg xmlns="http://www.w3.org/2000/svg" width="1" height="1"/>)").size(),
-        QSize(1, 1));
+    const auto drawn = [](int width, int height) {
+        return decodePicture("<svg xmlns='http://www.w3.org/2000/svg' width='" +
+                             QByteArray::number(width) + "' height='" + QByteArray::number(height) +
+                             "'/>")
+            .size();
+    };
+    EXPECT_EQ(drawn(1, 1), QSize(1, 1));
+    EXPECT_EQ(drawn(1, 16), QSize(1, 16));
+    EXPECT_EQ(drawn(1, 60000), QSize(1, 128));
+    EXPECT_EQ(drawn(2, 2), QSize(128, 128));
+    EXPECT_EQ(drawn(16, 1), QSize(128, 8));
+    EXPECT_EQ(drawn(2, 60000), QSize(2, 128)) << "wider than a pixel, however high it is";
 }
 
 namespace {
