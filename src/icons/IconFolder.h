@@ -24,19 +24,20 @@ public:
     void prepare() const;
 
     /// Null where there is none that can be read. Waits for nobody where a pipe or a device has
-    /// its file's name.
+    /// its file's name. A file under the name that earlier versions gave it is renamed.
     [[nodiscard]] QImage read(const QString &domain) const;
     /// Replaces the icon of @p domain, whole or not at all; does nothing where that fails. Makes
     /// the folder where it is missing.
     void write(const QString &domain, const QImage &icon) const;
 
-    /// The name of the file for @p domain: the domain itself and ".png". What could lead out of the
-    /// folder, hide the file or upset a file system is percent-encoded. Nothing for a domain whose
-    /// file name would be too long.
+    /// The name of the file for @p domain: the domain itself and ".png". "/" and null characters,
+    /// of which no file system has names, are percent-encoded; a hash stands for a domain whose
+    /// file name would be too long. Nothing for the empty domain.
     [[nodiscard]] static std::optional<QString> fileName(const QString &domain);
 
 private:
     [[nodiscard]] std::optional<QString> filePath(const QString &domain) const;
+    void renameFormer(const QString &domain, const QString &path) const;
 
     QString m_path;
 };
