@@ -20,6 +20,11 @@ QString withoutWww(QString host)
     return host.remove(u"www."_s);
 }
 
+std::optional<QString> unlessEmpty(const QString &text)
+{
+    return text.isEmpty() ? std::nullopt : std::optional(text);
+}
+
 QString firstCharacter(const QString &text)
 {
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
@@ -79,8 +84,8 @@ QFuture<std::optional<QString>> FaviconService::pageTitle(const QString &address
 
 std::optional<QString> FaviconService::domain(const QString &address)
 {
-    if (auto host = hostOf(address))
-        return withoutWww(*std::move(host));
+    if (const auto host = hostOf(address))
+        return unlessEmpty(withoutWww(*host));
     QString rest = address;
     rest.remove(u"https://"_s).remove(u"http://"_s);
     const auto pieces = withoutWww(rest).split(QLatin1Char('/'), Qt::SkipEmptyParts);
