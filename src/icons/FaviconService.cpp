@@ -40,11 +40,12 @@ std::optional<QString> titleOf(const HttpResult &result)
 } // namespace
 
 FaviconService::FaviconService(const QString &cacheDir, Network &network,
-                               WorkThread::Work prepareThread, QObject *parent)
+                               WorkThread::Work prepareThread, QObject *parent, SteadyClock now)
     : QObject(parent)
     , m_cacheDir(cacheDir)
     , m_network(network)
     , m_memoryCache(memoryLimit)
+    , m_failed(std::move(now))
     , m_work(std::move(prepareThread))
 {
     m_work.post([folder = m_cacheDir] { folder.prepare(); });
@@ -59,6 +60,8 @@ QFuture<QImage> FaviconService::icon(const QString &address)
         return QtFuture::makeReadyFuture(*icon);
     if (const auto underWay = m_inFlight.constFind(*key); underWay != m_inFlight.cend())
         return *underWay;
+    if (m_failed.contains(*key))
+        return QtFuture::makeReadyFuture(QImage());
     return search(*key);
 }
 
@@ -67,7 +70,9 @@ QFuture<QImage> FaviconService::search(const QString &domain)
     auto *search = new IconSearch(domain, m_cacheDir, m_network, m_work, this);
     connect(search, &IconSearch::finished, this, [this, domain, search](const QImage &icon) {
         m_inFlight.remove(domain);
-        if (!icon.isNull())
+        if (icon.isNull())
+            m_failed.add(domain);
+        else
             m_memoryCache.insert(domain, new QImage(icon), icon.sizeInBytes());
         search->deleteLater();
     });

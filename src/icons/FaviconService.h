@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FailedSearches.h"
 #include "IconFolder.h"
 #include "IconWork.h"
 
@@ -16,7 +17,7 @@ namespace ostrel {
 class Network;
 
 /// The icons and titles of the sites that are watched. Main thread only; whatever takes time is
-/// done elsewhere. Every failure is no icon or no title, without a message, and isn't remembered.
+/// done elsewhere. Every failure is no icon or no title, without a message.
 ///
 /// Futures finish through the event loop, or at once where the answer is in memory; they are
 /// cancelled only where the service or the network ends first.
@@ -33,11 +34,12 @@ public:
     /// outlives the service. The thread that pictures are read on calls
     /// @p prepareThread first.
     FaviconService(const QString &cacheDir, Network &network, WorkThread::Work prepareThread = {},
-                   QObject *parent = nullptr);
+                   QObject *parent = nullptr, SteadyClock now = &std::chrono::steady_clock::now);
 
     /// The icon of the site at @p address, as shownIcon makes it of what its source served, which
     /// its file holds; a null image where none is found. Comes from memory, else from disk, else
-    /// from the network, where lookups of the same domain share one search.
+    /// from the network, where lookups of the same domain share one search, which isn't repeated
+    /// within FailedSearches::validity after it has failed.
     [[nodiscard]] QFuture<QImage> icon(const QString &address);
 
     /// The title that the page at @p address, a URL with its scheme, gives itself; as pageTitleIn.
@@ -58,6 +60,7 @@ private:
     Network &m_network;
     QCache<QString, QImage> m_memoryCache; ///< By domain; costs are bytes.
     QHash<QString, QFuture<QImage>> m_inFlight;
+    FailedSearches m_failed;
     IconWork m_work;
 };
 

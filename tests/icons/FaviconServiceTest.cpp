@@ -96,7 +96,8 @@ protected:
     QTemporaryDir folder;
     QString cacheDir = folder.filePath(u"Vantry/favicons"_s);
     FakeWeb web;
-    FaviconService service{cacheDir, web};
+    std::chrono::steady_clock::time_point now{};
+    FaviconService service{cacheDir, web, {}, nullptr, [this] { return now; }};
 };
 
 } // namespace
@@ -260,6 +261,7 @@ TEST_F(FaviconServiceTest, OnlyStatus200IsAccepted)
     for (const int statusCode : {201, 203, 206, 304, 404, 500}) {
         web.put(classicIcon, picture({16, 16}), statusCode);
         EXPECT_TRUE(lookUp().isNull()) << statusCode;
+        now += FailedSearches::validity;
     }
     web.put(classicIcon, picture({16, 16}));
     EXPECT_FALSE(lookUp().isNull());
@@ -274,6 +276,7 @@ TEST_F(FaviconServiceTest, APictureOverTheLimitIsRejected)
 
     large.chop(1);
     web.put(firstService, large);
+    now += FailedSearches::validity;
     EXPECT_FALSE(lookUp().isNull());
 }
 
@@ -284,11 +287,54 @@ TEST_F(FaviconServiceTest, AfterEverySourceHasFailedNothingIsKeptAndALaterLookup
     EXPECT_TRUE(lookUp().isNull());
     EXPECT_EQ(cachedFiles(), QStringList());
 
+    now += 10min;
     EXPECT_TRUE(lookUp().isNull());
     EXPECT_EQ(web.addresses(), wholeChain + wholeChain);
+    EXPECT_EQ(cachedFiles(), QStringList());
 
+    now += 10min;
     web.put(touchIcon, picture({16, 16}));
     EXPECT_FALSE(lookUp().isNull());
+}
+
+TEST_F(FaviconServiceTest, AFailedSearchIsNotRepeatedWithinTenMinutes)
+{
+    EXPECT_TRUE(lookUp().isNull());
+    web.put(touchIcon, picture({16, 16}));
+    for (const auto later : {0ms, 1ms, 599'998ms}) {
+        now += later;
+        const auto icon = service.icon(u"https://www.example.org/elsewhere"_s);
+        ASSERT_TRUE(icon.isFinished()) << "a list that scrolls gets its answer at once";
+        EXPECT_TRUE(icon.result().isNull());
+    }
+    EXPECT_EQ(web.addresses(), wholeChain);
+    EXPECT_EQ(cachedFiles(), QStringList());
+
+    now += 1ms;
+    EXPECT_FALSE(lookUp().isNull());
+    EXPECT_FALSE(lookUp().isNull());
+}
+
+TEST_F(FaviconServiceTest, AnotherSiteIsSearchedForAtOnce)
+{
+    EXPECT_TRUE(lookUp(u"https://exmaple.org/"_s).isNull());
+    web.put(touchIcon, picture({16, 16}));
+    EXPECT_FALSE(lookUp(u"https://example.org/"_s).isNull());
+}
+
+TEST_F(FaviconServiceTest, AnotherRunTriesAgain)
+{
+    EXPECT_TRUE(lookUp().isNull());
+    web.put(touchIcon, picture({16, 16}));
+    FaviconService nextRun(cacheDir, web, {}, nullptr, [this] { return now; });
+    EXPECT_FALSE(resultOf(nextRun.icon(home)).isNull());
+}
+
+TEST_F(FaviconServiceTest, AFailedSearchHasNothingToDoWithThePagesTitle)
+{
+    EXPECT_TRUE(lookUp().isNull());
+    web.put(home, "<title>Start</title>");
+    EXPECT_EQ(lookUpTitle(home), u"Start"_s);
 }
 
 TEST_F(FaviconServiceTest, TenViewsAtOnceShareOneSearch)
