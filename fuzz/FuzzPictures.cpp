@@ -18,6 +18,8 @@ std::vector<std::string_view> ostrel::fuzz::dictionary()
             "WEBP"sv,
             "VP8L"sv,
             "\0\0\1\0"sv,
+            "BM"sv,
+            "\x28\0\0\0"sv,
             "\xff\xff\xff\xff"sv,
             "\0\0\0\0"sv,
             "\0\x08"sv,
@@ -29,6 +31,13 @@ std::vector<std::string_view> ostrel::fuzz::dictionary()
             "stroke-width='1e9'"sv,
             "transform='rotate(45) scale(1e9)'"sv,
             "<use "sv,
+            "<mask>"sv,
+            "<style>"sv,
+            "stroke-dasharray:0.0001"sv,
+            "stroke-dasharray='none'"sv,
+            "/*"sv,
+            "*/"sv,
+            "xmlns:a='u'"sv,
             "<!ENTITY "sv,
             "a99 99 0 0 1 1 1"sv};
 }

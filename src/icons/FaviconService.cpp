@@ -20,6 +20,11 @@ QString withoutWww(QString host)
     return host.remove(u"www."_s);
 }
 
+std::optional<QString> unlessEmpty(const QString &text)
+{
+    return text.isEmpty() ? std::nullopt : std::optional(text);
+}
+
 QString firstCharacter(const QString &text)
 {
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
@@ -35,11 +40,12 @@ std::optional<QString> titleOf(const HttpResult &result)
 } // namespace
 
 FaviconService::FaviconService(const QString &cacheDir, Network &network,
-                               WorkThread::Work prepareThread, QObject *parent)
+                               WorkThread::Work prepareThread, QObject *parent, SteadyClock now)
     : QObject(parent)
     , m_cacheDir(cacheDir)
     , m_network(network)
     , m_memoryCache(memoryLimit)
+    , m_failed(std::move(now))
     , m_work(std::move(prepareThread))
 {
     m_work.post([folder = m_cacheDir] { folder.prepare(); });
@@ -54,6 +60,8 @@ QFuture<QImage> FaviconService::icon(const QString &address)
         return QtFuture::makeReadyFuture(*icon);
     if (const auto underWay = m_inFlight.constFind(*key); underWay != m_inFlight.cend())
         return *underWay;
+    if (m_failed.contains(*key))
+        return QtFuture::makeReadyFuture(QImage());
     return search(*key);
 }
 
@@ -62,7 +70,9 @@ QFuture<QImage> FaviconService::search(const QString &domain)
     auto *search = new IconSearch(domain, m_cacheDir, m_network, m_work, this);
     connect(search, &IconSearch::finished, this, [this, domain, search](const QImage &icon) {
         m_inFlight.remove(domain);
-        if (!icon.isNull())
+        if (icon.isNull())
+            m_failed.add(domain);
+        else
             m_memoryCache.insert(domain, new QImage(icon), icon.sizeInBytes());
         search->deleteLater();
     });
@@ -79,8 +89,8 @@ QFuture<std::optional<QString>> FaviconService::pageTitle(const QString &address
 
 std::optional<QString> FaviconService::domain(const QString &address)
 {
-    if (auto host = hostOf(address))
-        return withoutWww(*std::move(host));
+    if (const auto host = hostOf(address))
+        return unlessEmpty(withoutWww(*host));
     QString rest = address;
     rest.remove(u"https://"_s).remove(u"http://"_s);
     const auto pieces = withoutWww(rest).split(QLatin1Char('/'), Qt::SkipEmptyParts);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FailedSearches.h"
 #include "IconFolder.h"
 #include "IconWork.h"
 
@@ -16,7 +17,7 @@ namespace ostrel {
 class Network;
 
 /// The icons and titles of the watched sites. Main thread only; slow work runs on other threads.
-/// Every failure gives no icon or no title, without a message, and isn't cached.
+/// Every failure gives no icon or no title, without a message.
 ///
 /// Futures finish through the event loop, or at once if the result is in memory; they are cancelled
 /// only if the service or the network is destroyed first.
@@ -33,11 +34,12 @@ public:
     /// Keeps its files in @p cacheDir, which is created whenever it is missing. @p network must
     /// outlive the service. The thread that decodes pictures calls @p prepareThread first.
     FaviconService(const QString &cacheDir, Network &network, WorkThread::Work prepareThread = {},
-                   QObject *parent = nullptr);
+                   QObject *parent = nullptr, SteadyClock now = &std::chrono::steady_clock::now);
 
     /// The icon of the site at @p address, as shownIcon() makes it from the source's picture, which
     /// is kept in its file; a null image if none is found. Comes from memory, else from disk, else
-    /// from the network, where look-ups of the same domain share one search.
+    /// from the network, where look-ups of the same domain share one search. A search that failed
+    /// isn't repeated within FailedSearches::validity.
     [[nodiscard]] QFuture<QImage> icon(const QString &address);
 
     /// The title of the page at @p address, a URL with its scheme, as found by pageTitleIn().
@@ -58,6 +60,7 @@ private:
     Network &m_network;
     QCache<QString, QImage> m_memoryCache; ///< Keyed by domain; costs are bytes.
     QHash<QString, QFuture<QImage>> m_inFlight;
+    FailedSearches m_failed;
     IconWork m_work;
 };
 

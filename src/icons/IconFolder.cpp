@@ -3,6 +3,7 @@
 #include "FileDescriptor.h"
 #include "PictureDecoder.h"
 
+#include <QCryptographicHash>
 #include <QDateTime>
 #include <QDir>
 #include <QDirIterator>
@@ -26,6 +27,7 @@ namespace {
 constexpr qsizetype longestFileName = 255;
 /// More than the largest picture takes as PNG.
 constexpr qint64 largestIconFile = qint64(32) * 1024 * 1024;
+const QLatin1String iconSuffix(".png");
 constexpr auto privateFile = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
 constexpr auto privateFolder = privateFile | QFileDevice::ExeOwner;
 
@@ -42,7 +44,8 @@ void makePrivateFolder(const QString &path)
 /// Whether @p name is like those of QSaveFile's temporary files for an icon.
 bool isTemporaryName(const QString &name)
 {
-    static const QRegularExpression pattern(uR"(^.+\.png\.[A-Za-z]{6}$)"_s);
+    static const QRegularExpression pattern(uR"(^.+\.png\.[A-Za-z]{6}$)"_s,
+                                            QRegularExpression::DotMatchesEverythingOption);
     return pattern.match(name).hasMatch();
 }
 
@@ -58,6 +61,27 @@ FileDescriptor openForReading(const QString &path)
     const QByteArray name = QFile::encodeName(path);
     return FileDescriptor(uninterrupted(
         [&] { return ::open(name.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); }));
+}
+
+/// The one for the domain itself is never "." or "..", for something follows it.
+QString withoutForbidden(QString domain)
+{
+    return domain.replace(u'/', u"%2F"_s).replace(QChar(u'\0'), u"%00"_s);
+}
+
+QString hashOf(const QString &domain)
+{
+    const auto hash = QCryptographicHash::hash(domain.toUtf8(), QCryptographicHash::Sha256);
+    return QString::fromLatin1(hash.toHex());
+}
+
+/// How earlier versions named the file for @p domain.
+QString formerFileName(const QString &domain)
+{
+    QByteArray name = QUrl::toPercentEncoding(domain);
+    if (name.startsWith('.'))
+        name.replace(0, 1, "%2E");
+    return QString::fromLatin1(name) + iconSuffix;
 }
 
 } // namespace
@@ -85,7 +109,10 @@ void IconFolder::prepare() const
 QImage IconFolder::read(const QString &domain) const
 {
     const auto path = filePath(domain);
-    if (!path || !QFileInfo(*path).isFile())
+    if (!path)
+        return {};
+    renameFormer(domain, *path);
+    if (!QFileInfo(*path).isFile())
         return {};
     const FileDescriptor opened = openForReading(*path);
     QFile file;
@@ -110,13 +137,10 @@ void IconFolder::write(const QString &domain, const QImage &icon) const
 
 std::optional<QString> IconFolder::fileName(const QString &domain)
 {
-    QByteArray name = QUrl::toPercentEncoding(domain);
-    if (name.startsWith('.'))
-        name.replace(0, 1, "%2E");
-    name += ".png";
-    if (domain.isEmpty() || name.size() > longestFileName)
+    if (domain.isEmpty())
         return std::nullopt;
-    return QString::fromLatin1(name);
+    const QString name = withoutForbidden(domain) + iconSuffix;
+    return QFile::encodeName(name).size() <= longestFileName ? name : hashOf(domain) + iconSuffix;
 }
 
 std::optional<QString> IconFolder::filePath(const QString &domain) const
@@ -125,6 +149,13 @@ std::optional<QString> IconFolder::filePath(const QString &domain) const
     if (!name)
         return std::nullopt;
     return m_path + QLatin1Char('/') + *name;
+}
+
+void IconFolder::renameFormer(const QString &domain, const QString &path) const
+{
+    const QString former = m_path + QLatin1Char('/') + formerFileName(domain);
+    if (former != path && !QFileInfo::exists(path) && QFileInfo(former).isFile())
+        QFile::rename(former, path);
 }
 
 } // namespace ostrel

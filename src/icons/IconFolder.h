@@ -23,19 +23,21 @@ public:
     /// no error is reported.
     void prepare() const;
 
-    /// Null if there is none that can be read. Doesn't block if its file is a pipe or a device.
+    /// Null if there is none that can be read. Doesn't block if its file is a pipe or a device. A
+    /// file under the name that earlier versions gave it is renamed.
     [[nodiscard]] QImage read(const QString &domain) const;
     /// Replaces the icon of @p domain, completely or not at all; does nothing if that fails.
     /// Creates the folder if it is missing.
     void write(const QString &domain, const QImage &icon) const;
 
-    /// The name of the file for @p domain: the domain itself and ".png". Characters that could lead
-    /// out of the folder, hide the file or be invalid in a file system are percent-encoded. Nullopt
-    /// for a domain whose file name would be too long.
+    /// The name of the file for @p domain: the domain itself and ".png". Slashes and null
+    /// characters, which no file system allows, are percent-encoded; if the name would be too long,
+    /// it is a hash of the domain. Nullopt for the empty domain.
     [[nodiscard]] static std::optional<QString> fileName(const QString &domain);
 
 private:
     [[nodiscard]] std::optional<QString> filePath(const QString &domain) const;
+    void renameFormer(const QString &domain, const QString &path) const;
 
     QString m_path;
 };

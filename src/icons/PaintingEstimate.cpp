@@ -69,6 +69,14 @@ private:
         return hasOutline() ? m_pen.widthF() * std::max(m_pen.miterLimit(), 1.0) : 0;
     }
 
+    /// How many dashes there are is not counted.
+    [[nodiscard]] double timesFilling() const
+    {
+        if (!hasOutline())
+            return 1;
+        return m_pen.style() == Qt::SolidLine ? timesForOutline : qInf();
+    }
+
     void add(const QRectF &bounds, int points)
     {
         const double reach = outlineReach();
@@ -77,7 +85,7 @@ private:
         // Shapes far outside are expensive too, however small.
         const double farthest = std::max({std::abs(drawn.left()), std::abs(drawn.right()),
                                           std::abs(drawn.top()), std::abs(drawn.bottom())});
-        m_work += points * farthest * (hasOutline() ? timesForOutline : 1);
+        m_work += points * farthest * timesFilling();
     }
 
     QTransform m_transform;

@@ -17,9 +17,10 @@ public:
     explicit PaintingEstimate(const QSize &size);
     ~PaintingEstimate() override;
 
-    /// The sum over all painted paths of their number of points, times how many pixels the path,
-    /// outline included, reaches from the origin; six times that if the outline is drawn. A logo of
-    /// 1000 points at 128 pixels gives 128 000, without outlines. Not finite if a coordinate isn't.
+    /// Every point of every path that was painted, times how many pixels its path, outline
+    /// included, reaches from the origin; six times that where the outline is drawn. A logo of 1000
+    /// points at 128 pixels comes to 128 000, without outlines.
+    /// Not finite where a line is dashed, or a coordinate isn't finite.
     [[nodiscard]] double work() const;
 
     [[nodiscard]] QPaintEngine *paintEngine() const override;

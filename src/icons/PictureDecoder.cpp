@@ -1,5 +1,6 @@
 #include "PictureDecoder.h"
 
+#include "BmpFile.h"
 #include "IcoFile.h"
 #include "PaintingEstimate.h"
 #include "PngChunks.h"
@@ -12,11 +13,13 @@
 #include <QSvgRenderer>
 #include <QtEndian>
 
+#include <cstdlib>
+
 namespace ostrel {
 
 namespace {
 
-enum class PictureFormat { none, png, ico, jpeg, gif, webp, svg };
+enum class PictureFormat { none, png, ico, jpeg, gif, webp, bmp, svg };
 
 /// An SVG file identifies itself after a prologue of any length, so everything that begins like XML
 /// counts; the parser decides.
@@ -40,6 +43,8 @@ PictureFormat formatOf(const QByteArray &bytes)
         return PictureFormat::gif;
     if (isWebp(bytes))
         return PictureFormat::webp;
+    if (isBmp(bytes))
+        return PictureFormat::bmp;
     return looksLikeXml(bytes) ? PictureFormat::svg : PictureFormat::none;
 }
 
@@ -48,11 +53,20 @@ bool isModestSize(const QSize &size, int largestSide = largestPictureSide)
     return !size.isEmpty() && size.width() <= largestSide && size.height() <= largestSide;
 }
 
+/// Has a colour for whatever a pixel may name: the painter doesn't look whether there is one.
+void fillPalette(QImage &image)
+{
+    const bool isIndexed = image.format() <= QImage::Format_Indexed8;
+    if (isIndexed)
+        image.setColorCount(1 << image.depth());
+}
+
 /// The pixels of @p image without the texts, profile and resolution that came with them.
-QImage pixelsOf(const QImage &image)
+QImage pixelsOf(QImage image)
 {
     if (image.isNull())
         return {};
+    fillPalette(image);
     QImage pixels(image.size(), QImage::Format_ARGB32_Premultiplied);
     if (pixels.isNull())
         return {};
@@ -67,7 +81,9 @@ QImage readPixels(QByteArray bytes, const QByteArray &format, int largestSide = 
     QBuffer buffer(&bytes);
     QImageReader reader(&buffer, format);
     reader.setAutoDetectImageFormat(false);
-    if (!isModestSize(reader.size(), largestSide))
+    // A bitmap that begins with its topmost row has a negative height.
+    const QSize size(reader.size().width(), std::abs(reader.size().height()));
+    if (!isModestSize(size, largestSide))
         return {};
     return pixelsOf(reader.read());
 }
@@ -117,13 +133,20 @@ QImage decodeWebp(const QByteArray &webp)
     return readPixels(webp, QByteArrayLiteral("webp"), side);
 }
 
-/// A drawing that declares a size of 1 by 1 is a tracking pixel, and stays one.
+QImage decodeBmp(const QByteArray &bmp)
+{
+    const auto size = bmpSize(bmp);
+    return size && isModestSize(*size) ? readPixels(bmp, QByteArrayLiteral("bmp")) : QImage();
+}
+
+/// A drawing that is no wider than a pixel by its own account, as tracking pixels are, stays so,
+/// and no other becomes so.
 QSize drawnSize(const QSize &natural)
 {
-    if (natural == QSize(1, 1))
-        return natural;
-    return natural.scaled(drawnPictureSide, drawnPictureSide, Qt::KeepAspectRatio)
-        .expandedTo(QSize(1, 1));
+    const QSize bounds(drawnPictureSide, drawnPictureSide);
+    if (natural.width() <= 1)
+        return natural.boundedTo(bounds);
+    return natural.scaled(bounds, Qt::KeepAspectRatio).expandedTo(QSize(2, 1));
 }
 
 bool isModestWork(QSvgRenderer &renderer, const QSize &size)
@@ -169,6 +192,8 @@ QImage decodePicture(const QByteArray &bytes)
         return decodeGif(bytes);
     case PictureFormat::webp:
         return decodeWebp(bytes);
+    case PictureFormat::bmp:
+        return decodeBmp(bytes);
     case PictureFormat::svg:
         return decodeSvg(bytes);
     case PictureFormat::none:

@@ -1,10 +1,14 @@
 #include "SafeSvg.h"
 
+#include "SvgAttributes.h"
+#include "SvgStyle.h"
+
 #include <QSet>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -17,8 +21,9 @@ constexpr qsizetype largestStyleSheet = 4096;
 constexpr int mostElements = 4096;
 constexpr int deepestLevel = 32;
 constexpr int mostAttributes = 64;
-/// How often a condition of a style sheet may be matched against a character of a class. Matching
-/// an element takes as long as that many characters.
+constexpr qsizetype mostNamespaces = 64;
+/// How often a condition of a style sheet may meet a character of a class. Meeting an element takes
+/// as long as that many characters.
 constexpr qsizetype mostSelecting = qsizetype(12) * 1024 * 1024;
 constexpr qsizetype charactersPerElement = 28;
 const QLatin1String svgNamespace("http://www.w3.org/2000/svg");
@@ -38,33 +43,32 @@ bool isDrawn(QStringView element)
     return elements.contains(element.toString());
 }
 
-/// Whether nothing of the element is ever visible.
-bool isInert(const QXmlStreamReader &reader)
+/// Whether the element itself is visible.
+bool isShape(QStringView element)
 {
-    const QStringView element = reader.name();
-    const QStringView uri = reader.namespaceUri();
-    return (!uri.isEmpty() && uri != svgNamespace) || element == QLatin1String("title") ||
-           element == QLatin1String("desc") || element == QLatin1String("metadata");
+    static const QSet<QString> shapes = {
+        u"path"_s, u"rect"_s, u"circle"_s, u"ellipse"_s, u"line"_s, u"polyline"_s, u"polygon"_s,
+    };
+    return shapes.contains(element.toString());
 }
 
-/// Whether no element has more attributes than allowed. The reader takes quadratic time to check
-/// that no two have the same name. No attribute's value contains "<", so every attribute is between
-/// two of them, and has a "=". Attribute lists in a declaration are checked separately.
-bool hasFewAttributes(QStringView svg)
+/// How many namespaces are declared where the reader is; it looks each name up among them all.
+class OpenNamespaces
 {
-    int attributes = 0;
-    bool isDeclaration = false;
-    for (qsizetype i = 0; i < svg.size() && attributes <= mostAttributes; ++i) {
-        if (svg[i] == u'<') {
-            attributes = 0;
-            // Comments may be full of such characters.
-            isDeclaration = svg.sliced(i).startsWith(u"<!");
-        } else if (svg[i] == u'=' && !isDeclaration) {
-            ++attributes;
-        }
+public:
+    void open(qsizetype declared)
+    {
+        m_declared.append(declared);
+        m_count += declared;
     }
-    return attributes <= mostAttributes;
-}
+    void close() { m_count -= m_declared.takeLast(); }
+
+    [[nodiscard]] bool areFew() const { return m_count <= mostNamespaces; }
+
+private:
+    QList<qsizetype> m_declared; ///< By each element that is open.
+    qsizetype m_count = 0;
+};
 
 /// Upper bound for the conditions in @p styleSheet: one for each character that selects or
 /// combines.
@@ -80,15 +84,7 @@ bool hasNoSiblings(QStringView styleSheet)
     return !styleSheet.contains(u'~');
 }
 
-/// Dashes can be so short that a line has millions of them, and imports refer to other files.
-bool isHarmless(QStringView styleOrAttribute)
-{
-    return !styleOrAttribute.contains(QLatin1String("dash"), Qt::CaseInsensitive) &&
-           !styleOrAttribute.contains(QLatin1String("@import"), Qt::CaseInsensitive) &&
-           !styleOrAttribute.contains(QLatin1Char('\\'));
-}
-
-/// Copies a drawing element by element, as long as it is safe.
+/// Copies a drawing element by element, as far as it is safe.
 class SvgCopy
 {
 public:
@@ -102,7 +98,7 @@ public:
     {
         while (m_isSafe && !m_reader.atEnd())
             copyToken(m_reader.readNext());
-        if (!m_isSafe || m_reader.hasError() || selecting() > mostSelecting)
+        if (!m_isSafe || m_reader.hasError() || selecting() > mostSelecting || isNothingLeft())
             return std::nullopt;
         return m_copy;
     }
@@ -114,18 +110,20 @@ private:
         return m_conditions * (m_elements * charactersPerElement + m_classSize);
     }
 
+    /// Whether all that could be seen has been left out.
+    [[nodiscard]] bool isNothingLeft() const { return m_hasLeftOut && !m_hasShape; }
+
     void copyToken(QXmlStreamReader::TokenType token)
     {
         switch (token) {
         case QXmlStreamReader::StartElement:
-            copyElement();
+            beginElement();
             break;
         case QXmlStreamReader::EndElement:
-            m_writer.writeEndElement();
-            m_path.removeLast();
+            endElement();
             break;
         case QXmlStreamReader::Characters:
-            copyStyleSheet();
+            readStyleSheet();
             break;
         case QXmlStreamReader::DTD:
             m_isSafe = m_reader.entityDeclarations().isEmpty();
@@ -135,20 +133,53 @@ private:
         }
     }
 
-    void copyElement()
+    void beginElement()
     {
-        const QString element = m_reader.name().toString();
-        const bool isRoot = m_path.isEmpty();
-        if (!isRoot && isInert(m_reader)) {
-            m_reader.skipCurrentElement();
+        m_namespaces.open(m_reader.namespaceDeclarations().size());
+        m_isSafe = m_namespaces.areFew();
+        if (m_levelsLeftOut > 0 || !isPartOfDrawing())
+            leaveOut();
+        else
+            copyElement();
+    }
+
+    void endElement()
+    {
+        m_namespaces.close();
+        if (m_levelsLeftOut > 0) {
+            --m_levelsLeftOut;
             return;
         }
-        m_isSafe = isDrawn(element) && isRoot == (element == QLatin1String("svg")) &&
-                   ++m_elements <= mostElements && m_path.size() < deepestLevel;
+        if (isInStyleSheet())
+            copyStyleSheet();
+        m_writer.writeEndElement();
+        m_path.removeLast();
+    }
+
+    [[nodiscard]] bool isPartOfDrawing() const
+    {
+        const QStringView uri = m_reader.namespaceUri();
+        const bool isRoot = m_path.isEmpty();
+        return (uri.isEmpty() || uri == svgNamespace) && isDrawn(m_reader.name()) &&
+               isRoot == (m_reader.name() == u"svg") && !isInStyleSheet();
+    }
+
+    /// The element, with all that is in it.
+    void leaveOut()
+    {
+        ++m_levelsLeftOut;
+        m_hasLeftOut = true;
+    }
+
+    void copyElement()
+    {
+        m_isSafe = m_isSafe && ++m_elements <= mostElements && m_path.size() < deepestLevel;
         if (!m_isSafe)
             return;
-        m_path.append(element);
-        m_writer.writeStartElement(element);
+        const bool isRoot = m_path.isEmpty();
+        m_hasShape = m_hasShape || (isShape(m_reader.name()) && !m_path.contains(u"defs"_s));
+        m_path.append(m_reader.name().toString());
+        m_writer.writeStartElement(m_path.last());
         if (isRoot) {
             m_writer.writeDefaultNamespace(svgNamespace);
             m_writer.writeNamespace(linkNamespace, u"xlink"_s);
@@ -160,16 +191,22 @@ private:
     {
         const auto attributes = m_reader.attributes();
         for (const QXmlStreamAttribute &attribute : attributes) {
-            m_isSafe = m_isSafe && isHarmless(attribute.name()) && isHarmless(attribute.value());
-            m_classSize += attribute.name() == u"class" ? attribute.value().size() : 0;
             if (attribute.namespaceUri().isEmpty())
-                m_writer.writeAttribute(attribute.name().toString(), attribute.value().toString());
+                copyAttribute(attribute.name().toString(), attribute.value().toString());
             else if (isLinkInside(attribute))
                 m_writer.writeAttribute(linkNamespace, u"href"_s, attribute.value().toString());
         }
     }
 
-    /// A gradient may refer to another one in the same file.
+    void copyAttribute(const QString &name, const QString &value)
+    {
+        const auto copy = harmlessAttribute(name, value);
+        m_isSafe = m_isSafe && copy;
+        m_classSize += name == u"class" ? value.size() : 0;
+        m_writer.writeAttribute(name, copy.value_or(QString()));
+    }
+
+    /// One gradient may name another of the same file.
     static bool isLinkInside(const QXmlStreamAttribute &attribute)
     {
         return attribute.namespaceUri() == linkNamespace &&
@@ -177,27 +214,42 @@ private:
                attribute.value().startsWith(QLatin1Char('#'));
     }
 
+    [[nodiscard]] bool isInStyleSheet() const
+    {
+        return !m_path.isEmpty() && m_path.last() == u"style";
+    }
+
+    /// It comes in pieces where a comment stands in it.
+    void readStyleSheet()
+    {
+        if (isInStyleSheet() && m_levelsLeftOut == 0)
+            m_styleSheet += m_reader.text();
+    }
+
     void copyStyleSheet()
     {
-        if (m_path.isEmpty() || m_path.last() != QLatin1String("style"))
-            return;
-        const QStringView sheet = m_reader.text();
+        const QString sheet = std::exchange(m_styleSheet, QString());
+        const auto copy = harmlessStyle(sheet);
         m_styleSheetSize += sheet.size();
         m_conditions += conditionsIn(sheet);
-        m_isSafe =
-            m_styleSheetSize <= largestStyleSheet && hasNoSiblings(sheet) && isHarmless(sheet);
-        m_writer.writeCharacters(sheet.toString());
+        m_isSafe = m_styleSheetSize <= largestStyleSheet && hasNoSiblings(sheet) && copy;
+        m_writer.writeCharacters(copy.value_or(QString()));
     }
 
     QXmlStreamReader m_reader;
     QByteArray m_copy;
     QXmlStreamWriter m_writer;
-    QStringList m_path; ///< The open elements.
+    OpenNamespaces m_namespaces;
+    QStringList m_path;      ///< The elements that are open, as far as they are copied.
+    int m_levelsLeftOut = 0; ///< The elements that are open below those.
+    QString m_styleSheet;    ///< What has been read of the one that is open.
     qsizetype m_styleSheetSize = 0;
     qsizetype m_conditions = 0;
     qsizetype m_classSize = 0; ///< The total size of all elements' classes, in characters.
     int m_elements = 0;
     bool m_isSafe = true;
+    bool m_hasLeftOut = false;
+    bool m_hasShape = false;
 };
 
 } // namespace
@@ -207,7 +259,7 @@ std::optional<QByteArray> safeSvg(const QByteArray &svg)
     if (svg.size() > largestSvg)
         return std::nullopt;
     const QString text = QString::fromUtf8(svg);
-    if (text.contains(QLatin1String("<!ATTLIST")) || !hasFewAttributes(text))
+    if (text.contains(QLatin1String("<!ATTLIST")) || mostAttributesIn(text) > mostAttributes)
         return std::nullopt;
     return SvgCopy(text).make();
 }

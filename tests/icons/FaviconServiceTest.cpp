@@ -96,7 +96,8 @@ protected:
     QTemporaryDir folder;
     QString cacheDir = folder.filePath(u"Vantry/favicons"_s);
     FakeWeb web;
-    FaviconService service{cacheDir, web};
+    std::chrono::steady_clock::time_point now{};
+    FaviconService service{cacheDir, web, {}, nullptr, [this] { return now; }};
 };
 
 } // namespace
@@ -116,6 +117,8 @@ TEST_F(FaviconServiceTest, WithoutADomainNothingIsRequested)
 {
     EXPECT_TRUE(lookUp(QString()).isNull());
     EXPECT_TRUE(lookUp(u"https://"_s).isNull());
+    EXPECT_TRUE(lookUp(u"https://www./"_s).isNull());
+    EXPECT_EQ(cachedFiles(), QStringList());
     EXPECT_TRUE(web.requests.empty());
 }
 
@@ -221,11 +224,44 @@ TEST_F(FaviconServiceTest, ATrackingPixelIsRejectedAndTheNextSourceTried)
     EXPECT_EQ(web.addresses(), wholeChain.first(3));
 }
 
+TEST_F(FaviconServiceTest, WhatIsOnePixelWideIsRejectedWhateverItsHeightAndFormat)
+{
+    const auto drawing = [](const QByteArray &size) {
+        return "<svg xmlns='http://www.w3.org/2000/svg' " + size + "><path d='M0 0H9V9'/></svg>";
+    };
+    for (const QByteArray &rejected : {
+             picture({1, 16}),
+             picture({1, 16}, "bmp"),
+             drawing("width='1' height='1'"),
+             drawing("width='1' height='16'"),
+             drawing("viewBox='0 0 1 16'"),
+         }) {
+        FakeWeb sources;
+        sources.put(firstService, rejected);
+        FaviconService fresh(cacheDir, sources);
+        EXPECT_TRUE(resultOf(fresh.icon(home)).isNull()) << rejected.constData();
+        EXPECT_EQ(sources.addresses(), wholeChain);
+    }
+    int accepted = 0;
+    for (const QByteArray &wider : {
+             picture({2, 16}),
+             picture({16, 1}),
+             drawing("width='2' height='60000'"),
+             drawing("width='16' height='1'"),
+         }) {
+        FakeWeb sources;
+        sources.put(firstService, wider);
+        FaviconService fresh(folder.filePath(QString::number(++accepted)), sources);
+        EXPECT_FALSE(resultOf(fresh.icon(home)).isNull()) << wider.constData();
+    }
+}
+
 TEST_F(FaviconServiceTest, OnlyStatus200IsAccepted)
 {
     for (const int statusCode : {201, 203, 206, 304, 404, 500}) {
         web.put(classicIcon, picture({16, 16}), statusCode);
         EXPECT_TRUE(lookUp().isNull()) << statusCode;
+        now += FailedSearches::validity;
     }
     web.put(classicIcon, picture({16, 16}));
     EXPECT_FALSE(lookUp().isNull());
@@ -240,6 +276,7 @@ TEST_F(FaviconServiceTest, APictureOverTheLimitIsRejected)
 
     large.chop(1);
     web.put(firstService, large);
+    now += FailedSearches::validity;
     EXPECT_FALSE(lookUp().isNull());
 }
 
@@ -250,11 +287,54 @@ TEST_F(FaviconServiceTest, AfterEverySourceHasFailedNothingIsKeptAndALaterLookup
     EXPECT_TRUE(lookUp().isNull());
     EXPECT_EQ(cachedFiles(), QStringList());
 
+    now += 10min;
     EXPECT_TRUE(lookUp().isNull());
     EXPECT_EQ(web.addresses(), wholeChain + wholeChain);
+    EXPECT_EQ(cachedFiles(), QStringList());
 
+    now += 10min;
     web.put(touchIcon, picture({16, 16}));
     EXPECT_FALSE(lookUp().isNull());
+}
+
+TEST_F(FaviconServiceTest, AFailedSearchIsNotRepeatedWithinTenMinutes)
+{
+    EXPECT_TRUE(lookUp().isNull());
+    web.put(touchIcon, picture({16, 16}));
+    for (const auto later : {0ms, 1ms, 599'998ms}) {
+        now += later;
+        const auto icon = service.icon(u"https://www.example.org/elsewhere"_s);
+        ASSERT_TRUE(icon.isFinished()) << "a list that scrolls gets its answer at once";
+        EXPECT_TRUE(icon.result().isNull());
+    }
+    EXPECT_EQ(web.addresses(), wholeChain);
+    EXPECT_EQ(cachedFiles(), QStringList());
+
+    now += 1ms;
+    EXPECT_FALSE(lookUp().isNull());
+    EXPECT_FALSE(lookUp().isNull());
+}
+
+TEST_F(FaviconServiceTest, AnotherSiteIsSearchedForAtOnce)
+{
+    EXPECT_TRUE(lookUp(u"https://exmaple.org/"_s).isNull());
+    web.put(touchIcon, picture({16, 16}));
+    EXPECT_FALSE(lookUp(u"https://example.org/"_s).isNull());
+}
+
+TEST_F(FaviconServiceTest, AnotherRunTriesAgain)
+{
+    EXPECT_TRUE(lookUp().isNull());
+    web.put(touchIcon, picture({16, 16}));
+    FaviconService nextRun(cacheDir, web, {}, nullptr, [this] { return now; });
+    EXPECT_FALSE(resultOf(nextRun.icon(home)).isNull());
+}
+
+TEST_F(FaviconServiceTest, AFailedSearchHasNothingToDoWithThePagesTitle)
+{
+    EXPECT_TRUE(lookUp().isNull());
+    web.put(home, "<title>Start</title>");
+    EXPECT_EQ(lookUpTitle(home), u"Start"_s);
 }
 
 TEST_F(FaviconServiceTest, TenViewsAtOnceShareOneSearch)
@@ -477,7 +557,7 @@ TEST_F(FaviconServiceTest, ADomainCannotNameAFileOutsideTheFolder)
                   .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
               QStringList{u"favicons"_s});
     for (const QString &name : cachedFiles())
-        EXPECT_FALSE(name.startsWith(QLatin1Char('.'))) << qPrintable(name);
+        EXPECT_TRUE(QFileInfo(cachedFile(name)).isFile()) << qPrintable(name);
 }
 
 TEST_F(FaviconServiceTest, ABareHostNameIsLookedUpButHasNoLetter)
@@ -609,6 +689,8 @@ INSTANTIATE_TEST_SUITE_P(
                     AddressCase{"OnlyScheme", "https://", nullptr, "?"},
                     AddressCase{"OnlySlash", "/", nullptr, "?"},
                     AddressCase{"OnlyWww", "www.", nullptr, "?"},
+                    AddressCase{"HostOnlyWww", "https://www./", nullptr, "?"},
+                    AddressCase{"HostOnlyWwws", "https://www.www./a", nullptr, "?"},
                     AddressCase{"InternationalLetter", "https://ärzte.de/", "ärzte.de", "Ä"}),
     [](const auto &testCase) { return std::string(testCase.param.name); });
 

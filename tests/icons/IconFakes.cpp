@@ -89,6 +89,16 @@ QByteArray picture(const QSize &size, const char *format, Qt::GlobalColor color)
     return bytes;
 }
 
+QColor centerOf(const QImage &image)
+{
+    return image.pixelColor(image.width() / 2, image.height() / 2);
+}
+
+bool isReddish(const QColor &color)
+{
+    return color.alpha() == 255 && color.red() > 240 && color.green() < 16 && color.blue() < 16;
+}
+
 QByteArray smallGif(qsizetype fileSize)
 {
     const QByteArray gif = QByteArray::fromHex(

@@ -3,6 +3,7 @@
 #include "OfflineNetwork.h"
 
 #include <QByteArray>
+#include <QColor>
 #include <QHash>
 #include <QImage>
 #include <QPromise>
@@ -52,6 +53,10 @@ private:
 /// A picture of one colour, of the given size, as a file of @p format.
 [[nodiscard]] QByteArray picture(const QSize &size, const char *format = "png",
                                  Qt::GlobalColor color = Qt::red);
+
+[[nodiscard]] QColor centerOf(const QImage &image);
+/// As red as a file that loses some of its colours keeps it.
+[[nodiscard]] bool isReddish(const QColor &color);
 
 /// A GIF of 16 by 16 pixels that takes @p fileSize bytes, 47 or more.
 [[nodiscard]] QByteArray smallGif(qsizetype fileSize);

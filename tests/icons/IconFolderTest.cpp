@@ -5,6 +5,7 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QSaveFile>
 #include <QTemporaryDir>
 #include <QTemporaryFile>
@@ -67,10 +68,10 @@ QImage square(Qt::GlobalColor color)
 
 } // namespace
 
-TEST_P(IconFileNameTest, StaysInTheFolder)
+TEST_P(IconFileNameTest, IsTheDomainAsItIs)
 {
     EXPECT_EQ(IconFolder::fileName(QString::fromUtf8(GetParam().domain)),
-              QString::fromLatin1(GetParam().fileName));
+              QString::fromUtf8(GetParam().fileName));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -78,30 +79,90 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(NameCase{"Ordinary", "example.org", "example.org.png"},
                     NameCase{"Hyphen", "my-shop_1.example.org", "my-shop_1.example.org.png"},
                     NameCase{"Address", "192.0.2.7", "192.0.2.7.png"},
-                    NameCase{"Port", "db.local:5432", "db.local%3A5432.png"},
-                    NameCase{"Ipv6", "::1", "%3A%3A1.png"}, NameCase{"Parent", "..", "%2E..png"},
-                    NameCase{"Hidden", ".bashrc", "%2Ebashrc.png"},
-                    NameCase{"Slashes", "../../etc/passwd", "%2E.%2F..%2Fetc%2Fpasswd.png"},
-                    NameCase{"Backslashes", "..\\x", "%2E.%5Cx.png"},
-                    NameCase{"Encoded", "%2e%2e%2f", "%252e%252e%252f.png"},
-                    NameCase{"ControlCharacters", "a\nb", "a%0Ab.png"},
-                    NameCase{"International", "ärzte.de", "%C3%A4rzte.de.png"}),
+                    NameCase{"Port", "db.local:5432", "db.local:5432.png"},
+                    NameCase{"Ipv6", "::1", "::1.png"},
+                    NameCase{"International", "bücher.de", "bücher.de.png"},
+                    NameCase{"ThisFolder", ".", "..png"}, NameCase{"Parent", "..", "...png"},
+                    NameCase{"Hidden", ".bashrc", ".bashrc.png"},
+                    NameCase{"Slashes", "../../etc/passwd", "..%2F..%2Fetc%2Fpasswd.png"},
+                    NameCase{"Root", "/", "%2F.png"}, NameCase{"Backslashes", "..\\x", "..\\x.png"},
+                    NameCase{"Encoded", "%2e%2e%2f", "%2e%2e%2f.png"},
+                    NameCase{"ControlCharacters", "a\nb", "a\nb.png"},
+                    NameCase{"Blanks", " a b ", " a b .png"}),
     [](const auto &testCase) { return std::string(testCase.param.name); });
 
-TEST_F(IconFolderTest, ATooLongDomainHasNoFile)
+TEST_F(IconFolderTest, ATooLongDomainIsNamedByItsHash)
 {
-    EXPECT_EQ(IconFolder::fileName(QString(251, QLatin1Char('a'))).value_or(QString()).size(), 255);
-    EXPECT_EQ(IconFolder::fileName(QString(252, QLatin1Char('a'))), std::nullopt);
-    EXPECT_EQ(IconFolder::fileName(QString(100, QLatin1Char('/'))), std::nullopt);
+    const QString longest(251, QLatin1Char('a'));
+    EXPECT_EQ(IconFolder::fileName(longest), longest + u".png"_s);
+    for (const QString &site : {longest + u'a', longest + u'b', QString(126, u'ü'),
+                                QString(100, u'/'), QString(9000, u'.')}) {
+        const QString name = IconFolder::fileName(site).value_or(QString());
+        EXPECT_TRUE(QRegularExpression(u"^[0-9a-f]{64}\\.png$"_s).match(name).hasMatch())
+            << qPrintable(name);
+        folder.write(site, square(Qt::red));
+        EXPECT_TRUE(QFile::exists(path + u'/' + name));
+        EXPECT_EQ(folder.read(site), square(Qt::red));
+    }
+    EXPECT_EQ(files().size(), 5);
     EXPECT_EQ(IconFolder::fileName(QString()), std::nullopt);
-
-    folder.write(QString(252, QLatin1Char('a')), square(Qt::red));
-    EXPECT_EQ(files(), QStringList());
 }
 
 TEST_F(IconFolderTest, ANullCharacterDoesNotCutAName)
 {
     EXPECT_EQ(IconFolder::fileName(u"a"_s + QChar(0) + u"b"_s), u"a%00b.png"_s);
+}
+
+TEST_F(IconFolderTest, NoDomainsFileIsOutsideTheFolder)
+{
+    for (const QString &site :
+         {u".."_s, u"."_s, u"../x"_s, u"../../x"_s, u"/x"_s, u"x/../../y"_s, u"..\\x"_s, u"~"_s,
+          u"-rf"_s, u"a\nb"_s, u"..%2f"_s, u"..%2F"_s, QString(QChar(0)), u"../"_s + QChar(0),
+          u"*"_s, QString(QChar(0xd800)), QString(300, u'/'), u"a/b"_s}) {
+        folder.write(site, square(Qt::red));
+        EXPECT_EQ(folder.read(site), square(Qt::red)) << qPrintable(site);
+        static_cast<void>(folder.read(site));
+    }
+    const auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+    EXPECT_EQ(QDir(parent.path()).entryList(all), QStringList{u"a"_s});
+    EXPECT_EQ(QDir(parent.filePath(u"a"_s)).entryList(all), QStringList{u"b"_s});
+    EXPECT_EQ(QDir(parent.filePath(u"a/b"_s)).entryList(all), QStringList{u"favicons"_s});
+    for (const QFileInfo &file : QDir(path).entryInfoList(all))
+        EXPECT_TRUE(file.isFile()) << qPrintable(file.fileName());
+}
+
+TEST_F(IconFolderTest, AFileUnderItsFormerNameIsFoundAndRenamed)
+{
+    struct
+    {
+        QString site;
+        QString formerName;
+    } const cases[] = {
+        {u"bücher.de"_s, u"b%C3%BCcher.de.png"_s},
+        {u"db.local:5432"_s, u"db.local%3A5432.png"_s},
+        {u"::1"_s, u"%3A%3A1.png"_s},
+        {u".bashrc"_s, u"%2Ebashrc.png"_s},
+    };
+    for (const auto &[site, formerName] : cases) {
+        ASSERT_TRUE(square(Qt::red).save(path + u'/' + formerName));
+        EXPECT_EQ(folder.read(site), square(Qt::red)) << qPrintable(site);
+        EXPECT_FALSE(QFile::exists(path + u'/' + formerName)) << qPrintable(site);
+        EXPECT_TRUE(QFile::exists(path + u'/' + site + u".png"_s)) << qPrintable(site);
+        EXPECT_EQ(folder.read(site), square(Qt::red)) << "from its new name";
+    }
+}
+
+TEST_F(IconFolderTest, AFormerNameTakesNothingsPlace)
+{
+    const QString international = u"bücher.de"_s;
+    folder.write(international, square(Qt::blue));
+    ASSERT_TRUE(square(Qt::red).save(path + u"/b%C3%BCcher.de.png"_s));
+    EXPECT_EQ(folder.read(international), square(Qt::blue));
+    EXPECT_EQ(files().size(), 2);
+
+    ASSERT_TRUE(QDir(path).mkdir(u"%3A%3A1.png"_s));
+    EXPECT_TRUE(folder.read(u"::1"_s).isNull());
+    EXPECT_TRUE(QFile::exists(path + u"/%3A%3A1.png"_s));
 }
 
 TEST_F(IconFolderTest, AnIconIsReadAsItWasWritten)
@@ -196,7 +257,8 @@ TEST_F(IconFolderTest, LeftoversOfACrashAreRemoved)
     const QString left = QFileInfo(temporary.fileName()).fileName();
     temporary.close();
     putFile(left, IconFolder::leftoverAge + 1min);
-    putFile(u"%2Ebashrc.png.abcXYZ"_s, IconFolder::leftoverAge + 1min);
+    putFile(u".bashrc.png.abcXYZ"_s, IconFolder::leftoverAge + 1min);
+    putFile(u"a\nb.png.abcXYZ"_s, IconFolder::leftoverAge + 1min);
     folder.prepare();
     EXPECT_EQ(files(), QStringList());
 }
