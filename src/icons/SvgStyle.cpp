@@ -12,7 +12,7 @@ namespace {
 
 const QLatin1String dashList("stroke-dasharray");
 
-/// Whether a list of numbers, up to the first that is none, has one that isn't zero.
+/// Whether @p list, of numbers, may have one that isn't zero.
 bool holdsLength(QStringView list)
 {
     return std::ranges::any_of(
