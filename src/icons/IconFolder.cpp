@@ -23,8 +23,8 @@ namespace ostrel {
 
 namespace {
 
-/// In bytes; the limit of every file system that we know.
-constexpr qsizetype longestFileName = 255;
+/// In bytes: the limit of every file system that we know, less QSaveFile's suffix (".Kq3xZa").
+constexpr qsizetype longestFileName = 255 - 7;
 /// More than the largest picture takes as PNG.
 constexpr qint64 largestIconFile = qint64(32) * 1024 * 1024;
 const QLatin1String iconSuffix(".png");

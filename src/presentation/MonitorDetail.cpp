@@ -4,6 +4,7 @@
 #include "MonitorStore.h"
 #include "RelativeDate.h"
 #include "StatusLabel.h"
+#include "TextLanguage.h"
 #include "ToneRules.h"
 
 #include <QCoreApplication>
@@ -29,8 +30,8 @@ QString lastCheckedText(const std::optional<Check> &latestCheck, const Viewpoint
 {
     if (!latestCheck)
         return {};
-    const QString when = relativeDateText(latestCheck->timestamp, viewpoint.now, viewpoint.locale,
-                                          viewpoint.timeZone);
+    const QString when =
+        relativeDateText(latestCheck->timestamp, viewpoint.now, textLanguage(), viewpoint.timeZone);
     return DetailTexts::tr("Last checked %1").arg(when);
 }
 

@@ -6,7 +6,6 @@
 #include "UptimeTimeline.h"
 
 #include <QList>
-#include <QLocale>
 #include <QMetaType>
 #include <QString>
 #include <QTimeZone>
@@ -48,12 +47,11 @@ struct DetailSource
     std::span<const Check> history = {}; ///< All stored checks, oldest first.
 };
 
-/// What the page's wording depends on: the time, the time zone and the language.
+/// What the page's wording depends on, beside the language of the texts.
 struct Viewpoint
 {
     Timestamp now;
     QTimeZone timeZone = QTimeZone::systemTimeZone();
-    QLocale locale = {};
 };
 
 /// One monitor on its own page.

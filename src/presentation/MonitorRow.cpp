@@ -2,6 +2,7 @@
 
 #include "DisplayFormats.h"
 #include "StatusLabel.h"
+#include "TextLanguage.h"
 #include "ToneRules.h"
 
 #include <QCoreApplication>
@@ -39,7 +40,7 @@ void showResult(MonitorRow &row, const MonitorSummary &summary)
 
 QString spokenText(const MonitorRow &row, const MonitorSummary &summary)
 {
-    QStringList parts = {row.name, QLocale().toLower(statusWord(summary.status))};
+    QStringList parts = {row.name, textLanguage().toLower(statusWord(summary.status))};
     if (const auto time = shownTime(summary))
         parts += responseTimeText(*time);
     parts += RowTexts::tr("24-hour uptime %1").arg(row.uptimeText);

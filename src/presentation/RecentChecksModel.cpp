@@ -4,6 +4,7 @@
 #include "MonitorStore.h"
 #include "OneLine.h"
 #include "StatusLabel.h"
+#include "TextLanguage.h"
 
 #include <algorithm>
 
@@ -150,8 +151,8 @@ QString RecentChecksModel::timeText(const Check &check) const
 QString RecentChecksModel::spokenText(const Check &check) const
 {
     const auto status = check.isUp ? MonitorStatus::up : MonitorStatus::down;
-    QStringList parts = {timeText(check), m_locale.toLower(statusWord(status)), codeText(check),
-                         resultText(check)};
+    QStringList parts = {timeText(check), textLanguage().toLower(statusWord(status)),
+                         codeText(check), resultText(check)};
     parts.removeAll(QString());
     return parts.join(QLatin1String(", "));
 }

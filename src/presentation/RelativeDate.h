@@ -13,8 +13,7 @@ namespace ostrel {
 ///
 /// The largest unit that fits is used, and the remainder is dropped. Days, months and years are
 /// those of the calendar in @p timeZone.
-[[nodiscard]] QString relativeDateText(Timestamp timestamp, Timestamp now,
-                                       const QLocale &locale = QLocale(),
+[[nodiscard]] QString relativeDateText(Timestamp timestamp, Timestamp now, const QLocale &locale,
                                        const QTimeZone &timeZone = QTimeZone::systemTimeZone());
 
 } // namespace ostrel

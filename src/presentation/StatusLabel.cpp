@@ -1,7 +1,8 @@
 #include "StatusLabel.h"
 
+#include "TextLanguage.h"
+
 #include <QCoreApplication>
-#include <QLocale>
 
 using namespace Qt::StringLiterals;
 
@@ -33,7 +34,7 @@ QString statusWord(MonitorStatus status)
 
 QString pillWord(MonitorStatus status)
 {
-    return QLocale().toUpper(statusWord(status));
+    return textLanguage().toUpper(statusWord(status));
 }
 
 QString statusSymbol(MonitorStatus status)

@@ -2,6 +2,7 @@
 
 #include "DisplayFormats.h"
 #include "LocalClock.h"
+#include "TextLanguage.h"
 
 #include <algorithm>
 #include <array>
@@ -87,7 +88,7 @@ Marks bestMarks(Timestamp first, Timestamp last, const QTimeZone &timeZone)
 QString labelOf(const QDateTime &time, minutes step, const QLocale &locale)
 {
     if (time.time() == QTime(0, 0))
-        return locale.toString(time.date(), u"ddd d"_s);
+        return textLanguage().toString(time.date(), u"ddd d"_s);
     const QString pattern = step < 1h ? clockTimePattern(locale) : fullHourPattern(locale);
     return locale.toString(time.time(), pattern);
 }

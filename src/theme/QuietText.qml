@@ -14,6 +14,8 @@ Text {
     anchors.alignWhenCentered: false
     color: Theme.textPrimary
     font: Theme.body
+    // Also for names that are written from right to left: their columns begin at the left.
+    horizontalAlignment: Text.AlignLeft
     elide: Text.ElideRight
     textFormat: Text.PlainText
     lineHeight: ThemeFonts.lineBox(font.pixelSize)

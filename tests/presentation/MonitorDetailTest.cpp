@@ -18,8 +18,7 @@ class MonitorDetailTest : public testing::Test
 protected:
     MonitorDetail detailOf(const Monitor &monitor)
     {
-        return monitorDetail(m_sample.store, monitor,
-                             {m_sample.now, QTimeZone("UTC"), QLocale(u"en_US"_s)});
+        return monitorDetail(m_sample.store, monitor, {m_sample.now, QTimeZone("UTC")});
     }
     static QString textOf(const Statistic &statistic)
     {
@@ -46,6 +45,16 @@ TEST_F(MonitorDetailTest, MonitorAddedAMomentAgoIsPendingAndEmpty)
     EXPECT_EQ(detail.recentCountText, u"0 in 24h"_s);
     EXPECT_TRUE(detail.timeline.isEmpty());
     EXPECT_TRUE(detail.badges.isEmpty());
+}
+
+TEST_F(MonitorDetailTest, TheWordsForATimeAreInTheTextsLanguage)
+{
+    const QLocale before;
+    QLocale::setDefault(QLocale(u"de_DE"_s));
+    const Monitor monitor = m_sample.add(sampleMonitor());
+    m_sample.store.addCheck(upCheck(monitor, sampleNow() - 1min));
+    EXPECT_EQ(detailOf(monitor).lastCheckedText, u"Last checked 1 minute ago"_s);
+    QLocale::setDefault(before);
 }
 
 TEST_F(MonitorDetailTest, PausedMonitorHasTheMoonWhateverItsLastCheckWas)

@@ -397,6 +397,14 @@ TEST(ContextMenuTest, OpensWithItsRowsAndRunsThem)
     EXPECT_EQ(view.evaluate(u"root.objectName"_s), QVariant(u"checked"_s));
 }
 
+TEST(QuietTextTest, ANameFromRightToLeftBeginsAtTheLeft)
+{
+    ThemeView view(QByteArray("QuietText { objectName: 'subject'; width: 200; text: '") +
+                   QByteArray("\xd9\x85\xd8\xaa\xd8\xac\xd8\xb1") + "' }");
+    ASSERT_EQ(view.error(), QString());
+    EXPECT_EQ(view.property("effectiveHorizontalAlignment").toInt(), int(Qt::AlignLeft));
+}
+
 TEST(FieldTest, TabSelectsItsTextAndAClickDoesNot)
 {
     ThemeView view("Field { objectName: 'subject'; width: 200; spokenName: 'Name'; text: 'Shop' }\n"

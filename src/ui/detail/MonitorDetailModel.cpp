@@ -13,7 +13,6 @@ MonitorDetailModel::MonitorDetailModel(const MonitorStore &store, WallClock now,
     , m_store(store)
     , m_now(std::move(now))
     , m_timeZone(timeZone)
-    , m_locale(locale)
     , m_recentChecks(store, timeZone, locale)
 {
     m_timer.setInterval(refreshInterval);
@@ -51,7 +50,7 @@ void MonitorDetailModel::setShown(bool isShown)
 void MonitorDetailModel::refresh()
 {
     const auto monitor = m_store.monitor(m_monitorId);
-    const Viewpoint viewpoint = {.now = m_now(), .timeZone = m_timeZone, .locale = m_locale};
+    const Viewpoint viewpoint = {.now = m_now(), .timeZone = m_timeZone};
     MonitorDetail detail = monitor ? monitorDetail(m_store, *monitor, viewpoint) : MonitorDetail();
     if (m_detail == detail)
         return;

@@ -54,7 +54,6 @@ private:
     const MonitorStore &m_store;
     WallClock m_now;
     QTimeZone m_timeZone;
-    QLocale m_locale;
     QUuid m_monitorId;
     MonitorDetail m_detail;
     RecentChecksModel m_recentChecks;
