@@ -431,6 +431,50 @@ TEST_F(ContentViewTest, TheMenuPausesAndDeletesFromTheKeyboard)
     EXPECT_EQ(pageName(), u"Second"_s) << "the first that remains";
 }
 
+TEST_F(ContentViewTest, TheDeleteKeyDeletesTheSelectedMonitorAndNothingElse)
+{
+    const Monitor first = samples.add(sampleMonitor(u"First"_s));
+    const Monitor second = samples.add(sampleMonitor(u"Second"_s));
+    show();
+    press(Qt::Key_Delete);
+    EXPECT_EQ(samples.store.monitors().size(), 2) << "the dashboard is selected";
+    press(Qt::Key_Down);
+    press(Qt::Key_Delete);
+    EXPECT_FALSE(samples.store.monitor(first.id));
+    EXPECT_EQ(pageName(), u"Second"_s) << "the first that remains";
+    press(Qt::Key_Delete);
+    EXPECT_FALSE(samples.store.monitor(second.id));
+    EXPECT_TRUE(showsDashboard());
+    press(Qt::Key_Delete);
+}
+
+TEST_F(ContentViewTest, AHeldDeleteKeyDeletesOneMonitor)
+{
+    samples.add(sampleMonitor(u"First"_s));
+    samples.add(sampleMonitor(u"Second"_s));
+    show();
+    press(Qt::Key_Down);
+    QTest::keyPress(window, Qt::Key_Delete);
+    for (int repetition = 0; repetition < 3; ++repetition) {
+        QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Delete, {}, QString(), true);
+        QCoreApplication::sendEvent(window, &repeated);
+    }
+    QTest::keyRelease(window, Qt::Key_Delete);
+    EXPECT_EQ(samples.store.monitors().size(), 1);
+}
+
+TEST_F(ContentViewTest, AClickBetweenTwoRowsChangesNothing)
+{
+    samples.add(sampleMonitor(u"First"_s));
+    samples.add(sampleMonitor(u"Second"_s));
+    show();
+    click(*row(0));
+    ASSERT_EQ(pageName(), u"First"_s);
+    const QPointF below = row(0)->mapToScene(QPointF(50, row(0)->height() + 1));
+    QTest::mouseClick(window, Qt::LeftButton, {}, below.toPoint());
+    EXPECT_EQ(pageName(), u"First"_s);
+}
+
 TEST_F(ContentViewTest, AWebsiteIsAddedFromTheKeyboard)
 {
     QGuiApplication::clipboard()->setText(u"https://a.example/"_s);

@@ -38,6 +38,14 @@ KeyboardItem {
             openMenu(list.currentItem as MonitorRowView, Theme.rowMargin + Theme.rowInset, list.currentItem.height);
     }
 
+    function deleteSelected(): void {
+        if (!selection.showsMonitor)
+            return;
+        const monitorId = selection.monitorId;
+        selection.leave(monitorId);
+        actions.deleteMonitor(monitorId);
+    }
+
     function take(): void {
         forceActiveFocus(Qt.MouseFocusReason);
     }
@@ -48,6 +56,11 @@ KeyboardItem {
     Keys.onDownPressed: walkTo(selection.row + 1)
     Keys.onEscapePressed: walkTo(-1)
     Keys.onMenuPressed: openSelectedMenu()
+    // A held key deletes one monitor, not all.
+    Keys.onDeletePressed: event => {
+        if (!event.isAutoRepeat)
+            deleteSelected();
+    }
     Keys.onPressed: event => {
         event.accepted = true;
         if (event.key === Qt.Key_Home)
@@ -92,7 +105,10 @@ KeyboardItem {
     MouseArea {
         objectName: "emptySpace"
         anchors.fill: list
-        onClicked: {
+        onClicked: mouse => {
+            // Between two rows there is nothing to click.
+            if (mouse.y < list.contentHeight)
+                return;
             root.take();
             root.selection.clear();
         }

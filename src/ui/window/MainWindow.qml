@@ -20,6 +20,7 @@ Window {
         settingsWindow.present();
     }
 
+    objectName: "main"
     title: "Ostrel"
     width: Theme.windowWidth
     height: Theme.windowHeight
