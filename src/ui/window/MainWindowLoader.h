@@ -11,7 +11,7 @@ class QQuickWindow;
 
 namespace ostrel {
 
-struct WindowModels;
+class WindowModels;
 
 /// Creates the main window. Lives on the main thread.
 class MainWindowLoader
