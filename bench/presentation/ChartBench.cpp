@@ -25,6 +25,7 @@ using namespace ostrel;
 using namespace std::chrono_literals;
 
 constexpr QSizeF body(602, 180);
+constexpr QSizeF wideBody(2400, 180);
 constexpr QSizeF row(602, 26);
 constexpr int rounds = 60;
 
@@ -67,21 +68,22 @@ QImage canvas(QSizeF size, double scale)
     return image;
 }
 
-double timeChart(const std::vector<Check> &checks, const ChartStyle &style, double scale)
+double timeChart(const std::vector<Check> &checks, const ChartStyle &style, QSizeF size,
+                 double scale)
 {
-    QImage image = canvas(body, scale);
+    QImage image = canvas(size, scale);
     return best([&] {
-        const auto chart = responseChart(responseSeries(checks), body, labelMetrics(style.font),
+        const auto chart = responseChart(responseSeries(checks), size, labelMetrics(style.font),
                                          QTimeZone("UTC"), QLocale::c());
         QPainter painter(&image);
         paintResponseChart(painter, chart, style);
     });
 }
 
-double timeLayout(const std::vector<Check> &checks, const ChartStyle &style)
+double timeLayout(const std::vector<Check> &checks, const ChartStyle &style, QSizeF size)
 {
     return best([&] {
-        static_cast<void>(responseChart(responseSeries(checks), body, labelMetrics(style.font),
+        static_cast<void>(responseChart(responseSeries(checks), size, labelMetrics(style.font),
                                         QTimeZone("UTC"), QLocale::c()));
     });
 }
@@ -96,14 +98,14 @@ double timeStrip(const std::vector<Check> &checks, double scale)
     });
 }
 
-/// The baseline: one antialiased line of the same width through the same points.
-double timeBareLines(const std::vector<Check> &checks, double scale)
+/// The bare machine: one antialiased line of the same width through the same points.
+double timeBareLines(const std::vector<Check> &checks, QSizeF size, double scale)
 {
     QPolygonF line;
     for (std::size_t i = 0; i < checks.size(); ++i)
-        line.append({body.width() * double(i) / double(checks.size()),
-                     body.height() - checks[i].responseTime / 2});
-    QImage image = canvas(body, scale);
+        line.append({size.width() * double(i) / double(checks.size()),
+                     size.height() - checks[i].responseTime / 2});
+    QImage image = canvas(size, scale);
     return best([&] {
         QPainter painter(&image);
         painter.setRenderHint(QPainter::Antialiasing);
@@ -122,15 +124,17 @@ int main(int argc, char **argv)
     font.setPixelSize(9);
     const ChartStyle style{Qt::darkBlue, Qt::gray, Qt::gray, font};
 
-    std::printf("%-8s %6s %12s %12s %12s %8s\n", "points", "scale", "layout ms", "chart ms",
-                "bare ms", "ratio");
-    for (const int count : {2, 40, 96, 500, 2000}) {
-        for (const double scale : {1.0, 2.0}) {
-            const auto checks = dayOfChecks(count);
-            const double chart = timeChart(checks, style, scale);
-            const double bare = timeBareLines(checks, scale);
-            std::printf("%-8d %6.2f %12.3f %12.3f %12.3f %8.2f\n", count, scale,
-                        timeLayout(checks, style), chart, bare, chart / bare);
+    std::printf("%-8s %6s %6s %12s %12s %12s %8s\n", "points", "width", "scale", "layout ms",
+                "chart ms", "bare ms", "ratio");
+    for (const int count : {2, 40, 96, 220, 221, 500, 2000}) {
+        for (const QSizeF size : {body, wideBody}) {
+            for (const double scale : {1.0, 2.0}) {
+                const auto checks = dayOfChecks(count);
+                const double chart = timeChart(checks, style, size, scale);
+                const double bare = timeBareLines(checks, size, scale);
+                std::printf("%-8d %6.0f %6.2f %12.3f %12.3f %12.3f %8.2f\n", count, size.width(),
+                            scale, timeLayout(checks, style, size), chart, bare, chart / bare);
+            }
         }
     }
     std::printf("\n%-8s %6s %12s\n", "checks", "scale", "strip ms");

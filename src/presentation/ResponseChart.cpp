@@ -1,7 +1,7 @@
 #include "ResponseChart.h"
 
-#include "LineBand.h"
 #include "Monitor.h"
+#include "PointThinning.h"
 #include "TimeAxis.h"
 #include "ValueAxis.h"
 
@@ -19,6 +19,8 @@ constexpr double valueLabelGap = 8;
 constexpr double timeLabelRise = 4;
 constexpr double minLabelGap = 4;
 constexpr double centripetal = 0.5;
+// Of more than two points in such a stretch of the plot, nobody can tell which is which.
+constexpr double thinnedSection = 2;
 
 /// Maps times and values to the plot.
 struct Scales
@@ -73,24 +75,14 @@ Scales makeScales(const ResponseSeries &series, QSizeF size, const LabelMetrics 
     };
 }
 
-/// Whether the points are closer to each other than the line is wide.
-bool isDense(const ResponseChart &chart)
-{
-    const double length = chart.points.back().x() - chart.points.front().x();
-    return length > 0 &&
-           static_cast<double>(chart.points.size()) * ResponseChart::lineWidth > length &&
-           chart.points.size() > ResponseSeries::maxMarkedPoints;
-}
-
 void plotSeries(ResponseChart &chart, const ResponseSeries &series, const Scales &scales)
 {
     chart.points.reserve(series.points.size());
     for (const auto &point : series.points)
         chart.points.emplace_back(scales.x(point.time), scales.y(plottedValue(point)));
-    if (isDense(chart))
-        chart.band = lineBand(chart.points, ResponseChart::lineWidth);
-    else
-        chart.curve = catmullRomCurve(chart.points, centripetal);
+    if (!series.hasMarks())
+        chart.points = thinnedPoints(chart.points, chart.plot.left(), thinnedSection);
+    chart.curve = catmullRomCurve(chart.points, centripetal);
     chart.highest = std::ranges::min(chart.points, {}, &QPointF::y).y();
     if (series.hasMarks())
         chart.marks = chart.points;

@@ -38,14 +38,11 @@ struct ResponseChart
     static constexpr double lineWidth = 2.5;
 
     QRectF plot = {};
-    std::vector<QPointF> points = {}; ///< The series' points.
-    /// From the first point through all others. Empty if they are closer to each other than the
-    /// line is wide: then it only shows as a band.
-    std::vector<BezierSegment> curve = {};
-    std::vector<QPointF> band = {};       ///< The outline of the line if there is no curve.
-    std::vector<QPointF> marks = {};      ///< The centres of the discs.
-    std::vector<double> horizontals = {}; ///< The grid lines' ordinates.
-    std::vector<double> verticals = {};   ///< The grid lines' abscissas.
+    std::vector<QPointF> points = {};      ///< Those of the series that the line goes through.
+    std::vector<BezierSegment> curve = {}; ///< From the first point through all others.
+    std::vector<QPointF> marks = {};       ///< The centres of the discs.
+    std::vector<double> horizontals = {};  ///< The grid lines' ordinates.
+    std::vector<double> verticals = {};    ///< The grid lines' abscissas.
     std::vector<ChartLabel> labels = {};
     double highest = 0; ///< The ordinate of the series' highest point.
 

@@ -1,5 +1,7 @@
 #include "ResponseChartPainter.h"
 
+#include "LineCoverage.h"
+
 #include <QFontMetricsF>
 #include <QLinearGradient>
 #include <QPainter>
@@ -8,7 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <span>
+#include <vector>
 
 namespace ostrel {
 
@@ -23,13 +25,18 @@ constexpr double areaBottomOpacity = 0.02;
 // How far the line may extend beyond the plot: half its width and a little of the curve's
 // overshoot.
 constexpr double overflow = 3;
-// The width of the pieces in which a band is filled: the fastest of those measured.
-constexpr int piecePixels = 32;
+// Stroking more takes several milliseconds, and tens of them if the points are far apart in height.
+constexpr std::size_t maxStrokedPoints = 220;
 
 QColor faded(QColor color, double opacity)
 {
     color.setAlphaF(static_cast<float>(color.alphaF() * opacity));
     return color;
+}
+
+QRectF curveClip(const ResponseChart &chart)
+{
+    return chart.plot.adjusted(-overflow, -overflow, overflow, overflow);
 }
 
 QPainterPath linePath(const ResponseChart &chart)
@@ -84,106 +91,96 @@ void paintGrid(QPainter &painter, const ResponseChart &chart, const QColor &colo
                          shade);
 }
 
-/// The points of a band's upper edge from @p first to before @p last, and those below them.
-struct BandPart
+QLinearGradient areaGradient(const ResponseChart &chart, const QColor &color)
 {
-    std::span<const QPointF> upper;
-    std::span<const QPointF> lower; ///< From right to left.
-};
-
-BandPart bandPart(std::span<const QPointF> band, std::size_t first, std::size_t last)
-{
-    const std::size_t count = last - first;
-    return {.upper = band.subspan(first, count), .lower = band.subspan(band.size() - last, count)};
-}
-
-void addLines(QPainterPath &path, std::span<const QPointF> points)
-{
-    for (const QPointF &point : points)
-        path.lineTo(point);
-}
-
-QPainterPath outline(const BandPart &part)
-{
-    QPainterPath path(part.upper.front());
-    path.reserve(static_cast<int>(part.upper.size() + part.lower.size() + 2));
-    addLines(path, part.upper.subspan(1));
-    addLines(path, part.lower);
-    return path;
-}
-
-QPainterPath outlineDownTo(double baseline, std::span<const QPointF> upper)
-{
-    QPainterPath path(upper.front());
-    path.reserve(static_cast<int>(upper.size() + 4));
-    addLines(path, upper.subspan(1));
-    path.lineTo(upper.back().x(), baseline);
-    path.lineTo(upper.front().x(), baseline);
-    return path;
-}
-
-/// The part of @p band that is visible from @p left to @p right, and a little more at both ends, so
-/// that these are outside whatever the device's rounding.
-BandPart bandBetween(std::span<const QPointF> band, double left, double right)
-{
-    constexpr std::ptrdiff_t surplus = 2;
-    const auto upper = band.first(band.size() / 2);
-    const auto indexOf = [upper](double x) {
-        return std::ranges::lower_bound(upper, x, {}, &QPointF::x) - upper.begin();
-    };
-    const auto first = std::max(std::ptrdiff_t(0), indexOf(left) - surplus);
-    const auto last = std::min(std::ssize(upper), indexOf(right) + surplus);
-    return bandPart(band, static_cast<std::size_t>(first), static_cast<std::size_t>(last));
-}
-
-/// Fills @p band piece by piece, as @p pathOf shapes it.
-///
-/// For every cell that it adds to a row, the rasterizer searches the row's cells from the start: a
-/// ragged outline takes time quadratic in its width. As the pieces are cut at whole pixels of the
-/// device, they give the same picture.
-template<typename PathOf>
-void fillBand(QPainter &painter, const ResponseChart &chart, const QBrush &brush, PathOf pathOf)
-{
-    const std::span<const QPointF> band(chart.band);
-    const double scale = painter.deviceTransform().m11();
-    const double begin = band.front().x();
-    const double end = band[band.size() / 2].x();
-    const auto lastPixel = static_cast<int>(std::ceil(end * scale));
-    for (auto pixel = static_cast<int>(begin * scale); pixel < lastPixel; pixel += piecePixels) {
-        const double left = pixel / scale;
-        const double width = piecePixels / scale;
-        painter.save();
-        painter.setClipRect(QRectF(left, 0, width, chart.plot.bottom() + overflow),
-                            Qt::IntersectClip);
-        painter.fillPath(pathOf(bandBetween(band, left, left + width)), brush);
-        painter.restore();
-    }
-}
-
-void paintArea(QPainter &painter, const ResponseChart &chart, const QColor &color)
-{
-    const double baseline = chart.plot.bottom();
-    QLinearGradient gradient(0, chart.highest, 0, baseline);
+    QLinearGradient gradient(0, chart.highest, 0, chart.plot.bottom());
     gradient.setColorAt(0, faded(color, areaTopOpacity));
     gradient.setColorAt(1, faded(color, areaBottomOpacity));
-    if (chart.band.empty()) {
-        painter.fillPath(areaUnder(linePath(chart), chart), gradient);
-        return;
-    }
-    fillBand(painter, chart, gradient,
-             [baseline](const BandPart &part) { return outlineDownTo(baseline, part.upper); });
+    return gradient;
 }
 
-void paintLine(QPainter &painter, const ResponseChart &chart, const QColor &color)
+void strokeCurve(QPainter &painter, const ResponseChart &chart, const QColor &color)
 {
-    if (!chart.band.empty()) {
-        fillBand(painter, chart, faded(color, lineOpacity), outline);
-        return;
-    }
+    const QPainterPath line = linePath(chart);
+    painter.fillPath(areaUnder(line, chart), areaGradient(chart, color));
     QPen pen(faded(color, lineOpacity), ResponseChart::lineWidth, Qt::SolidLine, Qt::FlatCap,
              Qt::MiterJoin);
     pen.setMiterLimit(miterLimit);
-    painter.strokePath(linePath(chart), pen);
+    painter.strokePath(line, pen);
+}
+
+/// The pixels of a painter's device that a chart's curve may touch.
+class CurvePixels
+{
+public:
+    CurvePixels(QPainter &painter, const QRectF &seen)
+        : m_painter(painter)
+        , m_scale(painter.deviceTransform().m11())
+        , m_area(scaled(seen).toAlignedRect())
+    {
+    }
+
+    [[nodiscard]] double scale() const { return m_scale; }
+    [[nodiscard]] QRect area() const { return m_area; }
+
+    void paint(const PixelCoverage &coverage, const QBrush &brush)
+    {
+        QImage picture = coverage.tinted(rowColors(brush));
+        picture.setDevicePixelRatio(m_scale);
+        m_painter.drawImage(QPointF(m_area.topLeft()) / m_scale, picture);
+    }
+
+private:
+    [[nodiscard]] QRectF scaled(const QRectF &rect) const
+    {
+        return {rect.topLeft() * m_scale, rect.size() * m_scale};
+    }
+
+    /// What @p brush, which is the same along each row, paints there.
+    [[nodiscard]] std::vector<QRgb> rowColors(const QBrush &brush) const
+    {
+        QImage column(1, m_area.height(), QImage::Format_ARGB32_Premultiplied);
+        column.fill(Qt::transparent);
+        QPainter painter(&column);
+        painter.translate(0, -m_area.top());
+        painter.scale(m_scale, m_scale);
+        painter.fillRect(QRectF(0, m_area.top() / m_scale, 1, m_area.height() / m_scale), brush);
+        painter.end();
+        const auto *colors = reinterpret_cast<const QRgb *>(column.constBits());
+        return {colors, colors + m_area.height()};
+    }
+
+    QPainter &m_painter;
+    double m_scale;
+    QRect m_area;
+};
+
+/// @p path, which is one line, as straight stretches in pixels of a device of @p scale.
+QPolygonF flattened(const QPainterPath &path, double scale)
+{
+    // Qt is content with half a pixel.
+    constexpr double precision = 2;
+    const double fine = precision * scale;
+    const QPolygonF line = path.toSubpathPolygons(QTransform::fromScale(fine, fine)).front();
+    return QTransform::fromScale(1 / precision, 1 / precision).map(line);
+}
+
+/// The same picture as that of strokeCurve, but for the rounding of its edges.
+void coverCurve(QPainter &painter, const ResponseChart &chart, const QColor &color)
+{
+    CurvePixels pixels(painter, curveClip(chart));
+    const double scale = pixels.scale();
+    const QPolygonF line = flattened(linePath(chart), scale);
+    pixels.paint(coverageUnder(line, chart.plot.bottom() * scale, pixels.area()),
+                 areaGradient(chart, color));
+    pixels.paint(lineCoverage(line, ResponseChart::lineWidth * scale, pixels.area()),
+                 faded(color, lineOpacity));
+}
+
+void paintCurve(QPainter &painter, const ResponseChart &chart, const QColor &color)
+{
+    const bool isLong = chart.points.size() > maxStrokedPoints;
+    (isLong ? coverCurve : strokeCurve)(painter, chart, color);
 }
 
 void paintMarks(QPainter &painter, const ResponseChart &chart, const QColor &color)
@@ -220,9 +217,8 @@ void paintResponseChart(QPainter &painter, const ResponseChart &chart, const Cha
     painter.setRenderHint(QPainter::Antialiasing);
     paintGrid(painter, chart, style.grid);
     painter.save();
-    painter.setClipRect(chart.plot.adjusted(-overflow, -overflow, overflow, overflow));
-    paintArea(painter, chart, style.line);
-    paintLine(painter, chart, style.line);
+    painter.setClipRect(curveClip(chart));
+    paintCurve(painter, chart, style.line);
     paintMarks(painter, chart, style.line);
     painter.restore();
     paintLabels(painter, chart, style);

@@ -39,7 +39,7 @@ std::vector<Check> dayOfChecks(int count)
     std::vector<Check> checks;
     for (int i = 0; i < count; ++i)
         checks.push_back(
-            upCheck(monitor, sampleNow() - i * (24 * 60min / count), 100 + 2 * i % 165));
+            upCheck(monitor, sampleNow() - i * (24 * 3600s / count), 100 + 2 * i % 165));
     return checks;
 }
 
@@ -56,24 +56,67 @@ bool isFinite(const QPointF &point)
     return std::isfinite(point.x()) && std::isfinite(point.y());
 }
 
-/// The picture of a dense chart whose line is level, without labels and vertical grid lines: every
-/// column of its pixels must be the same.
-QImage levelPicture(double scale)
+/// @p chart without labels and upright grid lines, painted.
+QImage painted(ResponseChart chart, QSizeF size, double scale)
+{
+    chart.verticals.clear();
+    chart.labels.clear();
+    QImage image((size * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(scale);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    paintResponseChart(painter, chart, {.line = Qt::blue, .grid = Qt::gray});
+    return image;
+}
+
+/// The checks of a day, as slow as @p milliseconds says of each.
+template<typename Milliseconds>
+std::vector<Check> dayOfChecks(int count, Milliseconds milliseconds)
 {
     const Monitor monitor = sampleMonitor();
     std::vector<Check> checks;
-    for (int i = 1440; i > 0; --i)
-        checks.push_back(upCheck(monitor, sampleNow() - i * 1min, 100));
-    ResponseChart chart = chartOf(checks);
-    chart.verticals.clear();
-    chart.labels.clear();
-    QImage image((body * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(scale);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    paintResponseChart(painter, chart, {.line = Qt::blue, .grid = Qt::gray});
+    for (int i = 0; i < count; ++i)
+        checks.push_back(
+            upCheck(monitor, sampleNow() - (count - i) * (24 * 3600s / count), milliseconds(i)));
+    return checks;
+}
+
+/// The picture of a chart whose line is level, without its ends: every column of its pixels is to
+/// be the same.
+QImage levelPicture(int count, double scale)
+{
+    const auto chart = chartOf(dayOfChecks(count, [](int) { return 110; }));
     const QRectF inside = chart.plot.adjusted(4, 0, -4, 0);
-    return image.copy(QRectF(inside.topLeft() * scale, inside.size() * scale).toRect());
+    return painted(chart, body, scale)
+        .copy(QRectF(inside.topLeft() * scale, inside.size() * scale).toRect());
+}
+
+int greatestDifference(const QImage &one, const QImage &other)
+{
+    int greatest = 0;
+    for (int y = 0; y < one.height(); ++y) {
+        for (int x = 0; x < one.width(); ++x)
+            greatest =
+                std::max(greatest, std::abs(qRed(one.pixel(x, y)) - qRed(other.pixel(x, y))));
+    }
+    return greatest;
+}
+
+double meanDifference(const QImage &one, const QImage &other)
+{
+    double sum = 0;
+    for (int y = 0; y < one.height(); ++y) {
+        for (int x = 0; x < one.width(); ++x)
+            sum += std::abs(qRed(one.pixel(x, y)) - qRed(other.pixel(x, y)));
+    }
+    return sum / (one.width() * one.height());
+}
+
+/// @p chart, with the same curve but so few points that it is stroked.
+ResponseChart withFewPoints(ResponseChart chart)
+{
+    chart.points = {chart.points.front(), chart.points.back()};
+    return chart;
 }
 
 QRectF boxOf(const ChartLabel &label)
@@ -184,26 +227,102 @@ TEST(ResponseChartTest, FortyPointsAreMarkedAndFortyOneNot)
     EXPECT_TRUE(chartOf(dayOfChecks(41)).marks.empty());
 }
 
-TEST(ResponseChartTest, PointsNearerThanTheLineIsWideAreABand)
+TEST(ResponseChartTest, PointsThatCanBeToldApartAreAllOnTheLine)
 {
-    const auto sparse = chartOf(dayOfChecks(96));
-    EXPECT_EQ(sparse.curve.size(), 95U);
-    EXPECT_TRUE(sparse.band.empty());
-    const auto dense = chartOf(dayOfChecks(1440));
-    EXPECT_TRUE(dense.curve.empty());
-    EXPECT_FALSE(dense.band.empty());
-    EXPECT_EQ(dense.points.size(), 1440U);
+    for (const int count : {2, 41, 220, 221, 288, 560}) {
+        const auto chart = chartOf(dayOfChecks(count));
+        EXPECT_EQ(chart.points.size(), static_cast<std::size_t>(count));
+        EXPECT_EQ(chart.curve.size(), chart.points.size() - 1);
+    }
 }
 
-TEST(ResponseChartTest, BandHasNoSeams)
+TEST(ResponseChartTest, OfMorePointsTheExtremesOfTwoPixelsAreOnTheLine)
+{
+    for (const double width : {600.0, 1000.0, 2400.0}) {
+        const auto chart = chartOf(dayOfChecks(2000), {width, 180});
+        EXPECT_LE(static_cast<double>(chart.points.size()), chart.plot.width() + 2);
+        EXPECT_GT(static_cast<double>(chart.points.size()),
+                  std::min(2000.0, chart.plot.width()) * 0.95);
+        EXPECT_EQ(chart.curve.size(), chart.points.size() - 1);
+        EXPECT_TRUE(std::ranges::is_sorted(chart.points, {}, &QPointF::x));
+        EXPECT_DOUBLE_EQ(chart.points.front().x(), chart.plot.left());
+        EXPECT_DOUBLE_EQ(chart.points.back().x(), chart.plot.right());
+    }
+}
+
+TEST(ResponseChartTest, MarkedPointsAreAllOnTheLine)
+{
+    const Monitor monitor = sampleMonitor();
+    std::vector<Check> checks{upCheck(monitor, sampleNow() - 24h)};
+    for (int i = 0; i < 39; ++i)
+        checks.push_back(upCheck(monitor, sampleNow() + i * 1s, 100 + i));
+    const auto chart = chartOf(checks);
+    EXPECT_EQ(chart.points.size(), 40U);
+    EXPECT_EQ(chart.marks, chart.points);
+}
+
+TEST(ResponseChartTest, SpikeKeepsItsHeight)
+{
+    for (const double width : {600.0, 2400.0}) {
+        // The scale ends at 1000.
+        const auto chart = chartOf(
+            dayOfChecks(2000, [](int i) { return i == 1003 ? 900 : 100 + i % 7; }), {width, 180});
+        const auto spike = std::ranges::min(chart.points, {}, &QPointF::y);
+        EXPECT_DOUBLE_EQ(spike.y(), chart.plot.bottom() - 0.9 * chart.plot.height());
+        EXPECT_NEAR(spike.x(), chart.plot.left() + chart.plot.width() * 1003 / 1999, 0.01);
+
+        const QImage image = painted(chart, {width, 180}, 1);
+        const auto ink = [&](double y) {
+            return 255 - qRed(image.pixel(qRound(spike.x() - 0.5), qRound(y)));
+        };
+        EXPECT_GT(ink(spike.y()), 190) << width;
+        EXPECT_GT(ink(spike.y() + 30), 190) << width;
+        EXPECT_EQ(ink(spike.y() - 4), 0) << width;
+    }
+}
+
+TEST(ResponseChartTest, LineLooksTheSameWhateverItsPointsNumber)
+{
+    for (const double scale : {1.0, 1.25, 2.0}) {
+        const QImage few = levelPicture(220, scale);
+        for (const int count : {221, 288, 560, 563, 2000})
+            EXPECT_LE(greatestDifference(levelPicture(count, scale), few), 4)
+                << count << " at " << scale;
+    }
+}
+
+TEST(ResponseChartTest, LongLineIsPaintedAsItWouldBeStroked)
+{
+    const auto calm = [](int i) { return 200 + 20 * std::sin(i * 0.1) + i % 3; };
+    const auto noisy = [](int i) { return 200 + 90 * std::sin(i * 1.7) + 50 * std::sin(i * 0.3); };
+    for (const int count : {221, 500, 2000}) {
+        for (const double scale : {1.0, 1.25, 2.0}) {
+            for (const auto &checks : {dayOfChecks(count, calm), dayOfChecks(count, noisy)}) {
+                const auto chart = chartOf(checks);
+                ASSERT_GT(chart.points.size(), 220U);
+                const double difference = meanDifference(
+                    painted(chart, body, scale), painted(withFewPoints(chart), body, scale));
+                EXPECT_LT(difference, 3) << count << " at " << scale;
+            }
+        }
+    }
+}
+
+TEST(ResponseChartTest, LongLineHasNoSeams)
 {
     for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
-        const QImage image = levelPicture(scale);
+        const QImage image = levelPicture(1440, scale);
         const QImage column = image.copy(0, 0, 1, image.height());
-        EXPECT_GT(qAlpha(column.pixel(0, column.height() / 2)), 0);
+        EXPECT_LT(qRed(column.pixel(0, column.height() - 4)), 255);
         for (int x = 1; x < image.width(); ++x)
             ASSERT_EQ(image.copy(x, 0, 1, image.height()), column) << x << " at " << scale;
     }
+}
+
+TEST(ResponseChartTest, LongSeriesInABodyWithoutRoomIsPainted)
+{
+    for (const QSizeF size : {QSizeF(1, 1), QSizeF(600, 20), QSizeF(30, 180)})
+        EXPECT_FALSE(painted(chartOf(dayOfChecks(2000), size), size, 1).isNull());
 }
 
 TEST(ResponseChartTest, EqualTimestampsStayFinite)

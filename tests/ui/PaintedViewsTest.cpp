@@ -149,6 +149,28 @@ int columnsWithLine(const QImage &image)
     return count;
 }
 
+/// Five times up and down again.
+std::vector<Check> steepDay(int count)
+{
+    const Monitor monitor = sampleMonitor();
+    std::vector<Check> checks;
+    for (int i = 0; i < count; ++i) {
+        const double wave = std::abs(std::remainder(5.0 * i / (count - 1), 1));
+        checks.push_back(upCheck(monitor, sampleNow() - i * (86400s / count), 1800 * wave));
+    }
+    return checks;
+}
+
+/// How many pixels of the chart's line are above each other, in the middle of a slope.
+int lineThickness(const QImage &image)
+{
+    const int x = image.width() * 285 / 602;
+    int count = 0;
+    for (int y = 0; y < image.height() * 180 / 242; ++y)
+        count += image.pixelColor(x, y).lightness() < 128 ? 1 : 0;
+    return count;
+}
+
 const QColor up = QColor::fromRgbF(0.22F, 0.75F, 0.50F);
 const QColor down = QColor::fromRgbF(0.92F, 0.34F, 0.30F);
 const QColor disc = QColor::fromRgbF(0.16F, 0.20F, 0.52F);
@@ -204,7 +226,20 @@ TEST_F(PaintedViewsTest, LongestSeriesIsPainted)
     EXPECT_GT(countPixels(image, up), 1000);
 }
 
-TEST_F(PaintedViewsTest, WithoutChecksOnlyOneQuietStripIsShown)
+TEST_F(PaintedViewsTest, TheLineIsAsThickWhateverTheNumberOfChecks)
+{
+    show(steepDay(41));
+    const int thickness = lineThickness(grab());
+    EXPECT_GE(thickness, 4);
+    for (const int count : {220, 221, 288, 1000, 2000}) {
+        show(steepDay(count));
+        const QImage image = grab();
+        keep(image, u"steep-%1"_s.arg(count));
+        EXPECT_NEAR(lineThickness(image), thickness, 1) << count;
+    }
+}
+
+TEST_F(PaintedViewsTest, NothingToShowIsOneQuietStrip)
 {
     show({});
     const QImage image = grab();
