@@ -14,7 +14,6 @@ FocusScope {
     readonly property real sheetTop: 20
     readonly property real sheetBottom: 20
     readonly property real sheetGap: 16
-    readonly property real tileGap: 8
     readonly property real footerGap: 8
 
     required property MonitorForm form
@@ -96,54 +95,10 @@ FocusScope {
             width: middle.width - 2 * x
             spacing: root.sheetGap
 
-            Row {
+            FormType {
                 width: parent.width
-                spacing: root.tileGap
-                Accessible.role: Accessible.Grouping
-                Accessible.name: qsTr("Type")
-                Keys.forwardTo: [tileKeys]
-
-                ChoiceKeys {
-                    id: tileKeys
-
-                    choices: tiles
-                }
-
-                Repeater {
-                    id: tiles
-
-                    model: [
-                        {
-                            type: "http",
-                            text: qsTr("Website"),
-                            symbol: "globe"
-                        },
-                        {
-                            type: "port",
-                            text: qsTr("Port"),
-                            symbol: "network"
-                        }
-                    ]
-
-                    Tile {
-                        required property var modelData
-                        required property int index
-
-                        objectName: modelData.type
-                        place: index
-                        count: tiles.count
-                        activeFocusOnTab: index === tileKeys.tabStop
-                        width: (groups.width - root.tileGap) / 2
-                        text: modelData.text
-                        symbol: modelData.symbol
-                        isSelected: root.form.monitorType === modelData.type
-                        onClicked: {
-                            root.form.monitorType = modelData.type;
-                            if (!activeFocus)
-                                address.focusFirst();
-                        }
-                    }
-                }
+                form: root.form
+                onChosenByPointer: address.focusFirst()
             }
 
             FormAddress {
