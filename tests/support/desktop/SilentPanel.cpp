@@ -13,7 +13,10 @@ SilentPanel::SilentPanel(PrivateBus &bus)
 
 SilentPanel::~SilentPanel()
 {
-    QDBusConnection::disconnectFromBus(m_connection.name());
+    // Closed by itself, a connection sometimes leaks its last message: it ends with its bus.
+    m_connection.unregisterService(u"org.kde.StatusNotifierWatcher"_s);
+    m_connection.unregisterObject(u"/"_s, QDBusConnection::UnregisterTree);
+    recover();
 }
 
 void SilentPanel::recover()
