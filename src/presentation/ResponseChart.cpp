@@ -19,7 +19,7 @@ constexpr double valueLabelGap = 8;
 constexpr double timeLabelRise = 4;
 constexpr double minLabelGap = 4;
 constexpr double centripetal = 0.5;
-// Of more than two points in such a stretch of the plot, nobody can tell which is which.
+// Of more than two points in such a stretch of the plot, no one can tell which is which.
 constexpr double thinnedSection = 2;
 
 /// Maps times and values to the plot.

@@ -1,11 +1,11 @@
 import QtQuick
 
-// Has the arrow keys move among choices, and take the one that they reach. Have the `Keys` of what
-// holds the choices forward to it.
+// Lets the arrow keys move among choices and take the one that they reach. The `Keys` of the item
+// that holds the choices forward to it.
 Item {
     id: root
 
-    // Of ChoiceButton.
+    // Repeats a ChoiceButton.
     required property Repeater choices
     readonly property int selected: {
         for (let place = 0; place < choices.count; ++place) {
@@ -18,7 +18,8 @@ Item {
     readonly property int tabStop: Math.max(0, selected)
 
     function move(step: int): void {
-        const next = tabStop + step;
+        // If none is taken, the first one is, whichever arrow is pressed.
+        const next = selected < 0 ? 0 : selected + step;
         if (next < 0 || next >= choices.count)
             return;
         const choice = choices.itemAt(next) as ChoiceButton;

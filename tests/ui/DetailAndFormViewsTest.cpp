@@ -246,6 +246,15 @@ TEST(AddMonitorSheetTest, ArrowsMoveAmongTheChipsWhichAreOneTabStop)
     EXPECT_EQ(page.window().activeFocusItem(), page.item("keyword"));
 }
 
+TEST(AddMonitorSheetTest, IfNoChipIsTakenAnArrowTakesTheFirst)
+{
+    Page page(u"FormPage-website"_s);
+    page.form()->setInterval(77);
+    page.item("30s")->forceActiveFocus(Qt::TabFocusReason);
+    page.press(Qt::Key_Right);
+    EXPECT_EQ(page.form()->interval(), 30);
+}
+
 TEST(AddMonitorSheetTest, AnArrowOnATileSwitchesTheFieldsAndStays)
 {
     Page page(u"FormPage-website"_s);

@@ -29,7 +29,8 @@ public:
     /// How often the page is refreshed as time passes.
     static constexpr std::chrono::milliseconds refreshInterval{1000};
 
-    /// @p store must outlive the model. The page uses the time @p now, @p timeZone and @p locale.
+    /// @p store must outlive the model. The page uses the time @p now and @p timeZone; clock times
+    /// are in the format of @p locale.
     explicit MonitorDetailModel(const MonitorStore &store, WallClock now = systemNow,
                                 const QTimeZone &timeZone = QTimeZone::systemTimeZone(),
                                 const QLocale &locale = QLocale(), QObject *parent = nullptr);

@@ -52,7 +52,7 @@ Window {
         }
     }
 
-    // Behind the open sheet they wait: nobody loses or hides a form that is half filled in.
+    // They are disabled while the sheet is open, so that no half-filled form is lost or hidden.
     Shortcut {
         sequence: "Ctrl+N"
         enabled: !content.hasSheet
