@@ -41,7 +41,8 @@ protected:
 
     PrivateBus m_bus{PrivateBus::Kind::system};
     QDBusConnection m_connection = m_bus.connect();
-    FreedesktopNetworkPresence m_presence{1s};
+    /// Takes an answer for missing only long after a busy computer has given it.
+    FreedesktopNetworkPresence m_presence{1h};
     int m_changes = 0;
 };
 
@@ -86,31 +87,31 @@ TEST_F(FreedesktopNetworkPresenceTest, IsThereWhenNetworkManagerEnds)
 TEST_F(FreedesktopNetworkPresenceTest, IsThereWhenTheBusEnds)
 {
     const FakeNetworkManager manager(m_bus, FakeNetworkManager::asleep);
-    FreedesktopNetworkPresence unhurried(1h);
-    unhurried.follow(m_connection);
-    ASSERT_TRUE(waitFor([&] { return !unhurried.isPresent(); }));
+    m_presence.follow(m_connection);
+    ASSERT_TRUE(becomes(false));
     m_bus.stop();
-    EXPECT_TRUE(waitFor([&] { return unhurried.isPresent(); }));
+    EXPECT_TRUE(becomes(true));
 }
 
 TEST_F(FreedesktopNetworkPresenceTest, IsThereWhenNetworkManagerFallsSilent)
 {
     FakeNetworkManager manager(m_bus, FakeNetworkManager::connecting);
-    m_presence.follow(m_connection);
-    ASSERT_TRUE(becomes(false));
+    FreedesktopNetworkPresence hasty(2s);
+    hasty.follow(m_connection);
+    ASSERT_TRUE(waitFor([&] { return !hasty.isPresent(); }));
     manager.setBehaviour(FakeNetworkManager::Behaviour::hangs);
-    EXPECT_TRUE(becomes(true));
+    EXPECT_TRUE(waitFor([&] { return hasty.isPresent(); }));
 }
 
 TEST_F(FreedesktopNetworkPresenceTest, AsksAgainWhileThereIsNoNetwork)
 {
     FakeNetworkManager manager(m_bus, FakeNetworkManager::disconnected);
-    m_presence.follow(m_connection);
-    ASSERT_TRUE(becomes(false));
-    ASSERT_TRUE(waitFor([&] { return manager.questions() >= 3; }));
-    EXPECT_FALSE(m_presence.isPresent());
+    FreedesktopNetworkPresence hasty(2s);
+    hasty.follow(m_connection);
+    ASSERT_TRUE(waitFor([&] { return manager.questions() >= 2; }));
+    EXPECT_FALSE(hasty.isPresent());
     manager.changeStateSilently(FakeNetworkManager::connectedGlobally);
-    EXPECT_TRUE(becomes(true));
+    EXPECT_TRUE(waitFor([&] { return hasty.isPresent(); }));
 }
 
 TEST_F(FreedesktopNetworkPresenceTest, IsThereIfNetworkManagerFailsOrHangs)

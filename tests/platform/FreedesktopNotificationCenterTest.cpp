@@ -93,7 +93,7 @@ protected:
     PrivateBus m_bus;
     QDBusConnection m_connection = m_bus.connect();
     std::unique_ptr<StubNotificationDaemon> m_daemon;
-    FreedesktopNotificationCenter m_center{200ms};
+    FreedesktopNotificationCenter m_center;
 };
 
 TEST_F(FreedesktopNotificationCenterTest, SendsAllThatTheProtocolAsksFor)
@@ -238,11 +238,13 @@ TEST_F(FreedesktopNotificationCenterTest, StartsOverAfterADaemonThatWasSilent)
 {
     startDaemon({u"body-markup"_s});
     m_daemon->setBehaviour(Behaviour::holds);
-    m_center.add(request(shopDown, u"&1"_s));
+    FreedesktopNotificationCenter impatient{200ms};
+    impatient.follow(m_connection);
+    impatient.add(request(shopDown, u"&1"_s));
     // The call for capabilities times out, and no answer means no markup; then the notification's
     // call times out.
     ASSERT_TRUE(daemonHas(1));
-    m_center.add(request(shopDown, u"&2"_s));
+    impatient.add(request(shopDown, u"&2"_s));
     ASSERT_TRUE(daemonHas(2));
     EXPECT_EQ(bodies(), QStringList({u"&1"_s, u"&2"_s}));
     EXPECT_EQ(replacedIds(), QList<uint>({0, 0}));
