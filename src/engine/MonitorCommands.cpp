@@ -1,5 +1,6 @@
 #include "MonitorCommands.h"
 
+#include "ContinueOn.h"
 #include "MonitorStore.h"
 #include "MonitoringEngine.h"
 
@@ -54,8 +55,15 @@ void MonitorCommands::remove(const QUuid &monitorId)
 
 void MonitorCommands::checkNow(const QUuid &monitorId)
 {
-    if (const auto monitor = m_store.monitor(monitorId))
-        m_engine.checkNow(*monitor);
+    const auto monitor = m_store.monitor(monitorId);
+    if (!monitor || m_checking.contains(monitorId))
+        return;
+    m_checking.insert(monitorId);
+    Q_EMIT checkingChanged(monitorId, true);
+    whenFinished(m_engine.checkNow(*monitor), this, [this, monitorId](const QFuture<void> &) {
+        m_checking.remove(monitorId);
+        Q_EMIT checkingChanged(monitorId, false);
+    });
 }
 
 } // namespace ostrel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QSet>
 #include <QUuid>
 
 namespace ostrel {
@@ -34,12 +35,17 @@ public:
     void resume(const QUuid &monitorId);
     /// Stops the checks and removes the monitor and its history.
     void remove(const QUuid &monitorId);
-    /// Checks once, enabled or not.
+    /// Checks once, enabled or not. Does nothing while the check of an earlier call is running.
     void checkNow(const QUuid &monitorId);
+
+Q_SIGNALS:
+    /// A check of checkNow() has begun or ended.
+    void checkingChanged(const QUuid &monitorId, bool isChecking);
 
 private:
     MonitorStore &m_store;
     MonitoringEngine &m_engine;
+    QSet<QUuid> m_checking; ///< The monitors with a running check of checkNow().
 };
 
 } // namespace ostrel

@@ -84,9 +84,9 @@ void MonitoringEngine::stopMonitoring(const Monitor &monitor)
     Q_EMIT tasksChanged();
 }
 
-void MonitoringEngine::checkNow(const Monitor &monitor)
+QFuture<void> MonitoringEngine::checkNow(const Monitor &monitor)
 {
-    static_cast<void>(runCheck(monitor, Occasion::requested));
+    return runCheck(monitor, Occasion::requested);
 }
 
 void MonitoringEngine::handleResult(const Check &check, const Monitor &monitor)

@@ -67,8 +67,9 @@ public:
     void startMonitoring(const Monitor &monitor);
     /// Stops watching. A check that is running still ends, and is recorded.
     void stopMonitoring(const Monitor &monitor);
-    /// Checks @p monitor at once, enabled or not, independently of its periodic task.
-    void checkNow(const Monitor &monitor);
+    /// Checks @p monitor at once, enabled or not, independently of its periodic task. Finishes once
+    /// the check has ended and is recorded, or is dropped.
+    QFuture<void> checkNow(const Monitor &monitor);
 
     /// Called at the end of every check: records it, counts failures, and sends the notifications
     /// that are due for it. Those about the one response are sent before it is recorded, those

@@ -12,7 +12,7 @@ MonitorListModel::MonitorListModel(const MonitorStore &store, QObject *parent)
     , m_store(store)
 {
     for (const Monitor &monitor : store.monitors())
-        m_entries.push_back({monitor});
+        m_entries.push_back({.monitor = monitor});
     connect(&store, &MonitorStore::monitorsChanged, this, &MonitorListModel::takeMonitors);
     connect(&store, &MonitorStore::checksChanged, this, &MonitorListModel::updateMonitorRows);
 }
@@ -54,6 +54,8 @@ QVariant MonitorListModel::data(const QModelIndex &index, int role) const
         return shown.row.uptimeText;
     case spokenTextRole:
         return shown.row.spokenText;
+    case isCheckingRole:
+        return m_entries[row].isChecking;
     case responseTimeTextRole:
         return shown.card.responseTimeText;
     case cardUptimeTextRole:
@@ -80,6 +82,7 @@ QHash<int, QByteArray> MonitorListModel::roleNames() const
         {resultToneRole, "resultTone"},
         {uptimeTextRole, "uptimeText"},
         {spokenTextRole, "spokenText"},
+        {isCheckingRole, "isChecking"},
         {responseTimeTextRole, "responseTimeText"},
         {cardUptimeTextRole, "cardUptimeText"},
         {cardUptimeToneRole, "cardUptimeTone"},
@@ -97,6 +100,15 @@ QUuid MonitorListModel::monitorIdAt(int row) const
 {
     return row < 0 || row >= rowCount() ? QUuid()
                                         : m_entries[static_cast<std::size_t>(row)].monitor.id;
+}
+
+void MonitorListModel::setChecking(const QUuid &monitorId, bool isChecking)
+{
+    const int row = rowOf(monitorId);
+    if (row < 0)
+        return;
+    m_entries[static_cast<std::size_t>(row)].isChecking = isChecking;
+    announce(static_cast<std::size_t>(row));
 }
 
 void MonitorListModel::refresh()
@@ -152,7 +164,7 @@ void MonitorListModel::takeEdit(std::size_t row, const Monitor &monitor)
     Entry &entry = m_entries[row];
     if (entry.monitor == monitor)
         return;
-    entry = {monitor};
+    entry = {.monitor = monitor, .isChecking = entry.isChecking};
     announce(row);
 }
 

@@ -39,6 +39,7 @@ public:
         resultToneRole,
         uptimeTextRole,
         spokenTextRole,       ///< The row as one sentence.
+        isCheckingRole,       ///< Whether a check that the user has requested is running.
         responseTimeTextRole, ///< On the dashboard's card.
         cardUptimeTextRole,
         cardUptimeToneRole,
@@ -57,6 +58,9 @@ public:
     /// A null id if there is no such row.
     [[nodiscard]] QUuid monitorIdAt(int row) const;
 
+    /// Notes that a check that the user has requested has begun or ended.
+    void setChecking(const QUuid &monitorId, bool isChecking);
+
     /// Recomputes what depends on the current time, for all rows that were shown.
     Q_INVOKABLE void refresh();
 
@@ -71,6 +75,7 @@ private:
     struct Entry
     {
         Monitor monitor = {};
+        bool isChecking = false;
         std::optional<Shown> shown = {}; ///< Absent until it is requested.
     };
 

@@ -11,6 +11,8 @@ BaseButton {
 
     required property string symbol
     property real symbolSize: 16
+    // Whether what the button begins is going on.
+    property bool isBusy: false
 
     implicitWidth: Theme.iconButtonSize
     implicitHeight: Theme.iconButtonSize
@@ -18,9 +20,15 @@ BaseButton {
     contentItem: Item {
         Symbol {
             anchors.centerIn: parent
+            visible: !root.isBusy
             name: root.symbol
             systemSize: root.symbolSize
             color: root.down || root.showsHover ? Theme.textPrimary : Theme.textSecondary
+        }
+
+        PendingRing {
+            anchors.centerIn: parent
+            visible: root.isBusy
         }
     }
 

@@ -144,6 +144,43 @@ TEST_F(MonitorCommandsTest, CheckNowChecksAPausedMonitorTooAndItsResultArrivesTh
     EXPECT_FALSE(isWatched());
 }
 
+TEST_F(MonitorCommandsTest, ACheckOnRequestIsAnnouncedAndNotRepeatedUntilItHasEnded)
+{
+    shop.isEnabled = false;
+    commands.create(shop);
+    QList<bool> announced;
+    QObject::connect(&commands, &MonitorCommands::checkingChanged, &commands,
+                     [&](const QUuid &monitorId, bool isChecking) {
+                         EXPECT_EQ(monitorId, shop.id);
+                         announced += isChecking;
+                     });
+    httpCheck.hold();
+    commands.checkNow(shop.id);
+    commands.checkNow(shop.id);
+    EXPECT_EQ(announced, QList<bool>{true});
+    EXPECT_EQ(httpCheck.runs.size(), 1u);
+
+    httpCheck.finishNext(true);
+    ASSERT_TRUE(waitFor([&] { return announced.size() == 2; }));
+    EXPECT_EQ(announced.last(), false);
+    EXPECT_EQ(store.checks(shop.id).size(), 1u);
+    commands.checkNow(shop.id);
+    EXPECT_EQ(httpCheck.runs.size(), 2u);
+}
+
+TEST_F(MonitorCommandsTest, ACheckOnRequestThatIsCancelledHasEnded)
+{
+    shop.isEnabled = false;
+    commands.create(shop);
+    httpCheck.hold();
+    commands.checkNow(shop.id);
+    httpCheck.cancelNext();
+    EXPECT_TRUE(waitFor([&] {
+        commands.checkNow(shop.id);
+        return httpCheck.runs.size() == 2;
+    }));
+}
+
 TEST_F(MonitorCommandsTest, CommandsForADeletedMonitorDoNothing)
 {
     commands.create(shop);

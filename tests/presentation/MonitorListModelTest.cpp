@@ -166,6 +166,24 @@ TEST_F(MonitorListModelTest, PausingChangesTheRow)
     EXPECT_FALSE(m_model.index(0).data(MonitorListModel::isEnabledRole).toBool());
 }
 
+TEST_F(MonitorListModelTest, ARunningCheckOnRequestIsShownInItsRowUntilItEnds)
+{
+    const auto isChecking = [this](int row) {
+        return m_model.index(row).data(MonitorListModel::isCheckingRole).toBool();
+    };
+    m_model.setChecking(m_monitors[1].id, true);
+    EXPECT_EQ(changedRows(), u"1"_s);
+    Monitor renamed = m_monitors[1];
+    renamed.name = u"D"_s;
+    m_sample.store.updateMonitor(renamed);
+    EXPECT_TRUE(isChecking(1)) << "an edit doesn't end it";
+    EXPECT_FALSE(isChecking(0));
+    m_model.setChecking(m_monitors[1].id, false);
+    EXPECT_FALSE(isChecking(1));
+    m_model.setChecking(QUuid::createUuid(), true);
+    EXPECT_EQ(changedRows(), u"1 1 1"_s);
+}
+
 TEST_F(MonitorListModelTest, RefreshAnnouncesTheRowsThatTimeHasChanged)
 {
     m_sample.store.addCheck(downCheck(m_monitors[0], sampleNow()));

@@ -525,10 +525,41 @@ TEST_F(ContentViewTest, ThePageChecksItsMonitorAndAsksForHelp)
     press(Qt::Key_Down);
     click(*item("checkNow"));
     EXPECT_TRUE(waitFor([&] { return samples.store.checks(shop.id).size() == 1; }));
+    EXPECT_TRUE(waitFor([&] { return !item("checkNow")->property("isBusy").toBool(); }));
     press(Qt::Key_R, Qt::ControlModifier);
     EXPECT_TRUE(waitFor([&] { return samples.store.checks(shop.id).size() == 2; }));
     click(*item("getHelp"));
     EXPECT_EQ(workspace.opened, QStringList{supportAddress().toString()});
+}
+
+TEST_F(ContentViewTest, ACheckOnRequestIsShownOnItsButtonItsRowAndItsMenuUntilItsResultIsThere)
+{
+    const Monitor shop = samples.add(sampleMonitor());
+    samples.store.addCheck(upCheck(shop, samples.now));
+    show();
+    press(Qt::Key_Down);
+    const auto isShown = [this] {
+        const bool onButton = item("checkNow")->property("isBusy").toBool();
+        EXPECT_EQ(find(row(0), u"ring"_s)->isVisible(), onButton);
+        EXPECT_EQ(find(row(0), u"result"_s)->isVisible(), !onButton);
+        return onButton;
+    };
+    EXPECT_FALSE(isShown());
+
+    scripted.httpCheck.hold();
+    click(*item("checkNow"));
+    EXPECT_TRUE(isShown());
+    click(*item("checkNow"));
+    press(Qt::Key_R, Qt::ControlModifier);
+    EXPECT_EQ(scripted.httpCheck.runs.size(), 1u);
+    QTest::mouseClick(window, Qt::RightButton, {}, middleOf(*row(0)));
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_FALSE(samples.store.monitor(shop.id)->isEnabled) << "the entry above can't be chosen";
+
+    scripted.httpCheck.finishNext(true);
+    EXPECT_TRUE(waitFor([&] { return !isShown(); }));
+    EXPECT_EQ(samples.store.checks(shop.id).size(), 2u);
 }
 
 TEST_F(ContentViewTest, TheSplitIsAppliedOnlyIfTheWindowHasRoomForIt)

@@ -53,6 +53,21 @@ TEST_F(MonitorDetailModelTest, ANewCheckIsShownAtOnce)
     EXPECT_EQ(changes.count(), 2);
 }
 
+TEST_F(MonitorDetailModelTest, ARunningCheckOnRequestIsShownOnItsMonitorsPage)
+{
+    QSignalSpy checking(&model, &MonitorDetailModel::isCheckingChanged);
+    model.setChecking(shop.id, true);
+    EXPECT_FALSE(model.isChecking()) << "no page is shown";
+    model.setMonitorId(shop.id);
+    EXPECT_TRUE(model.isChecking());
+    EXPECT_EQ(checking.count(), 2);
+    model.setMonitorId(sample.add(sampleMonitor(u"Other"_s)).id);
+    EXPECT_FALSE(model.isChecking());
+    model.setMonitorId(shop.id);
+    model.setChecking(shop.id, false);
+    EXPECT_FALSE(model.isChecking());
+}
+
 TEST_F(MonitorDetailModelTest, AnotherMonitorsCheckChangesNothing)
 {
     const Monitor other = sample.add(sampleMonitor(u"Other"_s));

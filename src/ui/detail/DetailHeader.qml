@@ -15,6 +15,7 @@ Item {
     required property string name
     required property string address
     required property string url
+    property bool isChecking: false
 
     signal checkNow
     signal editMonitor
@@ -66,6 +67,7 @@ Item {
             objectName: "checkNow"
             symbol: "arrow.trianglehead.clockwise"
             helpText: qsTr("Check now")
+            isBusy: root.isChecking
             onClicked: root.checkNow()
         }
 

@@ -32,6 +32,16 @@ void MonitorDetailModel::setMonitorId(const QUuid &monitorId)
     m_recentChecks.setMonitorId(monitorId);
     refresh();
     Q_EMIT monitorIdChanged();
+    Q_EMIT isCheckingChanged();
+}
+
+void MonitorDetailModel::setChecking(const QUuid &monitorId, bool isChecking)
+{
+    if (isChecking)
+        m_checking.insert(monitorId);
+    else
+        m_checking.remove(monitorId);
+    Q_EMIT isCheckingChanged();
 }
 
 void MonitorDetailModel::setShown(bool isShown)

@@ -4,6 +4,7 @@
 #include "RecentChecksModel.h"
 
 #include <QObject>
+#include <QSet>
 #include <QTimer>
 #include <QUuid>
 #include <QtQml/qqmlregistration.h>
@@ -22,6 +23,8 @@ class MonitorDetailModel : public QObject
     Q_PROPERTY(QUuid monitorId READ monitorId WRITE setMonitorId NOTIFY monitorIdChanged)
     /// Whether the page is visible. Only then it is refreshed as time passes.
     Q_PROPERTY(bool isShown READ isShown WRITE setShown NOTIFY isShownChanged)
+    /// Whether a check of the monitor that the user has requested is running.
+    Q_PROPERTY(bool isChecking READ isChecking NOTIFY isCheckingChanged)
     Q_PROPERTY(ostrel::MonitorDetail detail READ detail NOTIFY detailChanged)
     Q_PROPERTY(ostrel::RecentChecksModel *recentChecks READ recentChecks CONSTANT)
 
@@ -40,6 +43,9 @@ public:
     void setMonitorId(const QUuid &monitorId);
     [[nodiscard]] bool isShown() const { return m_timer.isActive(); }
     void setShown(bool isShown);
+    [[nodiscard]] bool isChecking() const { return m_checking.contains(m_monitorId); }
+    /// Notes that a check that the user has requested, of any monitor, has begun or ended.
+    void setChecking(const QUuid &monitorId, bool isChecking);
     [[nodiscard]] const MonitorDetail &detail() const { return m_detail; }
     [[nodiscard]] RecentChecksModel *recentChecks() { return &m_recentChecks; }
 
@@ -49,6 +55,7 @@ public:
 Q_SIGNALS:
     void monitorIdChanged();
     void isShownChanged();
+    void isCheckingChanged();
     void detailChanged();
 
 private:
@@ -56,6 +63,7 @@ private:
     WallClock m_now;
     QTimeZone m_timeZone;
     QUuid m_monitorId;
+    QSet<QUuid> m_checking;
     MonitorDetail m_detail;
     RecentChecksModel m_recentChecks;
     QTimer m_timer;

@@ -70,6 +70,7 @@ Flickable {
             name: root.detail.name
             address: root.detail.address
             url: root.detail.url
+            isChecking: root.model.isChecking
             onCheckNow: root.checkNow()
             onEditMonitor: root.editMonitor()
             onGetHelp: root.getHelp()

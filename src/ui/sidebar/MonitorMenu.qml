@@ -11,6 +11,7 @@ ContextMenu {
     property MonitorRowView row: null
     property var monitorId
     property bool isMonitorEnabled: true
+    readonly property bool isChecking: row !== null && row.isChecking
     // Null while the menu is closed.
     readonly property MonitorRowView openRow: visible ? row : null
 
@@ -27,7 +28,8 @@ ContextMenu {
 
     ContextMenuItem {
         symbol: "arrow.trianglehead.clockwise"
-        text: qsTr("Check Now")
+        text: root.isChecking ? qsTr("Checking...") : qsTr("Check Now")
+        enabled: !root.isChecking
         onTriggered: root.actions.checkNow(root.monitorId)
     }
 

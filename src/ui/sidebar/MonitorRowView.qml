@@ -15,6 +15,7 @@ SidebarRow {
     readonly property real rowStateHeight: 16
     readonly property real rowDotOverhang: 2
     readonly property real rowDotMargin: 2
+    readonly property bool showsRing: isPending || isChecking
 
     required property int index
     required property var monitorId
@@ -24,6 +25,7 @@ SidebarRow {
     required property string address
     required property int status
     required property bool isPending
+    required property bool isChecking
     required property bool isDown
     required property string resultText
     required property int resultTone
@@ -92,7 +94,7 @@ SidebarRow {
 
         Item {
             anchors.right: parent.right
-            width: root.isPending ? Theme.pendingRingSize : result.implicitWidth
+            width: root.showsRing ? Theme.pendingRingSize : result.implicitWidth
             height: root.rowStateHeight
 
             QuietText {
@@ -100,7 +102,7 @@ SidebarRow {
 
                 objectName: "result"
                 anchors.verticalCenter: parent.verticalCenter
-                visible: !root.isPending
+                visible: !root.showsRing
                 text: root.resultText
                 font: root.isDown ? root.bold9 : Theme.mono
                 color: ToneColors.of(root.resultTone)
@@ -109,7 +111,7 @@ SidebarRow {
             PendingRing {
                 objectName: "ring"
                 anchors.verticalCenter: parent.verticalCenter
-                visible: root.isPending
+                visible: root.showsRing
                 // The row itself has this text.
                 Accessible.ignored: true
             }

@@ -20,6 +20,10 @@ WindowModels::WindowModels(MonitorStore &store, MonitoringEngine &engine,
 {
     connect(&m_form, &MonitorForm::created, &m_commands, &MonitorCommands::create);
     connect(&m_form, &MonitorForm::edited, &m_commands, &MonitorCommands::update);
+    connect(&m_commands, &MonitorCommands::checkingChanged, &m_monitors,
+            &MonitorListModel::setChecking);
+    connect(&m_commands, &MonitorCommands::checkingChanged, &m_detail,
+            &MonitorDetailModel::setChecking);
 }
 
 } // namespace ostrel
