@@ -31,8 +31,9 @@ bool WindowExposure::eventFilter(QObject *watched, QEvent *event)
 
 void WindowExposure::readExposure()
 {
-    const bool isExposed =
-        m_window && m_window->isExposed() && m_window->visibility() != QWindow::Minimized;
+    // A window that is closed is destroyed: its exposure ends afterwards, and without an event.
+    const bool isExposed = m_window && m_window->isVisible() && m_window->isExposed() &&
+                           m_window->visibility() != QWindow::Minimized;
     if (m_isExposed == isExposed)
         return;
     m_isExposed = isExposed;

@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QThread>
 
 #include <gtest/gtest.h>
 
@@ -34,6 +35,27 @@ protected:
             .value_or(QHash<QUuid, std::vector<Check>>())
             .value(monitor.id)
             .size();
+    }
+
+    /// How often the program's main thread has woken up so far.
+    [[nodiscard]] qint64 wakeUps() const
+    {
+        QFile status(u"/proc/%1/status"_s.arg(program.processId()));
+        EXPECT_TRUE(status.open(QIODevice::ReadOnly));
+        const QByteArray text = status.readAll();
+        const QByteArray key = "\nvoluntary_ctxt_switches:";
+        return text.mid(text.indexOf(key) + key.size())
+            .simplified()
+            .split(' ')
+            .first()
+            .toLongLong();
+    }
+    /// How often it wakes up in a second.
+    [[nodiscard]] qint64 wakeUpsInASecond() const
+    {
+        const qint64 before = wakeUps();
+        QThread::sleep(1);
+        return wakeUps() - before;
     }
 
     HostileServer server{answerWith("OK")};
@@ -61,6 +83,21 @@ TEST_F(LifeCycleTest, WatchesAfterItsWindowIsClosedAndASecondStartShowsItAgain)
     EXPECT_TRUE(waitFor([this] { return windows.hasWindow(u"Ostrel"_s); }));
     EXPECT_TRUE(program.isRunning());
     EXPECT_EQ(program.stop(), 0);
+}
+
+TEST_F(LifeCycleTest, NothingMovesWhileTheWindowIsClosed)
+{
+    monitor.url = u"http://127.0.0.1:1/"_s; // Down, which pulses as long as it is seen.
+    monitor.interval = Seconds(3600);
+    ASSERT_TRUE(windows.isReady());
+    program.writeMonitors({monitor});
+    ASSERT_TRUE(program.start());
+    ASSERT_TRUE(waitFor([this] { return checkCount() == 1; }));
+    ASSERT_TRUE(waitFor([this] { return windows.hasWindow(u"Ostrel"_s); }));
+    ASSERT_TRUE(waitFor([this] { return wakeUpsInASecond() > 10; }));
+
+    ASSERT_TRUE(windows.closeWindow(u"Ostrel"_s));
+    EXPECT_TRUE(waitFor([this] { return wakeUpsInASecond() <= 2; }));
 }
 
 TEST_F(LifeCycleTest, WatchesEvenIfItsWindowStartsMinimised)
