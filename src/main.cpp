@@ -152,7 +152,7 @@ private:
         const auto networkPresence = makeNetworkPresence();
         const auto loginItem = makeLoginItem();
         const auto workspace = makeWorkspace();
-        const auto motion = makeMotionPreference();
+        const auto preferences = makeDesktopPreferences();
         const auto statusBarHost = makeStatusBarHost();
 
         CurlNetwork network;
@@ -176,7 +176,7 @@ private:
                           .sleeper = sleeper,
                           .loginItem = *loginItem,
                           .workspace = *workspace,
-                          .motion = *motion,
+                          .preferences = *preferences,
                           .statusBarHost = *statusBarHost,
                           .network = network,
                           .prepareIconThread = &lowerThreadPriority,

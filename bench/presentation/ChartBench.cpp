@@ -74,7 +74,7 @@ double timeChart(const std::vector<Check> &checks, const ChartStyle &style, QSiz
     QImage image = canvas(size, scale);
     return best([&] {
         const auto chart = responseChart(responseSeries(checks), size, labelMetrics(style.font),
-                                         QTimeZone("UTC"), QLocale::c());
+                                         {QTimeZone("UTC"), QLocale::c()});
         QPainter painter(&image);
         paintResponseChart(painter, chart, style);
     });
@@ -84,7 +84,7 @@ double timeLayout(const std::vector<Check> &checks, const ChartStyle &style, QSi
 {
     return best([&] {
         static_cast<void>(responseChart(responseSeries(checks), size, labelMetrics(style.font),
-                                        QTimeZone("UTC"), QLocale::c()));
+                                        {QTimeZone("UTC"), QLocale::c()}));
     });
 }
 
@@ -122,7 +122,8 @@ int main(int argc, char **argv)
     const QGuiApplication application(argc, argv);
     QFont font(u"Lato"_s);
     font.setPixelSize(9);
-    const ChartStyle style{Qt::darkBlue, Qt::gray, Qt::gray, font};
+    const ChartStyle style = {
+        .line = Qt::darkBlue, .grid = Qt::gray, .label = Qt::gray, .font = font};
 
     std::printf("%-8s %6s %6s %12s %12s %12s %8s\n", "points", "width", "scale", "layout ms",
                 "chart ms", "bare ms", "ratio");

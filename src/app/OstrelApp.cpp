@@ -1,10 +1,10 @@
 #include "OstrelApp.h"
 
 #include "ContinueOn.h"
+#include "DesktopPreferences.h"
 #include "FaviconImage.h"
 #include "LoginItem.h"
 #include "MainWindowLoader.h"
-#include "MotionPreference.h"
 #include "NotificationCenter.h"
 
 #include <QCoreApplication>
@@ -57,11 +57,14 @@ bool OstrelApp::show()
     if (!window)
         return false;
 
-    const auto takeMotion = [this, window] {
-        window->setProperty("reducedMotion", m_services.motion.isReduced());
+    const auto takePreferences = [this, window] {
+        const DesktopPreferences::Values &wanted = m_services.preferences.values();
+        window->setProperty("reducedMotion", wanted.isMotionReduced);
+        window->setProperty("highContrast", wanted.isContrastHigh);
+        m_models.detail()->setCountsToTwelve(wanted.countsToTwelve);
     };
-    takeMotion();
-    connect(&m_services.motion, &MotionPreference::isReducedChanged, window, takeMotion);
+    takePreferences();
+    connect(&m_services.preferences, &DesktopPreferences::valuesChanged, window, takePreferences);
     watchAppearance(*window);
     m_delegate.setMainWindow(window);
     m_delegate.reopen();

@@ -16,11 +16,11 @@ class QQuickWindow;
 
 namespace ostrel {
 
+class DesktopPreferences;
 class FolderOwnership;
 class LoginItem;
 class MainWindowLoader;
 class MonitorCheck;
-class MotionPreference;
 class Network;
 class NetworkPresence;
 class NotificationCenter;
@@ -42,7 +42,7 @@ struct AppServices
     Sleeper &sleeper;
     LoginItem &loginItem;
     Workspace &workspace;
-    MotionPreference &motion;
+    const DesktopPreferences &preferences;
     StatusBarHost &statusBarHost;
     Network &network;                           ///< The source of the sites' icons and titles.
     WorkThread::Work prepareIconThread = {};    ///< Called first on the thread that decodes them.

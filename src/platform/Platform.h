@@ -1,8 +1,8 @@
 #pragma once
 
 #include "ContinuousClock.h"
+#include "DesktopPreferences.h"
 #include "LoginItem.h"
-#include "MotionPreference.h"
 #include "NetworkPresence.h"
 #include "NotificationCenter.h"
 #include "StatusBarHost.h"
@@ -51,6 +51,6 @@ void lowerThreadPriority();
 [[nodiscard]] std::unique_ptr<StatusBarHost> makeStatusBarHost();
 [[nodiscard]] std::unique_ptr<TerminationSignal> makeTerminationSignal();
 [[nodiscard]] std::unique_ptr<Workspace> makeWorkspace();
-[[nodiscard]] std::unique_ptr<MotionPreference> makeMotionPreference();
+[[nodiscard]] std::unique_ptr<DesktopPreferences> makeDesktopPreferences();
 
 } // namespace ostrel

@@ -79,23 +79,28 @@ QString addressText(const QString &url)
     return oneLine(text);
 }
 
-QString clockTimePattern(const QLocale &locale)
+QString clockTimePattern(const ClockStyle &clock)
 {
     // Some locales' short pattern has seconds, and "B" (in the afternoon) isn't supported.
     static const QRegularExpression surplus(u"[:.]ss|B"_s);
-    return locale.timeFormat(QLocale::ShortFormat).remove(surplus);
+    const QString usual = clock.locale.timeFormat(QLocale::ShortFormat).remove(surplus);
+    const bool isTwelve = countsToTwelve(usual);
+    if (clock.countsToTwelve.value_or(isTwelve) == isTwelve)
+        return usual;
+    return isTwelve ? u"HH:mm"_s : u"h:mm AP"_s;
 }
 
-QString fullHourPattern(const QLocale &locale)
+QString fullHourPattern(const ClockStyle &clock)
 {
     static const QRegularExpression minutes(u"[^\\w\\s]?mm"_s);
-    QString pattern = clockTimePattern(locale);
+    QString pattern = clockTimePattern(clock);
     return countsToTwelve(pattern) ? pattern.remove(minutes) : pattern;
 }
 
-QString clockTimeText(Timestamp timestamp, const QTimeZone &timeZone, const QLocale &locale)
+QString clockTimeText(Timestamp timestamp, const ClockStyle &clock)
 {
-    return locale.toString(onClocksOf(timeZone, timestamp).time(), clockTimePattern(locale));
+    return clock.locale.toString(onClocksOf(clock.timeZone, timestamp).time(),
+                                 clockTimePattern(clock));
 }
 
 } // namespace ostrel

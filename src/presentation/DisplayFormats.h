@@ -1,10 +1,9 @@
 #pragma once
 
+#include "ClockStyle.h"
 #include "Monitor.h"
 
-#include <QLocale>
 #include <QString>
-#include <QTimeZone>
 
 namespace ostrel {
 
@@ -33,13 +32,11 @@ namespace ostrel {
 /// An address on one line, without its scheme, and without slashes at its ends.
 [[nodiscard]] QString addressText(const QString &url);
 
-/// The locale's pattern for hour and minute, in the format of QLocale::toString().
-[[nodiscard]] QString clockTimePattern(const QLocale &locale);
-/// The locale's pattern for a full hour: "h AP" if it has a 12-hour clock, otherwise with minutes.
-[[nodiscard]] QString fullHourPattern(const QLocale &locale);
+/// The pattern for hour and minute, in the format of QLocale::toString().
+[[nodiscard]] QString clockTimePattern(const ClockStyle &clock);
+/// The pattern for a full hour: "h AP" if the clock counts to twelve, otherwise with minutes.
+[[nodiscard]] QString fullHourPattern(const ClockStyle &clock);
 /// The time of day: "3:42 PM", "15:42".
-[[nodiscard]] QString clockTimeText(Timestamp timestamp,
-                                    const QTimeZone &timeZone = QTimeZone::systemTimeZone(),
-                                    const QLocale &locale = QLocale());
+[[nodiscard]] QString clockTimeText(Timestamp timestamp, const ClockStyle &clock);
 
 } // namespace ostrel

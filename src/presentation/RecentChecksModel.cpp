@@ -7,6 +7,7 @@
 #include "TextLanguage.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace ostrel {
 
@@ -32,12 +33,10 @@ QString resultText(const Check &check)
 
 } // namespace
 
-RecentChecksModel::RecentChecksModel(const MonitorStore &store, const QTimeZone &timeZone,
-                                     const QLocale &locale, QObject *parent)
+RecentChecksModel::RecentChecksModel(const MonitorStore &store, ClockStyle clock, QObject *parent)
     : QAbstractListModel(parent)
     , m_store(store)
-    , m_timeZone(timeZone)
-    , m_locale(locale)
+    , m_clock(std::move(clock))
 {
     connect(&store, &MonitorStore::checksChanged, this, [this](const QUuid &changedId) {
         if (changedId == m_monitorId)
@@ -51,6 +50,15 @@ void RecentChecksModel::setMonitorId(const QUuid &monitorId)
         return;
     m_monitorId = monitorId;
     takeChecks();
+}
+
+void RecentChecksModel::setClock(const ClockStyle &clock)
+{
+    if (m_clock == clock)
+        return;
+    m_clock = clock;
+    if (rowCount() > 0)
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1), {timeTextRole, spokenTextRole});
 }
 
 int RecentChecksModel::rowCount(const QModelIndex &parent) const
@@ -145,7 +153,7 @@ void RecentChecksModel::insertAtTop(std::vector<Check>::const_iterator begin,
 
 QString RecentChecksModel::timeText(const Check &check) const
 {
-    return clockTimeText(check.timestamp, m_timeZone, m_locale);
+    return clockTimeText(check.timestamp, m_clock);
 }
 
 QString RecentChecksModel::spokenText(const Check &check) const

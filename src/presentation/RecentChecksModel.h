@@ -1,11 +1,10 @@
 #pragma once
 
 #include "Check.h"
+#include "ClockStyle.h"
 #include "Tone.h"
 
 #include <QAbstractListModel>
-#include <QLocale>
-#include <QTimeZone>
 
 #include <span>
 #include <vector>
@@ -35,13 +34,13 @@ public:
 
     static constexpr std::size_t maxRows = 20;
 
-    /// @p store must outlive the model. Times of day are in @p timeZone and @p locale.
-    explicit RecentChecksModel(const MonitorStore &store,
-                               const QTimeZone &timeZone = QTimeZone::systemTimeZone(),
-                               const QLocale &locale = QLocale(), QObject *parent = nullptr);
+    /// @p store must outlive the model. Times of day are those of @p clock.
+    explicit RecentChecksModel(const MonitorStore &store, ClockStyle clock = {},
+                               QObject *parent = nullptr);
 
     /// A null or unknown id gives an empty list.
     void setMonitorId(const QUuid &monitorId);
+    void setClock(const ClockStyle &clock);
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
@@ -59,8 +58,7 @@ private:
     [[nodiscard]] QString spokenText(const Check &check) const;
 
     const MonitorStore &m_store;
-    QTimeZone m_timeZone;
-    QLocale m_locale;
+    ClockStyle m_clock;
     QUuid m_monitorId;
     std::vector<Check> m_checks; ///< Newest first.
 };

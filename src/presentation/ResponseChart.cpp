@@ -119,7 +119,7 @@ void addTimeAxis(ResponseChart &chart, const Scales &scales, QSizeF size,
 } // namespace
 
 ResponseChart responseChart(const ResponseSeries &series, QSizeF size, const LabelMetrics &metrics,
-                            const QTimeZone &timeZone, const QLocale &locale)
+                            const ClockStyle &clock)
 {
     if (!series.isPlottable())
         return {};
@@ -127,8 +127,7 @@ ResponseChart responseChart(const ResponseSeries &series, QSizeF size, const Lab
     ResponseChart chart{.plot = scales.plot};
     plotSeries(chart, series, scales);
     addValueAxis(chart, scales, metrics);
-    addTimeAxis(chart, scales, size, metrics,
-                timeTicks(scales.first, scales.last, timeZone, locale));
+    addTimeAxis(chart, scales, size, metrics, timeTicks(scales.first, scales.last, clock));
     return chart;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CatmullRom.h"
+#include "ClockStyle.h"
 #include "ResponseSeries.h"
 
 #include <QLocale>
@@ -52,7 +53,6 @@ struct ResponseChart
 /// The chart of @p series in a body of @p size. Labels never overlap and never extend beyond the
 /// body: those that would are left out.
 [[nodiscard]] ResponseChart responseChart(const ResponseSeries &series, QSizeF size,
-                                          const LabelMetrics &metrics, const QTimeZone &timeZone,
-                                          const QLocale &locale);
+                                          const LabelMetrics &metrics, const ClockStyle &clock);
 
 } // namespace ostrel

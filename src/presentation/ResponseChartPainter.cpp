@@ -16,7 +16,6 @@ namespace ostrel {
 
 namespace {
 
-constexpr double gridWidth = 0.4;
 constexpr double lineOpacity = 0.85;
 constexpr double miterLimit = 10;
 constexpr double markRadius = 2.25;
@@ -60,13 +59,14 @@ QPainterPath areaUnder(QPainterPath path, const ResponseChart &chart)
 /// A thin line in whole pixels of the device; its excess width is compensated by a lower opacity.
 struct Hairline
 {
-    explicit Hairline(double deviceScale)
+    Hairline(double width, double deviceScale)
         : scale(deviceScale)
-        , pixels(std::max(1.0, std::round(gridWidth * deviceScale)))
+        , wanted(width * deviceScale)
+        , pixels(std::max(1.0, std::round(wanted)))
     {
     }
 
-    [[nodiscard]] double opacity() const { return std::min(1.0, gridWidth * scale / pixels); }
+    [[nodiscard]] double opacity() const { return std::min(1.0, wanted / pixels); }
     [[nodiscard]] double thickness() const { return pixels / scale; }
     /// The near edge of the line with its middle at @p position.
     [[nodiscard]] double edge(double position) const
@@ -75,13 +75,14 @@ struct Hairline
     }
 
     double scale;
+    double wanted; ///< The width in pixels of the device, which may be a fraction.
     double pixels;
 };
 
-void paintGrid(QPainter &painter, const ResponseChart &chart, const QColor &color)
+void paintGrid(QPainter &painter, const ResponseChart &chart, const ChartStyle &style)
 {
-    const Hairline hairline(painter.deviceTransform().m11());
-    const QColor shade = faded(color, hairline.opacity());
+    const Hairline hairline(style.gridWidth, painter.deviceTransform().m11());
+    const QColor shade = faded(style.grid, hairline.opacity());
     const QRectF &plot = chart.plot;
     for (const double x : chart.verticals)
         painter.fillRect(QRectF(hairline.edge(x), plot.top(), hairline.thickness(), plot.height()),
@@ -215,7 +216,7 @@ void paintResponseChart(QPainter &painter, const ResponseChart &chart, const Cha
     if (chart.isEmpty())
         return;
     painter.setRenderHint(QPainter::Antialiasing);
-    paintGrid(painter, chart, style.grid);
+    paintGrid(painter, chart, style);
     painter.save();
     painter.setClipRect(curveClip(chart));
     paintCurve(painter, chart, style.line);

@@ -14,6 +14,7 @@ struct ChartStyle
 {
     QColor line = {}; ///< For the line, the area under it and the discs.
     QColor grid = {};
+    double gridWidth = 0.4; ///< In device-independent pixels.
     QColor label = {};
     QFont font = {};
 };

@@ -85,24 +85,23 @@ Marks bestMarks(Timestamp first, Timestamp last, const QTimeZone &timeZone)
     return best;
 }
 
-QString labelOf(const QDateTime &time, minutes step, const QLocale &locale)
+QString labelOf(const QDateTime &time, minutes step, const ClockStyle &clock)
 {
     if (time.time() == QTime(0, 0))
         return textLanguage().toString(time.date(), u"ddd d"_s);
-    const QString pattern = step < 1h ? clockTimePattern(locale) : fullHourPattern(locale);
-    return locale.toString(time.time(), pattern);
+    const QString pattern = step < 1h ? clockTimePattern(clock) : fullHourPattern(clock);
+    return clock.locale.toString(time.time(), pattern);
 }
 
 } // namespace
 
-std::vector<TimeTick> timeTicks(Timestamp first, Timestamp last, const QTimeZone &timeZone,
-                                const QLocale &locale)
+std::vector<TimeTick> timeTicks(Timestamp first, Timestamp last, const ClockStyle &clock)
 {
-    const Marks marks = bestMarks(first, last, timeZone);
+    const Marks marks = bestMarks(first, last, clock.timeZone);
     std::vector<TimeTick> ticks;
     ticks.reserve(marks.times.size());
     for (const QDateTime &time : marks.times)
-        ticks.push_back({timestampOf(time), labelOf(time, marks.step, locale)});
+        ticks.push_back({timestampOf(time), labelOf(time, marks.step, clock)});
     return ticks;
 }
 

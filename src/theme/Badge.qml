@@ -21,7 +21,7 @@ Item {
         anchors.fill: parent
         radius: height / 2
         color: Theme.surface
-        edge: Qt.alpha(Theme.accent, 0.08)
+        edge: Theme.faint(Theme.accent, 0.08)
     }
 
     Symbol {

@@ -9,8 +9,8 @@ import Ostrel.Theme
 T.TextField {
     id: root
 
-    readonly property color fieldEdge: Qt.alpha(Theme.accent, 0.14)
-    readonly property color fieldEdgeHover: Qt.alpha(Theme.accent, 0.28)
+    readonly property color fieldEdge: Theme.faint(Theme.accent, 0.14)
+    readonly property color fieldEdgeHover: Theme.faint(Theme.accent, 0.28)
     readonly property real caretWidth: 1.5
 
     required property string spokenName
@@ -38,7 +38,7 @@ T.TextField {
     verticalAlignment: TextInput.AlignVCenter
     font: Theme.body
     color: Theme.textPrimary
-    placeholderTextColor: Qt.alpha(Theme.ink, 0.35)
+    placeholderTextColor: Theme.faint(Theme.ink, 0.35)
     selectionColor: Theme.textSelection
     selectedTextColor: Theme.textPrimary
     selectByMouse: true

@@ -6,5 +6,5 @@ import Ostrel.Theme
 EdgedBox {
     radius: 9
     color: Theme.surface
-    edge: Qt.alpha(Theme.accent, 0.14)
+    edge: Theme.faint(Theme.accent, 0.14)
 }

@@ -68,7 +68,7 @@ T.ScrollBar {
             width: root.thickness
             height: parent.height
             radius: root.thickness / 2
-            color: Qt.alpha(Theme.ink, root.showsHover ? 0.30 : 0.18)
+            color: Theme.faint(Theme.ink, root.showsHover ? 0.30 : 0.18)
         }
     }
 }

@@ -14,7 +14,7 @@ PendingArc {
     implicitWidth: Theme.pendingRingSize
     implicitHeight: Theme.pendingRingSize
     trackColor: Qt.alpha(Theme.ink, 0.12)
-    arcColor: Qt.alpha(Theme.ink, 0.50)
+    arcColor: Theme.faint(Theme.ink, 0.50)
     stroke: 2
     Accessible.role: Accessible.ProgressBar
     Accessible.name: qsTr("Checking...")

@@ -7,7 +7,7 @@ EdgedBox {
     id: root
 
     readonly property color quietFill: Qt.alpha(Theme.ink, 0.03)
-    readonly property color quietEdge: Qt.alpha(Theme.ink, 0.08)
+    readonly property color quietEdge: Theme.faint(Theme.ink, 0.08)
     readonly property color quietHover: Qt.alpha(Theme.ink, 0.06)
     readonly property color quietPressed: Qt.alpha(Theme.ink, 0.10)
 

@@ -6,7 +6,7 @@ import Ostrel.Theme
 ChoiceButton {
     id: root
 
-    readonly property color segmentEdge: Qt.alpha(Theme.accent, 0.08)
+    readonly property color segmentEdge: Theme.faint(Theme.accent, 0.08)
 
     horizontalPadding: 14
     implicitHeight: Theme.segmentHeight - 2 * Theme.segmentInset

@@ -11,6 +11,8 @@ QtObject {
 
     // Set by the application from the desktop's setting: nothing moves unless the user moves it.
     property bool reducedMotion: false
+    // Set by the application from the desktop's setting: faint texts and edges are easy to see.
+    property bool highContrast: false
 
     // Palette
     readonly property color background: Qt.rgba(1.0, 0.94, 0.90, 1.0)
@@ -19,13 +21,13 @@ QtObject {
     readonly property color accentPressed: Qt.rgba(0.12, 0.16, 0.44, 1.0)
     readonly property color ink: Qt.rgba(0.12, 0.12, 0.22, 1.0)
     readonly property color textPrimary: ink
-    readonly property color textSecondary: Qt.alpha(ink, 0.50)
-    readonly property color textTertiary: Qt.alpha(ink, 0.25)
-    readonly property color hairline: Qt.alpha(accent, 0.06)
+    readonly property color textSecondary: faint(ink, 0.50)
+    readonly property color textTertiary: faint(ink, 0.25)
+    readonly property color hairline: faint(accent, 0.06)
     readonly property color statusUp: Qt.rgba(0.22, 0.75, 0.50, 1.0)
     readonly property color statusDown: ThemeColors.statusDown
     readonly property color warning: Qt.rgba(0.96, 0.56, 0.30, 1.0)
-    readonly property color statusMuted: Qt.alpha(ink, 0.25)
+    readonly property color statusMuted: faint(ink, 0.25)
 
     readonly property color accentText: "white" // On the accent
     readonly property color none: "transparent"
@@ -126,6 +128,12 @@ QtObject {
         default:
             return root.statusMuted;
         }
+    }
+
+    // The ink or the accent as the colour of a text, an edge or a grid that stays behind others. With
+    // high contrast, its ratio to every ground is 4.5 at least, as WCAG 2.2 asks of texts (1.4.3).
+    function faint(base: color, opacity: real): color {
+        return Qt.alpha(base, highContrast ? Math.max(opacity, 0.78) : opacity);
     }
 
     // A colour at a fraction of its own opacity.

@@ -6,7 +6,7 @@ import Ostrel.Theme
 BaseButton {
     id: root
 
-    readonly property color toggleOff: Qt.alpha(Theme.ink, 0.14)
+    readonly property color toggleOff: Theme.faint(Theme.ink, 0.14)
     readonly property real toggleWidth: 36
     readonly property real toggleHeight: 20
     readonly property real toggleKnob: 16

@@ -17,6 +17,6 @@ FaviconImage {
     implicitHeight: size
     radius: size * root.siteIconRadiusShare
     letterSize: size * root.siteIconLetterShare
-    letterColor: Qt.alpha(Theme.accent, 0.50)
+    letterColor: Theme.faint(Theme.accent, 0.50)
     plateColor: Qt.alpha(Theme.accent, 0.08)
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ClockStyle.h"
 #include "DetailBadges.h"
 #include "MonitorDetail.h"
 #include "MonitorListModel.h"
@@ -64,6 +65,13 @@ struct MonitorDetailForeign
     Q_GADGET
     QML_FOREIGN(ostrel::MonitorDetail)
     QML_VALUE_TYPE(monitorDetail)
+};
+
+struct ClockStyleForeign
+{
+    Q_GADGET
+    QML_FOREIGN(ostrel::ClockStyle)
+    QML_VALUE_TYPE(clockStyle)
 };
 
 struct ResponseSeriesForeign

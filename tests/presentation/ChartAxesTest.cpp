@@ -73,7 +73,7 @@ TEST_P(TimeAxisTest, HasAboutFiveRoundTimes)
     QStringList labels;
     for (const auto &tick :
          timeTicks(*parseTimestamp(c.first), *parseTimestamp(c.last),
-                   QTimeZone(QByteArray(c.timeZone)), QLocale(QLatin1String(c.locale))))
+                   {QTimeZone(QByteArray(c.timeZone)), QLocale(QLatin1String(c.locale))}))
         labels += tick.label;
     EXPECT_EQ(labels.join(QLatin1String(" | ")), QString::fromUtf8(c.labels));
 }
@@ -113,7 +113,7 @@ TEST(TimeAxisSpanTest, EnormousSpanHasFewMarks)
 {
     const auto ticks =
         timeTicks(*parseTimestamp("2026-11-20T10:00:00Z"), *parseTimestamp("9999-12-31T23:59:59Z"),
-                  QTimeZone("UTC"), QLocale::c());
+                  {QTimeZone("UTC"), QLocale::c()});
     EXPECT_GE(ticks.size(), 4U);
     EXPECT_LE(ticks.size(), 6U);
 }

@@ -140,9 +140,9 @@ TEST_P(ClockFormatTest, FollowsTheLocaleWithoutSeconds)
     const auto &c = GetParam();
     const QLocale locale{QLatin1String(c.locale)};
     const auto instant = *parseTimestamp("2026-11-20T14:42:31Z");
-    EXPECT_EQ(clockTimeText(instant, QTimeZone("Europe/Berlin"), locale),
-              QString::fromUtf8(c.text));
-    EXPECT_EQ(fullHourPattern(locale), QLatin1String(c.hourPattern));
+    const ClockStyle clock = {QTimeZone("Europe/Berlin"), locale};
+    EXPECT_EQ(clockTimeText(instant, clock), QString::fromUtf8(c.text));
+    EXPECT_EQ(fullHourPattern(clock), QLatin1String(c.hourPattern));
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, ClockFormatTest,
@@ -152,5 +152,18 @@ INSTANTIATE_TEST_SUITE_P(Table, ClockFormatTest,
                                          ClockCase{"Korean", "ko_KR", "오후 3:42", "AP h"},
                                          ClockCase{"Posix", "C", "15:42", "HH:mm"}),
                          nameOf);
+
+TEST(ClockFormatChoiceTest, TheUsersChoiceOnTheDesktopGoesBeforeTheLocales)
+{
+    const auto instant = *parseTimestamp("2026-11-20T14:42:31Z");
+    const auto shown = [&](const char *locale, bool countsToTwelve) {
+        const ClockStyle clock = {QTimeZone::utc(), QLocale(QLatin1String(locale)), countsToTwelve};
+        return clockTimeText(instant, clock) + u" | "_s + fullHourPattern(clock);
+    };
+    EXPECT_EQ(shown("en_US", false), u"14:42 | HH:mm"_s);
+    EXPECT_EQ(shown("en_US", true), u"2:42 PM | h AP"_s);
+    EXPECT_EQ(shown("fi_FI", false), u"14.42 | H.mm"_s) << "the locale's own";
+    EXPECT_EQ(shown("en_GB", true), u"2:42 PM | h AP"_s);
+}
 
 } // namespace ostrel::test

@@ -33,7 +33,7 @@ protected:
     }
 
     SampleStore m_sample;
-    RecentChecksModel m_model{m_sample.store, QTimeZone("UTC"), QLocale(u"en_US"_s)};
+    RecentChecksModel m_model{m_sample.store, {QTimeZone("UTC"), QLocale(u"en_US"_s)}};
     QAbstractItemModelTester m_tester{&m_model,
                                       QAbstractItemModelTester::FailureReportingMode::Fatal};
     QSignalSpy m_inserted{&m_model, &QAbstractItemModel::rowsInserted};

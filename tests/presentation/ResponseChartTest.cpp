@@ -30,7 +30,7 @@ double widthOf(const QString &text)
 ResponseChart chartOf(const std::vector<Check> &checks, QSizeF size = body,
                       const QLocale &locale = QLocale(u"en_US"_s))
 {
-    return responseChart(responseSeries(checks), size, {widthOf, 6}, QTimeZone("UTC"), locale);
+    return responseChart(responseSeries(checks), size, {widthOf, 6}, {QTimeZone("UTC"), locale});
 }
 
 std::vector<Check> dayOfChecks(int count)

@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 namespace ostrel::test {
@@ -41,6 +44,27 @@ class ThemeFaceTest : public testing::TestWithParam<FaceCase>
 class ThemeLengthTest : public testing::TestWithParam<LengthCase>
 {
 };
+
+class ThemeContrastTest : public testing::TestWithParam<const char *>
+{
+};
+
+/// As WCAG 2.2 defines "relative luminance".
+double luminanceOf(const QColor &color)
+{
+    const auto linear = [](double channel) {
+        return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+           0.0722 * linear(color.blueF());
+}
+
+/// As WCAG 2.2 defines "contrast ratio".
+double contrastOf(const QColor &left, const QColor &right)
+{
+    const auto [darker, lighter] = std::minmax({luminanceOf(left), luminanceOf(right)});
+    return (lighter + 0.05) / (darker + 0.05);
+}
 
 template<typename Case>
 std::string nameOf(const testing::TestParamInfo<Case> &info)
@@ -81,6 +105,26 @@ INSTANTIATE_TEST_SUITE_P(Palette, ThemePaletteTest,
                                          PaletteCase{"warning", 0.96F, 0.56F, 0.30F, 1},
                                          PaletteCase{"statusMuted", 0.12F, 0.12F, 0.22F, 0.25F}),
                          nameOf<PaletteCase>);
+
+TEST_P(ThemeContrastTest, IsEasyToSeeOnEveryGroundIfTheDesktopAsksForHighContrast)
+{
+    ThemeView view("");
+    ASSERT_EQ(view.error(), QString());
+    const QColor usual = view.themeColor(GetParam());
+    (void)view.evaluate(u"Theme.highContrast = true"_s);
+    const QColor color = view.themeColor(GetParam());
+    (void)view.evaluate(u"Theme.highContrast = false"_s);
+    EXPECT_EQ(view.themeColor(GetParam()), usual);
+
+    const QColor background = view.themeColor("background");
+    const QColor pressed = laidOver(background, view.themeColor("accent"), 0.14);
+    for (const QColor &ground : {background, view.themeColor("surface"), pressed})
+        EXPECT_GE(contrastOf(laidOver(ground, color, 1), ground), 4.5);
+}
+
+INSTANTIATE_TEST_SUITE_P(Faint, ThemeContrastTest,
+                         testing::Values("textSecondary", "textTertiary", "hairline",
+                                         "statusMuted"));
 
 TEST_P(ThemeFaceTest, IsExactlyTheNamedFont)
 {

@@ -21,8 +21,9 @@ class MonitorDetailModelTest : public testing::Test
 protected:
     SampleStore sample;
     Monitor shop = sample.add(sampleMonitor());
-    MonitorDetailModel model{sample.store, [this] { return sample.now; }, QTimeZone::utc(),
-                             QLocale(u"en_US"_s)};
+    QTimeZone timeZone = QTimeZone::utc();
+    MonitorDetailModel model{sample.store, [this] { return sample.now; },
+                             [this] { return timeZone; }, QLocale(u"en_US"_s)};
     QSignalSpy changes{&model, &MonitorDetailModel::detailChanged};
 };
 
@@ -66,6 +67,37 @@ TEST_F(MonitorDetailModelTest, ARunningCheckOnRequestIsShownOnItsMonitorsPage)
     model.setMonitorId(shop.id);
     model.setChecking(shop.id, false);
     EXPECT_FALSE(model.isChecking());
+}
+
+TEST_F(MonitorDetailModelTest, TheListAndTheChartFollowTheComputersTimeZoneTogether)
+{
+    sample.store.addCheck(upCheck(shop, *parseTimestamp("2026-11-20T14:42:31Z")));
+    model.setMonitorId(shop.id);
+    const auto timeText = [this] {
+        return model.recentChecks()->index(0).data(RecentChecksModel::timeTextRole).toString();
+    };
+    EXPECT_EQ(timeText(), u"2:42 PM"_s);
+    QSignalSpy clocks(&model, &MonitorDetailModel::clockChanged);
+    timeZone = QTimeZone("Europe/Berlin");
+    model.refresh();
+    EXPECT_EQ(timeText(), u"3:42 PM"_s);
+    EXPECT_EQ(model.clock().timeZone, timeZone);
+    EXPECT_EQ(clocks.count(), 1);
+    model.refresh();
+    EXPECT_EQ(clocks.count(), 1);
+}
+
+TEST_F(MonitorDetailModelTest, TheListAndTheChartFollowTheDesktopsClockFormatTogether)
+{
+    sample.store.addCheck(upCheck(shop, *parseTimestamp("2026-11-20T14:42:31Z")));
+    model.setMonitorId(shop.id);
+    QSignalSpy rows(model.recentChecks(), &RecentChecksModel::dataChanged);
+    model.setCountsToTwelve(false);
+    EXPECT_EQ(model.recentChecks()->index(0).data(RecentChecksModel::timeTextRole), u"14:42"_s);
+    EXPECT_EQ(model.clock().countsToTwelve, std::optional(false));
+    EXPECT_EQ(rows.count(), 1);
+    model.setCountsToTwelve({});
+    EXPECT_EQ(model.recentChecks()->index(0).data(RecentChecksModel::timeTextRole), u"2:42 PM"_s);
 }
 
 TEST_F(MonitorDetailModelTest, AnotherMonitorsCheckChangesNothing)

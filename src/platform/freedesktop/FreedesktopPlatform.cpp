@@ -1,9 +1,9 @@
 #include "ContinueOn.h"
 #include "DetachedThread.h"
 #include "FreedesktopLoginItem.h"
-#include "FreedesktopMotionPreference.h"
 #include "FreedesktopNetworkPresence.h"
 #include "FreedesktopNotificationCenter.h"
+#include "FreedesktopPreferences.h"
 #include "FreedesktopStatusBarHost.h"
 #include "FreedesktopTerminationSignal.h"
 #include "FreedesktopWakeSignal.h"
@@ -172,11 +172,11 @@ std::unique_ptr<Workspace> makeWorkspace()
     return workspace;
 }
 
-std::unique_ptr<MotionPreference> makeMotionPreference()
+std::unique_ptr<DesktopPreferences> makeDesktopPreferences()
 {
-    auto motion = std::make_unique<FreedesktopMotionPreference>();
-    attachToSession(*motion);
-    return motion;
+    auto preferences = std::make_unique<FreedesktopPreferences>();
+    attachToSession(*preferences);
+    return preferences;
 }
 
 } // namespace ostrel

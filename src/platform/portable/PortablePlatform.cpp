@@ -66,9 +66,9 @@ std::unique_ptr<Workspace> makeWorkspace()
 }
 
 // Qt has no function for this.
-std::unique_ptr<MotionPreference> makeMotionPreference()
+std::unique_ptr<DesktopPreferences> makeDesktopPreferences()
 {
-    return std::make_unique<MotionPreference>();
+    return std::make_unique<DesktopPreferences>();
 }
 
 } // namespace ostrel

@@ -8,7 +8,7 @@ CardStyle {
     id: root
 
     readonly property color cardHover: Qt.tint(Theme.surface, Qt.rgba(1, 1, 1, 0.5))
-    readonly property color cardHoverEdge: Qt.alpha(Theme.accent, 0.20)
+    readonly property color cardHoverEdge: Theme.faint(Theme.accent, 0.20)
     readonly property color cardPressed: Qt.tint(Theme.surface, Qt.alpha(Theme.accent, 0.04))
     readonly property real monitorCardGap: 8
     readonly property real monitorCardIconSize: 20

@@ -7,13 +7,14 @@
 namespace ostrel {
 
 MonitorDetailModel::MonitorDetailModel(const MonitorStore &store, WallClock now,
-                                       const QTimeZone &timeZone, const QLocale &locale,
+                                       TimeZoneSource timeZone, const QLocale &locale,
                                        QObject *parent)
     : QObject(parent)
     , m_store(store)
     , m_now(std::move(now))
-    , m_timeZone(timeZone)
-    , m_recentChecks(store, timeZone, locale)
+    , m_timeZone(std::move(timeZone))
+    , m_clock{.timeZone = m_timeZone(), .locale = locale}
+    , m_recentChecks(store, m_clock)
 {
     m_timer.setInterval(refreshInterval);
     connect(&m_timer, &QTimer::timeout, this, &MonitorDetailModel::refresh);
@@ -57,10 +58,29 @@ void MonitorDetailModel::setShown(bool isShown)
     Q_EMIT isShownChanged();
 }
 
+void MonitorDetailModel::setCountsToTwelve(std::optional<bool> countsToTwelve)
+{
+    ClockStyle clock = m_clock;
+    clock.countsToTwelve = countsToTwelve;
+    setClock(clock);
+}
+
+void MonitorDetailModel::setClock(const ClockStyle &clock)
+{
+    if (m_clock == clock)
+        return;
+    m_clock = clock;
+    m_recentChecks.setClock(clock);
+    Q_EMIT clockChanged();
+}
+
 void MonitorDetailModel::refresh()
 {
+    ClockStyle clock = m_clock;
+    clock.timeZone = m_timeZone();
+    setClock(clock);
     const auto monitor = m_store.monitor(m_monitorId);
-    const Viewpoint viewpoint = {.now = m_now(), .timeZone = m_timeZone};
+    const Viewpoint viewpoint = {.now = m_now(), .timeZone = m_clock.timeZone};
     MonitorDetail detail = monitor ? monitorDetail(m_store, *monitor, viewpoint) : MonitorDetail();
     if (m_detail == detail)
         return;

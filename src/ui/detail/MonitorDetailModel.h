@@ -9,6 +9,9 @@
 #include <QUuid>
 #include <QtQml/qqmlregistration.h>
 
+#include <functional>
+#include <optional>
+
 namespace ostrel {
 
 class MonitorStore;
@@ -26,16 +29,20 @@ class MonitorDetailModel : public QObject
     /// Whether a check of the monitor that the user has requested is running.
     Q_PROPERTY(bool isChecking READ isChecking NOTIFY isCheckingChanged)
     Q_PROPERTY(ostrel::MonitorDetail detail READ detail NOTIFY detailChanged)
+    /// That of all times on the page.
+    Q_PROPERTY(ostrel::ClockStyle clock READ clock NOTIFY clockChanged)
     Q_PROPERTY(ostrel::RecentChecksModel *recentChecks READ recentChecks CONSTANT)
 
 public:
     /// How often the page is refreshed as time passes.
     static constexpr std::chrono::milliseconds refreshInterval{1000};
 
-    /// @p store must outlive the model. The page uses the time @p now and @p timeZone; clock times
-    /// are in the format of @p locale.
+    using TimeZoneSource = std::function<QTimeZone()>;
+
+    /// @p store must outlive the model. The page follows the time @p now and the zone that @p
+    /// timeZone reports; clock times are in the format of @p locale.
     explicit MonitorDetailModel(const MonitorStore &store, WallClock now = systemNow,
-                                const QTimeZone &timeZone = QTimeZone::systemTimeZone(),
+                                TimeZoneSource timeZone = QTimeZone::systemTimeZone,
                                 const QLocale &locale = QLocale(), QObject *parent = nullptr);
 
     [[nodiscard]] QUuid monitorId() const { return m_monitorId; }
@@ -47,6 +54,9 @@ public:
     /// Notes that a check that the user has requested, of any monitor, has begun or ended.
     void setChecking(const QUuid &monitorId, bool isChecking);
     [[nodiscard]] const MonitorDetail &detail() const { return m_detail; }
+    [[nodiscard]] const ClockStyle &clock() const { return m_clock; }
+    /// Whether hours count to twelve; absent if as usual in the locale.
+    void setCountsToTwelve(std::optional<bool> countsToTwelve);
     [[nodiscard]] RecentChecksModel *recentChecks() { return &m_recentChecks; }
 
     /// Updates what depends on the current time.
@@ -57,11 +67,15 @@ Q_SIGNALS:
     void isShownChanged();
     void isCheckingChanged();
     void detailChanged();
+    void clockChanged();
 
 private:
+    void setClock(const ClockStyle &clock);
+
     const MonitorStore &m_store;
     WallClock m_now;
-    QTimeZone m_timeZone;
+    TimeZoneSource m_timeZone;
+    ClockStyle m_clock;
     QUuid m_monitorId;
     QSet<QUuid> m_checking;
     MonitorDetail m_detail;

@@ -108,6 +108,7 @@ Flickable {
             ResponseCard {
                 width: parent.width
                 series: root.detail.series
+                clock: root.model.clock
                 hasChecks: root.detail.hasRecentChecks
             }
 

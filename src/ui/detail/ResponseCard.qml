@@ -12,6 +12,7 @@ CardStyle {
     readonly property real chartPlaceholderGap: 10
 
     required property responseSeries series
+    required property clockStyle clock
     required property bool hasChecks
 
     // The same without a chart, so that the first check moves nothing.
@@ -48,8 +49,10 @@ CardStyle {
             anchors.fill: parent
             visible: root.hasChecks && root.series.isPlottable
             series: root.series
+            clock: root.clock
             lineColor: Theme.accent
             gridColor: Theme.statusMuted
+            gridWidth: Theme.highContrast ? 1 : 0.4
             labelColor: Theme.textSecondary
             labelFont: Theme.regular9
         }

@@ -19,6 +19,15 @@ void ResponseChartView::setSeries(const ResponseSeries &series)
     Q_EMIT seriesChanged();
 }
 
+void ResponseChartView::setClock(const ClockStyle &clock)
+{
+    if (m_clock == clock)
+        return;
+    m_clock = clock;
+    polish();
+    Q_EMIT clockChanged();
+}
+
 void ResponseChartView::paint(QPainter *painter)
 {
     paintResponseChart(*painter, m_chart, m_style);
@@ -39,8 +48,7 @@ void ResponseChartView::geometryChange(const QRectF &newGeometry, const QRectF &
 
 void ResponseChartView::updatePolish()
 {
-    m_chart = responseChart(m_series, size(), labelMetrics(m_style.font),
-                            QTimeZone::systemTimeZone(), QLocale());
+    m_chart = responseChart(m_series, size(), labelMetrics(m_style.font), m_clock);
     update();
 }
 

@@ -57,7 +57,7 @@ T.Popup {
     background: EdgedBox {
         radius: root.sheetRadius
         color: Theme.background
-        edge: Qt.alpha(Theme.accent, 0.10)
+        edge: Theme.faint(Theme.accent, 0.10)
     }
 
     // The template doesn't name it.

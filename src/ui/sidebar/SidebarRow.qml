@@ -8,8 +8,8 @@ Item {
 
     readonly property color rowHover: Qt.alpha(Theme.accent, 0.04)
     readonly property color rowPressed: Qt.alpha(Theme.accent, 0.08)
-    readonly property color rowSelectedEdge: Qt.alpha(Theme.accent, 0.14)
-    readonly property color rowSelectedEdgeInactive: Qt.alpha(Theme.accent, 0.06)
+    readonly property color rowSelectedEdge: Theme.faint(Theme.accent, 0.14)
+    readonly property color rowSelectedEdgeInactive: Theme.faint(Theme.accent, 0.06)
     readonly property real selectionBarWidth: 3
     readonly property real selectionBarOffset: 3
 

@@ -114,7 +114,7 @@ FocusScope {
 
         Hairline {
             height: parent.height
-            color: Qt.alpha(Theme.accent, 0.08)
+            color: Theme.faint(Theme.accent, 0.08)
         }
     }
 

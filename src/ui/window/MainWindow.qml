@@ -11,6 +11,8 @@ Window {
     required property WindowModels models
     // If true, nothing moves unless the user moves it.
     property bool reducedMotion: false
+    // If true, nothing that the user may want to read is faint.
+    property bool highContrast: false
     // Null until it is first requested.
     property SettingsWindow settingsWindow: null
 
@@ -27,12 +29,8 @@ Window {
     minimumWidth: Theme.windowMinimumWidth
     minimumHeight: Theme.windowMinimumHeight
     color: Theme.background
-
-    Binding {
-        target: Theme
-        property: "reducedMotion"
-        value: root.reducedMotion
-    }
+    onReducedMotionChanged: Theme.reducedMotion = reducedMotion
+    onHighContrastChanged: Theme.highContrast = highContrast
 
     ContentView {
         id: content

@@ -1,4 +1,4 @@
-#include "FreedesktopMotionPreference.h"
+#include "FreedesktopPreferences.h"
 
 #include "PrivateBus.h"
 #include "WaitFor.h"
@@ -70,76 +70,96 @@ const QString durationFactor = u"AnimationDurationFactor"_s;
 const QString appearance = u"org.freedesktop.appearance"_s;
 const QString reducedMotion = u"reduced-motion"_s;
 
+using Values = DesktopPreferences::Values;
+
 struct SettingCase
 {
     QString group;
     QString key;
     QVariant value;
-    bool isReduced;
+    Values expected;
 };
 
-class MotionSettingTest : public testing::TestWithParam<SettingCase>
+class SettingTest : public testing::TestWithParam<SettingCase>
 {
 };
 
 } // namespace
 
-TEST_P(MotionSettingTest, IsReadAtTheStart)
+TEST_P(SettingTest, IsReadAtTheStart)
 {
     PrivateBus bus;
     const SettingCase &setting = GetParam();
     StubSettingsPortal portal(bus, {{setting.group, {{setting.key, setting.value}}}});
     QDBusConnection connection = bus.connect();
-    FreedesktopMotionPreference preference;
-    preference.follow(connection);
+    FreedesktopPreferences preferences;
+    preferences.follow(connection);
     ASSERT_TRUE(waitFor([&] { return !portal.asked.isEmpty(); }));
     EXPECT_TRUE(portal.asked.contains(setting.group));
     portal.awaitBus();
     // The bus delivers in order: the portal's answer comes before this one.
     (void)connection.interface()->registeredServiceNames();
     QCoreApplication::processEvents();
-    EXPECT_EQ(preference.isReduced(), setting.isReduced);
+    EXPECT_EQ(preferences.values(), setting.expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(Desktops, MotionSettingTest,
-                         testing::Values(SettingCase{gnome, enableAnimations, false, true},
-                                         SettingCase{gnome, enableAnimations, true, false},
-                                         SettingCase{appearance, reducedMotion, 1U, true},
-                                         SettingCase{appearance, reducedMotion, 0U, false},
-                                         SettingCase{kde, durationFactor, u"0"_s, true},
-                                         SettingCase{kde, durationFactor, u"0.5"_s, false},
-                                         SettingCase{kde, durationFactor, u"quick"_s, false},
-                                         SettingCase{kde, u"enable-animations"_s, false, false}));
+INSTANTIATE_TEST_SUITE_P(
+    Motion, SettingTest,
+    testing::Values(SettingCase{gnome, enableAnimations, false, {.isMotionReduced = true}},
+                    SettingCase{gnome, enableAnimations, true, {}},
+                    SettingCase{appearance, reducedMotion, 1U, {.isMotionReduced = true}},
+                    SettingCase{appearance, reducedMotion, 0U, {}},
+                    SettingCase{kde, durationFactor, u"0"_s, {.isMotionReduced = true}},
+                    SettingCase{kde, durationFactor, u"0.5"_s, {}},
+                    SettingCase{kde, durationFactor, u"quick"_s, {}},
+                    SettingCase{kde, u"enable-animations"_s, false, {}}));
 
-TEST(FreedesktopMotionPreferenceTest, FollowsTheDesktop)
+INSTANTIATE_TEST_SUITE_P(
+    Contrast, SettingTest,
+    testing::Values(SettingCase{appearance, u"contrast"_s, 1U, {.isContrastHigh = true}},
+                    SettingCase{appearance, u"contrast"_s, 0U, {}},
+                    SettingCase{appearance, u"contrast"_s, u"1"_s, {}},
+                    SettingCase{u"org.gnome.desktop.a11y.interface"_s,
+                                u"high-contrast"_s,
+                                true,
+                                {.isContrastHigh = true}}));
+
+INSTANTIATE_TEST_SUITE_P(
+    Clock, SettingTest,
+    testing::Values(SettingCase{gnome, u"clock-format"_s, u"12h"_s, {.countsToTwelve = true}},
+                    SettingCase{gnome, u"clock-format"_s, u"24h"_s, {.countsToTwelve = false}},
+                    SettingCase{gnome, u"clock-format"_s, u"decimal"_s, {}},
+                    SettingCase{gnome, u"clock-format"_s, 24, {}}));
+
+TEST(FreedesktopPreferencesTest, FollowsTheDesktop)
 {
     PrivateBus bus;
     StubSettingsPortal portal(bus, {{gnome, {{enableAnimations, false}}}});
-    FreedesktopMotionPreference preference;
-    preference.follow(bus.connect());
+    FreedesktopPreferences preferences;
+    preferences.follow(bus.connect());
     int changes = 0;
-    QObject::connect(&preference, &MotionPreference::isReducedChanged, [&] { ++changes; });
-    ASSERT_TRUE(waitFor([&] { return preference.isReduced(); }));
+    QObject::connect(&preferences, &DesktopPreferences::valuesChanged, [&] { ++changes; });
+    ASSERT_TRUE(waitFor([&] { return preferences.values().isMotionReduced; }));
     portal.change(gnome, enableAnimations, true);
-    EXPECT_TRUE(waitFor([&] { return !preference.isReduced(); }));
+    EXPECT_TRUE(waitFor([&] { return !preferences.values().isMotionReduced; }));
     portal.change(appearance, reducedMotion, 1U);
-    EXPECT_TRUE(waitFor([&] { return preference.isReduced(); }));
+    EXPECT_TRUE(waitFor([&] { return preferences.values().isMotionReduced; }));
     EXPECT_EQ(changes, 3);
 }
 
-TEST(FreedesktopMotionPreferenceTest, IsNotReducedWithoutAPortalOrABus)
+TEST(FreedesktopPreferencesTest, HasTheDefaultsWithoutAPortalOrABus)
 {
     PrivateBus bus;
     QDBusConnection connection = bus.connect();
-    FreedesktopMotionPreference alone;
+    FreedesktopPreferences alone;
     alone.follow(connection);
-    const FreedesktopMotionPreference busless;
+    const FreedesktopPreferences busless;
     (void)connection.interface()->registeredServiceNames();
     QCoreApplication::processEvents();
-    EXPECT_FALSE(alone.isReduced());
-    EXPECT_FALSE(busless.isReduced());
+    EXPECT_EQ(alone.values(), DesktopPreferences::Values());
+    EXPECT_EQ(busless.values(), DesktopPreferences::Values());
 }
 
 } // namespace ostrel::test
 
-#include "FreedesktopMotionPreferenceTest.moc"
+#include "FreedesktopPreferencesTest.moc"
