@@ -78,6 +78,8 @@ T.ComboBox {
         background: MenuSurface {}
 
         contentItem: ListView {
+            id: entries
+
             clip: true
             Accessible.role: Accessible.List
             Accessible.name: root.spokenName
@@ -85,6 +87,7 @@ T.ComboBox {
             model: root.count
             currentIndex: root.highlightedIndex
             boundsBehavior: Flickable.StopAtBounds
+            interactive: !mouse.isPressed
             delegate: PickerItem {
                 required property int index
 
@@ -93,6 +96,12 @@ T.ComboBox {
                 isCurrent: root.currentIndex === index
                 highlighted: root.highlightedIndex === index
                 onClicked: root.choose(index)
+            }
+
+            MousePress {
+                id: mouse
+
+                page: entries
             }
         }
 

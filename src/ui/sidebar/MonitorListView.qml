@@ -127,12 +127,18 @@ KeyboardItem {
         cacheBuffer: 0
         spacing: root.rowSpacing
         // If the list fits, the space under it is left to the area behind it.
-        interactive: contentHeight > height
+        interactive: contentHeight > height && !mouse.isPressed
         boundsBehavior: Flickable.StopAtBounds
         keyNavigationEnabled: false
         highlightMoveDuration: 0
         model: root.monitors
         currentIndex: root.selection.row
+
+        MousePress {
+            id: mouse
+
+            page: list
+        }
 
         delegate: MonitorRowView {
             id: row

@@ -40,18 +40,11 @@ FocusScope {
             sheetState = ContentView.Editing;
     }
 
-    function scrollPages(pages: real): void {
-        if (chosen.showsMonitor)
-            page.scrollPages(pages);
-        else
-            dashboard.scrollPages(pages);
-    }
-
     focus: true
     Keys.onPressed: event => {
-        event.accepted = event.key === Qt.Key_PageUp || event.key === Qt.Key_PageDown;
-        if (event.accepted)
-            scrollPages(event.key === Qt.Key_PageUp ? -1 : 1);
+        event.accepted = false;
+        if (event.key === Qt.Key_PageUp || event.key === Qt.Key_PageDown)
+            (chosen.showsMonitor ? page.keys : dashboard.keys).take(event);
     }
     onSheetStateChanged: {
         if (sheetState === ContentView.Closed)
