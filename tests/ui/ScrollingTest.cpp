@@ -226,6 +226,8 @@ TEST_F(ScrollingTest, AClickedPageScrollsByKeys)
     press(Qt::Key_Down);
     EXPECT_GT(place(), 0);
     EXPECT_EQ(pageName(), u"Shop 1"_s);
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(showsDashboard());
 }
 
 TEST_F(ScrollingTest, TheListLeavesPageUpAndPageDownToThePage)
