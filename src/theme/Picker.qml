@@ -78,16 +78,14 @@ T.ComboBox {
         background: MenuSurface {}
 
         contentItem: ListView {
-            id: entries
-
             clip: true
             Accessible.role: Accessible.List
             Accessible.name: root.spokenName
             implicitHeight: contentHeight
             model: root.count
             currentIndex: root.highlightedIndex
-            boundsBehavior: Flickable.StopAtBounds
-            interactive: !mouse.isPressed
+            // All entries are shown.
+            interactive: false
             delegate: PickerItem {
                 required property int index
 
@@ -96,12 +94,6 @@ T.ComboBox {
                 isCurrent: root.currentIndex === index
                 highlighted: root.highlightedIndex === index
                 onClicked: root.choose(index)
-            }
-
-            MousePress {
-                id: mouse
-
-                page: entries
             }
         }
 

@@ -45,11 +45,6 @@ FocusScope {
             sheetState = ContentView.Editing;
     }
 
-    function takeBackFocus(): void {
-        if (hasLostFocus)
-            sidebar.focusList();
-    }
-
     focus: true
     Keys.onPressed: event => {
         event.accepted = false;
@@ -57,8 +52,6 @@ FocusScope {
             (chosen.showsMonitor ? page.keys : dashboard.keys).take(event);
     }
     Keys.onEscapePressed: chosen.clear()
-    // At this moment the focus may be on its way to another item.
-    onHasLostFocusChanged: Qt.callLater(takeBackFocus)
     onSheetStateChanged: {
         if (sheetState === ContentView.Closed)
             return;
@@ -71,6 +64,13 @@ FocusScope {
         target: root.models.detail
         property: "monitorId"
         value: chosen.monitorId
+    }
+
+    // Waits, because the focus may be on its way to another item.
+    Timer {
+        interval: 0
+        running: root.hasLostFocus
+        onTriggered: sidebar.focusList()
     }
 
     UptimeRefresh {
