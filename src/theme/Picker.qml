@@ -109,6 +109,10 @@ T.ComboBox {
         }
     }
 
+    ReturningFocus {
+        control: root
+    }
+
     FocusRing {
         visible: root.showsFocus && !root.popup.visible
         controlRadius: Theme.cornerRadiusSmall

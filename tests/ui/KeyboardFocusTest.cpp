@@ -143,6 +143,7 @@ TEST_F(KeyboardFocusTest, TheSheetReturnsItToWhereItWas)
         ASSERT_EQ(sheetTitle(), u"Edit Monitor"_s) << place;
         closeSheet();
         EXPECT_TRUE(waitFor([&] { return seenFocus() == item(place); })) << place;
+        EXPECT_TRUE(item(place)->property("visualFocus").toBool()) << place;
     }
 }
 
@@ -186,7 +187,35 @@ TEST_F(KeyboardFocusTest, TheSettingsReturnItToWhereItWas)
         EXPECT_FALSE(settings->isVisible());
         ASSERT_NO_FATAL_FAILURE(activate(*window));
         EXPECT_EQ(seenFocus(), item(place));
+        EXPECT_TRUE(item(place)->property("visualFocus").toBool()) << place;
     }
+}
+
+TEST_F(KeyboardFocusTest, AFocusGivenByThePointerIsNotMarkedWhenItReturns)
+{
+    addTwo();
+    show();
+    press(Qt::Key_Down);
+    item("editMonitor")->forceActiveFocus(Qt::MouseFocusReason);
+    press(Qt::Key_E, Qt::ControlModifier);
+    ASSERT_NO_FATAL_FAILURE(closeSheet());
+    ASSERT_TRUE(waitFor([&] { return seenFocus() == item("editMonitor"); }));
+    EXPECT_FALSE(item("editMonitor")->property("visualFocus").toBool());
+}
+
+TEST_F(KeyboardFocusTest, AFocusGivenByTabAfterThePointerIsMarkedWhenItReturns)
+{
+    addTwo();
+    show();
+    press(Qt::Key_Down);
+    item("editMonitor")->forceActiveFocus(Qt::MouseFocusReason);
+    press(Qt::Key_Tab);
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    ASSERT_EQ(seenFocus(), item("editMonitor"));
+    press(Qt::Key_E, Qt::ControlModifier);
+    ASSERT_NO_FATAL_FAILURE(closeSheet());
+    ASSERT_TRUE(waitFor([&] { return seenFocus() == item("editMonitor"); }));
+    EXPECT_TRUE(item("editMonitor")->property("visualFocus").toBool());
 }
 
 TEST_F(KeyboardFocusTest, APageThatDisappearsBehindTheSettingsGivesItToTheList)

@@ -63,13 +63,14 @@ protected:
     [[nodiscard]] QQuickItem *field() const { return find(page, u"address"_s); }
 
     /// Drags the mouse up over @p target.
-    void drag(const QQuickItem &target)
+    void drag(const QQuickItem &target) { drag(middleOf(target), {0, -10}); }
+    /// Drags the mouse in steps.
+    void drag(QPoint start, QPoint step)
     {
-        const QPoint start = middleOf(target);
         QTest::mousePress(window, Qt::LeftButton, {}, start);
-        for (int distance = 10; distance <= 120; distance += 10)
-            QTest::mouseMove(window, start - QPoint(0, distance));
-        QTest::mouseRelease(window, Qt::LeftButton, {}, start - QPoint(0, 120));
+        for (int count = 1; count <= 12; ++count)
+            QTest::mouseMove(window, start + count * step);
+        QTest::mouseRelease(window, Qt::LeftButton, {}, start + 12 * step);
     }
     void dragFinger(const QQuickItem &target)
     {
@@ -145,6 +146,23 @@ TEST_F(ScrollingTest, TheMouseDragsNoForm)
 {
     showSheet();
     expectOnlyFingerAndWheelScroll(*page);
+}
+
+TEST_F(ScrollingTest, TheMouseStillSelectsTextInAFieldOfTheForm)
+{
+    showSheet();
+    drag(field()->mapToScene({15, field()->height() / 2}).toPoint(), {10, 1});
+    EXPECT_FALSE(field()->property("selectedText").toString().isEmpty());
+    EXPECT_EQ(place(), top());
+}
+
+TEST_F(ScrollingTest, TheMouseStillDragsTheScrollBar)
+{
+    showPage();
+    const QPointF bar(page->width() - 5, 20);
+    drag(page->mapToScene(bar).toPoint(), {0, 10});
+    EXPECT_GT(place(), 0);
+    QTest::mouseMove(window, {5, 5});
 }
 
 TEST_F(ScrollingTest, AWindowThatIsLeftAndEnteredKeepsThePagesPlace)
