@@ -191,6 +191,41 @@ TEST_F(KeyboardFocusTest, TheSettingsReturnItToWhereItWas)
     }
 }
 
+TEST_F(KeyboardFocusTest, AMonitorThatDisappearsUnderItsMenuLeavesItOnTheList)
+{
+    addTwo();
+    show();
+    press(Qt::Key_Down);
+    press(Qt::Key_Menu);
+    ASSERT_TRUE(row(0)->property("hasMenu").toBool());
+    samples.store.deleteMonitor(first.id);
+    EXPECT_TRUE(comesToTheList());
+}
+
+TEST_F(KeyboardFocusTest, ASuggestionTakenByAKeyLeavesItInTheSheet)
+{
+    QGuiApplication::clipboard()->setText(u"https://a.example/"_s);
+    show();
+    press(Qt::Key_N, Qt::ControlModifier);
+    focus("suggestion");
+    press(Qt::Key_Space);
+    ASSERT_FALSE(item("suggestion")->isVisible());
+    QTest::qWait(50);
+    EXPECT_TRUE(seenFocus());
+    EXPECT_FALSE(isListFocused());
+    type("b");
+    EXPECT_EQ(sheetTitle(), u"New Monitor"_s);
+}
+
+TEST_F(KeyboardFocusTest, ALineBetweenTheColumnsThatCantBeMovedAnyMoreGivesItToTheList)
+{
+    addTwo();
+    show();
+    focus("grip");
+    window->resize(820, 600);
+    EXPECT_TRUE(comesToTheList());
+}
+
 TEST_F(KeyboardFocusTest, AFocusGivenByThePointerIsNotMarkedWhenItReturns)
 {
     addTwo();
