@@ -1,6 +1,7 @@
 #include "RelativeDate.h"
 
 #include "CalendarDays.h"
+#include "IcuLocale.h"
 #include "LocalClock.h"
 
 #include <unicode/reldatefmt.h>
@@ -61,14 +62,6 @@ Distance distanceBetween(Timestamp from, Timestamp to, const QTimeZone &timeZone
     if (days == 0)
         return {duration_cast<hours>(time).count(), UDAT_REL_UNIT_HOUR};
     return calendarDistance(days, signedMonthsBetween(from, to, timeZone));
-}
-
-icu::Locale icuLocale(const QLocale &locale)
-{
-    UErrorCode status = U_ZERO_ERROR;
-    const QByteArray tag = locale.bcp47Name().toLatin1();
-    icu::Locale named = icu::Locale::forLanguageTag(tag.constData(), status);
-    return U_SUCCESS(status) ? named : icu::Locale::getRoot();
 }
 
 } // namespace

@@ -44,6 +44,10 @@ T.AbstractButton {
         button: root
     }
 
+    ReturningFocus {
+        control: root
+    }
+
     FocusRing {
         visible: root.showsFocus
         controlRadius: root.radius

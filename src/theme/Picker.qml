@@ -84,7 +84,8 @@ T.ComboBox {
             implicitHeight: contentHeight
             model: root.count
             currentIndex: root.highlightedIndex
-            boundsBehavior: Flickable.StopAtBounds
+            // All entries are shown.
+            interactive: false
             delegate: PickerItem {
                 required property int index
 
@@ -106,6 +107,10 @@ T.ComboBox {
             property: "Accessible.ignored"
             value: true
         }
+    }
+
+    ReturningFocus {
+        control: root
     }
 
     FocusRing {

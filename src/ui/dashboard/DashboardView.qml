@@ -14,16 +14,11 @@ Item {
     required property MonitorSelection selection
     readonly property real contentWidth: Math.min(Theme.contentMaximum, width - 2 * Theme.pageMargin)
     readonly property real contentX: Math.floor((width - contentWidth) / 2)
+    readonly property PageKeys keys: pageKeys
 
     signal addRequested
     // A card has been chosen; its monitor is selected.
     signal cardChosen
-
-    function scrollPages(pages: real): void {
-        const top = grid.originY - grid.topMargin;
-        const bottom = grid.originY + grid.contentHeight + grid.bottomMargin - grid.height;
-        grid.contentY = Math.max(top, Math.min(grid.contentY + pages * grid.height, bottom));
-    }
 
     EmptyDashboard {
         objectName: "empty"
@@ -54,6 +49,7 @@ Item {
         cacheBuffer: 0
         activeFocusOnTab: visible
         boundsBehavior: Flickable.StopAtBounds
+        interactive: !mouse.isPressed
         cellWidth: width / 2
         cellHeight: Theme.monitorCardHeight + Theme.spacing
         // The banner is above the cells and scrolls with them.
@@ -62,9 +58,24 @@ Item {
         model: root.monitors
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Dashboard")
+        // The arrows move among the cards as long as there is one to move to.
+        Keys.priority: Keys.AfterItem
+        Keys.onPressed: event => {
+            if (event.key === Qt.Key_Home)
+                currentIndex = 0;
+            else if (event.key === Qt.Key_End)
+                currentIndex = count - 1;
+            pageKeys.take(event);
+        }
         Keys.onReturnPressed: choose(currentIndex)
         Keys.onEnterPressed: choose(currentIndex)
         Keys.onSpacePressed: choose(currentIndex)
+
+        MousePress {
+            id: mouse
+
+            page: grid
+        }
 
         StatusBannerView {
             objectName: "banner"
@@ -89,6 +100,12 @@ Item {
                 grid.forceActiveFocus(Qt.OtherFocusReason);
             }
         }
+    }
+
+    PageKeys {
+        id: pageKeys
+
+        page: grid
     }
 
     PageScrollBar {

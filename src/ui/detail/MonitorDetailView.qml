@@ -11,31 +11,18 @@ Flickable {
 
     required property MonitorDetailModel model
     readonly property monitorDetail detail: model.detail
-    readonly property Item focused: Window.activeFocusItem
+    readonly property PageKeys keys: pageKeys
 
     signal checkNow
     signal editMonitor
     signal getHelp
 
-    function scrollPages(pages: real): void {
-        contentY = Math.max(0, Math.min(contentY + pages * height, contentHeight - height));
-    }
-
-    function holds(item: Item): bool {
-        while (item && item !== root)
-            item = item.parent;
-        return item === root;
-    }
-
     contentWidth: width
     contentHeight: page.height + 2 * Theme.pageMargin
     boundsBehavior: Flickable.StopAtBounds
     clip: true
-    // Whatever can have the focus is at the page's top.
-    onFocusedChanged: {
-        if (holds(focused))
-            contentY = 0;
-    }
+    interactive: !mouse.isPressed
+    Keys.forwardTo: [pageKeys]
 
     Binding {
         target: root.model
@@ -56,6 +43,31 @@ Flickable {
         id: exposure
 
         window: root.Window.window
+    }
+
+    MousePress {
+        id: mouse
+
+        page: root
+    }
+
+    // A click where there is nothing to click gives the page the keys.
+    MouseArea {
+        parent: root
+        anchors.fill: parent
+        z: -1
+        onPressed: root.forceActiveFocus(Qt.MouseFocusReason)
+    }
+
+    PageKeys {
+        id: pageKeys
+
+        page: root
+    }
+
+    FocusFollower {
+        page: root
+        margin: Theme.spacingSmall
     }
 
     Column {

@@ -30,6 +30,7 @@ FocusScope {
     }
 
     implicitHeight: header.height + middle.contentHeight + footer.height
+    Keys.forwardTo: [pageKeys]
     Keys.onReturnPressed: root.confirmed()
     Keys.onEnterPressed: root.confirmed()
 
@@ -62,18 +63,6 @@ FocusScope {
         id: middle
 
         readonly property bool isScrolling: contentHeight > height
-        readonly property Item focused: Window.activeFocusItem
-
-        // Scrolls so that the focused item is visible.
-        function reveal(): void {
-            if (!isScrolling || !focused)
-                return;
-            const top = contentItem.mapFromItem(focused, 0, 0).y;
-            if (top < 0 || top > contentHeight)
-                return;
-            const bottom = top + focused.height + root.sheetGap;
-            contentY = Math.max(-topMargin, Math.min(Math.max(contentY, bottom - height), top - root.sheetGap));
-        }
 
         objectName: "middle"
         y: header.height
@@ -83,10 +72,20 @@ FocusScope {
         // So that nothing touches the lines above and below.
         topMargin: isScrolling ? Theme.spacing : 0
         bottomMargin: topMargin
-        interactive: isScrolling
+        interactive: isScrolling && !mouse.isPressed
         boundsBehavior: Flickable.StopAtBounds
         clip: isScrolling
-        onFocusedChanged: reveal()
+
+        MousePress {
+            id: mouse
+
+            page: middle
+        }
+
+        FocusFollower {
+            page: middle
+            margin: root.sheetGap
+        }
 
         Column {
             id: groups
@@ -120,6 +119,12 @@ FocusScope {
                 form: root.form
             }
         }
+    }
+
+    PageKeys {
+        id: pageKeys
+
+        page: middle
     }
 
     PageScrollBar {

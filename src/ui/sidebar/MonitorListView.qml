@@ -5,7 +5,8 @@ import QtQuick
 import Ostrel
 import Ostrel.Theme
 
-// The home row and a row per monitor, as one list: a single tab stop, in which the arrow keys move.
+// The home row and a row per monitor, as one list: a single tab stop, in which the arrow keys
+// move, and typing finds a monitor by its name.
 KeyboardItem {
     id: root
 
@@ -46,6 +47,11 @@ KeyboardItem {
         actions.deleteMonitor(monitorId);
     }
 
+    function isTyped(event: KeyEvent): bool {
+        const commands = Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier;
+        return !(event.modifiers & commands) && typeAhead.takes(event.text);
+    }
+
     function take(): void {
         forceActiveFocus(Qt.MouseFocusReason);
     }
@@ -69,8 +75,14 @@ KeyboardItem {
             walkTo(list.count - 1);
         else if (event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier)
             openSelectedMenu();
+        else if (isTyped(event))
+            walkTo(typeAhead.type(event.text, monitors, selection.row));
         else
             event.accepted = false;
+    }
+
+    TypeAhead {
+        id: typeAhead
     }
 
     FocusVoice {
@@ -127,12 +139,18 @@ KeyboardItem {
         cacheBuffer: 0
         spacing: root.rowSpacing
         // If the list fits, the space under it is left to the area behind it.
-        interactive: contentHeight > height
+        interactive: contentHeight > height && !mouse.isPressed
         boundsBehavior: Flickable.StopAtBounds
         keyNavigationEnabled: false
         highlightMoveDuration: 0
         model: root.monitors
         currentIndex: root.selection.row
+
+        MousePress {
+            id: mouse
+
+            page: list
+        }
 
         delegate: MonitorRowView {
             id: row

@@ -17,7 +17,13 @@ Item {
     signal addRequested
     signal settingsRequested
 
+    function focusList(): void {
+        list.forceActiveFocus(Qt.TabFocusReason);
+    }
+
     MonitorListView {
+        id: list
+
         anchors.top: parent.top
         anchors.bottom: noticeRow.top
         width: parent.width

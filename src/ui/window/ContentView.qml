@@ -6,7 +6,8 @@ import Ostrel
 import Ostrel.Theme
 
 // The window's two columns, and the sheet that opens over them. When the sheet closes, the focus
-// returns to where it was when it opened.
+// returns to where it was when it opened. If that is gone,
+// the sidebar's list has the focus.
 FocusScope {
     id: root
 
@@ -23,6 +24,10 @@ FocusScope {
     property AddMonitorSheet sheet: null
     property int sheetState: ContentView.Closed
     readonly property bool hasSheet: sheetState !== ContentView.Closed
+    readonly property Item focused: Window.activeFocusItem
+    // Whether what had the focus is gone or hidden, so that the keys would lead nowhere. The sheet
+    // looks after its own.
+    readonly property bool hasLostFocus: Window.active && !hasSheet && (!focused || focused === root || !focused.visible)
     readonly property bool showingAddSheet: sheetState === ContentView.Creating
     readonly property bool showingEdit: sheetState === ContentView.Editing
 
@@ -40,19 +45,13 @@ FocusScope {
             sheetState = ContentView.Editing;
     }
 
-    function scrollPages(pages: real): void {
-        if (chosen.showsMonitor)
-            page.scrollPages(pages);
-        else
-            dashboard.scrollPages(pages);
-    }
-
     focus: true
     Keys.onPressed: event => {
-        event.accepted = event.key === Qt.Key_PageUp || event.key === Qt.Key_PageDown;
-        if (event.accepted)
-            scrollPages(event.key === Qt.Key_PageUp ? -1 : 1);
+        event.accepted = false;
+        if (event.key === Qt.Key_PageUp || event.key === Qt.Key_PageDown)
+            (chosen.showsMonitor ? page.keys : dashboard.keys).take(event);
     }
+    Keys.onEscapePressed: chosen.clear()
     onSheetStateChanged: {
         if (sheetState === ContentView.Closed)
             return;
@@ -65,6 +64,13 @@ FocusScope {
         target: root.models.detail
         property: "monitorId"
         value: chosen.monitorId
+    }
+
+    // Waits, because the focus may be on its way to another item.
+    Timer {
+        interval: 0
+        running: root.hasLostFocus
+        onTriggered: sidebar.focusList()
     }
 
     UptimeRefresh {
