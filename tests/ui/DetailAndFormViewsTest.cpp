@@ -304,6 +304,22 @@ TEST(AddMonitorSheetTest, TheTilesSwitchTheFields)
     EXPECT_EQ(page.window().activeFocusItem(), page.item("address"));
 }
 
+TEST(AddMonitorSheetTest, HostAndPortStandSideBySideInTheFaceOfTheOtherFields)
+{
+    Page page(u"FormPage-port"_s);
+    QQuickItem *host = page.item("host");
+    const QQuickItem *port = findIn(host->parentItem()->parentItem(), u"port"_s);
+    const auto fontOf = [](const QQuickItem *field) {
+        return field->property("font").value<QFont>();
+    };
+    EXPECT_EQ(fontOf(host), fontOf(page.item("keyword")));
+    EXPECT_EQ(fontOf(port), fontOf(page.item("keyword")));
+    EXPECT_NE(fontOf(host), fontOf(page.item("address"))) << "a web address has the desktop's face";
+    EXPECT_EQ(host->size(), QSizeF(276, 38));
+    EXPECT_EQ(port->size(), QSizeF(104, 38));
+    EXPECT_EQ(port->mapToItem(host, {}), QPointF(288, 0));
+}
+
 TEST(AddMonitorSheetTest, TypingAHostAndItsPortMovesTheFocusToThePort)
 {
     Page page(u"FormPage-suggestion"_s);
