@@ -1,5 +1,6 @@
 #include "DesktopFakes.h"
 #include "FaviconImage.h"
+#include "ForeignTexts.h"
 #include "MainWindowLoader.h"
 #include "PresentationSamples.h"
 #include "Printers.h"
@@ -149,6 +150,25 @@ protected:
     void click(const QQuickItem &target, Qt::KeyboardModifiers modifiers = {})
     {
         QTest::mouseClick(window, Qt::LeftButton, modifiers, middleOf(target));
+    }
+    /// Expects every visible text but the help texts to take one line, without characters that
+    /// would begin another.
+    void expectOneLineEach() const
+    {
+        QList<QQuickItem *> open = {window->contentItem()};
+        while (!open.isEmpty()) {
+            const QQuickItem *part = open.takeLast();
+            open += part->childItems();
+            if (!part->isVisible() || !part->inherits("QQuickText"))
+                continue;
+            const QString text = part->property("text").toString();
+            EXPECT_EQ(part->property("lineCount"), 1) << qPrintable(text);
+            EXPECT_TRUE(isFitForPeople(text));
+        }
+    }
+    [[nodiscard]] QStringList helpTexts() const
+    {
+        return textsOf(window->contentItem(), u"helpText"_s);
     }
     /// Unlike keys and clicks, this also reaches items under a sheet.
     void pressByAssistiveTool(const char *name)
@@ -352,6 +372,80 @@ TEST_F(ContentViewTest, WithoutAnIconALetterOfTheHostOrAQuestionMarkIsShown)
     };
     EXPECT_EQ(pictureOf(icon(0)), pictureOfPlaceholder(icon(0), "https://s.example"));
     EXPECT_EQ(pictureOf(icon(1)), pictureOfPlaceholder(icon(1), "also-without-a-scheme.local"));
+}
+
+TEST_F(ContentViewTest, NamesOfSeveralLinesTakeOneLineEverywhere)
+{
+    const QString lines = u"Kestrel\nShop\r\nof\u2028all"_s;
+    Monitor shop = sampleMonitor(lines);
+    shop.url = u"https://s.example/"_s + lines;
+    samples.add(shop, {downCheck(shop, sampleNow(), lines)});
+    show();
+    expectOneLineEach();
+    press(Qt::Key_Down);
+    expectOneLineEach();
+    QTest::mouseClick(window, Qt::RightButton, {}, middleOf(*row(0)));
+    ASSERT_TRUE(waitFor([&] { return item("menuRows") && item("menuRows")->isVisible(); }));
+    expectOneLineEach();
+    QObject *menu = item("menuRows")->parentItem();
+    EXPECT_TRUE(
+        isFitForPeople(QAccessible::queryAccessibleInterface(menu)->text(QAccessible::Name)));
+}
+
+TEST_F(ContentViewTest, AFocusedRowsNameThatIsCutOffShowsWhole)
+{
+    const QString longName = u"A name that is far too long for the sidebar's row"_s;
+    samples.add(sampleMonitor(longName));
+    show();
+    press(Qt::Key_Down);
+    EXPECT_TRUE(waitFor([&] { return helpTexts() == QStringList{longName}; }));
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(showsDashboard()) << "a help text doesn't keep the key";
+}
+
+TEST_F(ContentViewTest, AFocusedCardsNameThatIsCutOffShowsWhole)
+{
+    const QString longName = u"A name that is far too long for a card, "_s.repeated(3);
+    samples.add(sampleMonitor(longName));
+    show();
+    item("grid")->forceActiveFocus(Qt::TabFocusReason);
+    EXPECT_TRUE(waitFor([&] { return helpTexts() == QStringList{longName}; }));
+}
+
+TEST_F(ContentViewTest, ARowsNameThatIsCutOffShowsWholeUnderThePointer)
+{
+    const QString longName = u"A name that is far too long for the sidebar's row"_s;
+    samples.add(sampleMonitor(longName));
+    show();
+    QTest::mouseMove(window, middleOf(*row(0)) - QPoint(0, 8));
+    EXPECT_TRUE(waitFor([&] { return helpTexts() == QStringList{longName}; }));
+    EXPECT_TRUE(row(0)->property("showsHover").toBool()) << "the row is still under the pointer";
+}
+
+TEST_F(ContentViewTest, ACardsNameThatIsCutOffShowsWholeUnderThePointer)
+{
+    const QString longName = u"A name that is far too long for a card, "_s.repeated(3);
+    samples.add(sampleMonitor(longName));
+    show();
+    const auto edge = [&] { return colorOf(item("card")); };
+    const QString before = edge();
+    QTest::mouseMove(window, item("card")->mapToScene({80, 26}).toPoint());
+    EXPECT_TRUE(waitFor([&] { return helpTexts() == QStringList{longName}; }));
+    EXPECT_NE(edge(), before) << "the card is still under the pointer";
+}
+
+TEST_F(ContentViewTest, ARowUnderThePointerHasOneHelpTextThoughItHasTheFocus)
+{
+    const QString longName = u"A name that is far too long for the sidebar's row"_s;
+    samples.add(sampleMonitor(longName));
+    show();
+    press(Qt::Key_Down);
+    ASSERT_TRUE(waitFor([&] { return !helpTexts().isEmpty(); }));
+    QTest::mouseMove(window, middleOf(*row(0)) + QPoint(60, 0));
+    EXPECT_TRUE(waitFor([&] { return helpTexts().isEmpty(); }));
+    EXPECT_TRUE(row(0)->property("showsHover").toBool());
+    QTest::mouseMove(window, middleOf(*row(0)) - QPoint(0, 8));
+    EXPECT_TRUE(waitFor([&] { return helpTexts() == QStringList{longName}; }));
 }
 
 TEST_F(ContentViewTest, ARowReadsAsOneListItem)
