@@ -166,6 +166,21 @@ protected:
             EXPECT_TRUE(isFitForPeople(text));
         }
     }
+    /// The entries of the open context menu, from top to bottom.
+    [[nodiscard]] QStringList menuEntries() const
+    {
+        QStringList entries;
+        const QQuickItem *rows = item("menuRows");
+        const int count = rows ? rows->property("count").toInt() : 0;
+        for (int i = 0; i < count; ++i) {
+            QQuickItem *entry = nullptr;
+            QMetaObject::invokeMethod(item("menuRows"), "itemAtIndex",
+                                      Q_RETURN_ARG(QQuickItem *, entry), Q_ARG(int, i));
+            if (entry && entry->isVisible())
+                entries += entry->property("text").toString();
+        }
+        return entries;
+    }
     [[nodiscard]] QStringList helpTexts() const
     {
         return textsOf(window->contentItem(), u"helpText"_s);
@@ -623,6 +638,80 @@ TEST_F(ContentViewTest, ThePageChecksItsMonitorAndAsksForHelp)
     EXPECT_TRUE(waitFor([&] { return samples.store.checks(shop.id).size() == 2; }));
     click(*item("getHelp"));
     EXPECT_EQ(workspace.opened, QStringList{supportAddress().toString()});
+}
+
+TEST_F(ContentViewTest, APagesAddressIsCopiedAndOpenedFromItsMenu)
+{
+    const Monitor shop = samples.add(sampleMonitor());
+    show();
+    press(Qt::Key_Down);
+    QTest::mouseClick(window, Qt::RightButton, {}, middleOf(*item("address")));
+    ASSERT_TRUE(waitFor([&] { return menuEntries().size() == 2; }));
+    EXPECT_EQ(menuEntries(), QStringList({u"Copy Address"_s, u"Open in Browser"_s}));
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), shop.url);
+    EXPECT_TRUE(waitFor([&] { return menuEntries().isEmpty(); }));
+    EXPECT_EQ(workspace.opened, QStringList());
+
+    QTest::mouseClick(window, Qt::RightButton, {}, middleOf(*item("address")));
+    ASSERT_TRUE(waitFor([&] { return menuEntries().size() == 2; }));
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_EQ(workspace.opened, QStringList{shop.url});
+}
+
+TEST_F(ContentViewTest, APagesAddressIsATabStopWhoseMenuTheKeyboardOpens)
+{
+    samples.add(sampleMonitor());
+    show();
+    press(Qt::Key_Down);
+    for (int i = 0; i < 3; ++i)
+        press(Qt::Key_Tab);
+    ASSERT_EQ(window->activeFocusItem(), item("grip"));
+    press(Qt::Key_Tab);
+    QQuickItem *address = item("address");
+    ASSERT_EQ(window->activeFocusItem(), address);
+    const QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(address);
+    EXPECT_EQ(spoken->text(QAccessible::Name), u"shop.example/cart"_s);
+    EXPECT_EQ(spoken->text(QAccessible::Description), u"Address"_s);
+    for (const auto &[key, modifiers] :
+         {std::pair(Qt::Key_Menu, Qt::KeyboardModifiers()),
+          std::pair(Qt::Key_F10, Qt::KeyboardModifiers(Qt::ShiftModifier)),
+          std::pair(Qt::Key_Return, Qt::KeyboardModifiers()),
+          std::pair(Qt::Key_Space, Qt::KeyboardModifiers())}) {
+        press(key, modifiers);
+        EXPECT_TRUE(waitFor([&] { return menuEntries().size() == 2; })) << key;
+        press(Qt::Key_Escape);
+        EXPECT_TRUE(waitFor([&] { return menuEntries().isEmpty(); })) << key;
+        EXPECT_EQ(window->activeFocusItem(), address) << key;
+    }
+}
+
+TEST_F(ContentViewTest, AnAddressThatNoBrowserOpensIsOnlyCopied)
+{
+    Monitor database = sampleMonitor();
+    database.type = MonitorType::port;
+    database.url = u"https://db.example"_s;
+    samples.add(database);
+    Monitor local = sampleMonitor();
+    local.url = u"httpbin.local"_s;
+    samples.add(local);
+    Monitor file = sampleMonitor();
+    file.url = u"file:///etc/passwd"_s;
+    samples.add(file);
+    show();
+    for (const Monitor &monitor : {database, local, file}) {
+        press(Qt::Key_Down);
+        QTest::mouseClick(window, Qt::RightButton, {}, middleOf(*item("address")));
+        EXPECT_TRUE(waitFor([&] { return menuEntries() == QStringList{u"Copy Address"_s}; }));
+        press(Qt::Key_Down);
+        press(Qt::Key_Return);
+        EXPECT_EQ(QGuiApplication::clipboard()->text(), monitor.url);
+        EXPECT_TRUE(waitFor([&] { return menuEntries().isEmpty(); }));
+    }
+    EXPECT_EQ(workspace.opened, QStringList());
 }
 
 TEST_F(ContentViewTest, TheSplitIsAppliedOnlyIfTheWindowHasRoomForIt)

@@ -16,6 +16,8 @@ Flickable {
     signal checkNow
     signal editMonitor
     signal getHelp
+    signal copyAddress
+    signal openAddress
 
     function scrollPages(pages: real): void {
         contentY = Math.max(0, Math.min(contentY + pages * height, contentHeight - height));
@@ -72,7 +74,10 @@ Flickable {
             url: root.detail.url
             onCheckNow: root.checkNow()
             onEditMonitor: root.editMonitor()
+            isWebsite: root.detail.website.toString() !== ""
             onGetHelp: root.getHelp()
+            onCopyAddress: root.copyAddress()
+            onOpenAddress: root.openAddress()
         }
 
         Item {
