@@ -35,9 +35,8 @@ void AppDelegate::reopen(const QByteArray &activationToken)
     // The toolkit reads it from there when it asks the compositor to raise a window.
     if (!activationToken.isEmpty())
         qputenv("XDG_ACTIVATION_TOKEN", activationToken);
-    if (m_mainWindow->windowStates() & Qt::WindowMinimized)
-        m_mainWindow->showNormal();
-    m_mainWindow->show();
+    m_mainWindow->setWindowStates(m_mainWindow->windowStates() & ~Qt::WindowMinimized);
+    m_mainWindow->setVisible(true); // show() would end its maximised state, too.
     m_mainWindow->raise();
     m_mainWindow->requestActivate();
 }

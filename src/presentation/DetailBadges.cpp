@@ -69,11 +69,12 @@ std::optional<Badge> slowBadge(const Monitor &monitor, const std::optional<Check
 
 std::optional<Badge> portBadge(const Monitor &monitor)
 {
-    if (monitor.type != MonitorType::port || !monitor.port)
+    if (monitor.type != MonitorType::port)
         return std::nullopt;
     return Badge{
         .symbol = u"network"_s,
-        .text = DetailBadges::tr("Port %1").arg(*monitor.port),
+        .text = monitor.port ? DetailBadges::tr("Port %1").arg(*monitor.port)
+                             : DetailBadges::tr("Port"),
         .tone = Tone::Accent,
     };
 }

@@ -1,5 +1,6 @@
 #include "MonitorDetail.h"
 
+#include "Address.h"
 #include "DisplayFormats.h"
 #include "MonitorStore.h"
 #include "RelativeDate.h"
@@ -56,6 +57,13 @@ Statistic uptimeStatistic(const QString &title, double share)
     };
 }
 
+QUrl websiteOf(const Monitor &monitor)
+{
+    const QUrl url = parseAddress(monitor.url).value_or(QUrl());
+    const bool isOfTheWeb = url.scheme() == u"https"_s || url.scheme() == u"http"_s;
+    return monitor.type == MonitorType::http && isOfTheWeb ? url : QUrl();
+}
+
 std::span<const Check> newest(std::span<const Check> history, std::size_t count)
 {
     return history.last(std::min(count, history.size()));
@@ -90,6 +98,7 @@ MonitorDetail monitorDetail(const Monitor &monitor, const DetailSource &source,
         .name = nameText(monitor),
         .address = addressText(monitor.url),
         .url = monitor.url,
+        .website = websiteOf(monitor),
         .pillSymbol = statusSymbol(summary.status),
         .pillText = pillWord(summary.status),
         .statusTone = statusTone(summary.status),

@@ -9,6 +9,7 @@
 #include <QMetaType>
 #include <QString>
 #include <QTimeZone>
+#include <QUrl>
 #include <QVariantList>
 
 #include <array>
@@ -61,6 +62,7 @@ struct MonitorDetail
     Q_PROPERTY(QString name MEMBER name)
     Q_PROPERTY(QString address MEMBER address)
     Q_PROPERTY(QString url MEMBER url)
+    Q_PROPERTY(QUrl website MEMBER website)
     Q_PROPERTY(QString pillSymbol MEMBER pillSymbol)
     Q_PROPERTY(QString pillText MEMBER pillText)
     Q_PROPERTY(ostrel::Tones::Tone statusTone MEMBER statusTone)
@@ -79,6 +81,7 @@ public:
     QString name = {};
     QString address = {};
     QString url = {};
+    QUrl website = {}; ///< Empty if no browser could open it, as with a port.
     QString pillSymbol = {};
     QString pillText = {};
     Tone statusTone = Tone::Muted;

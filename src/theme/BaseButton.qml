@@ -16,8 +16,8 @@ T.AbstractButton {
     property real radius: Theme.cornerRadiusSmall
     property bool showsHover: hovered && enabled
     property bool showsFocus: visualFocus
-    readonly property bool wantsHelp: hovered && enabled && !down && helpText !== ""
-    // Null until the pointer enters for the first time.
+    readonly property bool wantsHelp: (hovered || visualFocus) && enabled && !down && helpText !== ""
+    // Null until it is wanted for the first time.
     property HelpText help: null
 
     // Found by name. As a handler, the action would be offered twice.

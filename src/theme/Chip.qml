@@ -12,6 +12,10 @@ ChoiceButton {
         text: root.text
         font: Theme.demiBold11
         color: root.isSelected ? Theme.accentText : Theme.textPrimary
+
+        Behavior on color {
+            ColorMotion {}
+        }
     }
 
     background: QuietBox {

@@ -3,7 +3,8 @@ import QtQuick.Templates as T
 
 import Ostrel.Theme
 
-// Explains an item once the pointer has rested on it. Bind `visible` to the hovering.
+// Explains an item once the pointer has rested on it, or once it has had the keyboard focus for as
+// long. Bind `visible` to that.
 T.ToolTip {
     id: root
 
@@ -12,11 +13,12 @@ T.ToolTip {
     readonly property real helpTextVerticalPadding: 5
     readonly property real helpTextGap: 6
     readonly property real helpTextMaximum: 320
-    readonly property int helpTextDelay: 600
+    readonly property int helpTextLines: 16
 
     x: parent ? Math.round((parent.width - width) / 2) : 0
     y: parent ? parent.height + root.helpTextGap : 0
-    delay: helpTextDelay
+    // No binding, which could be evaluated after that of `visible`.
+    delay: 600
     margins: root.helpTextGap
     leftPadding: root.helpTextPadding
     rightPadding: root.helpTextPadding
@@ -26,12 +28,15 @@ T.ToolTip {
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent | T.Popup.CloseOnReleaseOutsideParent
 
-    contentItem: ThemeText {
+    contentItem: LineText {
         objectName: "helpText"
         text: root.text
         font: Theme.footnote
         color: Theme.accentText
         wrapMode: Text.Wrap
+        maximumLineCount: root.helpTextLines
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
     }
 
     background: EdgedBox {

@@ -23,8 +23,10 @@ EdgedBox {
     edge: isSelected ? Theme.none : root.quietEdge
 
     Behavior on color {
-        ColorAnimation {
-            duration: Theme.quickMotion
-        }
+        ColorMotion {}
+    }
+
+    Behavior on edge {
+        ColorMotion {}
     }
 }

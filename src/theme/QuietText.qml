@@ -1,25 +1,26 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 
-import Ostrel.Theme
-
-// A text that its control already gives to assistive tools: on one line, in its line box, elided at
-// the right.
-Text {
+// A text that its control already gives to assistive tools. If it is cut off, it is shown whole as
+// help text while the pointer rests on it.
+LineText {
     id: root
 
-    // How far the font's own line is below the top of the line box.
-    readonly property real halfLeading: ThemeFonts.halfLeading(font)
+    // Null until the text is cut off for the first time.
+    property PointerHelp wholeText: null
 
-    // With rounding, a text in a line box of odd height would be too high among its neighbours.
-    anchors.alignWhenCentered: false
-    color: Theme.textPrimary
-    font: Theme.body
-    // Also for names that are written from right to left: their columns begin at the left.
-    horizontalAlignment: Text.AlignLeft
-    elide: Text.ElideRight
-    textFormat: Text.PlainText
-    lineHeight: ThemeFonts.lineBox(font.pixelSize)
-    lineHeightMode: Text.FixedHeight
-    topPadding: halfLeading
-    bottomPadding: -halfLeading - ThemeFonts.overhang(font)
+    onTruncatedChanged: {
+        if (truncated && !wholeText)
+            wholeText = wholeTextComponent.createObject(root) as PointerHelp;
+    }
+
+    Component {
+        id: wholeTextComponent
+
+        PointerHelp {
+            text: root.text
+            isNeeded: root.truncated
+        }
+    }
 }

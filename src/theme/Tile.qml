@@ -18,6 +18,10 @@ ChoiceButton {
         text: root.text
         font: Theme.demiBold12
         color: root.isSelected ? Theme.accentText : Theme.textPrimary
+
+        Behavior on color {
+            ColorMotion {}
+        }
     }
 
     background: QuietBox {

@@ -27,9 +27,7 @@ BaseButton {
         color: root.checked ? Theme.accent : root.toggleOff
 
         Behavior on color {
-            ColorAnimation {
-                duration: Theme.quickMotion
-            }
+            ColorMotion {}
         }
 
         EdgedBox {

@@ -5,6 +5,7 @@
 #include "StatusBarSymbol.h"
 
 #include <QApplication>
+#include <QTextBoundaryFinder>
 
 #include <algorithm>
 #include <utility>
@@ -12,6 +13,26 @@
 using namespace Qt::StringLiterals;
 
 namespace ostrel {
+
+namespace {
+
+constexpr qsizetype mostCharacters = 60;
+
+/// @p name with at most 60 characters, as a reader counts them: what is longer ends with "…".
+QString shortened(const QString &name)
+{
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, name);
+    qsizetype lastPlace = 0;
+    for (qsizetype count = 0; count < mostCharacters; ++count) {
+        if (finder.toNextBoundary() == -1)
+            return name;
+        if (count == mostCharacters - 2)
+            lastPlace = finder.position();
+    }
+    return finder.position() == name.size() ? name : name.first(lastPlace) + u'…';
+}
+
+} // namespace
 
 StatusBarMenu::StatusBarMenu(const MonitorStore &store, const StatusBarHost &host, QObject *parent)
     : QObject(parent)
@@ -147,7 +168,7 @@ QIcon StatusBarMenu::menuIcon(const QString &symbol)
 
 QString StatusBarMenu::rowText(const StatusMenuEntry &entry)
 {
-    const QString name = menuText(entry.name);
+    const QString name = menuText(shortened(entry.name));
     return entry.trailingText.isEmpty() ? name : name + u'\t' + entry.trailingText;
 }
 

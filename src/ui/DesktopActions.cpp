@@ -4,7 +4,9 @@
 #include "ProductConstants.h"
 #include "Workspace.h"
 
+#include <QClipboard>
 #include <QDir>
+#include <QGuiApplication>
 
 namespace ostrel {
 
@@ -23,6 +25,16 @@ QString DesktopActions::dataFolderText() const
 void DesktopActions::getHelp()
 {
     m_workspace.open(supportAddress());
+}
+
+void DesktopActions::openWebsite(const QUrl &website)
+{
+    m_workspace.open(website);
+}
+
+void DesktopActions::copyText(const QString &text)
+{
+    QGuiApplication::clipboard()->setText(text);
 }
 
 void DesktopActions::openNotificationSettings()

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QUrl>
 #include <QtQml/qqmlregistration.h>
 
 namespace ostrel {
@@ -26,6 +27,9 @@ public:
 
     /// Starts a message to the product's support.
     Q_INVOKABLE void getHelp();
+    Q_INVOKABLE void openWebsite(const QUrl &website);
+    /// Puts @p text on the clipboard.
+    Q_INVOKABLE void copyText(const QString &text);
     Q_INVOKABLE void openNotificationSettings();
     /// Shows the contents of the data folder.
     Q_INVOKABLE void revealDataFolder();

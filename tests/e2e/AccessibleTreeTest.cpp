@@ -92,8 +92,9 @@ Check checkOf(const Monitor &monitor, std::chrono::minutes age, bool isUp)
 
 QStringList header(const QString &name, const QString &address)
 {
-    return {u"heading '%1'"_s.arg(name), u"label '%1'"_s.arg(address), u"push button 'Check now'"_s,
-            u"push button 'Edit monitor'"_s, u"push button 'Get help'"_s};
+    return {u"heading '%1'"_s.arg(name), u"push button '%1'"_s.arg(address),
+            u"push button 'Check now'"_s, u"push button 'Edit monitor'"_s,
+            u"push button 'Get help'"_s};
 }
 
 class AccessibleTreeTest : public testing::Test

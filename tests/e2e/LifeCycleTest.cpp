@@ -85,6 +85,39 @@ TEST_F(LifeCycleTest, WatchesAfterItsWindowIsClosedAndASecondStartShowsItAgain)
     EXPECT_EQ(program.stop(), 0);
 }
 
+TEST_F(LifeCycleTest, ItsWindowIsWhereItWasAndAsItWas)
+{
+    const auto title = u"Ostrel"_s;
+    const auto startAgain = [&] {
+        EXPECT_EQ(program.stop(), 0);
+        ASSERT_TRUE(program.start());
+        ASSERT_TRUE(waitFor([&] { return windows.hasWindow(title); }));
+    };
+    const auto becomes = [&](const QRect &geometry) {
+        return waitFor([&] { return windows.geometryOf(title) == geometry; });
+    };
+    ASSERT_TRUE(windows.isReady());
+    ASSERT_TRUE(program.start());
+    ASSERT_TRUE(waitFor([&] { return windows.hasWindow(title); }));
+    ASSERT_TRUE(windows.moveWindow(title, {30, 40, 850, 560}));
+    ASSERT_TRUE(waitFor([&] { return program.preference("mainWindowSize") == "@Size(850 560)"; }));
+    const QRect moved = windows.geometryOf(title);
+    ASSERT_EQ(moved.size(), QSize(850, 560));
+    startAgain();
+    EXPECT_TRUE(becomes(moved));
+
+    ASSERT_TRUE(windows.maximiseWindow(title));
+    ASSERT_TRUE(waitFor([&] { return program.preference("mainWindowIsMaximized") == "true"; }));
+    const QRect maximised = windows.geometryOf(title);
+    ASSERT_NE(maximised, moved);
+    startAgain();
+    EXPECT_TRUE(becomes(maximised));
+    ASSERT_TRUE(windows.closeWindow(title));
+    ASSERT_TRUE(waitFor([&] { return !windows.hasWindow(title); }));
+    EXPECT_EQ(program.run({}).exitCode, 0);
+    EXPECT_TRUE(becomes(maximised));
+}
+
 TEST_F(LifeCycleTest, NothingMovesWhileTheWindowIsClosed)
 {
     monitor.url = u"http://127.0.0.1:1/"_s; // Down, which pulses as long as it is seen.

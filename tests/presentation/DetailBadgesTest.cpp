@@ -140,6 +140,14 @@ TEST(DetailBadgesTest, PortMonitorShowsItsPort)
     EXPECT_EQ(badgesOf(monitor, std::nullopt), QList<Badge>());
 }
 
+TEST(DetailBadgesTest, PortMonitorWithoutAPortStillSaysItsKind)
+{
+    Monitor monitor = sampleMonitor();
+    monitor.type = MonitorType::port;
+    EXPECT_EQ(badgesOf(monitor, std::nullopt),
+              (QList<Badge>{{u"network"_s, u"Port"_s, Tone::Accent}}));
+}
+
 TEST(DetailBadgesTest, AllBadgesAreInOrder)
 {
     Monitor monitor = sampleMonitor();

@@ -8,6 +8,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <string>
+
 using namespace Qt::StringLiterals;
 
 namespace ostrel::test {
@@ -268,6 +272,59 @@ TEST(ToggleTest, SwitchesAndReportsItsState)
     EXPECT_TRUE(waitFor([&] {
         return looksLike(view.colorAt({6, 10}), view.themeColor("accent"));
     }));
+}
+
+class ChoiceMotionTest : public testing::TestWithParam<const char *>
+{
+protected:
+    /// The colours of the fill, the edge and the label.
+    [[nodiscard]] std::array<QColor, 3> colors() const
+    {
+        const auto *box = view.property("background").value<QQuickItem *>();
+        const auto *label = view.property("contentItem").value<QQuickItem *>();
+        return {box->property("color").value<QColor>(), box->property("edge").value<QColor>(),
+                label->property("color").value<QColor>()};
+    }
+    [[nodiscard]] static bool looksLike(const std::array<QColor, 3> &left,
+                                        const std::array<QColor, 3> &right)
+    {
+        return std::equal(left.begin(), left.end(), right.begin(), test::looksLike);
+    }
+    [[nodiscard]] std::array<QColor, 3> selectedColors()
+    {
+        return {view.themeColor("accent"), view.themeColor("none"), view.themeColor("accentText")};
+    }
+
+    ThemeView view{QByteArray(GetParam()) + " { objectName: 'subject'; text: '5m' }"};
+};
+
+TEST_P(ChoiceMotionTest, FillEdgeAndLabelReachTheirColoursTogether)
+{
+    ASSERT_EQ(view.error(), QString());
+    const auto before = colors();
+    view.setProperty("isSelected", true);
+    EXPECT_TRUE(looksLike(colors(), before)) << "nothing jumps";
+    EXPECT_TRUE(waitFor([&] { return looksLike(colors(), selectedColors()); }));
+}
+
+TEST_P(ChoiceMotionTest, WithReducedMotionTheColoursChangeAtOnce)
+{
+    view.reduceMotion();
+    view.setProperty("isSelected", true);
+    EXPECT_TRUE(looksLike(colors(), selectedColors()));
+}
+
+INSTANTIATE_TEST_SUITE_P(Choices, ChoiceMotionTest, testing::Values("Tile", "Chip"),
+                         [](const auto &test) { return std::string(test.param); });
+
+TEST(ColorMotionTest, EasesInAndOutIn150MillisecondsOrNotAtAll)
+{
+    ThemeView view("property ColorAnimation motion: ColorMotion {}");
+    ASSERT_EQ(view.error(), QString());
+    EXPECT_EQ(view.evaluate(u"motion.duration"_s), 150);
+    EXPECT_EQ(view.evaluate(u"motion.easing.type === Easing.InOutQuad"_s), true);
+    view.reduceMotion();
+    EXPECT_EQ(view.evaluate(u"motion.duration"_s), 0);
 }
 
 TEST(ChipTest, ASelectedChipIsFilledAndReportsItsState)

@@ -10,6 +10,7 @@
 #include <QPixmap>
 #include <QPointer>
 #include <QSignalSpy>
+#include <QTextBoundaryFinder>
 
 #include <gtest/gtest.h>
 
@@ -36,6 +37,16 @@ public:
 QColor textColor()
 {
     return QApplication::palette("QMenu").color(QPalette::WindowText);
+}
+
+/// How many characters a reader counts in @p text.
+qsizetype charactersOf(const QString &text)
+{
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    qsizetype count = 0;
+    while (finder.toNextBoundary() != -1)
+        ++count;
+    return count;
 }
 
 class StatusBarMenuTest : public testing::Test
@@ -168,6 +179,24 @@ TEST_F(StatusBarMenuTest, ForeignNamesTakeOneEntryEach)
     ASSERT_EQ(monitorLines().size(), foreignTexts().size());
     for (const QString &line : monitorLines())
         EXPECT_TRUE(isFitForPeople(line)) << qPrintable(line);
+}
+
+TEST_F(StatusBarMenuTest, ANameIsCutAtSixtyCharactersAndItsFigureStays)
+{
+    addUp(QByteArray(60, 'x').constData(), 142);
+    addUp(QByteArray(61, 'x').constData(), 142);
+    EXPECT_EQ(monitorLines().value(0), QString(60, u'x') + u"\t142ms"_s);
+    EXPECT_EQ(monitorLines().value(1), QString(59, u'x') + u"…\t142ms"_s);
+}
+
+TEST_F(StatusBarMenuTest, ANameIsNotCutWithinACharacter)
+{
+    for (const char *character : {"e\u0301", "👩‍👩‍👧", "🇪🇪", "&"}) {
+        add(QByteArray(character).repeated(61).constData());
+        const QString shown = monitorLines().last().replace(u"&&"_s, u"&"_s);
+        EXPECT_EQ(shown, QString::fromUtf8(character).repeated(59) + u'…') << character;
+        EXPECT_EQ(charactersOf(shown), 60) << character;
+    }
 }
 
 TEST_F(StatusBarMenuTest, AMonitorWithoutANameShowsItsHost)

@@ -1,4 +1,5 @@
 #include "FaviconImage.h"
+#include "ForeignTexts.h"
 #include "ProductConstants.h"
 #include "WindowTest.h"
 
@@ -68,6 +69,40 @@ protected:
     [[nodiscard]] QString themeColor(const char *name)
     {
         return evaluatedColor(views.engine(), QByteArray("Theme.") + name);
+    }
+    /// Expects every visible text but the help texts to take one line, without characters that
+    /// would begin another.
+    void expectOneLineEach() const
+    {
+        QList<QQuickItem *> open = {window->contentItem()};
+        while (!open.isEmpty()) {
+            const QQuickItem *part = open.takeLast();
+            open += part->childItems();
+            if (!part->isVisible() || !part->inherits("QQuickText"))
+                continue;
+            const QString text = part->property("text").toString();
+            EXPECT_EQ(part->property("lineCount"), 1) << qPrintable(text);
+            EXPECT_TRUE(isFitForPeople(text));
+        }
+    }
+    /// The entries of the open context menu, from top to bottom.
+    [[nodiscard]] QStringList menuEntries() const
+    {
+        QStringList entries;
+        const QQuickItem *rows = item("menuRows");
+        const int count = rows ? rows->property("count").toInt() : 0;
+        for (int i = 0; i < count; ++i) {
+            QQuickItem *entry = nullptr;
+            QMetaObject::invokeMethod(item("menuRows"), "itemAtIndex",
+                                      Q_RETURN_ARG(QQuickItem *, entry), Q_ARG(int, i));
+            if (entry && entry->isVisible())
+                entries += entry->property("text").toString();
+        }
+        return entries;
+    }
+    [[nodiscard]] QStringList helpTexts() const
+    {
+        return textsOf(window->contentItem(), u"helpText"_s);
     }
 };
 
@@ -225,6 +260,80 @@ TEST_F(ContentViewTest, WithoutAnIconALetterOfTheHostOrAQuestionMarkIsShown)
     };
     EXPECT_EQ(pictureOf(icon(0)), pictureOfPlaceholder(icon(0), "https://s.example"));
     EXPECT_EQ(pictureOf(icon(1)), pictureOfPlaceholder(icon(1), "also-without-a-scheme.local"));
+}
+
+TEST_F(ContentViewTest, NamesOfSeveralLinesTakeOneLineEverywhere)
+{
+    const QString lines = u"Kestrel\nShop\r\nof\u2028all"_s;
+    Monitor shop = sampleMonitor(lines);
+    shop.url = u"https://s.example/"_s + lines;
+    samples.add(shop, {downCheck(shop, sampleNow(), lines)});
+    show();
+    expectOneLineEach();
+    press(Qt::Key_Down);
+    expectOneLineEach();
+    QTest::mouseClick(window, Qt::RightButton, {}, middleOf(*row(0)));
+    ASSERT_TRUE(waitFor([&] { return item("menuRows") && item("menuRows")->isVisible(); }));
+    expectOneLineEach();
+    QObject *menu = item("menuRows")->parentItem();
+    EXPECT_TRUE(
+        isFitForPeople(QAccessible::queryAccessibleInterface(menu)->text(QAccessible::Name)));
+}
+
+TEST_F(ContentViewTest, AFocusedRowsNameThatIsCutOffShowsWhole)
+{
+    const QString longName = u"A name that is far too long for the sidebar's row"_s;
+    samples.add(sampleMonitor(longName));
+    show();
+    press(Qt::Key_Down);
+    EXPECT_TRUE(waitFor([&] { return helpTexts() == QStringList{longName}; }));
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(showsDashboard()) << "a help text doesn't keep the key";
+}
+
+TEST_F(ContentViewTest, AFocusedCardsNameThatIsCutOffShowsWhole)
+{
+    const QString longName = u"A name that is far too long for a card, "_s.repeated(3);
+    samples.add(sampleMonitor(longName));
+    show();
+    item("grid")->forceActiveFocus(Qt::TabFocusReason);
+    EXPECT_TRUE(waitFor([&] { return helpTexts() == QStringList{longName}; }));
+}
+
+TEST_F(ContentViewTest, ARowsNameThatIsCutOffShowsWholeUnderThePointer)
+{
+    const QString longName = u"A name that is far too long for the sidebar's row"_s;
+    samples.add(sampleMonitor(longName));
+    show();
+    QTest::mouseMove(window, middleOf(*row(0)) - QPoint(0, 8));
+    EXPECT_TRUE(waitFor([&] { return helpTexts() == QStringList{longName}; }));
+    EXPECT_TRUE(row(0)->property("showsHover").toBool()) << "the row is still under the pointer";
+}
+
+TEST_F(ContentViewTest, ACardsNameThatIsCutOffShowsWholeUnderThePointer)
+{
+    const QString longName = u"A name that is far too long for a card, "_s.repeated(3);
+    samples.add(sampleMonitor(longName));
+    show();
+    const auto edge = [&] { return colorOf(item("card")); };
+    const QString before = edge();
+    QTest::mouseMove(window, item("card")->mapToScene({80, 26}).toPoint());
+    EXPECT_TRUE(waitFor([&] { return helpTexts() == QStringList{longName}; }));
+    EXPECT_NE(edge(), before) << "the card is still under the pointer";
+}
+
+TEST_F(ContentViewTest, ARowUnderThePointerHasOneHelpTextThoughItHasTheFocus)
+{
+    const QString longName = u"A name that is far too long for the sidebar's row"_s;
+    samples.add(sampleMonitor(longName));
+    show();
+    press(Qt::Key_Down);
+    ASSERT_TRUE(waitFor([&] { return !helpTexts().isEmpty(); }));
+    QTest::mouseMove(window, middleOf(*row(0)) + QPoint(60, 0));
+    EXPECT_TRUE(waitFor([&] { return helpTexts().isEmpty(); }));
+    EXPECT_TRUE(row(0)->property("showsHover").toBool());
+    QTest::mouseMove(window, middleOf(*row(0)) - QPoint(0, 8));
+    EXPECT_TRUE(waitFor([&] { return helpTexts() == QStringList{longName}; }));
 }
 
 TEST_F(ContentViewTest, ARowReadsAsOneListItem)
@@ -433,6 +542,80 @@ TEST_F(ContentViewTest, ACheckOnRequestIsShownOnItsButtonItsRowAndItsMenuUntilIt
     scripted.httpCheck.finishNext(true);
     EXPECT_TRUE(waitFor([&] { return !isShown(); }));
     EXPECT_EQ(samples.store.checks(shop.id).size(), 2u);
+}
+
+TEST_F(ContentViewTest, APagesAddressIsCopiedAndOpenedFromItsMenu)
+{
+    const Monitor shop = samples.add(sampleMonitor());
+    show();
+    press(Qt::Key_Down);
+    QTest::mouseClick(window, Qt::RightButton, {}, middleOf(*item("address")));
+    ASSERT_TRUE(waitFor([&] { return menuEntries().size() == 2; }));
+    EXPECT_EQ(menuEntries(), QStringList({u"Copy Address"_s, u"Open in Browser"_s}));
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), shop.url);
+    EXPECT_TRUE(waitFor([&] { return menuEntries().isEmpty(); }));
+    EXPECT_EQ(workspace.opened, QStringList());
+
+    QTest::mouseClick(window, Qt::RightButton, {}, middleOf(*item("address")));
+    ASSERT_TRUE(waitFor([&] { return menuEntries().size() == 2; }));
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_EQ(workspace.opened, QStringList{shop.url});
+}
+
+TEST_F(ContentViewTest, APagesAddressIsATabStopWhoseMenuTheKeyboardOpens)
+{
+    samples.add(sampleMonitor());
+    show();
+    press(Qt::Key_Down);
+    for (int i = 0; i < 3; ++i)
+        press(Qt::Key_Tab);
+    ASSERT_EQ(window->activeFocusItem(), item("grip"));
+    press(Qt::Key_Tab);
+    QQuickItem *address = item("address");
+    ASSERT_EQ(window->activeFocusItem(), address);
+    const QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(address);
+    EXPECT_EQ(spoken->text(QAccessible::Name), u"shop.example/cart"_s);
+    EXPECT_EQ(spoken->text(QAccessible::Description), u"Address"_s);
+    for (const auto &[key, modifiers] :
+         {std::pair(Qt::Key_Menu, Qt::KeyboardModifiers()),
+          std::pair(Qt::Key_F10, Qt::KeyboardModifiers(Qt::ShiftModifier)),
+          std::pair(Qt::Key_Return, Qt::KeyboardModifiers()),
+          std::pair(Qt::Key_Space, Qt::KeyboardModifiers())}) {
+        press(key, modifiers);
+        EXPECT_TRUE(waitFor([&] { return menuEntries().size() == 2; })) << key;
+        press(Qt::Key_Escape);
+        EXPECT_TRUE(waitFor([&] { return menuEntries().isEmpty(); })) << key;
+        EXPECT_EQ(window->activeFocusItem(), address) << key;
+    }
+}
+
+TEST_F(ContentViewTest, AnAddressThatNoBrowserOpensIsOnlyCopied)
+{
+    Monitor database = sampleMonitor();
+    database.type = MonitorType::port;
+    database.url = u"https://db.example"_s;
+    samples.add(database);
+    Monitor local = sampleMonitor();
+    local.url = u"httpbin.local"_s;
+    samples.add(local);
+    Monitor file = sampleMonitor();
+    file.url = u"file:///etc/passwd"_s;
+    samples.add(file);
+    show();
+    for (const Monitor &monitor : {database, local, file}) {
+        press(Qt::Key_Down);
+        QTest::mouseClick(window, Qt::RightButton, {}, middleOf(*item("address")));
+        EXPECT_TRUE(waitFor([&] { return menuEntries() == QStringList{u"Copy Address"_s}; }));
+        press(Qt::Key_Down);
+        press(Qt::Key_Return);
+        EXPECT_EQ(QGuiApplication::clipboard()->text(), monitor.url);
+        EXPECT_TRUE(waitFor([&] { return menuEntries().isEmpty(); }));
+    }
+    EXPECT_EQ(workspace.opened, QStringList());
 }
 
 TEST_F(ContentViewTest, TheSplitIsAppliedOnlyIfTheWindowHasRoomForIt)

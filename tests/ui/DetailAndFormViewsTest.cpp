@@ -7,6 +7,7 @@
 #include "ThemeColors.h"
 #include "WaitFor.h"
 
+#include <QLocale>
 #include <QQuickItem>
 #include <QRegularExpression>
 #include <QSignalSpy>
@@ -185,6 +186,19 @@ TEST(MonitorDetailViewTest, TheStripIsGreenWhereItWasUpAndRedWhereItWasDown)
     EXPECT_EQ(colorOf("downColor"), ThemeColors::statusDown().rgba());
 }
 
+TEST(MonitorDetailViewTest, NoRegionMirrorsThePageOrTranslatesItsWords)
+{
+    Page page(u"DetailPage-up"_s);
+    const auto leftOf = [&](const char *name) { return page.item(name)->mapToScene({}).x(); };
+    EXPECT_LT(leftOf("name"), leftOf("checkNow"));
+    EXPECT_LT(leftOf("checkNow"), leftOf("getHelp"));
+    EXPECT_EQ(page.item("name")->property("effectiveHorizontalAlignment").toInt(), Qt::AlignLeft);
+    EXPECT_TRUE(page.text("lastChecked").startsWith(u"Last checked "_s));
+    EXPECT_TRUE(page.text("lastChecked").endsWith(u" ago"_s))
+        << qPrintable(page.text("lastChecked"));
+    EXPECT_TRUE(page.text("badge").startsWith(u"SSL: "_s)) << qPrintable(page.text("badge"));
+}
+
 TEST(MonitorDetailViewTest, EditMonitorAsksForTheForm)
 {
     Page page(u"DetailPage-up"_s);
@@ -271,11 +285,11 @@ TEST(AddMonitorSheetTest, ATimeoutThatIsEmptiedStaysWhatItWas)
     page.item("timeout")->forceActiveFocus(Qt::TabFocusReason);
     page.press(Qt::Key_End);
     page.press(Qt::Key_Backspace);
-    EXPECT_EQ(page.text("timeout"), u"3"_s);
+    EXPECT_EQ(page.text("timeout"), QLocale().toString(3));
     page.press(Qt::Key_Backspace);
     EXPECT_EQ(page.text("timeout"), QString());
     page.press(Qt::Key_Tab);
-    EXPECT_EQ(page.text("timeout"), u"30"_s);
+    EXPECT_EQ(page.text("timeout"), QLocale().toString(30));
     EXPECT_EQ(page.form()->timeout(), 30);
 }
 
@@ -302,6 +316,22 @@ TEST(AddMonitorSheetTest, TheTilesSwitchTheFields)
     page.click("http");
     EXPECT_TRUE(page.shows("address"));
     EXPECT_EQ(page.window().activeFocusItem(), page.item("address"));
+}
+
+TEST(AddMonitorSheetTest, HostAndPortStandSideBySideInTheFaceOfTheOtherFields)
+{
+    Page page(u"FormPage-port"_s);
+    QQuickItem *host = page.item("host");
+    const QQuickItem *port = findIn(host->parentItem()->parentItem(), u"port"_s);
+    const auto fontOf = [](const QQuickItem *field) {
+        return field->property("font").value<QFont>();
+    };
+    EXPECT_EQ(fontOf(host), fontOf(page.item("keyword")));
+    EXPECT_EQ(fontOf(port), fontOf(page.item("keyword")));
+    EXPECT_NE(fontOf(host), fontOf(page.item("address"))) << "a web address has the desktop's face";
+    EXPECT_EQ(host->size(), QSizeF(276, 38));
+    EXPECT_EQ(port->size(), QSizeF(104, 38));
+    EXPECT_EQ(port->mapToItem(host, {}), QPointF(288, 0));
 }
 
 TEST(AddMonitorSheetTest, TypingAHostAndItsPortMovesTheFocusToThePort)

@@ -2,9 +2,9 @@
 
 #include "DesktopFakes.h"
 #include "Printers.h"
+#include "PrivatePreferences.h"
 
 #include <QFile>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -16,19 +16,14 @@ namespace {
 class SettingsTest : public testing::Test
 {
 protected:
-    SettingsTest()
-    {
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
-    }
-
     /// The settings on disk.
     [[nodiscard]] QString stored() const
     {
-        QFile file(folder.filePath(u"Ostrel/Ostrel.conf"_s));
+        QFile file(preferences.folder.filePath(u"Ostrel/Ostrel.conf"_s));
         return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
     }
 
-    QTemporaryDir folder;
+    const PrivatePreferences preferences;
     RecordingLoginItem loginItem;
 };
 

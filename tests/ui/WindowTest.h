@@ -4,6 +4,7 @@
 #include "MainWindowLoader.h"
 #include "PresentationSamples.h"
 #include "Printers.h"
+#include "PrivatePreferences.h"
 #include "ScriptedEngine.h"
 #include "WaitFor.h"
 #include "WindowModels.h"
@@ -11,8 +12,6 @@
 #include <QAccessible>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QSettings>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -20,17 +19,6 @@
 namespace ostrel::test {
 
 using namespace Qt::StringLiterals;
-
-/// Objects created after it keep their preferences in a folder of its own.
-struct PrivatePreferences
-{
-    PrivatePreferences()
-    {
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
-    }
-
-    QTemporaryDir folder;
-};
 
 /// The whole window over a store that the test fills.
 class WindowTest : public testing::Test

@@ -43,6 +43,7 @@ CardStyle {
             focusRequested();
     }
 
+    // Around the contents: their help texts would keep the pointer from an area beneath them.
     MouseArea {
         id: area
 
@@ -51,54 +52,59 @@ CardStyle {
         hoverEnabled: true
         cursorShape: Qt.PointingHandCursor
         onClicked: root.chosen()
-    }
 
-    FaviconView {
-        id: icon
+        Item {
+            anchors.fill: parent
+            anchors.margins: root.padding
 
-        urlString: root.url
-        size: root.monitorCardIconSize
-    }
+            FaviconView {
+                id: icon
 
-    QuietText {
-        anchors.left: icon.right
-        anchors.leftMargin: root.monitorCardGap
-        anchors.right: dot.left
-        anchors.rightMargin: root.monitorCardGap
-        anchors.verticalCenter: icon.verticalCenter
-        text: root.name
-        font: Theme.demiBold13
-    }
+                urlString: root.url
+                size: root.monitorCardIconSize
+            }
 
-    StatusDot {
-        id: dot
+            QuietText {
+                anchors.left: icon.right
+                anchors.leftMargin: root.monitorCardGap
+                anchors.right: dot.left
+                anchors.rightMargin: root.monitorCardGap
+                anchors.verticalCenter: icon.verticalCenter
+                text: root.name
+                font: Theme.demiBold13
+            }
 
-        anchors.right: parent.right
-        anchors.verticalCenter: icon.verticalCenter
-        status: root.status
-        size: Theme.dotSizeSmall
-    }
+            StatusDot {
+                id: dot
 
-    QuietText {
-        id: time
+                anchors.right: parent.right
+                anchors.verticalCenter: icon.verticalCenter
+                status: root.status
+                size: Theme.dotSizeSmall
+            }
 
-        objectName: "time"
-        anchors.baseline: uptime.baseline
-        visible: text !== ""
-        text: root.responseTimeText
-        font: ThemeFonts.mono(400, 11)
-        color: Theme.textTertiary
-    }
+            QuietText {
+                id: time
 
-    QuietText {
-        id: uptime
+                objectName: "time"
+                anchors.baseline: uptime.baseline
+                visible: text !== ""
+                text: root.responseTimeText
+                font: ThemeFonts.mono(400, 11)
+                color: Theme.textTertiary
+            }
 
-        objectName: "uptime"
-        x: time.visible ? time.width + root.monitorCardGap : 0
-        anchors.bottom: parent.bottom
-        text: root.cardUptimeText
-        font: Theme.demiBold13
-        color: ToneColors.of(root.cardUptimeTone)
+            QuietText {
+                id: uptime
+
+                objectName: "uptime"
+                x: time.visible ? time.width + root.monitorCardGap : 0
+                anchors.bottom: parent.bottom
+                text: root.cardUptimeText
+                font: Theme.demiBold13
+                color: ToneColors.of(root.cardUptimeTone)
+            }
+        }
     }
 
     FocusRing {

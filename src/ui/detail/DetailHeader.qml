@@ -15,11 +15,14 @@ Item {
     required property string name
     required property string address
     required property string url
+    required property bool isWebsite
     property bool isChecking: false
 
     signal checkNow
     signal editMonitor
     signal getHelp
+    signal copyAddress
+    signal openAddress
 
     implicitHeight: Theme.headerHeight
 
@@ -46,13 +49,13 @@ Item {
             Accessible.role: Accessible.Heading
         }
 
-        ThemeText {
+        AddressLine {
             objectName: "address"
-            width: parent.width
+            width: Math.min(implicitWidth, parent.width)
             text: root.address
-            font: Theme.regular12
-            color: Theme.textSecondary
-            elide: Text.ElideMiddle
+            isWebsite: root.isWebsite
+            onCopyRequested: root.copyAddress()
+            onOpenRequested: root.openAddress()
         }
     }
 

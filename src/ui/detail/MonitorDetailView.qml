@@ -16,6 +16,8 @@ Flickable {
     signal checkNow
     signal editMonitor
     signal getHelp
+    signal copyAddress
+    signal openAddress
 
     contentWidth: width
     contentHeight: page.height + 2 * Theme.pageMargin
@@ -85,7 +87,10 @@ Flickable {
             isChecking: root.model.isChecking
             onCheckNow: root.checkNow()
             onEditMonitor: root.editMonitor()
+            isWebsite: root.detail.website.toString() !== ""
             onGetHelp: root.getHelp()
+            onCopyAddress: root.copyAddress()
+            onOpenAddress: root.openAddress()
         }
 
         Item {

@@ -74,13 +74,4 @@ Item {
         font: Theme.label
         color: root.isUp ? Theme.textPrimary : Theme.statusDown
     }
-
-    HoverHandler {
-        id: pointer
-    }
-
-    HelpText {
-        text: root.resultText
-        visible: pointer.hovered && result.truncated
-    }
 }

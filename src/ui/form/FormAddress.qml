@@ -69,7 +69,6 @@ Column {
                 height: Theme.addressFieldHeight
                 spokenName: qsTr("HOST")
                 placeholderText: root.form.hostPlaceholder
-                font: Theme.system13
                 text: root.form.url
                 onTextEdited: root.form.url = text
             }
@@ -87,7 +86,6 @@ Column {
                 height: Theme.addressFieldHeight
                 spokenName: qsTr("PORT")
                 placeholderText: "5432"
-                font: Theme.system13
                 text: root.form.portText
                 onTextEdited: root.form.portText = text
             }

@@ -10,12 +10,16 @@ Window {
     required property Settings settings
     required property DesktopActions desktop
     property bool canQuit: true
+    // The window that this one opens over.
+    required property Window mainWindow
 
     // Shows the window, or brings it to the front.
     function present(): void {
         // It was created as a child of the main window, which would close or minimise it together
         // with itself.
         transientParent = null;
+        if (!visible)
+            placement.restore();
         show();
         raise();
         requestActivate();
@@ -29,6 +33,14 @@ Window {
     minimumHeight: height
     maximumHeight: height
     color: Theme.background
+
+    WindowPlacement {
+        id: placement
+
+        window: root
+        name: "settingsWindow"
+        over: root.mainWindow
+    }
 
     SettingsView {
         anchors.fill: parent

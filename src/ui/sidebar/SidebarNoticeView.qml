@@ -51,13 +51,4 @@ Item {
         wrapMode: Text.Wrap
         maximumLineCount: 2
     }
-
-    HoverHandler {
-        id: hover
-    }
-
-    HelpText {
-        visible: hover.hovered && root.notice.isNeeded
-        text: root.notice.text
-    }
 }

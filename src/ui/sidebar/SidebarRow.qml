@@ -47,15 +47,18 @@ Item {
             chosen();
     }
 
+    // Around the contents: their help texts would keep the pointer from an area beneath them.
     MouseArea {
         id: area
 
-        anchors.fill: box
+        anchors.fill: parent
+        anchors.leftMargin: Theme.rowMargin
+        anchors.rightMargin: Theme.rowMargin
         acceptedButtons: Qt.LeftButton | Qt.RightButton
         hoverEnabled: true
         onPressed: mouse => {
             if (mouse.button === Qt.RightButton)
-                root.menuRequested(mouse.x + box.x, mouse.y);
+                root.menuRequested(mouse.x + area.x, mouse.y);
         }
         onClicked: mouse => {
             if (mouse.button !== Qt.LeftButton)
@@ -65,26 +68,24 @@ Item {
             else
                 root.chosen();
         }
-    }
 
-    EdgedBox {
-        id: box
+        EdgedBox {
+            id: box
 
-        anchors.fill: parent
-        anchors.leftMargin: Theme.rowMargin
-        anchors.rightMargin: Theme.rowMargin
-        radius: Theme.cornerRadiusSmall
-        color: root.isSelected ? Theme.surface : root.wash
-        edge: {
-            if (!root.isSelected)
-                return Theme.none;
-            return root.isWindowActive ? root.rowSelectedEdge : root.rowSelectedEdgeInactive;
+            anchors.fill: parent
+            radius: Theme.cornerRadiusSmall
+            color: root.isSelected ? Theme.surface : root.wash
+            edge: {
+                if (!root.isSelected)
+                    return Theme.none;
+                return root.isWindowActive ? root.rowSelectedEdge : root.rowSelectedEdgeInactive;
+            }
         }
     }
 
     Rectangle {
-        x: box.x - root.selectionBarOffset - width
-        anchors.verticalCenter: box.verticalCenter
+        x: area.x - root.selectionBarOffset - width
+        anchors.verticalCenter: area.verticalCenter
         visible: root.isSelected
         width: root.selectionBarWidth
         height: 20
@@ -93,7 +94,7 @@ Item {
     }
 
     FocusRing {
-        anchors.fill: box
+        anchors.fill: area
         visible: root.showsFocus
         isInside: true
     }

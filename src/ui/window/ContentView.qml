@@ -164,6 +164,8 @@ FocusScope {
                 onCheckNow: root.models.actions.checkNow(root.selectedMonitorId)
                 onEditMonitor: root.edit()
                 onGetHelp: root.models.desktop.getHelp()
+                onCopyAddress: root.models.desktop.copyText(model.detail.url)
+                onOpenAddress: root.models.desktop.openWebsite(model.detail.website)
             }
         }
 

@@ -32,6 +32,12 @@ Window {
     onReducedMotionChanged: Theme.reducedMotion = reducedMotion
     onHighContrastChanged: Theme.highContrast = highContrast
 
+    WindowPlacement {
+        window: root
+        name: "mainWindow"
+        Component.onCompleted: restore()
+    }
+
     ContentView {
         id: content
 
@@ -47,6 +53,7 @@ Window {
             settings: root.models.settings
             desktop: root.models.desktop
             canQuit: !content.hasSheet
+            mainWindow: root
         }
     }
 

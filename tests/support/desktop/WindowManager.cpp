@@ -51,6 +51,32 @@ bool WindowManager::closeWindow(const QString &title)
     return control({u"-F"_s, u"-c"_s, title});
 }
 
+QRect WindowManager::geometryOf(const QString &title)
+{
+    // Window, desktop, x, y, width, height, machine, title.
+    const QRegularExpression line(u"^\\S+ +\\S+ +(\\S+) +(\\S+) +(\\S+) +(\\S+) +\\S+ %1$"_s.arg(
+                                      QRegularExpression::escape(title)),
+                                  QRegularExpression::MultilineOption);
+    const bool isListed = control({u"-l"_s, u"-G"_s});
+    const auto match = line.match(QString::fromUtf8(m_output));
+    const auto number = [&](int group) { return match.captured(group).toInt(); };
+    return isListed ? QRect(number(1), number(2), number(3), number(4)) : QRect();
+}
+
+bool WindowManager::moveWindow(const QString &title, const QRect &geometry)
+{
+    const auto place = u"0,%1,%2,%3,%4"_s.arg(geometry.x())
+                           .arg(geometry.y())
+                           .arg(geometry.width())
+                           .arg(geometry.height());
+    return control({u"-F"_s, u"-r"_s, title, u"-e"_s, place});
+}
+
+bool WindowManager::maximiseWindow(const QString &title)
+{
+    return control({u"-F"_s, u"-r"_s, title, u"-b"_s, u"add,maximized_vert,maximized_horz"_s});
+}
+
 bool WindowManager::control(const QStringList &arguments)
 {
     BoundProcess process;

@@ -4,6 +4,7 @@
 #include "VirtualDisplay.h"
 
 #include <QByteArray>
+#include <QRect>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -29,6 +30,10 @@ public:
     [[nodiscard]] bool hasWindow(const QString &title);
     /// Closes the window as its close button does.
     [[nodiscard]] bool closeWindow(const QString &title);
+    /// Where the window is and how large, as the window manager lists it; empty if there is none.
+    [[nodiscard]] QRect geometryOf(const QString &title);
+    [[nodiscard]] bool moveWindow(const QString &title, const QRect &geometry);
+    [[nodiscard]] bool maximiseWindow(const QString &title);
 
 private:
     bool control(const QStringList &arguments);
