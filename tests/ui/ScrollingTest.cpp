@@ -362,6 +362,24 @@ TEST_F(ScrollingTest, TheFormScrollsByKeys)
     EXPECT_EQ(place(), top());
 }
 
+TEST_F(ScrollingTest, AFormThatGrowsTooLongStaysAtItsTop)
+{
+    samples.add(sampleMonitor());
+    show();
+    press(Qt::Key_Down);
+    window->resize(820, 520);
+    ASSERT_TRUE(waitFor([&] { return item("sidebar")->height() == 520; }));
+    press(Qt::Key_E, Qt::ControlModifier);
+    page = item("middle");
+    const QQuickItem *sheet = page->parentItem()->parentItem();
+    ASSERT_TRUE(waitFor([&] { return sheet->isVisible() && sheet->opacity() == 1; }));
+    ASSERT_FALSE(page->property("isScrolling").toBool());
+    click(*item("advanced"));
+    ASSERT_TRUE(waitFor([&] { return page->property("isScrolling").toBool(); }));
+    EXPECT_LT(top(), 0);
+    EXPECT_TRUE(waitFor([&] { return place() == top(); }, std::chrono::seconds(2)));
+}
+
 TEST_F(ScrollingTest, AFieldOfTheFormKeepsItsOwnKeys)
 {
     showSheet();
