@@ -8,6 +8,8 @@ Item {
     id: root
 
     required property Flickable page
+    // If the page itself has the focus, its keys go to this item, which may be null.
+    property Item current: null
     // What stays visible above and below the item.
     property real margin: 0
     readonly property Item focused: Window.activeFocusItem
@@ -24,8 +26,9 @@ Item {
         if (!focused || focused === followed)
             return;
         followed = focused;
-        if (holds(focused))
-            place.reveal(focused, margin);
+        const item = focused === page ? current : focused;
+        if (item && holds(item))
+            place.reveal(item, margin);
     }
 
     PagePlace {

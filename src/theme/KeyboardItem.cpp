@@ -29,8 +29,11 @@ bool KeyboardItem::visualFocus() const
 void KeyboardItem::focusInEvent(QFocusEvent *event)
 {
     QQuickItem::focusInEvent(event);
-    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason)
-        setFocusReason(event->reason());
+    if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason)
+        return;
+    setFocusReason(event->reason());
+    if (visualFocus())
+        Q_EMIT reachedByKey();
 }
 
 } // namespace ostrel

@@ -26,6 +26,8 @@ public:
 Q_SIGNALS:
     void focusReasonChanged();
     void visualFocusChanged();
+    /// A key has given it the focus, which hasn't just returned from a popup or another window.
+    void reachedByKey();
 
 protected:
     void focusInEvent(QFocusEvent *event) override;

@@ -207,6 +207,64 @@ TEST_F(ScrollingTest, APageMovesOnlyIfItMustToShowWhatHasTheFocus)
     EXPECT_GE(button->mapToItem(page, {}).y(), 0);
 }
 
+TEST_F(ScrollingTest, TheDashboardMovesToItsCurrentCardWhenItGetsTheKeys)
+{
+    showDashboard();
+    focus("grid");
+    focus("addMonitor");
+    scrollTo(bottom());
+    focus("grid");
+    const QQuickItem *card = item("grid")->property("currentItem").value<QQuickItem *>();
+    EXPECT_GE(card->mapToItem(page, {}).y(), 0);
+    EXPECT_LE(card->mapToItem(page, QPointF(0, card->height())).y(), page->height());
+}
+
+TEST_F(ScrollingTest, TheListMovesToItsSelectedRowWhenItGetsTheKeys)
+{
+    addMany();
+    show();
+    page = item("list");
+    press(Qt::Key_Down);
+    focus("addMonitor");
+    scrollTo(bottom());
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(place(), top());
+    press(Qt::Key_Tab);
+    scrollTo(bottom());
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(place(), top()) << "a second time, too";
+}
+
+TEST_F(ScrollingTest, AClickedRowDoesntMoveTheList)
+{
+    addMany();
+    show();
+    page = item("list");
+    press(Qt::Key_Down);
+    focus("addMonitor");
+    scrollTo(row(0)->height() * 10);
+    const qreal before = place();
+    QTest::mouseClick(window, Qt::LeftButton, {}, middleOf(*page));
+    EXPECT_NE(pageName(), u"Shop 1"_s);
+    EXPECT_EQ(place(), before);
+    scrollTo(bottom());
+    QTest::mouseClick(window, Qt::RightButton, {}, middleOf(*page));
+    press(Qt::Key_Escape);
+    ASSERT_TRUE(waitFor([&] { return window->activeFocusItem() == page->parentItem(); }));
+    EXPECT_EQ(place(), bottom());
+}
+
+TEST_F(ScrollingTest, AWindowThatIsLeftAndEnteredKeepsTheListsPlace)
+{
+    addMany();
+    show();
+    page = item("list");
+    press(Qt::Key_Down);
+    scrollTo(300);
+    ASSERT_NO_FATAL_FAILURE(leaveAndEnter());
+    EXPECT_EQ(place(), 300);
+}
+
 TEST_F(ScrollingTest, ThePageScrollsByKeysFromItsButtons)
 {
     showPage();
@@ -302,6 +360,24 @@ TEST_F(ScrollingTest, TheFormScrollsByKeys)
     EXPECT_EQ(place(), std::min(top() + page->height(), bottom()));
     press(Qt::Key_PageUp);
     EXPECT_EQ(place(), top());
+}
+
+TEST_F(ScrollingTest, AFormThatGrowsTooLongStaysAtItsTop)
+{
+    samples.add(sampleMonitor());
+    show();
+    press(Qt::Key_Down);
+    window->resize(820, 520);
+    ASSERT_TRUE(waitFor([&] { return item("sidebar")->height() == 520; }));
+    press(Qt::Key_E, Qt::ControlModifier);
+    page = item("middle");
+    const QQuickItem *sheet = page->parentItem()->parentItem();
+    ASSERT_TRUE(waitFor([&] { return sheet->isVisible() && sheet->opacity() == 1; }));
+    ASSERT_FALSE(page->property("isScrolling").toBool());
+    click(*item("advanced"));
+    ASSERT_TRUE(waitFor([&] { return page->property("isScrolling").toBool(); }));
+    EXPECT_LT(top(), 0);
+    EXPECT_TRUE(waitFor([&] { return place() == top(); }, std::chrono::seconds(2)));
 }
 
 TEST_F(ScrollingTest, AFieldOfTheFormKeepsItsOwnKeys)

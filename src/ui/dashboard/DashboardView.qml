@@ -108,6 +108,12 @@ Item {
         page: grid
     }
 
+    FocusFollower {
+        page: grid
+        current: grid.currentItem
+        margin: Theme.spacingSmall
+    }
+
     PageScrollBar {
         page: grid
     }

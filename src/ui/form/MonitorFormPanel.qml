@@ -75,6 +75,11 @@ FocusScope {
         interactive: isScrolling && !mouse.isPressed
         boundsBehavior: Flickable.StopAtBounds
         clip: isScrolling
+        // A form at its top stays there when the margin appears.
+        onTopMarginChanged: {
+            if (contentY === 0)
+                root.showTop();
+        }
 
         MousePress {
             id: mouse

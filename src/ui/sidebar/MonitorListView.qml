@@ -58,6 +58,10 @@ KeyboardItem {
 
     Accessible.role: Accessible.List
     Accessible.name: qsTr("Monitors")
+    onReachedByKey: {
+        if (list.currentItem)
+            place.reveal(list.currentItem, 0);
+    }
     Keys.onUpPressed: walkTo(selection.row - 1)
     Keys.onDownPressed: walkTo(selection.row + 1)
     Keys.onEscapePressed: walkTo(-1)
@@ -187,6 +191,12 @@ KeyboardItem {
                 easing.type: Easing.OutQuad
             }
         }
+    }
+
+    PagePlace {
+        id: place
+
+        page: list
     }
 
     PageScrollBar {

@@ -51,7 +51,10 @@ FocusScope {
         if (event.key === Qt.Key_PageUp || event.key === Qt.Key_PageDown)
             (chosen.showsMonitor ? page.keys : dashboard.keys).take(event);
     }
-    Keys.onEscapePressed: chosen.clear()
+    Keys.onEscapePressed: {
+        chosen.clear();
+        sidebar.focusList();
+    }
     onSheetStateChanged: {
         if (sheetState === ContentView.Closed)
             return;
