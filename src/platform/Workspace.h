@@ -9,8 +9,9 @@ namespace ostrel {
 
 /// Opens addresses and folders with the programs that the user has chosen for them. Main thread.
 ///
-/// Every function returns at once. Those without a future return true if the desktop has been asked,
-/// false if there is no service to ask or nothing to ask for: the desktop's result isn't reported.
+/// Every function returns at once. Those without a future return true if the desktop has been
+/// asked, false if there is no service to ask or nothing to ask for: the desktop's result isn't
+/// reported.
 class Workspace
 {
 public:

@@ -74,7 +74,7 @@ Flickable {
             url: root.detail.url
             onCheckNow: root.checkNow()
             onEditMonitor: root.editMonitor()
-            isWebsite: root.detail.website.toString() !== ""
+            isWebsite: root.detail.isWebsite
             onGetHelp: root.getHelp()
             onCopyAddress: root.copyAddress()
             onOpenAddress: root.openAddress()
