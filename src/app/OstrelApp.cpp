@@ -76,6 +76,11 @@ void OstrelApp::connectStatusBarItem()
 {
     connect(&m_statusBarItem, &StatusBarItem::helpRequested, m_models.desktop(),
             &DesktopActions::getHelp);
+    // The window says how to get help without a mail program.
+    connect(m_models.desktop(), &DesktopActions::helpAnswered, &m_delegate, [this](bool isTaken) {
+        if (!isTaken)
+            m_delegate.reopen();
+    });
     connect(&m_statusBarItem, &StatusBarItem::openRequested, &m_delegate,
             [this] { m_delegate.reopen(); });
     connect(&m_statusBarItem, &StatusBarItem::quitRequested, qApp, &QCoreApplication::quit);

@@ -63,6 +63,7 @@ struct MonitorDetail
     Q_PROPERTY(QString address MEMBER address)
     Q_PROPERTY(QString url MEMBER url)
     Q_PROPERTY(QUrl website MEMBER website)
+    Q_PROPERTY(bool isWebsite READ isWebsite)
     Q_PROPERTY(QString pillSymbol MEMBER pillSymbol)
     Q_PROPERTY(QString pillText MEMBER pillText)
     Q_PROPERTY(ostrel::Tones::Tone statusTone MEMBER statusTone)
@@ -93,6 +94,7 @@ public:
     ResponseSeries series = {};
     UptimeTimeline timeline = {};
 
+    [[nodiscard]] bool isWebsite() const { return !website.isEmpty(); }
     /// The lists as values for QML's repeaters.
     [[nodiscard]] QVariantList badgeValues() const;
     [[nodiscard]] QVariantList statisticValues() const;

@@ -1,5 +1,6 @@
 #include "DesktopActions.h"
 
+#include "ContinueOn.h"
 #include "FolderText.h"
 #include "ProductConstants.h"
 #include "Workspace.h"
@@ -24,7 +25,8 @@ QString DesktopActions::dataFolderText() const
 
 void DesktopActions::getHelp()
 {
-    m_workspace.open(supportAddress());
+    continueOn(m_workspace.open(supportAddress()), this,
+               [this](bool isTaken) { Q_EMIT helpAnswered(isTaken); });
 }
 
 void DesktopActions::openWebsite(const QUrl &website)

@@ -9,8 +9,8 @@ namespace ostrel {
 
 class Workspace;
 
-/// The views' requests to the desktop. Nothing is shown if the desktop can't fulfil them. Main
-/// thread.
+/// The views' requests to the desktop. Nothing is shown if the desktop can't fulfil them, but for a
+/// message to the support. Main thread.
 class DesktopActions : public QObject
 {
     Q_OBJECT
@@ -33,6 +33,10 @@ public:
     Q_INVOKABLE void openNotificationSettings();
     /// Shows the contents of the data folder.
     Q_INVOKABLE void revealDataFolder();
+
+Q_SIGNALS:
+    /// Help was asked for: whether a mail program has taken the message.
+    void helpAnswered(bool isTaken);
 
 private:
     Workspace &m_workspace;

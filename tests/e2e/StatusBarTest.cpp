@@ -57,6 +57,19 @@ protected:
                waitFor([this] { return !hasWindow(); });
     }
 
+    /// Makes the shell command @p script what the desktop opens addresses with.
+    [[nodiscard]] bool installOpener(const QByteArray &script)
+    {
+        QFile opener(program.homeFile(u"xdg-open"_s));
+        if (!opener.open(QIODevice::WriteOnly))
+            return false;
+        opener.write("#!/bin/sh\n" + script + "\n");
+        opener.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        program.setEnvironment(u"PATH"_s,
+                               program.homeFile({}) + u':' + qEnvironmentVariable("PATH"));
+        return true;
+    }
+
     using Histories = QHash<QUuid, std::vector<Check>>;
 
     /// The colour of the bird's body in its largest pixmap.
@@ -196,12 +209,7 @@ TEST_F(StatusBarTest, QuitEndsTheProgramWithAndWithoutItsWindow)
 TEST_F(StatusBarTest, HelpAndSupportBeginsAMessage)
 {
     const QString called = program.homeFile(u"called"_s);
-    QFile opener(program.homeFile(u"xdg-open"_s));
-    ASSERT_TRUE(opener.open(QIODevice::WriteOnly));
-    opener.write("#!/bin/sh\nprintf %s \"$1\" > '" + called.toLocal8Bit() + "'\n");
-    opener.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    opener.close();
-    program.setEnvironment(u"PATH"_s, program.homeFile({}) + u':' + qEnvironmentVariable("PATH"));
+    ASSERT_TRUE(installOpener("printf %s \"$1\" > '" + called.toLocal8Bit() + "'"));
     startHost();
     ASSERT_TRUE(program.start());
     ASSERT_TRUE(waitForItem());
@@ -210,6 +218,19 @@ TEST_F(StatusBarTest, HelpAndSupportBeginsAMessage)
     EXPECT_TRUE(waitFor([&] { return file.exists() && file.size() > 0; }));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_TRUE(file.readAll().startsWith("mailto:"));
+    EXPECT_EQ(program.stop(), 0);
+}
+
+TEST_F(StatusBarTest, WithoutAMailProgramHelpAndSupportShowsTheWindow)
+{
+    ASSERT_TRUE(installOpener("exit 3"));
+    startHost();
+    ASSERT_TRUE(windows.isReady());
+    ASSERT_TRUE(program.start());
+    ASSERT_TRUE(waitForItem());
+    ASSERT_TRUE(closeWindow());
+    EXPECT_TRUE(host->choose(u"Help & Support"_s));
+    EXPECT_TRUE(waitFor([this] { return hasWindow(); })) << "where the address can be copied";
     EXPECT_EQ(program.stop(), 0);
 }
 

@@ -42,6 +42,12 @@ protected:
         return {u"file://"_s + data.path() + u"/Ostrel%20data"_s};
     }
 
+    /// Waits for the result of opening an address.
+    [[nodiscard]] static bool isTaken(const QFuture<bool> &result)
+    {
+        EXPECT_TRUE(waitFor([&] { return result.isFinished(); }));
+        return result.isFinished() && result.result();
+    }
     /// Waits until the programs have been started exactly as in @p starts.
     [[nodiscard]] bool haveStarted(const QStringList &starts) const
     {
@@ -80,14 +86,14 @@ TEST_F(FreedesktopWorkspaceTest, AProgramGetsTheFileLimitThatThisOneStartedWith)
     raiseDescriptorLimit();
     raiseDescriptorLimit(); // Nothing is left to raise, and the original limit is kept.
     programs.add(u"xdg-open"_s, u"$(ulimit -n)"_s);
-    EXPECT_TRUE(busless.open(website));
+    EXPECT_TRUE(isTaken(busless.open(website)));
     EXPECT_TRUE(haveStarted({u"xdg-open 512"_s}));
 }
 
 TEST_F(FreedesktopWorkspaceTest, AnAddressIsOpenedByThePortal)
 {
     const StubPortal portal(bus);
-    EXPECT_TRUE(workspace.open(website));
+    EXPECT_TRUE(isTaken(workspace.open(website)));
     EXPECT_TRUE(waitFor([&] { return portal.addresses() == QStringList{website.toString()}; }));
 }
 
@@ -107,7 +113,7 @@ TEST_F(FreedesktopWorkspaceTest, AnAddressThatThePortalOpensIsOpenedOnce)
 TEST_F(FreedesktopWorkspaceTest, WithoutAPortalAProgramOpensTheAddress)
 {
     programs.add(u"xdg-open"_s);
-    EXPECT_TRUE(workspace.open(mailbox));
+    EXPECT_TRUE(isTaken(workspace.open(mailbox)));
     EXPECT_TRUE(haveStarted(openedMailbox));
 }
 
@@ -115,7 +121,7 @@ TEST_F(FreedesktopWorkspaceTest, AnAddressThatThePortalRefusesIsOpenedByAProgram
 {
     programs.add(u"xdg-open"_s);
     const StubPortal portal(bus, StubPortal::Behaviour::refuses);
-    EXPECT_TRUE(workspace.open(mailbox));
+    EXPECT_TRUE(isTaken(workspace.open(mailbox)));
     EXPECT_TRUE(haveStarted(openedMailbox));
     EXPECT_EQ(portal.addresses().size(), 1);
 }
@@ -126,7 +132,7 @@ TEST_F(FreedesktopWorkspaceTest, APortalThatDoesNotAnswerIsGivenUp)
     const StubPortal portal(bus, StubPortal::Behaviour::hangs);
     FreedesktopWorkspace impatient(50ms);
     impatient.follow(bus.connect());
-    EXPECT_TRUE(impatient.open(mailbox));
+    EXPECT_TRUE(isTaken(impatient.open(mailbox)));
     EXPECT_TRUE(haveStarted(openedMailbox));
     EXPECT_EQ(portal.addresses().size(), 1);
 }
@@ -134,23 +140,38 @@ TEST_F(FreedesktopWorkspaceTest, APortalThatDoesNotAnswerIsGivenUp)
 TEST_F(FreedesktopWorkspaceTest, WithoutABusAProgramOpensTheAddress)
 {
     programs.add(u"xdg-open"_s);
-    EXPECT_TRUE(busless.open(website));
+    EXPECT_TRUE(isTaken(busless.open(website)));
     // No shell interprets the address on its way.
     EXPECT_TRUE(haveStarted({u"xdg-open https://shop.example/?a=1&b=$HOME"_s}));
 }
 
 TEST_F(FreedesktopWorkspaceTest, WithoutABusOrAProgramNothingIsOpened)
 {
-    EXPECT_FALSE(busless.open(mailbox));
+    EXPECT_FALSE(isTaken(busless.open(mailbox)));
     EXPECT_FALSE(busless.openFolder(folder()));
+}
+
+TEST_F(FreedesktopWorkspaceTest, AnAddressThatNoProgramTakesIsReported)
+{
+    programs.add(u"xdg-open"_s, u"$*"_s, u"exit 3"_s);
+    EXPECT_FALSE(isTaken(busless.open(mailbox)));
+    EXPECT_FALSE(isTaken(workspace.open(mailbox))) << "there is no portal either";
+    EXPECT_TRUE(haveStarted(openedMailbox + openedMailbox));
+}
+
+TEST_F(FreedesktopWorkspaceTest, AProgramThatIsStillAtWorkHasTakenTheAddress)
+{
+    programs.add(u"xdg-open"_s, u"$*"_s, u"exec /bin/sleep 2"_s);
+    FreedesktopWorkspace impatient(50ms);
+    EXPECT_TRUE(isTaken(impatient.open(mailbox)));
 }
 
 TEST_F(FreedesktopWorkspaceTest, AnInvalidAddressIsNotOpened)
 {
     programs.add(u"xdg-open"_s);
     for (const QString &text : {QString(), u"shop.example"_s, u"--help"_s, u"https://a b:x/"_s}) {
-        EXPECT_FALSE(workspace.open(QUrl(text)));
-        EXPECT_FALSE(busless.open(QUrl(text)));
+        EXPECT_FALSE(isTaken(workspace.open(QUrl(text))));
+        EXPECT_FALSE(isTaken(busless.open(QUrl(text))));
     }
     busless.open(mailbox);
     EXPECT_TRUE(haveStarted(openedMailbox));

@@ -91,7 +91,7 @@ TEST(PortableLoginItemTest, IsRefused)
 TEST(PortableWorkspaceTest, OpensNothing)
 {
     PortableWorkspace workspace;
-    EXPECT_FALSE(workspace.open(QUrl(u"https://shop.example"_s)));
+    EXPECT_FALSE(workspace.open(QUrl(u"https://shop.example"_s)).result());
     EXPECT_FALSE(workspace.openFolder(QDir::tempPath()));
     EXPECT_FALSE(workspace.openNotificationSettings());
 }

@@ -17,14 +17,14 @@ StubPrograms::~StubPrograms()
     qputenv("PATH", m_formerPath);
 }
 
-void StubPrograms::add(const QString &name, const QString &what)
+void StubPrograms::add(const QString &name, const QString &what, const QString &end)
 {
     QFile program(m_folder.filePath(name));
     if (!program.open(QIODevice::WriteOnly))
         return;
     // A single write, which is appended as a whole even if others are writing.
-    const auto script = u"#!/bin/sh\nprintf '%s\\n' \"%1 %2\" >> '%3'\n"_s;
-    program.write(script.arg(name, what, logPath()).toUtf8());
+    const auto script = u"#!/bin/sh\nprintf '%s\\n' \"%1 %2\" >> '%3'\n%4\n"_s;
+    program.write(script.arg(name, what, logPath(), end).toUtf8());
     program.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 

@@ -19,8 +19,9 @@ public:
     StubPrograms(const StubPrograms &) = delete;
     StubPrograms &operator=(const StubPrograms &) = delete;
 
-    /// The program records @p what, as its shell expands it, after its name.
-    void add(const QString &name, const QString &what = u"$*"_s);
+    /// The program records @p what, as its shell expands it, after its name, and ends with the
+    /// command @p end.
+    void add(const QString &name, const QString &what = u"$*"_s, const QString &end = u"exit 0"_s);
     /// The starts so far, in order, each with its name and arguments separated by blanks.
     [[nodiscard]] QStringList starts() const;
 

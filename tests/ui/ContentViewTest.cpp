@@ -659,6 +659,25 @@ TEST_F(ContentViewTest, TheSettingsHaveAWindowOfTheirOwn)
     EXPECT_FALSE(settingsWindow()->transientParent()) << "nor is it minimised together with it";
 }
 
+TEST_F(ContentViewTest, WithoutAMailProgramTheSupportsAddressCanBeCopied)
+{
+    workspace.isTaking = false;
+    samples.add(sampleMonitor());
+    show();
+    press(Qt::Key_Down);
+    click(*item("getHelp"));
+    ASSERT_TRUE(waitFor([&] { return item("copyAddress")->isVisible(); }));
+    EXPECT_TRUE(textOf("noticeText").contains(u"support@ostrel.example"_s));
+    EXPECT_EQ(item("noticeText")->property("truncated"), false);
+    window->grabWindow();
+    click(*item("copyAddress"));
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"support@ostrel.example"_s);
+    EXPECT_TRUE(waitFor([&] { return !item("noticeText")->isVisible(); }));
+    workspace.isTaking = true;
+    click(*item("getHelp"));
+    EXPECT_FALSE(item("noticeText")->isVisible());
+}
+
 TEST_F(ContentViewTest, ANoticeIsShownAboveTheFooterWhileItIsNeeded)
 {
     samples.add(sampleMonitor());

@@ -3,8 +3,10 @@
 #include "DesktopFakes.h"
 #include "Printers.h"
 #include "ProductConstants.h"
+#include "WaitFor.h"
 
 #include <QDir>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -25,6 +27,18 @@ TEST_F(DesktopActionsTest, HelpOpensAMessageToTheSupport)
 {
     DesktopActions(workspace, folder.path()).getHelp();
     EXPECT_EQ(workspace.opened, QStringList{supportAddress().toString()});
+}
+
+TEST_F(DesktopActionsTest, WhetherAMailProgramTakesTheMessageIsReported)
+{
+    DesktopActions actions(workspace, folder.path());
+    const QSignalSpy answers(&actions, &DesktopActions::helpAnswered);
+    for (const bool isTaking : {false, true}) {
+        workspace.isTaking = isTaking;
+        actions.getHelp();
+        ASSERT_TRUE(waitFor([&] { return answers.count() == (isTaking ? 2 : 1); }));
+        EXPECT_EQ(answers.last(), QVariantList{isTaking});
+    }
 }
 
 TEST_F(DesktopActionsTest, NotificationSettingsAreOpenedByTheDesktop)

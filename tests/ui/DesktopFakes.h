@@ -14,11 +14,16 @@ using namespace Qt::StringLiterals;
 class RecordingWorkspace : public Workspace
 {
 public:
-    bool open(const QUrl &url) override { return record(url.toString()); }
+    QFuture<bool> open(const QUrl &url) override
+    {
+        record(url.toString());
+        return QtFuture::makeReadyFuture(isTaking);
+    }
     bool openFolder(const QString &path) override { return record(path); }
     bool openNotificationSettings() override { return record(u"notifications"_s); }
 
     QStringList opened;
+    bool isTaking = true; ///< Whether a program takes the addresses.
 
 private:
     bool record(const QString &what)

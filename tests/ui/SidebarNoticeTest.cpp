@@ -70,6 +70,21 @@ TEST_F(SidebarNoticeTest, SaysThatTheNetworkIsAway)
     EXPECT_EQ(notice.text(), offline) << "while it disappears";
 }
 
+TEST_F(SidebarNoticeTest, SaysWhereToWriteWithoutAMailProgram)
+{
+    makeRoom();
+    presence.setPresent(false);
+    notice.takeHelpAnswer(false);
+    EXPECT_TRUE(notice.isNeeded());
+    EXPECT_TRUE(notice.hasAddress());
+    EXPECT_EQ(notice.text(), u"No mail program. Write to support@ostrel.example."_s);
+    EXPECT_EQ(notice.tone(), Tone::Secondary);
+
+    notice.takeHelpAnswer(true);
+    EXPECT_EQ(notice.text(), offline);
+    EXPECT_FALSE(notice.hasAddress());
+}
+
 TEST_F(SidebarNoticeTest, AProblemThatMayLoseDataIsShownFirst)
 {
     presence.setPresent(false);

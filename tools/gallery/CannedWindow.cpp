@@ -44,6 +44,7 @@ struct WindowRecipe
     std::vector<CannedMonitor> (*make)();
     int selected = dashboard; ///< An index.
     bool isOffline = false;
+    bool lacksMail = false;
 };
 
 /// A network whose presence the sample sets.
@@ -63,6 +64,7 @@ constexpr std::array windowRecipes = {
     WindowRecipe{"many", manyCannedMonitors},
     WindowRecipe{"long", longCannedMonitors},
     WindowRecipe{.sample = "offline", .make = cannedMonitorsUp, .isOffline = true},
+    WindowRecipe{.sample = "no-mail", .make = cannedMonitorsUp, .lacksMail = true},
     WindowRecipe{"detail-down", cannedMonitors, 1},
     WindowRecipe{"detail-slow", cannedMonitors, 2},
     WindowRecipe{"detail-up", cannedMonitors, 3},
@@ -110,6 +112,7 @@ void CannedWindow::setSample(const QString &sample)
         for (const CannedMonitor &canned : recipe.make())
             addTo(m_parts->store, canned);
         m_parts->presence.setPresent(!recipe.isOffline);
+        m_parts->models.notice()->takeHelpAnswer(!recipe.lacksMail);
         if (recipe.selected != dashboard)
             m_selectedMonitorId = m_parts->models.monitors()->monitorIdAt(recipe.selected);
     }

@@ -92,6 +92,20 @@ constexpr std::array gestures = {
     Gesture{"button-help", "detail-up", [](GalleryHand &hand) { awaitHelp(hand, "getHelp"); }},
     Gesture{"button-focus", "detail-up",
             [](GalleryHand &hand) { hand.tabTo(hand.item("editMonitor")); }},
+    Gesture{"address-focus", "detail-up",
+            [](GalleryHand &hand) { hand.tabTo(hand.item("address")); }},
+    Gesture{"address-menu", "detail-up",
+            [](GalleryHand &hand) {
+                hand.tabTo(hand.item("address"));
+                hand.key(Qt::Key_Menu);
+                hand.await([&] { return hand.item("menuRows") != nullptr; });
+            }},
+    Gesture{"row-help", "detail-long",
+            [](GalleryHand &hand) {
+                hand.key(Qt::Key_Down);
+                hand.key(Qt::Key_Up);
+                hand.await([&] { return hand.item("helpText") != nullptr; });
+            }},
     Gesture{"menu", "one-down", [](GalleryHand &hand) { openMenu(hand, 2); }},
     Gesture{"menu-hover", "one-down",
             [](GalleryHand &hand) {

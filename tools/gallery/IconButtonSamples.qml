@@ -68,7 +68,7 @@ GallerySection {
                 y: 0
                 delay: 0
                 text: "Check now"
-                visible: true
+                visible: delay === 0
             }
         }
     }

@@ -12,7 +12,7 @@ namespace ostrel {
 class NoWorkspace : public Workspace
 {
 public:
-    bool open(const QUrl & /*url*/) override { return false; }
+    QFuture<bool> open(const QUrl & /*url*/) override { return QtFuture::makeReadyFuture(true); }
     bool openFolder(const QString & /*path*/) override { return false; }
     bool openNotificationSettings() override { return false; }
 };

@@ -1,44 +1,24 @@
 #include "FreedesktopWorkspace.h"
 
-#include "DescriptorLimit.h"
-#include "MessageBus.h"
+#include "ContinueOn.h"
 #include "NotificationSettings.h"
+#include "ProgramStart.h"
 
 #include <QDBusPendingCallWatcher>
 #include <QFileInfo>
-#include <QProcess>
-#include <QStandardPaths>
+#include <QPromise>
 #include <QStringList>
 #include <QUrl>
 #include <QVariantMap>
 
 #include <algorithm>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
 namespace ostrel {
 
 namespace {
-
-/// Starts @p command, which outlives this program; false if there is no such program.
-bool startDetached(const QStringList &command)
-{
-    if (QStandardPaths::findExecutable(command.first()).isEmpty())
-        return false;
-    const QStringList limited = withInitialDescriptorLimit(command);
-    QProcess process;
-    process.setProgram(limited.first());
-    process.setArguments(limited.sliced(1));
-    process.setProcessEnvironment(environmentOfPrograms());
-    process.setStandardOutputFile(QProcess::nullDevice());
-    process.setStandardErrorFile(QProcess::nullDevice());
-    return process.startDetached();
-}
-
-bool openWithProgram(const QString &target)
-{
-    return startDetached({u"xdg-open"_s, target});
-}
 
 QDBusMessage openUriCall(const QString &address)
 {
@@ -73,10 +53,10 @@ FreedesktopWorkspace::FreedesktopWorkspace(std::chrono::milliseconds patience, Q
 {
 }
 
-bool FreedesktopWorkspace::open(const QUrl &url)
+QFuture<bool> FreedesktopWorkspace::open(const QUrl &url)
 {
     if (!url.isValid() || url.isRelative())
-        return false;
+        return QtFuture::makeReadyFuture(false);
     return ask(openUriCall(encoded(url)), encoded(url));
 }
 
@@ -85,7 +65,8 @@ bool FreedesktopWorkspace::openFolder(const QString &path)
     const QFileInfo folder(path);
     if (!folder.isAbsolute() || !folder.isDir())
         return false;
-    return ask(showFoldersCall(encoded(QUrl::fromLocalFile(path))), path);
+    const auto isShown = ask(showFoldersCall(encoded(QUrl::fromLocalFile(path))), path);
+    return !isShown.isFinished() || isShown.result();
 }
 
 bool FreedesktopWorkspace::openNotificationSettings()
@@ -94,18 +75,31 @@ bool FreedesktopWorkspace::openNotificationSettings()
     return std::ranges::any_of(commands, startDetached);
 }
 
-bool FreedesktopWorkspace::ask(const QDBusMessage &call, const QString &target)
+QFuture<bool> FreedesktopWorkspace::openWithProgram(const QString &target) const
+{
+    return startWatched({u"xdg-open"_s, target}, m_patience);
+}
+
+QFuture<bool> FreedesktopWorkspace::ask(const QDBusMessage &call, const QString &target)
 {
     if (!m_bus || !m_bus->isConnected())
         return openWithProgram(target);
     const auto reply = m_bus->asyncCall(call, static_cast<int>(m_patience.count()));
     auto *watcher = new QDBusPendingCallWatcher(reply, this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, target] {
+    auto promise = std::make_shared<QPromise<bool>>();
+    promise->start();
+    const auto tell = [promise](bool isTaken) {
+        promise->addResult(isTaken);
+        promise->finish();
+    };
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, target, tell] {
         watcher->deleteLater();
         if (watcher->isError())
-            openWithProgram(target);
+            continueOn(openWithProgram(target), this, tell);
+        else
+            tell(true);
     });
-    return true;
+    return promise->future();
 }
 
 } // namespace ostrel

@@ -30,13 +30,14 @@ public:
     /// From now on uses @p bus, which must be connected.
     void follow(const QDBusConnection &bus) { m_bus = bus; }
 
-    bool open(const QUrl &url) override;
+    QFuture<bool> open(const QUrl &url) override;
     bool openFolder(const QString &path) override;
     bool openNotificationSettings() override;
 
 private:
     /// Sends @p call, which opens @p target, or opens it without the bus.
-    bool ask(const QDBusMessage &call, const QString &target);
+    QFuture<bool> ask(const QDBusMessage &call, const QString &target);
+    [[nodiscard]] QFuture<bool> openWithProgram(const QString &target) const;
 
     std::optional<QDBusConnection> m_bus;
     std::chrono::milliseconds m_patience;

@@ -2,9 +2,9 @@
 
 namespace ostrel {
 
-bool PortableWorkspace::open(const QUrl &)
+QFuture<bool> PortableWorkspace::open(const QUrl &)
 {
-    return false;
+    return QtFuture::makeReadyFuture(false);
 }
 
 bool PortableWorkspace::openFolder(const QString &)

@@ -9,7 +9,7 @@ namespace ostrel {
 class PortableWorkspace final : public Workspace
 {
 public:
-    bool open(const QUrl &url) override;
+    QFuture<bool> open(const QUrl &url) override;
     bool openFolder(const QString &path) override;
     bool openNotificationSettings() override;
 };

@@ -87,7 +87,7 @@ Flickable {
             isChecking: root.model.isChecking
             onCheckNow: root.checkNow()
             onEditMonitor: root.editMonitor()
-            isWebsite: root.detail.website.toString() !== ""
+            isWebsite: root.detail.isWebsite
             onGetHelp: root.getHelp()
             onCopyAddress: root.copyAddress()
             onOpenAddress: root.openAddress()

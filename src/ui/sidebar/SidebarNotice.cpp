@@ -4,8 +4,11 @@
 #include "MonitorStore.h"
 #include "NetworkPresence.h"
 #include "OneLine.h"
+#include "ProductConstants.h"
 
+#include <QClipboard>
 #include <QDir>
+#include <QGuiApplication>
 
 using namespace Qt::StringLiterals;
 
@@ -20,6 +23,18 @@ SidebarNotice::SidebarNotice(const MonitorStore &store, const NetworkPresence &p
     connect(&m_store, &MonitorStore::canSaveChanged, this, &SidebarNotice::update);
     connect(&m_presence, &NetworkPresence::isPresentChanged, this, &SidebarNotice::update);
     update();
+}
+
+void SidebarNotice::takeHelpAnswer(bool isTaken)
+{
+    m_lacksMail = !isTaken;
+    update();
+}
+
+void SidebarNotice::copyAddress()
+{
+    QGuiApplication::clipboard()->setText(supportAddress().path());
+    takeHelpAnswer(true);
 }
 
 void SidebarNotice::update()
@@ -41,6 +56,12 @@ std::optional<SidebarNotice::Message> SidebarNotice::currentMessage() const
                        .symbol = u"exclamationmark.triangle.fill"_s,
                        .tone = Tone::Warning};
     }
+    // The user has just asked for it.
+    if (m_lacksMail)
+        return Message{.text = tr("No mail program. Write to %1.").arg(supportAddress().path()),
+                       .symbol = u"questionmark.circle"_s,
+                       .tone = Tone::Secondary,
+                       .hasAddress = true};
     if (!m_presence.isPresent())
         return Message{.text = tr("Offline. Checks wait for the network."),
                        .symbol = u"network"_s,

@@ -13,7 +13,8 @@ namespace ostrel {
 class MonitorStore;
 class NetworkPresence;
 
-/// The sidebar's notice about Ostrel itself: what currently keeps it from working. Main thread.
+/// The sidebar's notice about Ostrel itself: what currently keeps it from working, or from writing
+/// to its support. Main thread.
 class SidebarNotice : public QObject
 {
     Q_OBJECT
@@ -24,6 +25,8 @@ class SidebarNotice : public QObject
     Q_PROPERTY(QString text READ text NOTIFY changed FINAL)
     Q_PROPERTY(QString symbol READ symbol NOTIFY changed FINAL)
     Q_PROPERTY(ostrel::Tones::Tone tone READ tone NOTIFY changed FINAL)
+    // Whether the message holds an address to be copied.
+    Q_PROPERTY(bool hasAddress READ hasAddress NOTIFY changed FINAL)
 
 public:
     /// @p store and @p presence must outlive this object.
@@ -34,6 +37,12 @@ public:
     [[nodiscard]] QString text() const { return m_message.text; }
     [[nodiscard]] QString symbol() const { return m_message.symbol; }
     [[nodiscard]] Tone tone() const { return m_message.tone; }
+    [[nodiscard]] bool hasAddress() const { return m_message.hasAddress; }
+
+    /// Shows the support's address until it is copied, unless a mail program has taken the message.
+    void takeHelpAnswer(bool isTaken);
+    /// Puts the support's address on the clipboard, which ends its notice.
+    Q_INVOKABLE void copyAddress();
 
 Q_SIGNALS:
     void changed();
@@ -44,6 +53,7 @@ private:
         QString text;
         QString symbol;
         Tone tone = Tone::Secondary;
+        bool hasAddress = false;
     };
 
     void update();
@@ -53,6 +63,7 @@ private:
     const NetworkPresence &m_presence;
     Message m_message;
     bool m_isNeeded = false;
+    bool m_lacksMail = false;
 };
 
 } // namespace ostrel

@@ -42,13 +42,26 @@ Item {
         objectName: "noticeText"
         anchors.left: symbol.right
         anchors.leftMargin: root.symbolGap
-        anchors.right: parent.right
-        anchors.rightMargin: root.inset
+        anchors.right: copy.visible ? copy.left : parent.right
+        anchors.rightMargin: copy.visible ? 0 : root.inset
         anchors.verticalCenter: parent.verticalCenter
         text: root.notice.text
         font: Theme.footnote
         color: Theme.textSecondary
         wrapMode: Text.Wrap
         maximumLineCount: 2
+    }
+
+    IconButton {
+        id: copy
+
+        objectName: "copyAddress"
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.rowMargin
+        anchors.verticalCenter: parent.verticalCenter
+        visible: root.notice.hasAddress
+        symbol: "doc.on.clipboard"
+        helpText: qsTr("Copy Address")
+        onClicked: root.notice.copyAddress()
     }
 }

@@ -19,6 +19,7 @@ WindowModels::WindowModels(MonitorStore &store, MonitoringEngine &engine,
     , m_notice(store, presence)
 {
     connect(&m_form, &MonitorForm::created, &m_commands, &MonitorCommands::create);
+    connect(&m_desktop, &DesktopActions::helpAnswered, &m_notice, &SidebarNotice::takeHelpAnswer);
     connect(&m_form, &MonitorForm::edited, &m_commands, &MonitorCommands::update);
     connect(&m_commands, &MonitorCommands::checkingChanged, &m_monitors,
             &MonitorListModel::setChecking);
