@@ -98,6 +98,7 @@ TEST_F(MonitorListModelTest, EveryRoleHasANameAndAValue)
                                               "resultTone=0\n"
                                               "uptimeText=100%\n"
                                               "spokenText=A, up, 245 ms, 24-hour uptime 100%\n"
+                                              "isChecking=false\n"
                                               "responseTimeText=245 ms\n"
                                               "cardUptimeText=100.0%\n"
                                               "cardUptimeTone=0"_s);
