@@ -44,7 +44,16 @@ protected:
         press(Qt::Key_E, Qt::ControlModifier);
         ASSERT_TRUE(waitFor([&] { return item("middle") && item("middle")->isVisible(); }));
         page = item("middle");
-        ASSERT_TRUE(waitFor([&] { return page->isEnabled() && place() == top() && top() < 0; }));
+        // Once it has appeared, it shows its top; only then it can be scrolled.
+        ASSERT_TRUE(waitFor([&] { return isOpaque() && page->isEnabled(); }));
+        ASSERT_TRUE(waitFor([&] { return place() == top() && top() < 0; }));
+    }
+    [[nodiscard]] bool isOpaque() const
+    {
+        const QQuickItem *part = page;
+        while (part && part->opacity() == 1)
+            part = part->parentItem();
+        return !part;
     }
     [[nodiscard]] qreal number(const char *property) const
     {
