@@ -8,11 +8,14 @@
 #include "TimeoutText.h"
 
 #include <QLocale>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <cmath>
 #include <iterator>
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace ostrel {
 
@@ -28,6 +31,21 @@ MonitorDraft withTypedUrl(MonitorDraft draft, const QString &text)
         draft.portText = detected->portText;
         draft.monitorType = MonitorType::port;
     }
+    return draft;
+}
+
+/// Whether a web address goes on after the port at the beginning of @p portText.
+bool continuesAddress(const QString &portText)
+{
+    static const QRegularExpression path(u"^[0-9]+[/?#]"_s);
+    return path.match(portText).hasMatch();
+}
+
+MonitorDraft withWebAddress(MonitorDraft draft, const QString &url)
+{
+    draft.monitorType = MonitorType::http;
+    draft.url = url;
+    draft.portText.clear();
     return draft;
 }
 
@@ -52,12 +70,20 @@ void MonitorForm::set(T &field, const T &value)
 void MonitorForm::setUrl(const QString &url)
 {
     // A field that is set to the text it already has wasn't typed into.
-    if (url != m_draft.url)
-        set(m_draft, withTypedUrl(m_draft, url));
+    if (url == m_draft.url)
+        return;
+    const bool wasWebsite = isWebsite();
+    set(m_draft, withTypedUrl(m_draft, url));
+    m_isPortDetected |= wasWebsite && !isWebsite();
 }
 
 void MonitorForm::setPortText(const QString &portText)
 {
+    if (m_isPortDetected && continuesAddress(portText)) {
+        m_isPortDetected = false;
+        set(m_draft, withWebAddress(m_draft, m_draft.url + u':' + portText));
+        return;
+    }
     set(m_draft.portText, portText);
 }
 
@@ -79,6 +105,7 @@ void MonitorForm::setTimeout(double seconds)
 
 void MonitorForm::setMonitorType(const QString &type)
 {
+    m_isPortDetected = false;
     set(m_draft.monitorType, monitorTypeFrom(type).value_or(m_draft.monitorType));
 }
 
@@ -201,6 +228,7 @@ void MonitorForm::begin(const std::optional<Monitor> &monitor, const QString &cl
 {
     m_editingMonitor = monitor;
     m_draft = monitor ? draftOf(*monitor) : MonitorDraft();
+    m_isPortDetected = false;
     m_typedTimeout.reset();
     m_showAdvanced = false;
     m_clipboardURL = clipboardSuggestion(clipboardText);

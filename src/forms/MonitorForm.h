@@ -62,6 +62,8 @@ public:
     /// with the host here and the port in `portText`.
     void setUrl(const QString &url);
     [[nodiscard]] QString portText() const { return m_draft.portText; }
+    /// If the port was detected in a typed address, and more than a port follows ("8080/status"),
+    /// it was the beginning of a web address: that becomes `url` again.
     void setPortText(const QString &portText);
     [[nodiscard]] double interval() const { return m_draft.interval.count(); }
     void setInterval(double seconds);
@@ -146,6 +148,8 @@ private:
     std::optional<Monitor> m_editingMonitor; ///< Absent for a new monitor.
     std::optional<QString> m_clipboardURL;
     MonitorDraft m_draft;
+    bool m_isPortDetected =
+        false; ///< Whether the draft is one of a port because of a typed address.
     std::optional<QString> m_typedTimeout; ///< Absent if nothing was typed since the last commit.
     bool m_showAdvanced = false;
 };

@@ -262,6 +262,35 @@ TEST_F(MonitorFormTest, TypingHostAndPortSwitchesToPortMode)
     EXPECT_EQ(changes, 1);
 }
 
+TEST_F(MonitorFormTest, APathTypedBehindADetectedPortMakesItAWebAddress)
+{
+    form.beginCreate(QString());
+    form.setUrl(u"shop.local:8"_s);
+    form.setPortText(u"8080"_s);
+    ASSERT_EQ(form.monitorType(), u"port"_s);
+    changes = 0;
+    form.setPortText(u"8080/"_s);
+
+    EXPECT_EQ(form.monitorType(), u"http"_s);
+    EXPECT_EQ(form.url(), u"shop.local:8080/"_s);
+    EXPECT_EQ(form.portText(), QString());
+    EXPECT_TRUE(form.isValid());
+    EXPECT_EQ(changes, 1);
+    form.setUrl(u"shop.local:8080/status"_s);
+    EXPECT_EQ(form.monitorType(), u"http"_s);
+}
+
+TEST_F(MonitorFormTest, APathTypedBehindAChosenPortIsNotAPort)
+{
+    form.beginCreate(QString());
+    form.setUrl(u"localhost:8"_s);
+    form.setMonitorType(u"port"_s);
+    form.setPortText(u"8080/"_s);
+    EXPECT_EQ(form.monitorType(), u"port"_s);
+    EXPECT_EQ(form.portText(), u"8080/"_s);
+    EXPECT_FALSE(form.isValid());
+}
+
 TEST_F(MonitorFormTest, PortsOutOfRangeDoNotSwitchToPortMode)
 {
     for (const QString &text : {u"myhost:0"_s, u"myhost:70000"_s}) {

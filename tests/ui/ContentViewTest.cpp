@@ -472,6 +472,18 @@ TEST_F(ContentViewTest, AWebsiteIsAddedFromTheKeyboard)
     EXPECT_EQ(pageName(), u"shop.example"_s);
 }
 
+TEST_F(ContentViewTest, AnAddressWithAPortAndAPathIsTypedInOneGo)
+{
+    show();
+    press(Qt::Key_N, Qt::ControlModifier);
+    type("shop.local:8080/status");
+    EXPECT_EQ(textOf("address"), u"shop.local:8080/status"_s);
+    press(Qt::Key_Return);
+    ASSERT_EQ(samples.store.monitors().size(), 1);
+    EXPECT_EQ(samples.store.monitors().first().type, MonitorType::http);
+    EXPECT_EQ(samples.store.monitors().first().url, u"https://shop.local:8080/status"_s);
+}
+
 TEST_F(ContentViewTest, AMonitorIsEditedFromTheKeyboardAndFromItsPage)
 {
     const Monitor shop = samples.add(sampleMonitor());

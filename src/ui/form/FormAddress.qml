@@ -87,7 +87,14 @@ Column {
                 spokenName: qsTr("PORT")
                 placeholderText: "5432"
                 text: root.form.portText
-                onTextEdited: root.form.portText = text
+                onTextEdited: {
+                    root.form.portText = text;
+                    // It was the beginning of a web address: the next key goes on with that.
+                    if (root.form.isWebsite) {
+                        address.forceActiveFocus(Qt.OtherFocusReason);
+                        address.cursorPosition = address.length;
+                    }
+                }
             }
         }
     }
