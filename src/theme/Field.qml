@@ -70,14 +70,21 @@ T.TextField {
     Accessible.name: spokenName
     Accessible.description: isComplete && trailingSymbol !== "" ? trailingName : ""
 
-    cursorDelegate: Rectangle {
+    cursorDelegate: Item {
         id: caret
 
         property bool isLit: true
 
         width: root.caretWidth
-        color: Theme.accent
         visible: root.activeFocus && root.cursorVisible && isLit
+
+        // On a whole pixel, so that it is as wide after every letter.
+        Rectangle {
+            x: Math.round(caret.x) - caret.x
+            width: parent.width
+            height: parent.height
+            color: Theme.accent
+        }
 
         Timer {
             running: root.activeFocus && !root.readOnly && interval > 0

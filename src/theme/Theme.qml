@@ -136,6 +136,11 @@ QtObject {
         return Qt.alpha(base, highContrast ? Math.max(opacity, 0.78) : opacity);
     }
 
+    // Where a part begins that is in the middle of a whole: on a whole pixel, so that it is sharp.
+    function centred(whole: real, part: real): real {
+        return Math.round((whole - part) / 2);
+    }
+
     // A colour at a fraction of its own opacity.
     function faded(base: color, share: real): color {
         return Qt.alpha(base, base.a * share);
