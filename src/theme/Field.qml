@@ -36,6 +36,7 @@ T.TextField {
     leftPadding: Theme.fieldPadding
     rightPadding: Theme.fieldPadding + (trailingSymbol !== "" ? trailing.width + Theme.controlGap - Theme.tightSpacing : 0)
     verticalAlignment: TextInput.AlignVCenter
+    renderType: ScreenGrid.isCoarse ? TextInput.NativeRendering : TextInput.QtRendering
     font: Theme.body
     color: Theme.textPrimary
     placeholderTextColor: Theme.faint(Theme.ink, 0.35)
