@@ -13,7 +13,8 @@ Item {
     implicitHeight: size
 
     Symbol {
-        anchors.centerIn: parent
+        x: Theme.centred(root.size, width)
+        y: Theme.centred(root.size, height)
         width: root.size / root.plateShare
         height: width
         name: "app-icon"

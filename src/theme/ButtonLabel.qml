@@ -22,7 +22,7 @@ Item {
     Symbol {
         id: picture
 
-        x: root.isCentred ? Math.max(0, Math.round((root.width - root.implicitWidth) / 2)) : 0
+        x: root.isCentred ? Math.max(0, Theme.centred(root.width, root.implicitWidth)) : 0
         anchors.verticalCenter: parent.verticalCenter
         visible: root.symbol !== ""
         name: root.symbol

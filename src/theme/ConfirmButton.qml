@@ -16,7 +16,7 @@ BaseButton {
     contentItem: ButtonLabel {
         text: root.text
         font: Theme.demiBold13
-        color: Theme.accentText
+        color: Theme.highContrast && !root.enabled ? Theme.textPrimary : Theme.accentText
     }
 
     background: EdgedBox {

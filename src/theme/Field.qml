@@ -36,6 +36,7 @@ T.TextField {
     leftPadding: Theme.fieldPadding
     rightPadding: Theme.fieldPadding + (trailingSymbol !== "" ? trailing.width + Theme.controlGap - Theme.tightSpacing : 0)
     verticalAlignment: TextInput.AlignVCenter
+    renderType: ScreenGrid.isCoarse ? TextInput.NativeRendering : TextInput.QtRendering
     font: Theme.body
     color: Theme.textPrimary
     placeholderTextColor: Theme.faint(Theme.ink, 0.35)
@@ -70,14 +71,21 @@ T.TextField {
     Accessible.name: spokenName
     Accessible.description: isComplete && trailingSymbol !== "" ? trailingName : ""
 
-    cursorDelegate: Rectangle {
+    cursorDelegate: Item {
         id: caret
 
         property bool isLit: true
 
         width: root.caretWidth
-        color: Theme.accent
         visible: root.activeFocus && root.cursorVisible && isLit
+
+        // On a whole pixel, so that it is as wide after every letter.
+        Rectangle {
+            x: Math.round(caret.x) - caret.x
+            width: parent.width
+            height: parent.height
+            color: Theme.accent
+        }
 
         Timer {
             running: root.activeFocus && !root.readOnly && interval > 0

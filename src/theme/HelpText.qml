@@ -15,7 +15,7 @@ T.ToolTip {
     readonly property real helpTextMaximum: 320
     readonly property int helpTextLines: 16
 
-    x: parent ? Math.round((parent.width - width) / 2) : 0
+    x: parent ? Theme.centred(parent.width, width) : 0
     y: parent ? parent.height + root.helpTextGap : 0
     // No binding, which could be evaluated after that of `visible`.
     delay: 600

@@ -19,6 +19,7 @@ Text {
     elide: Text.ElideRight
     maximumLineCount: 1
     textFormat: Text.PlainText
+    renderType: ScreenGrid.isCoarse ? Text.NativeRendering : Text.QtRendering
     lineHeight: ThemeFonts.lineBox(font.pixelSize)
     lineHeightMode: Text.FixedHeight
     topPadding: halfLeading

@@ -51,7 +51,7 @@ T.ComboBox {
 
     indicator: Symbol {
         x: root.width - width - Theme.controlGap
-        y: Math.round((root.height - height) / 2)
+        y: Theme.centred(root.height, height)
         name: "chevron.up.chevron.down"
         color: Theme.textSecondary
     }

@@ -24,16 +24,16 @@ QtObject {
     readonly property color textSecondary: faint(ink, 0.50)
     readonly property color textTertiary: faint(ink, 0.25)
     readonly property color hairline: faint(accent, 0.06)
-    readonly property color statusUp: Qt.rgba(0.22, 0.75, 0.50, 1.0)
-    readonly property color statusDown: ThemeColors.statusDown
-    readonly property color warning: Qt.rgba(0.96, 0.56, 0.30, 1.0)
+    readonly property color statusUp: highContrast ? Qt.rgba(0.04, 0.40, 0.24, 1.0) : Qt.rgba(0.22, 0.75, 0.50, 1.0)
+    readonly property color statusDown: highContrast ? Qt.rgba(0.70, 0.12, 0.10, 1.0) : ThemeColors.statusDown
+    readonly property color warning: highContrast ? Qt.rgba(0.58, 0.27, 0.02, 1.0) : Qt.rgba(0.96, 0.56, 0.30, 1.0)
     readonly property color statusMuted: faint(ink, 0.25)
 
     readonly property color accentText: "white" // On the accent
     readonly property color none: "transparent"
-    readonly property color focusEdge: Qt.alpha(accent, 0.60)
+    readonly property color focusEdge: faint(accent, 0.60)
     readonly property color textSelection: Qt.alpha(accent, 0.20)
-    readonly property real disabledOpacity: 0.4
+    readonly property real disabledOpacity: highContrast ? 0.7 : 0.4
 
     // Fonts by role
     readonly property font headline: ThemeFonts.face(600, 14)
@@ -134,6 +134,11 @@ QtObject {
     // high contrast, its ratio to every ground is 4.5 at least, as WCAG 2.2 asks of texts (1.4.3).
     function faint(base: color, opacity: real): color {
         return Qt.alpha(base, highContrast ? Math.max(opacity, 0.78) : opacity);
+    }
+
+    // Where a part begins that is in the middle of a whole: on a whole pixel, so that it is sharp.
+    function centred(whole: real, part: real): real {
+        return Math.round((whole - part) / 2);
     }
 
     // A colour at a fraction of its own opacity.

@@ -3,7 +3,6 @@
 #include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QGuiApplication>
-#include <QQuickWindow>
 
 #include <algorithm>
 #include <array>
@@ -60,10 +59,6 @@ void ThemeFonts::install()
     // Every text uses the application's font before its own is set. Otherwise the desktop's font
     // would be loaded only for that.
     QGuiApplication::setFont(face(400, 13, defaultLetterSpacing));
-    // Hinted glyphs are sharper on a coarse screen; on a finer one they are spaced unevenly.
-    QQuickWindow::setTextRenderType(qGuiApp->devicePixelRatio() > 1.0
-                                        ? QQuickWindow::QtTextRendering
-                                        : QQuickWindow::NativeTextRendering);
 }
 
 void ThemeFonts::findFaces()

@@ -15,9 +15,8 @@ class ThemeFonts : public QObject
     QML_SINGLETON
 
 public:
-    /// Sets substitutes for the two families if the system doesn't have them, and chooses how text
-    /// is rendered at this screen's scale. Called once, after the application object is created and
-    /// before the first window.
+    /// Sets substitutes for the two families if the system doesn't have them. Called once, after
+    /// the application object is created and before the first window.
     static void install();
     /// Loads the list of the system's fonts, so that nothing waits for that later. Any thread.
     static void findFaces();

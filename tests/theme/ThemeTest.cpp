@@ -123,8 +123,20 @@ TEST_P(ThemeContrastTest, IsEasyToSeeOnEveryGroundIfTheDesktopAsksForHighContras
 }
 
 INSTANTIATE_TEST_SUITE_P(Faint, ThemeContrastTest,
-                         testing::Values("textSecondary", "textTertiary", "hairline",
-                                         "statusMuted"));
+                         testing::Values("textSecondary", "textTertiary", "hairline", "statusMuted",
+                                         "statusUp", "statusDown", "warning", "focusEdge"));
+
+TEST(ThemeTest, ADisabledConfirmButtonIsReadableIfTheDesktopAsksForHighContrast)
+{
+    ThemeView view("ConfirmButton { objectName: 'subject'; text: 'Save'; enabled: false }");
+    ASSERT_EQ(view.error(), QString());
+    (void)view.evaluate(u"Theme.highContrast = true"_s);
+    const auto colorOf = [&](const char *part) {
+        return view.property(part).value<QQuickItem *>()->property("color").value<QColor>();
+    };
+    const QColor ground = laidOver(view.themeColor("background"), colorOf("background"), 1);
+    EXPECT_GE(contrastOf(laidOver(ground, colorOf("contentItem"), 1), ground), 4.5);
+}
 
 TEST_P(ThemeFaceTest, IsExactlyTheNamedFont)
 {

@@ -630,6 +630,16 @@ TEST_F(ContentViewTest, AnAddressThatNoBrowserOpensIsOnlyCopied)
     EXPECT_EQ(workspace.opened, QStringList());
 }
 
+TEST_F(ContentViewTest, WithHighContrastTheBannersEdgeIsAsStrongAsItsSymbol)
+{
+    samples.add(sampleMonitor());
+    show();
+    window->setProperty("highContrast", true);
+    EXPECT_EQ(item("banner")->property("edge"), item("bannerSymbol")->property("color"));
+    window->setProperty("highContrast", false);
+    EXPECT_NE(item("banner")->property("edge"), item("bannerSymbol")->property("color"));
+}
+
 TEST_F(ContentViewTest, TheSplitIsAppliedOnlyIfTheWindowHasRoomForIt)
 {
     show();

@@ -45,6 +45,7 @@ struct WindowRecipe
     int selected = dashboard; ///< An index.
     bool isOffline = false;
     bool lacksMail = false;
+    bool isChecking = false; ///< A check of the selected monitor is running on request.
 };
 
 /// A network whose presence the sample sets.
@@ -68,6 +69,8 @@ constexpr std::array windowRecipes = {
     WindowRecipe{"detail-down", cannedMonitors, 1},
     WindowRecipe{"detail-slow", cannedMonitors, 2},
     WindowRecipe{"detail-up", cannedMonitors, 3},
+    WindowRecipe{
+        .sample = "detail-checking", .make = cannedMonitors, .selected = 3, .isChecking = true},
     WindowRecipe{"detail-paused", cannedMonitors, 4},
     WindowRecipe{"detail-pending", cannedMonitors, 5},
     WindowRecipe{"detail-long", longCannedMonitors, 0},
@@ -115,6 +118,8 @@ void CannedWindow::setSample(const QString &sample)
         m_parts->models.notice()->takeHelpAnswer(!recipe.lacksMail);
         if (recipe.selected != dashboard)
             m_selectedMonitorId = m_parts->models.monitors()->monitorIdAt(recipe.selected);
+        m_parts->models.monitors()->setChecking(m_selectedMonitorId, recipe.isChecking);
+        m_parts->models.detail()->setChecking(m_selectedMonitorId, recipe.isChecking);
     }
 }
 

@@ -121,9 +121,16 @@ QStringList galleryPages()
         u"empty"_s, u"one-down"_s,  u"one-down+form"_s, u"many"_s,
         u"long"_s,  u"detail-up"_s, u"detail-long"_s,
     };
-    return QStringList{u"ComponentsPage"_s, u"SidebarPage"_s, u"SymbolsPage"_s, u"SettingsPage"_s} +
+    const QStringList contrast = {
+        u"one-down"_s,  u"one-down+form"_s, u"one-down+menu"_s,
+        u"detail-up"_s, u"detail-slow"_s,   u"detail-checking"_s,
+    };
+    return QStringList{u"ComponentsPage"_s, u"SidebarPage"_s, u"SymbolsPage"_s, u"SettingsPage"_s,
+                       u"ContrastSettingsPage"_s} +
            pagesOf("WindowPage", CannedWindow::samples() + GalleryGesture::windowSamples()) +
            pagesOf("SmallWindowPage", small) + pagesOf("LargeWindowPage", large) +
+           pagesOf("ContrastWindowPage", contrast) + pagesOf("ContrastDetailPage", {u"slow"_s}) +
+           pagesOf("ContrastFormPage", {u"website"_s}) +
            pagesOf("DetailPage", CannedDetail::samples()) +
            pagesOf("SmallDetailPage", {u"down"_s}) + pagesOf("FormPage", CannedForm::samples()) +
            pagesOf("SmallFormPage", {u"website"_s});

@@ -13,7 +13,7 @@ Item {
     required property DashboardModel model
     required property MonitorSelection selection
     readonly property real contentWidth: Math.min(Theme.contentMaximum, width - 2 * Theme.pageMargin)
-    readonly property real contentX: Math.floor((width - contentWidth) / 2)
+    readonly property real contentX: Theme.centred(width, contentWidth)
     readonly property PageKeys keys: pageKeys
 
     signal addRequested

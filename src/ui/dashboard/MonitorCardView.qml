@@ -77,8 +77,8 @@ CardStyle {
             StatusDot {
                 id: dot
 
-                anchors.right: parent.right
-                anchors.verticalCenter: icon.verticalCenter
+                x: Math.round(parent.width - width)
+                y: Theme.centred(icon.height, height)
                 status: root.status
                 size: Theme.dotSizeSmall
             }

@@ -18,7 +18,7 @@ EdgedBox {
     implicitHeight: Theme.bannerHeight
     radius: Theme.cornerRadius
     color: Theme.faded(statusColor, root.bannerFillOpacity)
-    edge: Theme.faded(statusColor, root.bannerEdgeOpacity)
+    edge: Theme.highContrast ? statusColor : Theme.faded(statusColor, root.bannerEdgeOpacity)
 
     Symbol {
         id: symbol

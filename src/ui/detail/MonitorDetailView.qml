@@ -75,7 +75,7 @@ Flickable {
     Column {
         id: page
 
-        x: Math.max(Theme.pageMargin, (root.width - width) / 2)
+        x: Math.max(Theme.pageMargin, Theme.centred(root.width, width))
         y: Theme.pageMargin
         width: Math.min(root.width - 2 * Theme.pageMargin, Theme.contentMaximum)
 

@@ -21,8 +21,8 @@ T.Popup {
     }
 
     parent: T.Overlay.overlay
-    x: parent ? Math.round((parent.width - width) / 2) : 0
-    y: parent ? Math.round((parent.height - height) / 2) : 0
+    x: parent ? Theme.centred(parent.width, width) : 0
+    y: parent ? Theme.centred(parent.height, height) : 0
     implicitWidth: 440
     implicitHeight: Math.min(implicitContentHeight, roomInWindow)
     modal: true

@@ -109,6 +109,7 @@ Rectangle {
                         width: parent.width
                         height: ThemeFonts.lineBox(font.pixelSize)
                         verticalAlignment: TextInput.AlignVCenter
+                        renderType: ScreenGrid.isCoarse ? TextInput.NativeRendering : TextInput.QtRendering
                         clip: true
                         readOnly: true
                         selectByMouse: true

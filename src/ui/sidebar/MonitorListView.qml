@@ -159,8 +159,12 @@ KeyboardItem {
         delegate: MonitorRowView {
             id: row
 
+            // A deleted monitor's row, which fades out, has none.
+            readonly property bool hasPlace: index >= 0
+
             width: ListView.view.width
-            isSelected: root.selection.row === index
+            enabled: hasPlace
+            isSelected: hasPlace && root.selection.row === index
             isFocused: isSelected && root.activeFocus
             showsFocus: isSelected && root.visualFocus
             hasMenu: root.menu?.openRow === row

@@ -34,9 +34,17 @@ KeyboardItem {
     }
 
     MouseArea {
+        // How far the edge is from the pointer that drags it.
+        property real reach: 0
+
+        function pointed(mouse: MouseEvent): real {
+            return mapToItem(root.parent, mouse.x, 0).x;
+        }
+
         anchors.fill: parent
         cursorShape: Qt.SplitHCursor
-        onPositionChanged: mouse => root.sidebarWidth.drag(mapToItem(root.parent, mouse.x, 0).x)
+        onPressed: mouse => reach = root.sidebarWidth.width - pointed(mouse)
+        onPositionChanged: mouse => root.sidebarWidth.drag(pointed(mouse) + reach)
     }
 
     FocusRing {

@@ -27,7 +27,8 @@ Item {
     readonly property color nameColor: isSelected && isWindowActive ? Theme.accent : Theme.textPrimary
     // The opaque colour under the row's contents.
     readonly property color ground: isSelected ? Theme.surface : Theme.over(wash, Theme.background)
-    readonly property color wash: showsPress ? root.rowPressed : showsHover || hasMenu ? root.rowHover : Theme.none
+    // Disabled while it fades out.
+    readonly property color wash: !enabled ? Theme.none : showsPress ? root.rowPressed : showsHover || hasMenu ? root.rowHover : Theme.none
 
     signal chosen
     signal deselected

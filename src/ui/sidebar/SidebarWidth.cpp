@@ -1,6 +1,7 @@
 #include "SidebarWidth.h"
 
 #include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -27,7 +28,7 @@ qreal SidebarWidth::width() const
         return m_minimum;
     // The file may have been edited by hand.
     const qreal kept = m_values.value(widthKey(), m_ideal).toReal();
-    return std::max(m_minimum, std::min(kept, m_maximum));
+    return std::round(std::max(m_minimum, std::min(kept, m_maximum)));
 }
 
 void SidebarWidth::drag(qreal width)

@@ -7,7 +7,8 @@
 namespace ostrel {
 
 /// The width of the sidebar: the width that the user dragged it to, which is stored, but in a
-/// narrow window the minimum. Lengths in device-independent pixels.
+/// narrow window the minimum. Lengths in device-independent pixels, the width a whole number of
+/// them.
 class SidebarWidth : public QObject
 {
     Q_OBJECT
