@@ -1,3 +1,4 @@
+#include "ApplicationId.h"
 #include "CheckCommand.h"
 #include "CommandLine.h"
 #include "CurlNetwork.h"
@@ -83,7 +84,7 @@ struct Program
         avoidSilentServices();
         QApplication application(argc, argv);
         preparePlatform();
-        QApplication::setDesktopFileName(u"ostrel"_s);
+        QApplication::setDesktopFileName(applicationId());
         ThemeFonts::install();
         PseudoTranslator pseudo;
         if (invocation.language == Language::pseudo)

@@ -160,8 +160,7 @@ TEST_F(LifeCycleTest, FirstStartMakesAPrivateFolderAndALoginItem)
 {
     QDir(program.dataDir()).removeRecursively();
     ASSERT_TRUE(program.start());
-    EXPECT_TRUE(waitFor(
-        [this] { return QFile::exists(program.homeFile(u"config/autostart/ostrel.desktop"_s)); }));
+    EXPECT_TRUE(waitFor([this] { return QFile::exists(program.loginItem()); }));
     EXPECT_EQ(program.stop(), 0);
 
     constexpr QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
