@@ -1,3 +1,4 @@
+#include "ApplicationId.h"
 #include "CheckCommand.h"
 #include "CommandLine.h"
 #include "CurlNetwork.h"
@@ -38,6 +39,8 @@ using namespace ostrel;
 using namespace std::chrono_literals;
 
 constexpr int exitFailed = 1;
+/// How long a program that owns the data folder may take to answer.
+constexpr auto patience = 5s;
 
 void print(const QByteArray &text, std::FILE *stream = stdout)
 {
@@ -83,7 +86,7 @@ struct Program
         avoidSilentServices();
         QApplication application(argc, argv);
         preparePlatform();
-        QApplication::setDesktopFileName(u"ostrel"_s);
+        QApplication::setDesktopFileName(applicationId());
         ThemeFonts::install();
         PseudoTranslator pseudo;
         if (invocation.language == Language::pseudo)
@@ -93,17 +96,30 @@ struct Program
         for (const QString &complaint : closeToOthers(invocation.dataDir))
             complain(complaint);
         SingleInstance instance(invocation.dataDir);
-        switch (instance.claim(5s)) {
+        const bool addsMonitor = invocation.addsMonitor;
+        switch (
+            instance.claim(patience, addsMonitor ? StartRequest::addMonitor : StartRequest::show)) {
         case SingleInstance::Claim::handedOver:
             return 0;
         case SingleInstance::Claim::failed:
-            complain(u"another Ostrel that doesn't answer uses "_s + invocation.dataDir);
+            complainOfSilence(invocation.dataDir);
             return exitFailed;
         case SingleInstance::Claim::first:
         case SingleInstance::Claim::unusable: // It watches and notifies all the same.
             break;
         }
-        return watch(records, instance);
+        return watch(records, instance, addsMonitor);
+    }
+
+    int operator()(const QuitInvocation &invocation)
+    {
+        const QCoreApplication application(argc, argv);
+        SingleInstance instance(invocation.dataDir);
+        const auto claim = instance.claim(patience, StartRequest::quit);
+        if (claim != SingleInstance::Claim::failed)
+            return 0; // It ends, or there is none.
+        complainOfSilence(invocation.dataDir);
+        return exitFailed;
     }
 
     int operator()(const CheckInvocation &invocation)
@@ -138,7 +154,12 @@ struct Program
     }
 
 private:
-    static int watch(RecordsReader &records, SingleInstance &instance)
+    static void complainOfSilence(const QString &dataDir)
+    {
+        complain(u"another Ostrel that doesn't answer uses "_s + dataDir);
+    }
+
+    static int watch(RecordsReader &records, SingleInstance &instance, bool addsMonitor)
     {
         // First, while other threads are working.
         auto views = std::make_unique<MainWindowLoader>();
@@ -188,13 +209,20 @@ private:
         };
         QObject::connect(&instance, &SingleInstance::activationRequested, &app.delegate(),
                          &AppDelegate::reopen);
+        QObject::connect(&instance, &SingleInstance::newMonitorRequested, &app,
+                         &OstrelApp::addMonitor);
+        QObject::connect(&instance, &SingleInstance::quitRequested, &app, &QCoreApplication::quit);
         QObject::connect(&instance, &SingleInstance::ownershipLost, &app, [] {
             complain(u"another Ostrel has taken the data folder over"_s);
             QCoreApplication::quit();
         });
         QObject::connect(termination.get(), &TerminationSignal::terminationRequested, &app,
                          &QCoreApplication::quit);
-        return app.show() ? QCoreApplication::exec() : exitFailed;
+        if (!app.show())
+            return exitFailed;
+        if (addsMonitor)
+            app.addMonitor();
+        return QCoreApplication::exec();
     }
 };
 

@@ -72,6 +72,12 @@ bool OstrelApp::show()
     return true;
 }
 
+void OstrelApp::addMonitor(const QByteArray &activationToken)
+{
+    m_delegate.reopen(activationToken);
+    Q_EMIT m_models.opener()->createRequested();
+}
+
 void OstrelApp::connectStatusBarItem()
 {
     connect(&m_statusBarItem, &StatusBarItem::helpRequested, m_models.desktop(),

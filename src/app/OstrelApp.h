@@ -64,6 +64,10 @@ public:
     /// Shows the main window; false if it can't be created.
     [[nodiscard]] bool show();
 
+    /// Shows the window and, unless a form is open, the one for a new monitor. For
+    /// @p activationToken see AppDelegate.
+    void addMonitor(const QByteArray &activationToken = {});
+
     [[nodiscard]] const MonitorStore &store() const { return m_store; }
     [[nodiscard]] AppDelegate &delegate() { return m_delegate; }
     [[nodiscard]] StatusBarItem &statusBarItem() { return m_statusBarItem; }

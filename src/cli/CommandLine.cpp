@@ -99,7 +99,8 @@ std::optional<Language> languageFrom(const QString &value)
 
 QString generalHelp()
 {
-    return u"Usage: ostrel [--data-dir DIR] [--language LANGUAGE]\n"
+    return u"Usage: ostrel [--add-monitor] [--data-dir DIR] [--language LANGUAGE]\n"
+           "       ostrel --quit [--data-dir DIR]\n"
            "       ostrel check ADDRESS [options]\n"
            "       ostrel status [--json] [--data-dir DIR]\n"
            "\n"
@@ -123,6 +124,8 @@ QString generalHelp()
            "    --json              print JSON\n"
            "\n"
            "Options:\n"
+           "  --add-monitor         show the window with the form for a new monitor\n"
+           "  --quit                end the Ostrel that watches, if there is one\n"
            "  --data-dir DIR        keep monitors and history in DIR\n"
            "  --language LANGUAGE   show the window in LANGUAGE: en (default), or pseudo, in\n"
            "                        which a text that was missed stands out\n"
@@ -330,10 +333,34 @@ Invocation parseStatus(const QStringList &arguments)
     };
 }
 
+/// Complains about an option that doesn't go with --quit.
+std::optional<UnusableInvocation> quitContradiction(const QCommandLineParser &parser)
+{
+    for (const QString &name : {u"add-monitor"_s, u"language"_s}) {
+        if (parser.isSet(u"quit"_s) && parser.isSet(name))
+            return unusable(u"--"_s + name + u" doesn't go with --quit."_s);
+    }
+    return std::nullopt;
+}
+
+/// The invocation of a line whose values are usable.
+Invocation startInvocation(const QCommandLineParser &parser, const QString &dataDir,
+                           std::optional<Language> language)
+{
+    if (parser.isSet(u"quit"_s))
+        return QuitInvocation{.dataDir = dataDir};
+    return RunInvocation{.dataDir = dataDir,
+                         .language = language.value_or(Language::english),
+                         .addsMonitor = parser.isSet(u"add-monitor"_s)};
+}
+
 Invocation parseRun(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parser.addOptions({dataDirOption(), {u"language"_s, {}, u"LANGUAGE"_s}});
+    parser.addOptions({dataDirOption(),
+                       {u"language"_s, {}, u"LANGUAGE"_s},
+                       {u"add-monitor"_s, {}},
+                       {u"quit"_s, {}}});
     if (!parser.parse(arguments))
         return unusableLine(parser);
     if (const auto problem = complaint(parser, 0))
@@ -344,8 +371,9 @@ Invocation parseRun(const QStringList &arguments)
     const auto language = optionValue<Language>(parser, u"language"_s, languageFrom);
     if (!language.isUsable)
         return unusableOption(parser, u"language"_s);
-    return RunInvocation{.dataDir = *dataDir,
-                         .language = language.value.value_or(Language::english)};
+    if (const auto problem = quitContradiction(parser))
+        return *problem;
+    return startInvocation(parser, *dataDir, language.value);
 }
 
 } // namespace

@@ -21,6 +21,13 @@ struct RunInvocation
 {
     QString dataDir;
     Language language = Language::english;
+    bool addsMonitor = false; ///< Begin with the form for a new monitor.
+};
+
+/// End the program that watches the monitors.
+struct QuitInvocation
+{
+    QString dataDir;
 };
 
 enum class OutputFormat { human, json };
@@ -51,8 +58,8 @@ struct UnusableInvocation
     QString reason;
 };
 
-using Invocation = std::variant<RunInvocation, CheckInvocation, StatusInvocation, AnswerInvocation,
-                                UnusableInvocation>;
+using Invocation = std::variant<RunInvocation, QuitInvocation, CheckInvocation, StatusInvocation,
+                                AnswerInvocation, UnusableInvocation>;
 
 inline constexpr int exitUp = 0;
 inline constexpr int exitDown = 1;

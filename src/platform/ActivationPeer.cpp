@@ -2,9 +2,11 @@
 
 #include "ActivationToken.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <chrono>
+#include <optional>
 #include <sys/socket.h>
 #include <unistd.h>
 #include <utility>
@@ -16,7 +18,28 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto timeout = 2s;
-constexpr QByteArrayView command = "activate ";
+constexpr std::pair<StartRequest, QByteArrayView> commands[] = {
+    {StartRequest::show, "activate "},
+    {StartRequest::addMonitor, "add-monitor "},
+    {StartRequest::quit, "end "},
+};
+constexpr qsizetype maxLineLength = 12 + maxActivationTokenLength;
+
+struct Request
+{
+    StartRequest request;
+    QByteArray token;
+};
+
+/// Nullopt if @p line is no command.
+std::optional<Request> requestIn(const QByteArray &line)
+{
+    for (const auto &[request, command] : commands) {
+        if (line.startsWith(command) && line.size() - command.size() <= maxActivationTokenLength)
+            return Request{.request = request, .token = line.sliced(command.size())};
+    }
+    return std::nullopt;
+}
 
 } // namespace
 
@@ -28,6 +51,13 @@ ActivationPeer::ActivationPeer(FileDescriptor socket, QObject *parent)
     connect(&m_notifier, &QSocketNotifier::activated, this, &ActivationPeer::read);
     connect(&m_timeout, &QTimer::timeout, this, &ActivationPeer::end);
     m_timeout.start(timeout);
+}
+
+QByteArray ActivationPeer::command(StartRequest request)
+{
+    const auto *found =
+        std::ranges::find(commands, request, &std::pair<StartRequest, QByteArrayView>::first);
+    return found->second.toByteArray();
 }
 
 bool ActivationPeer::isOurs(const FileDescriptor &socket)
@@ -50,17 +80,18 @@ void ActivationPeer::read()
     const auto lineEnd = m_received.indexOf('\n');
     if (lineEnd >= 0)
         answer(m_received.first(lineEnd));
-    else if (m_received.size() > command.size() + maxActivationTokenLength)
+    else if (m_received.size() > maxLineLength)
         end();
 }
 
 void ActivationPeer::answer(const QByteArray &line)
 {
     end();
-    if (!line.startsWith(command) || line.size() > command.size() + maxActivationTokenLength)
+    const auto request = requestIn(line);
+    if (!request)
         return;
     ::send(m_socket.number(), "ok\n", 3, MSG_NOSIGNAL);
-    Q_EMIT activationRequested(line.sliced(command.size()));
+    Q_EMIT requested(request->request, request->token);
 }
 
 void ActivationPeer::end()

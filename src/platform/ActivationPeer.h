@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FileDescriptor.h"
+#include "StartRequest.h"
 
 #include <QByteArray>
 #include <QObject>
@@ -19,6 +20,8 @@ public:
     /// @p socket is connected and non-blocking.
     ActivationPeer(FileDescriptor socket, QObject *parent);
 
+    /// The beginning of the line by which a peer makes @p request; its activation token follows.
+    [[nodiscard]] static QByteArray command(StartRequest request);
     /// Whether the peer of @p socket belongs to this user.
     [[nodiscard]] static bool isOurs(const FileDescriptor &socket);
 
@@ -29,7 +32,7 @@ public:
 
 Q_SIGNALS:
     /// Emitted at most once, after the peer has its answer.
-    void activationRequested(const QByteArray &activationToken);
+    void requested(ostrel::StartRequest request, const QByteArray &activationToken);
 
 private:
     void answer(const QByteArray &line);

@@ -84,23 +84,24 @@ bool waitForAnswer(const FileDescriptor &socket, const QDeadlineTimer &deadline)
     return ::poll(&waited, 1, static_cast<int>(deadline.remainingTime())) > 0;
 }
 
-/// Asks the program that owns @p folder to show itself, without waiting; a closed descriptor if the
-/// request can't be sent.
-FileDescriptor sendRequest(const FileDescriptor &folder)
+/// Asks the program that owns @p folder, without waiting; a closed descriptor if the request can't
+/// be sent.
+FileDescriptor send(StartRequest request, const FileDescriptor &folder)
 {
     FileDescriptor socket = newSocket();
     if (!socket.isOpen() || !attach(::connect, socket, folder))
         return FileDescriptor();
-    const QByteArray request = "activate " + activationTokenFromEnvironment() + '\n';
-    const auto size = static_cast<std::size_t>(request.size());
-    const auto sent = ::send(socket.number(), request.constData(), size, MSG_NOSIGNAL);
-    return sent == request.size() ? std::move(socket) : FileDescriptor();
+    const QByteArray line =
+        ActivationPeer::command(request) + activationTokenFromEnvironment() + '\n';
+    const auto size = static_cast<std::size_t>(line.size());
+    const auto sent = ::send(socket.number(), line.constData(), size, MSG_NOSIGNAL);
+    return sent == line.size() ? std::move(socket) : FileDescriptor();
 }
 
-/// Asks the first program once; true if it has answered that it will show itself.
-bool askFirst(const FileDescriptor &folder, const QDeadlineTimer &deadline)
+/// Asks the first program once; true if it has answered that it will do so.
+bool askFirst(StartRequest request, const FileDescriptor &folder, const QDeadlineTimer &deadline)
 {
-    const FileDescriptor socket = sendRequest(folder);
+    const FileDescriptor socket = send(request, folder);
     if (!socket.isOpen() || !waitForAnswer(socket, deadline))
         return false;
     std::array<char, okAnswer.size()> answer = {};
@@ -156,14 +157,15 @@ SingleInstance::~SingleInstance()
         ::unlinkat(m_folder.number(), socketName, 0);
 }
 
-SingleInstance::Claim SingleInstance::claim(std::chrono::milliseconds patience)
+SingleInstance::Claim SingleInstance::claim(std::chrono::milliseconds patience,
+                                            StartRequest request)
 {
     const QDeadlineTimer deadline(patience);
     switch (takeLock()) {
     case Lock::taken:
         return Claim::first;
     case Lock::held:
-        return handOver(deadline);
+        return handOver(request, deadline);
     case Lock::impossible:
         return Claim::unusable;
     }
@@ -221,12 +223,12 @@ void SingleInstance::listen()
 }
 
 /// The first program may have the lock but not its socket yet, and it may end at any moment.
-SingleInstance::Claim SingleInstance::handOver(const QDeadlineTimer &deadline)
+SingleInstance::Claim SingleInstance::handOver(StartRequest request, const QDeadlineTimer &deadline)
 {
     const FileDescriptor folder(
         ::open(m_storageDir.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     do {
-        if (askFirst(folder, deadline))
+        if (askFirst(request, folder, deadline))
             return Claim::handedOver;
         pause(deadline);
         if (takeLock() == Lock::taken)
@@ -238,8 +240,8 @@ SingleInstance::Claim SingleInstance::handOver(const QDeadlineTimer &deadline)
 void SingleInstance::lose()
 {
     m_isLost = true;
-    (void)sendRequest(
-        FileDescriptor(::open(m_storageDir.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)));
+    (void)send(StartRequest::show, FileDescriptor(::open(m_storageDir.constData(),
+                                                         O_RDONLY | O_DIRECTORY | O_CLOEXEC)));
     QMetaObject::invokeMethod(this, &SingleInstance::ownershipLost, Qt::QueuedConnection);
 }
 
@@ -267,12 +269,27 @@ bool SingleInstance::acceptPeer()
     if (!ActivationPeer::isOurs(socket))
         return true;
     auto *peer = new ActivationPeer(std::move(socket), this);
-    connect(peer, &ActivationPeer::activationRequested, this, &SingleInstance::activationRequested);
+    connect(peer, &ActivationPeer::requested, this, &SingleInstance::pass);
     peer->read();
     const auto peers = findChildren<ActivationPeer *>(QString(), Qt::FindDirectChildrenOnly);
     if (peers.size() > maxPeers)
         delete peers.first();
     return true;
+}
+
+void SingleInstance::pass(StartRequest request, const QByteArray &activationToken)
+{
+    switch (request) {
+    case StartRequest::show:
+        Q_EMIT activationRequested(activationToken);
+        break;
+    case StartRequest::addMonitor:
+        Q_EMIT newMonitorRequested(activationToken);
+        break;
+    case StartRequest::quit:
+        Q_EMIT quitRequested();
+        break;
+    }
 }
 
 } // namespace ostrel

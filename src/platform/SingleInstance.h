@@ -2,6 +2,7 @@
 
 #include "FileDescriptor.h"
 #include "FolderOwnership.h"
+#include "StartRequest.h"
 
 #include <QDeadlineTimer>
 #include <QObject>
@@ -22,10 +23,10 @@ namespace ostrel {
 ///
 /// Ownership is a lock on `ostrel.lock` in the data folder, which the kernel releases however the
 /// process ends. Through the socket `ostrel.sock` beside it, a second start talks to the first: one
-/// line "activate TOKEN", answered by the line "ok". Only programs of the same user are served, a
-/// few at a time, each for a bounded time and a bounded number of bytes. Peers that have sent
-/// nothing make way for later ones. Besides POSIX, it needs Linux's accept4, SO_PEERCRED and
-/// /proc/self/fd.
+/// line "activate TOKEN", "add-monitor TOKEN" or "end TOKEN", answered by the line "ok". Only
+/// programs of the same user are served, a few at a time, each for a bounded time and a bounded
+/// number of bytes. Peers that have sent nothing make way for later ones. Besides POSIX, it needs
+/// Linux's accept4, SO_PEERCRED and /proc/self/fd.
 class SingleInstance final : public QObject, public FolderOwnership
 {
     Q_OBJECT
@@ -33,7 +34,7 @@ class SingleInstance final : public QObject, public FolderOwnership
 public:
     enum class Claim {
         first,      ///< The folder is ours until this object or the process ends, however it ends.
-        handedOver, ///< Another program owns it, and has been asked to show itself.
+        handedOver, ///< Another program owns it, and has taken the request.
         failed,     ///< Another program owns it but doesn't answer.
         unusable,   ///< It can't be owned (read-only, foreign, no folder). renew() still may.
     };
@@ -41,15 +42,20 @@ public:
     explicit SingleInstance(const QString &storageDir, QObject *parent = nullptr);
     ~SingleInstance() override;
 
-    /// Called once, at startup. Waits at most @p patience for the first program's answer. Passes
-    /// the desktop's activation token on, if the environment has one.
-    [[nodiscard]] Claim claim(std::chrono::milliseconds patience);
+    /// Called once, at startup. Waits at most @p patience for the first program's answer to
+    /// @p request. Passes the desktop's activation token on, if the environment has one.
+    [[nodiscard]] Claim claim(std::chrono::milliseconds patience,
+                              StartRequest request = StartRequest::show);
     [[nodiscard]] bool renew() override;
 
 Q_SIGNALS:
     /// Emitted in the first program: another start has handed over to us. @p activationToken may be
     /// empty.
     void activationRequested(const QByteArray &activationToken);
+    /// Likewise, with the form for a new monitor.
+    void newMonitorRequested(const QByteArray &activationToken);
+    /// Emitted in the first program: another start has asked it to end.
+    void quitRequested();
     /// Emitted once, from the event loop: another program owns the folder that is now at the path,
     /// and has been asked to show itself. renew() returns false from then on.
     void ownershipLost();
@@ -61,10 +67,11 @@ private:
     [[nodiscard]] bool isOwner() const;
     [[nodiscard]] Lock takeLock();
     void listen();
-    Claim handOver(const QDeadlineTimer &deadline);
+    Claim handOver(StartRequest request, const QDeadlineTimer &deadline);
     void lose();
     void acceptPeers();
     bool acceptPeer();
+    void pass(StartRequest request, const QByteArray &activationToken);
 
     QByteArray m_storageDir;
     FileDescriptor m_folder;

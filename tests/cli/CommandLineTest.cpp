@@ -45,6 +45,22 @@ TEST(CommandLineTest, TheLanguageIsEnglishUnlessAnotherIsChosen)
     EXPECT_EQ(std::get<RunInvocation>(parse(u"--language pseudo"_s)).language, Language::pseudo);
 }
 
+TEST(CommandLineTest, ItCanBeginWithTheFormForANewMonitor)
+{
+    EXPECT_FALSE(std::get<RunInvocation>(parse({})).addsMonitor);
+    const auto run = std::get<RunInvocation>(parse(u"--add-monitor --data-dir /tmp/there"_s));
+    EXPECT_TRUE(run.addsMonitor);
+    EXPECT_EQ(run.dataDir, u"/tmp/there"_s);
+}
+
+TEST(CommandLineTest, ItCanEndTheProgramThatRuns)
+{
+    EXPECT_EQ(std::get<QuitInvocation>(parse(u"--quit"_s)).dataDir,
+              MonitorStore::defaultStorageDir());
+    EXPECT_EQ(std::get<QuitInvocation>(parse(u"--quit --data-dir /tmp/there"_s)).dataDir,
+              u"/tmp/there"_s);
+}
+
 TEST(CommandLineTest, ACheckHasTheFormsDefaults)
 {
     const CheckInvocation check = parseCheck(u"check https://shop.example/"_s);
@@ -198,6 +214,11 @@ TEST(CommandLineTest, UnusableArgumentsAreNamed)
         "--language",
         "--language xx",
         "status --language pseudo",
+        "status --quit",
+        "check a --add-monitor",
+        "--quit --add-monitor",
+        "--quit --language en",
+        "--quit now",
     };
     for (const char *line : lines) {
         const Invocation invocation = parse(QString::fromLatin1(line));

@@ -85,6 +85,26 @@ TEST_F(LifeCycleTest, WatchesAfterItsWindowIsClosedAndASecondStartShowsItAgain)
     EXPECT_EQ(program.stop(), 0);
 }
 
+TEST_F(LifeCycleTest, ASecondStartEndsItIfAsked)
+{
+    EXPECT_EQ(program.run({u"--quit"_s}).exitCode, 0) << "there is none to end";
+    ASSERT_TRUE(program.start());
+    EXPECT_EQ(program.run({u"--quit"_s}).exitCode, 0);
+    EXPECT_EQ(program.waitForEnd(), 0);
+}
+
+TEST_F(LifeCycleTest, ASecondStartShowsTheWindowAgainToAddAMonitor)
+{
+    ASSERT_TRUE(windows.isReady());
+    ASSERT_TRUE(program.start());
+    ASSERT_TRUE(waitFor([this] { return windows.hasWindow(u"Ostrel"_s); }));
+    ASSERT_TRUE(windows.closeWindow(u"Ostrel"_s));
+    ASSERT_TRUE(waitFor([this] { return !windows.hasWindow(u"Ostrel"_s); }));
+    EXPECT_EQ(program.run({u"--add-monitor"_s}).exitCode, 0);
+    EXPECT_TRUE(waitFor([this] { return windows.hasWindow(u"Ostrel"_s); }));
+    EXPECT_EQ(program.stop(), 0);
+}
+
 TEST_F(LifeCycleTest, ItsWindowIsWhereItWasAndAsItWas)
 {
     const auto title = u"Ostrel"_s;
@@ -160,8 +180,7 @@ TEST_F(LifeCycleTest, FirstStartMakesAPrivateFolderAndALoginItem)
 {
     QDir(program.dataDir()).removeRecursively();
     ASSERT_TRUE(program.start());
-    EXPECT_TRUE(waitFor(
-        [this] { return QFile::exists(program.homeFile(u"config/autostart/ostrel.desktop"_s)); }));
+    EXPECT_TRUE(waitFor([this] { return QFile::exists(program.loginItem()); }));
     EXPECT_EQ(program.stop(), 0);
 
     constexpr QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |

@@ -108,9 +108,8 @@ bool OstrelProgram::launch()
 
 bool OstrelProgram::start()
 {
-    const QString loginItem = homeFile(u"config/autostart/ostrel.desktop"_s);
-    QFile::remove(loginItem);
-    return launch() && waitFor([&] { return !isRunning() || QFile::exists(loginItem); }) &&
+    QFile::remove(loginItem());
+    return launch() && waitFor([&] { return !isRunning() || QFile::exists(loginItem()); }) &&
            isRunning();
 }
 

@@ -67,6 +67,11 @@ public:
     [[nodiscard]] QString dataDir() const { return m_home.filePath(u"data/Vantry"_s); }
     [[nodiscard]] QString homeFile(const QString &name) const { return m_home.filePath(name); }
     [[nodiscard]] QByteArray file(const QString &name) const;
+    /// The login item's file.
+    [[nodiscard]] QString loginItem() const
+    {
+        return homeFile(u"config/autostart/io.github.ostrel.Ostrel.desktop"_s);
+    }
     /// A preference as its file holds it now; empty if the file doesn't have it.
     [[nodiscard]] QByteArray preference(const QByteArray &key) const;
 

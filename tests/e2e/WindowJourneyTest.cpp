@@ -260,7 +260,7 @@ void WindowJourneyTest::useTheDatabasesMenu()
 void WindowJourneyTest::changeTheSettings()
 {
     const auto kept = [this](const char *key) { return desktop.program.preference(key); };
-    const QString loginItem = desktop.program.homeFile(u"config/autostart/ostrel.desktop"_s);
+    const QString loginItem = desktop.program.loginItem();
     ASSERT_TRUE(desktop.user.press("ctrl+comma"));
     ASSERT_TRUE(sees(AccessibleRole::frame, u"Settings"_s));
     ASSERT_TRUE(click(AccessibleRole::checkBox, u"Launch at Login"_s));

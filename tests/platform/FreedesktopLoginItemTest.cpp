@@ -32,7 +32,12 @@ protected:
     {
         return m_folder.filePath(QString::fromUtf8(name));
     }
-    [[nodiscard]] QString entryPath() const { return path("config/autostart/ostrel.desktop"); }
+    [[nodiscard]] QString entryPath() const
+    {
+        return path("config/autostart/io.github.ostrel.Ostrel.desktop");
+    }
+    /// Where the entry was before the program had its present id.
+    [[nodiscard]] QString formerPath() const { return path("config/autostart/ostrel.desktop"); }
 
     [[nodiscard]] QString makeProgram(const QString &relativePath)
     {
@@ -50,12 +55,21 @@ protected:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
-    void writeEntry(const QByteArray &text) const
+    void writeEntry(const QByteArray &text) const { write(entryPath(), text); }
+    void writeFormerEntry(const QByteArray &text) const { write(formerPath(), text); }
+
+    static void write(const QString &path, const QByteArray &text)
     {
-        QDir().mkpath(QFileInfo(entryPath()).path());
-        QFile file(entryPath());
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(text);
+    }
+
+    /// The files and links in the folder of the entries.
+    [[nodiscard]] QStringList entryNames() const
+    {
+        return QDir(path("config/autostart")).entryList(QDir::Files | QDir::System);
     }
 
     /// The entry's line for @p key.
@@ -80,7 +94,7 @@ TEST_F(FreedesktopLoginItemTest, NamesTheInstalledProgramWithoutItsPath)
                                   "Name=Ostrel\n"
                                   "Exec=ostrel\n"
                                   "TryExec=ostrel\n"
-                                  "Icon=ostrel\n"
+                                  "Icon=io.github.ostrel.Ostrel\n"
                                   "Terminal=false\n"
                                   "X-GNOME-Autostart-Delay=2\n"
                                   "X-KDE-autostart-after=panel\n"
@@ -250,11 +264,65 @@ TEST_F(FreedesktopLoginItemTest, ClearsTheTemporaryFileOfAStartThatWasKilled)
     FreedesktopLoginItem item(makeProgram(u"bin/ostrel"_s));
     ASSERT_TRUE(item.registerItem());
     const QDir folder(path("config/autostart"));
-    EXPECT_EQ(folder.entryList(QDir::Files), QStringList{u"ostrel.desktop"_s});
+    EXPECT_EQ(folder.entryList(QDir::Files), QStringList{u"io.github.ostrel.Ostrel.desktop"_s});
     QFile left(entryPath() + u".tmp"_s);
     ASSERT_TRUE(left.open(QIODevice::WriteOnly));
     ASSERT_TRUE(item.registerItem());
-    EXPECT_EQ(folder.entryList(QDir::Files), QStringList{u"ostrel.desktop"_s});
+    EXPECT_EQ(folder.entryList(QDir::Files), QStringList{u"io.github.ostrel.Ostrel.desktop"_s});
+}
+
+TEST_F(FreedesktopLoginItemTest, TakesTheEntryOfItsFormerNameOver)
+{
+    FreedesktopLoginItem item(makeProgram(u"bin/ostrel"_s));
+    const QByteArray own = "[Desktop Entry]\nType=Application\nName=Mine\n"
+                           "Exec=ostrel --data-dir /srv/watch\n";
+    writeFormerEntry(own);
+    EXPECT_TRUE(item.registerItem());
+    EXPECT_EQ(entry(), own);
+    EXPECT_EQ(entryNames(), QStringList{u"io.github.ostrel.Ostrel.desktop"_s});
+}
+
+TEST_F(FreedesktopLoginItemTest, AFormerEntryThatItsUserHasDisabledStaysDisabled)
+{
+    FreedesktopLoginItem item(makeProgram(u"bin/ostrel"_s));
+    for (const QByteArray line : {"Hidden=true\n", "X-GNOME-Autostart-enabled=false\n"}) {
+        const QByteArray disabled = "[Desktop Entry]\nType=Application\nExec=/old/ostrel\n" + line;
+        writeFormerEntry(disabled);
+        EXPECT_TRUE(item.registerItem());
+        EXPECT_EQ(entry(), disabled);
+        EXPECT_TRUE(item.unregisterItem());
+    }
+}
+
+TEST_F(FreedesktopLoginItemTest, AFormerEntryThatIsALinkToADeviceStaysOne)
+{
+    QDir().mkpath(path("config/autostart"));
+    const QString device = path("device");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(device).constData(), 0600), 0);
+    ASSERT_TRUE(QFile::link(device, formerPath()));
+    FreedesktopLoginItem item(makeProgram(u"bin/ostrel"_s));
+    EXPECT_FALSE(item.registerItem());
+    EXPECT_EQ(QFileInfo(entryPath()).symLinkTarget(), device);
+    EXPECT_FALSE(QFileInfo(formerPath()).isSymLink());
+}
+
+TEST_F(FreedesktopLoginItemTest, AFormerEntryBesideThePresentOneIsRemoved)
+{
+    FreedesktopLoginItem item(makeProgram(u"bin/ostrel"_s));
+    ASSERT_TRUE(item.registerItem());
+    const QByteArray present = entry();
+    writeFormerEntry("[Desktop Entry]\nType=Application\nExec=ostrel\nHidden=true\n");
+    EXPECT_TRUE(item.registerItem());
+    EXPECT_EQ(entry(), present);
+    EXPECT_EQ(entryNames(), QStringList{u"io.github.ostrel.Ostrel.desktop"_s});
+}
+
+TEST_F(FreedesktopLoginItemTest, UnregisteringRemovesAFormerEntryToo)
+{
+    FreedesktopLoginItem item(makeProgram(u"bin/ostrel"_s));
+    writeFormerEntry("[Desktop Entry]\nType=Application\nExec=ostrel\n");
+    EXPECT_TRUE(item.unregisterItem());
+    EXPECT_EQ(entryNames(), QStringList());
 }
 
 TEST_F(FreedesktopLoginItemTest, IsValidToTheDesktopsOwnTool)

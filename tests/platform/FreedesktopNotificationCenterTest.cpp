@@ -105,7 +105,7 @@ TEST_F(FreedesktopNotificationCenterTest, SendsAllThatTheProtocolAsksFor)
     const auto &sent = m_daemon->notifications().first();
     EXPECT_EQ(sent.application, u"Ostrel"_s);
     EXPECT_EQ(sent.replacesId, 0U);
-    EXPECT_EQ(sent.icon, u"ostrel"_s);
+    EXPECT_EQ(sent.icon, u"io.github.ostrel.Ostrel"_s);
     EXPECT_EQ(sent.title, u"T <b>&"_s);
     EXPECT_EQ(sent.body, u"HTTP 503"_s);
     EXPECT_TRUE(sent.actions.isEmpty());
@@ -114,7 +114,7 @@ TEST_F(FreedesktopNotificationCenterTest, SendsAllThatTheProtocolAsksFor)
     EXPECT_EQ(sent.hints.value(u"urgency"_s), QVariant::fromValue<uchar>(2));
     EXPECT_EQ(sent.hints.value(u"urgency"_s).typeId(), QMetaType::UChar);
     EXPECT_EQ(sent.hints.value(u"sound-name"_s).toString(), u"message-new-instant"_s);
-    EXPECT_EQ(sent.hints.value(u"desktop-entry"_s).toString(), u"ostrel"_s);
+    EXPECT_EQ(sent.hints.value(u"desktop-entry"_s).toString(), u"io.github.ostrel.Ostrel"_s);
 }
 
 TEST_F(FreedesktopNotificationCenterTest, HasTheUsualUrgencyUnlessItIsTimeSensitive)

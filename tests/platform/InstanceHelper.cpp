@@ -10,7 +10,7 @@
 // A program that claims a folder in a process of its own, and prints what happens to it, line by
 // line. At every line of its input it renews its ownership, as the store does before it saves.
 //
-//   InstanceHelper FOLDER PATIENCE-IN-MS
+//   InstanceHelper FOLDER PATIENCE-IN-MS [add-monitor|quit]
 
 namespace ostrel {
 namespace {
@@ -47,18 +47,28 @@ void renewAtEveryLine(SingleInstance &instance, const QSocketNotifier &input)
     });
 }
 
-int claim(const QString &folder, std::chrono::milliseconds patience)
+StartRequest requestNamed(const QString &name)
+{
+    if (name == QLatin1String("quit"))
+        return StartRequest::quit;
+    return name.isEmpty() ? StartRequest::show : StartRequest::addMonitor;
+}
+
+int claim(const QString &folder, std::chrono::milliseconds patience, StartRequest request)
 {
     SingleInstance instance(folder);
     QObject::connect(&instance, &SingleInstance::activationRequested,
                      [](const QByteArray &token) { tell("activated " + token); });
+    QObject::connect(&instance, &SingleInstance::newMonitorRequested,
+                     [](const QByteArray &token) { tell("adds a monitor " + token); });
+    QObject::connect(&instance, &SingleInstance::quitRequested, [] { tell("quits"); });
     QObject::connect(&instance, &SingleInstance::ownershipLost, [] {
         tell("lost");
         QCoreApplication::quit();
     });
     const QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
     renewAtEveryLine(instance, input);
-    const auto claim = instance.claim(patience);
+    const auto claim = instance.claim(patience, request);
     tell(nameOf(claim));
     if (claim != SingleInstance::Claim::first && claim != SingleInstance::Claim::unusable)
         return 0;
@@ -72,5 +82,6 @@ int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    return ostrel::claim(arguments.at(1), std::chrono::milliseconds(arguments.at(2).toInt()));
+    return ostrel::claim(arguments.at(1), std::chrono::milliseconds(arguments.at(2).toInt()),
+                         ostrel::requestNamed(arguments.value(3)));
 }

@@ -44,14 +44,14 @@ class Start
 {
 public:
     explicit Start(const QString &folder, std::chrono::milliseconds patience = ample,
-                   const QString &token = {})
+                   const QString &token = {}, const QString &request = {})
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.remove(u"DESKTOP_STARTUP_ID"_s);
         environment.insert(u"XDG_ACTIVATION_TOKEN"_s, token);
         m_process.setProcessEnvironment(environment);
         m_process.start(u"" OSTREL_INSTANCE_HELPER ""_s,
-                        {folder, QString::number(patience.count())});
+                        {folder, QString::number(patience.count()), request});
     }
 
     [[nodiscard]] QByteArray nextLine() { return m_process.nextLine(30s); }
@@ -100,6 +100,24 @@ TEST_F(SingleInstanceTest, TheSecondStartHandsOverWithItsToken)
     const auto third = start();
     EXPECT_EQ(third->nextLine(), "handedOver");
     EXPECT_EQ(first->nextLine(), "activated");
+}
+
+TEST_F(SingleInstanceTest, TheSecondStartCanAskForANewMonitor)
+{
+    const auto first = start();
+    ASSERT_EQ(first->nextLine(), "first");
+    Start second(m_folder.path(), ample, u"token-2"_s, u"add-monitor"_s);
+    EXPECT_EQ(second.nextLine(), "handedOver");
+    EXPECT_EQ(first->nextLine(), "adds a monitor token-2");
+}
+
+TEST_F(SingleInstanceTest, TheSecondStartCanAskTheFirstToQuit)
+{
+    const auto first = start();
+    ASSERT_EQ(first->nextLine(), "first");
+    Start second(m_folder.path(), ample, {}, u"quit"_s);
+    EXPECT_EQ(second.nextLine(), "handedOver");
+    EXPECT_EQ(first->nextLine(), "quits");
 }
 
 TEST_F(SingleInstanceTest, ATokenThatDoesntFitALineIsLeftOut)

@@ -484,6 +484,18 @@ TEST_F(ContentViewTest, AnAddressWithAPortAndAPathIsTypedInOneGo)
     EXPECT_EQ(samples.store.monitors().first().url, u"https://shop.local:8080/status"_s);
 }
 
+TEST_F(ContentViewTest, TheFormForANewMonitorOpensWhenItIsRequested)
+{
+    show();
+    auto *opener = window->property("models").value<WindowModels *>()->opener();
+    Q_EMIT opener->createRequested();
+    EXPECT_EQ(sheetTitle(), u"New Monitor"_s);
+    type("shop.example");
+    Q_EMIT opener->createRequested();
+    press(Qt::Key_Return);
+    ASSERT_EQ(samples.store.monitors().size(), 1) << "what was typed stays";
+}
+
 TEST_F(ContentViewTest, AMonitorIsEditedFromTheKeyboardAndFromItsPage)
 {
     const Monitor shop = samples.add(sampleMonitor());

@@ -1,5 +1,6 @@
 #include "FreedesktopLoginItem.h"
 
+#include "ApplicationId.h"
 #include "AtomicFile.h"
 
 #include <QCoreApplication>
@@ -10,6 +11,7 @@
 #include <QStandardPaths>
 
 #include <algorithm>
+#include <cstdio>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -22,9 +24,11 @@ constexpr qint64 maxEntrySize = 65'536;
 
 using Keys = QHash<QString, QString>;
 
-QString configFolder()
+/// The entry that is named after @p id.
+QString entryFile(const QString &id)
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           u"/autostart/"_s + id + u".desktop"_s;
 }
 
 /// @p text as the value of a key of type string.
@@ -123,6 +127,18 @@ QString resolvedProgram(const QString &name)
     return QFileInfo(QStandardPaths::findExecutable(name)).canonicalFilePath();
 }
 
+/// Whether anything but a folder is at @p path, also a link that leads nowhere.
+bool isEntry(const QString &path)
+{
+    const QFileInfo place(path);
+    return place.isSymLink() || (place.exists() && !place.isDir());
+}
+
+bool removeEntry(const QString &path)
+{
+    return QFile::remove(path) || !QFile::exists(path);
+}
+
 bool isSameProgram(const QString &name, const QString &executable)
 {
     const QString program = resolvedProgram(name);
@@ -138,12 +154,14 @@ FreedesktopLoginItem::FreedesktopLoginItem()
 
 FreedesktopLoginItem::FreedesktopLoginItem(const QString &executable)
     : m_executable(executable)
-    , m_file(configFolder() + u"/autostart/ostrel.desktop"_s)
+    , m_file(entryFile(applicationId()))
+    , m_formerFile(entryFile(u"ostrel"_s))
 {
 }
 
 bool FreedesktopLoginItem::registerItem()
 {
+    takeFormerEntryOver();
     const AtomicFile file(m_file);
     file.removeLeftovers();
     if (isSettled())
@@ -161,7 +179,19 @@ bool FreedesktopLoginItem::registerItem()
 
 bool FreedesktopLoginItem::unregisterItem()
 {
-    return QFile::remove(m_file) || !QFile::exists(m_file);
+    const bool isFormerGone = removeEntry(m_formerFile);
+    return removeEntry(m_file) && isFormerGone;
+}
+
+void FreedesktopLoginItem::takeFormerEntryOver() const
+{
+    if (!isEntry(m_formerFile))
+        return;
+    if (isEntry(m_file))
+        QFile::remove(m_formerFile);
+    else // Unlike QFile's, it keeps links and never copies.
+        std::rename(QFile::encodeName(m_formerFile).constData(),
+                    QFile::encodeName(m_file).constData());
 }
 
 /// The installed program is named without its path, so that the entry survives moving it.
@@ -178,12 +208,14 @@ QByteArray FreedesktopLoginItem::entry() const
                           "Name=Ostrel\n"
                           "Exec=%1\n"
                           "TryExec=%2\n"
-                          "Icon=ostrel\n"
+                          "Icon=%3\n"
                           "Terminal=false\n"
                           "X-GNOME-Autostart-Delay=2\n"
                           "X-KDE-autostart-after=panel\n"
                           "X-LXQt-Need-Tray=true\n"_s;
-    return lines.arg(escapedValue(quotedArgument(command())), escapedValue(command())).toUtf8();
+    return lines
+        .arg(escapedValue(quotedArgument(command())), escapedValue(command()), applicationId())
+        .toUtf8();
 }
 
 bool FreedesktopLoginItem::isSettled() const

@@ -1,5 +1,7 @@
 #include "FreedesktopNotificationCenter.h"
 
+#include "ApplicationId.h"
+
 #include <QDBusPendingCallWatcher>
 #include <QDBusServiceWatcher>
 #include <QStringList>
@@ -31,7 +33,7 @@ QVariantMap hintsFor(const NotificationRequest &request)
 {
     return {{u"urgency"_s, QVariant::fromValue(urgencyOf(request.level))},
             {u"sound-name"_s, u"message-new-instant"_s},
-            {u"desktop-entry"_s, u"ostrel"_s}};
+            {u"desktop-entry"_s, applicationId()}};
 }
 
 QDBusMessage methodCall(const QString &method)
@@ -44,8 +46,8 @@ QDBusMessage notifyCall(const NotificationRequest &request, const QString &body,
 {
     constexpr int daemonsOwnExpiry = -1;
     QDBusMessage message = methodCall(u"Notify"_s);
-    message.setArguments({u"Ostrel"_s, replacesId, u"ostrel"_s, request.title, body, QStringList(),
-                          hintsFor(request), daemonsOwnExpiry});
+    message.setArguments({u"Ostrel"_s, replacesId, applicationId(), request.title, body,
+                          QStringList(), hintsFor(request), daemonsOwnExpiry});
     return message;
 }
 

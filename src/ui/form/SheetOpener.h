@@ -28,6 +28,11 @@ public:
     /// Starts editing the monitor with this id. False, without any effect, if there is none.
     Q_INVOKABLE bool beginEdit(const QUuid &monitorId);
 
+Q_SIGNALS:
+    /// Emitted by the application, to the window: the sheet for a new monitor is wanted. A sheet
+    /// that is open stays.
+    void createRequested();
+
 private:
     const MonitorStore &m_store;
     MonitorForm &m_form;

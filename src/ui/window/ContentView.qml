@@ -69,6 +69,14 @@ FocusScope {
         value: chosen.monitorId
     }
 
+    Connections {
+        target: root.models.opener
+
+        function onCreateRequested(): void {
+            root.add();
+        }
+    }
+
     // Waits, because the focus may be on its way to another item.
     Timer {
         interval: 0
