@@ -83,7 +83,7 @@ QString clockTimePattern(const ClockStyle &clock)
 {
     // Some locales' short pattern has seconds, and "B" (in the afternoon) isn't supported.
     static const QRegularExpression surplus(u"[:.]ss|B"_s);
-    const QString usual = clock.locale.timeFormat(QLocale::ShortFormat).remove(surplus);
+    QString usual = clock.locale.timeFormat(QLocale::ShortFormat).remove(surplus);
     const bool isTwelve = countsToTwelve(usual);
     if (clock.countsToTwelve.value_or(isTwelve) == isTwelve)
         return usual;
