@@ -82,12 +82,12 @@ WindowPlacement::WindowPlacement(QObject *parent)
     m_settled.setSingleShot(true);
     m_settled.setInterval(settling);
     connect(&m_settled, &QTimer::timeout, this, &WindowPlacement::store);
+    connect(qApp, &QCoreApplication::aboutToQuit, this, &WindowPlacement::storeAtOnce);
 }
 
 WindowPlacement::~WindowPlacement()
 {
-    if (m_settled.isActive())
-        store();
+    storeAtOnce();
 }
 
 void WindowPlacement::setWindow(QQuickWindow *window)
@@ -100,6 +100,8 @@ void WindowPlacement::setWindow(QQuickWindow *window)
     connect(m_window, &QWindow::widthChanged, this, &WindowPlacement::noteChange);
     connect(m_window, &QWindow::heightChanged, this, &WindowPlacement::noteChange);
     connect(m_window, &QWindow::windowStateChanged, this, &WindowPlacement::noteChange);
+    // Once it is closed, nobody knows its frame any more.
+    connect(m_window, &QWindow::visibleChanged, this, &WindowPlacement::storeAtOnce);
     Q_EMIT changed();
 }
 
@@ -136,6 +138,14 @@ void WindowPlacement::noteChange()
 {
     if (m_window->isVisible())
         m_settled.start();
+}
+
+void WindowPlacement::storeAtOnce()
+{
+    if (!m_settled.isActive())
+        return;
+    m_settled.stop();
+    store();
 }
 
 void WindowPlacement::store()

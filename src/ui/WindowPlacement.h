@@ -25,7 +25,6 @@ class WindowPlacement : public QObject
 
 public:
     explicit WindowPlacement(QObject *parent = nullptr);
-    /// Stores what has changed.
     ~WindowPlacement() override;
 
     [[nodiscard]] QQuickWindow *window() const { return m_window; }
@@ -43,6 +42,8 @@ private:
     void restoreSizeAndState();
     void restorePlace();
     void noteChange();
+    /// Stores what has changed since the last time, if anything.
+    void storeAtOnce();
     void store();
     void storePlace();
 

@@ -75,6 +75,23 @@ TEST_F(WindowPlacementTest, SizeAndPlaceAreThereAgainAtTheNextStart)
     EXPECT_EQ(placed->window.framePosition(), QPoint(120, 90));
 }
 
+TEST_F(WindowPlacementTest, WhatChangedJustBeforeItIsClosedIsStored)
+{
+    startAgain().window.setGeometry(120, 90, 610, 420);
+    QCoreApplication::processEvents();
+    placed->window.close();
+    EXPECT_EQ(values.value(u"testSize"_s), QSize(610, 420));
+    EXPECT_EQ(values.value(u"testPlace"_s), QPoint(120, 90));
+}
+
+TEST_F(WindowPlacementTest, WhatChangedJustBeforeTheProgramEndsIsStored)
+{
+    startAgain().window.setGeometry(120, 90, 610, 420);
+    QCoreApplication::processEvents();
+    QMetaObject::invokeMethod(qApp, "aboutToQuit", Qt::DirectConnection);
+    EXPECT_EQ(values.value(u"testSize"_s), QSize(610, 420));
+}
+
 TEST_F(WindowPlacementTest, AMaximisedWindowIsMaximisedAgainAndKeepsTheSizeFromBefore)
 {
     startAgain().window.resize(610, 420);
