@@ -14,6 +14,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QHash>
 #include <QImage>
 #include <QProcessEnvironment>
 #include <QTemporaryDir>
@@ -92,7 +93,7 @@ private:
 struct Usage
 {
     double processorSeconds = 0;
-    double wakeUps = 0; ///< Context switches of all its threads.
+    QHash<QString, double> wakeUps = {}; ///< Context switches, by thread.
 };
 
 /// The number after @p key in the lines of @p path; 0 if there is none.
@@ -159,8 +160,8 @@ public:
         const QDir tasks(procFile(u"task"_s));
         for (const QString &task : tasks.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
             const QString status = tasks.filePath(task + u"/status"_s);
-            usage.wakeUps += numberIn(status, "voluntary_ctxt_switches:") +
-                             numberIn(status, "nonvoluntary_ctxt_switches:");
+            usage.wakeUps.insert(task, numberIn(status, "voluntary_ctxt_switches:") +
+                                           numberIn(status, "nonvoluntary_ctxt_switches:"));
         }
         return usage;
     }
@@ -222,8 +223,11 @@ Rate rateOf(const Candidate &candidate)
     QThread::sleep(watching.count());
     const Usage after = candidate.usage();
     const double seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
-    return {(after.processorSeconds - before.processorSeconds) / seconds * 100,
-            (after.wakeUps - before.wakeUps) / seconds};
+    // A thread that has ended meanwhile isn't counted any more.
+    double wakeUps = 0;
+    for (auto thread = after.wakeUps.begin(); thread != after.wakeUps.end(); ++thread)
+        wakeUps += *thread - before.wakeUps.value(thread.key());
+    return {(after.processorSeconds - before.processorSeconds) / seconds * 100, wakeUps / seconds};
 }
 
 struct Running
