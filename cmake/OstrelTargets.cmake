@@ -25,7 +25,7 @@ endfunction()
 function(ostrel_test name)
     cmake_parse_arguments(ARG "RUN_SERIAL;WHOLE_STACKS" "TIMEOUT" "SOURCES;LIBRARIES;LABELS" ${ARGN})
     if(NOT ARG_TIMEOUT)
-        set(ARG_TIMEOUT 60)
+        set(ARG_TIMEOUT 300)
     endif()
     set(properties TIMEOUT ${ARG_TIMEOUT} RUN_SERIAL ${ARG_RUN_SERIAL}
         ENVIRONMENT "TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/tsan.supp")

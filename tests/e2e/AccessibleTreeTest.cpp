@@ -143,12 +143,10 @@ protected:
     void expectSpoken(const QStringList &patterns)
     {
         QStringList lines;
-        const bool isSpoken = waitFor(
-            [&] {
-                lines = spoken(desktop.items());
-                return matchesAll(lines, patterns);
-            },
-            5s);
+        const bool isSpoken = waitFor([&] {
+            lines = spoken(desktop.items());
+            return matchesAll(lines, patterns);
+        });
         EXPECT_TRUE(isSpoken) << "Said:\n"
                               << lines.join(u'\n').toStdString() << "\n\nExpected:\n"
                               << patterns.join(u'\n').toStdString();

@@ -26,8 +26,6 @@ namespace ostrel::test {
 
 namespace {
 
-using namespace std::chrono_literals;
-
 class StatusBarTest : public testing::Test
 {
 protected:
@@ -263,7 +261,7 @@ TEST_F(StatusBarTest, ARealPanelShowsTheBirdTakesItsClickAndDrawsItsMenu)
     const auto redBird = [&] {
         return screen.find(ThemeColors::statusDown(), DesktopPanel::height, enough);
     };
-    ASSERT_TRUE(waitFor([&] { return redBird().has_value(); }, 20s));
+    ASSERT_TRUE(waitFor([&] { return redBird().has_value(); }));
     const QPoint bird = *redBird();
     isBroken = false;
     EXPECT_TRUE(waitFor([&] { return !redBird(); }));

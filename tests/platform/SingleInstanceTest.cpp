@@ -35,7 +35,7 @@ using namespace std::chrono_literals;
 using Claim = SingleInstance::Claim;
 
 /// Patience with a first program that answers.
-constexpr auto ample = 20s;
+constexpr auto ample = 60s;
 /// Patience with one that doesn't.
 constexpr auto brief = 300ms;
 

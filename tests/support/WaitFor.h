@@ -8,10 +8,11 @@
 
 namespace ostrel::test {
 
-/// Runs the event loop until @p condition holds; false if it doesn't within @p patience.
+/// Runs the event loop until @p condition holds; false if it doesn't within @p patience. The
+/// default is a minute, since a busy machine may stand still for many seconds.
 template<typename Condition>
 [[nodiscard]] bool waitFor(Condition condition,
-                           std::chrono::milliseconds patience = std::chrono::seconds(10))
+                           std::chrono::milliseconds patience = std::chrono::minutes(1))
 {
     const QDeadlineTimer deadline(patience);
     while (!condition()) {
