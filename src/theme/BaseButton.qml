@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import QtQuick.Templates as T
 
@@ -17,8 +15,6 @@ T.AbstractButton {
     property bool showsHover: hovered && enabled
     property bool showsFocus: visualFocus
     readonly property bool wantsHelp: (hovered || visualFocus) && enabled && !down && helpText !== ""
-    // Null until it is wanted for the first time.
-    property HelpText help: null
 
     // Found by name. As a handler, the action would be offered twice.
     function accessiblePressAction(): void {
@@ -33,10 +29,6 @@ T.AbstractButton {
     Accessible.name: spokenName
     Accessible.description: enabled ? "" : qsTr("Unavailable")
     Keys.forwardTo: [keys]
-    onWantsHelpChanged: {
-        if (wantsHelp && !help)
-            help = helpComponent.createObject(root) as HelpText;
-    }
 
     ButtonKeys {
         id: keys
@@ -53,12 +45,8 @@ T.AbstractButton {
         controlRadius: root.radius
     }
 
-    Component {
-        id: helpComponent
-
-        HelpText {
-            text: root.helpText
-            visible: root.wantsHelp
-        }
+    LateHelp {
+        text: root.helpText
+        isWanted: root.wantsHelp
     }
 }

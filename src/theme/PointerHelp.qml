@@ -13,8 +13,8 @@ Item {
         id: pointer
     }
 
-    HelpText {
+    LateHelp {
         text: root.text
-        visible: root.isNeeded && pointer.hovered
+        isWanted: root.isNeeded && pointer.hovered
     }
 }
