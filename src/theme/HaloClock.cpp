@@ -13,6 +13,8 @@ using namespace std::chrono_literals;
 
 constexpr std::chrono::milliseconds frame = 50ms;
 constexpr std::chrono::milliseconds oneWay = 1500ms;
+/// A halo has 36 shades: what swells by less shows nothing new.
+constexpr double smallestStep = 1.0 / 36;
 
 /// The curve that CSS calls "ease-in-out".
 QEasingCurve easeInOut()
@@ -51,7 +53,9 @@ void HaloClock::leave()
 void HaloClock::advance()
 {
     const double ways = std::fmod(static_cast<double>(m_elapsed.elapsed()) / oneWay.count(), 2);
-    setSwell(m_easing.valueForProgress(ways <= 1 ? ways : 2 - ways));
+    const double swell = m_easing.valueForProgress(ways <= 1 ? ways : 2 - ways);
+    if (std::abs(swell - m_swell) >= smallestStep)
+        setSwell(swell);
 }
 
 void HaloClock::setSwell(double swell)

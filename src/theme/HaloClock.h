@@ -9,7 +9,8 @@
 namespace ostrel {
 
 /// The phase that all pulsing halos share, so that they are drawn in the same frames. It advances
-/// 20 times a second: a halo grows by half a pixel meanwhile. Main thread.
+/// at most 20 times a second, less often where the motion is slow: a frame that looks like the one
+/// before isn't drawn. Main thread.
 class HaloClock : public QObject
 {
     Q_OBJECT
