@@ -68,7 +68,6 @@ bool OstrelApp::show()
     watchAppearance(*window);
     m_delegate.setMainWindow(window);
     m_delegate.reopen();
-    m_statusBarItem.show();
     return true;
 }
 
@@ -110,6 +109,7 @@ void OstrelApp::watchAppearance(QQuickWindow &window)
 void OstrelApp::contentAppeared()
 {
     m_engine.start();
+    m_statusBarItem.show();
     m_services.notificationCenter.requestAuthorization();
     m_services.loginItem.registerItem();
 }

@@ -51,7 +51,6 @@ StatusBarItem::StatusBarItem(const MonitorStore &store, StatusBarHost &host,
     , m_host(host)
     , m_menu(store, host)
     , m_isAnythingDown(isAnythingDown(store))
-    , m_icon(bird(m_isAnythingDown, host))
 {
     connect(&store, &MonitorStore::monitorsChanged, this, &StatusBarItem::updateIcon);
     connect(&store, &MonitorStore::checksChanged, this, &StatusBarItem::updateIcon);
@@ -79,6 +78,8 @@ StatusBarItem::~StatusBarItem() = default;
 
 void StatusBarItem::show()
 {
+    if (m_isAwaiting || m_trayIcon)
+        return;
     // On X11 the toolkit decides when it creates its first icon, and for good, whether icons talk
     // to a host or to the older kind of bar, which embeds windows. So this is postponed while a
     // host may still appear: either kind accepts an icon at any later time, but not the other
@@ -96,6 +97,11 @@ void StatusBarItem::present(const NotificationRequest &request)
         m_trayIcon->showMessage(request.title, request.body, messageIcon(request.level));
 }
 
+QIcon StatusBarItem::icon() const
+{
+    return bird(m_isAnythingDown, m_host);
+}
+
 bool StatusBarItem::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::ApplicationPaletteChange) {
@@ -109,7 +115,7 @@ void StatusBarItem::join()
 {
     m_patience.stop();
     m_isAwaiting = false;
-    m_trayIcon = std::make_unique<QSystemTrayIcon>(m_icon);
+    m_trayIcon = std::make_unique<QSystemTrayIcon>(icon());
     m_trayIcon->setToolTip(u"Ostrel"_s);
     m_trayIcon->setContextMenu(&m_menu.menu());
     // From here on it is known who draws the menu.
@@ -130,11 +136,10 @@ void StatusBarItem::updateIcon()
     drawIcon();
 }
 
-void StatusBarItem::drawIcon()
+void StatusBarItem::drawIcon() const
 {
-    m_icon = bird(m_isAnythingDown, m_host);
     if (m_trayIcon)
-        m_trayIcon->setIcon(m_icon);
+        m_trayIcon->setIcon(icon());
 }
 
 } // namespace ostrel

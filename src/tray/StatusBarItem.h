@@ -33,7 +33,7 @@ public:
                   std::chrono::milliseconds patience = defaultPatience, QObject *parent = nullptr);
     ~StatusBarItem() override;
 
-    /// Joins the status bar once its kind is known.
+    /// Joins the status bar once its kind is known. Does nothing when called again.
     void show();
     [[nodiscard]] bool hasJoined() const { return m_trayIcon != nullptr; }
     /// Shows a notification beside the item, for desktops without a notification service. Dropped
@@ -42,7 +42,7 @@ public:
 
     [[nodiscard]] StatusBarMenu &menu() { return m_menu; }
     /// The current bird.
-    [[nodiscard]] const QIcon &icon() const { return m_icon; }
+    [[nodiscard]] QIcon icon() const;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -54,13 +54,12 @@ Q_SIGNALS:
 private:
     void join();
     void updateIcon();
-    void drawIcon();
+    void drawIcon() const;
 
     const MonitorStore &m_store;
     const StatusBarHost &m_host;
     StatusBarMenu m_menu;
     bool m_isAnythingDown;
-    QIcon m_icon;
     QTimer m_patience;
     bool m_isAwaiting = false;                   ///< Must be shown, but hasn't joined yet.
     std::unique_ptr<QSystemTrayIcon> m_trayIcon; ///< Null until it has joined.

@@ -208,6 +208,15 @@ TEST_F(StatusBarItemTest, WaitsForAHostThatMayAppear)
     EXPECT_TRUE(item.hasJoined());
 }
 
+TEST_F(StatusBarItemTest, ToBeShownAgainChangesNothing)
+{
+    host.isComing = true;
+    item.show();
+    host.isComing = false;
+    item.show();
+    EXPECT_FALSE(item.hasJoined()) << "it still waits for the host to appear";
+}
+
 TEST_F(StatusBarItemTest, JoinsAfterAWhileIfNoHostAppears)
 {
     host.isComing = true;
