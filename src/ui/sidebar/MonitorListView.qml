@@ -47,11 +47,6 @@ KeyboardItem {
         actions.deleteMonitor(monitorId);
     }
 
-    function isTyped(event: KeyEvent): bool {
-        const commands = Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier;
-        return !(event.modifiers & commands) && typeAhead.takes(event.text);
-    }
-
     function take(): void {
         forceActiveFocus(Qt.MouseFocusReason);
     }
@@ -62,31 +57,16 @@ KeyboardItem {
         if (list.currentItem)
             place.reveal(list.currentItem, 0);
     }
-    Keys.onUpPressed: walkTo(selection.row - 1)
-    Keys.onDownPressed: walkTo(selection.row + 1)
-    Keys.onEscapePressed: walkTo(-1)
-    Keys.onMenuPressed: openSelectedMenu()
-    // A held key deletes one monitor, not all.
-    Keys.onDeletePressed: event => {
-        if (!event.isAutoRepeat)
-            deleteSelected();
-    }
-    Keys.onPressed: event => {
-        event.accepted = true;
-        if (event.key === Qt.Key_Home)
-            walkTo(0);
-        else if (event.key === Qt.Key_End)
-            walkTo(list.count - 1);
-        else if (event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier)
-            openSelectedMenu();
-        else if (isTyped(event))
-            walkTo(typeAhead.type(event.text, monitors, selection.row));
-        else
-            event.accepted = false;
-    }
+    Keys.forwardTo: [keys]
 
-    TypeAhead {
-        id: typeAhead
+    MonitorListKeys {
+        id: keys
+
+        monitors: root.monitors
+        selection: root.selection
+        onWalked: row => root.walkTo(row)
+        onMenuRequested: root.openSelectedMenu()
+        onDeleteRequested: root.deleteSelected()
     }
 
     FocusVoice {

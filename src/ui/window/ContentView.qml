@@ -6,8 +6,7 @@ import Ostrel
 import Ostrel.Theme
 
 // The window's two columns, and the sheet that opens over them. When the sheet closes, the focus
-// returns to where it was when it opened. If that is gone,
-// the sidebar's list has the focus.
+// returns to where it was when it opened. If that is gone, the sidebar's list has the focus.
 FocusScope {
     id: root
 
@@ -24,10 +23,6 @@ FocusScope {
     property AddMonitorSheet sheet: null
     property int sheetState: ContentView.Closed
     readonly property bool hasSheet: sheetState !== ContentView.Closed
-    readonly property Item focused: Window.activeFocusItem
-    // Whether what had the focus is gone or hidden, so that the keys would lead nowhere. The sheet
-    // looks after its own.
-    readonly property bool hasLostFocus: Window.active && !hasSheet && (!focused || focused === root || !focused.visible)
     readonly property bool showingAddSheet: sheetState === ContentView.Creating
     readonly property bool showingEdit: sheetState === ContentView.Editing
 
@@ -77,10 +72,9 @@ FocusScope {
         }
     }
 
-    // Waits, because the focus may be on its way to another item.
-    Timer {
-        interval: 0
-        running: root.hasLostFocus
+    LostFocus {
+        content: root
+        isWatching: !root.hasSheet // It looks after its own.
         onTriggered: sidebar.focusList()
     }
 
