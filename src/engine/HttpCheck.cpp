@@ -4,6 +4,7 @@
 #include "BodyReader.h"
 #include "CaselessSearch.h"
 #include "ContinueOn.h"
+#include "HttpStatusRule.h"
 #include "Network.h"
 #include "SSLCaptureDelegate.h"
 #include "TransferTimeout.h"
@@ -60,12 +61,6 @@ HttpRequest makeRequest(const Monitor &monitor, const QUrl &url,
         .timeout = transferTimeout(monitor.timeout),
         .tlsDelegate = delegate,
     };
-}
-
-/// A site that asks for credentials, or forbids the anonymous client, is alive.
-bool isUpStatus(int statusCode)
-{
-    return (statusCode >= 200 && statusCode <= 399) || statusCode == 401 || statusCode == 403;
 }
 
 void applyStatusRule(Check &check)
