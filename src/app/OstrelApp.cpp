@@ -109,9 +109,9 @@ void OstrelApp::watchAppearance(QQuickWindow &window)
 void OstrelApp::contentAppeared()
 {
     m_engine.start();
-    m_statusBarItem.show();
     m_services.notificationCenter.requestAuthorization();
     m_services.loginItem.registerItem();
+    m_statusBarItem.show();
 }
 
 void OstrelApp::lookUpSite(const QUuid &monitorId, const QString &address)
