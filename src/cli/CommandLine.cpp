@@ -1,7 +1,14 @@
 #include "CommandLine.h"
 
+#include "AddArguments.h"
 #include "CheckArguments.h"
+#include "CheckNowArguments.h"
 #include "CommandArguments.h"
+#include "EditArguments.h"
+#include "ListArguments.h"
+#include "PauseArguments.h"
+#include "RemoveArguments.h"
+#include "ResumeArguments.h"
 #include "StartArguments.h"
 #include "StatusArguments.h"
 
@@ -74,7 +81,9 @@ bool asksForHelp(const QStringList &arguments)
 
 const QList<Command> &allCommands()
 {
-    static const QList<Command> commands = {checkCommand(), statusCommand()};
+    static const QList<Command> commands = {checkCommand(),  statusCommand(), listCommand(),
+                                            addCommand(),    editCommand(),   pauseCommand(),
+                                            resumeCommand(), removeCommand(), checkNowCommand()};
     return commands;
 }
 
