@@ -1,9 +1,12 @@
 #include "ApplicationId.h"
+#include "ChangeCommand.h"
 #include "CheckCommand.h"
+#include "CheckNowCommand.h"
 #include "CommandLine.h"
 #include "CurlNetwork.h"
 #include "DetachedThread.h"
 #include "HttpCheck.h"
+#include "ListCommand.h"
 #include "MainWindowLoader.h"
 #include "NotificationManager.h"
 #include "OneLine.h"
@@ -12,9 +15,11 @@
 #include "PortCheck.h"
 #include "PseudoTranslator.h"
 #include "RecordsReader.h"
+#include "RequestRunner.h"
 #include "SingleInstance.h"
 #include "Sleeper.h"
 #include "StatusCommand.h"
+#include "StatusWatch.h"
 #include "StorageFolder.h"
 #include "ThemeFonts.h"
 #include "WorkThread.h"
@@ -26,6 +31,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <future>
+#include <unistd.h>
 #include <variant>
 
 using namespace Qt::StringLiterals;
@@ -38,7 +44,6 @@ namespace {
 using namespace ostrel;
 using namespace std::chrono_literals;
 
-constexpr int exitFailed = 1;
 /// How long a program that owns the data folder may take to answer.
 constexpr auto patience = 5s;
 
@@ -127,18 +132,49 @@ struct Program
         const QCoreApplication application(argc, argv);
         CurlNetwork network;
         const Check check = runCheckOnce(invocation, network);
-        print(describeCheck(invocation, check));
+        print(describeCheck(invocation.monitor, check, invocation.format));
         return exitCodeOf(check);
     }
 
     int operator()(const StatusInvocation &invocation)
     {
+        if (invocation.isFollowed)
+            return follow(invocation);
         if (const auto status = readStatus(invocation)) {
             print(*status);
             return 0;
         }
-        complain(u"can't read "_s + StoredRecords::monitorsPath(invocation.dataDir));
+        complainOfMonitors(invocation.dataDir);
         return exitFailed;
+    }
+
+    int operator()(const ListInvocation &invocation)
+    {
+        if (const auto list = readList(invocation)) {
+            print(*list);
+            return 0;
+        }
+        complainOfMonitors(invocation.dataDir);
+        return exitFailed;
+    }
+
+    int operator()(const AddInvocation &invocation)
+    {
+        createPrivateFolder(invocation.dataDir);
+        return change(invocation, runAdd);
+    }
+
+    int operator()(const EditInvocation &invocation) { return change(invocation, runEdit); }
+
+    int operator()(const SwitchInvocation &invocation) { return change(invocation, runSwitch); }
+
+    int operator()(const CheckNowInvocation &invocation)
+    {
+        const auto check = [](const CheckNowInvocation &wanted, RequestRunner &runner) {
+            CurlNetwork network;
+            return runCheckNow(wanted, runner, network);
+        };
+        return change(invocation, check);
     }
 
     int operator()(const AnswerInvocation &invocation)
@@ -149,11 +185,53 @@ struct Program
 
     int operator()(const UnusableInvocation &invocation)
     {
-        print("ostrel: " + invocation.reason.toLocal8Bit() + "\nTry 'ostrel --help'.\n", stderr);
+        const QString help = invocation.command.isEmpty()
+                                 ? u"ostrel --help"_s
+                                 : u"ostrel %1 --help"_s.arg(invocation.command);
+        complain(invocation.reason + u" Try '"_s + help + u"'."_s);
         return exitUnusable;
     }
 
 private:
+    /// Runs a command that may need the program that watches.
+    template<typename Invocation, typename Run>
+    int change(const Invocation &invocation, Run run)
+    {
+        const QCoreApplication application(argc, argv);
+        SingleInstance instance(invocation.dataDir);
+        RequestRunner runner(invocation.dataDir, instance, instance);
+        const CommandResult result = run(invocation, runner);
+        print(result.output);
+        if (!result.complaint.isEmpty())
+            complain(result.complaint);
+        return result.exitCode;
+    }
+
+    int follow(const StatusInvocation &invocation)
+    {
+        const QCoreApplication application(argc, argv);
+        const auto termination = makeTerminationSignal();
+        const auto medium = ::isatty(STDOUT_FILENO) == 1 ? StatusWatch::Medium::terminal
+                                                         : StatusWatch::Medium::stream;
+        StatusWatch watch(invocation, medium, [](const QByteArray &status) {
+            print(status);
+            std::fflush(stdout);
+        });
+        const auto fail = [&] { complainOfMonitors(invocation.dataDir); };
+        QObject::connect(&watch, &StatusWatch::failed, fail);
+        QObject::connect(termination.get(), &TerminationSignal::terminationRequested, &application,
+                         &QCoreApplication::quit);
+        if (watch.start())
+            return QCoreApplication::exec();
+        fail();
+        return exitFailed;
+    }
+
+    static void complainOfMonitors(const QString &dataDir)
+    {
+        complain(u"can't read "_s + StoredRecords::monitorsPath(dataDir));
+    }
+
     static void complainOfSilence(const QString &dataDir)
     {
         complain(u"another Ostrel that doesn't answer uses "_s + dataDir);
@@ -211,6 +289,8 @@ private:
                          &AppDelegate::reopen);
         QObject::connect(&instance, &SingleInstance::newMonitorRequested, &app,
                          &OstrelApp::addMonitor);
+        QObject::connect(&instance, &SingleInstance::requested, &app.requests(),
+                         &MonitorRequests::answer);
         QObject::connect(&instance, &SingleInstance::quitRequested, &app, &QCoreApplication::quit);
         QObject::connect(&instance, &SingleInstance::ownershipLost, &app, [] {
             complain(u"another Ostrel has taken the data folder over"_s);

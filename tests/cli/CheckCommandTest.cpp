@@ -41,6 +41,11 @@ Check runOnce(const CheckInvocation &invocation)
     return runCheckOnce(invocation, network);
 }
 
+QByteArray describe(const CheckInvocation &invocation, const Check &check)
+{
+    return describeCheck(invocation.monitor, check, invocation.format);
+}
+
 } // namespace
 
 TEST(CheckCommandTest, AnAddressThatAnswersIsUp)
@@ -50,8 +55,8 @@ TEST(CheckCommandTest, AnAddressThatAnswersIsUp)
     check.monitor.keyword = u"WELCOME"_s;
     const Check made = runOnce(check);
 
-    EXPECT_EQ(exitCodeOf(made), exitUp);
-    const QByteArray text = describeCheck(check, made);
+    EXPECT_EQ(exitCodeOf(made), exitDone);
+    const QByteArray text = describe(check, made);
     EXPECT_TRUE(text.startsWith("UP    http://127.0.0.1:")) << text.toStdString();
     EXPECT_TRUE(text.contains("HTTP 200")) << text.toStdString();
     EXPECT_TRUE(text.endsWith("\n      Keyword found\n")) << text.toStdString();
@@ -62,8 +67,8 @@ TEST(CheckCommandTest, AnAddressThatFailsIsDownWithItsReason)
     const HostileServer server(answerWithStatus);
     const CheckInvocation check = invocation(server.url("/503"));
     const Check made = runOnce(check);
-    EXPECT_EQ(exitCodeOf(made), exitDown);
-    EXPECT_TRUE(describeCheck(check, made).endsWith("\n      HTTP 503\n"));
+    EXPECT_EQ(exitCodeOf(made), exitFailed);
+    EXPECT_TRUE(describe(check, made).endsWith("\n      HTTP 503\n"));
 }
 
 TEST(CheckCommandTest, APortIsOpenOrClosed)
@@ -72,12 +77,12 @@ TEST(CheckCommandTest, APortIsOpenOrClosed)
     CheckInvocation check = invocation("127.0.0.1");
     check.monitor.type = MonitorType::port;
     check.monitor.port = server.port();
-    EXPECT_EQ(exitCodeOf(runOnce(check)), exitUp);
+    EXPECT_EQ(exitCodeOf(runOnce(check)), exitDone);
 
     check.monitor.port = closedPort();
     const Check made = runOnce(check);
-    EXPECT_EQ(exitCodeOf(made), exitDown);
-    EXPECT_TRUE(describeCheck(check, made).contains("closed or unreachable"));
+    EXPECT_EQ(exitCodeOf(made), exitFailed);
+    EXPECT_TRUE(describe(check, made).contains("closed or unreachable"));
 }
 
 TEST(CheckCommandTest, ForeignTextsTakeOneLineEach)
@@ -85,7 +90,7 @@ TEST(CheckCommandTest, ForeignTextsTakeOneLineEach)
     for (const ForeignText &foreign : foreignTexts()) {
         CheckInvocation check = invocation("");
         check.monitor.url = foreign.text;
-        const QString text = QString::fromUtf8(describeCheck(check, failedCheck(foreign.text)));
+        const QString text = QString::fromUtf8(describe(check, failedCheck(foreign.text)));
         const QStringList lines = text.split(u'\n');
         ASSERT_EQ(lines.size(), 3) << foreign.name;
         EXPECT_TRUE(isFitForPeople(lines[0])) << foreign.name;
@@ -98,7 +103,7 @@ TEST(CheckCommandTest, TextsWithPlaceholdersArePrintedUnchanged)
     CheckInvocation check = invocation("db%1%2.local");
     check.monitor.type = MonitorType::port;
     check.monitor.port = 5432;
-    EXPECT_EQ(describeCheck(check, failedCheck(u"%1 100%"_s)),
+    EXPECT_EQ(describe(check, failedCheck(u"%1 100%"_s)),
               QByteArray("DOWN  db%1%2.local, port 5432  0 ms\n      %1 100%\n"));
 }
 
@@ -109,7 +114,7 @@ TEST(CheckCommandTest, JsonIsTheStoredForm)
     check.format = OutputFormat::json;
     const Check made = runOnce(check);
 
-    const QByteArray json = describeCheck(check, made);
+    const QByteArray json = describe(check, made);
     EXPECT_TRUE(json.endsWith("}\n"));
     const auto read = decodeCheck(json.trimmed());
     ASSERT_TRUE(read);
@@ -124,8 +129,8 @@ TEST(CheckCommandTest, ASlowAnswerIsReportedAndCountsAsUp)
     CheckInvocation check = invocation(server.url());
     check.monitor.responseTimeThreshold = Milliseconds(50);
     const Check made = runOnce(check);
-    EXPECT_EQ(exitCodeOf(made), exitUp);
-    EXPECT_TRUE(describeCheck(check, made).contains("Slow: the threshold is 50 ms"));
+    EXPECT_EQ(exitCodeOf(made), exitDone);
+    EXPECT_TRUE(describe(check, made).contains("Slow: the threshold is 50 ms"));
 }
 
 /// Throws bad_alloc at a request, or cancels it before there is an answer.

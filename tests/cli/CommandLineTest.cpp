@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace ostrel::test {
@@ -26,6 +28,21 @@ CheckInvocation parseCheck(const QString &line)
     const auto *check = std::get_if<CheckInvocation>(&invocation);
     EXPECT_TRUE(check) << qPrintable(line);
     return check ? *check : CheckInvocation();
+}
+
+/// The text that @p line prints; empty, and a failure, if it does something else.
+QString answerTo(const QString &line)
+{
+    const Invocation invocation = parse(line);
+    const auto *answer = std::get_if<AnswerInvocation>(&invocation);
+    EXPECT_TRUE(answer) << qPrintable(line);
+    return answer ? answer->text : QString();
+}
+
+bool fitsTheWidthOfATerminal(const QString &text)
+{
+    return std::ranges::all_of(text.split(u'\n'),
+                               [](const QString &line) { return line.size() <= 80; });
 }
 
 } // namespace
@@ -219,6 +236,42 @@ TEST(CommandLineTest, UnusableArgumentsAreNamed)
         "--quit --add-monitor",
         "--quit --language en",
         "--quit now",
+        "add",
+        "add a.b c.d",
+        "add localhost",
+        "add a.b --interval 0",
+        "add a.b --interval -1",
+        "add a.b --interval inf",
+        "add a.b --interval often",
+        "add a.b --timeout 0",
+        "add a.b --method PUT",
+        "add a.b --threshold 0",
+        "add a.b --keyword=",
+        "add a.b --keyword-absent",
+        "add a.b --port 0",
+        "add a.b --no-keyword",
+        "add a.b --json",
+        "add a.b --data-dir=",
+        "add db:5432 --keyword x",
+        "edit",
+        "edit Shop",
+        "edit Shop Blog --interval 5",
+        "edit Shop --interval 0",
+        "edit Shop --keyword x --no-keyword",
+        "edit Shop --keyword-absent --no-keyword",
+        "edit Shop --keyword-absent --keyword-present",
+        "edit Shop --threshold 5 --no-threshold",
+        "edit Shop --data-dir=",
+        "pause",
+        "pause --all",
+        "pause Shop --data-dir=",
+        "resume",
+        "remove",
+        "remove Shop --force",
+        "check-now",
+        "check-now Shop --port 5",
+        "list Shop",
+        "list --json --names",
     };
     for (const char *line : lines) {
         const Invocation invocation = parse(QString::fromLatin1(line));
@@ -234,13 +287,102 @@ TEST(CommandLineTest, AnEmptyAddressIsUnusable)
         parseCommandLine({u"ostrel"_s, u"check"_s, QString()})));
 }
 
-TEST(CommandLineTest, HelpAndVersionArePrinted)
+TEST(CommandLineTest, MonitorsToChangeAreTakenAsTyped)
 {
-    for (const char *line : {"--help", "-h", "help", "check --help", "status --help"}) {
-        const auto answer = std::get<AnswerInvocation>(parse(QString::fromLatin1(line)));
-        EXPECT_TRUE(answer.text.contains(u"--keyword-absent"_s)) << line;
+    const auto pause = std::get<SwitchInvocation>(
+        parseCommandLine({u"ostrel"_s, u"pause"_s, u"My blog"_s, u"--"_s, u"-x"_s}));
+    EXPECT_EQ(pause.kind, MonitorChange::Kind::pause);
+    EXPECT_EQ(pause.names, (QStringList{u"My blog"_s, u"-x"_s}));
+    EXPECT_EQ(pause.dataDir, MonitorStore::defaultStorageDir());
+    EXPECT_EQ(std::get<SwitchInvocation>(parse(u"resume a --data-dir /tmp/there"_s)).dataDir,
+              u"/tmp/there"_s);
+    EXPECT_EQ(std::get<SwitchInvocation>(parse(u"remove a"_s)).kind, MonitorChange::Kind::remove);
+    const auto check = std::get<CheckNowInvocation>(parse(u"check-now a b --json"_s));
+    EXPECT_EQ(check.names, (QStringList{u"a"_s, u"b"_s}));
+    EXPECT_EQ(check.format, OutputFormat::json);
+}
+
+TEST(CommandLineTest, AnEditTakesItsOptions)
+{
+    const auto edit = std::get<EditInvocation>(
+        parse(u"edit Shop --name Store --address db:5 --interval 7 --method head --timeout 2 "
+              "--keyword OK --keyword-present --threshold 5"_s));
+    EXPECT_EQ(edit.name, u"Shop"_s);
+    EXPECT_EQ(edit.options, (MonitorOptions{.name = u"Store"_s,
+                                            .address = u"db:5"_s,
+                                            .interval = Seconds(7),
+                                            .method = HTTPMethod::HEAD,
+                                            .timeout = Seconds(2),
+                                            .keyword = u"OK"_s,
+                                            .keywordShouldExist = true,
+                                            .threshold = Milliseconds(5)}));
+    const auto clear =
+        std::get<EditInvocation>(parse(u"edit Shop --no-keyword --no-threshold --name="_s));
+    EXPECT_EQ(
+        clear.options,
+        (MonitorOptions{.name = QString(), .keyword = QString(), .threshold = Milliseconds(0)}));
+}
+
+TEST(CommandLineTest, AStatusIsFollowedOnRequest)
+{
+    EXPECT_FALSE(std::get<StatusInvocation>(parse(u"status"_s)).isFollowed);
+    EXPECT_TRUE(std::get<StatusInvocation>(parse(u"status --watch --json"_s)).isFollowed);
+}
+
+TEST(CommandLineTest, AListHasItsFormats)
+{
+    EXPECT_EQ(std::get<ListInvocation>(parse(u"list"_s)).format, ListFormat::human);
+    EXPECT_EQ(std::get<ListInvocation>(parse(u"list --json"_s)).format, ListFormat::json);
+    EXPECT_EQ(std::get<ListInvocation>(parse(u"list --names"_s)).format, ListFormat::names);
+}
+
+TEST(CommandLineTest, TheGeneralHelpFitsOneScreenAndNamesEveryCommand)
+{
+    const QString text = answerTo(u"--help"_s);
+    EXPECT_LE(text.count(u'\n'), 24);
+    EXPECT_TRUE(fitsTheWidthOfATerminal(text));
+    for (const Command &command : allCommands())
+        EXPECT_TRUE(text.contains(u"\n  "_s + command.name + u' ')) << qPrintable(command.name);
+    for (const char *line : {"-h", "help", "unknown --help"})
+        EXPECT_EQ(answerTo(QString::fromLatin1(line)), text) << line;
+}
+
+TEST(CommandLineTest, EveryCommandExplainsItself)
+{
+    for (const Command &command : allCommands()) {
+        const QString text = answerTo(command.name + u" --help"_s);
+        SCOPED_TRACE(qPrintable(command.name));
+        EXPECT_TRUE(text.startsWith(u"Usage: ostrel "_s + command.name));
+        EXPECT_TRUE(text.contains(u"\nOptions:\n"_s));
+        EXPECT_TRUE(text.contains(u"\nExamples:\n  ostrel "_s + command.name));
+        EXPECT_TRUE(text.contains(u"\nExit status: 0 "_s));
+        EXPECT_TRUE(text.endsWith(u".\n"_s));
+        EXPECT_TRUE(fitsTheWidthOfATerminal(text));
+        EXPECT_EQ(answerTo(command.name + u" -h"_s), text);
+        EXPECT_EQ(answerTo(command.name + u" x --help"_s), text);
+        EXPECT_EQ(answerTo(u"help "_s + command.name), text);
     }
-    EXPECT_TRUE(std::get<AnswerInvocation>(parse(u"--version"_s)).text.startsWith(u"ostrel "_s));
+}
+
+TEST(CommandLineTest, AnUnknownCommandIsNamed)
+{
+    for (const char *line : {"watch", "help watch"}) {
+        const auto unusable = std::get<UnusableInvocation>(parse(QString::fromLatin1(line)));
+        EXPECT_EQ(unusable.reason, u"'watch' is no command."_s) << line;
+        EXPECT_EQ(unusable.command, QString()) << line;
+    }
+}
+
+TEST(CommandLineTest, UnusableArgumentsOfACommandNameIt)
+{
+    EXPECT_EQ(std::get<UnusableInvocation>(parse(u"status --unknown"_s)).command, u"status"_s);
+    EXPECT_EQ(std::get<UnusableInvocation>(parse(u"--unknown"_s)).command, QString());
+}
+
+TEST(CommandLineTest, TheVersionIsPrinted)
+{
+    EXPECT_TRUE(answerTo(u"--version"_s).startsWith(u"ostrel "_s));
+    EXPECT_EQ(answerTo(u"-v"_s), answerTo(u"--version"_s));
 }
 
 TEST(CommandLineTest, AKeywordMayLookLikeAnOption)

@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
+#include <QThread>
 
 #include <gtest/gtest.h>
 
@@ -118,6 +119,62 @@ TEST_F(SingleInstanceTest, TheSecondStartCanAskTheFirstToQuit)
     Start second(m_folder.path(), ample, {}, u"quit"_s);
     EXPECT_EQ(second.nextLine(), "handedOver");
     EXPECT_EQ(first->nextLine(), "quits");
+}
+
+TEST_F(SingleInstanceTest, ACommandGetsTheFirstsAnswer)
+{
+    const auto first = start();
+    ASSERT_EQ(first->nextLine(), "first");
+    Start command(m_folder.path(), ample, {}, u"ask"_s);
+    EXPECT_EQ(command.nextLine(), "answered");
+    EXPECT_EQ(command.nextLine(), "hello");
+}
+
+TEST_F(SingleInstanceTest, ACommandOwnsTheFolderIfNoneDoes)
+{
+    Start command(m_folder.path(), brief, {}, u"ask"_s);
+    EXPECT_EQ(command.nextLine(), "ours");
+}
+
+TEST_F(SingleInstanceTest, ACommandOwnsTheFolderIfTheFirstEndsInsteadOfAnswering)
+{
+    const auto first = start();
+    ASSERT_EQ(first->nextLine(), "first");
+    first->signal(SIGSTOP);
+    Start command(m_folder.path(), ample, {}, u"ask"_s);
+    first->killHard();
+    EXPECT_EQ(command.nextLine(), "ours");
+}
+
+TEST_F(SingleInstanceTest, ACommandFailsIfTheFirstHangs)
+{
+    const auto first = start();
+    ASSERT_EQ(first->nextLine(), "first");
+    first->signal(SIGSTOP);
+    Start command(m_folder.path(), brief, {}, u"ask"_s);
+    EXPECT_EQ(command.nextLine(), "silent");
+    first->signal(SIGCONT);
+}
+
+TEST_F(SingleInstanceTest, AReleasedFolderHasANewOwnerAndIsAskedAgain)
+{
+    SingleInstance command(m_folder.path());
+    ASSERT_EQ(command.ask("greet", brief).result, RequestChannel::Result::ours);
+    command.release();
+    EXPECT_FALSE(QFile::exists(path("ostrel.sock")));
+    const auto first = start();
+    ASSERT_EQ(first->nextLine(), "first");
+    EXPECT_EQ(command.ask("greet", ample).line, "hello");
+}
+
+TEST_F(SingleInstanceTest, AStartWaitsForACommandToEnd)
+{
+    auto command = std::make_unique<SingleInstance>(m_folder.path());
+    ASSERT_EQ(command->ask("greet", brief).result, RequestChannel::Result::ours);
+    const auto first = start();
+    QThread::msleep(100);
+    command.reset();
+    EXPECT_EQ(first->nextLine(), "first");
 }
 
 TEST_F(SingleInstanceTest, ATokenThatDoesntFitALineIsLeftOut)
@@ -305,6 +362,11 @@ protected:
         ASSERT_EQ(m_first.claim(brief), Claim::first);
         QObject::connect(&m_first, &SingleInstance::activationRequested,
                          [this](const QByteArray &token) { m_tokens.append(token); });
+        QObject::connect(&m_first, &SingleInstance::requested,
+                         [this](const QByteArray &request, const SingleInstance::Reply &reply) {
+                             m_requests.append(request);
+                             m_replies.append(reply);
+                         });
     }
 
     [[nodiscard]] QString path(const char *name) const
@@ -332,7 +394,7 @@ protected:
     {
         QByteArray answer;
         EXPECT_TRUE(waitFor([&] {
-            std::array<char, 64> bytes = {};
+            std::array<char, 4096> bytes = {};
             const auto count = ::recv(peer.number(), bytes.data(), bytes.size(), 0);
             if (count > 0)
                 answer.append(bytes.data(), count);
@@ -344,6 +406,8 @@ protected:
     QTemporaryDir m_folder;
     SingleInstance m_first{m_folder.path()};
     QList<QByteArray> m_tokens;
+    QList<QByteArray> m_requests;
+    QList<SingleInstance::Reply> m_replies;
 };
 
 TEST_F(SingleInstancePeersTest, AnswersALineThatComesInPieces)
@@ -367,6 +431,74 @@ TEST_F(SingleInstancePeersTest, HangsUpOnPeersThatBreakTheProtocol)
         EXPECT_EQ(answerTo(peer), "");
     }
     EXPECT_TRUE(m_tokens.isEmpty());
+}
+
+TEST_F(SingleInstancePeersTest, ARequestIsAnsweredWhenItsReplyIsThere)
+{
+    const FileDescriptor peer = connectPeer();
+    for (const char *piece : {"requ", "est {\"a\":", "1}", "\nrest"}) {
+        say(peer, piece);
+        QCoreApplication::processEvents();
+    }
+    ASSERT_TRUE(waitFor([&] { return m_requests.size() == 1; }));
+    EXPECT_EQ(m_requests.constFirst(), "{\"a\":1}");
+    m_replies.constFirst()("ok {}");
+    m_replies.constFirst()("twice");
+    EXPECT_EQ(answerTo(peer), "ok {}\n");
+}
+
+TEST_F(SingleInstancePeersTest, ALongRequestAndItsLongAnswerArriveWhole)
+{
+    const QByteArray longText(3'000'000, 'x');
+    const FileDescriptor peer = connectPeer();
+    const QByteArray line = "request " + longText + '\n';
+    qsizetype sent = 0;
+    ASSERT_TRUE(waitFor([&] {
+        const auto size = static_cast<std::size_t>(line.size() - sent);
+        const auto count = ::send(peer.number(), line.constData() + sent, size, MSG_NOSIGNAL);
+        sent += std::max<qsizetype>(count, 0);
+        return sent == line.size();
+    }));
+    ASSERT_TRUE(waitFor([&] { return m_requests.size() == 1; }));
+    EXPECT_EQ(m_requests.constFirst().size(), longText.size());
+    m_replies.constFirst()(longText);
+    EXPECT_EQ(answerTo(peer).size(), longText.size() + 1);
+}
+
+TEST_F(SingleInstancePeersTest, AReplyToAPeerThatHasLeftDoesNoHarm)
+{
+    auto peer = std::make_unique<FileDescriptor>(connectPeer());
+    say(*peer, "request x\n");
+    ASSERT_TRUE(waitFor([&] { return m_requests.size() == 1; }));
+    peer.reset();
+    m_replies.constFirst()("ok {}");
+    m_replies.constFirst()("ok {}");
+}
+
+TEST_F(SingleInstancePeersTest, TheRequestOfAPeerThatHasLeftIsDropped)
+{
+    say(connectPeer(), "request x\n");
+    const FileDescriptor next = connectPeer();
+    say(next, "request y\n");
+    ASSERT_TRUE(waitFor([&] { return !m_requests.isEmpty(); }));
+    EXPECT_EQ(m_requests, QList<QByteArray>{"y"});
+}
+
+TEST_F(SingleInstancePeersTest, WaitingPeersAreKeptUpToABound)
+{
+    std::vector<FileDescriptor> waiting;
+    for (int i = 0; i < 64; ++i) {
+        waiting.push_back(connectPeer());
+        say(waiting.back(), "request x\n");
+    }
+    ASSERT_TRUE(waitFor([&] { return m_requests.size() == 64; }));
+    const FileDescriptor excess = connectPeer();
+    say(excess, "request x\n");
+    EXPECT_EQ(answerTo(excess), "refused Too many other commands are waiting.\n");
+    for (const auto &reply : m_replies)
+        reply("ok");
+    for (const FileDescriptor &peer : waiting)
+        EXPECT_EQ(answerTo(peer), "ok\n");
 }
 
 TEST_F(SingleInstancePeersTest, SilentPeersTimeOut)
