@@ -38,7 +38,6 @@ namespace {
 using namespace ostrel;
 using namespace std::chrono_literals;
 
-constexpr int exitFailed = 1;
 /// How long a program that owns the data folder may take to answer.
 constexpr auto patience = 5s;
 
@@ -149,7 +148,10 @@ struct Program
 
     int operator()(const UnusableInvocation &invocation)
     {
-        print("ostrel: " + invocation.reason.toLocal8Bit() + "\nTry 'ostrel --help'.\n", stderr);
+        const QString help = invocation.command.isEmpty()
+                                 ? u"ostrel --help"_s
+                                 : u"ostrel %1 --help"_s.arg(invocation.command);
+        complain(invocation.reason + u" Try '"_s + help + u"'."_s);
         return exitUnusable;
     }
 

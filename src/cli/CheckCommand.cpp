@@ -92,7 +92,7 @@ QByteArray describeCheck(const CheckInvocation &invocation, const Check &check)
 
 int exitCodeOf(const Check &check)
 {
-    return check.isUp ? exitUp : exitDown;
+    return check.isUp ? exitDone : exitFailed;
 }
 
 } // namespace ostrel

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Check.h"
-#include "CommandLine.h"
+#include "Invocation.h"
 
 #include <QByteArray>
 

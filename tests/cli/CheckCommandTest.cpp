@@ -50,7 +50,7 @@ TEST(CheckCommandTest, AnAddressThatAnswersIsUp)
     check.monitor.keyword = u"WELCOME"_s;
     const Check made = runOnce(check);
 
-    EXPECT_EQ(exitCodeOf(made), exitUp);
+    EXPECT_EQ(exitCodeOf(made), exitDone);
     const QByteArray text = describeCheck(check, made);
     EXPECT_TRUE(text.startsWith("UP    http://127.0.0.1:")) << text.toStdString();
     EXPECT_TRUE(text.contains("HTTP 200")) << text.toStdString();
@@ -62,7 +62,7 @@ TEST(CheckCommandTest, AnAddressThatFailsIsDownWithItsReason)
     const HostileServer server(answerWithStatus);
     const CheckInvocation check = invocation(server.url("/503"));
     const Check made = runOnce(check);
-    EXPECT_EQ(exitCodeOf(made), exitDown);
+    EXPECT_EQ(exitCodeOf(made), exitFailed);
     EXPECT_TRUE(describeCheck(check, made).endsWith("\n      HTTP 503\n"));
 }
 
@@ -72,11 +72,11 @@ TEST(CheckCommandTest, APortIsOpenOrClosed)
     CheckInvocation check = invocation("127.0.0.1");
     check.monitor.type = MonitorType::port;
     check.monitor.port = server.port();
-    EXPECT_EQ(exitCodeOf(runOnce(check)), exitUp);
+    EXPECT_EQ(exitCodeOf(runOnce(check)), exitDone);
 
     check.monitor.port = closedPort();
     const Check made = runOnce(check);
-    EXPECT_EQ(exitCodeOf(made), exitDown);
+    EXPECT_EQ(exitCodeOf(made), exitFailed);
     EXPECT_TRUE(describeCheck(check, made).contains("closed or unreachable"));
 }
 
@@ -124,7 +124,7 @@ TEST(CheckCommandTest, ASlowAnswerIsReportedAndCountsAsUp)
     CheckInvocation check = invocation(server.url());
     check.monitor.responseTimeThreshold = Milliseconds(50);
     const Check made = runOnce(check);
-    EXPECT_EQ(exitCodeOf(made), exitUp);
+    EXPECT_EQ(exitCodeOf(made), exitDone);
     EXPECT_TRUE(describeCheck(check, made).contains("Slow: the threshold is 50 ms"));
 }
 

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace ostrel::test {
@@ -26,6 +28,21 @@ CheckInvocation parseCheck(const QString &line)
     const auto *check = std::get_if<CheckInvocation>(&invocation);
     EXPECT_TRUE(check) << qPrintable(line);
     return check ? *check : CheckInvocation();
+}
+
+/// The text that @p line prints; empty, and a failure, if it does something else.
+QString answerTo(const QString &line)
+{
+    const Invocation invocation = parse(line);
+    const auto *answer = std::get_if<AnswerInvocation>(&invocation);
+    EXPECT_TRUE(answer) << qPrintable(line);
+    return answer ? answer->text : QString();
+}
+
+bool fitsTheWidthOfATerminal(const QString &text)
+{
+    return std::ranges::all_of(text.split(u'\n'),
+                               [](const QString &line) { return line.size() <= 80; });
 }
 
 } // namespace
@@ -234,13 +251,53 @@ TEST(CommandLineTest, AnEmptyAddressIsUnusable)
         parseCommandLine({u"ostrel"_s, u"check"_s, QString()})));
 }
 
-TEST(CommandLineTest, HelpAndVersionArePrinted)
+TEST(CommandLineTest, TheGeneralHelpFitsOneScreenAndNamesEveryCommand)
 {
-    for (const char *line : {"--help", "-h", "help", "check --help", "status --help"}) {
-        const auto answer = std::get<AnswerInvocation>(parse(QString::fromLatin1(line)));
-        EXPECT_TRUE(answer.text.contains(u"--keyword-absent"_s)) << line;
+    const QString text = answerTo(u"--help"_s);
+    EXPECT_LE(text.count(u'\n'), 24);
+    EXPECT_TRUE(fitsTheWidthOfATerminal(text));
+    for (const Command &command : allCommands())
+        EXPECT_TRUE(text.contains(u"\n  "_s + command.name + u' ')) << qPrintable(command.name);
+    for (const char *line : {"-h", "help", "unknown --help"})
+        EXPECT_EQ(answerTo(QString::fromLatin1(line)), text) << line;
+}
+
+TEST(CommandLineTest, EveryCommandExplainsItself)
+{
+    for (const Command &command : allCommands()) {
+        const QString text = answerTo(command.name + u" --help"_s);
+        SCOPED_TRACE(qPrintable(command.name));
+        EXPECT_TRUE(text.startsWith(u"Usage: ostrel "_s + command.name));
+        EXPECT_TRUE(text.contains(u"\nOptions:\n"_s));
+        EXPECT_TRUE(text.contains(u"\nExamples:\n  ostrel "_s + command.name));
+        EXPECT_TRUE(text.contains(u"\nExit status: 0 "_s));
+        EXPECT_TRUE(text.endsWith(u".\n"_s));
+        EXPECT_TRUE(fitsTheWidthOfATerminal(text));
+        EXPECT_EQ(answerTo(command.name + u" -h"_s), text);
+        EXPECT_EQ(answerTo(command.name + u" x --help"_s), text);
+        EXPECT_EQ(answerTo(u"help "_s + command.name), text);
     }
-    EXPECT_TRUE(std::get<AnswerInvocation>(parse(u"--version"_s)).text.startsWith(u"ostrel "_s));
+}
+
+TEST(CommandLineTest, AnUnknownCommandIsNamed)
+{
+    for (const char *line : {"watch", "help watch"}) {
+        const auto unusable = std::get<UnusableInvocation>(parse(QString::fromLatin1(line)));
+        EXPECT_EQ(unusable.reason, u"'watch' is no command."_s) << line;
+        EXPECT_EQ(unusable.command, QString()) << line;
+    }
+}
+
+TEST(CommandLineTest, UnusableArgumentsOfACommandNameIt)
+{
+    EXPECT_EQ(std::get<UnusableInvocation>(parse(u"status --unknown"_s)).command, u"status"_s);
+    EXPECT_EQ(std::get<UnusableInvocation>(parse(u"--unknown"_s)).command, QString());
+}
+
+TEST(CommandLineTest, TheVersionIsPrinted)
+{
+    EXPECT_TRUE(answerTo(u"--version"_s).startsWith(u"ostrel "_s));
+    EXPECT_EQ(answerTo(u"-v"_s), answerTo(u"--version"_s));
 }
 
 TEST(CommandLineTest, AKeywordMayLookLikeAnOption)

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "Monitor.h"
+
+#include <QString>
+
+#include <variant>
+
+namespace ostrel {
+
+// What the arguments ask the program to do.
+
+enum class Language {
+    english,
+    pseudo, ///< For translators: every translatable text is marked and made longer.
+};
+
+/// Open the window and watch the monitors.
+struct RunInvocation
+{
+    QString dataDir;
+    Language language = Language::english;
+    bool addsMonitor = false; ///< Begin with the form for a new monitor.
+};
+
+/// End the program that watches the monitors.
+struct QuitInvocation
+{
+    QString dataDir;
+};
+
+enum class OutputFormat { human, json };
+
+/// Run one check and print it.
+struct CheckInvocation
+{
+    Monitor monitor;
+    OutputFormat format = OutputFormat::human;
+};
+
+/// Print the status of every monitor.
+struct StatusInvocation
+{
+    QString dataDir;
+    OutputFormat format = OutputFormat::human;
+};
+
+/// Print a text and exit.
+struct AnswerInvocation
+{
+    QString text;
+};
+
+/// Print what is wrong with the arguments and exit with exitUnusable.
+struct UnusableInvocation
+{
+    QString reason;       ///< One sentence.
+    QString command = {}; ///< The name of the command that they were meant for; may be empty.
+};
+
+using Invocation = std::variant<RunInvocation, QuitInvocation, CheckInvocation, StatusInvocation,
+                                AnswerInvocation, UnusableInvocation>;
+
+inline constexpr int exitDone = 0;
+inline constexpr int exitFailed = 1;
+inline constexpr int exitUnusable = 2;
+
+} // namespace ostrel

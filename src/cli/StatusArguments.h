@@ -1,0 +1,10 @@
+#pragma once
+
+#include "Command.h"
+
+namespace ostrel {
+
+/// `ostrel status`.
+[[nodiscard]] Command statusCommand();
+
+} // namespace ostrel
