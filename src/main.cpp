@@ -3,8 +3,10 @@
 #include "CommandLine.h"
 #include "CurlNetwork.h"
 #include "DetachedThread.h"
+#include "ExportCommand.h"
 #include "HttpCheck.h"
 #include "MainWindowLoader.h"
+#include "MetricsCommand.h"
 #include "NotificationManager.h"
 #include "OneLine.h"
 #include "OstrelApp.h"
@@ -26,6 +28,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <future>
+#include <optional>
+#include <unistd.h>
 #include <variant>
 
 using namespace Qt::StringLiterals;
@@ -132,12 +136,20 @@ struct Program
 
     int operator()(const StatusInvocation &invocation)
     {
-        if (const auto status = readStatus(invocation)) {
-            print(*status);
-            return 0;
-        }
-        complain(u"can't read "_s + StoredRecords::monitorsPath(invocation.dataDir));
-        return exitFailed;
+        return tell(readStatus(invocation), invocation.dataDir);
+    }
+
+    int operator()(const ExportInvocation &invocation)
+    {
+        const ExportOutcome outcome = runExport(invocation, STDOUT_FILENO);
+        for (const QString &complaint : outcome.complaints)
+            complain(complaint);
+        return outcome.exitCode;
+    }
+
+    int operator()(const MetricsInvocation &invocation)
+    {
+        return tell(readMetrics(invocation), invocation.dataDir);
     }
 
     int operator()(const AnswerInvocation &invocation)
@@ -156,6 +168,17 @@ struct Program
     }
 
 private:
+    /// Prints what was read from @p dataDir; complains if it is nullopt.
+    static int tell(const std::optional<QByteArray> &text, const QString &dataDir)
+    {
+        if (text) {
+            print(*text);
+            return exitDone;
+        }
+        complain(u"can't read "_s + StoredRecords::monitorsPath(dataDir));
+        return exitFailed;
+    }
+
     static void complainOfSilence(const QString &dataDir)
     {
         complain(u"another Ostrel that doesn't answer uses "_s + dataDir);

@@ -9,6 +9,9 @@ _ostrel() {
             mapfile -t COMPREPLY < <(compgen -d -- "$current")
             compopt -o filenames
             return ;;
+        --format)
+            mapfile -t COMPREPLY < <(compgen -W 'json csv prometheus' -- "$current")
+            return ;;
         --language)
             mapfile -t COMPREPLY < <(compgen -W 'en pseudo' -- "$current")
             return ;;
@@ -25,9 +28,18 @@ _ostrel() {
             [[ $current == -* ]] || mapfile -t COMPREPLY < <(compgen -A hostname -- "$current") ;;
         status)
             words='--json --data-dir' ;;
+        export)
+            words='--history --format --force --data-dir'
+            if ((COMP_CWORD > 1)) && [[ $current != -* ]]; then
+                mapfile -t COMPREPLY < <(compgen -f -- "$current")
+                compopt -o filenames
+                return
+            fi ;;
+        metrics)
+            words='--data-dir' ;;
     esac
     if ((COMP_CWORD == 1)); then
-        words='check status --add-monitor --quit --data-dir --language --version --help'
+        words='check status export metrics --add-monitor --quit --data-dir --language --version --help'
     fi
     if [[ $current == -* || $command != check || $COMP_CWORD -eq 1 ]]; then
         mapfile -t COMPREPLY < <(compgen -W "$words" -- "$current")

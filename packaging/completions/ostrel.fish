@@ -1,8 +1,10 @@
 # Completes the commands and options of ostrel(1) in fish.
 complete -c ostrel -f
-set -l none 'not __fish_seen_subcommand_from check status'
+set -l none 'not __fish_seen_subcommand_from check status export metrics'
 complete -c ostrel -n "$none" -a check -d 'Make one check'
 complete -c ostrel -n "$none" -a status -d 'Print every monitor'
+complete -c ostrel -n "$none" -a export -d 'Write the monitors to a file'
+complete -c ostrel -n "$none" -a metrics -d 'Print the state for Prometheus'
 complete -c ostrel -n "$none" -l add-monitor -d 'Show the form for a new monitor'
 complete -c ostrel -n "$none" -l quit -d 'End the Ostrel that watches'
 complete -c ostrel -n "$none" -l language -x -a 'en pseudo' -d 'Show the window in a language'
@@ -17,3 +19,7 @@ complete -c ostrel -n '__fish_seen_subcommand_from check' -l keyword -x -d 'Down
 complete -c ostrel -n '__fish_seen_subcommand_from check' -l keyword-absent -d 'Down if the page holds the keyword'
 complete -c ostrel -n '__fish_seen_subcommand_from check' -l threshold -x -d 'Say so when the answer takes more milliseconds'
 complete -c ostrel -n '__fish_seen_subcommand_from check status' -l json -d 'Print JSON'
+complete -c ostrel -n '__fish_seen_subcommand_from export' -F
+complete -c ostrel -n '__fish_seen_subcommand_from export' -l history -d 'Write the history, too'
+complete -c ostrel -n '__fish_seen_subcommand_from export' -l format -x -a 'json csv prometheus' -d 'What to write'
+complete -c ostrel -n '__fish_seen_subcommand_from export' -l force -d 'Replace what exists'

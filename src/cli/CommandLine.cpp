@@ -2,6 +2,8 @@
 
 #include "CheckArguments.h"
 #include "CommandArguments.h"
+#include "ExportArguments.h"
+#include "MetricsArguments.h"
 #include "StartArguments.h"
 #include "StatusArguments.h"
 
@@ -74,7 +76,8 @@ bool asksForHelp(const QStringList &arguments)
 
 const QList<Command> &allCommands()
 {
-    static const QList<Command> commands = {checkCommand(), statusCommand()};
+    static const QList<Command> commands = {checkCommand(), statusCommand(), exportCommand(),
+                                            metricsCommand()};
     return commands;
 }
 

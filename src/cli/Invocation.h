@@ -45,6 +45,28 @@ struct StatusInvocation
     OutputFormat format = OutputFormat::human;
 };
 
+enum class ExportFormat {
+    json,       ///< The monitors, and the history if wanted.
+    csv,        ///< The history as a table.
+    prometheus, ///< A folder with a configuration of Prometheus.
+};
+
+/// Write the monitors to a file, to a folder, or to stdout.
+struct ExportInvocation
+{
+    QString dataDir;
+    QString path = {}; ///< Empty for stdout.
+    ExportFormat format = ExportFormat::json;
+    bool hasHistory = false; ///< Only matters to JSON.
+    bool replaces = false;   ///< Existing files are replaced.
+};
+
+/// Print the state of every monitor for Prometheus.
+struct MetricsInvocation
+{
+    QString dataDir;
+};
+
 /// Print a text and exit.
 struct AnswerInvocation
 {
@@ -58,8 +80,9 @@ struct UnusableInvocation
     QString command = {}; ///< The name of the command that they were meant for; may be empty.
 };
 
-using Invocation = std::variant<RunInvocation, QuitInvocation, CheckInvocation, StatusInvocation,
-                                AnswerInvocation, UnusableInvocation>;
+using Invocation =
+    std::variant<RunInvocation, QuitInvocation, CheckInvocation, StatusInvocation, ExportInvocation,
+                 MetricsInvocation, AnswerInvocation, UnusableInvocation>;
 
 inline constexpr int exitDone = 0;
 inline constexpr int exitFailed = 1;

@@ -62,15 +62,9 @@ HttpRequest makeRequest(const Monitor &monitor, const QUrl &url,
     };
 }
 
-/// A site that asks for credentials, or forbids the anonymous client, is alive.
-bool isUpStatus(int statusCode)
-{
-    return (statusCode >= 200 && statusCode <= 399) || statusCode == 401 || statusCode == 403;
-}
-
 void applyStatusRule(Check &check)
 {
-    check.isUp = isUpStatus(*check.statusCode);
+    check.isUp = HttpCheck::isUpStatus(*check.statusCode);
     if (!check.isUp)
         check.error = u"HTTP %1"_s.arg(*check.statusCode);
 }
@@ -118,6 +112,12 @@ QFuture<Check> HttpCheck::run(const Monitor &monitor)
                           return judge(monitor, {result, delegate->expiryDate(),
                                                  isRead ? reader->finish() : std::nullopt});
                       });
+}
+
+bool HttpCheck::isUpStatus(int statusCode)
+{
+    // A site that asks for credentials, or forbids the anonymous client, is alive.
+    return (statusCode >= 200 && statusCode <= 399) || statusCode == 401 || statusCode == 403;
 }
 
 Check HttpCheck::judge(const Monitor &monitor, const Answer &answer) const

@@ -107,8 +107,8 @@ std::string folderOf(const std::string &path)
 class AtomicFile::Temporary
 {
 public:
-    /// Creates it beside @p path with @p mode. Not open, with errno, if that fails.
-    Temporary(const std::string &path, mode_t mode);
+    /// Creates it beside @p path. Not open, with errno, if that fails.
+    Temporary(const std::string &path, Access access);
     ~Temporary();
     Q_DISABLE_COPY(Temporary)
 
@@ -124,14 +124,16 @@ private:
     FileDescriptor m_file;
 };
 
-AtomicFile::Temporary::Temporary(const std::string &path, mode_t mode)
+AtomicFile::Temporary::Temporary(const std::string &path, Access access)
 {
     constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW;
     for (int number = 1; number <= maxTemporaryNames; ++number) {
         const std::string name = temporaryName(path, number);
         // Creates a fresh file, so that the mode or links of an old one don't matter.
-        removeLeftover(name);
-        m_file = FileDescriptor(uninterrupted([&] { return ::open(name.c_str(), flags, mode); }));
+        if (access == Access::user)
+            removeLeftover(name);
+        m_file = FileDescriptor(
+            uninterrupted([&] { return ::open(name.c_str(), flags, modeFor(access)); }));
         if (m_file.isOpen())
             m_path = name;
         if (m_file.isOpen() || errno != EEXIST)
@@ -214,20 +216,20 @@ bool AtomicFile::holds(const FileSnapshot &snapshot) const
 
 bool AtomicFile::write(const Fill &fill, Flush flush, FileSnapshot *snapshot) const
 {
-    Temporary temporary(m_path, modeFor(m_access));
+    Temporary temporary(m_path, m_access);
     return fillIn(temporary, fill, flush) && temporary.replace(m_path, snapshot);
 }
 
 bool AtomicFile::writeNew(const Fill &fill, Flush flush) const
 {
-    Temporary temporary(m_path, modeFor(m_access));
+    Temporary temporary(m_path, m_access);
     return fillIn(temporary, fill, flush) && temporary.appear(m_path);
 }
 
 bool AtomicFile::writeKeepingOld(const Fill &fill, Flush flush, std::string_view suffix,
                                  FileSnapshot *snapshot) const
 {
-    Temporary temporary(m_path, modeFor(m_access));
+    Temporary temporary(m_path, m_access);
     return fillIn(temporary, fill, flush) && keep(suffix) && temporary.replace(m_path, snapshot);
 }
 

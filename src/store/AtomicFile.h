@@ -29,8 +29,10 @@ public:
 
     /// Who can access a file that was written.
     enum class Access {
-        user,  ///< The user alone (0600).
-        usual, ///< Whoever the user's umask lets access a new file.
+        user, ///< The user alone (0600).
+        /// Whoever the user's umask lets access a new file. What has the temporary name is then
+        /// another file of the user's, and is left alone.
+        usual,
     };
 
     /// Writes the new content; false if it couldn't be produced.

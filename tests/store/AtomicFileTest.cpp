@@ -171,6 +171,15 @@ TEST_F(AtomicFileTest, UsualAccessIsWhatTheUmaskAllows)
     EXPECT_EQ(status.st_mode & 0777U, 0640U);
 }
 
+TEST_F(AtomicFileTest, AUsualFileLeavesAnotherOfTheTemporaryName)
+{
+    fill("file.tmp", "another");
+    const AtomicFile file(pathOf("file"), AtomicFile::waitForTheDisk, AtomicFile::Access::usual);
+    EXPECT_TRUE(write(file, "new"));
+    EXPECT_EQ(contentOf("file.tmp"), QByteArrayLiteral("another"));
+    EXPECT_EQ(names(), (QStringList{u"file"_s, u"file.tmp"_s}));
+}
+
 TEST_F(AtomicFileTest, ANewFileNeverReplacesAnother)
 {
     const AtomicFile file(pathOf("file"));
