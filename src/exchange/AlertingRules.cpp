@@ -101,12 +101,20 @@ struct Alert
     QByteArray (*expression)(const Group &);
 };
 
+/// Labels that the series have anyway, because two rules of one name need different ones.
+QByteArray groupLabels(const QString &label, const Group &group)
+{
+    const QByteArray indent(10, ' ');
+    return indent + intervalLabel.toLatin1() + ": " + durationText(group.interval) + '\n' + indent +
+           label.toLatin1() + ": " + yamlText(QString::fromLatin1(group.value)) + '\n';
+}
+
 QByteArray ruleOf(const Alert &alert, const Group &group)
 {
     return QByteArray("      - alert: ") + alert.name +
            "\n        expr: " + yamlText(QString::fromUtf8(alert.expression(group))) +
-           "\n        labels:\n          severity: " + alert.severity +
-           "\n        annotations:\n          summary: " +
+           "\n        labels:\n" + groupLabels(alert.label, group) +
+           "          severity: " + alert.severity + "\n        annotations:\n          summary: " +
            yamlText(QString::fromUtf8(alert.summary)) + '\n';
 }
 

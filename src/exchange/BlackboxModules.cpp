@@ -11,13 +11,20 @@ namespace ostrel {
 
 namespace {
 
+/// Whether the exporter follows a response with @p code, so that it only sees the code itself if
+/// there were too many redirects, or if no address came with it.
+bool isRedirect(int code)
+{
+    return code == 301 || code == 302 || code == 303 || code == 307 || code == 308;
+}
+
 /// All status codes of sites that are up, in lines of twenty.
 QByteArray upStatusCodes()
 {
     QByteArray codes;
     int count = 0;
     for (int code = 100; code <= 599; ++code) {
-        if (!HttpCheck::isUpStatus(code))
+        if (!HttpCheck::isUpStatus(code) || isRedirect(code))
             continue;
         codes += count == 0 ? "" : count % 20 == 0 ? ",\n        " : ", ";
         codes += QByteArray::number(code);

@@ -32,7 +32,7 @@ To move a target to another interval, move it to that job's file and change the 
 ## Where the verdicts differ
 
 - The exporter tries one address of a host, an IPv4 address if there is one. Ostrel tries all.
-- The exporter follows 10 redirects, Ostrel 20.
+- The exporter follows 10 redirects, Ostrel 20. A redirect without an address is down for the exporter, up for Ostrel.
 - Keywords are found in any case, but not however their letters are composed. A page that isn't valid UTF-8 is searched all the same.
 - `CertificateExpires` counts from the certificate of the chain that expires first, and in days of 24 hours. Ostrel looks at the site's own certificate, and counts days of the calendar.
 - Prometheus counts an interval from the beginning of a check, Ostrel from its end.
