@@ -1,9 +1,9 @@
 #include "StatusCommand.h"
 
-#include "CheckJson.h"
 #include "FixedPoint.h"
 #include "MonitorStore.h"
 #include "OneLine.h"
+#include "RecordObjects.h"
 #include "UptimeWindow.h"
 
 #include <QJsonArray>
@@ -37,13 +37,6 @@ QString statusName(MonitorStatus status)
     Q_UNREACHABLE();
 }
 
-QJsonObject checkObject(const Check &check)
-{
-    std::string json;
-    appendCheck(json, check);
-    return QJsonDocument::fromJson(QByteArray::fromStdString(json)).object();
-}
-
 QJsonObject uptimeObject(const MonitorStore &store, const Monitor &monitor)
 {
     QJsonObject uptimes;
@@ -55,7 +48,7 @@ QJsonObject uptimeObject(const MonitorStore &store, const Monitor &monitor)
 QJsonObject monitorObject(const MonitorStore &store, const Monitor &monitor)
 {
     QJsonObject object{
-        {u"id"_s, monitor.id.toString(QUuid::WithoutBraces).toUpper()},
+        {u"id"_s, idText(monitor.id)},
         {u"name"_s, monitor.displayName()},
         {u"url"_s, monitor.url},
         {u"type"_s, rawValue(monitor.type)},

@@ -9,20 +9,67 @@ namespace ostrel {
 MonitorCommands::MonitorCommands(MonitorStore &store, MonitoringEngine &engine, QObject *parent)
     : QObject(parent)
     , m_store(store)
-    , m_engine(engine)
+    , m_engine(&engine)
 {
+}
+
+MonitorCommands::MonitorCommands(MonitorStore &store, QObject *parent)
+    : QObject(parent)
+    , m_store(store)
+    , m_engine(nullptr)
+{
+}
+
+std::variant<QList<ChangeOutcome>, Refusal>
+MonitorCommands::apply(const QList<MonitorChange> &changes)
+{
+    const auto planned = planChanges(m_store.monitors(), changes);
+    if (const auto *refusal = std::get_if<Refusal>(&planned))
+        return *refusal;
+    const auto &plan = std::get<QList<PlannedChange>>(planned);
+    m_store.changeTogether([&] {
+        for (const PlannedChange &each : plan)
+            carryOut(each);
+    });
+    QList<ChangeOutcome> outcomes;
+    for (const PlannedChange &each : plan)
+        outcomes += each.outcome;
+    return outcomes;
+}
+
+void MonitorCommands::carryOut(const PlannedChange &planned)
+{
+    if (planned.outcome == ChangeOutcome::unchanged)
+        return;
+    switch (planned.change.kind) {
+    case MonitorChange::Kind::create:
+        return create(planned.monitor, planned.change.checks);
+    case MonitorChange::Kind::update:
+        return update(planned.monitor);
+    case MonitorChange::Kind::remove:
+        return remove(planned.change.id);
+    case MonitorChange::Kind::pause:
+        return pause(planned.change.id);
+    case MonitorChange::Kind::resume:
+        return resume(planned.change.id);
+    }
 }
 
 void MonitorCommands::create(const Monitor &monitor)
 {
-    m_store.addMonitor(monitor);
-    m_engine.startMonitoring(monitor);
+    create(monitor, {});
+}
+
+void MonitorCommands::create(const Monitor &monitor, const std::vector<Check> &history)
+{
+    m_store.addMonitor(monitor, history);
+    watch(monitor);
 }
 
 void MonitorCommands::update(const Monitor &monitor)
 {
     m_store.updateMonitor(monitor);
-    m_engine.startMonitoring(monitor);
+    watch(monitor);
 }
 
 void MonitorCommands::pause(const QUuid &monitorId)
@@ -32,7 +79,7 @@ void MonitorCommands::pause(const QUuid &monitorId)
         return;
     monitor->isEnabled = false;
     m_store.updateMonitor(*monitor);
-    m_engine.stopMonitoring(*monitor);
+    stopWatching(*monitor);
 }
 
 void MonitorCommands::resume(const QUuid &monitorId)
@@ -49,21 +96,40 @@ void MonitorCommands::remove(const QUuid &monitorId)
     const auto monitor = m_store.monitor(monitorId);
     if (!monitor)
         return;
-    m_engine.stopMonitoring(*monitor);
+    stopWatching(*monitor);
     m_store.deleteMonitor(monitorId);
 }
 
-void MonitorCommands::checkNow(const QUuid &monitorId)
+QFuture<void> MonitorCommands::checkNow(const QUuid &monitorId)
 {
+    const auto running = m_checking.constFind(monitorId);
+    if (running != m_checking.constEnd())
+        return *running;
     const auto monitor = m_store.monitor(monitorId);
-    if (!monitor || m_checking.contains(monitorId))
-        return;
-    m_checking.insert(monitorId);
+    if (!monitor || !m_engine)
+        return QtFuture::makeReadyFuture();
+    // Entered first, so that a listener to the signal can't begin another.
+    m_checking.insert(monitorId, QFuture<void>());
     Q_EMIT checkingChanged(monitorId, true);
-    whenFinished(m_engine.checkNow(*monitor), this, [this, monitorId](const QFuture<void> &) {
+    const QFuture<void> check = m_engine->checkNow(*monitor);
+    m_checking.insert(monitorId, check);
+    whenFinished(check, this, [this, monitorId](const QFuture<void> &) {
         m_checking.remove(monitorId);
         Q_EMIT checkingChanged(monitorId, false);
     });
+    return check;
+}
+
+void MonitorCommands::watch(const Monitor &monitor)
+{
+    if (m_engine)
+        m_engine->startMonitoring(monitor);
+}
+
+void MonitorCommands::stopWatching(const Monitor &monitor)
+{
+    if (m_engine)
+        m_engine->stopMonitoring(monitor);
 }
 
 } // namespace ostrel

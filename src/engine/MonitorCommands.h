@@ -1,8 +1,14 @@
 #pragma once
 
+#include "MonitorChange.h"
+
+#include <QFuture>
+#include <QHash>
+#include <QList>
 #include <QObject>
-#include <QSet>
 #include <QUuid>
+
+#include <variant>
 
 namespace ostrel {
 
@@ -19,6 +25,13 @@ class MonitorCommands : public QObject
 public:
     /// Both must outlive this object.
     MonitorCommands(MonitorStore &store, MonitoringEngine &engine, QObject *parent = nullptr);
+    /// For a program that watches nothing: changes what is stored, and checks nothing.
+    explicit MonitorCommands(MonitorStore &store, QObject *parent = nullptr);
+
+    /// Makes all of @p changes, in their order, or none of them, and saves once. Returns what
+    /// became of each, or why none was made; see planChanges().
+    [[nodiscard]] std::variant<QList<ChangeOutcome>, Refusal>
+    apply(const QList<MonitorChange> &changes);
 
     /// Stores the new @p monitor and starts watching it, with a check at once.
     void create(const Monitor &monitor);
@@ -36,16 +49,23 @@ public:
     /// Stops the checks and removes the monitor and its history.
     void remove(const QUuid &monitorId);
     /// Checks once, enabled or not. Does nothing while the check of an earlier call is running.
-    void checkNow(const QUuid &monitorId);
+    /// Finishes once the check, the running one too, is recorded or dropped.
+    QFuture<void> checkNow(const QUuid &monitorId);
 
 Q_SIGNALS:
     /// A check of checkNow() has begun or ended.
     void checkingChanged(const QUuid &monitorId, bool isChecking);
 
 private:
+    void create(const Monitor &monitor, const std::vector<Check> &history);
+    void carryOut(const PlannedChange &planned);
+    void watch(const Monitor &monitor);
+    void stopWatching(const Monitor &monitor);
+
     MonitorStore &m_store;
-    MonitoringEngine &m_engine;
-    QSet<QUuid> m_checking; ///< The monitors with a running check of checkNow().
+    MonitoringEngine *m_engine; ///< Null if nothing is watched.
+    /// The running checks of checkNow(), by their monitors.
+    QHash<QUuid, QFuture<void>> m_checking;
 };
 
 } // namespace ostrel

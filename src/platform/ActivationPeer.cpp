@@ -18,6 +18,11 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto timeout = 2s;
+/// For a request and for its answer, which may be long.
+constexpr auto requestTimeout = 30s;
+constexpr QByteArrayView requestCommand = "request ";
+/// Enough for the full histories of a hundred monitors.
+constexpr qsizetype maxRequestLength = 64 * 1024 * 1024;
 constexpr std::pair<StartRequest, QByteArrayView> commands[] = {
     {StartRequest::show, "activate "},
     {StartRequest::addMonitor, "add-monitor "},
@@ -47,7 +52,10 @@ ActivationPeer::ActivationPeer(FileDescriptor socket, QObject *parent)
     : QObject(parent)
     , m_socket(std::move(socket))
     , m_notifier(m_socket.number(), QSocketNotifier::Read)
+    , m_writable(m_socket.number(), QSocketNotifier::Write)
 {
+    m_writable.setEnabled(false);
+    connect(&m_writable, &QSocketNotifier::activated, this, &ActivationPeer::write);
     connect(&m_notifier, &QSocketNotifier::activated, this, &ActivationPeer::read);
     connect(&m_timeout, &QTimer::timeout, this, &ActivationPeer::end);
     m_timeout.start(timeout);
@@ -60,6 +68,11 @@ QByteArray ActivationPeer::command(StartRequest request)
     return found->second.toByteArray();
 }
 
+QByteArray ActivationPeer::requestLine(const QByteArray &request)
+{
+    return requestCommand.toByteArray() + request + '\n';
+}
+
 bool ActivationPeer::isOurs(const FileDescriptor &socket)
 {
     ucred peer = {};
@@ -70,22 +83,40 @@ bool ActivationPeer::isOurs(const FileDescriptor &socket)
 
 void ActivationPeer::read()
 {
-    std::array<char, 512> bytes;
+    std::array<char, 16 * 1024> bytes;
     const auto count = ::recv(m_socket.number(), bytes.data(), bytes.size(), 0);
     if (count < 0 && (errno == EAGAIN || errno == EINTR))
         return;
     if (count <= 0)
         return end();
-    m_received.append(bytes.data(), count);
-    const auto lineEnd = m_received.indexOf('\n');
+    take(QByteArray(bytes.data(), count));
+}
+
+void ActivationPeer::take(const QByteArray &bytes)
+{
+    const bool wasRequest = m_received.startsWith(requestCommand);
+    const qsizetype before = m_received.size();
+    m_received += bytes;
+    const bool isRequest = m_received.startsWith(requestCommand);
+    if (isRequest && !wasRequest)
+        m_timeout.start(requestTimeout);
+    const auto lineEnd = m_received.indexOf('\n', before);
     if (lineEnd >= 0)
         answer(m_received.first(lineEnd));
-    else if (m_received.size() > maxLineLength)
+    else if (m_received.size() > (isRequest ? maxRequestLength : maxLineLength))
         end();
 }
 
 void ActivationPeer::answer(const QByteArray &line)
 {
+    if (line.startsWith(requestCommand)) {
+        m_notifier.setEnabled(false);
+        m_timeout.stop();
+        m_received.clear();
+        m_isWaiting = true;
+        Q_EMIT asked(line.sliced(requestCommand.size()));
+        return;
+    }
     end();
     const auto request = requestIn(line);
     if (!request)
@@ -94,9 +125,33 @@ void ActivationPeer::answer(const QByteArray &line)
     Q_EMIT requested(request->request, request->token);
 }
 
+void ActivationPeer::reply(const QByteArray &answer)
+{
+    if (!m_isWaiting)
+        return;
+    m_isWaiting = false;
+    m_unsent = answer + '\n';
+    m_timeout.start(requestTimeout);
+    write();
+}
+
+void ActivationPeer::write()
+{
+    const auto size = static_cast<std::size_t>(m_unsent.size());
+    const auto count = uninterrupted(
+        [&] { return ::send(m_socket.number(), m_unsent.constData(), size, MSG_NOSIGNAL); });
+    if (count < 0 && errno != EAGAIN)
+        return end();
+    m_unsent.remove(0, std::max<qsizetype>(count, 0));
+    if (m_unsent.isEmpty())
+        return end();
+    m_writable.setEnabled(true);
+}
+
 void ActivationPeer::end()
 {
     m_notifier.setEnabled(false);
+    m_writable.setEnabled(false);
     deleteLater();
 }
 

@@ -5,14 +5,15 @@
 #include "StorageFolder.h"
 
 #include <QFile>
+#include <QPointer>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstddef>
 #include <fcntl.h>
+#include <optional>
 #include <poll.h>
-#include <string_view>
 #include <sys/file.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -29,11 +30,14 @@ using namespace std::chrono_literals;
 
 constexpr auto lockName = "ostrel.lock";
 constexpr auto socketName = "ostrel.sock";
-constexpr std::string_view okAnswer = "ok\n";
+constexpr QByteArrayView okAnswer = "ok";
 constexpr mode_t ownerOnly = 0600;
 /// How long a second start waits before it retries.
 constexpr auto retryInterval = 20ms;
 constexpr int maxPeers = 16;
+/// Commands that wait for an answer, which may take as long as a check.
+constexpr int maxWaitingPeers = 64;
+constexpr qsizetype maxAnswerLength = 64 * 1024 * 1024;
 /// How long accepting pauses after it has failed, for example because there are no descriptors
 /// left.
 constexpr auto acceptPause = 200ms;
@@ -77,37 +81,52 @@ FileDescriptor listenIn(const FileDescriptor &folder)
     return isListening ? std::move(socket) : FileDescriptor();
 }
 
-/// Waits until @p socket is readable, or until @p deadline.
-bool waitForAnswer(const FileDescriptor &socket, const QDeadlineTimer &deadline)
+/// Waits until @p socket is ready for @p events, or until @p deadline.
+bool waitUntil(short events, const FileDescriptor &socket, const QDeadlineTimer &deadline)
 {
-    pollfd waited = {.fd = socket.number(), .events = POLLIN, .revents = 0};
+    pollfd waited = {.fd = socket.number(), .events = events, .revents = 0};
     return ::poll(&waited, 1, static_cast<int>(deadline.remainingTime())) > 0;
 }
 
-/// Asks the program that owns @p folder, without waiting; a closed descriptor if the request can't
-/// be sent.
-FileDescriptor send(StartRequest request, const FileDescriptor &folder)
+/// Sends @p line to the program that owns @p folder; a closed descriptor if that fails, or takes
+/// longer than until @p deadline.
+FileDescriptor send(const QByteArray &line, const FileDescriptor &folder,
+                    const QDeadlineTimer &deadline)
 {
     FileDescriptor socket = newSocket();
     if (!socket.isOpen() || !attach(::connect, socket, folder))
         return FileDescriptor();
-    const QByteArray line =
-        ActivationPeer::command(request) + activationTokenFromEnvironment() + '\n';
-    const auto size = static_cast<std::size_t>(line.size());
-    const auto sent = ::send(socket.number(), line.constData(), size, MSG_NOSIGNAL);
-    return sent == line.size() ? std::move(socket) : FileDescriptor();
+    for (QByteArrayView unsent = line; !unsent.isEmpty();) {
+        const auto size = static_cast<std::size_t>(unsent.size());
+        const auto sent = ::send(socket.number(), unsent.data(), size, MSG_NOSIGNAL);
+        const bool mustWait = sent < 0 && (errno == EAGAIN || errno == EINTR);
+        if (sent < 0 && !(mustWait && waitUntil(POLLOUT, socket, deadline)))
+            return FileDescriptor();
+        unsent = unsent.sliced(std::max<qsizetype>(sent, 0));
+    }
+    return socket;
 }
 
-/// Asks the first program once; true if it has answered that it will do so.
-bool askFirst(StartRequest request, const FileDescriptor &folder, const QDeadlineTimer &deadline)
+/// The line that arrives on @p socket, without its end; nullopt if none does.
+std::optional<QByteArray> receiveLine(const FileDescriptor &socket, const QDeadlineTimer &deadline)
 {
-    const FileDescriptor socket = send(request, folder);
-    if (!socket.isOpen() || !waitForAnswer(socket, deadline))
-        return false;
-    std::array<char, okAnswer.size()> answer = {};
-    const auto count = ::recv(socket.number(), answer.data(), answer.size(), 0);
-    return count > 0 &&
-           std::string_view(answer.data(), static_cast<std::size_t>(count)) == okAnswer;
+    QByteArray received;
+    std::array<char, 16 * 1024> bytes;
+    while (received.size() < maxAnswerLength && waitUntil(POLLIN, socket, deadline)) {
+        const auto count = ::recv(socket.number(), bytes.data(), bytes.size(), 0);
+        if (count == 0 || (count < 0 && errno != EAGAIN && errno != EINTR))
+            return std::nullopt;
+        received.append(bytes.data(), std::max<qsizetype>(count, 0));
+        if (received.endsWith('\n'))
+            return received.chopped(1);
+    }
+    return std::nullopt;
+}
+
+/// The line by which a start makes @p request.
+QByteArray startLine(StartRequest request)
+{
+    return ActivationPeer::command(request) + activationTokenFromEnvironment() + '\n';
 }
 
 void pause(const QDeadlineTimer &deadline)
@@ -160,12 +179,28 @@ SingleInstance::~SingleInstance()
 SingleInstance::Claim SingleInstance::claim(std::chrono::milliseconds patience,
                                             StartRequest request)
 {
+    QByteArray answer;
+    const Claim claim = claimOr(startLine(request), patience, answer);
+    return claim == Claim::handedOver && answer != okAnswer ? Claim::failed : claim;
+}
+
+SingleInstance::Claim SingleInstance::ask(const QByteArray &request,
+                                          std::chrono::milliseconds patience, QByteArray &answer)
+{
+    return claimOr(ActivationPeer::requestLine(request), patience, answer);
+}
+
+/// Sends @p line if another program owns the folder.
+SingleInstance::Claim SingleInstance::claimOr(const QByteArray &line,
+                                              std::chrono::milliseconds patience,
+                                              QByteArray &answer)
+{
     const QDeadlineTimer deadline(patience);
     switch (takeLock()) {
     case Lock::taken:
         return Claim::first;
     case Lock::held:
-        return handOver(request, deadline);
+        return handOver(line, deadline, answer);
     case Lock::impossible:
         return Claim::unusable;
     }
@@ -223,12 +258,16 @@ void SingleInstance::listen()
 }
 
 /// The first program may have the lock but not its socket yet, and it may end at any moment.
-SingleInstance::Claim SingleInstance::handOver(StartRequest request, const QDeadlineTimer &deadline)
+SingleInstance::Claim SingleInstance::handOver(const QByteArray &line,
+                                               const QDeadlineTimer &deadline, QByteArray &answer)
 {
     const FileDescriptor folder(
         ::open(m_storageDir.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     do {
-        if (askFirst(request, folder, deadline))
+        const FileDescriptor socket = send(line, folder, deadline);
+        const auto received = socket.isOpen() ? receiveLine(socket, deadline) : std::nullopt;
+        answer = received.value_or(QByteArray());
+        if (received)
             return Claim::handedOver;
         pause(deadline);
         if (takeLock() == Lock::taken)
@@ -240,8 +279,9 @@ SingleInstance::Claim SingleInstance::handOver(StartRequest request, const QDead
 void SingleInstance::lose()
 {
     m_isLost = true;
-    (void)send(StartRequest::show, FileDescriptor(::open(m_storageDir.constData(),
-                                                         O_RDONLY | O_DIRECTORY | O_CLOEXEC)));
+    const FileDescriptor folder(
+        ::open(m_storageDir.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    (void)send(startLine(StartRequest::show), folder, QDeadlineTimer(0));
     QMetaObject::invokeMethod(this, &SingleInstance::ownershipLost, Qt::QueuedConnection);
 }
 
@@ -270,11 +310,30 @@ bool SingleInstance::acceptPeer()
         return true;
     auto *peer = new ActivationPeer(std::move(socket), this);
     connect(peer, &ActivationPeer::requested, this, &SingleInstance::pass);
+    connect(peer, &ActivationPeer::asked, this,
+            [this, peer](const QByteArray &request) { passRequest(peer, request); });
     peer->read();
-    const auto peers = findChildren<ActivationPeer *>(QString(), Qt::FindDirectChildrenOnly);
+    dropSilentPeers();
+    return true;
+}
+
+void SingleInstance::dropSilentPeers()
+{
+    auto peers = findChildren<ActivationPeer *>(QString(), Qt::FindDirectChildrenOnly);
+    peers.removeIf([](const ActivationPeer *peer) { return peer->isWaiting(); });
     if (peers.size() > maxPeers)
         delete peers.first();
-    return true;
+}
+
+void SingleInstance::passRequest(ActivationPeer *peer, const QByteArray &request)
+{
+    const auto peers = findChildren<ActivationPeer *>(QString(), Qt::FindDirectChildrenOnly);
+    if (std::ranges::count_if(peers, &ActivationPeer::isWaiting) > maxWaitingPeers)
+        return peer->reply("refused Too many other commands are waiting.");
+    Q_EMIT requested(request, [peer = QPointer(peer)](const QByteArray &answer) {
+        if (peer)
+            peer->reply(answer);
+    });
 }
 
 void SingleInstance::pass(StartRequest request, const QByteArray &activationToken)

@@ -11,9 +11,12 @@
 #include <QTimer>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 
 namespace ostrel {
+
+class ActivationPeer;
 
 /// Ensures that one program at a time owns a data folder, and hands a second start over to the
 /// first. Main thread.
@@ -23,7 +26,8 @@ namespace ostrel {
 ///
 /// Ownership is a lock on `ostrel.lock` in the data folder, which the kernel releases however the
 /// process ends. Through the socket `ostrel.sock` beside it, a second start talks to the first: one
-/// line "activate TOKEN", "add-monitor TOKEN" or "end TOKEN", answered by the line "ok". Only
+/// line "activate TOKEN", "add-monitor TOKEN" or "end TOKEN", answered by the line "ok". A command
+/// sends one line "request REQUEST", answered by one line, whose forms others define. Only
 /// programs of the same user are served, a few at a time, each for a bounded time and a bounded
 /// number of bytes. Peers that have sent nothing make way for later ones. Besides POSIX, it needs
 /// Linux's accept4, SO_PEERCRED and /proc/self/fd.
@@ -46,7 +50,15 @@ public:
     /// @p request. Passes the desktop's activation token on, if the environment has one.
     [[nodiscard]] Claim claim(std::chrono::milliseconds patience,
                               StartRequest request = StartRequest::show);
+    /// Likewise for a command, which may call it several times, until the folder is ours: sends
+    /// @p request, which is one line, and stores the first program's answer in @p answer if it
+    /// hands over.
+    [[nodiscard]] Claim ask(const QByteArray &request, std::chrono::milliseconds patience,
+                            QByteArray &answer);
     [[nodiscard]] bool renew() override;
+
+    /// Takes the answer to a request, one line, at most once.
+    using Reply = std::function<void(const QByteArray &answer)>;
 
 Q_SIGNALS:
     /// Emitted in the first program: another start has handed over to us. @p activationToken may be
@@ -56,6 +68,8 @@ Q_SIGNALS:
     void newMonitorRequested(const QByteArray &activationToken);
     /// Emitted in the first program: another start has asked it to end.
     void quitRequested();
+    /// Emitted in the first program: a command waits until @p reply is called with its answer.
+    void requested(const QByteArray &request, const ostrel::SingleInstance::Reply &reply);
     /// Emitted once, from the event loop: another program owns the folder that is now at the path,
     /// and has been asked to show itself. renew() returns false from then on.
     void ownershipLost();
@@ -67,11 +81,14 @@ private:
     [[nodiscard]] bool isOwner() const;
     [[nodiscard]] Lock takeLock();
     void listen();
-    Claim handOver(StartRequest request, const QDeadlineTimer &deadline);
+    Claim claimOr(const QByteArray &line, std::chrono::milliseconds patience, QByteArray &answer);
+    Claim handOver(const QByteArray &line, const QDeadlineTimer &deadline, QByteArray &answer);
     void lose();
     void acceptPeers();
     bool acceptPeer();
     void pass(StartRequest request, const QByteArray &activationToken);
+    void passRequest(ActivationPeer *peer, const QByteArray &request);
+    void dropSilentPeers();
 
     QByteArray m_storageDir;
     FileDescriptor m_folder;

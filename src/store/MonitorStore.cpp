@@ -139,13 +139,22 @@ std::span<const Check> MonitorStore::checks(const QUuid &monitorId) const
 
 void MonitorStore::addMonitor(const Monitor &monitor)
 {
+    addMonitor(monitor, {});
+}
+
+void MonitorStore::addMonitor(const Monitor &monitor, std::span<const Check> history)
+{
     const QUuid id = monitor.id;
-    const bool hadChecks = !checks(id).empty();
+    const bool changesChecks = !checks(id).empty() || !history.empty();
     m_monitors.append(monitor);
-    m_checks.insert_or_assign(id, CheckHistory(id));
+    CheckHistory &added = m_checks.insert_or_assign(id, CheckHistory(id)).first->second;
+    for (const Check &check : history)
+        added.append(check);
+    added.keepNewest(maxChecksPerMonitor);
+    m_checksFile.isBehind = m_checksFile.isBehind || !history.empty();
     save({&m_monitorsFile});
     Q_EMIT monitorsChanged();
-    if (hadChecks)
+    if (changesChecks)
         Q_EMIT checksChanged(id);
 }
 
@@ -178,6 +187,15 @@ void MonitorStore::addCheck(const Check &check)
     history.keepNewest(maxChecksPerMonitor);
     save({&m_checksFile});
     Q_EMIT checksChanged(monitorId);
+}
+
+void MonitorStore::changeTogether(const std::function<void()> &changes)
+{
+    m_isHeld = true;
+    changes();
+    m_isHeld = false;
+    if (m_monitorsFile.isBehind || m_checksFile.isBehind)
+        catchUp();
 }
 
 std::optional<Check> MonitorStore::latestCheck(const Monitor &monitor) const
@@ -254,7 +272,8 @@ void MonitorStore::save(std::initializer_list<File *> changed)
 {
     for (File *file : changed)
         file->isBehind = true;
-    catchUp();
+    if (!m_isHeld)
+        catchUp();
 }
 
 void MonitorStore::catchUp()

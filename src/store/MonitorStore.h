@@ -12,6 +12,7 @@
 #include <QTimer>
 
 #include <chrono>
+#include <functional>
 #include <optional>
 #include <span>
 #include <vector>
@@ -90,6 +91,9 @@ public:
     /// Appends @p monitor, with an empty history: a history already stored under its id is dropped,
     /// from the file at the next save of the checks.
     void addMonitor(const Monitor &monitor);
+    /// The same with @p history, oldest first, of which at most the newest maxChecksPerMonitor are
+    /// kept. All of its checks must be of @p monitor.
+    void addMonitor(const Monitor &monitor, std::span<const Check> history);
     /// Replaces the monitor with the same id in place; does nothing if there is none.
     void updateMonitor(const Monitor &monitor);
     /// Removes the monitor with this id and its history.
@@ -97,6 +101,10 @@ public:
     /// Appends @p check to its monitor's history, even of an unknown monitor, and drops the oldest
     /// checks above the bound.
     void addCheck(const Check &check);
+
+    /// Runs @p changes, which may call the functions above, and saves once after all of them. The
+    /// signals of each change come before that.
+    void changeTogether(const std::function<void()> &changes);
 
     [[nodiscard]] std::optional<Check> latestCheck(const Monitor &monitor) const;
     [[nodiscard]] MonitorStatus status(const Monitor &monitor) const;
@@ -120,7 +128,7 @@ Q_SIGNALS:
     /// `monitors` has changed, and has been saved if possible.
     void monitorsChanged();
     /// The history of one monitor has changed, and has been saved if possible. After addMonitor(),
-    /// only emitted if checks have been dropped.
+    /// only emitted if checks have been dropped or added.
     void checksChanged(const QUuid &monitorId);
 
 private:
@@ -153,7 +161,8 @@ private:
     FlushThread m_flushThread;
     File m_monitorsFile;
     File m_checksFile;
-    QString m_failure; ///< Why the last attempt didn't save everything.
+    bool m_isHeld = false; ///< Whether changeTogether() is running.
+    QString m_failure;     ///< Why the last attempt didn't save everything.
     QTimer m_retry;
     QTimer m_flush; ///< Started by the first save of checks that may not be on the disk.
     QList<Monitor> m_monitors;

@@ -194,4 +194,44 @@ TEST_F(MonitorCommandsTest, CommandsForADeletedMonitorDoNothing)
     EXPECT_EQ(httpCheck.runs.size(), 1u);
 }
 
+TEST_F(MonitorCommandsTest, ChangesAreMadeTogether)
+{
+    commands.create(shop);
+    Monitor news = makeMonitor(u"News"_s);
+    const std::vector<Check> history = {{.id = QUuid::createUuid(), .monitorId = news.id, .timestamp = {}}};
+    const auto made = commands.apply({MonitorChange::create(news, history),
+                                      MonitorChange::of(MonitorChange::Kind::pause, shop.id),
+                                      MonitorChange::of(MonitorChange::Kind::resume, news.id)});
+    EXPECT_EQ(
+        std::get<QList<ChangeOutcome>>(made),
+        (QList<ChangeOutcome>{ChangeOutcome::done, ChangeOutcome::done, ChangeOutcome::unchanged}));
+    EXPECT_FALSE(isEnabled());
+    EXPECT_FALSE(isWatched());
+    EXPECT_TRUE(engine.tasks().contains(news.id));
+    EXPECT_EQ(store.checks(news.id).size(), 1u);
+}
+
+TEST_F(MonitorCommandsTest, ARefusalChangesNothing)
+{
+    commands.create(shop);
+    static_cast<void>(takeSteps());
+    const auto made = commands.apply({MonitorChange::of(MonitorChange::Kind::remove, shop.id),
+                                      MonitorChange::of(MonitorChange::Kind::pause, shop.id)});
+    EXPECT_TRUE(std::holds_alternative<Refusal>(made));
+    EXPECT_EQ(takeSteps(), QString());
+    EXPECT_EQ(store.monitors(), QList<Monitor>{shop});
+}
+
+TEST_F(MonitorCommandsTest, WithoutAnEngineOnlyTheStoreChanges)
+{
+    MonitorCommands storing(store);
+    storing.create(shop);
+    storing.pause(shop.id);
+    EXPECT_FALSE(isEnabled());
+    EXPECT_TRUE(storing.checkNow(shop.id).isFinished());
+    storing.remove(shop.id);
+    EXPECT_TRUE(store.monitors().isEmpty());
+    EXPECT_TRUE(httpCheck.runs.empty());
+}
+
 } // namespace ostrel::test

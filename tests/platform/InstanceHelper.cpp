@@ -10,7 +10,9 @@
 // A program that claims a folder in a process of its own, and prints what happens to it, line by
 // line. At every line of its input it renews its ownership, as the store does before it saves.
 //
-//   InstanceHelper FOLDER PATIENCE-IN-MS [add-monitor|quit]
+// As a command it asks "greet", which the first answers with "hello", and prints the answer.
+//
+//   InstanceHelper FOLDER PATIENCE-IN-MS [add-monitor|quit|ask]
 
 namespace ostrel {
 namespace {
@@ -66,6 +68,10 @@ int claim(const QString &folder, std::chrono::milliseconds patience, StartReques
         tell("lost");
         QCoreApplication::quit();
     });
+    QObject::connect(&instance, &SingleInstance::requested,
+                     [](const QByteArray &asked, const SingleInstance::Reply &reply) {
+                         reply(asked == "greet" ? "hello" : "what?");
+                     });
     const QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
     renewAtEveryLine(instance, input);
     const auto claim = instance.claim(patience, request);
@@ -75,6 +81,15 @@ int claim(const QString &folder, std::chrono::milliseconds patience, StartReques
     return QCoreApplication::exec();
 }
 
+int ask(const QString &folder, std::chrono::milliseconds patience)
+{
+    SingleInstance instance(folder);
+    QByteArray answer;
+    tell(nameOf(instance.ask("greet", patience, answer)));
+    tell(answer);
+    return 0;
+}
+
 } // namespace
 } // namespace ostrel
 
@@ -82,6 +97,8 @@ int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    return ostrel::claim(arguments.at(1), std::chrono::milliseconds(arguments.at(2).toInt()),
-                         ostrel::requestNamed(arguments.value(3)));
+    const std::chrono::milliseconds patience(arguments.at(2).toInt());
+    if (arguments.value(3) == QLatin1String("ask"))
+        return ostrel::ask(arguments.at(1), patience);
+    return ostrel::claim(arguments.at(1), patience, ostrel::requestNamed(arguments.value(3)));
 }

@@ -120,6 +120,41 @@ TEST_F(SingleInstanceTest, TheSecondStartCanAskTheFirstToQuit)
     EXPECT_EQ(first->nextLine(), "quits");
 }
 
+TEST_F(SingleInstanceTest, ACommandGetsTheFirstsAnswer)
+{
+    const auto first = start();
+    ASSERT_EQ(first->nextLine(), "first");
+    Start command(m_folder.path(), ample, {}, u"ask"_s);
+    EXPECT_EQ(command.nextLine(), "handedOver");
+    EXPECT_EQ(command.nextLine(), "hello");
+}
+
+TEST_F(SingleInstanceTest, ACommandOwnsTheFolderIfNoneDoes)
+{
+    Start command(m_folder.path(), brief, {}, u"ask"_s);
+    EXPECT_EQ(command.nextLine(), "first");
+}
+
+TEST_F(SingleInstanceTest, ACommandOwnsTheFolderIfTheFirstEndsInsteadOfAnswering)
+{
+    const auto first = start();
+    ASSERT_EQ(first->nextLine(), "first");
+    first->signal(SIGSTOP);
+    Start command(m_folder.path(), ample, {}, u"ask"_s);
+    first->killHard();
+    EXPECT_EQ(command.nextLine(), "first");
+}
+
+TEST_F(SingleInstanceTest, ACommandFailsIfTheFirstHangs)
+{
+    const auto first = start();
+    ASSERT_EQ(first->nextLine(), "first");
+    first->signal(SIGSTOP);
+    Start command(m_folder.path(), brief, {}, u"ask"_s);
+    EXPECT_EQ(command.nextLine(), "failed");
+    first->signal(SIGCONT);
+}
+
 TEST_F(SingleInstanceTest, ATokenThatDoesntFitALineIsLeftOut)
 {
     const auto first = start();
@@ -305,6 +340,11 @@ protected:
         ASSERT_EQ(m_first.claim(brief), Claim::first);
         QObject::connect(&m_first, &SingleInstance::activationRequested,
                          [this](const QByteArray &token) { m_tokens.append(token); });
+        QObject::connect(&m_first, &SingleInstance::requested,
+                         [this](const QByteArray &request, const SingleInstance::Reply &reply) {
+                             m_requests.append(request);
+                             m_replies.append(reply);
+                         });
     }
 
     [[nodiscard]] QString path(const char *name) const
@@ -332,7 +372,7 @@ protected:
     {
         QByteArray answer;
         EXPECT_TRUE(waitFor([&] {
-            std::array<char, 64> bytes = {};
+            std::array<char, 4096> bytes = {};
             const auto count = ::recv(peer.number(), bytes.data(), bytes.size(), 0);
             if (count > 0)
                 answer.append(bytes.data(), count);
@@ -344,6 +384,8 @@ protected:
     QTemporaryDir m_folder;
     SingleInstance m_first{m_folder.path()};
     QList<QByteArray> m_tokens;
+    QList<QByteArray> m_requests;
+    QList<SingleInstance::Reply> m_replies;
 };
 
 TEST_F(SingleInstancePeersTest, AnswersALineThatComesInPieces)
@@ -367,6 +409,63 @@ TEST_F(SingleInstancePeersTest, HangsUpOnPeersThatBreakTheProtocol)
         EXPECT_EQ(answerTo(peer), "");
     }
     EXPECT_TRUE(m_tokens.isEmpty());
+}
+
+TEST_F(SingleInstancePeersTest, ARequestIsAnsweredWhenItsReplyIsThere)
+{
+    const FileDescriptor peer = connectPeer();
+    for (const char *piece : {"requ", "est {\"a\":", "1}", "\nrest"}) {
+        say(peer, piece);
+        QCoreApplication::processEvents();
+    }
+    ASSERT_TRUE(waitFor([&] { return m_requests.size() == 1; }));
+    EXPECT_EQ(m_requests.constFirst(), "{\"a\":1}");
+    m_replies.constFirst()("ok {}");
+    m_replies.constFirst()("twice");
+    EXPECT_EQ(answerTo(peer), "ok {}\n");
+}
+
+TEST_F(SingleInstancePeersTest, ALongRequestAndItsLongAnswerArriveWhole)
+{
+    const QByteArray longText(3'000'000, 'x');
+    const FileDescriptor peer = connectPeer();
+    const QByteArray line = "request " + longText + '\n';
+    qsizetype sent = 0;
+    ASSERT_TRUE(waitFor([&] {
+        const auto size = static_cast<std::size_t>(line.size() - sent);
+        const auto count = ::send(peer.number(), line.constData() + sent, size, MSG_NOSIGNAL);
+        sent += std::max<qsizetype>(count, 0);
+        return sent == line.size();
+    }));
+    ASSERT_TRUE(waitFor([&] { return m_requests.size() == 1; }));
+    EXPECT_EQ(m_requests.constFirst().size(), longText.size());
+    m_replies.constFirst()(longText);
+    EXPECT_EQ(answerTo(peer).size(), longText.size() + 1);
+}
+
+TEST_F(SingleInstancePeersTest, AReplyToAPeerThatHasLeftDoesNoHarm)
+{
+    say(connectPeer(), "request x\n");
+    ASSERT_TRUE(waitFor([&] { return m_requests.size() == 1; }));
+    m_replies.constFirst()("ok {}");
+    m_replies.constFirst()("ok {}");
+}
+
+TEST_F(SingleInstancePeersTest, WaitingPeersAreKeptUpToABound)
+{
+    std::vector<FileDescriptor> waiting;
+    for (int i = 0; i < 64; ++i) {
+        waiting.push_back(connectPeer());
+        say(waiting.back(), "request x\n");
+    }
+    ASSERT_TRUE(waitFor([&] { return m_requests.size() == 64; }));
+    const FileDescriptor excess = connectPeer();
+    say(excess, "request x\n");
+    EXPECT_EQ(answerTo(excess), "refused Too many other commands are waiting.\n");
+    for (const auto &reply : m_replies)
+        reply("ok");
+    for (const FileDescriptor &peer : waiting)
+        EXPECT_EQ(answerTo(peer), "ok\n");
 }
 
 TEST_F(SingleInstancePeersTest, SilentPeersTimeOut)

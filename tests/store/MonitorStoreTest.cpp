@@ -106,6 +106,39 @@ protected:
     std::unique_ptr<MonitorStore> m_store;
 };
 
+TEST_F(MonitorStoreTest, ANewMonitorMayHaveAHistory)
+{
+    Monitor monitor{.id = QUuid::createUuid(), .url = u"https://a.example"_s};
+    std::vector<Check> history;
+    for (std::size_t i = 0; i < MonitorStore::maxChecksPerMonitor + 1; ++i)
+        history.push_back(checkOf(monitor.id, true, double(i)));
+    int signalled = 0;
+    QObject::connect(m_store.get(), &MonitorStore::checksChanged, [&] { ++signalled; });
+    m_store->addMonitor(monitor, history);
+    EXPECT_EQ(signalled, 1);
+    EXPECT_EQ(m_store->checks(monitor.id).size(), MonitorStore::maxChecksPerMonitor);
+    EXPECT_EQ(m_store->checks(monitor.id).back(), history.back());
+    open(MonitorStore::Access::readOnly);
+    EXPECT_EQ(m_store->checks(monitor.id).size(), MonitorStore::maxChecksPerMonitor);
+}
+
+TEST_F(MonitorStoreTest, ChangesThatAreMadeTogetherAreSavedOnceAtTheEnd)
+{
+    const Monitor kept = add();
+    const QByteArray before = contentOf("monitors.json");
+    Monitor added;
+    m_store->changeTogether([&] {
+        added = add();
+        m_store->deleteMonitor(kept.id);
+        m_store->addCheck(checkOf(added.id));
+        EXPECT_EQ(contentOf("monitors.json"), before);
+    });
+    EXPECT_TRUE(m_store->canSave());
+    open(MonitorStore::Access::readOnly);
+    EXPECT_EQ(m_store->monitors(), QList<Monitor>{added});
+    EXPECT_EQ(m_store->checks(added.id).size(), 1u);
+}
+
 TEST_F(MonitorStoreTest, MonitorWithoutChecksIsPendingAndFullyUp)
 {
     const Monitor monitor = add();
