@@ -92,8 +92,8 @@ TEST(AddressListTest, TextBehindATabIsTheName)
 
 TEST(AddressListTest, EveryUnusableLineIsNamed)
 {
-    for (const char *line : {"nonsense", "ftp://a.example/", "[::1]:0", "[::1]:65536", "[x]:22",
-                             "a b", "https://", ":22", "\tname only"}) {
+    for (const char *line : {"nonsense", "ftp://a.example/", "[::1]:0", "[::1]:65536", "a b",
+                             "https://", ":22", "\tname only"}) {
         const QString problem = problemsOf("a.example\n" + QByteArray(line));
         EXPECT_TRUE(problem.startsWith(u"line 2: '"_s)) << line << qPrintable(problem);
         EXPECT_FALSE(problem.contains(u'\n')) << line;
