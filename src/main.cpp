@@ -1,10 +1,13 @@
 #include "ApplicationId.h"
+#include "ChangeCommand.h"
 #include "CheckCommand.h"
+#include "CheckNowCommand.h"
 #include "CommandLine.h"
 #include "CurlNetwork.h"
 #include "DetachedThread.h"
 #include "ExportCommand.h"
 #include "HttpCheck.h"
+#include "ListCommand.h"
 #include "MainWindowLoader.h"
 #include "MetricsCommand.h"
 #include "NotificationManager.h"
@@ -14,9 +17,11 @@
 #include "PortCheck.h"
 #include "PseudoTranslator.h"
 #include "RecordsReader.h"
+#include "RequestRunner.h"
 #include "SingleInstance.h"
 #include "Sleeper.h"
 #include "StatusCommand.h"
+#include "StatusWatch.h"
 #include "StorageFolder.h"
 #include "ThemeFonts.h"
 #include "WorkThread.h"
@@ -130,12 +135,14 @@ struct Program
         const QCoreApplication application(argc, argv);
         CurlNetwork network;
         const Check check = runCheckOnce(invocation, network);
-        print(describeCheck(invocation, check));
+        print(describeCheck(invocation.monitor, check, invocation.format));
         return exitCodeOf(check);
     }
 
     int operator()(const StatusInvocation &invocation)
     {
+        if (invocation.isFollowed)
+            return follow(invocation);
         return tell(readStatus(invocation), invocation.dataDir);
     }
 
@@ -150,6 +157,30 @@ struct Program
     int operator()(const MetricsInvocation &invocation)
     {
         return tell(readMetrics(invocation), invocation.dataDir);
+    }
+
+    int operator()(const ListInvocation &invocation)
+    {
+        return tell(readList(invocation), invocation.dataDir);
+    }
+
+    int operator()(const AddInvocation &invocation)
+    {
+        createPrivateFolder(invocation.dataDir);
+        return change(invocation, runAdd);
+    }
+
+    int operator()(const EditInvocation &invocation) { return change(invocation, runEdit); }
+
+    int operator()(const SwitchInvocation &invocation) { return change(invocation, runSwitch); }
+
+    int operator()(const CheckNowInvocation &invocation)
+    {
+        const auto check = [](const CheckNowInvocation &wanted, RequestRunner &runner) {
+            CurlNetwork network;
+            return runCheckNow(wanted, runner, network);
+        };
+        return change(invocation, check);
     }
 
     int operator()(const AnswerInvocation &invocation)
@@ -175,8 +206,47 @@ private:
             print(*text);
             return exitDone;
         }
-        complain(u"can't read "_s + StoredRecords::monitorsPath(dataDir));
+        complainOfMonitors(dataDir);
         return exitFailed;
+    }
+
+    /// Runs a command that may need the program that watches.
+    template<typename Invocation, typename Run>
+    int change(const Invocation &invocation, Run run)
+    {
+        const QCoreApplication application(argc, argv);
+        SingleInstance instance(invocation.dataDir);
+        RequestRunner runner(invocation.dataDir, instance, instance);
+        const CommandResult result = run(invocation, runner);
+        print(result.output);
+        if (!result.complaint.isEmpty())
+            complain(result.complaint);
+        return result.exitCode;
+    }
+
+    int follow(const StatusInvocation &invocation)
+    {
+        const QCoreApplication application(argc, argv);
+        const auto termination = makeTerminationSignal();
+        const auto medium = ::isatty(STDOUT_FILENO) == 1 ? StatusWatch::Medium::terminal
+                                                         : StatusWatch::Medium::stream;
+        StatusWatch watch(invocation, medium, [](const QByteArray &status) {
+            print(status);
+            std::fflush(stdout);
+        });
+        const auto fail = [&] { complainOfMonitors(invocation.dataDir); };
+        QObject::connect(&watch, &StatusWatch::failed, fail);
+        QObject::connect(termination.get(), &TerminationSignal::terminationRequested, &application,
+                         &QCoreApplication::quit);
+        if (watch.start())
+            return QCoreApplication::exec();
+        fail();
+        return exitFailed;
+    }
+
+    static void complainOfMonitors(const QString &dataDir)
+    {
+        complain(u"can't read "_s + StoredRecords::monitorsPath(dataDir));
     }
 
     static void complainOfSilence(const QString &dataDir)
@@ -236,6 +306,8 @@ private:
                          &AppDelegate::reopen);
         QObject::connect(&instance, &SingleInstance::newMonitorRequested, &app,
                          &OstrelApp::addMonitor);
+        QObject::connect(&instance, &SingleInstance::requested, &app.requests(),
+                         &MonitorRequests::answer);
         QObject::connect(&instance, &SingleInstance::quitRequested, &app, &QCoreApplication::quit);
         QObject::connect(&instance, &SingleInstance::ownershipLost, &app, [] {
             complain(u"another Ostrel has taken the data folder over"_s);

@@ -38,6 +38,7 @@ OstrelApp::OstrelApp(std::unique_ptr<MainWindowLoader> views, const QString &sto
       })
     , m_statusBarItem(m_store, services.statusBarHost)
     , m_models(m_store, m_engine, services.networkPresence, services.loginItem, services.workspace)
+    , m_requests(m_store, m_models.commands())
     , m_icons(storageDir + u"/favicons"_s, services.network, services.prepareIconThread)
 {
     connect(m_models.form(), &MonitorForm::websiteCreated, this, &OstrelApp::lookUpSite);

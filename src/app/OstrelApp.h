@@ -2,6 +2,7 @@
 
 #include "AppDelegate.h"
 #include "FaviconService.h"
+#include "MonitorRequests.h"
 #include "MonitorStore.h"
 #include "MonitoringEngine.h"
 #include "StatusBarItem.h"
@@ -69,6 +70,8 @@ public:
     void addMonitor(const QByteArray &activationToken = {});
 
     [[nodiscard]] const MonitorStore &store() const { return m_store; }
+    /// Answers the requests of commands.
+    [[nodiscard]] MonitorRequests &requests() { return m_requests; }
     [[nodiscard]] AppDelegate &delegate() { return m_delegate; }
     [[nodiscard]] StatusBarItem &statusBarItem() { return m_statusBarItem; }
 
@@ -91,6 +94,7 @@ private:
     MonitoringEngine m_engine;
     StatusBarItem m_statusBarItem;
     WindowModels m_models;
+    MonitorRequests m_requests;
     FaviconService m_icons;
     QTimer m_appearance; ///< Runs from showing a window to its first frame.
 };

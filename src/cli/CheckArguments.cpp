@@ -3,8 +3,6 @@
 #include "CheckTarget.h"
 #include "CommandArguments.h"
 
-#include <limits>
-
 using namespace Qt::StringLiterals;
 
 namespace ostrel {
@@ -34,15 +32,6 @@ QString help()
            "Exit status: 0 up, 1 down, 2 unusable arguments.\n"_s;
 }
 
-std::optional<qint64> portFrom(const QString &value)
-{
-    bool isNumber = false;
-    const int port = value.toInt(&isNumber);
-    if (!isNumber || port < 1 || port > std::numeric_limits<quint16>::max())
-        return std::nullopt;
-    return port;
-}
-
 void addCheckOptions(QCommandLineParser &parser)
 {
     parser.addOptions({
@@ -68,14 +57,6 @@ std::optional<UnusableInvocation> contradiction(const QCommandLineParser &parser
             return unusable(u"--"_s + webOnly + u" doesn't go with a port."_s);
     }
     return std::nullopt;
-}
-
-UnusableInvocation noTarget(const QString &typed)
-{
-    if (typed.isEmpty())
-        return unusable(u"The address is empty."_s);
-    return unusable(quoted(typed) + u" is no web address and no HOST:PORT. A web address begins "
-                                    "with https:// or http://."_s);
 }
 
 /// The values of the check's options.
@@ -137,7 +118,7 @@ Invocation checkInvocation(const QCommandLineParser &parser)
     const QString typed = parser.positionalArguments().constFirst();
     const auto target = checkTargetFrom(typed, values.port.value);
     if (!target)
-        return noTarget(typed);
+        return unusable(noTarget(typed));
     if (const auto problem = contradiction(parser, *target))
         return *problem;
     return CheckInvocation{

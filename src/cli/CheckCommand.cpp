@@ -3,6 +3,7 @@
 #include "CheckJson.h"
 #include "FixedPoint.h"
 #include "HttpCheck.h"
+#include "MonitorNames.h"
 #include "NotificationRules.h"
 #include "OneLine.h"
 #include "PortCheck.h"
@@ -32,15 +33,9 @@ QString milliseconds(double value)
     return fixedPoint(value) + u" ms"_s;
 }
 
-QString target(const Monitor &monitor)
-{
-    const QString address = oneLine(monitor.url);
-    return monitor.port ? address + u", port "_s + QString::number(*monitor.port) : address;
-}
-
 QString headline(const Monitor &monitor, const Check &check)
 {
-    QStringList parts = {check.isUp ? u"UP  "_s : u"DOWN"_s, target(monitor)};
+    QStringList parts = {check.isUp ? u"UP  "_s : u"DOWN"_s, targetText(monitor)};
     if (check.statusCode)
         parts += u"HTTP %1"_s.arg(*check.statusCode);
     parts += milliseconds(check.responseTime);
@@ -67,25 +62,37 @@ QStringList details(const Monitor &monitor, const Check &check)
 
 Check runCheckOnce(const CheckInvocation &invocation, Network &network)
 {
-    HttpCheck httpCheck(network);
-    PortCheck portCheck(network);
-    MonitorCheck &check = invocation.monitor.type == MonitorType::http
-                              ? static_cast<MonitorCheck &>(httpCheck)
-                              : portCheck;
-    const auto run = beginCheck(check, invocation.monitor);
-    waitFor(run);
-    return outcomeOf(run, invocation.monitor);
+    return runChecks({invocation.monitor}, network).front();
 }
 
-QByteArray describeCheck(const CheckInvocation &invocation, const Check &check)
+std::vector<Check> runChecks(const QList<Monitor> &monitors, Network &network)
 {
-    if (invocation.format == OutputFormat::json) {
+    HttpCheck httpCheck(network);
+    PortCheck portCheck(network);
+    std::vector<QFuture<Check>> runs;
+    for (const Monitor &monitor : monitors) {
+        const bool isWebsite = monitor.type == MonitorType::http;
+        MonitorCheck &check = isWebsite ? static_cast<MonitorCheck &>(httpCheck) : portCheck;
+        runs.push_back(beginCheck(check, monitor));
+    }
+    std::vector<Check> checks;
+    for (const Monitor &monitor : monitors) {
+        const auto &run = runs.at(checks.size());
+        waitFor(run);
+        checks.push_back(outcomeOf(run, monitor));
+    }
+    return checks;
+}
+
+QByteArray describeCheck(const Monitor &monitor, const Check &check, OutputFormat format)
+{
+    if (format == OutputFormat::json) {
         std::string json;
         appendCheck(json, check);
         return QByteArray::fromStdString(json) + '\n';
     }
-    QStringList lines = {headline(invocation.monitor, check)};
-    for (const QString &detail : details(invocation.monitor, check))
+    QStringList lines = {headline(monitor, check)};
+    for (const QString &detail : details(monitor, check))
         lines += u"      "_s + detail;
     return lines.join(QLatin1Char('\n')).toUtf8() + '\n';
 }

@@ -4,6 +4,9 @@
 #include "Invocation.h"
 
 #include <QByteArray>
+#include <QList>
+
+#include <vector>
 
 namespace ostrel {
 
@@ -13,9 +16,13 @@ class Network;
 /// file and sends no notification.
 [[nodiscard]] Check runCheckOnce(const CheckInvocation &invocation, Network &network);
 
+/// Runs one check of each of @p monitors, in their order but all at once, in the same way.
+[[nodiscard]] std::vector<Check> runChecks(const QList<Monitor> &monitors, Network &network);
+
 /// The command's output for @p check: a few human-readable lines, or the JSON object that the
 /// history file would hold. UTF-8, with a newline at the end.
-[[nodiscard]] QByteArray describeCheck(const CheckInvocation &invocation, const Check &check);
+[[nodiscard]] QByteArray describeCheck(const Monitor &monitor, const Check &check,
+                                       OutputFormat format);
 
 /// 0 up, 1 down.
 [[nodiscard]] int exitCodeOf(const Check &check);

@@ -6,6 +6,7 @@
 #include <QDir>
 
 #include <cmath>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -19,6 +20,15 @@ QCommandLineOption dataDirOption()
 QCommandLineOption jsonOption()
 {
     return {u"json"_s, {}};
+}
+
+std::optional<qint64> portFrom(const QString &value)
+{
+    bool isNumber = false;
+    const int port = value.toInt(&isNumber);
+    if (!isNumber || port < 1 || port > std::numeric_limits<quint16>::max())
+        return std::nullopt;
+    return port;
 }
 
 std::optional<double> positiveNumberFrom(const QString &value)
@@ -46,6 +56,14 @@ std::optional<QString> dataDirOf(const QCommandLineParser &parser)
 QString quoted(const QString &argument)
 {
     return u'\'' + oneLine(argument) + u'\'';
+}
+
+QString noTarget(const QString &typed)
+{
+    if (typed.isEmpty())
+        return u"The address is empty."_s;
+    return quoted(typed) + u" is no web address and no HOST:PORT. A web address begins "
+                           "with https:// or http://."_s;
 }
 
 UnusableInvocation unusable(const QString &reason)

@@ -35,6 +35,8 @@ template<typename Value, typename Convert>
     return {.isUsable = value.has_value(), .value = value};
 }
 
+/// A number of a TCP port, 1 to 65535; nullopt for every other text.
+[[nodiscard]] std::optional<qint64> portFrom(const QString &value);
 /// A finite number above 0; nullopt for every other text.
 [[nodiscard]] std::optional<double> positiveNumberFrom(const QString &value);
 [[nodiscard]] OutputFormat formatOf(const QCommandLineParser &parser);
@@ -43,6 +45,8 @@ template<typename Value, typename Convert>
 
 /// @p argument in quotes, on one line.
 [[nodiscard]] QString quoted(const QString &argument);
+/// Says that @p typed is no address that can be checked.
+[[nodiscard]] QString noTarget(const QString &typed);
 [[nodiscard]] UnusableInvocation unusable(const QString &reason);
 /// Names the option @p name and its value.
 [[nodiscard]] UnusableInvocation unusableOption(const QCommandLineParser &parser,

@@ -1,9 +1,16 @@
 #include "CommandLine.h"
 
+#include "AddArguments.h"
 #include "CheckArguments.h"
+#include "CheckNowArguments.h"
 #include "CommandArguments.h"
+#include "EditArguments.h"
 #include "ExportArguments.h"
+#include "ListArguments.h"
 #include "MetricsArguments.h"
+#include "PauseArguments.h"
+#include "RemoveArguments.h"
+#include "ResumeArguments.h"
 #include "StartArguments.h"
 #include "StatusArguments.h"
 
@@ -76,8 +83,10 @@ bool asksForHelp(const QStringList &arguments)
 
 const QList<Command> &allCommands()
 {
-    static const QList<Command> commands = {checkCommand(), statusCommand(), exportCommand(),
-                                            metricsCommand()};
+    static const QList<Command> commands = {checkCommand(),  statusCommand(), listCommand(),
+                                            addCommand(),    editCommand(),   pauseCommand(),
+                                            resumeCommand(), removeCommand(), checkNowCommand(),
+                                            exportCommand(), metricsCommand()};
     return commands;
 }
 

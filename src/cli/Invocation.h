@@ -1,8 +1,11 @@
 #pragma once
 
 #include "Monitor.h"
+#include "MonitorChange.h"
+#include "MonitorOptions.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <variant>
 
@@ -43,6 +46,47 @@ struct StatusInvocation
 {
     QString dataDir;
     OutputFormat format = OutputFormat::human;
+    bool isFollowed = false; ///< Print it again at every change, until a signal.
+};
+
+enum class ListFormat { human, json, names };
+
+/// Print every monitor's settings.
+struct ListInvocation
+{
+    QString dataDir;
+    ListFormat format = ListFormat::human;
+};
+
+/// Add a monitor.
+struct AddInvocation
+{
+    QString dataDir;
+    Monitor monitor;
+};
+
+/// Change settings of a monitor.
+struct EditInvocation
+{
+    QString dataDir;
+    QString name; ///< The monitor, as typed.
+    MonitorOptions options;
+};
+
+/// Pause, resume or remove monitors.
+struct SwitchInvocation
+{
+    QString dataDir;
+    MonitorChange::Kind kind;
+    QStringList names; ///< The monitors, as typed.
+};
+
+/// Check monitors at once.
+struct CheckNowInvocation
+{
+    QString dataDir;
+    QStringList names; ///< The monitors, as typed.
+    OutputFormat format = OutputFormat::human;
 };
 
 enum class ExportFormat {
@@ -81,8 +125,9 @@ struct UnusableInvocation
 };
 
 using Invocation =
-    std::variant<RunInvocation, QuitInvocation, CheckInvocation, StatusInvocation, ExportInvocation,
-                 MetricsInvocation, AnswerInvocation, UnusableInvocation>;
+    std::variant<RunInvocation, QuitInvocation, CheckInvocation, StatusInvocation, ListInvocation,
+                 AddInvocation, EditInvocation, SwitchInvocation, CheckNowInvocation,
+                 ExportInvocation, MetricsInvocation, AnswerInvocation, UnusableInvocation>;
 
 inline constexpr int exitDone = 0;
 inline constexpr int exitFailed = 1;

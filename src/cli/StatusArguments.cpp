@@ -10,18 +10,21 @@ namespace {
 
 QString help()
 {
-    return u"Usage: ostrel status [--json] [--data-dir DIR]\n"
+    return u"Usage: ostrel status [--json] [--watch] [--data-dir DIR]\n"
            "\n"
            "Prints every monitor with its status, last result and uptimes, from the files,\n"
            "also while Ostrel runs.\n"
            "\n"
            "Options:\n"
            "  --json              print JSON\n"
+           "  --watch             print it again at every change, until Ctrl+C: in place on\n"
+           "                      a terminal, otherwise with a blank line between two\n"
            "  --data-dir DIR      read monitors and history in DIR\n"
            "\n"
            "Examples:\n"
            "  ostrel status\n"
            "  ostrel status --json\n"
+           "  ostrel status --watch\n"
            "\n"
            "Exit status: 0 done, 1 the monitors can't be read, 2 unusable arguments.\n"_s;
 }
@@ -29,7 +32,7 @@ QString help()
 Invocation parseStatus(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parser.addOptions({jsonOption(), dataDirOption()});
+    parser.addOptions({jsonOption(), {u"watch"_s, {}}, dataDirOption()});
     if (!parser.parse(arguments))
         return unusableLine(parser);
     if (const auto problem = excessOf(parser, 0))
@@ -40,6 +43,7 @@ Invocation parseStatus(const QStringList &arguments)
     return StatusInvocation{
         .dataDir = *dataDir,
         .format = formatOf(parser),
+        .isFollowed = parser.isSet(u"watch"_s),
     };
 }
 

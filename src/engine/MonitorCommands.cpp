@@ -43,7 +43,7 @@ void MonitorCommands::carryOut(const PlannedChange &planned)
         return;
     switch (planned.change.kind) {
     case MonitorChange::Kind::create:
-        return create(planned.monitor, planned.change.checks);
+        return createWith(planned.change.checks, planned.monitor);
     case MonitorChange::Kind::update:
         return update(planned.monitor);
     case MonitorChange::Kind::remove:
@@ -57,10 +57,10 @@ void MonitorCommands::carryOut(const PlannedChange &planned)
 
 void MonitorCommands::create(const Monitor &monitor)
 {
-    create(monitor, {});
+    createWith({}, monitor);
 }
 
-void MonitorCommands::create(const Monitor &monitor, const std::vector<Check> &history)
+void MonitorCommands::createWith(const std::vector<Check> &history, const Monitor &monitor)
 {
     m_store.addMonitor(monitor, history);
     watch(monitor);

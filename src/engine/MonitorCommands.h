@@ -57,7 +57,7 @@ Q_SIGNALS:
     void checkingChanged(const QUuid &monitorId, bool isChecking);
 
 private:
-    void create(const Monitor &monitor, const std::vector<Check> &history);
+    void createWith(const std::vector<Check> &history, const Monitor &monitor);
     void carryOut(const PlannedChange &planned);
     void watch(const Monitor &monitor);
     void stopWatching(const Monitor &monitor);

@@ -171,9 +171,7 @@ SingleInstance::SingleInstance(const QString &storageDir, QObject *parent)
 
 SingleInstance::~SingleInstance()
 {
-    // While the lock is still held, so that this can't remove a successor's socket.
-    if (m_listener.isOpen())
-        ::unlinkat(m_folder.number(), socketName, 0);
+    release();
 }
 
 SingleInstance::Claim SingleInstance::claim(std::chrono::milliseconds patience,
@@ -184,10 +182,31 @@ SingleInstance::Claim SingleInstance::claim(std::chrono::milliseconds patience,
     return claim == Claim::handedOver && answer != okAnswer ? Claim::failed : claim;
 }
 
-SingleInstance::Claim SingleInstance::ask(const QByteArray &request,
-                                          std::chrono::milliseconds patience, QByteArray &answer)
+RequestChannel::Answer SingleInstance::ask(const QByteArray &request,
+                                           std::chrono::milliseconds patience)
 {
-    return claimOr(ActivationPeer::requestLine(request), patience, answer);
+    QByteArray answer;
+    switch (claimOr(ActivationPeer::requestLine(request), patience, answer)) {
+    case Claim::first:
+        return {.result = Result::ours};
+    case Claim::handedOver:
+        return {.result = Result::answered, .line = answer};
+    case Claim::failed:
+        return {.result = Result::silent};
+    case Claim::unusable:
+        return {.result = Result::unusable};
+    }
+    Q_UNREACHABLE();
+}
+
+void SingleInstance::release()
+{
+    m_notifier.reset();
+    // While the lock is still held, so that this can't remove a successor's socket.
+    if (m_listener.isOpen())
+        ::unlinkat(m_folder.number(), socketName, 0);
+    m_listener.close();
+    m_lock.close();
 }
 
 /// Sends @p line if another program owns the folder.

@@ -2,6 +2,7 @@
 
 #include "FileDescriptor.h"
 #include "FolderOwnership.h"
+#include "RequestChannel.h"
 #include "StartRequest.h"
 
 #include <QDeadlineTimer>
@@ -31,7 +32,7 @@ class ActivationPeer;
 /// programs of the same user are served, a few at a time, each for a bounded time and a bounded
 /// number of bytes. Peers that have sent nothing make way for later ones. Besides POSIX, it needs
 /// Linux's accept4, SO_PEERCRED and /proc/self/fd.
-class SingleInstance final : public QObject, public FolderOwnership
+class SingleInstance final : public QObject, public FolderOwnership, public RequestChannel
 {
     Q_OBJECT
 
@@ -50,12 +51,13 @@ public:
     /// @p request. Passes the desktop's activation token on, if the environment has one.
     [[nodiscard]] Claim claim(std::chrono::milliseconds patience,
                               StartRequest request = StartRequest::show);
-    /// Likewise for a command, which may call it several times, until the folder is ours: sends
-    /// @p request, which is one line, and stores the first program's answer in @p answer if it
-    /// hands over.
-    [[nodiscard]] Claim ask(const QByteArray &request, std::chrono::milliseconds patience,
-                            QByteArray &answer);
     [[nodiscard]] bool renew() override;
+
+    // For a command, instead of claim(). It doesn't answer the starts that wait meanwhile; they
+    // notice when it releases the folder, or ends.
+    [[nodiscard]] Answer ask(const QByteArray &request,
+                             std::chrono::milliseconds patience) override;
+    void release() override;
 
     /// Takes the answer to a request, one line, at most once.
     using Reply = std::function<void(const QByteArray &answer)>;

@@ -41,6 +41,11 @@ Check runOnce(const CheckInvocation &invocation)
     return runCheckOnce(invocation, network);
 }
 
+QByteArray describe(const CheckInvocation &invocation, const Check &check)
+{
+    return describeCheck(invocation.monitor, check, invocation.format);
+}
+
 } // namespace
 
 TEST(CheckCommandTest, AnAddressThatAnswersIsUp)
@@ -51,7 +56,7 @@ TEST(CheckCommandTest, AnAddressThatAnswersIsUp)
     const Check made = runOnce(check);
 
     EXPECT_EQ(exitCodeOf(made), exitDone);
-    const QByteArray text = describeCheck(check, made);
+    const QByteArray text = describe(check, made);
     EXPECT_TRUE(text.startsWith("UP    http://127.0.0.1:")) << text.toStdString();
     EXPECT_TRUE(text.contains("HTTP 200")) << text.toStdString();
     EXPECT_TRUE(text.endsWith("\n      Keyword found\n")) << text.toStdString();
@@ -63,7 +68,7 @@ TEST(CheckCommandTest, AnAddressThatFailsIsDownWithItsReason)
     const CheckInvocation check = invocation(server.url("/503"));
     const Check made = runOnce(check);
     EXPECT_EQ(exitCodeOf(made), exitFailed);
-    EXPECT_TRUE(describeCheck(check, made).endsWith("\n      HTTP 503\n"));
+    EXPECT_TRUE(describe(check, made).endsWith("\n      HTTP 503\n"));
 }
 
 TEST(CheckCommandTest, APortIsOpenOrClosed)
@@ -77,7 +82,7 @@ TEST(CheckCommandTest, APortIsOpenOrClosed)
     check.monitor.port = closedPort();
     const Check made = runOnce(check);
     EXPECT_EQ(exitCodeOf(made), exitFailed);
-    EXPECT_TRUE(describeCheck(check, made).contains("closed or unreachable"));
+    EXPECT_TRUE(describe(check, made).contains("closed or unreachable"));
 }
 
 TEST(CheckCommandTest, ForeignTextsTakeOneLineEach)
@@ -85,7 +90,7 @@ TEST(CheckCommandTest, ForeignTextsTakeOneLineEach)
     for (const ForeignText &foreign : foreignTexts()) {
         CheckInvocation check = invocation("");
         check.monitor.url = foreign.text;
-        const QString text = QString::fromUtf8(describeCheck(check, failedCheck(foreign.text)));
+        const QString text = QString::fromUtf8(describe(check, failedCheck(foreign.text)));
         const QStringList lines = text.split(u'\n');
         ASSERT_EQ(lines.size(), 3) << foreign.name;
         EXPECT_TRUE(isFitForPeople(lines[0])) << foreign.name;
@@ -98,7 +103,7 @@ TEST(CheckCommandTest, TextsWithPlaceholdersArePrintedUnchanged)
     CheckInvocation check = invocation("db%1%2.local");
     check.monitor.type = MonitorType::port;
     check.monitor.port = 5432;
-    EXPECT_EQ(describeCheck(check, failedCheck(u"%1 100%"_s)),
+    EXPECT_EQ(describe(check, failedCheck(u"%1 100%"_s)),
               QByteArray("DOWN  db%1%2.local, port 5432  0 ms\n      %1 100%\n"));
 }
 
@@ -109,7 +114,7 @@ TEST(CheckCommandTest, JsonIsTheStoredForm)
     check.format = OutputFormat::json;
     const Check made = runOnce(check);
 
-    const QByteArray json = describeCheck(check, made);
+    const QByteArray json = describe(check, made);
     EXPECT_TRUE(json.endsWith("}\n"));
     const auto read = decodeCheck(json.trimmed());
     ASSERT_TRUE(read);
@@ -125,7 +130,7 @@ TEST(CheckCommandTest, ASlowAnswerIsReportedAndCountsAsUp)
     check.monitor.responseTimeThreshold = Milliseconds(50);
     const Check made = runOnce(check);
     EXPECT_EQ(exitCodeOf(made), exitDone);
-    EXPECT_TRUE(describeCheck(check, made).contains("Slow: the threshold is 50 ms"));
+    EXPECT_TRUE(describe(check, made).contains("Slow: the threshold is 50 ms"));
 }
 
 /// Throws bad_alloc at a request, or cancels it before there is an answer.

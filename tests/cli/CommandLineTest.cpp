@@ -236,6 +236,42 @@ TEST(CommandLineTest, UnusableArgumentsAreNamed)
         "--quit --add-monitor",
         "--quit --language en",
         "--quit now",
+        "add",
+        "add a.b c.d",
+        "add localhost",
+        "add a.b --interval 0",
+        "add a.b --interval -1",
+        "add a.b --interval inf",
+        "add a.b --interval often",
+        "add a.b --timeout 0",
+        "add a.b --method PUT",
+        "add a.b --threshold 0",
+        "add a.b --keyword=",
+        "add a.b --keyword-absent",
+        "add a.b --port 0",
+        "add a.b --no-keyword",
+        "add a.b --json",
+        "add a.b --data-dir=",
+        "add db:5432 --keyword x",
+        "edit",
+        "edit Shop",
+        "edit Shop Blog --interval 5",
+        "edit Shop --interval 0",
+        "edit Shop --keyword x --no-keyword",
+        "edit Shop --keyword-absent --no-keyword",
+        "edit Shop --keyword-absent --keyword-present",
+        "edit Shop --threshold 5 --no-threshold",
+        "edit Shop --data-dir=",
+        "pause",
+        "pause --all",
+        "pause Shop --data-dir=",
+        "resume",
+        "remove",
+        "remove Shop --force",
+        "check-now",
+        "check-now Shop --port 5",
+        "list Shop",
+        "list --json --names",
     };
     for (const char *line : lines) {
         const Invocation invocation = parse(QString::fromLatin1(line));
@@ -249,6 +285,55 @@ TEST(CommandLineTest, AnEmptyAddressIsUnusable)
 {
     EXPECT_TRUE(std::holds_alternative<UnusableInvocation>(
         parseCommandLine({u"ostrel"_s, u"check"_s, QString()})));
+}
+
+TEST(CommandLineTest, MonitorsToChangeAreTakenAsTyped)
+{
+    const auto pause = std::get<SwitchInvocation>(
+        parseCommandLine({u"ostrel"_s, u"pause"_s, u"My blog"_s, u"--"_s, u"-x"_s}));
+    EXPECT_EQ(pause.kind, MonitorChange::Kind::pause);
+    EXPECT_EQ(pause.names, (QStringList{u"My blog"_s, u"-x"_s}));
+    EXPECT_EQ(pause.dataDir, MonitorStore::defaultStorageDir());
+    EXPECT_EQ(std::get<SwitchInvocation>(parse(u"resume a --data-dir /tmp/there"_s)).dataDir,
+              u"/tmp/there"_s);
+    EXPECT_EQ(std::get<SwitchInvocation>(parse(u"remove a"_s)).kind, MonitorChange::Kind::remove);
+    const auto check = std::get<CheckNowInvocation>(parse(u"check-now a b --json"_s));
+    EXPECT_EQ(check.names, (QStringList{u"a"_s, u"b"_s}));
+    EXPECT_EQ(check.format, OutputFormat::json);
+}
+
+TEST(CommandLineTest, AnEditTakesItsOptions)
+{
+    const auto edit = std::get<EditInvocation>(
+        parse(u"edit Shop --name Store --address db:5 --interval 7 --method head --timeout 2 "
+              "--keyword OK --keyword-present --threshold 5"_s));
+    EXPECT_EQ(edit.name, u"Shop"_s);
+    EXPECT_EQ(edit.options, (MonitorOptions{.name = u"Store"_s,
+                                            .address = u"db:5"_s,
+                                            .interval = Seconds(7),
+                                            .method = HTTPMethod::HEAD,
+                                            .timeout = Seconds(2),
+                                            .keyword = u"OK"_s,
+                                            .keywordShouldExist = true,
+                                            .threshold = Milliseconds(5)}));
+    const auto clear =
+        std::get<EditInvocation>(parse(u"edit Shop --no-keyword --no-threshold --name="_s));
+    EXPECT_EQ(
+        clear.options,
+        (MonitorOptions{.name = QString(), .keyword = QString(), .threshold = Milliseconds(0)}));
+}
+
+TEST(CommandLineTest, AStatusIsFollowedOnRequest)
+{
+    EXPECT_FALSE(std::get<StatusInvocation>(parse(u"status"_s)).isFollowed);
+    EXPECT_TRUE(std::get<StatusInvocation>(parse(u"status --watch --json"_s)).isFollowed);
+}
+
+TEST(CommandLineTest, AListHasItsFormats)
+{
+    EXPECT_EQ(std::get<ListInvocation>(parse(u"list"_s)).format, ListFormat::human);
+    EXPECT_EQ(std::get<ListInvocation>(parse(u"list --json"_s)).format, ListFormat::json);
+    EXPECT_EQ(std::get<ListInvocation>(parse(u"list --names"_s)).format, ListFormat::names);
 }
 
 TEST(CommandLineTest, TheGeneralHelpFitsOneScreenAndNamesEveryCommand)

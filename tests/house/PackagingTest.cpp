@@ -47,7 +47,36 @@ QSet<QString> options()
     return names;
 }
 
+/// The commands of the table.
+QSet<QString> commands()
+{
+    QSet<QString> names;
+    const QDir sources(u"" OSTREL_SOURCE_DIR "/src/cli"_s);
+    for (const QString &name : sources.entryList({u"*Arguments.cpp"_s}))
+        names += captured(u"\\.name = u\"([a-z-]+)\"_s"_s, contentOf(u"src/cli/"_s + name));
+    EXPECT_GT(names.size(), 5);
+    return names + QSet<QString>{u"help"_s};
+}
+
 } // namespace
+
+TEST(PackagingTest, TheManualPageExplainsEveryCommand)
+{
+    EXPECT_EQ(
+        captured(u"\\n\\.SS ([a-z-]+)"_s, contentOf(u"packaging/ostrel.1.in"_s).remove(u'\\')),
+        commands());
+}
+
+TEST(PackagingTest, TheShellsCompleteEveryCommand)
+{
+    const QString bash = contentOf(u"packaging/completions/ostrel.bash"_s);
+    const auto words = captured(u"commands='(.*)'"_s, bash).values().value(0).split(u' ');
+    EXPECT_EQ(QSet<QString>(words.begin(), words.end()), commands());
+    const QString zsh = contentOf(u"packaging/completions/_ostrel"_s);
+    EXPECT_EQ(captured(u"\\n    '([a-z-]+):"_s, zsh), commands());
+    const QString fish = contentOf(u"packaging/completions/ostrel.fish"_s);
+    EXPECT_EQ(captured(u"\"\\$none\" -a ([a-z-]+)"_s, fish), commands());
+}
 
 TEST(PackagingTest, TheManualPageExplainsEveryOption)
 {

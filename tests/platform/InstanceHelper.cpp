@@ -38,6 +38,21 @@ const char *nameOf(SingleInstance::Claim claim)
     Q_UNREACHABLE();
 }
 
+const char *nameOf(RequestChannel::Result result)
+{
+    switch (result) {
+    case RequestChannel::Result::answered:
+        return "answered";
+    case RequestChannel::Result::ours:
+        return "ours";
+    case RequestChannel::Result::silent:
+        return "silent";
+    case RequestChannel::Result::unusable:
+        return "unusable";
+    }
+    Q_UNREACHABLE();
+}
+
 void renewAtEveryLine(SingleInstance &instance, const QSocketNotifier &input)
 {
     QObject::connect(&input, &QSocketNotifier::activated, &instance, [&instance] {
@@ -84,9 +99,9 @@ int claim(const QString &folder, std::chrono::milliseconds patience, StartReques
 int ask(const QString &folder, std::chrono::milliseconds patience)
 {
     SingleInstance instance(folder);
-    QByteArray answer;
-    tell(nameOf(instance.ask("greet", patience, answer)));
-    tell(answer);
+    const auto answer = instance.ask("greet", patience);
+    tell(nameOf(answer.result));
+    tell(answer.line);
     return 0;
 }
 

@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
+#include <QThread>
 
 #include <gtest/gtest.h>
 
@@ -125,14 +126,14 @@ TEST_F(SingleInstanceTest, ACommandGetsTheFirstsAnswer)
     const auto first = start();
     ASSERT_EQ(first->nextLine(), "first");
     Start command(m_folder.path(), ample, {}, u"ask"_s);
-    EXPECT_EQ(command.nextLine(), "handedOver");
+    EXPECT_EQ(command.nextLine(), "answered");
     EXPECT_EQ(command.nextLine(), "hello");
 }
 
 TEST_F(SingleInstanceTest, ACommandOwnsTheFolderIfNoneDoes)
 {
     Start command(m_folder.path(), brief, {}, u"ask"_s);
-    EXPECT_EQ(command.nextLine(), "first");
+    EXPECT_EQ(command.nextLine(), "ours");
 }
 
 TEST_F(SingleInstanceTest, ACommandOwnsTheFolderIfTheFirstEndsInsteadOfAnswering)
@@ -142,7 +143,7 @@ TEST_F(SingleInstanceTest, ACommandOwnsTheFolderIfTheFirstEndsInsteadOfAnswering
     first->signal(SIGSTOP);
     Start command(m_folder.path(), ample, {}, u"ask"_s);
     first->killHard();
-    EXPECT_EQ(command.nextLine(), "first");
+    EXPECT_EQ(command.nextLine(), "ours");
 }
 
 TEST_F(SingleInstanceTest, ACommandFailsIfTheFirstHangs)
@@ -151,8 +152,29 @@ TEST_F(SingleInstanceTest, ACommandFailsIfTheFirstHangs)
     ASSERT_EQ(first->nextLine(), "first");
     first->signal(SIGSTOP);
     Start command(m_folder.path(), brief, {}, u"ask"_s);
-    EXPECT_EQ(command.nextLine(), "failed");
+    EXPECT_EQ(command.nextLine(), "silent");
     first->signal(SIGCONT);
+}
+
+TEST_F(SingleInstanceTest, AReleasedFolderHasANewOwnerAndIsAskedAgain)
+{
+    SingleInstance command(m_folder.path());
+    ASSERT_EQ(command.ask("greet", brief).result, RequestChannel::Result::ours);
+    command.release();
+    EXPECT_FALSE(QFile::exists(path("ostrel.sock")));
+    const auto first = start();
+    ASSERT_EQ(first->nextLine(), "first");
+    EXPECT_EQ(command.ask("greet", ample).line, "hello");
+}
+
+TEST_F(SingleInstanceTest, AStartWaitsForACommandToEnd)
+{
+    auto command = std::make_unique<SingleInstance>(m_folder.path());
+    ASSERT_EQ(command->ask("greet", brief).result, RequestChannel::Result::ours);
+    const auto first = start();
+    QThread::msleep(100);
+    command.reset();
+    EXPECT_EQ(first->nextLine(), "first");
 }
 
 TEST_F(SingleInstanceTest, ATokenThatDoesntFitALineIsLeftOut)

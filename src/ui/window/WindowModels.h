@@ -42,6 +42,7 @@ public:
     WindowModels(MonitorStore &store, MonitoringEngine &engine, const NetworkPresence &presence,
                  LoginItem &loginItem, Workspace &workspace, const WallClock &now = systemNow);
 
+    [[nodiscard]] MonitorCommands &commands() { return m_commands; }
     [[nodiscard]] MonitorListModel *monitors() { return &m_monitors; }
     [[nodiscard]] DashboardModel *dashboard() { return &m_dashboard; }
     [[nodiscard]] MonitorDetailModel *detail() { return &m_detail; }

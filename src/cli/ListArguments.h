@@ -1,0 +1,10 @@
+#pragma once
+
+#include "Command.h"
+
+namespace ostrel {
+
+/// `ostrel list`.
+[[nodiscard]] Command listCommand();
+
+} // namespace ostrel

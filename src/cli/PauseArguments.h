@@ -1,0 +1,10 @@
+#pragma once
+
+#include "Command.h"
+
+namespace ostrel {
+
+/// `ostrel pause`.
+[[nodiscard]] Command pauseCommand();
+
+} // namespace ostrel

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "Command.h"
+
+namespace ostrel {
+
+/// `ostrel remove`.
+[[nodiscard]] Command removeCommand();
+
+} // namespace ostrel
