@@ -7,6 +7,7 @@
 #include "DetachedThread.h"
 #include "ExportCommand.h"
 #include "HttpCheck.h"
+#include "ImportCommand.h"
 #include "ListCommand.h"
 #include "MainWindowLoader.h"
 #include "MetricsCommand.h"
@@ -154,6 +155,13 @@ struct Program
         return outcome.exitCode;
     }
 
+    int operator()(const ImportInvocation &invocation)
+    {
+        return change(invocation, [](const ImportInvocation &wanted, RequestRunner &runner) {
+            return runImport(wanted, runner);
+        });
+    }
+
     int operator()(const MetricsInvocation &invocation)
     {
         return tell(readMetrics(invocation), invocation.dataDir);
@@ -219,6 +227,8 @@ private:
         RequestRunner runner(invocation.dataDir, instance, instance);
         const CommandResult result = run(invocation, runner);
         print(result.output);
+        for (const QString &note : result.notes)
+            complain(note);
         if (!result.complaint.isEmpty())
             complain(result.complaint);
         return result.exitCode;

@@ -26,7 +26,7 @@ _ostrel_complete_monitors() {
 
 _ostrel() {
     local current previous command=${COMP_WORDS[1]}
-    local commands='check status list add edit pause resume remove check-now export metrics help'
+    local commands='check status list add edit pause resume remove check-now export import metrics help'
     local general='--add-monitor --quit --data-dir --language --version --help'
     local settings='--name --port --interval --method --timeout --keyword --keyword-absent --threshold'
     current=${COMP_WORDS[COMP_CWORD]}
@@ -74,6 +74,8 @@ _ostrel() {
             words='--json --data-dir --help' ;;
         export)
             words='--history --format --force --data-dir --help' ;;
+        import)
+            words='--dry-run --replace --copy --data-dir --help' ;;
         metrics)
             words='--data-dir --help' ;;
         help)
@@ -84,7 +86,7 @@ _ostrel() {
             check | add)
                 mapfile -t COMPREPLY < <(compgen -A hostname -- "$current")
                 return ;;
-            export)
+            export | import)
                 mapfile -t COMPREPLY < <(compgen -f -- "$current")
                 compopt -o filenames
                 return ;;

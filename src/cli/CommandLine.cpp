@@ -6,6 +6,7 @@
 #include "CommandArguments.h"
 #include "EditArguments.h"
 #include "ExportArguments.h"
+#include "ImportArguments.h"
 #include "ListArguments.h"
 #include "MetricsArguments.h"
 #include "PauseArguments.h"
@@ -86,7 +87,7 @@ const QList<Command> &allCommands()
     static const QList<Command> commands = {checkCommand(),  statusCommand(), listCommand(),
                                             addCommand(),    editCommand(),   pauseCommand(),
                                             resumeCommand(), removeCommand(), checkNowCommand(),
-                                            exportCommand(), metricsCommand()};
+                                            exportCommand(), importCommand(), metricsCommand()};
     return commands;
 }
 

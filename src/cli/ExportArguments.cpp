@@ -15,7 +15,7 @@ QString help()
            "       ostrel export DIRECTORY --format prometheus [--force] [--data-dir DIR]\n"
            "\n"
            "Writes the monitors to FILE, or to standard output without it or if it is '-',\n"
-           "from the files, also while Ostrel runs.\n"
+           "from the files, also while Ostrel runs. 'ostrel import' reads JSON back.\n"
            "\n"
            "Options:\n"
            "  --history           write the history, too\n"

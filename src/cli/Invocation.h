@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ImportPlan.h"
 #include "Monitor.h"
 #include "MonitorChange.h"
 #include "MonitorOptions.h"
@@ -105,6 +106,15 @@ struct ExportInvocation
     bool replaces = false;   ///< Existing files are replaced.
 };
 
+/// Add what a file offers.
+struct ImportInvocation
+{
+    QString dataDir;
+    QString path = {}; ///< Empty for stdin.
+    ImportPolicy policy = ImportPolicy::refuse;
+    bool isDryRun = false; ///< Only print what would be done.
+};
+
 /// Print the state of every monitor for Prometheus.
 struct MetricsInvocation
 {
@@ -124,10 +134,10 @@ struct UnusableInvocation
     QString command = {}; ///< The name of the command that they were meant for; may be empty.
 };
 
-using Invocation =
-    std::variant<RunInvocation, QuitInvocation, CheckInvocation, StatusInvocation, ListInvocation,
-                 AddInvocation, EditInvocation, SwitchInvocation, CheckNowInvocation,
-                 ExportInvocation, MetricsInvocation, AnswerInvocation, UnusableInvocation>;
+using Invocation = std::variant<RunInvocation, QuitInvocation, CheckInvocation, StatusInvocation,
+                                ListInvocation, AddInvocation, EditInvocation, SwitchInvocation,
+                                CheckNowInvocation, ExportInvocation, ImportInvocation,
+                                MetricsInvocation, AnswerInvocation, UnusableInvocation>;
 
 inline constexpr int exitDone = 0;
 inline constexpr int exitFailed = 1;
