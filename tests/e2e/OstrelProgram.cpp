@@ -135,11 +135,23 @@ void OstrelProgram::kill()
 
 OstrelProgram::Outcome OstrelProgram::run(const QStringList &arguments) const
 {
-    BoundProcess process;
-    process.setProcessChannelMode(QProcess::SeparateChannels);
-    process.setProcessEnvironment(m_environment);
-    process.start(program, arguments);
-    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
+    return outcomeOf(*begin(arguments));
+}
+
+std::unique_ptr<BoundProcess> OstrelProgram::begin(const QStringList &arguments) const
+{
+    auto process = std::make_unique<BoundProcess>();
+    process->setProcessChannelMode(QProcess::SeparateChannels);
+    process->setProcessEnvironment(m_environment);
+    process->start(program, arguments);
+    return process;
+}
+
+OstrelProgram::Outcome OstrelProgram::outcomeOf(BoundProcess &process)
+{
+    const bool hasEnded = waitFor([&] { return process.state() == QProcess::NotRunning; });
+    if (!hasEnded || process.error() == QProcess::FailedToStart ||
+        process.exitStatus() != QProcess::NormalExit)
         return {};
     return {.exitCode = process.exitCode(),
             .output = process.readAllStandardOutput(),

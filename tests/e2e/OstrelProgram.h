@@ -9,6 +9,7 @@
 #include <QProcessEnvironment>
 #include <QTemporaryDir>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -63,6 +64,10 @@ public:
         QByteArray errors;
     };
     [[nodiscard]] Outcome run(const QStringList &arguments) const;
+    /// The same in two steps: what it prints can be read meanwhile, and is then missing from the
+    /// outcome.
+    [[nodiscard]] std::unique_ptr<BoundProcess> begin(const QStringList &arguments) const;
+    [[nodiscard]] static Outcome outcomeOf(BoundProcess &process);
 
     [[nodiscard]] QString dataDir() const { return m_home.filePath(u"data/Vantry"_s); }
     [[nodiscard]] QString homeFile(const QString &name) const { return m_home.filePath(name); }
