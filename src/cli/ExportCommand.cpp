@@ -49,6 +49,18 @@ void append(const ExportInvocation &invocation, const StoredRecords &records, Ti
             now, content);
 }
 
+/// Whether @p path is, maybe by another name, a file that Ostrel itself keeps in @p dataDir.
+bool isStored(const QString &path, const QString &dataDir)
+{
+    const QString file = QFileInfo(path).canonicalFilePath();
+    const QStringList stored = {StoredRecords::monitorsPath(dataDir),
+                                StoredRecords::checksPath(dataDir),
+                                StoredRecords::flushedChecksPath(dataDir)};
+    return !file.isEmpty() && std::ranges::any_of(stored, [&](const QString &other) {
+        return QFileInfo(other).canonicalFilePath() == file;
+    });
+}
+
 /// Writes the file @p path with @p fill.
 ExportOutcome writeFile(const QString &path, const AtomicFile::Fill &fill, bool replaces)
 {
@@ -127,6 +139,8 @@ ExportOutcome runExport(const ExportInvocation &invocation, int output, const Wa
     const StoredRecords records = StoredRecords::read(invocation.dataDir);
     if (const auto problem = obstacle(invocation, records))
         return *problem;
+    if (isStored(invocation.path, invocation.dataDir))
+        return failure(invocation.path + u" is what is exported"_s);
     if (invocation.format == ExportFormat::prometheus)
         return writeConfiguration(invocation, prometheusConfiguration(records.monitors));
     return writeRecords(invocation, records, output, now());

@@ -1,6 +1,7 @@
 #include "AlertingRules.h"
 
 #include "NotificationRules.h"
+#include "NumberText.h"
 #include "PrometheusText.h"
 
 #include <QMap>

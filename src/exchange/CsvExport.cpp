@@ -1,12 +1,13 @@
 #include "CsvExport.h"
 
 #include "CheckedAddress.h"
-#include "UuidText.h"
+#include "NumberText.h"
+#include "RecordObjects.h"
 
 #include <QSet>
 
-#include <array>
-#include <charconv>
+#include <algorithm>
+#include <string>
 
 using namespace Qt::StringLiterals;
 
@@ -41,37 +42,23 @@ std::string textField(const QString &text)
     return u"\"%1\""_s.arg(field).toStdString();
 }
 
-template<typename Number>
-std::string numberField(Number number)
-{
-    std::array<char, 32> text; // room for every double in its shortest form
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
-    return {text.data(), end};
-}
-
 std::string timeField(Timestamp time)
 {
     return formatTimestamp(time).toStdString();
-}
-
-std::string idField(const QUuid &id)
-{
-    const auto text = formatUuid(id);
-    return {text.data(), text.size()};
 }
 
 /// The fields that all rows of @p monitor begin with.
 std::string fieldsOf(const Monitor &monitor)
 {
     return textField(monitor.displayName()) + ',' + textField(checkedAddress(monitor)) + ',' +
-           idField(monitor.id);
+           idText(monitor.id).toStdString();
 }
 
 std::string fieldsOf(const Check &check)
 {
     return timeField(check.timestamp) + (check.isUp ? ",up," : ",down,") +
-           numberField(check.responseTime) + ',' +
-           (check.statusCode ? numberField(*check.statusCode) : std::string()) + ',' +
+           numberText(check.responseTime).toStdString() + ',' +
+           (check.statusCode ? std::to_string(*check.statusCode) : std::string()) + ',' +
            (check.error ? textField(*check.error) : std::string()) + ',' +
            (check.sslExpiresAt ? timeField(*check.sslExpiresAt) : std::string());
 }

@@ -98,6 +98,7 @@ private:
             present = offered.monitor;
             return {.action = ImportAction::replace,
                     .monitor = offered.monitor,
+                    .reason = u"keeps its history"_s,
                     .change = MonitorChange::update(present.id, membersOf(present))};
         case ImportPolicy::copy:
             return addCopy(offered);

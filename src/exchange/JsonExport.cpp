@@ -2,7 +2,7 @@
 
 #include "CheckJson.h"
 #include "MonitorJson.h"
-#include "UuidText.h"
+#include "RecordObjects.h"
 
 #include <QSet>
 
@@ -12,12 +12,6 @@
 namespace ostrel {
 
 namespace {
-
-std::string quotedId(const QUuid &id)
-{
-    const auto text = formatUuid(id);
-    return '"' + std::string(text.data(), text.size()) + '"';
-}
 
 void appendChecks(std::span<const Check> checks, ContentWriter &content)
 {
@@ -44,7 +38,7 @@ void appendHistories(const StoredRecords &records, ContentWriter &content)
         if (seen.contains(monitor.id))
             continue;
         content.append(seen.isEmpty() ? "\n" : ",\n");
-        content.append(quotedId(monitor.id) + ": [");
+        content.append('"' + idText(monitor.id).toStdString() + "\": [");
         appendChecks(checksOf(records, monitor.id), content);
         content.append("]");
         seen.insert(monitor.id);

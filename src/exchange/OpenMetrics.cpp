@@ -2,9 +2,9 @@
 
 #include "CheckedAddress.h"
 #include "MonitorStore.h"
-#include "PrometheusText.h"
+#include "NumberText.h"
+#include "RecordObjects.h"
 #include "UptimeWindow.h"
-#include "UuidText.h"
 
 #include <QSet>
 
@@ -26,9 +26,7 @@ QByteArray labelValue(const QString &text)
 
 QByteArray labelsOf(const Monitor &monitor)
 {
-    const auto id = formatUuid(monitor.id);
-    return "id=\"" + QByteArray(id.data(), id.size()) +
-           "\",name=" + labelValue(monitor.displayName()) +
+    return "id=" + labelValue(idText(monitor.id)) + ",name=" + labelValue(monitor.displayName()) +
            ",address=" + labelValue(checkedAddress(monitor)) +
            ",type=" + labelValue(rawValue(monitor.type));
 }

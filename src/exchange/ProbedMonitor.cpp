@@ -108,7 +108,7 @@ QStringList differences(const ProbedMonitor &probed)
         notes += u"has a keyword beyond ASCII, which only matches if the page composes its "
                  "letters in the same way"_s;
     if (monitor.notifyOnDown && !monitor.notifyOnRecovery)
-        notes += u"isn't told about on recovery, which only the Alertmanager decides "
+        notes += u"notifies of no recovery, which there only the Alertmanager can leave out "
                  "(send_resolved)"_s;
     return notes;
 }

@@ -6,7 +6,7 @@
 #include "ProbedMonitor.h"
 #include "PrometheusReadme.h"
 #include "PrometheusText.h"
-#include "UuidText.h"
+#include "RecordObjects.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -42,11 +42,10 @@ QString targetsPath(const QString &job)
 
 QJsonObject targetGroup(const ProbedMonitor &probed, const QByteArray &module)
 {
-    const auto id = formatUuid(probed.monitor.id);
     QJsonObject labels = ruleLabels(probed);
     labels.insert(u"__param_module"_s, QString::fromLatin1(module));
     labels.insert(u"name"_s, oneLine(probed.monitor.displayName()));
-    labels.insert(u"ostrel_id"_s, QString::fromLatin1(id.data(), qsizetype(id.size())));
+    labels.insert(u"ostrel_id"_s, idText(probed.monitor.id));
     return {{u"targets"_s, QJsonArray{probed.target}}, {u"labels"_s, labels}};
 }
 

@@ -2,9 +2,6 @@
 
 #include <QList>
 
-#include <array>
-#include <charconv>
-
 using namespace Qt::StringLiterals;
 
 namespace ostrel {
@@ -37,13 +34,6 @@ QByteArray durationText(std::chrono::milliseconds duration)
     const qint64 count = duration.count();
     return count % 1000 == 0 ? QByteArray::number(count / 1000) + 's'
                              : QByteArray::number(count) + "ms";
-}
-
-QByteArray numberText(double number)
-{
-    std::array<char, 32> text; // room for every double in its shortest form
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
-    return {text.data(), end - text.data()};
 }
 
 QByteArray yamlText(const QString &text)

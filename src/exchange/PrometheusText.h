@@ -12,9 +12,6 @@ namespace ostrel {
 /// "30s" for whole seconds, otherwise "1500ms".
 [[nodiscard]] QByteArray durationText(std::chrono::milliseconds duration);
 
-/// The shortest form that reads back as the same number.
-[[nodiscard]] QByteArray numberText(double number);
-
 /// @p text as a double-quoted YAML scalar in UTF-8. Whatever YAML doesn't hold to be printable is
 /// escaped; an unpaired surrogate becomes a replacement character.
 [[nodiscard]] QByteArray yamlText(const QString &text);

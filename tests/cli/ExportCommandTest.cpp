@@ -165,6 +165,18 @@ TEST_F(ExportCommandTest, OnlyOrdinaryFilesAreReplaced)
     }
 }
 
+TEST_F(ExportCommandTest, WhatIsExportedIsNeverReplaced)
+{
+    ASSERT_TRUE(QFile::link(StoredRecords::monitorsPath(dataDir), pathOf("link")));
+    const QByteArray before = contentOf("data/monitors.json");
+    for (const char *name : {"data/monitors.json", "data/../data/checks.json", "link"}) {
+        ExportInvocation invocation = into(name);
+        invocation.replaces = true;
+        expectFailure(run(invocation), u"is what is exported"_s);
+    }
+    EXPECT_EQ(contentOf("data/monitors.json"), before);
+}
+
 TEST_F(ExportCommandTest, AMissingFolderIsAFailure)
 {
     expectFailure(run(into("missing/out.json")), u"can't write"_s);

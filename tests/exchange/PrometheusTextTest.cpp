@@ -16,12 +16,6 @@ TEST(PrometheusTextTest, DurationsAreWholeSecondsOrMilliseconds)
     EXPECT_EQ(durationText(24h), QByteArray("86400s"));
 }
 
-TEST(PrometheusTextTest, NumbersHaveTheirShortestForm)
-{
-    EXPECT_EQ(numberText(0.45), QByteArray("0.45"));
-    EXPECT_EQ(numberText(1296000), QByteArray("1296000"));
-}
-
 TEST(PrometheusTextTest, YamlEscapesWhatIsNotPrintable)
 {
     const struct
