@@ -113,7 +113,7 @@ ExportOutcome writeConfiguration(const ExportInvocation &invocation,
             content.append({text.constData(), std::size_t(text.size())});
             return true;
         };
-        const ExportOutcome outcome = writeFile(folder.filePath(name), fill, invocation.replaces);
+        ExportOutcome outcome = writeFile(folder.filePath(name), fill, invocation.replaces);
         if (outcome.exitCode != exitDone)
             return outcome;
     }

@@ -43,8 +43,8 @@ ImportPolicy policyOf(const QCommandLineParser &parser)
 
 std::optional<UnusableInvocation> complaint(const QCommandLineParser &parser)
 {
-    if (const auto excess = excessOf(parser, 1))
-        return excess;
+    if (parser.positionalArguments().size() > 1)
+        return excessOf(parser, 1);
     if (parser.positionalArguments().value(0).isEmpty())
         return unusable(u"A file is missing."_s);
     if (parser.isSet(u"replace"_s) && parser.isSet(u"copy"_s))

@@ -8,7 +8,7 @@ namespace ostrel {
 
 /// The largest file that is imported, in bytes. The program that watches takes no larger request,
 /// either.
-inline constexpr qint64 maxImportSize = 64 * 1024 * 1024;
+inline constexpr qint64 maxImportSize = qint64(64) * 1024 * 1024;
 
 /// Adds what the file of @p invocation offers: all of it or nothing. The output has a line for each
 /// monitor. A dry run only reads.

@@ -47,7 +47,7 @@ QList<Monitor> candidates(const QString &name, const QList<Monitor> &monitors)
     });
     if (!withId.isEmpty())
         return withId.first(1);
-    const auto exact = filtered(monitors, [&](const Monitor &monitor) {
+    auto exact = filtered(monitors, [&](const Monitor &monitor) {
         return isBeginningOfId(name, monitor) || isName(name, monitor);
     });
     if (!exact.isEmpty())

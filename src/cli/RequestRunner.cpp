@@ -30,7 +30,7 @@ CommandResult failure(const QString &complaint)
 QList<Monitor> monitorsIn(const QJsonArray &array)
 {
     QList<Monitor> monitors;
-    for (const QJsonValue &value : array) {
+    for (const auto &value : array) {
         if (const auto monitor = monitorFrom(value.toObject()))
             monitors += *monitor;
     }

@@ -250,7 +250,7 @@ QJsonArray changesArray(const QList<MonitorChange> &changes)
 std::variant<QList<MonitorChange>, Refusal> changesFrom(const QJsonArray &array)
 {
     QList<MonitorChange> changes;
-    for (const QJsonValue &element : array) {
+    for (const auto &element : array) {
         auto change = changeFrom(element.toObject());
         if (!change)
             return Refusal{u"Number %1 of the changes is malformed."_s.arg(changes.size() + 1)};

@@ -111,7 +111,7 @@ QFuture<void> MonitorCommands::checkNow(const QUuid &monitorId)
     // Entered first, so that a listener to the signal can't begin another.
     m_checking.insert(monitorId, QFuture<void>());
     Q_EMIT checkingChanged(monitorId, true);
-    const QFuture<void> check = m_engine->checkNow(*monitor);
+    QFuture<void> check = m_engine->checkNow(*monitor);
     m_checking.insert(monitorId, check);
     whenFinished(check, this, [this, monitorId](const QFuture<void> &) {
         m_checking.remove(monitorId);

@@ -51,7 +51,7 @@ QJsonArray monitorsArray(const MonitorStore &store)
 std::optional<QList<Monitor>> monitorsIn(const QJsonArray &array, const MonitorStore &store)
 {
     QList<Monitor> monitors;
-    for (const QJsonValue &value : array) {
+    for (const auto &value : array) {
         const auto monitor = store.monitor(idFrom(value).value_or(QUuid()));
         if (!monitor)
             return std::nullopt;

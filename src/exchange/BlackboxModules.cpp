@@ -97,7 +97,7 @@ QByteArray BlackboxModules::nameOf(const ProbeModule &module)
 
 QByteArray BlackboxModules::newNameFor(const ProbeModule &module) const
 {
-    const QByteArray plain = plainName(module);
+    QByteArray plain = plainName(module);
     if (module.keyword.isEmpty())
         return plain;
     const auto alike = std::ranges::count_if(

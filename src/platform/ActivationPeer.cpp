@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <chrono>
 #include <optional>
+#include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 #include <utility>
@@ -22,7 +23,8 @@ constexpr auto timeout = 2s;
 constexpr auto requestTimeout = 30s;
 constexpr QByteArrayView requestCommand = "request ";
 /// Enough for the full histories of a hundred monitors.
-constexpr qsizetype maxRequestLength = 64 * 1024 * 1024;
+constexpr qsizetype maxRequestLength = qsizetype(64) * 1024 * 1024;
+constexpr std::size_t pieceLength = 16384;
 constexpr std::pair<StartRequest, QByteArrayView> commands[] = {
     {StartRequest::show, "activate "},
     {StartRequest::addMonitor, "add-monitor "},
@@ -83,7 +85,7 @@ bool ActivationPeer::isOurs(const FileDescriptor &socket)
 
 void ActivationPeer::read()
 {
-    std::array<char, 16 * 1024> bytes;
+    std::array<char, pieceLength> bytes;
     const auto count = ::recv(m_socket.number(), bytes.data(), bytes.size(), 0);
     if (count < 0 && (errno == EAGAIN || errno == EINTR))
         return;
@@ -109,7 +111,10 @@ void ActivationPeer::take(const QByteArray &bytes)
 
 void ActivationPeer::answer(const QByteArray &line)
 {
-    if (line.startsWith(requestCommand)) {
+    const bool isRequest = line.startsWith(requestCommand);
+    if (isRequest && hasLeft())
+        return end();
+    if (isRequest) {
         m_notifier.setEnabled(false);
         m_timeout.stop();
         m_received.clear();
@@ -123,6 +128,13 @@ void ActivationPeer::answer(const QByteArray &line)
         return;
     ::send(m_socket.number(), "ok\n", 3, MSG_NOSIGNAL);
     Q_EMIT requested(request->request, request->token);
+}
+
+/// Whether the peer has closed the connection, as one does that has lost its patience.
+bool ActivationPeer::hasLeft() const
+{
+    pollfd peer = {.fd = m_socket.number(), .events = 0, .revents = 0};
+    return ::poll(&peer, 1, 0) > 0 && (peer.revents & POLLHUP) != 0;
 }
 
 void ActivationPeer::reply(const QByteArray &answer)

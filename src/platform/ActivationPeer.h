@@ -41,12 +41,14 @@ public:
 Q_SIGNALS:
     /// Emitted at most once, after the peer has its answer.
     void requested(ostrel::StartRequest request, const QByteArray &activationToken);
-    /// Emitted at most once: the peer waits for the reply() to @p request.
+    /// Emitted at most once: the peer waits for the reply() to @p request. Not emitted if it has
+    /// left already, since it counts as refused then.
     void asked(const QByteArray &request);
 
 private:
     void take(const QByteArray &bytes);
     void answer(const QByteArray &line);
+    [[nodiscard]] bool hasLeft() const;
     void write();
 
     FileDescriptor m_socket;

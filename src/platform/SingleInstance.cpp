@@ -37,7 +37,8 @@ constexpr auto retryInterval = 20ms;
 constexpr int maxPeers = 16;
 /// Commands that wait for an answer, which may take as long as a check.
 constexpr int maxWaitingPeers = 64;
-constexpr qsizetype maxAnswerLength = 64 * 1024 * 1024;
+constexpr qsizetype maxAnswerLength = qsizetype(64) * 1024 * 1024;
+constexpr std::size_t pieceLength = 16384;
 /// How long accepting pauses after it has failed, for example because there are no descriptors
 /// left.
 constexpr auto acceptPause = 200ms;
@@ -111,7 +112,7 @@ FileDescriptor send(const QByteArray &line, const FileDescriptor &folder,
 std::optional<QByteArray> receiveLine(const FileDescriptor &socket, const QDeadlineTimer &deadline)
 {
     QByteArray received;
-    std::array<char, 16 * 1024> bytes;
+    std::array<char, pieceLength> bytes;
     while (received.size() < maxAnswerLength && waitUntil(POLLIN, socket, deadline)) {
         const auto count = ::recv(socket.number(), bytes.data(), bytes.size(), 0);
         if (count == 0 || (count < 0 && errno != EAGAIN && errno != EINTR))

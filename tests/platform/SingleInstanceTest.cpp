@@ -467,10 +467,21 @@ TEST_F(SingleInstancePeersTest, ALongRequestAndItsLongAnswerArriveWhole)
 
 TEST_F(SingleInstancePeersTest, AReplyToAPeerThatHasLeftDoesNoHarm)
 {
-    say(connectPeer(), "request x\n");
+    auto peer = std::make_unique<FileDescriptor>(connectPeer());
+    say(*peer, "request x\n");
     ASSERT_TRUE(waitFor([&] { return m_requests.size() == 1; }));
+    peer.reset();
     m_replies.constFirst()("ok {}");
     m_replies.constFirst()("ok {}");
+}
+
+TEST_F(SingleInstancePeersTest, TheRequestOfAPeerThatHasLeftIsDropped)
+{
+    say(connectPeer(), "request x\n");
+    const FileDescriptor next = connectPeer();
+    say(next, "request y\n");
+    ASSERT_TRUE(waitFor([&] { return !m_requests.isEmpty(); }));
+    EXPECT_EQ(m_requests, QList<QByteArray>{"y"});
 }
 
 TEST_F(SingleInstancePeersTest, WaitingPeersAreKeptUpToABound)
