@@ -13,6 +13,10 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <memory>
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace ostrel::test {
@@ -42,13 +46,15 @@ public:
         Answer answer{.result = result};
         if (result == Result::answered)
             program->answer(request, [&](const QByteArray &line) { answer.line = line; });
+        std::exchange(meanwhile, [] {})();
         return answer;
     }
     void release() override {}
 
     Result result = Result::ours;
     MonitorRequests *program = nullptr;
-    int answersLeft = 100; ///< Before the program ends.
+    int answersLeft = 100;                   ///< Before the program ends.
+    std::function<void()> meanwhile = [] {}; ///< Happens after the first answer.
 };
 
 Monitor monitorCalled(const QString &name)
@@ -142,6 +148,29 @@ TEST_F(ChangeCommandTest, WithAProgramItsMonitorsChange)
     EXPECT_FALSE(store->monitors().constFirst().isEnabled);
     EXPECT_EQ(edit(u"Shop"_s, {.keyword = QString()}).exitCode, 0);
     EXPECT_FALSE(store->monitors().constFirst().keyword);
+}
+
+TEST_F(ChangeCommandTest, AnEditKeepsWhatTheWindowChangesMeanwhile)
+{
+    watch();
+    channel.meanwhile = [this] {
+        Monitor changed = store->monitors().constFirst();
+        changed.interval = Seconds(900);
+        store->updateMonitor(changed);
+    };
+    EXPECT_EQ(edit(u"Shop"_s, {.timeout = Seconds(3)}).exitCode, 0);
+    EXPECT_EQ(store->monitors().constFirst().timeout, Seconds(3));
+    EXPECT_EQ(store->monitors().constFirst().interval, Seconds(900));
+}
+
+TEST_F(ChangeCommandTest, AMonitorThatIsRemovedMeanwhileIsToldOf)
+{
+    watch();
+    channel.meanwhile = [this] { store->deleteMonitor(shop.id); };
+    const CommandResult result = change(Kind::pause, {u"Blog %1"_s, u"Shop"_s});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.complaint.startsWith(u"There is no monitor with the id "_s));
+    EXPECT_TRUE(store->monitors().constFirst().isEnabled);
 }
 
 TEST_F(ChangeCommandTest, WhatWasSoAlreadyIsDoneAndSaysSo)

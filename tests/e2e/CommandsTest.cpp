@@ -33,10 +33,7 @@ protected:
         program.writeMonitors({shop, blog, secondBlog});
         ASSERT_TRUE(!GetParam() || program.start());
     }
-    void TearDown() override
-    {
-        EXPECT_TRUE(!program.isRunning() || program.stop() == 0);
-    }
+    void TearDown() override { EXPECT_TRUE(!program.isRunning() || program.stop() == 0); }
 
     [[nodiscard]] QList<Monitor> monitors() const
     {

@@ -198,7 +198,8 @@ TEST_F(MonitorCommandsTest, ChangesAreMadeTogether)
 {
     commands.create(shop);
     Monitor news = makeMonitor(u"News"_s);
-    const std::vector<Check> history = {{.id = QUuid::createUuid(), .monitorId = news.id, .timestamp = {}}};
+    const std::vector<Check> history = {
+        {.id = QUuid::createUuid(), .monitorId = news.id, .timestamp = {}}};
     const auto made = commands.apply({MonitorChange::create(news, history),
                                       MonitorChange::of(MonitorChange::Kind::pause, shop.id),
                                       MonitorChange::of(MonitorChange::Kind::resume, news.id)});
