@@ -65,7 +65,7 @@ HttpRequest makeRequest(const Monitor &monitor, const QUrl &url,
 
 void applyStatusRule(Check &check)
 {
-    check.isUp = HttpCheck::isUpStatus(*check.statusCode);
+    check.isUp = isUpStatus(*check.statusCode);
     if (!check.isUp)
         check.error = u"HTTP %1"_s.arg(*check.statusCode);
 }
@@ -113,12 +113,6 @@ QFuture<Check> HttpCheck::run(const Monitor &monitor)
                           return judge(monitor, {result, delegate->expiryDate(),
                                                  isRead ? reader->finish() : std::nullopt});
                       });
-}
-
-bool HttpCheck::isUpStatus(int statusCode)
-{
-    // A site that asks for credentials, or forbids the anonymous client, is alive.
-    return (statusCode >= 200 && statusCode <= 399) || statusCode == 401 || statusCode == 403;
 }
 
 Check HttpCheck::judge(const Monitor &monitor, const Answer &answer) const

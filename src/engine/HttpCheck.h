@@ -28,9 +28,6 @@ public:
 
     [[nodiscard]] QFuture<Check> run(const Monitor &monitor) override;
 
-    /// Whether a response with @p statusCode is up, apart from its keyword.
-    [[nodiscard]] static bool isUpStatus(int statusCode);
-
 private:
     /// The findings of a request.
     struct Answer

@@ -1,6 +1,7 @@
 #include "BlackboxModules.h"
 
 #include "HttpCheck.h"
+#include "HttpStatusRule.h"
 #include "PrometheusText.h"
 
 #include <algorithm>
@@ -24,7 +25,7 @@ QByteArray upStatusCodes()
     QByteArray codes;
     int count = 0;
     for (int code = 100; code <= 599; ++code) {
-        if (!HttpCheck::isUpStatus(code) || isRedirect(code))
+        if (!isUpStatus(code) || isRedirect(code))
             continue;
         codes += count == 0 ? "" : count % 20 == 0 ? ",\n        " : ", ";
         codes += QByteArray::number(code);
