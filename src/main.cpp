@@ -5,9 +5,12 @@
 #include "CommandLine.h"
 #include "CurlNetwork.h"
 #include "DetachedThread.h"
+#include "ExportCommand.h"
 #include "HttpCheck.h"
+#include "ImportCommand.h"
 #include "ListCommand.h"
 #include "MainWindowLoader.h"
+#include "MetricsCommand.h"
 #include "NotificationManager.h"
 #include "OneLine.h"
 #include "OstrelApp.h"
@@ -31,6 +34,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <future>
+#include <optional>
 #include <unistd.h>
 #include <variant>
 
@@ -140,22 +144,32 @@ struct Program
     {
         if (invocation.isFollowed)
             return follow(invocation);
-        if (const auto status = readStatus(invocation)) {
-            print(*status);
-            return 0;
-        }
-        complainOfMonitors(invocation.dataDir);
-        return exitFailed;
+        return tell(readStatus(invocation), invocation.dataDir);
+    }
+
+    int operator()(const ExportInvocation &invocation)
+    {
+        const ExportOutcome outcome = runExport(invocation, STDOUT_FILENO);
+        for (const QString &complaint : outcome.complaints)
+            complain(complaint);
+        return outcome.exitCode;
+    }
+
+    int operator()(const ImportInvocation &invocation)
+    {
+        return change(invocation, [](const ImportInvocation &wanted, RequestRunner &runner) {
+            return runImport(wanted, runner);
+        });
+    }
+
+    int operator()(const MetricsInvocation &invocation)
+    {
+        return tell(readMetrics(invocation), invocation.dataDir);
     }
 
     int operator()(const ListInvocation &invocation)
     {
-        if (const auto list = readList(invocation)) {
-            print(*list);
-            return 0;
-        }
-        complainOfMonitors(invocation.dataDir);
-        return exitFailed;
+        return tell(readList(invocation), invocation.dataDir);
     }
 
     int operator()(const AddInvocation &invocation)
@@ -193,6 +207,17 @@ struct Program
     }
 
 private:
+    /// Prints what was read from @p dataDir; complains if it is nullopt.
+    static int tell(const std::optional<QByteArray> &text, const QString &dataDir)
+    {
+        if (text) {
+            print(*text);
+            return exitDone;
+        }
+        complainOfMonitors(dataDir);
+        return exitFailed;
+    }
+
     /// Runs a command that may need the program that watches.
     template<typename Invocation, typename Run>
     int change(const Invocation &invocation, Run run)
@@ -202,6 +227,8 @@ private:
         RequestRunner runner(invocation.dataDir, instance, instance);
         const CommandResult result = run(invocation, runner);
         print(result.output);
+        for (const QString &note : result.notes)
+            complain(note);
         if (!result.complaint.isEmpty())
             complain(result.complaint);
         return result.exitCode;

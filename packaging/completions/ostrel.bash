@@ -26,7 +26,7 @@ _ostrel_complete_monitors() {
 
 _ostrel() {
     local current previous command=${COMP_WORDS[1]}
-    local commands='check status list add edit pause resume remove check-now help'
+    local commands='check status list add edit pause resume remove check-now export import metrics help'
     local general='--add-monitor --quit --data-dir --language --version --help'
     local settings='--name --port --interval --method --timeout --keyword --keyword-absent --threshold'
     current=${COMP_WORDS[COMP_CWORD]}
@@ -42,6 +42,9 @@ _ostrel() {
             return ;;
         --method)
             mapfile -t COMPREPLY < <(compgen -W 'GET HEAD POST' -- "$current")
+            return ;;
+        --format)
+            mapfile -t COMPREPLY < <(compgen -W 'json csv prometheus' -- "$current")
             return ;;
         --interval)
             mapfile -t COMPREPLY < <(compgen -W '30 60 300 900 1800 3600' -- "$current")
@@ -69,6 +72,12 @@ _ostrel() {
             words='--data-dir --help' ;;
         check-now)
             words='--json --data-dir --help' ;;
+        export)
+            words='--history --format --force --data-dir --help' ;;
+        import)
+            words='--dry-run --replace --copy --data-dir --help' ;;
+        metrics)
+            words='--data-dir --help' ;;
         help)
             words=$commands ;;
     esac
@@ -76,6 +85,10 @@ _ostrel() {
         case $command in
             check | add)
                 mapfile -t COMPREPLY < <(compgen -A hostname -- "$current")
+                return ;;
+            export | import)
+                mapfile -t COMPREPLY < <(compgen -f -- "$current")
+                compopt -o filenames
                 return ;;
             edit | pause | resume | remove | check-now)
                 _ostrel_complete_monitors "$current"

@@ -10,7 +10,7 @@ function __ostrel_monitors
 end
 
 complete -c ostrel -f
-set -l commands check status list add edit pause resume remove check-now help
+set -l commands check status list add edit pause resume remove check-now export import metrics help
 set -l none "not __fish_seen_subcommand_from $commands"
 set -l settings '__fish_seen_subcommand_from check add edit'
 set -l stored '__fish_seen_subcommand_from add edit'
@@ -26,6 +26,9 @@ complete -c ostrel -n "$none" -a pause -d 'Stop checking monitors'
 complete -c ostrel -n "$none" -a resume -d 'Check paused monitors again'
 complete -c ostrel -n "$none" -a remove -d 'Remove monitors and their histories'
 complete -c ostrel -n "$none" -a check-now -d 'Check monitors at once'
+complete -c ostrel -n "$none" -a export -d 'Write the monitors, or their history, to a file'
+complete -c ostrel -n "$none" -a import -d 'Add the monitors of a file'
+complete -c ostrel -n "$none" -a metrics -d 'Print the state of every monitor for Prometheus'
 complete -c ostrel -n "$none" -a help -d 'Explain a command'
 complete -c ostrel -n "$none" -l add-monitor -d 'Show the form for a new monitor'
 complete -c ostrel -n "$none" -l quit -d 'End the Ostrel that watches'
@@ -51,3 +54,10 @@ complete -c ostrel -n "$edit" -l no-threshold -d 'Notify of no slow answers'
 complete -c ostrel -n '__fish_seen_subcommand_from status' -l watch -d 'Print it again at every change'
 complete -c ostrel -n '__fish_seen_subcommand_from list' -l names -d 'Print the names alone'
 complete -c ostrel -n '__fish_seen_subcommand_from check status list check-now' -l json -d 'Print JSON'
+complete -c ostrel -n '__fish_seen_subcommand_from export import' -F
+complete -c ostrel -n '__fish_seen_subcommand_from export' -l history -d 'Write the history, too'
+complete -c ostrel -n '__fish_seen_subcommand_from export' -l format -x -a 'json csv prometheus' -d 'What to write'
+complete -c ostrel -n '__fish_seen_subcommand_from export' -l force -d 'Replace what exists'
+complete -c ostrel -n '__fish_seen_subcommand_from import' -l dry-run -d 'Only print what would be done'
+complete -c ostrel -n '__fish_seen_subcommand_from import' -l replace -d 'Give monitors the settings of the file'
+complete -c ostrel -n '__fish_seen_subcommand_from import' -l copy -d 'Add beside those with other settings'

@@ -65,14 +65,10 @@ QString saveComplaint(const RequestRunner &runner, const QString &reason)
 CommandResult make(const QList<MonitorChange> &changes, const QList<Monitor> &monitors,
                    RequestRunner &runner)
 {
-    const auto value = runner.run(changeRequest(changes), patience);
-    if (const auto *failed = std::get_if<CommandResult>(&value))
+    const auto made = makeChanges(changes, runner);
+    if (const auto *failed = std::get_if<CommandResult>(&made))
         return *failed;
-    const QJsonObject answer = std::get<QJsonValue>(value).toObject();
-    const QString unsaved = answer.value(u"unsaved"_s).toString();
-    if (!unsaved.isEmpty())
-        return {.exitCode = exitFailed, .complaint = saveComplaint(runner, unsaved)};
-    const QJsonArray outcomes = answer.value(u"outcomes"_s).toArray();
+    const auto &outcomes = std::get<QJsonArray>(made);
     QString lines;
     for (qsizetype i = 0; i < changes.size(); ++i)
         lines += report(changes.at(i), monitors.at(i), outcomes.at(i));
@@ -94,6 +90,19 @@ QJsonObject difference(const Monitor &before, const Monitor &after)
 }
 
 } // namespace
+
+std::variant<QJsonArray, CommandResult> makeChanges(const QList<MonitorChange> &changes,
+                                                    RequestRunner &runner)
+{
+    const auto value = runner.run(changeRequest(changes), patience);
+    if (const auto *failed = std::get_if<CommandResult>(&value))
+        return *failed;
+    const QJsonObject answer = std::get<QJsonValue>(value).toObject();
+    const QString unsaved = answer.value(u"unsaved"_s).toString();
+    if (!unsaved.isEmpty())
+        return CommandResult{.exitCode = exitFailed, .complaint = saveComplaint(runner, unsaved)};
+    return answer.value(u"outcomes"_s).toArray();
+}
 
 CommandResult runAdd(const AddInvocation &invocation, RequestRunner &runner)
 {

@@ -5,7 +5,10 @@
 #include "CheckNowArguments.h"
 #include "CommandArguments.h"
 #include "EditArguments.h"
+#include "ExportArguments.h"
+#include "ImportArguments.h"
 #include "ListArguments.h"
+#include "MetricsArguments.h"
 #include "PauseArguments.h"
 #include "RemoveArguments.h"
 #include "ResumeArguments.h"
@@ -83,7 +86,8 @@ const QList<Command> &allCommands()
 {
     static const QList<Command> commands = {checkCommand(),  statusCommand(), listCommand(),
                                             addCommand(),    editCommand(),   pauseCommand(),
-                                            resumeCommand(), removeCommand(), checkNowCommand()};
+                                            resumeCommand(), removeCommand(), checkNowCommand(),
+                                            exportCommand(), importCommand(), metricsCommand()};
     return commands;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ImportPlan.h"
 #include "Monitor.h"
 #include "MonitorChange.h"
 #include "MonitorOptions.h"
@@ -89,6 +90,37 @@ struct CheckNowInvocation
     OutputFormat format = OutputFormat::human;
 };
 
+enum class ExportFormat {
+    json,       ///< The monitors, and the history if wanted.
+    csv,        ///< The history as a table.
+    prometheus, ///< A folder with a configuration of Prometheus.
+};
+
+/// Write the monitors to a file, to a folder, or to stdout.
+struct ExportInvocation
+{
+    QString dataDir;
+    QString path = {}; ///< Empty for stdout.
+    ExportFormat format = ExportFormat::json;
+    bool hasHistory = false; ///< Only matters to JSON.
+    bool replaces = false;   ///< Existing files are replaced.
+};
+
+/// Add what a file offers.
+struct ImportInvocation
+{
+    QString dataDir;
+    QString path = {}; ///< Empty for stdin.
+    ImportPolicy policy = ImportPolicy::refuse;
+    bool isDryRun = false; ///< Only print what would be done.
+};
+
+/// Print the state of every monitor for Prometheus.
+struct MetricsInvocation
+{
+    QString dataDir;
+};
+
 /// Print a text and exit.
 struct AnswerInvocation
 {
@@ -104,7 +136,8 @@ struct UnusableInvocation
 
 using Invocation = std::variant<RunInvocation, QuitInvocation, CheckInvocation, StatusInvocation,
                                 ListInvocation, AddInvocation, EditInvocation, SwitchInvocation,
-                                CheckNowInvocation, AnswerInvocation, UnusableInvocation>;
+                                CheckNowInvocation, ExportInvocation, ImportInvocation,
+                                MetricsInvocation, AnswerInvocation, UnusableInvocation>;
 
 inline constexpr int exitDone = 0;
 inline constexpr int exitFailed = 1;

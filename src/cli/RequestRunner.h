@@ -24,6 +24,7 @@ struct CommandResult
     int exitCode = 0;
     QByteArray output = {}; ///< For stdout, with a newline at its end.
     QString complaint = {}; ///< A sentence for stderr; may be empty.
+    QStringList notes = {}; ///< Sentences for stderr that don't mean that anything failed.
 };
 
 /// Carries requests to MonitorRequests out: through the program that owns the data folder, or, if

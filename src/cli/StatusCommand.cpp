@@ -4,6 +4,7 @@
 #include "MonitorStore.h"
 #include "OneLine.h"
 #include "RecordObjects.h"
+#include "UptimeWindow.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -11,23 +12,12 @@
 #include <QStringList>
 
 #include <algorithm>
-#include <array>
 
 using namespace Qt::StringLiterals;
 
 namespace ostrel {
 
 namespace {
-
-using namespace std::chrono_literals;
-
-struct UptimeWindow
-{
-    const char *name;
-    std::chrono::hours length;
-};
-constexpr std::array uptimeWindows = {UptimeWindow{"24h", 24h}, UptimeWindow{"7d", 7 * 24h},
-                                      UptimeWindow{"30d", 30 * 24h}};
 
 /// A longer name shifts only the rest of its own line.
 constexpr qsizetype widestNameColumn = 40;

@@ -6,9 +6,6 @@ namespace ostrel {
 
 namespace {
 
-// A single failure may be chance.
-constexpr qint64 failuresUntilDown = 2;
-
 std::optional<qint64> certificateDays(const Monitor &monitor, const Check &check,
                                       const QTimeZone &timeZone)
 {

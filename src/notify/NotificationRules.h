@@ -9,6 +9,9 @@
 
 namespace ostrel {
 
+/// How many failures in a row mean that a monitor is down. A single one may be chance.
+inline constexpr qint64 failuresUntilDown = 2;
+
 /// Which notifications one check calls for.
 struct DueNotifications
 {

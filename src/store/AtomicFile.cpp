@@ -87,6 +87,14 @@ void removeLeftover(const std::string &path)
         ::unlink(path.c_str());
 }
 
+/// The mode to create a file with, which the umask restricts further.
+mode_t modeFor(AtomicFile::Access access)
+{
+    constexpr mode_t user = S_IRUSR | S_IWUSR;
+    constexpr mode_t others = S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
+    return access == AtomicFile::Access::user ? user : user | others;
+}
+
 std::string folderOf(const std::string &path)
 {
     return std::filesystem::path(path).parent_path().string();
@@ -100,7 +108,7 @@ class AtomicFile::Temporary
 {
 public:
     /// Creates it beside @p path. Not open, with errno, if that fails.
-    explicit Temporary(const std::string &path);
+    Temporary(const std::string &path, Access access);
     ~Temporary();
     Q_DISABLE_COPY(Temporary)
 
@@ -108,21 +116,24 @@ public:
 
     /// Replaces the file at @p path. Sets @p snapshot, unless it is null, to the content.
     [[nodiscard]] bool replace(const std::string &path, FileSnapshot *snapshot);
+    /// Appears at @p path; false, with EEXIST, if something has that name.
+    [[nodiscard]] bool appear(const std::string &path) { return giveSecondName(m_path, path); }
 
 private:
     std::string m_path; ///< Empty if there is no file, or it has another name now.
     FileDescriptor m_file;
 };
 
-AtomicFile::Temporary::Temporary(const std::string &path)
+AtomicFile::Temporary::Temporary(const std::string &path, Access access)
 {
     constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW;
     for (int number = 1; number <= maxTemporaryNames; ++number) {
         const std::string name = temporaryName(path, number);
         // Creates a fresh file, so that the mode or links of an old one don't matter.
-        removeLeftover(name);
+        if (access == Access::user)
+            removeLeftover(name);
         m_file = FileDescriptor(
-            uninterrupted([&] { return ::open(name.c_str(), flags, S_IRUSR | S_IWUSR); }));
+            uninterrupted([&] { return ::open(name.c_str(), flags, modeFor(access)); }));
         if (m_file.isOpen())
             m_path = name;
         if (m_file.isOpen() || errno != EEXIST)
@@ -152,9 +163,10 @@ bool AtomicFile::Temporary::replace(const std::string &path, FileSnapshot *snaps
     return true;
 }
 
-AtomicFile::AtomicFile(const QString &path, Sync sync)
+AtomicFile::AtomicFile(const QString &path, Sync sync, Access access)
     : m_path(resolved(QFile::encodeName(path).toStdString()))
     , m_sync(std::move(sync))
+    , m_access(access)
 {
 }
 
@@ -204,14 +216,20 @@ bool AtomicFile::holds(const FileSnapshot &snapshot) const
 
 bool AtomicFile::write(const Fill &fill, Flush flush, FileSnapshot *snapshot) const
 {
-    Temporary temporary(m_path);
+    Temporary temporary(m_path, m_access);
     return fillIn(temporary, fill, flush) && temporary.replace(m_path, snapshot);
+}
+
+bool AtomicFile::writeNew(const Fill &fill, Flush flush) const
+{
+    Temporary temporary(m_path, m_access);
+    return fillIn(temporary, fill, flush) && temporary.appear(m_path);
 }
 
 bool AtomicFile::writeKeepingOld(const Fill &fill, Flush flush, std::string_view suffix,
                                  FileSnapshot *snapshot) const
 {
-    Temporary temporary(m_path);
+    Temporary temporary(m_path, m_access);
     return fillIn(temporary, fill, flush) && keep(suffix) && temporary.replace(m_path, snapshot);
 }
 

@@ -27,6 +27,14 @@ public:
         beforeReplacing, ///< The new content is on the disk before it replaces the old.
     };
 
+    /// Who can access a file that was written.
+    enum class Access {
+        user, ///< The user alone (0600).
+        /// Whoever the user's umask lets access a new file. What has the temporary name is then
+        /// another file of the user's, and is left alone.
+        usual,
+    };
+
     /// Writes the new content; false if it couldn't be produced.
     using Fill = std::function<bool(ContentWriter &)>;
     /// Waits until the data written to an open file is on the disk; false, with errno, if that
@@ -34,7 +42,8 @@ public:
     using Sync = std::function<bool(const FileDescriptor &)>;
 
     /// Flush::beforeReplacing calls @p sync.
-    explicit AtomicFile(const QString &path, Sync sync = waitForTheDisk);
+    explicit AtomicFile(const QString &path, Sync sync = waitForTheDisk,
+                        Access access = Access::user);
 
     /// Calls fsync(2).
     static bool waitForTheDisk(const FileDescriptor &file);
@@ -50,10 +59,13 @@ public:
     /// still none.
     [[nodiscard]] bool holds(const FileSnapshot &snapshot) const;
 
-    /// Replaces the content with what @p fill writes; only the user can access the file (0600). If
-    /// this returns false, the file is unchanged and the temporary one is removed. If it returns
-    /// true, it sets @p snapshot, unless that is null, to the new content.
+    /// Replaces the content with what @p fill writes. If this returns false, the file is unchanged
+    /// and the temporary one is removed. If it returns true, it sets @p snapshot, unless that is
+    /// null, to the new content.
     bool write(const Fill &fill, Flush flush, FileSnapshot *snapshot = nullptr) const;
+
+    /// Like write(), but only if there is nothing at the path; otherwise false, with EEXIST.
+    bool writeNew(const Fill &fill, Flush flush) const;
 
     /// Like write(), but keeps the old content beside the file, under the file's name, "." and @p
     /// suffix, with "-2", "-3", … appended if that name is taken. Keeps it only once the new
@@ -75,6 +87,7 @@ private:
 
     std::string m_path; ///< After following all symbolic links.
     Sync m_sync;
+    Access m_access;
 };
 
 } // namespace ostrel

@@ -159,6 +159,38 @@ TEST_F(AtomicFileTest, IsPrivateToItsUser)
     EXPECT_EQ(status.st_mode & 07777U, 0600U);
 }
 
+TEST_F(AtomicFileTest, UsualAccessIsWhatTheUmaskAllows)
+{
+    const mode_t before = ::umask(027);
+    const AtomicFile file(pathOf("file"), AtomicFile::waitForTheDisk, AtomicFile::Access::usual);
+    const bool isWritten = write(file, "new");
+    ::umask(before);
+    struct stat status = {};
+    ASSERT_TRUE(isWritten);
+    ASSERT_EQ(::stat(QFile::encodeName(pathOf("file")).constData(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777U, 0640U);
+}
+
+TEST_F(AtomicFileTest, AUsualFileLeavesAnotherOfTheTemporaryName)
+{
+    fill("file.tmp", "another");
+    const AtomicFile file(pathOf("file"), AtomicFile::waitForTheDisk, AtomicFile::Access::usual);
+    EXPECT_TRUE(write(file, "new"));
+    EXPECT_EQ(contentOf("file.tmp"), QByteArrayLiteral("another"));
+    EXPECT_EQ(names(), (QStringList{u"file"_s, u"file.tmp"_s}));
+}
+
+TEST_F(AtomicFileTest, ANewFileNeverReplacesAnother)
+{
+    const AtomicFile file(pathOf("file"));
+    EXPECT_TRUE(file.writeNew(with("first"), Flush::none));
+    errno = 0;
+    EXPECT_FALSE(file.writeNew(with("second"), Flush::none));
+    EXPECT_EQ(errno, EEXIST);
+    EXPECT_EQ(contentOf("file"), QByteArrayLiteral("first"));
+    EXPECT_EQ(names(), QStringList{u"file"_s});
+}
+
 TEST_F(AtomicFileTest, LinkIsFollowedAndStays)
 {
     ASSERT_TRUE(QDir(m_folder.path()).mkdir(u"elsewhere"_s));

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "Command.h"
+
+namespace ostrel {
+
+/// `ostrel export`.
+[[nodiscard]] Command exportCommand();
+
+} // namespace ostrel

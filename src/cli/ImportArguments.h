@@ -1,0 +1,10 @@
+#pragma once
+
+#include "Command.h"
+
+namespace ostrel {
+
+/// `ostrel import`.
+[[nodiscard]] Command importCommand();
+
+} // namespace ostrel

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "Command.h"
+
+namespace ostrel {
+
+/// `ostrel metrics`.
+[[nodiscard]] Command metricsCommand();
+
+} // namespace ostrel
