@@ -68,6 +68,10 @@ public:
     /// @p activationToken see AppDelegate.
     void addMonitor(const QByteArray &activationToken = {});
 
+    /// Shows the window with the page of that monitor; as it was, if there is none. For
+    /// @p activationToken see AppDelegate.
+    void openMonitor(const QUuid &monitorId, const QByteArray &activationToken = {});
+
     [[nodiscard]] const MonitorStore &store() const { return m_store; }
     [[nodiscard]] AppDelegate &delegate() { return m_delegate; }
     [[nodiscard]] StatusBarItem &statusBarItem() { return m_statusBarItem; }

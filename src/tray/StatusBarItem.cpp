@@ -92,8 +92,10 @@ void StatusBarItem::show()
 
 void StatusBarItem::present(const NotificationRequest &request)
 {
-    if (m_trayIcon)
-        m_trayIcon->showMessage(request.title, request.body, messageIcon(request.level));
+    if (!m_trayIcon)
+        return;
+    m_presentedMonitor = request.monitorId;
+    m_trayIcon->showMessage(request.title, request.body, messageIcon(request.level));
 }
 
 bool StatusBarItem::eventFilter(QObject *watched, QEvent *event)
@@ -119,6 +121,8 @@ void StatusBarItem::join()
                 if (reason == QSystemTrayIcon::Trigger)
                     Q_EMIT openRequested();
             });
+    connect(m_trayIcon.get(), &QSystemTrayIcon::messageClicked, this,
+            [this] { Q_EMIT notificationClicked(m_presentedMonitor); });
     m_trayIcon->show();
 }
 

@@ -77,6 +77,14 @@ FocusScope {
         }
     }
 
+    Connections {
+        target: root.models
+
+        function onPageRequested(monitorId: var): void {
+            chosen.monitorId = monitorId;
+        }
+    }
+
     // Waits, because the focus may be on its way to another item.
     Timer {
         interval: 0
