@@ -121,6 +121,7 @@ void OstrelApp::watchAppearance(QQuickWindow &window)
 
 void OstrelApp::contentAppeared()
 {
+    m_delegate.noteAppearance();
     m_engine.start();
     m_services.notificationCenter.requestAuthorization();
     m_services.loginItem.registerItem();
