@@ -2,6 +2,8 @@
 #include "CheckCommand.h"
 #include "CommandLine.h"
 #include "CurlNetwork.h"
+#include "Demo.h"
+#include "DemoLoginItem.h"
 #include "DetachedThread.h"
 #include "HttpCheck.h"
 #include "MainWindowLoader.h"
@@ -25,6 +27,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <future>
 #include <variant>
 
@@ -72,6 +75,43 @@ void preferSoftwareRenderer()
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
 }
 
+/// The application object of a program with windows, and what belongs to it.
+class WindowedApplication
+{
+public:
+    WindowedApplication(int &argc, char **argv, Language language)
+        : m_application(prepared(argc), argv)
+    {
+        preparePlatform();
+        QApplication::setDesktopFileName(applicationId());
+        ThemeFonts::install();
+        if (language == Language::pseudo)
+            QCoreApplication::installTranslator(&m_pseudo);
+    }
+
+private:
+    /// Does what must be done before there is an application object.
+    static int &prepared(int &argc)
+    {
+        preferSoftwareRenderer();
+        avoidSilentServices();
+        return argc;
+    }
+
+    std::future<void> m_faces = std::async(std::launch::async, &readFontConfiguration);
+    QApplication m_application;
+    PseudoTranslator m_pseudo;
+};
+
+/// What differs between the ways to watch.
+struct Circumstances
+{
+    bool addsMonitor = false;
+    IoThreadConfiguration network = {};
+    /// Made as soon as there is an application object.
+    std::function<std::unique_ptr<LoginItem>()> makeLoginItem = &ostrel::makeLoginItem;
+};
+
 struct Program
 {
     int argc;
@@ -79,19 +119,8 @@ struct Program
 
     int operator()(const RunInvocation &invocation)
     {
-        // Read on other threads while the rest is set up.
-        RecordsReader records(invocation.dataDir);
-        const auto faces = std::async(std::launch::async, &readFontConfiguration);
-        preferSoftwareRenderer();
-        avoidSilentServices();
-        QApplication application(argc, argv);
-        preparePlatform();
-        QApplication::setDesktopFileName(applicationId());
-        ThemeFonts::install();
-        PseudoTranslator pseudo;
-        if (invocation.language == Language::pseudo)
-            QCoreApplication::installTranslator(&pseudo);
-
+        RecordsReader records(invocation.dataDir); // On another thread, while the rest is set up.
+        const WindowedApplication application(argc, argv, invocation.language);
         createPrivateFolder(invocation.dataDir);
         for (const QString &complaint : closeToOthers(invocation.dataDir))
             complain(complaint);
@@ -108,7 +137,26 @@ struct Program
         case SingleInstance::Claim::unusable: // It watches and notifies all the same.
             break;
         }
-        return watch(records, instance, addsMonitor);
+        return watch(records, instance, {.addsMonitor = addsMonitor});
+    }
+
+    int operator()(const DemoInvocation &invocation)
+    {
+        const WindowedApplication application(argc, argv, invocation.language);
+        Demo demo;
+        if (!demo.start()) {
+            complain(u"can't start the demo: "_s + demo.reason());
+            return exitFailed;
+        }
+        QGuiApplication::setApplicationDisplayName(u"Demo"_s); // Ends the windows' titles.
+        IoThreadConfiguration network;
+        network.trustStore.file = demo.trustBundle(network.trustStore.file);
+        RecordsReader records(demo.dataDir());
+        SingleInstance instance(demo.dataDir());
+        static_cast<void>(instance.claim(patience)); // Nobody else knows this folder.
+        return watch(records, instance, {.network = network, .makeLoginItem = [] {
+                                             return std::make_unique<DemoLoginItem>();
+                                         }});
     }
 
     int operator()(const QuitInvocation &invocation)
@@ -159,7 +207,8 @@ private:
         complain(u"another Ostrel that doesn't answer uses "_s + dataDir);
     }
 
-    static int watch(RecordsReader &records, SingleInstance &instance, bool addsMonitor)
+    static int watch(RecordsReader &records, SingleInstance &instance,
+                     const Circumstances &circumstances)
     {
         // First, while other threads are working.
         auto views = std::make_unique<MainWindowLoader>();
@@ -171,12 +220,12 @@ private:
             [&presenter](const NotificationRequest &request) { presenter(request); });
         const auto wakeSignal = makeWakeSignal();
         const auto networkPresence = makeNetworkPresence();
-        const auto loginItem = makeLoginItem();
+        const auto loginItem = circumstances.makeLoginItem();
         const auto workspace = makeWorkspace();
         const auto preferences = makeDesktopPreferences();
         const auto statusBarHost = makeStatusBarHost();
 
-        CurlNetwork network;
+        CurlNetwork network(circumstances.network);
         const auto dropConnections = [&] { network.dropConnections(); };
         QObject::connect(wakeSignal.get(), &WakeSignal::didWake, &instance, dropConnections);
         QObject::connect(networkPresence.get(), &NetworkPresence::isPresentChanged, &instance,
@@ -220,7 +269,7 @@ private:
                          &QCoreApplication::quit);
         if (!app.show())
             return exitFailed;
-        if (addsMonitor)
+        if (circumstances.addsMonitor)
             app.addMonitor();
         return QCoreApplication::exec();
     }

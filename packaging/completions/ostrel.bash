@@ -18,7 +18,7 @@ _ostrel() {
         --port | --timeout | --keyword | --threshold)
             return ;;
     esac
-    local words='--add-monitor --quit --data-dir --language --version --help'
+    local words='--add-monitor --demo --quit --data-dir --language --version --help'
     case $command in
         check)
             words='--port --method --timeout --keyword --keyword-absent --threshold --json'
@@ -27,7 +27,7 @@ _ostrel() {
             words='--json --data-dir' ;;
     esac
     if ((COMP_CWORD == 1)); then
-        words='check status --add-monitor --quit --data-dir --language --version --help'
+        words='check status --add-monitor --demo --quit --data-dir --language --version --help'
     fi
     if [[ $current == -* || $command != check || $COMP_CWORD -eq 1 ]]; then
         mapfile -t COMPREPLY < <(compgen -W "$words" -- "$current")

@@ -100,6 +100,7 @@ std::optional<Language> languageFrom(const QString &value)
 QString generalHelp()
 {
     return u"Usage: ostrel [--add-monitor] [--data-dir DIR] [--language LANGUAGE]\n"
+           "       ostrel --demo [--language LANGUAGE]\n"
            "       ostrel --quit [--data-dir DIR]\n"
            "       ostrel check ADDRESS [options]\n"
            "       ostrel status [--json] [--data-dir DIR]\n"
@@ -125,6 +126,8 @@ QString generalHelp()
            "\n"
            "Options:\n"
            "  --add-monitor         show the window with the form for a new monitor\n"
+           "  --demo                watch servers that this program starts itself, with a\n"
+           "                        month of made-up history; nothing of yours is touched\n"
            "  --quit                end the Ostrel that watches, if there is one\n"
            "  --data-dir DIR        keep monitors and history in DIR\n"
            "  --language LANGUAGE   show the window in LANGUAGE: en (default), or pseudo, in\n"
@@ -333,14 +336,23 @@ Invocation parseStatus(const QStringList &arguments)
     };
 }
 
-/// Complains about an option that doesn't go with --quit.
-std::optional<UnusableInvocation> quitContradiction(const QCommandLineParser &parser)
+/// Complains about one of @p others if it is given together with @p option.
+std::optional<UnusableInvocation> contradictionTo(const QCommandLineParser &parser,
+                                                  const QString &option, const QStringList &others)
 {
-    for (const QString &name : {u"add-monitor"_s, u"language"_s}) {
-        if (parser.isSet(u"quit"_s) && parser.isSet(name))
-            return unusable(u"--"_s + name + u" doesn't go with --quit."_s);
+    for (const QString &name : others) {
+        if (parser.isSet(option) && parser.isSet(name))
+            return unusable(u"--"_s + name + u" doesn't go with --"_s + option + u'.');
     }
     return std::nullopt;
+}
+
+/// Complains about options that don't go together.
+std::optional<UnusableInvocation> startContradiction(const QCommandLineParser &parser)
+{
+    if (auto problem = contradictionTo(parser, u"quit"_s, {u"add-monitor"_s, u"language"_s}))
+        return problem;
+    return contradictionTo(parser, u"demo"_s, {u"add-monitor"_s, u"data-dir"_s, u"quit"_s});
 }
 
 /// The invocation of a line whose values are usable.
@@ -349,6 +361,8 @@ Invocation startInvocation(const QCommandLineParser &parser, const QString &data
 {
     if (parser.isSet(u"quit"_s))
         return QuitInvocation{.dataDir = dataDir};
+    if (parser.isSet(u"demo"_s))
+        return DemoInvocation{.language = language.value_or(Language::english)};
     return RunInvocation{.dataDir = dataDir,
                          .language = language.value_or(Language::english),
                          .addsMonitor = parser.isSet(u"add-monitor"_s)};
@@ -360,6 +374,7 @@ Invocation parseRun(const QStringList &arguments)
     parser.addOptions({dataDirOption(),
                        {u"language"_s, {}, u"LANGUAGE"_s},
                        {u"add-monitor"_s, {}},
+                       {u"demo"_s, {}},
                        {u"quit"_s, {}}});
     if (!parser.parse(arguments))
         return unusableLine(parser);
@@ -371,7 +386,7 @@ Invocation parseRun(const QStringList &arguments)
     const auto language = optionValue<Language>(parser, u"language"_s, languageFrom);
     if (!language.isUsable)
         return unusableOption(parser, u"language"_s);
-    if (const auto problem = quitContradiction(parser))
+    if (const auto problem = startContradiction(parser))
         return *problem;
     return startInvocation(parser, *dataDir, language.value);
 }

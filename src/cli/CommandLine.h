@@ -24,6 +24,12 @@ struct RunInvocation
     bool addsMonitor = false; ///< Begin with the form for a new monitor.
 };
 
+/// Open the window and watch the servers of a demo.
+struct DemoInvocation
+{
+    Language language = Language::english;
+};
+
 /// End the program that watches the monitors.
 struct QuitInvocation
 {
@@ -58,8 +64,8 @@ struct UnusableInvocation
     QString reason;
 };
 
-using Invocation = std::variant<RunInvocation, QuitInvocation, CheckInvocation, StatusInvocation,
-                                AnswerInvocation, UnusableInvocation>;
+using Invocation = std::variant<RunInvocation, DemoInvocation, QuitInvocation, CheckInvocation,
+                                StatusInvocation, AnswerInvocation, UnusableInvocation>;
 
 inline constexpr int exitUp = 0;
 inline constexpr int exitDown = 1;
