@@ -13,7 +13,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr qsizetype longestRequest = 16 * 1024;
+constexpr qsizetype longestRequest = 16'384;
 /// No client of the demo needs longer.
 constexpr auto longestVisit = 60s;
 
