@@ -89,6 +89,9 @@ public:
             QCoreApplication::installTranslator(&m_pseudo);
     }
 
+    /// Emitted only once an event loop runs, so that nothing is left half done.
+    [[nodiscard]] const TerminationSignal &termination() const { return *m_termination; }
+
 private:
     /// Does what must be done before there is an application object.
     static int &prepared(int &argc)
@@ -100,6 +103,7 @@ private:
 
     std::future<void> m_faces = std::async(std::launch::async, &readFontConfiguration);
     QApplication m_application;
+    std::unique_ptr<TerminationSignal> m_termination = makeTerminationSignal();
     PseudoTranslator m_pseudo;
 };
 
@@ -137,7 +141,7 @@ struct Program
         case SingleInstance::Claim::unusable: // It watches and notifies all the same.
             break;
         }
-        return watch(records, instance, {.addsMonitor = addsMonitor});
+        return watch(records, instance, application.termination(), {.addsMonitor = addsMonitor});
     }
 
     int operator()(const DemoInvocation &invocation)
@@ -154,9 +158,9 @@ struct Program
         RecordsReader records(demo.dataDir());
         SingleInstance instance(demo.dataDir());
         static_cast<void>(instance.claim(patience)); // Nobody else knows this folder.
-        return watch(records, instance, {.network = network, .makeLoginItem = [] {
-                                             return std::make_unique<DemoLoginItem>();
-                                         }});
+        return watch(records, instance, application.termination(),
+                     {.network = network,
+                      .makeLoginItem = [] { return std::make_unique<DemoLoginItem>(); }});
     }
 
     int operator()(const QuitInvocation &invocation)
@@ -208,13 +212,12 @@ private:
     }
 
     static int watch(RecordsReader &records, SingleInstance &instance,
-                     const Circumstances &circumstances)
+                     const TerminationSignal &termination, const Circumstances &circumstances)
     {
         // First, while other threads are working.
         auto views = std::make_unique<MainWindowLoader>();
         views->prepare();
 
-        const auto termination = makeTerminationSignal();
         NotificationPresenter presenter; // The status bar's, once there is one.
         const auto notificationCenter = makeNotificationCenter(
             [&presenter](const NotificationRequest &request) { presenter(request); });
@@ -260,18 +263,22 @@ private:
                          &AppDelegate::reopen);
         QObject::connect(&instance, &SingleInstance::newMonitorRequested, &app,
                          &OstrelApp::addMonitor);
-        QObject::connect(&instance, &SingleInstance::quitRequested, &app, &QCoreApplication::quit);
-        QObject::connect(&instance, &SingleInstance::ownershipLost, &app, [] {
-            complain(u"another Ostrel has taken the data folder over"_s);
+        bool isEnding = false; // Before the application's own loop, others run for a moment.
+        const auto end = [&isEnding] {
+            isEnding = true;
             QCoreApplication::quit();
+        };
+        QObject::connect(&instance, &SingleInstance::quitRequested, &app, end);
+        QObject::connect(&instance, &SingleInstance::ownershipLost, &app, [end] {
+            complain(u"another Ostrel has taken the data folder over"_s);
+            end();
         });
-        QObject::connect(termination.get(), &TerminationSignal::terminationRequested, &app,
-                         &QCoreApplication::quit);
+        QObject::connect(&termination, &TerminationSignal::terminationRequested, &app, end);
         if (!app.show())
             return exitFailed;
         if (circumstances.addsMonitor)
             app.addMonitor();
-        return QCoreApplication::exec();
+        return isEnding ? 0 : QCoreApplication::exec();
     }
 };
 

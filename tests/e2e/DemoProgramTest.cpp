@@ -72,6 +72,14 @@ TEST_F(DemoProgramTest, ShowsEveryFeatureAtWorkAndLeavesNothingBehind)
     EXPECT_FALSE(QFile::exists(program.loginItem()));
 }
 
+TEST_F(DemoProgramTest, ASignalDuringItsStartLeavesNothingBehindEither)
+{
+    ASSERT_TRUE(program.launch());
+    ASSERT_TRUE(waitFor([this] { return !demoFolders().isEmpty(); }));
+    EXPECT_EQ(program.stop(), 0);
+    EXPECT_EQ(demoFolders(), QStringList());
+}
+
 TEST_F(DemoProgramTest, RunsBesideTheUsersOwnAndSaysThatItIsADemo)
 {
     VirtualDisplay display;
