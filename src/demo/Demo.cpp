@@ -1,6 +1,8 @@
 #include "Demo.h"
 
 #include "CheckJson.h"
+#include "FaviconService.h"
+#include "IconFolder.h"
 #include "MonitorJson.h"
 #include "StorageFolder.h"
 #include "StoredRecords.h"
@@ -49,6 +51,7 @@ bool Demo::start()
         return fail(u"no free port of this computer"_s);
     if (!writeRecords(now))
         return fail(u"can't write to "_s + m_folder.path());
+    writeIcons();
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, preferencesDir());
     return true;
 }
@@ -73,6 +76,16 @@ bool Demo::writeRecords(Timestamp now)
     return writeFile(StoredRecords::monitorsPath(dataDir()), encodeMonitors(monitors)) &&
            writeFile(StoredRecords::checksPath(dataDir()),
                      QByteArray(checks.data(), qsizetype(checks.size())));
+}
+
+void Demo::writeIcons() const
+{
+    const IconFolder folder(dataDir() + u"/favicons"_s);
+    const auto icons = m_sites.icons();
+    for (const auto &[address, icon] : icons.asKeyValueRange()) {
+        if (const auto domain = FaviconService::domain(address))
+            folder.write(*domain, icon);
+    }
 }
 
 bool Demo::fail(const QString &reason)

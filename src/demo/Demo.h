@@ -28,6 +28,7 @@ public:
 
 private:
     [[nodiscard]] bool writeRecords(Timestamp now);
+    void writeIcons() const;
     bool fail(const QString &reason);
 
     QTemporaryDir m_folder;

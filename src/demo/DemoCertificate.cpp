@@ -72,7 +72,7 @@ QByteArray pemOf(X509 *certificate)
 
 } // namespace
 
-DemoCertificate DemoCertificate::make(std::chrono::seconds lifetime)
+DemoCertificate DemoCertificate::make(int host, std::chrono::seconds lifetime)
 {
     const Key authorityKey(EVP_EC_gen("P-256"));
     const Key key(EVP_EC_gen("P-256"));
@@ -83,8 +83,9 @@ DemoCertificate DemoCertificate::make(std::chrono::seconds lifetime)
                             {{NID_basic_constraints, "critical,CA:TRUE"},
                              {NID_name_constraints, "critical,permitted;IP:127.0.0.0/255.0.0.0"}});
     X509_set_issuer_name(authority.get(), X509_get_subject_name(authority.get()));
+    const QByteArray names = "IP:127.0.0.1,IP:127.0.0." + QByteArray::number(host);
     const Certificate leaf = unsignedCertificate("Ostrel demo site", key.get(), lifetime,
-                                                 {{NID_subject_alt_name, "IP:127.0.0.1"}});
+                                                 {{NID_subject_alt_name, names.constData()}});
     X509_set_issuer_name(leaf.get(), X509_get_subject_name(authority.get()));
     if (X509_sign(authority.get(), authorityKey.get(), EVP_sha256()) == 0 ||
         X509_sign(leaf.get(), authorityKey.get(), EVP_sha256()) == 0)

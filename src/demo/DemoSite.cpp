@@ -32,8 +32,9 @@ QByteArray responseOf(const DemoAnswer &answer, bool hasBody)
 
 } // namespace
 
-DemoWebsite::DemoWebsite(Behaviour behaviour, QObject *parent)
+DemoWebsite::DemoWebsite(quint8 host, Behaviour behaviour, QObject *parent)
     : QObject(parent)
+    , m_host(host)
     , m_behaviour(std::move(behaviour))
 {
 }
@@ -55,7 +56,8 @@ bool DemoWebsite::startWith(const DemoCertificate &certificate)
 
 QString DemoWebsite::address() const
 {
-    return u"%1://127.0.0.1:%2/"_s.arg(m_scheme).arg(m_server->serverPort());
+    return u"%1://%2:%3/"_s.arg(m_scheme, m_server->serverAddress().toString())
+        .arg(m_server->serverPort());
 }
 
 bool DemoWebsite::listen(std::unique_ptr<QTcpServer> server, const QString &scheme)
@@ -64,7 +66,9 @@ bool DemoWebsite::listen(std::unique_ptr<QTcpServer> server, const QString &sche
     m_scheme = scheme;
     m_sinceStart.start();
     connect(m_server.get(), &QTcpServer::pendingConnectionAvailable, this, &DemoWebsite::acceptAll);
-    return m_server->listen(QHostAddress::LocalHost);
+    constexpr quint32 loopbackNetwork = 0x7f000000;
+    return m_server->listen(QHostAddress(loopbackNetwork + m_host)) ||
+           m_server->listen(QHostAddress::LocalHost);
 }
 
 void DemoWebsite::acceptAll()

@@ -24,7 +24,7 @@ struct DemoAnswer
     QByteArray page = {};
 };
 
-/// A real website on a free port of the loopback address, whose answers depend on the time since
+/// A real website on a free port of a loopback address, whose answers depend on the time since
 /// its start. Main thread.
 class DemoWebsite : public QObject
 {
@@ -33,7 +33,9 @@ class DemoWebsite : public QObject
 public:
     using Behaviour = std::function<DemoAnswer(std::chrono::milliseconds sinceStart)>;
 
-    explicit DemoWebsite(Behaviour behaviour, QObject *parent = nullptr);
+    /// @p host is the last part of its address, 127.0.0.HOST, so that each site is one of its own;
+    /// where there is only 127.0.0.1, that is used.
+    DemoWebsite(quint8 host, Behaviour behaviour, QObject *parent = nullptr);
 
     /// Takes a port; false if there is none. With a certificate it speaks TLS only.
     [[nodiscard]] bool start();
@@ -47,6 +49,7 @@ private:
     void read(QTcpSocket *socket);
     void answer(QTcpSocket *socket);
 
+    quint8 m_host;
     Behaviour m_behaviour;
     std::unique_ptr<QTcpServer> m_server;
     QString m_scheme;

@@ -1,5 +1,7 @@
 #include "DemoSites.h"
 
+#include "DemoIcon.h"
+
 #include <QUuid>
 
 using namespace Qt::StringLiterals;
@@ -13,6 +15,7 @@ using std::chrono::milliseconds;
 
 /// From now until the end of the certificate, which is worth an interruption.
 constexpr auto certificateLifetime = 71h;
+constexpr quint8 bankHost = 6;
 
 /// Whether something that fails for @p failing and then works for @p working, again and again,
 /// fails at the time @p sinceStart.
@@ -59,12 +62,12 @@ DemoAnswer bank(milliseconds)
 } // namespace
 
 DemoSites::DemoSites()
-    : m_certificate(DemoCertificate::make(certificateLifetime))
-    , m_bakery(&bakery)
-    , m_photos(&photos)
-    , m_tickets(&tickets)
-    , m_news(&news)
-    , m_bank(&bank)
+    : m_certificate(DemoCertificate::make(bankHost, certificateLifetime))
+    , m_bakery(2, &bakery)
+    , m_photos(3, &photos)
+    , m_tickets(4, &tickets)
+    , m_news(5, &news)
+    , m_bank(bankHost, &bank)
     , m_backup(7s, 25s)
 {
 }
@@ -76,6 +79,15 @@ bool DemoSites::start(Timestamp now)
     if (areStarted)
         addMonitors(now);
     return areStarted;
+}
+
+QHash<QString, QImage> DemoSites::icons() const
+{
+    return {{m_bakery.address(), demoIcon(DemoShape::disc, QColor(0xe0, 0x8a, 0x2c))},
+            {m_photos.address(), demoIcon(DemoShape::ring, QColor(0x8e, 0x5b, 0xb8))},
+            {m_tickets.address(), demoIcon(DemoShape::bars, QColor(0x1f, 0x8a, 0x8c))},
+            {m_news.address(), demoIcon(DemoShape::lines, QColor(0x2f, 0x62, 0xc4))},
+            {m_bank.address(), demoIcon(DemoShape::roof, QColor(0x2e, 0x7d, 0x4f))}};
 }
 
 void DemoSites::addMonitors(Timestamp now)

@@ -4,6 +4,9 @@
 #include "DemoHistory.h"
 #include "DemoSite.h"
 
+#include <QHash>
+#include <QImage>
+
 #include <vector>
 
 namespace ostrel {
@@ -29,6 +32,9 @@ public:
     [[nodiscard]] const QByteArray &authority() const { return m_certificate.authority; }
     /// Once they are started.
     [[nodiscard]] const std::vector<DemoMonitor> &monitors() const { return m_monitors; }
+
+    /// The websites' icons, keyed by their addresses.
+    [[nodiscard]] QHash<QString, QImage> icons() const;
 
 private:
     void addMonitors(Timestamp now);

@@ -58,6 +58,11 @@ TEST_F(DemoTest, TheFolderLoadsWithAHistoryForEachMonitor)
         EXPECT_GT(store.checks(monitor.id).size(), 1000) << qPrintable(monitor.name);
 }
 
+TEST_F(DemoTest, EachWebsiteHasAnIcon)
+{
+    EXPECT_EQ(QDir(demo.dataDir() + u"/favicons"_s).entryList({u"*.png"_s}).size(), 5);
+}
+
 TEST_F(DemoTest, TheSitesAnswer)
 {
     const HttpResult page = fetch(addressOf("Corner Bakery"), {});
