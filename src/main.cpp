@@ -4,6 +4,8 @@
 #include "CheckNowCommand.h"
 #include "CommandLine.h"
 #include "CurlNetwork.h"
+#include "Demo.h"
+#include "DemoLoginItem.h"
 #include "DetachedThread.h"
 #include "ExportCommand.h"
 #include "HttpCheck.h"
@@ -33,6 +35,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <future>
 #include <optional>
 #include <unistd.h>
@@ -81,6 +84,47 @@ void preferSoftwareRenderer()
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
 }
 
+/// The application object of a program with windows, and what belongs to it.
+class WindowedApplication
+{
+public:
+    WindowedApplication(int &argc, char **argv, Language language)
+        : m_application(prepared(argc), argv)
+    {
+        preparePlatform();
+        QApplication::setDesktopFileName(applicationId());
+        ThemeFonts::install();
+        if (language == Language::pseudo)
+            QCoreApplication::installTranslator(&m_pseudo);
+    }
+
+    /// Emitted only once an event loop runs, so that nothing is left half done.
+    [[nodiscard]] const TerminationSignal &termination() const { return *m_termination; }
+
+private:
+    /// Does what must be done before there is an application object.
+    static int &prepared(int &argc)
+    {
+        preferSoftwareRenderer();
+        avoidSilentServices();
+        return argc;
+    }
+
+    std::future<void> m_faces = std::async(std::launch::async, &readFontConfiguration);
+    QApplication m_application;
+    std::unique_ptr<TerminationSignal> m_termination = makeTerminationSignal();
+    PseudoTranslator m_pseudo;
+};
+
+/// What differs between the ways to watch.
+struct Circumstances
+{
+    bool addsMonitor = false;
+    IoThreadConfiguration network = {};
+    /// Made as soon as there is an application object.
+    std::function<std::unique_ptr<LoginItem>()> makeLoginItem = &ostrel::makeLoginItem;
+};
+
 struct Program
 {
     int argc;
@@ -88,19 +132,8 @@ struct Program
 
     int operator()(const RunInvocation &invocation)
     {
-        // Read on other threads while the rest is set up.
-        RecordsReader records(invocation.dataDir);
-        const auto faces = std::async(std::launch::async, &readFontConfiguration);
-        preferSoftwareRenderer();
-        avoidSilentServices();
-        QApplication application(argc, argv);
-        preparePlatform();
-        QApplication::setDesktopFileName(applicationId());
-        ThemeFonts::install();
-        PseudoTranslator pseudo;
-        if (invocation.language == Language::pseudo)
-            QCoreApplication::installTranslator(&pseudo);
-
+        RecordsReader records(invocation.dataDir); // On another thread, while the rest is set up.
+        const WindowedApplication application(argc, argv, invocation.language);
         createPrivateFolder(invocation.dataDir);
         for (const QString &complaint : closeToOthers(invocation.dataDir))
             complain(complaint);
@@ -117,7 +150,26 @@ struct Program
         case SingleInstance::Claim::unusable: // It watches and notifies all the same.
             break;
         }
-        return watch(records, instance, addsMonitor);
+        return watch(records, instance, application.termination(), {.addsMonitor = addsMonitor});
+    }
+
+    int operator()(const DemoInvocation &invocation)
+    {
+        const WindowedApplication application(argc, argv, invocation.language);
+        Demo demo;
+        if (!demo.start()) {
+            complain(u"can't start the demo: "_s + demo.reason());
+            return exitFailed;
+        }
+        QGuiApplication::setApplicationDisplayName(u"Demo"_s); // Ends the windows' titles.
+        IoThreadConfiguration network;
+        network.trustStore.file = demo.trustBundle(network.trustStore.file);
+        RecordsReader records(demo.dataDir());
+        SingleInstance instance(demo.dataDir());
+        static_cast<void>(instance.claim(patience)); // Nobody else knows this folder.
+        return watch(records, instance, application.termination(),
+                     {.network = network,
+                      .makeLoginItem = [] { return std::make_unique<DemoLoginItem>(); }});
     }
 
     int operator()(const QuitInvocation &invocation)
@@ -264,24 +316,24 @@ private:
         complain(u"another Ostrel that doesn't answer uses "_s + dataDir);
     }
 
-    static int watch(RecordsReader &records, SingleInstance &instance, bool addsMonitor)
+    static int watch(RecordsReader &records, SingleInstance &instance,
+                     const TerminationSignal &termination, const Circumstances &circumstances)
     {
         // First, while other threads are working.
         auto views = std::make_unique<MainWindowLoader>();
         views->prepare();
 
-        const auto termination = makeTerminationSignal();
         NotificationPresenter presenter; // The status bar's, once there is one.
         const auto notificationCenter = makeNotificationCenter(
             [&presenter](const NotificationRequest &request) { presenter(request); });
         const auto wakeSignal = makeWakeSignal();
         const auto networkPresence = makeNetworkPresence();
-        const auto loginItem = makeLoginItem();
+        const auto loginItem = circumstances.makeLoginItem();
         const auto workspace = makeWorkspace();
         const auto preferences = makeDesktopPreferences();
         const auto statusBarHost = makeStatusBarHost();
 
-        CurlNetwork network;
+        CurlNetwork network(circumstances.network);
         const auto dropConnections = [&] { network.dropConnections(); };
         QObject::connect(wakeSignal.get(), &WakeSignal::didWake, &instance, dropConnections);
         QObject::connect(networkPresence.get(), &NetworkPresence::isPresentChanged, &instance,
@@ -318,18 +370,22 @@ private:
                          &OstrelApp::addMonitor);
         QObject::connect(&instance, &SingleInstance::requested, &app.requests(),
                          &MonitorRequests::answer);
-        QObject::connect(&instance, &SingleInstance::quitRequested, &app, &QCoreApplication::quit);
-        QObject::connect(&instance, &SingleInstance::ownershipLost, &app, [] {
-            complain(u"another Ostrel has taken the data folder over"_s);
+        bool isEnding = false; // Before the application's own loop, others run for a moment.
+        const auto end = [&isEnding] {
+            isEnding = true;
             QCoreApplication::quit();
+        };
+        QObject::connect(&instance, &SingleInstance::quitRequested, &app, end);
+        QObject::connect(&instance, &SingleInstance::ownershipLost, &app, [end] {
+            complain(u"another Ostrel has taken the data folder over"_s);
+            end();
         });
-        QObject::connect(termination.get(), &TerminationSignal::terminationRequested, &app,
-                         &QCoreApplication::quit);
+        QObject::connect(&termination, &TerminationSignal::terminationRequested, &app, end);
         if (!app.show())
             return exitFailed;
-        if (addsMonitor)
+        if (circumstances.addsMonitor)
             app.addMonitor();
-        return QCoreApplication::exec();
+        return isEnding ? 0 : QCoreApplication::exec();
     }
 };
 

@@ -27,7 +27,7 @@ _ostrel_complete_monitors() {
 _ostrel() {
     local current previous command=${COMP_WORDS[1]}
     local commands='check status list add edit pause resume remove check-now export import metrics help'
-    local general='--add-monitor --quit --data-dir --language --version --help'
+    local general='--add-monitor --demo --quit --data-dir --language --version --help'
     local settings='--name --port --interval --method --timeout --keyword --keyword-absent --threshold'
     current=${COMP_WORDS[COMP_CWORD]}
     previous=${COMP_WORDS[COMP_CWORD - 1]}

@@ -21,14 +21,20 @@ public:
     void setMainWindow(QWindow *window);
 
     /// Shows the main window and brings it to the front. @p activationToken is the desktop's token
-    /// for the start that requests it; may be empty.
+    /// for the start or the click that requests it; may be empty.
     void reopen(const QByteArray &activationToken = {});
 
+    /// Call this each time the window's content has appeared.
+    void noteAppearance();
+
 private:
+    void activate();
     /// Allows the session manager to end the program.
     static void leaveSession(QSessionManager &manager);
 
     QPointer<QWindow> m_mainWindow;
+    QByteArray m_activationToken;
+    bool m_isAppearing = false; ///< The window is shown, but its content hasn't appeared yet.
 };
 
 } // namespace ostrel

@@ -43,10 +43,13 @@ OstrelApp::OstrelApp(std::unique_ptr<MainWindowLoader> views, const QString &sto
 {
     connect(m_models.form(), &MonitorForm::websiteCreated, this, &OstrelApp::lookUpSite);
     connectStatusBarItem();
+    services.notificationCenter.onClick(
+        [this](const QUuid &monitorId, const QByteArray &token) { openMonitor(monitorId, token); });
 }
 
 OstrelApp::~OstrelApp()
 {
+    m_services.notificationCenter.onClick({});
     m_views.reset(); // They show what is destroyed after them.
 }
 
@@ -78,6 +81,13 @@ void OstrelApp::addMonitor(const QByteArray &activationToken)
     Q_EMIT m_models.opener()->createRequested();
 }
 
+void OstrelApp::openMonitor(const QUuid &monitorId, const QByteArray &activationToken)
+{
+    m_delegate.reopen(activationToken);
+    if (m_store.monitor(monitorId))
+        Q_EMIT m_models.pageRequested(monitorId);
+}
+
 void OstrelApp::connectStatusBarItem()
 {
     connect(&m_statusBarItem, &StatusBarItem::helpRequested, m_models.desktop(),
@@ -89,6 +99,8 @@ void OstrelApp::connectStatusBarItem()
     });
     connect(&m_statusBarItem, &StatusBarItem::openRequested, &m_delegate,
             [this] { m_delegate.reopen(); });
+    connect(&m_statusBarItem, &StatusBarItem::notificationClicked, this,
+            [this](const QUuid &monitorId) { openMonitor(monitorId); });
     connect(&m_statusBarItem, &StatusBarItem::quitRequested, qApp, &QCoreApplication::quit);
 }
 
@@ -109,6 +121,7 @@ void OstrelApp::watchAppearance(QQuickWindow &window)
 
 void OstrelApp::contentAppeared()
 {
+    m_delegate.noteAppearance();
     m_engine.start();
     m_services.notificationCenter.requestAuthorization();
     m_services.loginItem.registerItem();

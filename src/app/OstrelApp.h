@@ -69,6 +69,10 @@ public:
     /// @p activationToken see AppDelegate.
     void addMonitor(const QByteArray &activationToken = {});
 
+    /// Shows the window with the page of that monitor; as it was, if there is none. For
+    /// @p activationToken see AppDelegate.
+    void openMonitor(const QUuid &monitorId, const QByteArray &activationToken = {});
+
     [[nodiscard]] const MonitorStore &store() const { return m_store; }
     /// Answers the requests of commands.
     [[nodiscard]] MonitorRequests &requests() { return m_requests; }

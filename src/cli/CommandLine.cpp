@@ -40,9 +40,9 @@ QString generalHelp()
            "\n"
            "Commands ('ostrel COMMAND --help' explains one):\n"_s +
            commandList() +
-           u"\n"
-           "Options:\n"
+           u"Options:\n"
            "  --add-monitor        show the window with the form for a new monitor\n"
+           "  --demo               watch servers of its own, to try it out; touches nothing\n"
            "  --quit               end the Ostrel that watches, if there is one\n"
            "  --data-dir DIR       keep monitors and history in DIR\n"
            "  --language LANGUAGE  en (default), or pseudo, in which missed texts stand out\n"

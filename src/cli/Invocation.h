@@ -27,6 +27,12 @@ struct RunInvocation
     bool addsMonitor = false; ///< Begin with the form for a new monitor.
 };
 
+/// Open the window and watch the servers of a demo.
+struct DemoInvocation
+{
+    Language language = Language::english;
+};
+
 /// End the program that watches the monitors.
 struct QuitInvocation
 {
@@ -134,10 +140,11 @@ struct UnusableInvocation
     QString command = {}; ///< The name of the command that they were meant for; may be empty.
 };
 
-using Invocation = std::variant<RunInvocation, QuitInvocation, CheckInvocation, StatusInvocation,
-                                ListInvocation, AddInvocation, EditInvocation, SwitchInvocation,
-                                CheckNowInvocation, ExportInvocation, ImportInvocation,
-                                MetricsInvocation, AnswerInvocation, UnusableInvocation>;
+using Invocation =
+    std::variant<RunInvocation, DemoInvocation, QuitInvocation, CheckInvocation, StatusInvocation,
+                 ListInvocation, AddInvocation, EditInvocation, SwitchInvocation,
+                 CheckNowInvocation, ExportInvocation, ImportInvocation, MetricsInvocation,
+                 AnswerInvocation, UnusableInvocation>;
 
 inline constexpr int exitDone = 0;
 inline constexpr int exitFailed = 1;

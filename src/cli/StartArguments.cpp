@@ -17,14 +17,23 @@ std::optional<Language> languageFrom(const QString &value)
     return std::nullopt;
 }
 
-/// Complains about an option that doesn't go with --quit.
-std::optional<UnusableInvocation> quitContradiction(const QCommandLineParser &parser)
+/// Complains about one of @p others if it is given together with @p option.
+std::optional<UnusableInvocation> contradictionTo(const QCommandLineParser &parser,
+                                                  const QString &option, const QStringList &others)
 {
-    for (const QString &name : {u"add-monitor"_s, u"language"_s}) {
-        if (parser.isSet(u"quit"_s) && parser.isSet(name))
-            return unusable(u"--"_s + name + u" doesn't go with --quit."_s);
+    for (const QString &name : others) {
+        if (parser.isSet(option) && parser.isSet(name))
+            return unusable(u"--"_s + name + u" doesn't go with --"_s + option + u'.');
     }
     return std::nullopt;
+}
+
+/// Complains about options that don't go together.
+std::optional<UnusableInvocation> contradiction(const QCommandLineParser &parser)
+{
+    if (auto problem = contradictionTo(parser, u"quit"_s, {u"add-monitor"_s, u"language"_s}))
+        return problem;
+    return contradictionTo(parser, u"demo"_s, {u"add-monitor"_s, u"data-dir"_s, u"quit"_s});
 }
 
 /// The invocation of a line whose values are usable.
@@ -33,6 +42,8 @@ Invocation startInvocation(const QCommandLineParser &parser, const QString &data
 {
     if (parser.isSet(u"quit"_s))
         return QuitInvocation{.dataDir = dataDir};
+    if (parser.isSet(u"demo"_s))
+        return DemoInvocation{.language = language.value_or(Language::english)};
     return RunInvocation{.dataDir = dataDir,
                          .language = language.value_or(Language::english),
                          .addsMonitor = parser.isSet(u"add-monitor"_s)};
@@ -46,6 +57,7 @@ Invocation parseStart(const QStringList &arguments)
     parser.addOptions({dataDirOption(),
                        {u"language"_s, {}, u"LANGUAGE"_s},
                        {u"add-monitor"_s, {}},
+                       {u"demo"_s, {}},
                        {u"quit"_s, {}}});
     if (!parser.parse(arguments))
         return unusableLine(parser);
@@ -58,7 +70,7 @@ Invocation parseStart(const QStringList &arguments)
     const auto language = optionValue<Language>(parser, u"language"_s, languageFrom);
     if (!language.isUsable)
         return unusableOption(parser, u"language"_s);
-    if (const auto problem = quitContradiction(parser))
+    if (const auto problem = contradiction(parser))
         return *problem;
     return startInvocation(parser, *dataDir, language.value);
 }

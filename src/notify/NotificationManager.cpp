@@ -40,14 +40,16 @@ void NotificationManager::notifyDown(const Monitor &monitor, const OptionalText 
     m_center.add({.identifier = identifierFor(u"down-"_s, monitor),
                   .title = nameOf(monitor) + u" is Down"_s,
                   .body = oneLine(error.value_or(u"Not responding"_s)),
-                  .level = InterruptionLevel::timeSensitive});
+                  .level = InterruptionLevel::timeSensitive,
+                  .monitorId = monitor.id});
 }
 
 void NotificationManager::notifyRecovery(const Monitor &monitor, Milliseconds responseTime)
 {
     m_center.add({.identifier = identifierFor(u"up-"_s, monitor),
                   .title = nameOf(monitor) + u" is Back Up"_s,
-                  .body = u"Responding in "_s + milliseconds(responseTime)});
+                  .body = u"Responding in "_s + milliseconds(responseTime),
+                  .monitorId = monitor.id});
 }
 
 void NotificationManager::notifySlow(const Monitor &monitor, Milliseconds responseTime,
@@ -56,7 +58,8 @@ void NotificationManager::notifySlow(const Monitor &monitor, Milliseconds respon
     m_center.add(
         {.identifier = identifierFor(u"slow-"_s, monitor),
          .title = nameOf(monitor) + u" is Slow"_s,
-         .body = milliseconds(responseTime) + u" (threshold: "_s + milliseconds(threshold) + u')'});
+         .body = milliseconds(responseTime) + u" (threshold: "_s + milliseconds(threshold) + u')',
+         .monitorId = monitor.id});
 }
 
 void NotificationManager::notifyCertificateExpiring(const Monitor &monitor, qint64 days)
@@ -67,7 +70,8 @@ void NotificationManager::notifyCertificateExpiring(const Monitor &monitor, qint
          .title = u"SSL Certificate Expiring"_s,
          .body = nameOf(monitor) + u": "_s + QString::number(days) + u' ' + unit + u" remaining"_s,
          .level = days < urgentCertificateDays ? InterruptionLevel::timeSensitive
-                                               : InterruptionLevel::active});
+                                               : InterruptionLevel::active,
+         .monitorId = monitor.id});
 }
 
 } // namespace ostrel

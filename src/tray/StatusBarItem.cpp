@@ -93,8 +93,10 @@ void StatusBarItem::show()
 
 void StatusBarItem::present(const NotificationRequest &request)
 {
-    if (m_trayIcon)
-        m_trayIcon->showMessage(request.title, request.body, messageIcon(request.level));
+    if (!m_trayIcon)
+        return;
+    m_presentedMonitor = request.monitorId;
+    m_trayIcon->showMessage(request.title, request.body, messageIcon(request.level));
 }
 
 QIcon StatusBarItem::icon() const
@@ -125,6 +127,8 @@ void StatusBarItem::join()
                 if (reason == QSystemTrayIcon::Trigger)
                     Q_EMIT openRequested();
             });
+    connect(m_trayIcon.get(), &QSystemTrayIcon::messageClicked, this,
+            [this] { Q_EMIT notificationClicked(m_presentedMonitor); });
     m_trayIcon->show();
 }
 

@@ -5,6 +5,7 @@
 #include <QIcon>
 #include <QObject>
 #include <QTimer>
+#include <QUuid>
 
 #include <chrono>
 #include <memory>
@@ -50,6 +51,8 @@ Q_SIGNALS:
     void helpRequested();
     void openRequested();
     void quitRequested();
+    /// The user has clicked a notification that was shown beside the item.
+    void notificationClicked(const QUuid &monitorId);
 
 private:
     void join();
@@ -62,6 +65,7 @@ private:
     bool m_isAnythingDown;
     QTimer m_patience;
     bool m_isAwaiting = false;                   ///< Must be shown, but hasn't joined yet.
+    QUuid m_presentedMonitor;                    ///< Of the notification that was shown last.
     std::unique_ptr<QSystemTrayIcon> m_trayIcon; ///< Null until it has joined.
 };
 

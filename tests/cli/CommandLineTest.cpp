@@ -70,6 +70,13 @@ TEST(CommandLineTest, ItCanBeginWithTheFormForANewMonitor)
     EXPECT_EQ(run.dataDir, u"/tmp/there"_s);
 }
 
+TEST(CommandLineTest, ItCanBeADemo)
+{
+    EXPECT_EQ(std::get<DemoInvocation>(parse(u"--demo"_s)).language, Language::english);
+    EXPECT_EQ(std::get<DemoInvocation>(parse(u"--demo --language pseudo"_s)).language,
+              Language::pseudo);
+}
+
 TEST(CommandLineTest, ItCanEndTheProgramThatRuns)
 {
     EXPECT_EQ(std::get<QuitInvocation>(parse(u"--quit"_s)).dataDir,
@@ -234,6 +241,10 @@ TEST(CommandLineTest, UnusableArgumentsAreNamed)
         "status --quit",
         "check a --add-monitor",
         "--quit --add-monitor",
+        "--demo --add-monitor",
+        "--demo --quit",
+        "--demo --data-dir /tmp/there",
+        "status --demo",
         "--quit --language en",
         "--quit now",
         "add",

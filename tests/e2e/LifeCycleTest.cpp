@@ -105,6 +105,31 @@ TEST_F(LifeCycleTest, ASecondStartShowsTheWindowAgainToAddAMonitor)
     EXPECT_EQ(program.stop(), 0);
 }
 
+TEST_F(LifeCycleTest, AProgramThatIsReplacedGoesOnAndANewOneHandsOverToIt)
+{
+    const QString path = program.homeFile(u"ostrel"_s);
+    ASSERT_TRUE(QFile::copy(OstrelProgram::builtProgram(), path));
+    program.setProgram(path);
+    program.writeMonitors({monitor});
+    ASSERT_TRUE(windows.isReady());
+    ASSERT_TRUE(program.start());
+    ASSERT_TRUE(waitFor([this] { return windows.hasWindow(u"Ostrel"_s); }));
+    ASSERT_TRUE(windows.closeWindow(u"Ostrel"_s));
+    ASSERT_TRUE(waitFor([this] { return !windows.hasWindow(u"Ostrel"_s); }));
+
+    ASSERT_TRUE(QFile::remove(path) && QFile::copy(OstrelProgram::builtProgram(), path));
+    const std::size_t before = checkCount();
+    EXPECT_EQ(program.run({}).exitCode, 0);
+    EXPECT_TRUE(waitFor([this] { return windows.hasWindow(u"Ostrel"_s); }));
+    EXPECT_TRUE(waitFor([&] { return checkCount() >= before + 2; }));
+    EXPECT_TRUE(program.isRunning());
+    EXPECT_EQ(program.stop(), 0);
+
+    ASSERT_TRUE(program.start()) << "the new one is the first now";
+    EXPECT_TRUE(waitFor([&, count = checkCount()] { return checkCount() > count; }));
+    EXPECT_EQ(program.stop(), 0);
+}
+
 TEST_F(LifeCycleTest, ItsWindowIsWhereItWasAndAsItWas)
 {
     const auto title = u"Ostrel"_s;

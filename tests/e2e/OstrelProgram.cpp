@@ -20,8 +20,6 @@ namespace ostrel::test {
 
 namespace {
 
-const QString program = u"" OSTREL_PROGRAM ""_s;
-
 class HistoryCollector : public CheckMapVisitor
 {
 public:
@@ -59,6 +57,11 @@ OstrelProgram::OstrelProgram()
     setEnvironment(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
     setEnvironment(u"LC_ALL"_s, u"C.UTF-8"_s);
     QDir().mkpath(dataDir());
+}
+
+QString OstrelProgram::builtProgram()
+{
+    return u"" OSTREL_PROGRAM ""_s;
 }
 
 void OstrelProgram::setEnvironment(const QString &name, const QString &value)
@@ -102,7 +105,7 @@ QByteArray OstrelProgram::complaints() const
 bool OstrelProgram::launch()
 {
     m_process.setProcessEnvironment(m_environment);
-    m_process.start(program, m_arguments);
+    m_process.start(m_program, m_arguments);
     return m_process.waitForStarted();
 }
 
@@ -143,7 +146,7 @@ std::unique_ptr<BoundProcess> OstrelProgram::begin(const QStringList &arguments)
     auto process = std::make_unique<BoundProcess>();
     process->setProcessChannelMode(QProcess::SeparateChannels);
     process->setProcessEnvironment(m_environment);
-    process->start(program, arguments);
+    process->start(m_program, arguments);
     return process;
 }
 

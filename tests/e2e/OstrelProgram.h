@@ -32,6 +32,10 @@ public:
     void showOn(const VirtualDisplay &display);
     /// Applies to the starts that follow.
     void setArguments(const QStringList &arguments) { m_arguments = arguments; }
+    /// Starts what is at @p path from now on, a copy of the program.
+    void setProgram(const QString &path) { m_program = path; }
+    /// The path of the program that was built.
+    [[nodiscard]] static QString builtProgram();
     /// Writes what the folder holds before the program sees it.
     void writeMonitors(const QList<Monitor> &monitors) const;
 
@@ -87,6 +91,7 @@ public:
 private:
     QTemporaryDir m_home;
     QProcessEnvironment m_environment;
+    QString m_program = builtProgram();
     QStringList m_arguments;
     BoundProcess m_process;
 };

@@ -3,6 +3,9 @@
 #include "HostileBehaviours.h"
 #include "HostileServer.h"
 #include "OstrelProgram.h"
+#include "PrivateBus.h"
+#include "StatusNotifierHost.h"
+#include "StubNotificationDaemon.h"
 #include "VirtualDisplay.h"
 #include "WaitFor.h"
 #include "WindowManager.h"
@@ -65,6 +68,29 @@ TEST_F(PortableProgramTest, WatchesHandsOverAndEnds)
 
     // Repeated until the window has the keyboard focus.
     ASSERT_TRUE(waitFor([this] { return user.press("ctrl+q") && !program.isRunning(); }));
+    EXPECT_EQ(program.waitForEnd(), 0);
+}
+
+// The toolkit shows notifications beside its item in the status bar.
+TEST_F(PortableProgramTest, AClickOnANotificationShowsTheWindow)
+{
+    PrivateBus bus;
+    StatusNotifierHost host(bus);
+    StubNotificationDaemon daemon(bus, {u"actions"_s});
+    program.setEnvironment(u"DBUS_SESSION_BUS_ADDRESS"_s, bus.address());
+    program.setEnvironment(u"XDG_CURRENT_DESKTOP"_s, u"KDE"_s);
+    ASSERT_TRUE(windows.isReady());
+    monitor.url = u"http://127.0.0.1:%1/"_s.arg(closedPort());
+    program.writeMonitors({monitor});
+    ASSERT_TRUE(program.launch());
+    ASSERT_TRUE(showsWindow());
+    ASSERT_TRUE(waitFor([&] { return !daemon.notifications().isEmpty(); }));
+    ASSERT_TRUE(windows.closeWindow(u"Ostrel"_s));
+    ASSERT_TRUE(waitFor([this] { return !windows.hasWindow(u"Ostrel"_s); }));
+
+    daemon.click(StubNotificationDaemon::firstId);
+    EXPECT_TRUE(showsWindow());
+    EXPECT_EQ(program.run({u"--quit"_s}).exitCode, 0);
     EXPECT_EQ(program.waitForEnd(), 0);
 }
 

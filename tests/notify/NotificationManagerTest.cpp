@@ -145,7 +145,8 @@ TEST_P(NotificationManagerTest, PostsExactlyOneRequest)
                                                         u"-0A1B2C3D-4E5F-6789-ABCD-EF0123456789"_s,
                                           .title = QString::fromUtf8(sample.title),
                                           .body = QString::fromUtf8(sample.body),
-                                          .level = sample.level};
+                                          .level = sample.level,
+                                          .monitorId = shop().id};
     ASSERT_EQ(center.requests.size(), 1);
     EXPECT_EQ(center.requests.front(), expected);
 }

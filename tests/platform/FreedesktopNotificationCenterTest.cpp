@@ -26,10 +26,19 @@ using Behaviour = StubNotificationDaemon::Behaviour;
 const auto shopDown = u"down-shop"_s;
 const auto blogDown = u"down-blog"_s;
 
+QUuid monitorOf(const QString &identifier)
+{
+    return QUuid::createUuidV5(QUuid(), identifier);
+}
+
 NotificationRequest request(const QString &identifier, const QString &body,
                             InterruptionLevel level = InterruptionLevel::active)
 {
-    return {.identifier = identifier, .title = u"T <b>&"_s, .body = body, .level = level};
+    return {.identifier = identifier,
+            .title = u"T <b>&"_s,
+            .body = body,
+            .level = level,
+            .monitorId = monitorOf(identifier)};
 }
 
 /// A notification center on a private bus; the test starts the daemon.
@@ -88,7 +97,23 @@ protected:
         return all;
     }
 
+    /// Records clicks from now on, each as its monitor's id and its token.
+    void recordClicks()
+    {
+        m_center.onClick([this](const QUuid &monitorId, const QByteArray &token) {
+            m_clicks.append({monitorId, token});
+        });
+    }
+    /// Lets the daemon's signals arrive.
+    void click(uint id, const QString &action = u"default"_s)
+    {
+        m_daemon->click(id, action);
+        settle();
+    }
+
     static constexpr uint firstId = StubNotificationDaemon::firstId;
+
+    QList<std::pair<QUuid, QByteArray>> m_clicks;
 
     PrivateBus m_bus;
     QDBusConnection m_connection = m_bus.connect();
@@ -391,6 +416,86 @@ TEST_F(FreedesktopNotificationCenterTest, DropsEverythingWithoutABus)
     busless.add(request(blogDown, u"2"_s));
     ASSERT_TRUE(daemonHas(1));
     EXPECT_EQ(m_daemon->notifications().at(0).body, u"2"_s);
+}
+
+TEST_F(FreedesktopNotificationCenterTest, OffersAClickIfTheDaemonTakesActions)
+{
+    startDaemon({u"body"_s, u"actions"_s});
+    addAndAwait(shopDown, u"1"_s);
+    EXPECT_EQ(m_daemon->notifications().first().actions,
+              QStringList({u"default"_s, u"Open Ostrel"_s}));
+}
+
+TEST_F(FreedesktopNotificationCenterTest, AClickNamesTheNotificationsMonitor)
+{
+    startDaemon();
+    recordClicks();
+    addAndAwait(shopDown, u"1"_s);
+    addAndAwait(blogDown, u"2"_s);
+    addAndAwait(blogDown, u"3"_s);
+    click(firstId + 1);
+    click(firstId);
+    ASSERT_EQ(m_clicks.size(), 2);
+    EXPECT_EQ(m_clicks[0].first, monitorOf(blogDown));
+    EXPECT_EQ(m_clicks[1].first, monitorOf(shopDown));
+}
+
+TEST_F(FreedesktopNotificationCenterTest, AClickBringsItsOwnTokenAndNoOther)
+{
+    startDaemon();
+    recordClicks();
+    addAndAwait(shopDown, u"1"_s);
+    addAndAwait(blogDown, u"2"_s);
+    m_daemon->handOutToken(firstId, u"token-1"_s);
+    click(firstId);
+    click(firstId);
+    m_daemon->handOutToken(firstId, u"token-2"_s);
+    click(firstId + 1);
+    ASSERT_EQ(m_clicks.size(), 3);
+    EXPECT_EQ(m_clicks[0].second, "token-1");
+    EXPECT_EQ(m_clicks[1].second, "");
+    EXPECT_EQ(m_clicks[2].second, "");
+}
+
+TEST_F(FreedesktopNotificationCenterTest, ClicksOnOthersNotificationsAndOtherActionsAreIgnored)
+{
+    startDaemon();
+    recordClicks();
+    addAndAwait(shopDown, u"1"_s);
+    click(firstId + 1);
+    click(firstId, u"reply"_s);
+    EXPECT_TRUE(m_clicks.isEmpty());
+}
+
+TEST_F(FreedesktopNotificationCenterTest, ClicksThatAnotherProgramThanTheDaemonReportsAreIgnored)
+{
+    startDaemon();
+    recordClicks();
+    addAndAwait(shopDown, u"1"_s);
+    const auto earlier = std::move(m_daemon);
+    earlier->giveUpName();
+    startDaemon();
+    addAndAwait(blogDown, u"2"_s);
+    earlier->click(firstId);
+    settle();
+    EXPECT_TRUE(m_clicks.isEmpty());
+    click(firstId);
+    ASSERT_EQ(m_clicks.size(), 1);
+    EXPECT_EQ(m_clicks[0].first, monitorOf(blogDown));
+}
+
+TEST_F(FreedesktopNotificationCenterTest, AfterARestartTheDaemonsIdsMayBeThoseOfOthers)
+{
+    startDaemon();
+    recordClicks();
+    addAndAwait(shopDown, u"1"_s);
+    startDaemon();
+    click(firstId);
+    EXPECT_TRUE(m_clicks.isEmpty());
+    addAndAwait(blogDown, u"2"_s);
+    click(firstId);
+    ASSERT_EQ(m_clicks.size(), 1);
+    EXPECT_EQ(m_clicks[0].first, monitorOf(blogDown));
 }
 
 } // namespace

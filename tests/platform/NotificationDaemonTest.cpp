@@ -117,6 +117,18 @@ TEST_F(NotificationDaemonTest, ReplacesAnEarlierOneOfTheSameKindAndMonitor)
               QStringList({u"1400ms (threshold: 1000ms)"_s, u"Shop <&>: 14 days remaining"_s}));
 }
 
+TEST_F(NotificationDaemonTest, AClickTellsWhichMonitorItIsAbout)
+{
+    ASSERT_TRUE(m_daemon.start());
+    QList<QUuid> clicks;
+    m_center.onClick([&](const QUuid &monitorId, const QByteArray &) { clicks += monitorId; });
+    m_manager.notifyDown(shop(), u"HTTP 503"_s);
+    ASSERT_TRUE(displays(1));
+    settle();
+    m_daemon.click();
+    EXPECT_TRUE(waitFor([&] { return clicks == QList<QUuid>{shop().id}; }));
+}
+
 TEST_F(NotificationDaemonTest, ShowsMarkupLiterally)
 {
     ASSERT_TRUE(m_daemon.start());

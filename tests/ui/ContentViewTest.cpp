@@ -496,6 +496,25 @@ TEST_F(ContentViewTest, TheFormForANewMonitorOpensWhenItIsRequested)
     ASSERT_EQ(samples.store.monitors().size(), 1) << "what was typed stays";
 }
 
+TEST_F(ContentViewTest, APageOpensWhenItIsRequestedAndAnOpenFormStays)
+{
+    samples.add(sampleMonitor(u"Blog"_s));
+    const Monitor shop = samples.add(sampleMonitor(u"Shop"_s));
+    show();
+    auto *models = window->property("models").value<WindowModels *>();
+    Q_EMIT models->pageRequested(shop.id);
+    EXPECT_EQ(pageName(), u"Shop"_s);
+    press(Qt::Key_Escape);
+    ASSERT_TRUE(showsDashboard());
+
+    Q_EMIT models->opener()->createRequested();
+    type("new.example");
+    Q_EMIT models->pageRequested(shop.id);
+    EXPECT_EQ(pageName(), u"Shop"_s);
+    press(Qt::Key_Return);
+    ASSERT_EQ(samples.store.monitors().size(), 3) << "what was typed stays";
+}
+
 TEST_F(ContentViewTest, AMonitorIsEditedFromTheKeyboardAndFromItsPage)
 {
     const Monitor shop = samples.add(sampleMonitor());

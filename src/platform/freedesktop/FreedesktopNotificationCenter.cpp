@@ -36,18 +36,29 @@ QVariantMap hintsFor(const NotificationRequest &request)
             {u"desktop-entry"_s, applicationId()}};
 }
 
-QDBusMessage methodCall(const QString &method)
+QString daemonPath()
 {
-    return QDBusMessage::createMethodCall(daemonService(), u"/org/freedesktop/Notifications"_s,
-                                          daemonService(), method);
+    return u"/org/freedesktop/Notifications"_s;
 }
 
-QDBusMessage notifyCall(const NotificationRequest &request, const QString &body, uint replacesId)
+QDBusMessage methodCall(const QString &method)
+{
+    return QDBusMessage::createMethodCall(daemonService(), daemonPath(), daemonService(), method);
+}
+
+/// The name of the action that a click on the notification itself invokes.
+QString clickAction()
+{
+    return u"default"_s;
+}
+
+QDBusMessage notifyCall(const NotificationRequest &request, const QString &body,
+                        const QStringList &actions, uint replacesId)
 {
     constexpr int daemonsOwnExpiry = -1;
     QDBusMessage message = methodCall(u"Notify"_s);
-    message.setArguments({u"Ostrel"_s, replacesId, applicationId(), request.title, body,
-                          QStringList(), hintsFor(request), daemonsOwnExpiry});
+    message.setArguments({u"Ostrel"_s, replacesId, applicationId(), request.title, body, actions,
+                          hintsFor(request), daemonsOwnExpiry});
     return message;
 }
 
@@ -77,6 +88,7 @@ void FreedesktopNotificationCenter::follow(const QDBusConnection &bus)
     connect(
         watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
         [this](const QString &, const QString &, const QString &owner) { changeDaemon(owner); });
+    followClicks();
     sendWaiting();
 }
 
@@ -101,30 +113,32 @@ QDBusPendingCallWatcher *FreedesktopNotificationCenter::call(const QDBusMessage 
     return watcher;
 }
 
-void FreedesktopNotificationCenter::askForBodyFormat()
+void FreedesktopNotificationCenter::askForCapabilities()
 {
-    m_bodyFormat = BodyFormat::asked;
+    m_knowledge = Knowledge::asked;
     m_hasDaemonChanged = false;
     connect(call(methodCall(u"GetCapabilities"_s)), &QDBusPendingCallWatcher::finished, this,
-            [this](QDBusPendingCallWatcher *call) { learnBodyFormat(call->reply()); });
+            [this](QDBusPendingCallWatcher *call) { learnCapabilities(call->reply()); });
 }
 
-void FreedesktopNotificationCenter::learnBodyFormat(const QDBusMessage &reply)
+void FreedesktopNotificationCenter::learnCapabilities(const QDBusMessage &reply)
 {
-    const bool isMarkup = firstOf<QStringList>(reply).contains(u"body-markup"_s);
-    m_bodyFormat = isMarkup ? BodyFormat::markup : BodyFormat::plain;
+    const auto names = firstOf<QStringList>(reply);
+    m_capabilities = {.takesMarkup = names.contains(u"body-markup"_s),
+                      .takesActions = names.contains(u"actions"_s)};
+    m_knowledge = Knowledge::complete;
     sendWaiting();
     // Waiting notifications have waited long enough; the next one queries the new daemon.
     if (m_hasDaemonChanged && reply.service() != m_daemon)
-        m_bodyFormat = BodyFormat::unknown;
+        m_knowledge = Knowledge::none;
 }
 
 void FreedesktopNotificationCenter::sendWaiting()
 {
-    if (m_waiting.isEmpty() || !isConnected() || m_bodyFormat == BodyFormat::asked)
+    if (m_waiting.isEmpty() || !isConnected() || m_knowledge == Knowledge::asked)
         return;
-    if (m_bodyFormat == BodyFormat::unknown)
-        return askForBodyFormat();
+    if (m_knowledge == Knowledge::none)
+        return askForCapabilities();
     const auto isUnderWay = [this](const NotificationRequest &request) {
         return m_underWay.contains(request.identifier);
     };
@@ -135,26 +149,28 @@ void FreedesktopNotificationCenter::sendWaiting()
 
 void FreedesktopNotificationCenter::send(const NotificationRequest &request)
 {
-    const QString body =
-        m_bodyFormat == BodyFormat::markup ? request.body.toHtmlEscaped() : request.body;
+    const QString body = m_capabilities.takesMarkup ? request.body.toHtmlEscaped() : request.body;
+    // A daemon that can't show actions may show a dialog instead.
+    const QStringList actions =
+        m_capabilities.takesActions ? QStringList{clickAction(), tr("Open Ostrel")} : QStringList();
     m_underWay.insert(request.identifier);
-    connect(call(notifyCall(request, body, m_ids.value(request.identifier))),
-            &QDBusPendingCallWatcher::finished, this,
-            [this, identifier = request.identifier](QDBusPendingCallWatcher *call) {
-                finishSending(identifier, call->reply());
-            });
+    const uint replacesId = m_posted.value(request.identifier).id;
+    connect(
+        call(notifyCall(request, body, actions, replacesId)), &QDBusPendingCallWatcher::finished,
+        this,
+        [this, request](QDBusPendingCallWatcher *call) { finishSending(request, call->reply()); });
 }
 
-void FreedesktopNotificationCenter::finishSending(const QString &identifier,
+void FreedesktopNotificationCenter::finishSending(const NotificationRequest &request,
                                                   const QDBusMessage &reply)
 {
-    m_underWay.remove(identifier);
-    m_ids.remove(identifier);
+    m_underWay.remove(request.identifier);
+    m_posted.remove(request.identifier);
     // A late answer from a previous daemon is useless for its successor.
     const uint id = firstOf<uint>(reply);
     if (id != 0 && (m_daemon.isEmpty() || m_daemon == reply.service())) {
         m_daemon = reply.service();
-        m_ids.insert(identifier, id);
+        m_posted.insert(request.identifier, {.id = id, .monitorId = request.monitorId});
     }
     sendWaiting();
 }
@@ -162,10 +178,34 @@ void FreedesktopNotificationCenter::finishSending(const QString &identifier,
 void FreedesktopNotificationCenter::changeDaemon(const QString &owner)
 {
     m_daemon = owner;
-    m_ids.clear();
+    m_posted.clear();
     m_hasDaemonChanged = true;
-    if (m_bodyFormat != BodyFormat::asked)
-        m_bodyFormat = BodyFormat::unknown;
+    if (m_knowledge != Knowledge::asked)
+        m_knowledge = Knowledge::none;
+}
+
+void FreedesktopNotificationCenter::followClicks()
+{
+    // Only the name's owner is heard, whoever that is at the time.
+    m_bus->connect(daemonService(), daemonPath(), daemonService(), u"ActivationToken"_s, this,
+                   SLOT(takeToken(uint, QString)));
+    m_bus->connect(daemonService(), daemonPath(), daemonService(), u"ActionInvoked"_s, this,
+                   SLOT(takeAction(uint, QString)));
+}
+
+void FreedesktopNotificationCenter::takeToken(uint id, const QString &token)
+{
+    m_token = {.id = id, .text = token};
+}
+
+/// Daemons tell every program of every click.
+void FreedesktopNotificationCenter::takeAction(uint id, const QString &action)
+{
+    const auto token = std::exchange(m_token, {});
+    const auto posted =
+        std::ranges::find_if(m_posted, [id](const Posted &each) { return each.id == id; });
+    if (posted != m_posted.end() && action == clickAction())
+        clicked(posted->monitorId, token.id == id ? token.text.toUtf8() : QByteArray());
 }
 
 } // namespace ostrel

@@ -8,6 +8,7 @@
 #include <QList>
 #include <QObject>
 #include <QSet>
+#include <QUuid>
 
 #include <chrono>
 #include <optional>
@@ -40,26 +41,50 @@ public:
     void requestAuthorization() override {}
     void add(const NotificationRequest &request) override;
 
+private Q_SLOTS:
+    // Called with the daemon's signals; the arguments are the protocol's.
+    void takeToken(uint id, const QString &token);
+    void takeAction(uint id, const QString &action);
+
 private:
-    /// Daemons differ in whether a body is markup, and only the running one can tell.
-    enum class BodyFormat { unknown, asked, plain, markup };
+    /// What the running daemon can do, which only it can tell.
+    struct Capabilities
+    {
+        bool takesMarkup = false; ///< A body is markup, and not plain text.
+        bool takesActions = false;
+    };
+    enum class Knowledge { none, asked, complete };
+    /// A notification that the daemon has taken.
+    struct Posted
+    {
+        uint id = 0; ///< The daemon's.
+        QUuid monitorId;
+    };
+    struct ActivationToken
+    {
+        uint id = 0; ///< The notification's.
+        QString text;
+    };
 
     [[nodiscard]] bool isConnected() const { return m_bus && m_bus->isConnected(); }
     [[nodiscard]] QDBusPendingCallWatcher *call(const QDBusMessage &message);
-    void askForBodyFormat();
-    void learnBodyFormat(const QDBusMessage &reply);
+    void askForCapabilities();
+    void learnCapabilities(const QDBusMessage &reply);
     void sendWaiting();
     void send(const NotificationRequest &request);
-    void finishSending(const QString &identifier, const QDBusMessage &reply);
+    void finishSending(const NotificationRequest &request, const QDBusMessage &reply);
     void changeDaemon(const QString &owner);
+    void followClicks();
 
     std::optional<QDBusConnection> m_bus;
     bool m_isBusAwaited = false;
     std::chrono::milliseconds m_patience;
-    BodyFormat m_bodyFormat = BodyFormat::unknown;
-    bool m_hasDaemonChanged = false;      ///< Since the body's format was queried.
+    Knowledge m_knowledge = Knowledge::none;
+    Capabilities m_capabilities;          ///< If they are known completely.
+    bool m_hasDaemonChanged = false;      ///< Since its capabilities were queried.
     QString m_daemon;                     ///< The unique name of the daemon that assigned the ids.
-    QHash<QString, uint> m_ids;           ///< The daemon's ids, keyed by identifier.
+    QHash<QString, Posted> m_posted;      ///< Keyed by identifier.
+    ActivationToken m_token;              ///< For the click that the daemon is going to report.
     QSet<QString> m_underWay;             ///< The identifiers whose notification is being sent.
     QList<NotificationRequest> m_waiting; ///< At most one for each identifier, oldest first.
 };

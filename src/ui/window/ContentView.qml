@@ -72,6 +72,14 @@ FocusScope {
         }
     }
 
+    Connections {
+        target: root.models
+
+        function onPageRequested(monitorId: var): void {
+            chosen.monitorId = monitorId;
+        }
+    }
+
     LostFocus {
         content: root
         isWatching: !root.hasSheet // It looks after its own.
@@ -116,22 +124,11 @@ FocusScope {
         onSettingsRequested: root.settingsRequested()
     }
 
-    Item {
+    SidebarEdge {
         id: line
 
         anchors.left: sidebar.right
-        width: Theme.hairlineWidth
-        height: parent.height
-
-        Hairline {
-            height: parent.height
-            color: Theme.faint(Theme.accent, 0.08)
-        }
-    }
-
-    SidebarGrip {
-        objectName: "grip"
-        anchors.horizontalCenter: line.horizontalCenter
+        // The grip is wider than the line.
         z: 1
         height: parent.height
         sidebarWidth: sidebarWidth

@@ -12,6 +12,7 @@
 #include "SidebarNotice.h"
 
 #include <QObject>
+#include <QVariant>
 #include <QtQml/qqmlregistration.h>
 
 namespace ostrel {
@@ -52,6 +53,11 @@ public:
     [[nodiscard]] Settings *settings() { return &m_settings; }
     [[nodiscard]] DesktopActions *desktop() { return &m_desktop; }
     [[nodiscard]] SidebarNotice *notice() { return &m_notice; }
+
+Q_SIGNALS:
+    /// Emitted by the application, to the window: the page of the monitor with this QUuid is
+    /// wanted.
+    void pageRequested(const QVariant &monitorId);
 
 private:
     MonitorCommands m_commands;

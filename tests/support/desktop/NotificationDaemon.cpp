@@ -109,6 +109,12 @@ std::optional<int> NotificationDaemon::displayedCount()
     return reply.arguments().value(0).value<QDBusVariant>().variant().toInt();
 }
 
+void NotificationDaemon::click()
+{
+    constexpr uint topmost = 0;
+    call(u"org.dunstproject.cmd0"_s, u"NotificationAction"_s, {topmost});
+}
+
 QList<ShownNotification> NotificationDaemon::closeAll()
 {
     const auto interface = u"org.dunstproject.cmd0"_s;

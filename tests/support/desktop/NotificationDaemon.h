@@ -47,6 +47,8 @@ public:
 
     /// The number of notifications on the display now; nothing if the daemon isn't running.
     [[nodiscard]] std::optional<int> displayedCount();
+    /// Clicks the topmost displayed notification.
+    void click();
     /// Closes all displayed notifications, and returns all that were ever closed, newest first. A
     /// replaced notification isn't among them: its replacement stands for it.
     [[nodiscard]] QList<ShownNotification> closeAll();

@@ -186,6 +186,12 @@ bool StatusNotifierHost::choose(const QString &text)
     return reply.type() == QDBusMessage::ReplyMessage;
 }
 
+void StatusNotifierHost::passToken(const QByteArray &token)
+{
+    call(u"/StatusNotifierItem"_s, itemInterface(), u"ProvideXdgActivationToken"_s,
+         {QString::fromLatin1(token)});
+}
+
 void StatusNotifierHost::activateItem()
 {
     call(u"/StatusNotifierItem"_s, itemInterface(), u"Activate"_s, {0, 0});

@@ -65,6 +65,8 @@ public:
 
     /// Chooses the entry with the text @p text; false if there is none.
     [[nodiscard]] bool choose(const QString &text);
+    /// Hands the item the desktop's activation token for a click that follows.
+    void passToken(const QByteArray &token);
     /// Does what a click on the item does.
     void activateItem();
 

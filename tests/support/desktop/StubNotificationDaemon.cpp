@@ -45,6 +45,23 @@ void StubNotificationDaemon::answerHeld()
         m_connection.send(reply);
 }
 
+void StubNotificationDaemon::click(uint id, const QString &action)
+{
+    announce(u"ActionInvoked"_s, id, action);
+}
+
+void StubNotificationDaemon::handOutToken(uint id, const QString &token)
+{
+    announce(u"ActivationToken"_s, id, token);
+}
+
+void StubNotificationDaemon::announce(const QString &signal, uint id, const QString &text)
+{
+    auto message = QDBusMessage::createSignal(objectPath(), daemonService(), signal);
+    message.setArguments({id, text});
+    m_connection.send(message);
+}
+
 QStringList StubNotificationDaemon::GetCapabilities()
 {
     ++m_capabilityCalls;

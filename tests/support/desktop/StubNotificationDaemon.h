@@ -52,6 +52,12 @@ public:
     /// Answers the calls that were held, in order.
     void answerHeld();
 
+    /// Tells everyone on the bus that the user has clicked the notification @p id, or chosen
+    /// @p action of it.
+    void click(uint id, const QString &action = u"default"_s);
+    /// Hands out the desktop's activation token for a click that follows.
+    void handOutToken(uint id, const QString &token);
+
     [[nodiscard]] int capabilityCalls() const { return m_capabilityCalls; }
     /// Every call of Notify so far, including failed and held ones.
     [[nodiscard]] const QList<Notification> &notifications() const { return m_notifications; }
@@ -66,6 +72,7 @@ public Q_SLOTS:
                 const QVariantMap &hints, int expiry);
 
 private:
+    void announce(const QString &signal, uint id, const QString &text);
     /// Holds the call being handled, or fails it; otherwise leaves @p answer to be returned.
     void behave(const QVariant &answer);
 
