@@ -103,12 +103,13 @@ private:
     [[nodiscard]] QString path(const QString &name) const { return m_home.filePath(name); }
     [[nodiscard]] bool hasBegun() const
     {
-        // The second is where a demo keeps its folder.
-        return QFile::exists(path(u".local/share/Vantry/ostrel.sock"_s)) ||
-               !QDir(path(u"temporary"_s)).isEmpty();
+        // A demo keeps its folder in the second place.
+        return QFile::exists(socket()) || !QDir(path(u"temporary"_s)).isEmpty();
     }
+    [[nodiscard]] QString socket() const { return path(u".local/share/Vantry/ostrel.sock"_s); }
     void begin(BoundProcess &process, const QString &command)
     {
+        QFile::remove(socket()); // That of an earlier start.
         process.setProcessEnvironment(m_environment);
         process.setWorkingDirectory(m_home.path());
         process.start(u"sh"_s, {u"-c"_s, command});
@@ -133,6 +134,26 @@ bool isDescribedScript(const QString &command)
            });
 }
 
+/// Whether @p command uses a preset that there is: it builds with it, or runs a test program of its
+/// build, `build/PRESET/tests/FOLDER/NAME`.
+bool isOfAPreset(const QString &command)
+{
+    const QStringList words = wordsOf(command);
+    const bool isBuild = words.first() == u"cmake"_s;
+    const QStringList path = words.first().split(u'/');
+    const QString preset = isBuild ? words.value(words.indexOf(u"--preset"_s) + 1) : path.value(1);
+    const QString tests =
+        contentOf(sourceDir().filePath(path.mid(2, 2).join(u'/') + u"/CMakeLists.txt"_s));
+    return contentOf(sourceDir().filePath(u"CMakePresets.json"_s))
+               .contains(u"\"name\": \"%1\""_s.arg(preset)) &&
+           (isBuild || tests.contains(u"ostrel_test(%1\n"_s.arg(path.last())));
+}
+
+bool isOfTheBuild(const QString &command)
+{
+    return command.startsWith(u"cmake "_s) || command.startsWith(u"build/"_s);
+}
+
 bool isScript(const QString &command)
 {
     return command.startsWith(u"scripts/"_s) || command.startsWith(u".ci/"_s);
@@ -147,6 +168,8 @@ bool works(const QString &command, Terminal &terminal)
 {
     if (isScript(command))
         return isDescribedScript(command);
+    if (isOfTheBuild(command))
+        return isOfAPreset(command);
     if (needsRoot(command))
         return true;
     const int code = isEndless(command) ? terminal.runUntilAsked(command) : terminal.run(command);
