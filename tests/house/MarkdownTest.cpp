@@ -21,11 +21,15 @@ QDir sourceDir()
     return {u"" OSTREL_SOURCE_DIR ""_s};
 }
 
-MarkdownDocument documentAt(const QString &path)
+QString contentOf(const QString &path)
 {
     QFile file(path);
-    return MarkdownDocument(file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll())
-                                                           : QString());
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+MarkdownDocument documentAt(const QString &path)
+{
+    return MarkdownDocument(contentOf(path));
 }
 
 bool isElsewhere(const QString &link)
@@ -100,7 +104,7 @@ TEST(MarkdownTest, EveryLinkLeadsToAFileAndAHeading)
         EXPECT_THAT(deadLinksIn(sourceDir().filePath(file)), IsEmpty()) << qPrintable(file);
 }
 
-TEST(MarkdownTest, EveryPictureOfTheDocumentsIsShown)
+TEST(MarkdownTest, EveryPictureOfTheDocumentsIsShownAndMadeByTheScript)
 {
     QStringList shown;
     for (const QString &file : markdownFiles(sourceDir().path())) {
@@ -109,10 +113,14 @@ TEST(MarkdownTest, EveryPictureOfTheDocumentsIsShown)
         for (const auto &link : document.links())
             shown += QDir::cleanPath(QFileInfo(path).dir().filePath(link.text));
     }
-    for (const QString &folder : {u"docs"_s, u"docs/guide"_s}) {
-        const QDir pictures(sourceDir().filePath(folder));
-        for (const QString &picture : pictures.entryList({u"*.png"_s}, QDir::Files))
+    const QString script = contentOf(sourceDir().filePath(u"scripts/pictures"_s));
+    for (const QString &folder : {u""_s, u"guide/"_s}) {
+        const QDir pictures(sourceDir().filePath(u"docs/"_s + folder));
+        for (const QString &picture : pictures.entryList({u"*.png"_s}, QDir::Files)) {
             EXPECT_TRUE(shown.contains(pictures.filePath(picture))) << qPrintable(picture);
+            const QString name = folder + QFileInfo(picture).baseName();
+            EXPECT_TRUE(script.contains(u'\n' + name + u' ')) << qPrintable(name);
+        }
     }
 }
 
