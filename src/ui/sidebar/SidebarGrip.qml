@@ -38,7 +38,7 @@ KeyboardItem {
         property real reach: 0
 
         function pointed(mouse: MouseEvent): real {
-            return mapToItem(root.parent, mouse.x, 0).x;
+            return mapToItem(null, mouse.x, 0).x; // In the window: the grip itself moves.
         }
 
         anchors.fill: parent
