@@ -11,6 +11,10 @@
 #include <QFile>
 #include <QSettings>
 
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
 namespace ostrel {
 
 namespace {
@@ -54,6 +58,16 @@ bool Demo::start()
     writeIcons();
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, preferencesDir());
     return true;
+}
+
+QString Demo::dataDir() const
+{
+    return m_folder.filePath(u"data"_s);
+}
+
+QString Demo::preferencesDir() const
+{
+    return m_folder.filePath(u"preferences"_s);
 }
 
 QByteArray Demo::trustBundle(const QByteArray &others) const

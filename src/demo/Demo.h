@@ -7,8 +7,6 @@
 
 namespace ostrel {
 
-using namespace Qt::StringLiterals;
-
 /// A place to try the program out: a fresh folder with a month of history, and servers on this
 /// computer to watch. Nothing of the user's own is touched. The folder is removed at the end of
 /// this object. Main thread; needs an application object.
@@ -19,9 +17,9 @@ public:
     [[nodiscard]] bool start();
     [[nodiscard]] const QString &reason() const { return m_reason; }
 
-    [[nodiscard]] QString dataDir() const { return m_folder.filePath(u"data"_s); }
+    [[nodiscard]] QString dataDir() const;
     /// Where this program keeps its preferences from now on, instead of the user's place.
-    [[nodiscard]] QString preferencesDir() const { return m_folder.filePath(u"preferences"_s); }
+    [[nodiscard]] QString preferencesDir() const;
     /// A bundle of the authorities in the file @p others, which may be empty, and of the demo's
     /// own. Empty if it can't be written.
     [[nodiscard]] QByteArray trustBundle(const QByteArray &others) const;

@@ -20,8 +20,7 @@ public:
     void logTo(const QString &path);
     /// Waits for the next line of the child's output, and returns it without its end; empty if none
     /// comes within @p patience.
-    [[nodiscard]] QByteArray
-    nextLine(std::chrono::milliseconds patience = std::chrono::minutes(1));
+    [[nodiscard]] QByteArray nextLine(std::chrono::milliseconds patience = std::chrono::minutes(1));
 
     /// Sends SIGTERM and waits for the end; false if the child doesn't end.
     bool stop();
