@@ -1,21 +1,28 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 
 // A help text under its parent, made once it is wanted for the first time: few ever are.
-Loader {
+Item {
     id: root
 
     required property string text
     required property bool isWanted
+    // Null until then.
+    property HelpText help: null
 
-    active: false
+    anchors.fill: parent
     onIsWantedChanged: {
-        if (isWanted)
-            active = true;
+        if (isWanted && !help)
+            help = helpComponent.createObject(root) as HelpText;
     }
 
-    sourceComponent: HelpText {
-        parent: root.parent
-        text: root.text
-        visible: root.isWanted
+    Component {
+        id: helpComponent
+
+        HelpText {
+            text: root.text
+            visible: root.isWanted
+        }
     }
 }
