@@ -210,7 +210,8 @@ monitorOptionsFrom(const QCommandLineParser &parser)
 
 std::variant<Monitor, QString> newMonitorFrom(const MonitorOptions &options, Timestamp createdAt)
 {
-    const MonitorDraft draft = draftWith({}, options);
+    const MonitorDraft empty;
+    const MonitorDraft draft = draftWith(empty, options);
     const QString complaint = complaintAbout(draft, options);
     if (!complaint.isEmpty())
         return complaint;

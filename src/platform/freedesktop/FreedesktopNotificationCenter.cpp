@@ -151,8 +151,9 @@ void FreedesktopNotificationCenter::send(const NotificationRequest &request)
 {
     const QString body = m_capabilities.takesMarkup ? request.body.toHtmlEscaped() : request.body;
     // A daemon that can't show actions may show a dialog instead.
-    const QStringList actions =
-        m_capabilities.takesActions ? QStringList{clickAction(), tr("Open Ostrel")} : QStringList();
+    QStringList actions;
+    if (m_capabilities.takesActions)
+        actions = {clickAction(), tr("Open Ostrel")};
     m_underWay.insert(request.identifier);
     const uint replacesId = m_posted.value(request.identifier).id;
     connect(
