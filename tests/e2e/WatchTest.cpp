@@ -232,7 +232,8 @@ void WatchTest::addTlsMonitors()
 
 void WatchTest::addHostileMonitors()
 {
-    const auto timedOut = "(Operation|Connection) timed out after \\d{4,} milliseconds.*";
+    const auto timedOut =
+        "(Operation|Connection) timed out after (1[5-9]|[2-9]\\d|\\d{3,})\\d\\d milliseconds.*";
     add({.monitor = webMonitor(u"Silent"_s, silent.url()),
          .isUp = false,
          .errorPattern = timedOut,
