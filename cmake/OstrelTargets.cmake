@@ -28,7 +28,8 @@ function(ostrel_test name)
         set(ARG_TIMEOUT 300)
     endif()
     set(properties TIMEOUT ${ARG_TIMEOUT} RUN_SERIAL ${ARG_RUN_SERIAL}
-        ENVIRONMENT "TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/tsan.supp")
+        # Tests start programs beside threads that may start more.
+        ENVIRONMENT "TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/tsan.supp:die_after_fork=0")
     if(ARG_WHOLE_STACKS)
         list(APPEND properties ENVIRONMENT_MODIFICATION "ASAN_OPTIONS=set:fast_unwind_on_malloc=0")
     endif()

@@ -49,11 +49,6 @@ Q_IMPORT_QML_PLUGIN(Ostrel_ThemePlugin)
 namespace {
 
 using namespace ostrel;
-using namespace std::chrono_literals;
-
-/// How long a program that owns the data folder may take to answer.
-constexpr auto patience = 5s;
-
 void print(const QByteArray &text, std::FILE *stream = stdout)
 {
     std::fwrite(text.constData(), 1, static_cast<std::size_t>(text.size()), stream);
@@ -140,7 +135,7 @@ struct Program
         SingleInstance instance(invocation.dataDir);
         const bool addsMonitor = invocation.addsMonitor;
         switch (
-            instance.claim(patience, addsMonitor ? StartRequest::addMonitor : StartRequest::show)) {
+            instance.claim(usualPatience, addsMonitor ? StartRequest::addMonitor : StartRequest::show)) {
         case SingleInstance::Claim::handedOver:
             return 0;
         case SingleInstance::Claim::failed:
@@ -166,7 +161,7 @@ struct Program
         network.trustStore.file = demo.trustBundle(network.trustStore.file);
         RecordsReader records(demo.dataDir());
         SingleInstance instance(demo.dataDir());
-        static_cast<void>(instance.claim(patience)); // Nobody else knows this folder.
+        static_cast<void>(instance.claim(usualPatience)); // Nobody else knows this folder.
         return watch(records, instance, application.termination(),
                      {.network = network,
                       .makeLoginItem = [] { return std::make_unique<DemoLoginItem>(); }});
@@ -176,7 +171,7 @@ struct Program
     {
         const QCoreApplication application(argc, argv);
         SingleInstance instance(invocation.dataDir);
-        const auto claim = instance.claim(patience, StartRequest::quit);
+        const auto claim = instance.claim(usualPatience, StartRequest::quit);
         if (claim != SingleInstance::Claim::failed)
             return 0; // It ends, or there is none.
         complainOfSilence(invocation.dataDir);

@@ -15,11 +15,7 @@ namespace ostrel {
 
 namespace {
 
-using namespace std::chrono_literals;
 using Kind = MonitorChange::Kind;
-
-/// A program that watches saves within a fraction of a second.
-constexpr auto patience = 20s;
 
 /// What is said of a change that has been made, for example "Paused", and of one that had been made
 /// before.
@@ -94,7 +90,7 @@ QJsonObject difference(const Monitor &before, const Monitor &after)
 std::variant<QJsonArray, CommandResult> makeChanges(const QList<MonitorChange> &changes,
                                                     RequestRunner &runner)
 {
-    const auto value = runner.run(changeRequest(changes), patience);
+    const auto value = runner.run(changeRequest(changes), usualPatience);
     if (const auto *failed = std::get_if<CommandResult>(&value))
         return *failed;
     const QJsonObject answer = std::get<QJsonValue>(value).toObject();

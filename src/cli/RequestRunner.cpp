@@ -18,10 +18,6 @@ namespace ostrel {
 
 namespace {
 
-using namespace std::chrono_literals;
-
-constexpr auto patience = 5s;
-
 CommandResult failure(const QString &complaint)
 {
     return {.exitCode = exitFailed, .complaint = complaint};
@@ -78,7 +74,7 @@ std::variant<QList<Monitor>, CommandResult> RequestRunner::monitors()
 {
     if (!QFileInfo::exists(m_dataDir))
         return QList<Monitor>();
-    const auto value = run(monitorsRequest(), patience);
+    const auto value = run(monitorsRequest(), usualPatience);
     if (const auto *failed = std::get_if<CommandResult>(&value))
         return *failed;
     return monitorsIn(std::get<QJsonValue>(value).toArray());

@@ -6,6 +6,9 @@
 
 namespace ostrel {
 
+/// How long a program that owns a data folder may take to answer. A busy computer needs seconds.
+constexpr std::chrono::seconds usualPatience{20};
+
 /// The way to the program that owns a data folder, for commands. Main thread.
 class RequestChannel
 {

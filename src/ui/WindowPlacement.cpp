@@ -66,7 +66,7 @@ QPoint middleOf(const QWindow &other, const QWindow &window)
 /// The value at @p key; nothing if there is none, or it isn't a T because the file was edited by
 /// hand.
 template<typename T>
-std::optional<T> storedValue(const QSettings &values, const QString &key)
+std::optional<T> storedValue(const StoredPreferences &values, const QString &key)
 {
     const QVariant value = values.value(key);
     return value.metaType() == QMetaType::fromType<T>() ? std::optional(value.value<T>())
@@ -77,7 +77,6 @@ std::optional<T> storedValue(const QSettings &values, const QString &key)
 
 WindowPlacement::WindowPlacement(QObject *parent)
     : QObject(parent)
-    , m_values(u"Ostrel"_s, u"Ostrel"_s)
 {
     m_settled.setSingleShot(true);
     m_settled.setInterval(settling);

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "StoredPreferences.h"
+
 #include <QObject>
 #include <QPointer>
 #include <QQuickWindow>
-#include <QSettings>
 #include <QTimer>
 #include <QtQml/qqmlregistration.h>
 
@@ -52,7 +53,7 @@ private:
     QPointer<QQuickWindow> m_over;
     QPoint m_givenPlace; ///< Where restore() has put the window by itself.
     QTimer m_settled;
-    QSettings m_values;
+    StoredPreferences m_values;
 };
 
 } // namespace ostrel

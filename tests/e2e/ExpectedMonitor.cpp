@@ -32,7 +32,8 @@ Monitor newMonitor(const QString &name, const QString &url)
 
 } // namespace
 
-QString ExpectedMonitor::complaintAbout(const Check &check) const
+QString ExpectedMonitor::complaintAbout(const Check &check,
+                                        std::chrono::milliseconds lateness) const
 {
     if (check.monitorId != monitor.id || check.id.isNull())
         return u"identity"_s;
@@ -47,6 +48,10 @@ QString ExpectedMonitor::complaintAbout(const Check &check) const
     const std::optional<Timestamp> expiry = sslExpiresAt;
     if (check.sslExpiresAt != CompactOptional<Timestamp>(expiry))
         return u"sslExpiresAt"_s;
+    const Milliseconds duration(check.responseTime);
+    if (duration < shortest || duration > longest + lateness)
+        return u"%1 ms, on a computer that is late by %2 ms"_s.arg(duration.count())
+            .arg(lateness.count());
     return {};
 }
 

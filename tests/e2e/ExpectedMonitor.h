@@ -6,7 +6,7 @@
 #include <QByteArray>
 #include <QStringList>
 
-#include <functional>
+#include <chrono>
 #include <optional>
 
 namespace ostrel::test {
@@ -20,12 +20,16 @@ struct ExpectedMonitor
     const char *errorPattern = nullptr; ///< A regular expression for the whole text.
     std::optional<bool> keywordFound = {};
     std::optional<std::chrono::sys_seconds> sslExpiresAt = {};
+    /// What a check takes, on a computer that is never late.
+    std::chrono::milliseconds shortest{0};
+    std::chrono::milliseconds longest{1500};
     /// The notifications shown for it in the end, each as "title|body|urgency": a regular
     /// expression.
     QStringList notifications = {};
 
-    /// What is wrong with @p check, or nothing.
-    [[nodiscard]] QString complaintAbout(const Check &check) const;
+    /// What is wrong with @p check, or nothing, on a computer that is late by @p lateness at worst.
+    [[nodiscard]] QString complaintAbout(const Check &check,
+                                         std::chrono::milliseconds lateness) const;
 };
 
 [[nodiscard]] Monitor webMonitor(const QString &name, const QByteArray &url);

@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QLockFile>
 #include <QThread>
 
 #include <gtest/gtest.h>
@@ -161,6 +162,30 @@ TEST_F(LifeCycleTest, ItsWindowIsWhereItWasAndAsItWas)
     ASSERT_TRUE(waitFor([&] { return !windows.hasWindow(title); }));
     EXPECT_EQ(program.run({}).exitCode, 0);
     EXPECT_TRUE(becomes(maximised));
+}
+
+TEST_F(LifeCycleTest, NothingWaitsForItsPreferences)
+{
+    const QString file = program.homeFile(u"config/Ostrel/Ostrel.conf"_s);
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(file).path()));
+    QLockFile lock(file + u".lock"_s);
+    ASSERT_TRUE(lock.lock()) << "as if the disk were busy";
+    program.writeMonitors({monitor});
+    ASSERT_TRUE(windows.isReady());
+    ASSERT_TRUE(program.start());
+    ASSERT_TRUE(waitFor([this] { return windows.hasWindow(u"Ostrel"_s); }));
+    ASSERT_TRUE(windows.moveWindow(u"Ostrel"_s, {30, 40, 850, 560}));
+    ASSERT_TRUE(waitFor([this] { return windows.geometryOf(u"Ostrel"_s).width() == 850; }));
+    const std::size_t before = checkCount();
+    EXPECT_TRUE(waitFor([&] { return checkCount() >= before + 3; }));
+    EXPECT_TRUE(windows.closeWindow(u"Ostrel"_s));
+    EXPECT_TRUE(waitFor([this] { return !windows.hasWindow(u"Ostrel"_s); }));
+    EXPECT_EQ(program.run({}).exitCode, 0);
+    EXPECT_FALSE(QFile::exists(file));
+
+    lock.unlock();
+    EXPECT_EQ(program.stop(), 0);
+    EXPECT_EQ(program.preference("mainWindowSize"), "@Size(850 560)");
 }
 
 TEST_F(LifeCycleTest, NothingMovesWhileTheWindowIsClosed)

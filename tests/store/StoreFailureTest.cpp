@@ -395,7 +395,10 @@ TEST_F(StoreFailureTest, OnARealFullDiskNothingIsLost)
     record(first);
     expectAllIsStored();
 
-    ASSERT_EQ(::mount(nullptr, path.constData(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr), 0);
+    const auto makeReadOnly = [&] {
+        return ::mount(nullptr, path.constData(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr) == 0;
+    };
+    ASSERT_TRUE(waitFor(makeReadOnly)) << "a file is open for as long as it is flushed";
     add("third");
     EXPECT_EQ(m_store->saveFailure(), qt_error_string(EROFS));
     ASSERT_EQ(::mount(nullptr, path.constData(), nullptr, MS_REMOUNT, nullptr), 0);

@@ -3,6 +3,7 @@
 #include "DesktopFakes.h"
 #include "Printers.h"
 #include "PrivatePreferences.h"
+#include "WaitFor.h"
 
 #include <QFile>
 
@@ -73,9 +74,9 @@ TEST_F(SettingsTest, AChangeIsWrittenAtOnce)
 {
     Settings settings(loginItem);
     settings.setLaunchAtLogin(true);
-    EXPECT_TRUE(stored().contains(u"launchAtLogin=true\n"_s));
+    EXPECT_TRUE(waitFor([this] { return stored().contains(u"launchAtLogin=true\n"_s); }));
     settings.setPlaySounds(false);
-    EXPECT_TRUE(stored().contains(u"playSounds=false\n"_s));
+    EXPECT_TRUE(waitFor([this] { return stored().contains(u"playSounds=false\n"_s); }));
 }
 
 TEST_F(SettingsTest, PlaySoundsIsStoredAndNothingElse)

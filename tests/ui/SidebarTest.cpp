@@ -1,7 +1,7 @@
+#include "StoredPreferences.h"
 #include "WindowTest.h"
 
 #include <QPointer>
-#include <QSettings>
 #include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
@@ -62,7 +62,7 @@ TEST_F(SidebarTest, ItsEdgeIsUnderThePointerAgainAfterADragTooFar)
 
 TEST_F(SidebarTest, ItsEdgeIsOnAWholePixel)
 {
-    QSettings(u"Ostrel"_s, u"Ostrel"_s).setValue(u"sidebarWidth"_s, 300.6);
+    StoredPreferences().setValue(u"sidebarWidth"_s, 300.6);
     show();
     EXPECT_EQ(edge(), 301);
 }

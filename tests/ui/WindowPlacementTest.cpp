@@ -80,8 +80,8 @@ TEST_F(WindowPlacementTest, WhatChangedJustBeforeItIsClosedIsStored)
     startAgain().window.setGeometry(120, 90, 610, 420);
     QCoreApplication::processEvents();
     placed->window.close();
-    EXPECT_EQ(values.value(u"testSize"_s), QSize(610, 420));
-    EXPECT_EQ(values.value(u"testPlace"_s), QPoint(120, 90));
+    EXPECT_TRUE(waitFor([this] { return values.value(u"testSize"_s) == QSize(610, 420); }));
+    EXPECT_TRUE(waitFor([this] { return values.value(u"testPlace"_s) == QPoint(120, 90); }));
 }
 
 TEST_F(WindowPlacementTest, WhatChangedJustBeforeTheProgramEndsIsStored)
@@ -89,6 +89,7 @@ TEST_F(WindowPlacementTest, WhatChangedJustBeforeTheProgramEndsIsStored)
     startAgain().window.setGeometry(120, 90, 610, 420);
     QCoreApplication::processEvents();
     QMetaObject::invokeMethod(qApp, "aboutToQuit", Qt::DirectConnection);
+    EXPECT_TRUE(waitFor([this] { return values.contains(u"testSize"_s); }));
     EXPECT_EQ(values.value(u"testSize"_s), QSize(610, 420));
 }
 

@@ -23,7 +23,6 @@ QString playSoundsKey()
 Settings::Settings(LoginItem &loginItem, QObject *parent)
     : QObject(parent)
     , m_loginItem(loginItem)
-    , m_values(u"Ostrel"_s, u"Ostrel"_s)
 {
 }
 
@@ -36,7 +35,7 @@ void Settings::setLaunchAtLogin(bool isOn)
 {
     if (isOn == launchAtLogin())
         return;
-    store(launchAtLoginKey(), isOn);
+    m_values.setValue(launchAtLoginKey(), isOn);
     // Otherwise, an item that was disabled in the desktop's own settings would stay disabled.
     m_loginItem.unregisterItem();
     if (isOn)
@@ -53,14 +52,8 @@ void Settings::setPlaySounds(bool isOn)
 {
     if (isOn == playSounds())
         return;
-    store(playSoundsKey(), isOn);
+    m_values.setValue(playSoundsKey(), isOn);
     Q_EMIT playSoundsChanged();
-}
-
-void Settings::store(const QString &key, bool isOn)
-{
-    m_values.setValue(key, isOn);
-    m_values.sync();
 }
 
 } // namespace ostrel

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "StoredPreferences.h"
+
 #include <QObject>
-#include <QSettings>
 #include <QtQml/qqmlregistration.h>
 
 namespace ostrel {
@@ -36,10 +37,8 @@ Q_SIGNALS:
     void playSoundsChanged();
 
 private:
-    void store(const QString &key, bool isOn);
-
     LoginItem &m_loginItem;
-    QSettings m_values;
+    StoredPreferences m_values;
 };
 
 } // namespace ostrel

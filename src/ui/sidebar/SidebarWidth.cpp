@@ -18,7 +18,6 @@ QString widthKey()
 
 SidebarWidth::SidebarWidth(QObject *parent)
     : QObject(parent)
-    , m_values(u"Ostrel"_s, u"Ostrel"_s)
 {
 }
 

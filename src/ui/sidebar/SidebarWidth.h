@@ -1,7 +1,8 @@
 #pragma once
 
+#include "StoredPreferences.h"
+
 #include <QObject>
-#include <QSettings>
 #include <QtQml/qqmlregistration.h>
 
 namespace ostrel {
@@ -41,7 +42,7 @@ private:
     qreal m_ideal = 0;
     qreal m_windowWidth = 0;
     qreal m_givesWayBelow = 0;
-    QSettings m_values;
+    StoredPreferences m_values;
 };
 
 } // namespace ostrel
