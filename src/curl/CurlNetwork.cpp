@@ -10,6 +10,7 @@
 
 #include <optional>
 #include <utility>
+#include <variant>
 
 namespace ostrel {
 
@@ -25,32 +26,20 @@ QString malformedAddress()
     return QString::fromUtf8(curl_easy_strerror(CURLE_URL_MALFORMAT));
 }
 
-bool isFetched(CURLU *url)
+/// The address that @p text is, or why it can't be fetched. The library by itself would take an
+/// address without a scheme for an http one.
+std::variant<WebAddress, QString> addressOf(const QByteArray &text)
 {
-    char *scheme = nullptr;
-    if (curl_url_get(url, CURLUPART_SCHEME, &scheme, 0) != CURLUE_OK)
-        return false;
-    const QByteArray name(scheme);
-    curl_free(scheme);
-    return name == "http" || name == "https";
-}
-
-/// Why @p address can't be fetched; empty if it can. The library by itself would take an address
-/// without a scheme for an http one.
-QString refusalOf(const QByteArray &address)
-{
+    if (text.isEmpty() || text.contains('\0'))
+        return malformedAddress();
     const CurlUrl url(curl_url());
-    if (address.isEmpty() || address.contains('\0'))
-        return malformedAddress();
-    switch (curl_url_set(url.get(), CURLUPART_URL, address.constData(), 0)) {
-    case CURLUE_OK:
-        return isFetched(url.get()) ? QString() : unsupportedScheme();
-    case CURLUE_BAD_SCHEME:
-    case CURLUE_UNSUPPORTED_SCHEME:
+    const CURLUcode code = curl_url_set(url.get(), CURLUPART_URL, text.constData(), 0);
+    if (code == CURLUE_BAD_SCHEME || code == CURLUE_UNSUPPORTED_SCHEME)
         return unsupportedScheme();
-    default:
+    const auto address = code == CURLUE_OK ? WebAddress::of(url.get()) : std::nullopt;
+    if (!address)
         return malformedAddress();
-    }
+    return address->isHttp() ? std::variant<WebAddress, QString>(*address) : unsupportedScheme();
 }
 
 /// @p host in the form used in a URL; empty if it can't be a host.
@@ -89,13 +78,15 @@ CurlNetwork::~CurlNetwork() = default;
 
 QFuture<HttpResult> CurlNetwork::fetch(const HttpRequest &request)
 {
-    if (const QString refusal = refusalOf(request.url); !refusal.isEmpty()) {
+    const auto address = addressOf(request.url);
+    if (const auto *refusal = std::get_if<QString>(&address)) {
         HttpResult result;
-        result.error = refusal;
+        result.error = *refusal;
         return QtFuture::makeReadyFuture(result);
     }
     const WorkThread &thread = request.bodyReader ? m_reading : m_keeping;
-    auto transfer = std::make_unique<HttpTransfer>(request, thread.queue(), m_ioThread->inbox());
+    auto transfer = std::make_unique<HttpTransfer>(request, std::get<WebAddress>(address),
+                                                   thread.queue(), m_ioThread->inbox());
     QFuture<HttpResult> future = transfer->future();
     m_ioThread->submit(std::move(transfer));
     return future;

@@ -42,19 +42,13 @@ sockaddr_storage addressFrom(const char *text)
     return address;
 }
 
-/// The network has checked that the address can be parsed.
-HttpHop firstHopOf(const HttpRequest &request, const Proxies &proxies)
-{
-    return HttpHop(*WebAddress::parse(request.url), request.method, proxies);
-}
-
 } // namespace
 
-HttpTransfer::HttpTransfer(HttpRequest request, std::shared_ptr<WorkQueue> reading,
-                           std::shared_ptr<Inbox> inbox)
+HttpTransfer::HttpTransfer(HttpRequest request, WebAddress address,
+                           std::shared_ptr<WorkQueue> reading, std::shared_ptr<Inbox> inbox)
     : Transfer(request.timeout)
     , m_request(std::move(request))
-    , m_hop(firstHopOf(m_request, m_proxies))
+    , m_hop(std::move(address), m_request.method, m_proxies)
     , m_reading(std::move(reading))
     , m_inbox(std::move(inbox))
     , m_pauses(timeout())

@@ -18,8 +18,8 @@ class WorkQueue;
 class HttpTransfer final : public Transfer
 {
 public:
-    /// The body, if it is wanted, is read through @p reading.
-    HttpTransfer(HttpRequest request, std::shared_ptr<WorkQueue> reading,
+    /// @p address is the request's. The body, if it is wanted, is read through @p reading.
+    HttpTransfer(HttpRequest request, WebAddress address, std::shared_ptr<WorkQueue> reading,
                  std::shared_ptr<Inbox> inbox);
     ~HttpTransfer() override;
 

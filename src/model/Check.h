@@ -13,7 +13,7 @@ namespace ostrel {
 /// The result of one check of one monitor: a plain value, never changed after it is made.
 ///
 /// Hundreds of thousands are kept in memory, so its fields are ordered and typed for size: 72
-/// bytes.
+/// bytes. With std::optional throughout it would be 112.
 struct Check
 {
     QUuid id;
