@@ -95,6 +95,16 @@ mode_t modeFor(AtomicFile::Access access)
     return access == AtomicFile::Access::user ? user : user | others;
 }
 
+/// Makes two ordinary files exchange their names. False if they can't, and then nothing changes.
+bool exchangeNames(const std::string &first, const std::string &second)
+{
+    struct stat status
+    {
+    };
+    return ::lstat(second.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
+           ::renameat2(AT_FDCWD, first.c_str(), AT_FDCWD, second.c_str(), RENAME_EXCHANGE) == 0;
+}
+
 std::string folderOf(const std::string &path)
 {
     return std::filesystem::path(path).parent_path().string();
@@ -115,12 +125,14 @@ public:
     [[nodiscard]] FileDescriptor &file() { return m_file; }
 
     /// Replaces the file at @p path. Sets @p snapshot, unless it is null, to the content.
-    [[nodiscard]] bool replace(const std::string &path, FileSnapshot *snapshot);
+    [[nodiscard]] bool replace(const std::string &path, Flush flush, FileSnapshot *snapshot);
     /// Appears at @p path; false, with EEXIST, if something has that name.
     [[nodiscard]] bool appear(const std::string &path) { return giveSecondName(m_path, path); }
 
 private:
-    std::string m_path; ///< Empty if there is no file, or it has another name now.
+    [[nodiscard]] bool takeName(const std::string &path, Flush flush);
+
+    std::string m_path; ///< Of the file to remove; empty if there is none.
     FileDescriptor m_file;
 };
 
@@ -149,17 +161,28 @@ AtomicFile::Temporary::~Temporary()
     errno = reason;
 }
 
-bool AtomicFile::Temporary::replace(const std::string &path, FileSnapshot *snapshot)
+bool AtomicFile::Temporary::replace(const std::string &path, Flush flush, FileSnapshot *snapshot)
 {
     FileDescriptor file = snapshot ? openForReading(m_path) : FileDescriptor();
-    if (::rename(m_path.c_str(), path.c_str()) != 0)
+    if (!takeName(path, flush))
         return false;
-    m_path.clear();
     // Only after the rename, which counts as a change of the file.
     if (const auto status = statusOf(file))
         *snapshot = FileSnapshot(std::move(file), *status);
     else if (snapshot)
         *snapshot = FileSnapshot();
+    return true;
+}
+
+bool AtomicFile::Temporary::takeName(const std::string &path, Flush flush)
+{
+    // ext4 and Btrfs flush a file that is renamed over another, but not one of two that exchange
+    // their names. The temporary name is the old file's after that.
+    if (flush == Flush::avoided && exchangeNames(m_path, path))
+        return true;
+    if (::rename(m_path.c_str(), path.c_str()) != 0)
+        return false;
+    m_path.clear();
     return true;
 }
 
@@ -217,7 +240,7 @@ bool AtomicFile::holds(const FileSnapshot &snapshot) const
 bool AtomicFile::write(const Fill &fill, Flush flush, FileSnapshot *snapshot) const
 {
     Temporary temporary(m_path, m_access);
-    return fillIn(temporary, fill, flush) && temporary.replace(m_path, snapshot);
+    return fillIn(temporary, fill, flush) && temporary.replace(m_path, flush, snapshot);
 }
 
 bool AtomicFile::writeNew(const Fill &fill, Flush flush) const
@@ -230,7 +253,8 @@ bool AtomicFile::writeKeepingOld(const Fill &fill, Flush flush, std::string_view
                                  FileSnapshot *snapshot) const
 {
     Temporary temporary(m_path, m_access);
-    return fillIn(temporary, fill, flush) && keep(suffix) && temporary.replace(m_path, snapshot);
+    return fillIn(temporary, fill, flush) && keep(suffix) &&
+           temporary.replace(m_path, flush, snapshot);
 }
 
 bool AtomicFile::flush(const Sync &sync) const

@@ -23,8 +23,12 @@ class AtomicFile
 {
 public:
     enum class Flush {
-        none,
+        none,            ///< Left to the file system; many flush whatever replaces a file.
         beforeReplacing, ///< The new content is on the disk before it replaces the old.
+        /// The file system isn't made to flush: what is replaced soon again never reaches the disk.
+        /// Until the file is flushed, a power cut may leave it unfinished: empty, cut off, or with
+        /// zeros. The same as none where two files can't exchange their names.
+        avoided,
     };
 
     /// Who can access a file that was written.

@@ -28,9 +28,9 @@ void FlushThread::flushLater(const AtomicFile &file)
     post([file](const AtomicFile::Sync &sync) { return file.flush(sync); });
 }
 
-void FlushThread::copyLater(const AtomicFile &file, const QString &copyPath)
+QFuture<bool> FlushThread::copyLater(const AtomicFile &file, const QString &copyPath)
 {
-    post([file, copyPath](const AtomicFile::Sync &sync) {
+    return thread().run([file, copyPath, sync = m_sync] {
         const FileSnapshot original = file.snapshot();
         const auto fill = [&original](ContentWriter &content) {
             return content.copy(original, 0, original.size());
@@ -49,14 +49,19 @@ void FlushThread::finish(std::chrono::milliseconds patience)
 
 std::future<int> FlushThread::post(std::function<bool(const AtomicFile::Sync &)> work)
 {
-    if (!m_thread)
-        m_thread = std::make_unique<WorkThread>();
     const auto promise = std::make_shared<std::promise<int>>();
     auto outcome = promise->get_future();
-    m_thread->post([promise, work = std::move(work), sync = m_sync] {
+    thread().post([promise, work = std::move(work), sync = m_sync] {
         promise->set_value(work(sync) ? 0 : errno);
     });
     return outcome;
+}
+
+WorkThread &FlushThread::thread()
+{
+    if (!m_thread)
+        m_thread = std::make_unique<WorkThread>();
+    return *m_thread;
 }
 
 } // namespace ostrel

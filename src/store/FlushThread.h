@@ -3,6 +3,7 @@
 #include "AtomicFile.h"
 #include "WorkThread.h"
 
+#include <QFuture>
 #include <QString>
 
 #include <chrono>
@@ -25,14 +26,17 @@ public:
     /// Flushes, without waiting, the content that @p file has when its turn comes, and its name.
     void flushLater(const AtomicFile &file);
     /// Replaces the file at @p copyPath, without waiting, with the content that @p file has when
-    /// its turn comes. The content is flushed before it gets that name.
-    void copyLater(const AtomicFile &file, const QString &copyPath);
+    /// its turn comes. The content is flushed before it gets that name. The future's result is
+    /// true once the copy is on the disk, false if that has failed; there is none if it is dropped.
+    [[nodiscard]] QFuture<bool> copyLater(const AtomicFile &file, const QString &copyPath);
     /// Waits at most @p patience until all of this is done.
     void finish(std::chrono::milliseconds patience);
 
 private:
     /// Runs @p work after all earlier work. The future has 0, or errno if @p work returns false.
     std::future<int> post(std::function<bool(const AtomicFile::Sync &)> work);
+
+    [[nodiscard]] WorkThread &thread();
 
     AtomicFile::Sync m_sync;
     std::unique_ptr<WorkThread> m_thread; ///< Null until there is something to do.

@@ -80,6 +80,7 @@ MonitorStore::MonitorStore(const QString &storageDir, StoredRecords records, Opt
                      .content = std::move(records.monitorsContent)}
     , m_checksFile{.file = AtomicFile(StoredRecords::checksPath(storageDir)),
                    .content = std::move(records.checksContent)}
+    , m_flushInterval(options.flushInterval)
     , m_monitors(std::move(records.monitors))
     , m_checks(std::move(records.checks))
 {
@@ -89,7 +90,7 @@ MonitorStore::MonitorStore(const QString &storageDir, StoredRecords records, Opt
     if (m_access == Access::readOnly)
         return;
     m_flush.setSingleShot(true);
-    m_flush.setInterval(options.flushInterval);
+    m_flush.setInterval(0);
     connect(&m_flush, &QTimer::timeout, this, &MonitorStore::flushChecks);
     connect(&m_retry, &QTimer::timeout, this, &MonitorStore::catchUp);
     m_retry.start(options.retryInterval);
@@ -152,6 +153,8 @@ void MonitorStore::addMonitor(const Monitor &monitor, std::span<const Check> his
         added.append(check);
     added.keepNewest(maxChecksPerMonitor);
     m_checksFile.isBehind = m_checksFile.isBehind || !history.empty();
+    if (!history.empty())
+        needNewCopy();
     save({&m_monitorsFile});
     Q_EMIT monitorsChanged();
     if (changesChecks)
@@ -318,6 +321,7 @@ bool MonitorStore::isOurs()
         if (!file->keptAs && !file->file.holds(file->content))
             file->keptAs = replaced;
     }
+    needNewCopy();
     return true;
 }
 
@@ -341,7 +345,9 @@ bool MonitorStore::saveChecks()
         isComplete = writer.write(m_checks, m_checksFile.content, content);
         return isComplete;
     };
-    if (write(m_checksFile, fill, AtomicFile::Flush::none)) {
+    // Without a flushed copy to go back to, nothing may be left unfinished.
+    const auto flush = hasFlushedCopy() ? AtomicFile::Flush::avoided : AtomicFile::Flush::none;
+    if (write(m_checksFile, fill, flush)) {
         writer.tell(m_checks);
         if (!m_flush.isActive())
             m_flush.start();
@@ -369,7 +375,23 @@ bool MonitorStore::write(File &file, const AtomicFile::Fill &fill, AtomicFile::F
 
 void MonitorStore::flushChecks()
 {
-    m_flushThread.copyLater(m_checksFile.file, StoredRecords::flushedChecksPath(m_storageDir));
+    m_flush.setInterval(m_flushInterval);
+    m_flushedCopy =
+        m_flushThread.copyLater(m_checksFile.file, StoredRecords::flushedChecksPath(m_storageDir));
+}
+
+/// Has the history flushed as soon as it is saved again.
+void MonitorStore::needNewCopy()
+{
+    m_flushedCopy = {};
+    m_flush.setInterval(0);
+}
+
+/// Whether the last copy of the history has reached the disk and is still there.
+bool MonitorStore::hasFlushedCopy() const
+{
+    return m_flushedCopy.isResultReadyAt(0) && m_flushedCopy.resultAt(0) &&
+           AtomicFile(StoredRecords::flushedChecksPath(m_storageDir)).exists();
 }
 
 CheckHistory &MonitorStore::historyOf(const QUuid &monitorId)

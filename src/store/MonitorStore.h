@@ -6,6 +6,7 @@
 #include "Monitor.h"
 #include "StoredRecords.h"
 
+#include <QFuture>
 #include <QList>
 #include <QObject>
 #include <QString>
@@ -29,8 +30,8 @@ class FolderOwnership;
 /// save that failed is retried with every save of either file, once a minute, and at the end.
 ///
 /// A power cut loses no monitor, and of the history only what was recorded since its last flush to
-/// the disk. It is flushed every ten minutes, and at the end, which waits for that at most half a
-/// second.
+/// the disk. It is flushed with the first check, every ten minutes, and at the end, which waits for
+/// that at most half a second. In between, most of what is saved never reaches the disk.
 class MonitorStore : public QObject
 {
     Q_OBJECT
@@ -92,7 +93,7 @@ public:
     /// from the file at the next save of the checks.
     void addMonitor(const Monitor &monitor);
     /// The same with @p history, oldest first, of which at most the newest maxChecksPerMonitor are
-    /// kept. All of its checks must be of @p monitor.
+    /// kept. All of its checks must be of @p monitor. The history is flushed at once.
     void addMonitor(const Monitor &monitor, std::span<const Check> history);
     /// Replaces the monitor with the same id in place; does nothing if there is none.
     void updateMonitor(const Monitor &monitor);
@@ -150,6 +151,8 @@ private:
     [[nodiscard]] bool saveChecks();
     [[nodiscard]] bool write(File &file, const AtomicFile::Fill &fill, AtomicFile::Flush flush);
     void flushChecks();
+    void needNewCopy();
+    [[nodiscard]] bool hasFlushedCopy() const;
     [[nodiscard]] CheckHistory &historyOf(const QUuid &monitorId);
     [[nodiscard]] Timestamp beginningOf(std::chrono::hours window) const;
 
@@ -165,6 +168,8 @@ private:
     QString m_failure;     ///< Why the last attempt didn't save everything.
     QTimer m_retry;
     QTimer m_flush; ///< Started by the first save of checks that may not be on the disk.
+    std::chrono::milliseconds m_flushInterval;
+    QFuture<bool> m_flushedCopy; ///< Has no result if there is none that would do.
     QList<Monitor> m_monitors;
     CheckHistories m_checks;
 };

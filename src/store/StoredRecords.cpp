@@ -4,7 +4,10 @@
 #include "HistoriesReader.h"
 #include "MonitorJson.h"
 
+#include <algorithm>
+#include <array>
 #include <exception>
+#include <string_view>
 #include <type_traits>
 
 using namespace Qt::StringLiterals;
@@ -39,14 +42,39 @@ std::optional<CheckHistories> readQuietly(const FileSnapshot &content)
     return readOrNothing([&] { return readHistories(content); });
 }
 
-/// Whether the file got its name before its content reached the disk. A power cut can leave it so
-/// on file systems that don't keep the order of the two.
+/// In bytes. A disk takes or leaves a sector as a whole, so that the part of a file that it took
+/// ends with one, unless that is the end of the file.
+constexpr std::size_t sectorSize = 512;
+
+bool isZero(std::span<const char> bytes)
+{
+    return std::ranges::all_of(bytes, [](char byte) { return byte == '\0'; });
+}
+
+/// Whether a disk that took only a part of a stored history may have ended it with @p sector.
+/// Histories end with two brackets.
+bool isCutOffAfter(std::span<const char> sector)
+{
+    return sector.size() == sectorSize &&
+           !std::string_view(sector.data(), sector.size()).ends_with("]]");
+}
+
+/// Whether this is what a power cut can leave of a history, which has got its name, but not all of
+/// its content on the disk: nothing, whole sectors of its beginning, or zeros for some of it.
 bool isUnfinished(const FileSnapshot &content)
 {
-    char last = '\0';
-    if (content.size() > 0 && !content.read(content.size() - 1, {&last, 1}))
+    if (!content.isOfAFile() || content.size() > maxStoredFileSize)
         return false;
-    return content.isOfAFile() && last == '\0';
+    std::array<char, sectorSize> room{};
+    std::span<char> sector;
+    for (quint64 offset = 0; offset < content.size(); offset += sector.size()) {
+        sector = std::span(room).first(std::min<quint64>(content.size() - offset, sectorSize));
+        if (!content.read(offset, sector))
+            return false;
+        if (isZero(sector))
+            return true;
+    }
+    return sector.empty() || sector.back() == '\0' || isCutOffAfter(sector);
 }
 
 void readChecks(const AtomicFile &file, const AtomicFile &flushed, StoredRecords &records)

@@ -24,8 +24,8 @@ struct StoredRecords
     [[nodiscard]] static QString flushedChecksPath(const QString &storageDir);
 
     /// Reads @p storageDir. A file that can't be loaded counts as empty; but if a power cut has
-    /// left the history unfinished (no bytes, or zeros at the end), its last flushed copy is read
-    /// instead. Any thread.
+    /// left the history unfinished (empty, cut off at the end of a sector of 512 bytes, or with
+    /// zeros in place of sectors or at its end), its last flushed copy is read instead. Any thread.
     [[nodiscard]] static StoredRecords read(const QString &storageDir);
 
     /// Whether the two files of @p storageDir are unchanged since these records were read from

@@ -2,6 +2,7 @@
 
 #include "PlainUser.h"
 #include "Printers.h"
+#include "RemovedNames.h"
 
 #include <QDir>
 #include <QFile>
@@ -9,12 +10,19 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstddef>
+#include <cstdio>
 #include <functional>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
 #include <string>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 #include <vector>
 
@@ -78,6 +86,24 @@ protected:
     QTemporaryDir m_folder;
 };
 
+/// Lets no two files of this process exchange their names any more, as on a file system that can't
+/// do that.
+void forbidExchanges()
+{
+    std::array<sock_filter, 6> program = {{
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_renameat2, 0, 3),
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, args[4])),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, RENAME_EXCHANGE, 0, 1),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EINVAL),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+    }};
+    const sock_fprog filter{program.size(), program.data()};
+    if (::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0 ||
+        ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter) != 0)
+        ::_exit(2);
+}
+
 TEST_F(AtomicFileTest, LeavesNothingOpen)
 {
     const AtomicFile file(pathOf("file"));
@@ -137,6 +163,58 @@ TEST_F(AtomicFileTest, SnapshotsHoldWhatWasReadAndWritten)
     ASSERT_TRUE(file.writeKeepingOld(with("newer"), Flush::none, "old", &written));
     EXPECT_TRUE(written.isIntact());
     EXPECT_EQ(textOf(written, 5), "newer");
+}
+
+TEST_F(AtomicFileTest, WithoutAFlushTheFileExchangesNamesWithTheOld)
+{
+    const AtomicFile file(pathOf("file"));
+    const test::RemovedNames removed(m_folder.path());
+    ASSERT_TRUE(file.write(with("old"), Flush::avoided)) << "there is nothing to exchange with";
+    FileSnapshot old = file.snapshot();
+    EXPECT_EQ(removed.take(), QStringList());
+    FileSnapshot written;
+    ASSERT_TRUE(file.write(with("new"), Flush::avoided, &written));
+    EXPECT_EQ(removed.take(), QStringList{u"file.tmp"_s});
+    EXPECT_EQ(contentOf("file"), QByteArrayLiteral("new"));
+    EXPECT_EQ(textOf(old, 3), "old");
+    EXPECT_TRUE(file.holds(written));
+    EXPECT_TRUE(written.isIntact());
+    ASSERT_TRUE(file.writeKeepingOld(with("newer"), Flush::avoided, "kept"));
+    EXPECT_EQ(contentOf("file.kept"), QByteArrayLiteral("new"));
+    EXPECT_EQ(names(), (QStringList{u"file"_s, u"file.kept"_s}));
+}
+
+TEST_F(AtomicFileTest, OnlyAFileWhoseFlushIsAvoidedExchangesNames)
+{
+    fill("file", "old");
+    const AtomicFile file(pathOf("file"));
+    const test::RemovedNames removed(m_folder.path());
+    EXPECT_TRUE(file.write(with("new"), Flush::none));
+    EXPECT_TRUE(file.write(with("newer"), Flush::beforeReplacing));
+    EXPECT_EQ(removed.take(), QStringList());
+}
+
+TEST_F(AtomicFileTest, WhereNamesCannotBeExchangedTheFileIsReplacedAllTheSame)
+{
+    fill("file", "old");
+    const auto write = [this] {
+        forbidExchanges();
+        const test::RemovedNames removed(m_folder.path());
+        const bool isWritten = AtomicFile(pathOf("file")).write(with("new"), Flush::avoided);
+        ::_exit(isWritten && removed.take().isEmpty() ? 0 : 1);
+    };
+    EXPECT_EXIT(write(), testing::ExitedWithCode(0), "");
+    EXPECT_EQ(contentOf("file"), QByteArrayLiteral("new"));
+    EXPECT_EQ(names(), QStringList{u"file"_s});
+}
+
+TEST_F(AtomicFileTest, OnlyAnOrdinaryFileIsExchanged)
+{
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir(u"folder"_s));
+    EXPECT_FALSE(AtomicFile(pathOf("folder")).write(with("new"), Flush::avoided));
+    EXPECT_EQ(errno, EISDIR);
+    EXPECT_EQ(names(), QStringList{u"folder"_s});
+    EXPECT_TRUE(QFileInfo(pathOf("folder")).isDir());
 }
 
 TEST_F(AtomicFileTest, WritesEmptyContentAsAnEmptyFile)

@@ -95,6 +95,28 @@ TEST_F(FlushThreadTest, FlushesTheFileEvenAfterItIsClosed)
     EXPECT_TRUE(outcome.get());
 }
 
+TEST_F(FlushThreadTest, ReportsWhetherACopyHasReachedTheDisk)
+{
+    const auto isDone = [](const QFuture<bool> &copy) {
+        return copy.isResultReadyAt(0) && copy.resultAt(0);
+    };
+    const QString path = m_folder.filePath(u"copy"_s);
+    {
+        FlushThread thread;
+        const auto copy = thread.copyLater(fileOf("file"), path);
+        const auto none = thread.copyLater(AtomicFile(m_folder.filePath(u"missing"_s)), path);
+        thread.finish(forEver);
+        EXPECT_TRUE(isDone(copy));
+        EXPECT_FALSE(isDone(none));
+    }
+    FlushThread failing([](const FileDescriptor &) { return false; });
+    const auto failed = failing.copyLater(fileOf("file"), path);
+    failing.finish(forEver);
+    EXPECT_FALSE(isDone(failed));
+    FlushThread waiting(hanging());
+    EXPECT_FALSE(isDone(waiting.copyLater(fileOf("file"), path)));
+}
+
 TEST_F(FlushThreadTest, FinishesEverythingThatWasPosted)
 {
     std::atomic<int> count = 0;

@@ -2,6 +2,7 @@
 """Does to the real program what the world may do, and says what was lost. For scripts/torture."""
 
 import argparse
+import collections
 import contextlib
 import json
 import os
@@ -16,6 +17,7 @@ import uuid
 from pathlib import Path
 
 import servers
+from disks import Disk, Left, begin_to_write, flush_names
 from ostrel import Ostrel, monitor, wait_for
 from servers import Server
 
@@ -135,8 +137,143 @@ def fill(path):
             file.write(b"x" * 512)
 
 
-class Left(Exception):
-    """The row can't be tried here."""
+def fill_histories(ostrel, records):
+    """Gives each monitor its 2000 checks; returns the size of the file in bytes."""
+    flat = []
+    for record in records:
+        flat += [record["id"], [check_record(record["id"], i) for i in range(2000)]]
+    text = json.dumps(flat, separators=(",", ":"))
+    (ostrel.folder / "checks.json").write_text(text)
+    return len(text)
+
+
+def power_cuts(row, program, is_short):
+    """The disk takes nothing any more at random moments, while full histories are recorded."""
+    count = 8 if is_short else 200
+    left = collections.Counter()
+    with contextlib.ExitStack() as stack:
+        disk = stack.enter_context(Disk())
+        server = stack.enter_context(Server(servers.answer(servers.HELLO)))
+        ostrel = stack.enter_context(Ostrel(program, data_dir=f"{disk.folder}/data"))
+        records = [monitor(f"Monitor {i}", server.url, 0.5) for i in range(8)]
+        ostrel.write_monitors(records)
+        size = fill_histories(ostrel, records)
+        disk.sync()
+        for cut in range(count):
+            flushed = record_until_cut(row, disk, ostrel, size)
+            left[what_is_left(ostrel)] += 1
+            judge_cut(row, ostrel, flushed, f"cut {cut}")
+            row.expect(ostrel.monitors() == records, f"cut {cut} changed the monitors")
+            if row.lost:
+                break
+        kinds = ", ".join(f"{number} {kind}" for kind, number in sorted(left.items()))
+        row.tried = f"{count} cuts, which left the history {kinds}"
+
+
+def record_until_cut(row, disk, ostrel, size):
+    """Runs the program for some seconds, cuts the power and mounts the disk again. Returns the
+    history that had been flushed."""
+    path = ostrel.folder / "checks.json"
+    copy = ostrel.folder / "checks.json.flushed"
+    saved_before, copied_before = version_of(path), version_of(copy)
+    flushed = histories_in(copy if copied_before else path)
+    ostrel.start()
+    # What the last cut has left is replaced by then.
+    row.expect(wait_for(lambda: version_of(path) != saved_before), "no check was saved")
+    if random.random() < 0.75:
+        is_flushed = wait_for(lambda: version_of(copy) != copied_before)
+        row.expect(is_flushed, "no copy was flushed")
+        flush_names(ostrel.folder)
+        flushed = histories_in(copy)
+    end = time.monotonic() + random.random() * 4
+    while time.monotonic() < end:
+        # A reader at any moment: fails if the file is missing or half-written.
+        ostrel.count()
+        if random.random() < 0.3:
+            begin_to_write(path, random.randrange(size), random.randrange(size))
+    disk.cut_power()
+    ostrel.kill()
+    disk.unmount()
+    disk.mount()
+    return flushed
+
+
+def version_of(path):
+    """None if there is no such file."""
+    with contextlib.suppress(FileNotFoundError):
+        status = path.stat()
+        return status.st_ino, status.st_mtime_ns
+    return None
+
+
+def histories_in(path):
+    flat = json.loads(path.read_text())
+    return dict(zip(flat[::2], flat[1::2]))
+
+
+def what_is_left(ostrel):
+    content = (ostrel.folder / "checks.json").read_bytes()
+    if not content:
+        return "empty"
+    with contextlib.suppress(ValueError):
+        json.loads(content)
+        return "whole"
+    return "with zeros" if 0 in content else "cut off"
+
+
+def judge_cut(row, ostrel, flushed, prefix):
+    """Expects what is left of the history if that is whole, and in any case what was flushed;
+    removes what the program has kept."""
+    exported = ostrel.run("export", "--history", "--data-dir", str(ostrel.folder))
+    row.expect(exported.returncode == 0, f"{prefix}: {exported.stderr.decode()}")
+    if exported.returncode != 0:
+        return
+    histories = json.loads(exported.stdout)["checks"]
+    if what_is_left(ostrel) == "whole":
+        row.expect(count_in(histories) == ostrel.count(), f"{prefix}: the whole file isn't read")
+    for monitor_id, history in flushed.items():
+        kept = {check["id"] for check in histories.get(monitor_id, [])}
+        missing = [check for check in history[-1000:] if check["id"] not in kept]
+        row.expect(not missing, f"{prefix} lost {len(missing)} flushed checks")
+    for path in ostrel.folder.glob("checks.json.unreadable-*"):
+        path.unlink()
+
+
+def bytes_written(row, program, is_short):
+    """Checks of 20 monitors with full histories, and what they put on the disk."""
+    interval = 0.5 if is_short else 3
+    with contextlib.ExitStack() as stack:
+        disk = stack.enter_context(Disk())
+        server = stack.enter_context(Server(servers.answer(servers.HELLO)))
+        ostrel = stack.enter_context(Ostrel(program, data_dir=f"{disk.folder}/data"))
+        records = [monitor(f"Monitor {i}", server.url, interval) for i in range(20)]
+        for record in records[1:]:
+            record["isEnabled"] = False
+        ostrel.write_monitors(records)
+        size = fill_histories(ostrel, records)
+        ostrel.start()
+        copy = ostrel.folder / "checks.json.flushed"
+        row.expect(wait_for(copy.exists), "no copy was flushed")
+        disk.sync()
+        before = disk.written()
+        first = newest(ostrel, records[0])
+        time.sleep(20 * interval)
+        written = disk.written() - before
+        ids = [check["id"] for check in ostrel.checks_of(records[0])]
+        saves = len(ids) - 1 - ids.index(first)
+        row.expect(ostrel.stop() is not None, "SIGTERM didn't end it")
+    saved = saves * size
+    row.expect(saves > 10, f"only {saves} checks")
+    row.expect(written < saved / 10, f"{written:,} bytes were written")
+    row.tried = f"{saves} saves of {size:,} bytes, {written:,} bytes on the disk"
+
+
+def count_in(histories):
+    return sum(map(len, histories.values()))
+
+
+def newest(ostrel, record):
+    return ostrel.checks_of(record)[-1]["id"]
 
 
 def folder_deleted(row, program, is_short):
@@ -410,6 +547,8 @@ def foreign_texts(row, program, is_short):
 ROWS = {
     "kill -9": kills,
     "disk full and back": full_disk,
+    "power cut": power_cuts,
+    "bytes written": bytes_written,
     "folder deleted": folder_deleted,
     "bombs beside a healthy server": bombs,
     "176 hostile servers": hostile_servers,
