@@ -123,6 +123,18 @@ TEST_F(RecentChecksModelTest, AnotherMonitorReplacesTheRows)
     EXPECT_EQ(m_model.rowCount(), 2);
 }
 
+TEST_F(RecentChecksModelTest, TheSameMonitorAgainKeepsTheRows)
+{
+    const Monitor monitor = addWithChecks(3);
+    m_model.setMonitorId(monitor.id);
+    m_inserted.clear();
+    m_model.setMonitorId(monitor.id);
+    EXPECT_EQ(m_model.rowCount(), 3);
+    EXPECT_TRUE(m_inserted.isEmpty());
+    EXPECT_TRUE(m_removed.isEmpty());
+    EXPECT_TRUE(m_changed.isEmpty());
+}
+
 TEST_F(RecentChecksModelTest, DeletedMonitorLeavesNoRows)
 {
     const Monitor monitor = addWithChecks(5);
