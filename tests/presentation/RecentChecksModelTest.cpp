@@ -123,16 +123,15 @@ TEST_F(RecentChecksModelTest, AnotherMonitorReplacesTheRows)
     EXPECT_EQ(m_model.rowCount(), 2);
 }
 
-TEST_F(RecentChecksModelTest, TheSameMonitorAgainKeepsTheRows)
+TEST_F(RecentChecksModelTest, OnlyAnotherClockRewritesTheTimes)
 {
-    const Monitor monitor = addWithChecks(3);
-    m_model.setMonitorId(monitor.id);
-    m_inserted.clear();
-    m_model.setMonitorId(monitor.id);
-    EXPECT_EQ(m_model.rowCount(), 3);
-    EXPECT_TRUE(m_inserted.isEmpty());
-    EXPECT_TRUE(m_removed.isEmpty());
+    const ClockStyle clock = {QTimeZone("UTC"), QLocale(u"en_US"_s)};
+    m_model.setMonitorId(addWithChecks(3).id);
+    m_changed.clear();
+    m_model.setClock(clock);
     EXPECT_TRUE(m_changed.isEmpty());
+    m_model.setClock({QTimeZone("Asia/Tokyo"), clock.locale});
+    EXPECT_EQ(m_changed.size(), 1);
 }
 
 TEST_F(RecentChecksModelTest, DeletedMonitorLeavesNoRows)
