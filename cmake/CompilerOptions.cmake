@@ -1,5 +1,5 @@
 # The one INTERFACE target that every target of ours links: language level, warnings, Qt's
-# strictness macros, sanitizers.
+# strictness macros, sanitizers, counters of lines.
 add_library(ostrel_options INTERFACE)
 target_compile_features(ostrel_options INTERFACE cxx_std_20)
 target_compile_options(ostrel_options INTERFACE
@@ -22,6 +22,13 @@ if(OSTREL_SANITIZE)
     target_compile_options(ostrel_options INTERFACE
         -fsanitize=${OSTREL_SANITIZE} -fno-sanitize=vptr -fno-sanitize-recover=all)
     target_link_options(ostrel_options INTERFACE -fsanitize=${OSTREL_SANITIZE})
+endif()
+if(OSTREL_COVERAGE)
+    # Without atomic counters, threads lose each other's counts.
+    target_compile_options(ostrel_options INTERFACE --coverage -fprofile-update=atomic)
+    target_link_options(ostrel_options INTERFACE --coverage)
+endif()
+if(OSTREL_SANITIZE OR OSTREL_COVERAGE)
     # The code that Qt's compiler generates from the views takes a third of the time of everything
     # else, and isn't ours: the views are interpreted instead.
     set(OSTREL_QML_CACHE NO_CACHEGEN)

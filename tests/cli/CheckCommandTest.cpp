@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <new>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -120,6 +121,19 @@ TEST(CheckCommandTest, JsonIsTheStoredForm)
     ASSERT_TRUE(read);
     EXPECT_EQ(read->id, made.id);
     EXPECT_EQ(read->responseTime, made.responseTime);
+}
+
+TEST(CheckCommandTest, TheEndOfTheCertificateIsTold)
+{
+    Check check;
+    check.isUp = true;
+    check.statusCode = 200;
+    check.sslExpiresAt = parseTimestamp("2026-03-01T12:00:00Z");
+    const QByteArray text = describe(invocation("https://shop.example/"), check);
+    EXPECT_TRUE(text.endsWith("\n      Certificate expires 2026-03-01T12:00:00Z\n"))
+        << text.toStdString();
+    check.sslExpiresAt = std::nullopt;
+    EXPECT_FALSE(describe(invocation("https://shop.example/"), check).contains("Certificate"));
 }
 
 TEST(CheckCommandTest, ASlowAnswerIsReportedAndCountsAsUp)

@@ -198,11 +198,11 @@ TEST(CommandLineTest, UnusableArgumentsAreNamed)
     const char *const lines[] = {
         "check",
         "check a b",
-        "check a --port",
-        "check a --port x",
-        "check a --port 0",
-        "check a --port 65536",
-        "check a --port 80.5",
+        "check a.b --port",
+        "check a.b --port x",
+        "check a.b --port 0",
+        "check a.b --port 65536",
+        "check a.b --port 80.5",
         "check localhost",
         "check http",
         "check http:80",
@@ -217,29 +217,33 @@ TEST(CommandLineTest, UnusableArgumentsAreNamed)
         "check db.local:5432 --keyword x",
         "check db.local:5432 --method HEAD",
         "check db.local:5432 --threshold 5",
-        "check a --timeout 0",
-        "check a --timeout -1",
-        "check a --timeout inf",
-        "check a --timeout nan",
-        "check a --timeout soon",
-        "check a --threshold fast",
-        "check a --method PUT",
-        "check a --keyword-absent",
-        "check a --port 80 --keyword x",
-        "check a --port 80 --method HEAD",
-        "check a --unknown",
+        "check a.b --timeout 0",
+        "check a.b --timeout -1",
+        "check a.b --timeout inf",
+        "check a.b --timeout nan",
+        "check a.b --timeout soon",
+        "check a.b --threshold fast",
+        "check a.b --method PUT",
+        "check a.b --keyword-absent",
+        "check a.b --port 80 --keyword x",
+        "check a.b --port 80 --method HEAD",
+        "check a.b --unknown",
         "status --port 1",
         "status somewhere",
         "watch",
         "--data-dir",
         "--data-dir=",
         "status --data-dir=",
+        "export --data-dir=",
+        "metrics --data-dir=",
+        "list --data-dir=",
+        "check-now Shop --data-dir=",
         "--unknown",
         "--language",
         "--language xx",
         "status --language pseudo",
         "status --quit",
-        "check a --add-monitor",
+        "check a.b --add-monitor",
         "--quit --add-monitor",
         "--demo --add-monitor",
         "--demo --quit",
@@ -283,6 +287,9 @@ TEST(CommandLineTest, UnusableArgumentsAreNamed)
         "check-now Shop --port 5",
         "list Shop",
         "list --json --names",
+        "list --unknown",
+        "edit Shop --unknown",
+        "import list.txt --unknown",
     };
     for (const char *line : lines) {
         const Invocation invocation = parse(QString::fromLatin1(line));
@@ -338,6 +345,15 @@ TEST(CommandLineTest, AStatusIsFollowedOnRequest)
 {
     EXPECT_FALSE(std::get<StatusInvocation>(parse(u"status"_s)).isFollowed);
     EXPECT_TRUE(std::get<StatusInvocation>(parse(u"status --watch --json"_s)).isFollowed);
+}
+
+TEST(CommandLineTest, AnExportIsJsonUnlessAnotherFormatIsChosen)
+{
+    EXPECT_EQ(std::get<ExportInvocation>(parse(u"export"_s)).format, ExportFormat::json);
+    EXPECT_EQ(std::get<ExportInvocation>(parse(u"export --format json"_s)).format,
+              ExportFormat::json);
+    EXPECT_EQ(std::get<ExportInvocation>(parse(u"export --format csv"_s)).format,
+              ExportFormat::csv);
 }
 
 TEST(CommandLineTest, AListHasItsFormats)

@@ -255,4 +255,13 @@ TEST_F(ExportCommandTest, AConfigurationIsAFolder)
     expectFailure(run(invocation), u"can't write"_s);
 }
 
+TEST_F(ExportCommandTest, AConfigurationOfWhichAFileCantBeWrittenIsAFailure)
+{
+    ASSERT_TRUE(QDir(folder.path()).mkpath(u"watch/prometheus.yml"_s));
+    ExportInvocation invocation = into("watch");
+    invocation.format = ExportFormat::prometheus;
+    invocation.replaces = true;
+    expectFailure(run(invocation), u"prometheus.yml"_s);
+}
+
 } // namespace ostrel::test

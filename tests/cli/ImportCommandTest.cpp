@@ -15,6 +15,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -199,6 +200,15 @@ TEST_F(ImportCommandTest, WhatWasExportedComesBackWithItsHistory)
 
     EXPECT_TRUE(run().output.startsWith("skip     Shop"));
     EXPECT_EQ(stored().size(), 1);
+}
+
+TEST_F(ImportCommandTest, WithoutAFileStandardInputIsRead)
+{
+    fill("a.example\nb.example\n");
+    ASSERT_TRUE(std::freopen(QFile::encodeName(invocation.path).constData(), "r", stdin));
+    invocation.path.clear();
+    EXPECT_EQ(run().exitCode, exitDone);
+    EXPECT_EQ(stored().size(), 2);
 }
 
 TEST_F(ImportCommandTest, NothingIsOverwrittenUnasked)

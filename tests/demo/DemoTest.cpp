@@ -7,7 +7,9 @@
 #include <QDir>
 #include <QFile>
 #include <QSettings>
+#include <QTcpSocket>
 #include <QTemporaryFile>
+#include <QUrl>
 
 #include <gtest/gtest.h>
 
@@ -85,6 +87,16 @@ TEST_F(DemoTest, AHeadRequestGetsNoBody)
     EXPECT_EQ(head.body, "");
 }
 
+TEST_F(DemoTest, ARequestWithoutAnEndIsCutOff)
+{
+    const QUrl address(QString::fromLatin1(addressOf("Corner Bakery")));
+    QTcpSocket socket;
+    socket.connectToHost(address.host(), static_cast<quint16>(address.port()));
+    socket.write(QByteArray(1'000'000, 'x'));
+    EXPECT_TRUE(waitFor([&] { return socket.state() == QTcpSocket::UnconnectedState; }));
+    EXPECT_EQ(socket.readAll(), "");
+}
+
 TEST_F(DemoTest, OnlyItsOwnBundleTrustsTheSecureSite)
 {
     const QByteArray address = addressOf("Savings Bank");
@@ -111,6 +123,16 @@ TEST_F(DemoTest, PreferencesAreItsOwn)
 {
     const QSettings preferences(u"Ostrel"_s, u"Ostrel"_s);
     EXPECT_TRUE(preferences.fileName().startsWith(demo.preferencesDir()));
+}
+
+TEST(DemoFolderTest, IfItCantBeMadeTheReasonIsTold)
+{
+    const QByteArray former = qgetenv("TMPDIR");
+    qputenv("TMPDIR", "/proc"); // Nothing can be made there.
+    Demo demo;
+    qputenv("TMPDIR", former);
+    EXPECT_FALSE(demo.start());
+    EXPECT_FALSE(demo.reason().isEmpty());
 }
 
 TEST(DemoFolderTest, IsRemovedAtTheEnd)

@@ -128,6 +128,15 @@ TEST(PrometheusExportTest, WhatHasNoCounterpartIsToldByName)
         << qPrintable(configuration.notes[0]);
 }
 
+TEST(PrometheusExportTest, EachIdCountsOnce)
+{
+    const auto configuration = prometheusConfiguration(
+        {timely(website(1, u"https://a.example/"_s)), timely(website(1, u"https://b.example/"_s))});
+    const QJsonArray targets = targetsIn(configuration, u"ostrel-every-60s-within-11s"_s);
+    ASSERT_EQ(targets.size(), 1);
+    EXPECT_EQ(targets[0][u"targets"_s].toArray(), QJsonArray{u"https://a.example/"_s});
+}
+
 TEST(PrometheusExportTest, WithoutMonitorsTheFilesAreThere)
 {
     const auto configuration = prometheusConfiguration({});

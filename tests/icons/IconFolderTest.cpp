@@ -135,6 +135,13 @@ TEST_F(IconFolderTest, NoDomainsFileIsOutsideTheFolder)
         EXPECT_TRUE(file.isFile()) << qPrintable(file.fileName());
 }
 
+TEST_F(IconFolderTest, NoDomainHasNoFile)
+{
+    folder.write({}, square(Qt::red));
+    EXPECT_TRUE(folder.read({}).isNull());
+    EXPECT_TRUE(files().isEmpty());
+}
+
 TEST_F(IconFolderTest, AFileUnderItsFormerNameIsFoundAndRenamed)
 {
     struct

@@ -434,6 +434,15 @@ TEST(PictureDecoderTest, AnIcoCannotHaveManyLargePicturesTried)
     EXPECT_EQ(decodePicture(icoOf({large, large, small})).size(), QSize(16, 16));
 }
 
+TEST(PictureDecoderTest, APngInAnIcoThatEndsInItsHeadIsSkipped)
+{
+    const QByteArray whole = picture({16, 16}, "png", Qt::red);
+    for (const qsizetype size : {8, 16, 24, 25})
+        EXPECT_TRUE(decodePicture(icoOf({{16, whole.first(size)}})).isNull()) << size;
+    const QByteArray ico = icoOf({{32, whole.first(20)}, {16, whole}});
+    EXPECT_EQ(decodePicture(ico).size(), QSize(16, 16));
+}
+
 TEST(PictureDecoderTest, AnIcoThatPointsOutsideItselfIsSurvived)
 {
     QByteArray ico = icoOf({{16, picture({16, 16})}});

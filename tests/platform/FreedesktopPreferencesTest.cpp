@@ -36,11 +36,18 @@ public:
 
     void change(const QString &group, const QString &key, const QVariant &value)
     {
+        tell(m_connection, {group, key, QVariant::fromValue(QDBusVariant(value))});
+    }
+    /// Tells of a change with other arguments than the protocol's.
+    void changeBadly(const QVariantList &arguments) { tell(m_connection, arguments); }
+    /// Sends the signal of a change from @p sender, which may be anyone.
+    static void tell(const QDBusConnection &sender, const QVariantList &arguments)
+    {
         QDBusMessage signal =
             QDBusMessage::createSignal(u"/org/freedesktop/portal/desktop"_s,
                                        u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
-        signal.setArguments({group, key, QVariant::fromValue(QDBusVariant(value))});
-        m_connection.send(signal);
+        signal.setArguments(arguments);
+        sender.send(signal);
     }
 
     /// Returns when the bus has received everything that was sent.
@@ -145,6 +152,28 @@ TEST(FreedesktopPreferencesTest, FollowsTheDesktop)
     portal.change(appearance, reducedMotion, 1U);
     EXPECT_TRUE(waitFor([&] { return preferences.values().isMotionReduced; }));
     EXPECT_EQ(changes, 3);
+}
+
+TEST(FreedesktopPreferencesTest, FollowsNoOneElseAndNoOtherKindOfSignal)
+{
+    PrivateBus bus;
+    StubSettingsPortal portal(bus, {{gnome, {{enableAnimations, false}}}});
+    FreedesktopPreferences preferences;
+    preferences.follow(bus.connect());
+    ASSERT_TRUE(waitFor([&] { return preferences.values().isMotionReduced; }));
+    int changes = 0;
+    QObject::connect(&preferences, &DesktopPreferences::valuesChanged, [&] { ++changes; });
+    const QVariant moves = QVariant::fromValue(QDBusVariant(true));
+    QDBusConnection stranger = bus.connect();
+    StubSettingsPortal::tell(stranger, {gnome, enableAnimations, moves});
+    (void)stranger.interface()->registeredServiceNames();
+    portal.changeBadly({gnome, enableAnimations, true});
+    portal.changeBadly({gnome});
+    portal.changeBadly({});
+    portal.change(appearance, u"contrast"_s, 1U);
+    EXPECT_TRUE(waitFor([&] { return preferences.values().isContrastHigh; }));
+    EXPECT_TRUE(preferences.values().isMotionReduced);
+    EXPECT_EQ(changes, 1);
 }
 
 TEST(FreedesktopPreferencesTest, HasTheDefaultsWithoutAPortalOrABus)

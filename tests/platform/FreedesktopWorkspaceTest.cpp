@@ -159,6 +159,12 @@ TEST_F(FreedesktopWorkspaceTest, AnAddressThatNoProgramTakesIsReported)
     EXPECT_TRUE(haveStarted(openedMailbox + openedMailbox));
 }
 
+TEST_F(FreedesktopWorkspaceTest, AProgramThatCantBeStartedHasNotTakenTheAddress)
+{
+    programs.addBroken(u"xdg-open"_s);
+    EXPECT_FALSE(isTaken(busless.open(mailbox)));
+}
+
 TEST_F(FreedesktopWorkspaceTest, AProgramThatIsStillAtWorkHasTakenTheAddress)
 {
     programs.add(u"xdg-open"_s, u"$*"_s, u"exec /bin/sleep 2"_s);

@@ -32,6 +32,16 @@ TEST(BusHandshakeTest, IsAnsweredByABus)
     }
 }
 
+TEST(BusHandshakeTest, FindsABusInTheRuntimeFolder)
+{
+    const PrivateBus bus;
+    const QString path = bus.address().section(u"unix:path="_s, 1).section(u',', 0, 0);
+    ASSERT_TRUE(path.endsWith(u"/bus"_s)) << qPrintable(path);
+    qputenv("XDG_RUNTIME_DIR", path.section(u'/', 0, -2).toUtf8());
+    EXPECT_EQ(ask("unix:runtime=yes"), BusAnswer::given);
+    EXPECT_EQ(ask("unix:runtime=no"), BusAnswer::none);
+}
+
 TEST(BusHandshakeTest, HasNoBusIfNothingListens)
 {
     for (const char *addresses :

@@ -1,3 +1,4 @@
+#include "Platform.h"
 #include "PortableLoginItem.h"
 #include "PortableNetworkPresence.h"
 #include "PortableNotificationCenter.h"
@@ -94,6 +95,33 @@ TEST(PortableWorkspaceTest, OpensNothing)
     EXPECT_FALSE(workspace.open(QUrl(u"https://shop.example"_s)).result());
     EXPECT_FALSE(workspace.openFolder(QDir::tempPath()));
     EXPECT_FALSE(workspace.openNotificationSettings());
+}
+
+TEST(PortableStatusBarHostTest, IsThereFromTheStart)
+{
+    const auto host = makeStatusBarHost();
+    EXPECT_FALSE(host->isAwaited());
+    EXPECT_FALSE(host->isSilent());
+    EXPECT_FALSE(host->hasOurPalette());
+}
+
+TEST(PortablePlatformTest, EveryPortHasItsPortableImplementation)
+{
+    int shown = 0;
+    makeNotificationCenter([&](const auto &) { ++shown; })->add({});
+    EXPECT_EQ(shown, 1);
+    EXPECT_TRUE(makeNetworkPresence()->isPresent());
+    EXPECT_FALSE(makeLoginItem()->registerItem());
+    EXPECT_FALSE(makeWorkspace()->openNotificationSettings());
+    EXPECT_EQ(makeDesktopPreferences()->values(), DesktopPreferences::Values());
+    EXPECT_TRUE(makeWakeSignal());
+    EXPECT_TRUE(makeTerminationSignal());
+}
+
+TEST(PortablePlatformTest, TheContinuousTimeGoesOn)
+{
+    const ContinuousTime begin = continuousNow();
+    EXPECT_TRUE(waitFor([&] { return continuousNow() > begin; }));
 }
 
 } // namespace

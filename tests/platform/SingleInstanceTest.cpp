@@ -262,6 +262,7 @@ TEST_F(SingleInstanceTest, APathThatIsNoFolderIsUnusable)
     EXPECT_EQ(start.nextLine(), "unusable");
     start.renew();
     EXPECT_EQ(start.nextLine(), "not owned");
+    EXPECT_EQ(Start(u"/dev/null"_s, brief, {}, u"ask"_s).nextLine(), "unusable");
 }
 
 TEST_F(SingleInstanceTest, AFolderThatWasUnusableIsOwnedOnceItCanBe)

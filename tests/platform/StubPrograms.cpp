@@ -19,12 +19,22 @@ StubPrograms::~StubPrograms()
 
 void StubPrograms::add(const QString &name, const QString &what, const QString &end)
 {
+    // A single write, which is appended as a whole even if others are writing.
+    const auto script = u"#!/bin/sh\nprintf '%s\\n' \"%1 %2\" >> '%3'\n%4\n"_s;
+    write(name, script.arg(name, what, logPath(), end));
+}
+
+void StubPrograms::addBroken(const QString &name)
+{
+    write(name, u"#!/nonexistent/interpreter\n"_s);
+}
+
+void StubPrograms::write(const QString &name, const QString &script) const
+{
     QFile program(m_folder.filePath(name));
     if (!program.open(QIODevice::WriteOnly))
         return;
-    // A single write, which is appended as a whole even if others are writing.
-    const auto script = u"#!/bin/sh\nprintf '%s\\n' \"%1 %2\" >> '%3'\n%4\n"_s;
-    program.write(script.arg(name, what, logPath(), end).toUtf8());
+    program.write(script.toUtf8());
     program.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 

@@ -123,6 +123,17 @@ TEST_F(RecentChecksModelTest, AnotherMonitorReplacesTheRows)
     EXPECT_EQ(m_model.rowCount(), 2);
 }
 
+TEST_F(RecentChecksModelTest, OnlyAnotherClockRewritesTheTimes)
+{
+    const ClockStyle clock = {QTimeZone("UTC"), QLocale(u"en_US"_s)};
+    m_model.setMonitorId(addWithChecks(3).id);
+    m_changed.clear();
+    m_model.setClock(clock);
+    EXPECT_TRUE(m_changed.isEmpty());
+    m_model.setClock({QTimeZone("Asia/Tokyo"), clock.locale});
+    EXPECT_EQ(m_changed.size(), 1);
+}
+
 TEST_F(RecentChecksModelTest, DeletedMonitorLeavesNoRows)
 {
     const Monitor monitor = addWithChecks(5);

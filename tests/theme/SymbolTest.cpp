@@ -1,6 +1,9 @@
 #include "Printers.h"
+#include "SymbolIcon.h"
 #include "SymbolRaster.h"
 #include "ThemeView.h"
+
+#include <QPainter>
 
 #include <gtest/gtest.h>
 
@@ -103,6 +106,38 @@ TEST(SymbolTest, BoxesFollowTheSizeOfTheTextBeside)
 
     ThemeView view("Symbol { objectName: 'subject'; name: 'plus'; systemSize: 16 }");
     EXPECT_EQ(view.property("implicitWidth"), QVariant(20.0));
+}
+
+TEST(SymbolIconTest, ComesInTheSizesThatBarsAndMenusRequest)
+{
+    const QIcon icon = SymbolIcon::icon({.symbol = u"globe"_s, .color = Qt::black});
+    for (const int side : {16, 22, 24, 32, 48})
+        EXPECT_TRUE(icon.availableSizes().contains(QSize(side, side))) << side;
+}
+
+TEST(SymbolIconTest, IsPaintedInTheMiddleOfItsPlaceAtTheScreensScale)
+{
+    const QIcon icon = SymbolIcon::icon({.symbol = u"globe"_s, .color = Qt::black});
+    QImage screen(80, 32, QImage::Format_ARGB32_Premultiplied);
+    screen.setDevicePixelRatio(2);
+    screen.fill(Qt::transparent);
+    QPainter painter(&screen);
+    icon.paint(&painter, 0, 0, 40, 16);
+    painter.end();
+    EXPECT_EQ(screen.copy(24, 0, 32, 32).convertToFormat(QImage::Format_ARGB32_Premultiplied),
+              SymbolRaster::image(u"globe"_s, 32, Qt::black)
+                  .convertToFormat(QImage::Format_ARGB32_Premultiplied));
+    EXPECT_EQ(inkedPixels(screen), inkedPixels(screen.copy(24, 0, 32, 32)));
+}
+
+TEST(SymbolIconTest, ACopyLooksTheSameAndKeepsItsName)
+{
+    const QIcon icon = SymbolIcon::icon(
+        {.symbol = u"globe"_s, .color = Qt::red, .themeName = u"ostrel-globe-symbolic"_s});
+    QIcon copy = icon;
+    copy.detach();
+    EXPECT_EQ(copy.pixmap(24).toImage(), icon.pixmap(24).toImage());
+    EXPECT_EQ(copy.name(), icon.name());
 }
 
 TEST(SymbolTest, FollowsItsColorWhileItIsShown)

@@ -1,5 +1,6 @@
 #include "StatusBarItem.h"
 
+#include "NotificationCenter.h"
 #include "PresentationSamples.h"
 #include "Printers.h"
 #include "StatusBarHost.h"
@@ -197,6 +198,14 @@ TEST_F(StatusBarItemTest, JoinsAtOnceIfNoHostIsAwaited)
 {
     item.show();
     EXPECT_TRUE(item.hasJoined());
+}
+
+TEST_F(StatusBarItemTest, ANotificationIsDroppedUntilItHasJoined)
+{
+    host.isComing = true;
+    item.show();
+    item.present({.identifier = u"down"_s, .title = u"Shop is Down"_s, .body = u"HTTP 503"_s});
+    EXPECT_FALSE(item.hasJoined());
 }
 
 TEST_F(StatusBarItemTest, WaitsForAHostThatMayAppear)

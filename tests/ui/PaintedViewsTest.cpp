@@ -1,3 +1,4 @@
+#include "ClockStyle.h"
 #include "MonitorDetail.h"
 #include "PresentationSamples.h"
 #include "Printers.h"
@@ -34,6 +35,7 @@ constexpr auto document = R"(
     Rectangle {
         id: root
         property alias series: chart.series
+        property alias clock: chart.clock
         property alias timeline: strip.timeline
         readonly property color ink: Qt.rgba(0.12, 0.12, 0.22, 1)
         width: 602
@@ -255,6 +257,20 @@ TEST_F(PaintedViewsTest, ANewSeriesIsPainted)
     const QImage before = grab();
     show(wavyDay(24, 6));
     EXPECT_NE(grab(), before);
+}
+
+TEST_F(PaintedViewsTest, TheTimesFollowTheUsersClock)
+{
+    const auto countTo = [&](bool twelve) {
+        const ClockStyle clock = {
+            .timeZone = QTimeZone("UTC"), .locale = QLocale(u"en_US"_s), .countsToTwelve = twelve};
+        m_root->setProperty("clock", QVariant::fromValue(clock));
+        return grab();
+    };
+    show(wavyDay(24, 6));
+    const QImage twelve = countTo(true);
+    EXPECT_NE(countTo(false), twelve);
+    EXPECT_EQ(countTo(true), twelve);
 }
 
 TEST_F(PaintedViewsTest, BothAreSpokenAsASentence)
