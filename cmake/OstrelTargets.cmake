@@ -1,13 +1,19 @@
 # One folder = one library. A folder's headers are found by base name, and only by targets that link
 # its target, so the link lists below src/ are the layer diagram.
 #
-#   ostrel_library(model SOURCES Monitor.cpp … PUBLIC Qt6::Core PRIVATE simdjson::simdjson)
+#   ostrel_library(model SOURCES Monitor.cpp … PUBLIC Qt6::Core PRIVATE simdjson::simdjson
+#                  [NO_HEADERS])
+#
+# With NO_HEADERS, the folder's headers aren't for those that link this target.
 function(ostrel_library name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+    cmake_parse_arguments(ARG "NO_HEADERS" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
     add_library(ostrel_${name} STATIC ${ARG_SOURCES})
     add_library(ostrel::${name} ALIAS ostrel_${name})
     set_target_properties(ostrel_${name} PROPERTIES AUTOMOC ON)
-    target_include_directories(ostrel_${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+    target_include_directories(ostrel_${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+    if(NOT ARG_NO_HEADERS)
+        target_include_directories(ostrel_${name} INTERFACE ${CMAKE_CURRENT_SOURCE_DIR})
+    endif()
     target_link_libraries(ostrel_${name} PUBLIC ${ARG_PUBLIC} PRIVATE ostrel_options ${ARG_PRIVATE})
     ostrel_use_precompiled(ostrel_${name} core)
 endfunction()
