@@ -134,8 +134,8 @@ struct Program
             complain(complaint);
         SingleInstance instance(invocation.dataDir);
         const bool addsMonitor = invocation.addsMonitor;
-        switch (
-            instance.claim(usualPatience, addsMonitor ? StartRequest::addMonitor : StartRequest::show)) {
+        switch (instance.claim(usualPatience,
+                               addsMonitor ? StartRequest::addMonitor : StartRequest::show)) {
         case SingleInstance::Claim::handedOver:
             return 0;
         case SingleInstance::Claim::failed:
