@@ -457,6 +457,40 @@ TEST_F(FreedesktopNotificationCenterTest, AClickBringsItsOwnTokenAndNoOther)
     EXPECT_EQ(m_clicks[2].second, "");
 }
 
+TEST_F(FreedesktopNotificationCenterTest, AClickThatOvertakesTheIdOfItsNotificationIsNotLost)
+{
+    startDaemon();
+    recordClicks();
+    addAndAwait(shopDown, u"1"_s);
+    m_daemon->setBehaviour(Behaviour::holds);
+    addAndAwait(blogDown, u"2"_s);
+    m_daemon->handOutToken(firstId + 1, u"token"_s);
+    click(firstId + 1);
+    EXPECT_TRUE(m_clicks.isEmpty());
+    m_daemon->answerHeld();
+    settle();
+    ASSERT_EQ(m_clicks.size(), 1);
+    EXPECT_EQ(m_clicks[0].first, monitorOf(blogDown));
+    EXPECT_EQ(m_clicks[0].second, "token");
+}
+
+TEST_F(FreedesktopNotificationCenterTest, AClickIsForgottenOnceAllIdsAreKnown)
+{
+    startDaemon();
+    recordClicks();
+    m_daemon->setBehaviour(Behaviour::holds);
+    m_center.add(request(shopDown, u"1"_s));
+    ASSERT_TRUE(waitFor([&] { return m_daemon->capabilityCalls() == 1; }));
+    m_daemon->answerHeld();
+    ASSERT_TRUE(daemonHas(1));
+    click(firstId + 1);
+    m_daemon->answerHeld();
+    settle();
+    m_daemon->setBehaviour(Behaviour::answers);
+    addAndAwait(blogDown, u"2"_s);
+    EXPECT_TRUE(m_clicks.isEmpty());
+}
+
 TEST_F(FreedesktopNotificationCenterTest, ClicksOnOthersNotificationsAndOtherActionsAreIgnored)
 {
     startDaemon();

@@ -173,6 +173,8 @@ void FreedesktopNotificationCenter::finishSending(const NotificationRequest &req
         m_daemon = reply.service();
         m_posted.insert(request.identifier, {.id = id, .monitorId = request.monitorId});
     }
+    if (pass(m_earlyClick) || m_underWay.isEmpty())
+        m_earlyClick = {};
     sendWaiting();
 }
 
@@ -180,6 +182,7 @@ void FreedesktopNotificationCenter::changeDaemon(const QString &owner)
 {
     m_daemon = owner;
     m_posted.clear();
+    m_earlyClick = {};
     m_hasDaemonChanged = true;
     if (m_knowledge != Knowledge::asked)
         m_knowledge = Knowledge::none;
@@ -199,14 +202,25 @@ void FreedesktopNotificationCenter::takeToken(uint id, const QString &token)
     m_token = {.id = id, .text = token};
 }
 
-/// Daemons tell every program of every click.
+/// Daemons tell every program of every click. One may overtake the answer to the call that posted
+/// its notification.
 void FreedesktopNotificationCenter::takeAction(uint id, const QString &action)
 {
     const auto token = std::exchange(m_token, {});
-    const auto posted =
-        std::ranges::find_if(m_posted, [id](const Posted &each) { return each.id == id; });
-    if (posted != m_posted.end() && action == clickAction())
-        clicked(posted->monitorId, token.id == id ? token.text.toUtf8() : QByteArray());
+    if (action != clickAction())
+        return;
+    const Click click = {.id = id, .token = token.id == id ? token.text.toUtf8() : QByteArray()};
+    if (!pass(click) && !m_underWay.isEmpty())
+        m_earlyClick = click;
+}
+
+bool FreedesktopNotificationCenter::pass(const Click &click)
+{
+    const auto posted = std::ranges::find(m_posted, click.id, &Posted::id);
+    if (posted == m_posted.end())
+        return false;
+    clicked(posted->monitorId, click.token);
+    return true;
 }
 
 } // namespace ostrel

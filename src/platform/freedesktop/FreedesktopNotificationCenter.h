@@ -65,6 +65,11 @@ private:
         uint id = 0; ///< The notification's.
         QString text;
     };
+    struct Click
+    {
+        uint id = 0; ///< The notification's.
+        QByteArray token;
+    };
 
     [[nodiscard]] bool isConnected() const { return m_bus && m_bus->isConnected(); }
     [[nodiscard]] QDBusPendingCallWatcher *call(const QDBusMessage &message);
@@ -75,6 +80,8 @@ private:
     void finishSending(const NotificationRequest &request, const QDBusMessage &reply);
     void changeDaemon(const QString &owner);
     void followClicks();
+    /// False if the notification isn't known as one of ours.
+    [[nodiscard]] bool pass(const Click &click);
 
     std::optional<QDBusConnection> m_bus;
     bool m_isBusAwaited = false;
@@ -86,6 +93,7 @@ private:
     QHash<QString, Posted> m_posted;      ///< Keyed by identifier.
     ActivationToken m_token;              ///< For the click that the daemon is going to report.
     QSet<QString> m_underWay;             ///< The identifiers whose notification is being sent.
+    Click m_earlyClick;                   ///< Perhaps on one of those, whose id isn't known yet.
     QList<NotificationRequest> m_waiting; ///< At most one for each identifier, oldest first.
 };
 
