@@ -1,3 +1,5 @@
+#include "CommandLine.h"
+#include "LongOptions.h"
 #include "Printers.h"
 
 #include <QDir>
@@ -30,41 +32,79 @@ QSet<QString> captured(const QString &pattern, const QString &text)
     return names;
 }
 
-/// The long options, without their dashes, that are written in full in @p text.
-QSet<QString> optionsIn(const QString &text)
+/// The help on @p command, or of the whole program if that is empty.
+QString helpOn(const QString &command)
 {
-    return captured(u"(?<![\\w-])--([a-z][a-z-]+)"_s, text);
-}
-
-/// The options of all commands.
-QSet<QString> options()
-{
-    QSet<QString> names;
-    const QDir sources(u"" OSTREL_SOURCE_DIR "/src/cli"_s);
-    for (const QString &name : sources.entryList({u"*.cpp"_s}))
-        names += optionsIn(contentOf(u"src/cli/"_s + name));
-    EXPECT_GT(names.size(), 10);
-    return names;
+    return std::get<AnswerInvocation>(
+               parseCommandLine(
+                   {u"ostrel"_s, command.isEmpty() ? u"--help"_s : u"help"_s, command}))
+        .text;
 }
 
 /// The commands of the table.
 QSet<QString> commands()
 {
-    QSet<QString> names;
-    const QDir sources(u"" OSTREL_SOURCE_DIR "/src/cli"_s);
-    for (const QString &name : sources.entryList({u"*Arguments.cpp"_s}))
-        names += captured(u"\\.name = u\"([a-z-]+)\"_s"_s, contentOf(u"src/cli/"_s + name));
-    EXPECT_GT(names.size(), 5);
-    return names + QSet<QString>{u"help"_s};
+    QSet<QString> names = {u"help"_s};
+    for (const Command &command : allCommands())
+        names.insert(command.name);
+    return names;
+}
+
+/// The options of @p command that not every command has.
+QSet<QString> ownOptions(const Command &command)
+{
+    return longOptionsIn(command.help) - QSet<QString>{u"data-dir"_s, u"help"_s};
+}
+
+/// The options of all commands and of the program itself.
+QSet<QString> options()
+{
+    QSet<QString> names = longOptionsIn(helpOn({}));
+    for (const Command &command : allCommands())
+        names += longOptionsIn(helpOn(command.name));
+    return names;
+}
+
+QString manualPage()
+{
+    return contentOf(u"packaging/ostrel.1.in"_s).remove(u'\\');
+}
+
+/// What the manual page says of @p command.
+QString manualOn(const QString &command)
+{
+    const auto section = u"\\n\\.SS %1\\n(.*?)(?=\\n\\.S[SH] )"_s.arg(command);
+    return QRegularExpression(section, QRegularExpression::DotMatchesEverythingOption)
+        .match(manualPage())
+        .captured(1);
+}
+
+/// The options of which the manual page says at @p command what they do; those that every command
+/// has are explained once for all of them.
+QSet<QString> manualOptions(const QString &command)
+{
+    QSet<QString> names = captured(u"\\n\\.TP\\n\\.B[RI]? ([^\\n]+)"_s, u'\n' + manualOn(command));
+    names = longOptionsIn(QStringList(names.begin(), names.end()).join(u' '));
+    if (command == u"edit"_s) // It begins by naming those of `add`.
+        names += manualOptions(u"add"_s);
+    return names;
 }
 
 } // namespace
 
+TEST(PackagingTest, TheHelpExplainsEveryOption)
+{
+    QSet<QString> parsed = {u"help"_s, u"version"_s};
+    const QDir sources(u"" OSTREL_SOURCE_DIR "/src/cli"_s);
+    for (const QString &name : sources.entryList({u"*.cpp"_s}))
+        parsed += captured(u"\\{u\"([a-z-]+)\"_s, \\{\\}"_s, contentOf(u"src/cli/"_s + name));
+    EXPECT_GT(parsed.size(), 10);
+    EXPECT_EQ(parsed, options());
+}
+
 TEST(PackagingTest, TheManualPageExplainsEveryCommand)
 {
-    EXPECT_EQ(
-        captured(u"\\n\\.SS ([a-z-]+)"_s, contentOf(u"packaging/ostrel.1.in"_s).remove(u'\\')),
-        commands());
+    EXPECT_EQ(captured(u"\\n\\.SS ([a-z-]+)"_s, manualPage()), commands());
 }
 
 TEST(PackagingTest, TheShellsCompleteEveryCommand)
@@ -80,12 +120,18 @@ TEST(PackagingTest, TheShellsCompleteEveryCommand)
 
 TEST(PackagingTest, TheManualPageExplainsEveryOption)
 {
-    EXPECT_EQ(optionsIn(contentOf(u"packaging/ostrel.1.in"_s).remove(u'\\')), options());
+    EXPECT_EQ(longOptionsIn(manualPage()), options());
+}
+
+TEST(PackagingTest, TheManualPageExplainsTheOptionsOfACommandWithIt)
+{
+    for (const Command &command : allCommands())
+        EXPECT_EQ(manualOptions(command.name), ownOptions(command)) << qPrintable(command.name);
 }
 
 TEST(PackagingTest, TheShellsCompleteEveryOption)
 {
-    EXPECT_EQ(optionsIn(contentOf(u"packaging/completions/ostrel.bash"_s)), options());
+    EXPECT_EQ(longOptionsIn(contentOf(u"packaging/completions/ostrel.bash"_s)), options());
     const QString zsh = contentOf(u"packaging/completions/_ostrel"_s);
     EXPECT_EQ(captured(u"[')},]--([a-z][a-z-]+)"_s, zsh), options());
     const QString fish = contentOf(u"packaging/completions/ostrel.fish"_s);
