@@ -3,12 +3,16 @@
 #include "Printers.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QRegularExpression>
 #include <QSet>
+#include <QtEndian>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -16,11 +20,32 @@ namespace ostrel::test {
 
 namespace {
 
+QString sourcePath(const QString &path)
+{
+    return u"" OSTREL_SOURCE_DIR "/"_s + path;
+}
+
+QByteArray bytesOf(const QString &path)
+{
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(path);
+    return file.readAll();
+}
+
 QString contentOf(const QString &path)
 {
-    QFile file(u"" OSTREL_SOURCE_DIR "/"_s + path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(path);
-    return QString::fromUtf8(file.readAll());
+    return QString::fromUtf8(bytesOf(sourcePath(path)));
+}
+
+using Size = std::pair<quint32, quint32>; ///< Width and height in pixels.
+
+/// The size of a PNG picture, which its header holds.
+Size sizeOf(const QString &path)
+{
+    constexpr auto place = 16;
+    const QByteArray numbers = bytesOf(sourcePath(path)).mid(place, 2 * sizeof(quint32));
+    return {qFromBigEndian<quint32>(numbers.constData()),
+            qFromBigEndian<quint32>(numbers.constData() + sizeof(quint32))};
 }
 
 /// What @p pattern captures in @p text.
@@ -95,7 +120,7 @@ QSet<QString> manualOptions(const QString &command)
 TEST(PackagingTest, TheHelpExplainsEveryOption)
 {
     QSet<QString> parsed = {u"help"_s, u"version"_s};
-    const QDir sources(u"" OSTREL_SOURCE_DIR "/src/cli"_s);
+    const QDir sources(sourcePath(u"src/cli"_s));
     for (const QString &name : sources.entryList({u"*.cpp"_s}))
         parsed += captured(u"\\{u\"([a-z-]+)\"_s, \\{\\}"_s, contentOf(u"src/cli/"_s + name));
     EXPECT_GT(parsed.size(), 10);
@@ -144,6 +169,42 @@ TEST(PackagingTest, TheDesktopFileNamesTheIconAndTheProgramsOptions)
     const QString entry = contentOf(u"packaging/"_s + id + u".desktop"_s);
     EXPECT_EQ(captured(u"\\nIcon=(.+)"_s, entry), QSet<QString>{id});
     EXPECT_TRUE(options().contains(captured(u"Exec=ostrel --(.+)"_s, entry)));
+}
+
+/// Its homepage serves them from docs/, where scripts/pictures puts them.
+TEST(PackagingTest, TheMetainfosScreenshotsAreThePicturesOfTheDocuments)
+{
+    const QString scripts = contentOf(u"scripts/pictures"_s);
+    const QString metainfo =
+        contentOf(u"packaging/"_s + u"" OSTREL_APPLICATION_ID ""_s + u".metainfo.xml.in"_s);
+    static const QRegularExpression image(
+        u"<image type=\"source\" width=\"(\\d+)\" height=\"(\\d+)\">"
+        "@OSTREL_HOMEPAGE@/screenshots/(\\w+)\\.png</image>"_s);
+    qsizetype count = 0;
+    for (const auto &match : image.globalMatch(metainfo)) {
+        const QString name = match.captured(3);
+        EXPECT_EQ(sizeOf(u"docs/%1.png"_s.arg(name)),
+                  (Size{match.captured(1).toUInt(), match.captured(2).toUInt()}))
+            << qPrintable(name);
+        EXPECT_TRUE(scripts.contains(QRegularExpression(u"\\n%1 "_s.arg(name))))
+            << qPrintable(name);
+        ++count;
+    }
+    EXPECT_EQ(count, metainfo.count(u"<image"_s));
+    EXPECT_GT(count, 0);
+}
+
+TEST(PackagingTest, ThePlaceholderOfTheHostStandsInOnePlace)
+{
+    const QString placeholder = u"ostrel."_s + u"example"_s;
+    for (const char *name : {"src", "tests", "tools", "packaging", "docs", "scripts", "cmake"}) {
+        QDirIterator files(sourcePath(QString::fromLatin1(name)), QDir::Files,
+                           QDirIterator::Subdirectories);
+        while (files.hasNext())
+            EXPECT_FALSE(bytesOf(files.next()).contains(placeholder.toLatin1()))
+                << qPrintable(files.filePath());
+    }
+    EXPECT_EQ(contentOf(u"CMakeLists.txt"_s).count(placeholder), 2) << "a homepage and a mailbox";
 }
 
 } // namespace ostrel::test
