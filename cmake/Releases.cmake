@@ -1,14 +1,13 @@
 # ostrel_releases(OUT) sets OUT to the <release> elements of the metainfo, one for each heading of
-# CHANGELOG.md: "## VERSION (YYYY-MM-DD)". What is not released yet is a development release of the
-# project's version, of the day of OSTREL_DATE.
+# CHANGELOG.md: "## VERSION (YYYY-MM-DD)". What is not released yet is a development release of
+# OSTREL_VERSION, of the day of OSTREL_DATE.
 function(ostrel_releases out)
     file(STRINGS ${PROJECT_SOURCE_DIR}/CHANGELOG.md lines ENCODING UTF-8)
-    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/CHANGELOG.md)
     set(end "")
     set(releases "")
     foreach(line IN LISTS lines)
         if(line MATCHES "^## Unreleased")
-            set(start "version=\"${PROJECT_VERSION}\" date=\"${OSTREL_DATE}\" type=\"development\"")
+            set(start "version=\"${OSTREL_VERSION}\" date=\"${OSTREL_DATE}\" type=\"development\"")
         elseif(line MATCHES "^## ([0-9.]+) \\(([0-9-]+)\\)")
             set(start "version=\"${CMAKE_MATCH_1}\" date=\"${CMAKE_MATCH_2}\"")
         elseif(line MATCHES "^- (.+)")

@@ -1,18 +1,20 @@
 # The Debian package that scripts/package builds.
-set(OSTREL_PACKAGE_VERSION ${PROJECT_VERSION}-1)
+set(OSTREL_PACKAGE_VERSION ${OSTREL_VERSION}-1)
 set(documents ${CMAKE_INSTALL_DATADIR}/doc/ostrel)
 configure_file(debian/changelog.in debian/changelog @ONLY)
 ostrel_install_compressed(${CMAKE_CURRENT_BINARY_DIR}/debian/changelog ${documents} changelog.Debian)
 ostrel_install_compressed(${PROJECT_SOURCE_DIR}/CHANGELOG.md ${documents} changelog)
-install(FILES debian/copyright DESTINATION ${documents})
+configure_file(debian/copyright.in debian/copyright @ONLY)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/debian/copyright DESTINATION ${documents})
 install(FILES debian/lintian-overrides
     DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides RENAME ostrel)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME ostrel)
+set(CPACK_PACKAGE_VERSION ${OSTREL_VERSION})
 set(CPACK_PACKAGE_VENDOR "The Ostrel authors")
-set(CPACK_PACKAGE_CONTACT "The Ostrel authors <support@ostrel.example>")
-set(CPACK_PACKAGE_HOMEPAGE_URL https://ostrel.example/)
+set(CPACK_PACKAGE_CONTACT "The Ostrel authors <${OSTREL_SUPPORT_MAILBOX}>")
+set(CPACK_PACKAGE_HOMEPAGE_URL ${OSTREL_HOMEPAGE}/)
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "desktop uptime monitor for web addresses and ports")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
     "Ostrel checks web addresses over HTTP(S) and ports over TCP, each on its own

@@ -6,7 +6,7 @@ namespace ostrel {
 
 QUrl supportAddress()
 {
-    return QUrl(u"mailto:support@ostrel.example"_s);
+    return QUrl(u"mailto:" OSTREL_SUPPORT_MAILBOX ""_s);
 }
 
 QString exampleWebsite()

@@ -2,6 +2,7 @@
 
 #include "EngineFakes.h"
 #include "MonitorStore.h"
+#include "ProductConstants.h"
 
 #include <QDir>
 #include <QFile>
@@ -77,7 +78,7 @@ TEST_F(SidebarNoticeTest, SaysWhereToWriteWithoutAMailProgram)
     notice.takeHelpAnswer(false);
     EXPECT_TRUE(notice.isNeeded());
     EXPECT_TRUE(notice.hasAddress());
-    EXPECT_EQ(notice.text(), u"No mail program. Write to support@ostrel.example."_s);
+    EXPECT_EQ(notice.text(), u"No mail program. Write to %1."_s.arg(supportAddress().path()));
     EXPECT_EQ(notice.tone(), Tone::Secondary);
 
     notice.takeHelpAnswer(true);
