@@ -1,6 +1,6 @@
 #include "TrustedCertificates.h"
 
-#include <openssl/err.h>
+#include <openssl/crypto.h>
 #include <openssl/x509_vfy.h>
 
 #include <sys/stat.h>
@@ -81,8 +81,9 @@ TrustedCertificates::Store TrustedCertificates::read() const
     X509_STORE_set_flags(store.get(), X509_V_FLAG_TRUSTED_FIRST | X509_V_FLAG_PARTIAL_CHAIN);
     addFile(store.get(), m_places.file);
     addDirectory(store.get(), m_places.directory);
-    // Verifications will show what couldn't be read.
-    ERR_clear_error();
+    // Verifications will show what couldn't be read. The errors are part of what the library keeps
+    // for a thread until it ends, which may be after the program's end has begun.
+    OPENSSL_thread_stop();
     return store;
 }
 
