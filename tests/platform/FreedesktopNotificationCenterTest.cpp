@@ -491,6 +491,23 @@ TEST_F(FreedesktopNotificationCenterTest, AClickIsForgottenOnceAllIdsAreKnown)
     EXPECT_TRUE(m_clicks.isEmpty());
 }
 
+TEST_F(FreedesktopNotificationCenterTest, AnEarlyClickIsNotTakenForOneOnALaterDaemonsNotification)
+{
+    startDaemon();
+    recordClicks();
+    addAndAwait(shopDown, u"1"_s);
+    m_daemon->setBehaviour(Behaviour::holds);
+    addAndAwait(blogDown, u"2"_s);
+    click(firstId + 1);
+    const auto earlier = std::move(m_daemon);
+    earlier->giveUpName();
+    startDaemon();
+    addAndAwait(shopDown, u"3"_s);
+    addAndAwait(u"slow-shop"_s, u"4"_s);
+    EXPECT_EQ(m_daemon->notifications().size(), 2);
+    EXPECT_TRUE(m_clicks.isEmpty());
+}
+
 TEST_F(FreedesktopNotificationCenterTest, ClicksOnOthersNotificationsAndOtherActionsAreIgnored)
 {
     startDaemon();

@@ -9,6 +9,9 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace ostrel::test {
@@ -63,6 +66,17 @@ TEST_F(StoredPreferencesTest, NobodyWaitsForTheDisk)
     EXPECT_FALSE(QFile::exists(file));
     lock.unlock();
     EXPECT_TRUE(waitFor([this] { return stored(u"width"_s) == 6; }));
+}
+
+TEST_F(StoredPreferencesTest, TheEndWaitsForSomeSecondsAtMost)
+{
+    std::optional<StoredPreferences> values(std::in_place);
+    ASSERT_TRUE(lock.lock());
+    values->setValue(u"width"_s, 5);
+    values.reset();
+    EXPECT_FALSE(QFile::exists(file));
+    lock.unlock();
+    EXPECT_TRUE(waitFor([this] { return stored(u"width"_s) == 5; }));
 }
 
 TEST_F(StoredPreferencesTest, WhatOthersWriteMeanwhileIsKept)
