@@ -387,6 +387,7 @@ TEST_F(HostileSvgTest, ManyAttributesCostNothing)
     QByteArray many;
     for (int i = 0; i < 22000; ++i)
         many += " a" + QByteArray::number(i) + "=''";
+    const TimeTaken time;
     for (const QByteArray &drawing : {
              svg("<rect" + many + "/>"),
              svg("<rect d='>'" + many + "/>"),
@@ -399,12 +400,10 @@ TEST_F(HostileSvgTest, ManyAttributesCostNothing)
              "<!DOCTYPE svg SYSTEM \"<![CDATA[\"><svg" + many + "/><!-- ]]> -->",
              "<?a <?><svg" + many + "/>",
              "<?xml version='1.0'" + many + "?>" + svg(redSquare),
-         }) {
-        const TimeTaken time;
+         })
         EXPECT_TRUE(decodePicture(drawing).isNull()) << drawing.left(40).constData();
-        // It takes most of a second where each of its attributes is compared with all others.
-        EXPECT_LT(time.seconds(), 0.4) << drawing.left(40).constData();
-    }
+    // One of them takes most of a second where each of its attributes is compared with all others.
+    EXPECT_LT(time.seconds(), 0.5);
 }
 
 TEST_F(HostileSvgTest, NamespacesAreBounded)
